@@ -1,0 +1,37 @@
+# What every target is built with.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+# Hosts find the class server beside themselves, wherever the folder stands.
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+set(CMAKE_INSTALL_RPATH "$ORIGIN")
+
+find_program(KVEX_CCACHE ccache)
+if(KVEX_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${KVEX_CCACHE}")
+endif()
+
+set(KVEX_SANITIZE "" CACHE STRING "Sanitizers to build with: address,undefined or thread")
+
+# Every library and program of the project includes from the project's root and compiles
+# without a warning.
+add_library(kvex_options INTERFACE)
+target_include_directories(kvex_options INTERFACE "${PROJECT_SOURCE_DIR}")
+target_compile_options(kvex_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+if(KVEX_SANITIZE)
+  add_compile_options(-fsanitize=${KVEX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${KVEX_SANITIZE})
+endif()
+
+function(kvex_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES;PRIVATE_LIBRARIES")
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC kvex_options ${arg_LIBRARIES} PRIVATE ${arg_PRIVATE_LIBRARIES})
+endfunction()

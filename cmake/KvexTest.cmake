@@ -1,0 +1,13 @@
+# kvex_test(NAME LABELS label… SOURCES file… LIBRARIES library… [ENVIRONMENT A=B…] [WRAPPER cmd…])
+# One GoogleTest program; each of its tests is a CTest test with these labels.
+find_package(GTest REQUIRED)
+include(GoogleTest)
+
+function(kvex_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LABELS;SOURCES;LIBRARIES;ENVIRONMENT")
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE kvex_options ${arg_LIBRARIES} GTest::gtest_main GTest::gmock)
+  gtest_discover_tests(${name}
+    DISCOVERY_MODE PRE_TEST
+    PROPERTIES LABELS "${arg_LABELS}" ENVIRONMENT "${arg_ENVIRONMENT}")
+endfunction()

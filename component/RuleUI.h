@@ -1,0 +1,59 @@
+// The component's public contract: the class RuleUI and what a host can ask of it.
+//
+// A host registers the suite's utility object (CLSID_Utility, platform/HostSuite.h) with the
+// class server and creates RuleUI by its class id or by its name, "KVEXMessageRules.RuleUI".
+#pragma once
+
+#include "platform/Component.h"
+
+inline constexpr char16_t RuleUIProgramId[] = u"KVEXMessageRules.RuleUI";
+
+inline constexpr CLSID CLSID_RuleUI{
+    0x2E9C6A10, 0x5D43, 0x4B7B, {0x8A, 0x60, 0x1F, 0x0D, 0x7C, 0x35, 0xB2, 0x01}};
+
+/// The default interface. One thread at a time; where windows are shown, the thread that showed
+/// the first window of the process.
+struct IRuleUI : IUnknown {
+    static constexpr IID iid{
+        0x2E9C6A10, 0x5D43, 0x4B7B, {0x8A, 0x60, 0x1F, 0x0D, 0x7C, 0x35, 0xB2, 0x02}};
+    /// Shows the rules in the name of the user `userId` until he closes the window. The rule
+    /// editor opens at once, on the rule whose id `ruleId` is, or on a new rule when it is "".
+    ///
+    /// `*result`: 99 when something was changed, 1 when nothing was, 0 when the session could not
+    /// be opened or the window not shown (the reason is in the log). A second call on one object
+    /// gives 0: its session is open until the object is released. Fails with E_POINTER when
+    /// `result` is null, and with E_FAIL only when the error could not be logged either.
+    virtual HRESULT ShowRules(BSTR userId, BSTR ruleId, LONG *result) noexcept = 0;
+
+protected:
+    ~IRuleUI() = default;
+};
+
+/// Takes a rule's description piece by piece.
+struct IDescriptionSink : IUnknown {
+    static constexpr IID iid{
+        0x2E9C6A10, 0x5D43, 0x4B7B, {0x8A, 0x60, 0x1F, 0x0D, 0x7C, 0x35, 0xB2, 0x03}};
+    /// `text` in one colour, 0x00BBGGRR: 0 (fixed words), 0xFF0000 (values), 255 (remarks).
+    /// Lines are separated by CR LF. A failed result ends the description.
+    virtual HRESULT Write(BSTR text, LONG colour) noexcept = 0;
+
+protected:
+    ~IDescriptionSink() = default;
+};
+
+/// Reading rules without a window: for terminals and reports. An object of the class gives it by
+/// QueryInterface. Needs no display.
+struct IRuleReader : IUnknown {
+    static constexpr IID iid{
+        0x2E9C6A10, 0x5D43, 0x4B7B, {0x8A, 0x60, 0x1F, 0x0D, 0x7C, 0x35, 0xB2, 0x04}};
+    /// Opens the session as ShowRules does, without a window. Fails with E_FAIL when that cannot
+    /// be done (the reason is in the log).
+    virtual HRESULT OpenRules() noexcept = 0;
+    /// Describes the rule whose id `ruleId` is, as the rules window would show it: its first line
+    /// follows the stored ACTIVE. S_FALSE when there is no such rule; E_UNEXPECTED before
+    /// OpenRules.
+    virtual HRESULT DescribeRule(BSTR ruleId, IDescriptionSink *sink) noexcept = 0;
+
+protected:
+    ~IRuleReader() = default;
+};

@@ -1,0 +1,16 @@
+// The clipboard, for reading.
+#pragma once
+
+#include <string>
+
+namespace kvex {
+
+class Clipboard {
+public:
+    virtual ~Clipboard() = default;
+    [[nodiscard]] virtual bool hasText() const = 0;
+    /// "" when there is none.
+    [[nodiscard]] virtual std::u16string text() const = 0;
+};
+
+} // namespace kvex

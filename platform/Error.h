@@ -1,0 +1,60 @@
+// The one exception type of the system, carrying the platform's own error numbers.
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <string>
+
+namespace kvex {
+
+/// Numbers that callers compare with. What a database refuses carries the provider's own
+/// negative number instead.
+namespace error_number {
+inline constexpr std::int32_t invalidCall = 5;
+inline constexpr std::int32_t overflow = 6;
+inline constexpr std::int32_t outOfMemory = 7;
+inline constexpr std::int32_t subscriptOutOfRange = 9;
+inline constexpr std::int32_t typeMismatch = 13;
+inline constexpr std::int32_t internalError = 51;
+inline constexpr std::int32_t objectNotSet = 91;
+inline constexpr std::int32_t invalidUseOfNull = 94;
+inline constexpr std::int32_t invalidPropertyValue = 380;
+inline constexpr std::int32_t cannotCreateObject = 429;
+inline constexpr std::int32_t controlNotFound = 730;
+inline constexpr std::int32_t badArgument = 3001;
+inline constexpr std::int32_t noCurrentRecord = 3021;
+inline constexpr std::int32_t itemNotFound = 3265;
+inline constexpr std::int32_t objectClosed = 3704;
+inline constexpr std::int32_t objectOpen = 3705;
+inline constexpr std::int32_t indexOutOfBounds = 35600;
+inline constexpr std::int32_t elementNotFound = 35601;
+inline constexpr std::int32_t keyNotUnique = 35602;
+} // namespace error_number
+
+/// A run-time failure: what the error log's entry is made of.
+class Error : public std::exception {
+public:
+    /// `description` empty: the platform's own text for `number`.
+    explicit Error(std::int32_t number, std::u16string description = {},
+                   std::u16string source = u"KVEXMessageRules");
+
+    [[nodiscard]] std::int32_t number() const noexcept { return number_; }
+    [[nodiscard]] const std::u16string &description() const noexcept { return description_; }
+    [[nodiscard]] const std::u16string &source() const noexcept { return source_; }
+    /// True when a database refused: its provider's number is negative.
+    [[nodiscard]] bool fromDatabase() const noexcept { return number_ < 0; }
+    /// UTF-8, for diagnostic streams: "error NUMBER: DESCRIPTION (SOURCE)".
+    [[nodiscard]] const char *what() const noexcept override { return what_.c_str(); }
+
+    /// The exception being handled as an Error: itself when it is one, outOfMemory for a failed
+    /// allocation, internalError with its text for any other. Call inside a catch block only.
+    [[nodiscard]] static Error current();
+
+private:
+    std::int32_t number_;
+    std::u16string description_;
+    std::u16string source_;
+    std::string what_;
+};
+
+} // namespace kvex

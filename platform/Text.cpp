@@ -1,0 +1,237 @@
+#include "platform/Text.h"
+
+#include "platform/Error.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace kvex {
+namespace {
+
+constexpr char32_t replacement = 0xFFFD;
+
+bool isHighSurrogate(char32_t unit) {
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+bool isLowSurrogate(char32_t unit) {
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
+void appendUtf16(std::u16string &target, char32_t code) {
+    if (code < 0x10000) {
+        target.push_back(static_cast<char16_t>(code));
+        return;
+    }
+    code -= 0x10000;
+    target.push_back(static_cast<char16_t>(0xD800 + (code >> 10)));
+    target.push_back(static_cast<char16_t>(0xDC00 + (code & 0x3FF)));
+}
+
+void appendUtf8(std::string &target, char32_t code) {
+    const auto put = [&](char32_t byte) { target.push_back(static_cast<char>(byte)); };
+    if (code < 0x80) {
+        put(code);
+    } else if (code < 0x800) {
+        put(0xC0 | (code >> 6));
+        put(0x80 | (code & 0x3F));
+    } else if (code < 0x10000) {
+        put(0xE0 | (code >> 12));
+        put(0x80 | ((code >> 6) & 0x3F));
+        put(0x80 | (code & 0x3F));
+    } else {
+        put(0xF0 | (code >> 18));
+        put(0x80 | ((code >> 12) & 0x3F));
+        put(0x80 | ((code >> 6) & 0x3F));
+        put(0x80 | (code & 0x3F));
+    }
+}
+
+/// The bytes that the sequence led by `lead` has, 0 for one that leads none.
+std::size_t sequenceLength(unsigned char lead) {
+    if (lead < 0x80) {
+        return 1;
+    }
+    if (lead >= 0xC2 && lead <= 0xDF) {
+        return 2;
+    }
+    if (lead >= 0xE0 && lead <= 0xEF) {
+        return 3;
+    }
+    return lead >= 0xF0 && lead <= 0xF4 ? 4 : 0;
+}
+
+bool isWellFormed(char32_t code, std::size_t length) {
+    constexpr char32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};
+    return code >= smallest[length] && code <= 0x10FFFF && !isHighSurrogate(code) &&
+           !isLowSurrogate(code);
+}
+
+/// The ASCII form of a decimal number, "" for anything else.
+std::string decimalForm(std::u16string_view text) {
+    const std::u16string_view body = trimmed(text);
+    std::string form;
+    std::size_t at = 0;
+    const auto digits = [&] {
+        const std::size_t from = at;
+        while (at < body.size() && body[at] >= u'0' && body[at] <= u'9') {
+            form.push_back(static_cast<char>(body[at++]));
+        }
+        return at - from;
+    };
+    const auto sign = [&] {
+        if (at < body.size() && (body[at] == u'+' || body[at] == u'-')) {
+            if (body[at++] == u'-') {
+                form.push_back('-');
+            }
+        }
+    };
+    sign();
+    std::size_t mantissa = digits();
+    if (at < body.size() && body[at] == u'.') {
+        form.push_back('.');
+        ++at;
+        mantissa += digits();
+    }
+    if (mantissa == 0) {
+        return {};
+    }
+    if (at < body.size() && (body[at] == u'e' || body[at] == u'E')) {
+        form.push_back('e');
+        ++at;
+        sign();
+        if (digits() == 0) {
+            return {};
+        }
+    }
+    return at == body.size() ? form : std::string();
+}
+
+/// Of a number out of a double's range: whether it is nearer to 0 rather than too large.
+bool isTooSmall(const std::string &form) {
+    long double number = 0;
+    const auto error = std::from_chars(form.data(), form.data() + form.size(), number).ec;
+    return error == std::errc::result_out_of_range ? form.find("e-") != std::string::npos
+                                                   : std::abs(number) < 1;
+}
+
+template <class Integer> Integer rounded(double number) {
+    const double whole = std::nearbyint(number);
+    if (!(whole >= std::numeric_limits<Integer>::min() &&
+          whole <= std::numeric_limits<Integer>::max())) {
+        throw Error(error_number::overflow);
+    }
+    return static_cast<Integer>(whole);
+}
+
+template <class Number> std::u16string printed(Number number) {
+    char buffer[32];
+    const auto end = std::to_chars(std::begin(buffer), std::end(buffer), number).ptr;
+    return {buffer, end};
+}
+
+} // namespace
+
+std::u16string fromUtf8(std::string_view text) {
+    std::u16string result;
+    result.reserve(text.size());
+    for (std::size_t at = 0; at < text.size();) {
+        const auto lead = static_cast<unsigned char>(text[at]);
+        const std::size_t length = sequenceLength(lead);
+        char32_t code = length == 1 ? lead : lead & (0x7FU >> length);
+        bool whole = length > 0 && at + length <= text.size();
+        for (std::size_t i = 1; whole && i < length; ++i) {
+            const auto next = static_cast<unsigned char>(text[at + i]);
+            whole = (next & 0xC0) == 0x80;
+            code = (code << 6) | (next & 0x3F);
+        }
+        const bool readable = whole && isWellFormed(code, length);
+        appendUtf16(result, readable ? code : replacement);
+        at += readable ? length : 1;
+    }
+    return result;
+}
+
+std::string toUtf8(std::u16string_view text) {
+    std::string result;
+    result.reserve(text.size());
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        char32_t code = text[at];
+        if (isHighSurrogate(code) && at + 1 < text.size() && isLowSurrogate(text[at + 1])) {
+            code = 0x10000 + ((code - 0xD800) << 10) + (text[++at] - 0xDC00U);
+        } else if (isHighSurrogate(code) || isLowSurrogate(code)) {
+            code = replacement;
+        }
+        appendUtf8(result, code);
+    }
+    return result;
+}
+
+std::u16string_view trimmed(std::u16string_view text) noexcept {
+    const std::size_t first = text.find_first_not_of(u' ');
+    if (first == std::u16string_view::npos) {
+        return {};
+    }
+    return text.substr(first, text.find_last_not_of(u' ') - first + 1);
+}
+
+std::vector<std::u16string_view> split(std::u16string_view text, char16_t separator) {
+    std::vector<std::u16string_view> items;
+    for (;;) {
+        const std::size_t at = text.find(separator);
+        items.push_back(text.substr(0, at));
+        if (at == std::u16string_view::npos) {
+            return items;
+        }
+        text.remove_prefix(at + 1);
+    }
+}
+
+std::u16string_view withoutTrailingSeparator(std::u16string_view text) noexcept {
+    if (text.ends_with(u';')) {
+        text.remove_suffix(1);
+    }
+    return text;
+}
+
+std::u16string toText(std::int64_t number) {
+    return printed(number);
+}
+std::u16string toText(double number) {
+    return printed(number);
+}
+
+bool isNumeric(std::u16string_view text) noexcept {
+    return !decimalForm(text).empty();
+}
+
+double toDouble(std::u16string_view text) {
+    const std::string form = decimalForm(text);
+    if (form.empty()) {
+        throw Error(error_number::typeMismatch);
+    }
+    double number = 0;
+    const auto [end, error] = std::from_chars(form.data(), form.data() + form.size(), number);
+    if (error == std::errc::result_out_of_range) {
+        if (isTooSmall(form)) {
+            return 0;
+        }
+        throw Error(error_number::overflow);
+    }
+    return number;
+}
+
+std::int32_t toInt32(std::u16string_view text) {
+    return toInt32(toDouble(text));
+}
+std::int16_t toInt16(std::u16string_view text) {
+    return toInt16(toDouble(text));
+}
+std::int32_t toInt32(double number) {
+    return rounded<std::int32_t>(number);
+}
+std::int16_t toInt16(double number) {
+    return rounded<std::int16_t>(number);
+}
+
+} // namespace kvex

@@ -1,0 +1,44 @@
+// Text is UTF-16 everywhere; a "blank" is U+0020 alone.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kvex {
+
+/// Ill-formed input becomes U+FFFD, one for each code unit that cannot be read.
+[[nodiscard]] std::u16string fromUtf8(std::string_view text);
+[[nodiscard]] std::string toUtf8(std::u16string_view text);
+
+/// `text` without the blanks at both ends. The view is into `text`.
+[[nodiscard]] std::u16string_view trimmed(std::u16string_view text) noexcept;
+
+/// The items between the separators, empty ones included; at least one. Views into `text`.
+[[nodiscard]] std::vector<std::u16string_view> split(std::u16string_view text, char16_t separator);
+
+/// `text` without its last character where that is a ";". The view is into `text`.
+[[nodiscard]] std::u16string_view withoutTrailingSeparator(std::u16string_view text) noexcept;
+
+/// A number in decimal.
+[[nodiscard]] std::u16string toText(std::int64_t number);
+[[nodiscard]] std::u16string toText(double number);
+
+/// Whether `text` is a decimal number: surrounding blanks, a sign, ASCII digits with an optional
+/// fraction, an optional exponent.
+[[nodiscard]] bool isNumeric(std::u16string_view text) noexcept;
+
+/// The value of a text that isNumeric accepts; raises typeMismatch for any other and overflow
+/// for one that a double cannot hold.
+[[nodiscard]] double toDouble(std::u16string_view text);
+
+/// toDouble, rounded half to even; raises overflow outside the type's range.
+[[nodiscard]] std::int32_t toInt32(std::u16string_view text);
+[[nodiscard]] std::int16_t toInt16(std::u16string_view text);
+
+/// `number` rounded half to even; raises overflow outside the type's range.
+[[nodiscard]] std::int32_t toInt32(double number);
+[[nodiscard]] std::int16_t toInt16(double number);
+
+} // namespace kvex

@@ -1,0 +1,17 @@
+// Case mapping of UTF-16 text; the tables are an adapter's.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kvex {
+
+/// Every character replaced by its simple upper-case mapping, whatever the locale. The length
+/// in characters stays; "ß" stays as it is.
+[[nodiscard]] std::u16string upperCase(std::u16string_view text);
+
+/// Every character replaced by its simple case folding: two texts are equal without regard to
+/// case exactly when their foldings are equal. Unpaired surrogates stay.
+[[nodiscard]] std::u16string foldCase(std::u16string_view text);
+
+} // namespace kvex

@@ -1,0 +1,36 @@
+// Text of many lines, its parts in colours. Lines end in CR LF, in text() and in what is set.
+#pragma once
+
+#include "platform/controls/Control.h"
+
+#include <cstdint>
+#include <functional>
+
+namespace kvex {
+
+/// 0x00BBGGRR.
+using Colour = std::uint32_t;
+
+namespace colour {
+inline constexpr Colour black = 0x000000;
+inline constexpr Colour blue = 0xFF0000;
+inline constexpr Colour red = 0x0000FF;
+} // namespace colour
+
+class RichTextBox : public Control {
+public:
+    /// The text changed, by the user or by code (only when it is another text).
+    std::function<void()> onChange;
+
+    [[nodiscard]] virtual std::u16string text() const = 0;
+    /// Replaces the whole text and puts the caret at its end. A lone CR or LF in `text` is a
+    /// line break, too.
+    virtual void setText(const std::u16string &text) = 0;
+    /// The colour of what insertText adds next. Toolkits keep a colour's meaning and give it a
+    /// contrast of at least 4.5 to 1 on the theme's background; black is the theme's text colour.
+    virtual void setSelectionColour(Colour colour) = 0;
+    /// Inserts at the caret and leaves the caret behind it.
+    virtual void insertText(const std::u16string &text) = 0;
+};
+
+} // namespace kvex
