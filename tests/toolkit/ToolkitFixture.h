@@ -83,8 +83,8 @@ public:
 
     [[nodiscard]] virtual Toolkit &toolkit() = 0;
     /// Calls showModal, plays `script` in the window as soon as it is shown, and returns when
-    /// showModal does. When the script ends with the window open, it is closed by its frame. What
-    /// showModal throws passes through. May be called by a handler, while another script plays.
+    /// showModal does. When the script ends with the window open, it is closed by its frame. May
+    /// be called by a handler, while another script plays.
     virtual void show(Window &window, Script script) = 0;
     /// How the user answers the next message box: by the button of this result, or by Esc.
     virtual void answerNext(std::int32_t result) = 0;
