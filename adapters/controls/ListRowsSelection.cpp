@@ -13,8 +13,9 @@ bool ListRows::selected(int row) const {
 }
 
 void ListRows::select(int row) {
+    Row &chosen = at(row);
     if (multiSelect_) {
-        putLast(at(row));
+        putLast(chosen);
         tell(&ListRowsListener::selectionChanged);
     } else {
         selectOnly(row);

@@ -16,7 +16,7 @@
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -31,15 +31,21 @@ protected:
     [[nodiscard]] Toolkit &toolkit() { return fixture_->toolkit(); }
     [[nodiscard]] ToolkitFixture &fixture() { return *fixture_; }
 
-    /// A window "frmTest" of these controls, one below the other.
-    [[nodiscard]] std::unique_ptr<Window> window(std::vector<ControlDesign> controls);
+    /// A window of these controls, one below the other.
+    [[nodiscard]] std::unique_ptr<Window> window(std::vector<ControlDesign> controls,
+                                                 std::u16string name = u"frmTest");
     void show(Window &window, ToolkitFixture::Script script) {
         fixture_->show(window, std::move(script));
     }
 
-    /// Set up before the toolkit's first window.
+private:
     std::unique_ptr<ToolkitFixture> fixture_;
 };
+
+[[nodiscard]] ControlDesign control(ControlKind kind, std::u16string name,
+                                    std::u16string caption = {});
+[[nodiscard]] ControlDesign disabled(ControlDesign design);
+[[nodiscard]] ControlDesign hidden(ControlDesign design);
 
 /// The number of the Error that `action` throws, 0 for none.
 [[nodiscard]] int errorOf(const std::function<void()> &action);
