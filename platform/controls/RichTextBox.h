@@ -33,7 +33,7 @@ public:
 
     [[nodiscard]] virtual std::u16string text() const = 0;
     /// The text in pieces, neighbours of one colour joined, in the colours that were set, whatever
-    /// the theme makes of them. What the user types has the colour of what stands before it.
+    /// the theme makes of them.
     [[nodiscard]] virtual std::vector<TextRun> runs() const = 0;
     /// Replaces the whole text and puts the caret at its end. A lone CR or LF in `text` is a
     /// line break, too.

@@ -91,8 +91,8 @@ TEST(ParameterStrings, TheWholeExampleIsReadBack) {
 }
 
 TEST(ParameterStrings, EveryPairOfModifiersIsWrittenAndReadForEveryList) {
-    for (const std::int16_t negated : {0, 1}) {
-        for (const std::int16_t all : {0, 1}) {
+    for (const std::int16_t negated : {std::int16_t{0}, std::int16_t{1}}) {
+        for (const std::int16_t all : {std::int16_t{0}, std::int16_t{1}}) {
             RuleState rule;
             rule.strPeople = rule.varAccounts = rule.strWords = u"1";
             rule.intPeopleNot = rule.intAccountNot = rule.intWordsNot = negated;

@@ -1,6 +1,6 @@
 #include "rules/RuleDescription.h"
 
-#include "adapters/headless/RichTextRuns.h"
+#include "adapters/headless/LooseTextBox.h"
 #include "rules/DescriptionLists.h"
 #include "tests/support/ComponentTest.h"
 

@@ -1,6 +1,6 @@
 #include "tests/support/ComponentTest.h"
 
-#include "adapters/headless/RichTextRuns.h"
+#include "adapters/headless/LooseTextBox.h"
 #include "adapters/recordset/ClientConnection.h"
 #include "adapters/recordset/ClientRecordset.h"
 #include "adapters/sqlite/Provider.h"
