@@ -17,8 +17,8 @@ namespace {
 [[noreturn]] void becomeServer(int numberPipe) {
     prctl(PR_SET_PDEATHSIG, SIGTERM);
     const std::string pipe = std::to_string(numberPipe);
-    execlp("Xvfb", "Xvfb", "-displayfd", pipe.c_str(), "-screen", "0", "1280x1024x24", "-nolisten",
-           "tcp", static_cast<char *>(nullptr));
+    execlp("Xvfb", "Xvfb", "-displayfd", pipe.c_str(), "-screen", "0", "1280x1024x24", "-noreset",
+           "-nolisten", "tcp", static_cast<char *>(nullptr));
     _exit(127);
 }
 
