@@ -32,6 +32,18 @@ QTextCharFormat formatFor(Colour colour, const QPalette &palette) {
     return format;
 }
 
+/// The colour that was asked for.
+Colour meantBy(const QTextCharFormat &format) {
+    return format.hasProperty(meaning) ? format.property(meaning).value<Colour>() : colour::black;
+}
+
+void addRun(std::vector<TextRun> &runs, const std::u16string &text, Colour colour) {
+    if (runs.empty() || runs.back().colour != colour) {
+        runs.push_back({{}, colour});
+    }
+    runs.back().text += text;
+}
+
 } // namespace
 
 TextView::TextView(QWidget *parent, int columns, int lines)
@@ -45,6 +57,20 @@ std::u16string TextView::content() const {
     QString raw = document()->toRawText();
     raw.replace(QChar::ParagraphSeparator, QChar::LineFeed);
     return controls::withCrLf(fromQt(raw));
+}
+
+std::vector<TextRun> TextView::runs() const {
+    std::vector<TextRun> result;
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        if (block != document()->begin()) {
+            addRun(result, u"\r\n", meantBy(block.charFormat()));
+        }
+        for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
+            addRun(result, controls::withCrLf(fromQt(piece.fragment().text())),
+                   meantBy(piece.fragment().charFormat()));
+        }
+    }
+    return result;
 }
 
 void TextView::setContent(const std::u16string &text) {
