@@ -1,7 +1,5 @@
 #include "tests/recordset/RecordsetConformance.h"
 
-#include "platform/Text.h"
-
 namespace kvex::test {
 namespace {
 

@@ -4,6 +4,7 @@
 #include "adapters/recordset/ClientConnection.h"
 #include "adapters/recordset/ClientRecordset.h"
 #include "platform/Error.h"
+#include "platform/Text.h"
 #include "tests/recordset/DatabaseFixture.h"
 
 #include <gtest/gtest.h>

@@ -15,7 +15,6 @@ namespace {
 
 class SqliteFixture final : public DatabaseFixture {
 public:
-    /// `name` is emptied of its tables' rows: it is new.
     SqliteFixture(std::unique_ptr<TemporaryFolder> folder, const std::string &name)
         : folder_(std::move(folder)), connectionString_(fromUtf8(name)), other_(name) {
         sqlite::createSchema(connectionString_);
