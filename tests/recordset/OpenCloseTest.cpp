@@ -70,7 +70,7 @@ TEST_P(RecordsetConformance, AServerCursorIsTreatedAlike) {
 TEST_P(RecordsetConformance, AClosedRecordSetRefusesEveryCall) {
     recordset::ClientRecordset records;
     Recordset &rules = records;
-    const auto refused = [](const std::function<void()> &call) {
+    const auto refused = [](const auto &call) {
         return errorNumber(call) == error_number::objectClosed;
     };
     EXPECT_TRUE(refused([&] { rules.close(); }));

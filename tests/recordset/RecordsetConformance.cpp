@@ -15,15 +15,6 @@ constexpr std::u16string_view rulesById = u"SELECT * FROM SMS_RULES ORDER BY ID"
 
 } // namespace
 
-std::int32_t errorNumber(const std::function<void()> &call) {
-    try {
-        call();
-    } catch (const Error &error) {
-        return error.number();
-    }
-    return 0;
-}
-
 RecordsetConformance::RecordsetConformance()
     : database_(GetParam().make()), connection_(openConnection()) {}
 

@@ -3,7 +3,6 @@
 #include "adapters/sqlite/Provider.h"
 #include "adapters/sqlite/Schema.h"
 #include "platform/Text.h"
-#include "tests/recordset/RecordsetConformance.h"
 
 #include <sqlite3.h>
 
@@ -120,9 +119,5 @@ DatabaseKind sqliteFile() {
 DatabaseKind sqliteMemory() {
     return {"SqliteMemory", &makeMemory};
 }
-
-INSTANTIATE_TEST_SUITE_P(Databases, RecordsetConformance,
-                         testing::Values(sqliteFile(), sqliteMemory()),
-                         [](const auto &kind) { return kind.param.name; });
 
 } // namespace kvex::test
