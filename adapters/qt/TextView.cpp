@@ -32,12 +32,11 @@ QTextCharFormat formatFor(Colour colour, const QPalette &palette) {
     return format;
 }
 
-/// The colour that was asked for.
-Colour meantBy(const QTextCharFormat &format) {
-    return format.hasProperty(meaning) ? format.property(meaning).value<Colour>() : colour::black;
+Colour meant(const QTextCharFormat &format) {
+    return format.property(meaning).value<Colour>();
 }
 
-void addRun(std::vector<TextRun> &runs, const std::u16string &text, Colour colour) {
+void addTo(std::vector<TextRun> &runs, const std::u16string &text, Colour colour) {
     if (runs.empty() || runs.back().colour != colour) {
         runs.push_back({{}, colour});
     }
@@ -60,17 +59,16 @@ std::u16string TextView::content() const {
 }
 
 std::vector<TextRun> TextView::runs() const {
-    std::vector<TextRun> result;
+    std::vector<TextRun> runs;
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
         if (block != document()->begin()) {
-            addRun(result, u"\r\n", meantBy(block.charFormat()));
+            addTo(runs, u"\r\n", meant(block.charFormat()));
         }
         for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
-            addRun(result, controls::withCrLf(fromQt(piece.fragment().text())),
-                   meantBy(piece.fragment().charFormat()));
+            addTo(runs, fromQt(piece.fragment().text()), meant(piece.fragment().charFormat()));
         }
     }
-    return result;
+    return runs;
 }
 
 void TextView::setContent(const std::u16string &text) {
@@ -82,7 +80,6 @@ void TextView::setContent(const std::u16string &text) {
 
 void TextView::insert(const std::u16string &text, Colour colour) {
     QTextCursor caret = textCursor();
-    caret.clearSelection();
     caret.insertText(toQt(text), formatFor(colour, palette()));
     setTextCursor(caret);
 }
@@ -128,8 +125,7 @@ void TextView::adaptColours() {
                 cursor.setPosition(piece.fragment().position());
                 cursor.setPosition(piece.fragment().position() + piece.fragment().length(),
                                    QTextCursor::KeepAnchor);
-                cursor.mergeCharFormat(
-                    formatFor(format.property(meaning).value<Colour>(), palette()));
+                cursor.mergeCharFormat(formatFor(meant(format), palette()));
             }
         }
     }
