@@ -70,7 +70,7 @@ std::optional<GUID> guidFromText(std::string_view text) noexcept {
             return std::nullopt;
         }
         std::uint8_t &byte = bytes[digit / 2];
-        byte = static_cast<std::uint8_t>(byte * 16U + value);
+        byte = static_cast<std::uint8_t>(std::size_t{byte} * 16 + value);
         ++digit;
     }
     GUID guid{bigEndian<std::uint32_t>(bytes, 0),
