@@ -1,0 +1,127 @@
+// Owners for C++ users of component objects: ComPointer owns one reference to an object, Bstr
+// owns one text. Both give it back when they go, are assigned to, or are asked to receive another.
+#pragma once
+
+#include "platform/Component.h"
+
+#include <concepts>
+#include <limits>
+#include <new>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace kvex {
+
+template <class Interface> class ComPointer {
+public:
+    ComPointer() noexcept = default;
+    /// Adds a reference of its own; the caller keeps his.
+    explicit ComPointer(Interface *object) noexcept : object_(object) {
+        if (object_ != nullptr) {
+            object_->AddRef();
+        }
+    }
+    /// Takes over the caller's reference.
+    [[nodiscard]] static ComPointer adopt(Interface *object) noexcept {
+        ComPointer pointer;
+        pointer.object_ = object;
+        return pointer;
+    }
+    ComPointer(const ComPointer &other) noexcept : ComPointer(other.object_) {}
+    ComPointer(ComPointer &&other) noexcept : object_(other.detach()) {}
+    /// Of an object's class to one of its interfaces. Where IUnknown is ambiguous, as<IUnknown>().
+    template <class Derived>
+    requires std::convertible_to<Derived *, Interface *> ComPointer(ComPointer<Derived> other)
+    noexcept : object_(other.detach()) {}
+    ComPointer &operator=(ComPointer other) noexcept {
+        std::swap(object_, other.object_);
+        return *this;
+    }
+    ~ComPointer() { reset(); }
+
+    [[nodiscard]] Interface *get() const noexcept { return object_; }
+    Interface *operator->() const noexcept { return object_; }
+    Interface &operator*() const noexcept { return *object_; }
+    explicit operator bool() const noexcept { return object_ != nullptr; }
+
+    /// Empty from now on. Whatever the object does while it goes finds the pointer empty.
+    void reset() noexcept {
+        if (Interface *object = detach()) {
+            object->Release();
+        }
+    }
+    /// Gives the reference to the caller.
+    [[nodiscard]] Interface *detach() noexcept { return std::exchange(object_, nullptr); }
+
+    /// Where a call is to leave a new reference; the pointer is empty before.
+    [[nodiscard]] Interface **put() noexcept {
+        reset();
+        return &object_;
+    }
+    /// The same for calls that take an interface id, which must be Interface::iid.
+    [[nodiscard]] void **putVoid() noexcept { return reinterpret_cast<void **>(put()); }
+
+    /// Another interface of the object; empty when it has none such, or when this is empty.
+    template <class Other> [[nodiscard]] ComPointer<Other> as() const noexcept {
+        ComPointer<Other> other;
+        if (object_ != nullptr) {
+            object_->QueryInterface(Other::iid, other.putVoid());
+        }
+        return other;
+    }
+
+private:
+    Interface *object_ = nullptr;
+};
+
+/// CoCreateInstance into `object`, which is empty after a failure.
+template <class Interface>
+[[nodiscard]] HRESULT createInstance(const CLSID &classId, ComPointer<Interface> &object) noexcept {
+    return CoCreateInstance(classId, nullptr, Interface::iid, object.putVoid());
+}
+
+/// A text that somebody else owns.
+[[nodiscard]] inline std::u16string_view viewOf(BSTR text) noexcept {
+    return {text == nullptr ? u"" : text, SysStringLen(text)};
+}
+
+class Bstr {
+public:
+    Bstr() noexcept = default;
+    /// A copy of `text`; std::bad_alloc when there is no memory for it.
+    explicit Bstr(std::u16string_view text) {
+        if (text.size() <= std::numeric_limits<std::uint32_t>::max()) {
+            text_ = SysAllocStringLen(text.data(), static_cast<std::uint32_t>(text.size()));
+        }
+        if (text_ == nullptr) {
+            throw std::bad_alloc();
+        }
+    }
+    Bstr(const Bstr &) = delete;
+    Bstr(Bstr &&other) noexcept : text_(other.detach()) {}
+    Bstr &operator=(Bstr other) noexcept {
+        std::swap(text_, other.text_);
+        return *this;
+    }
+    ~Bstr() { SysFreeString(text_); }
+
+    [[nodiscard]] BSTR get() const noexcept { return text_; }
+    [[nodiscard]] std::u16string_view view() const noexcept { return viewOf(text_); }
+    [[nodiscard]] std::u16string text() const { return std::u16string(view()); }
+
+    /// Gives the text to the caller.
+    [[nodiscard]] BSTR detach() noexcept { return std::exchange(text_, nullptr); }
+    /// Where a call is to leave a new text; what was held is freed before.
+    [[nodiscard]] BSTR *put() noexcept {
+        SysFreeString(detach());
+        return &text_;
+    }
+    /// For an argument by reference: the callee sees what is held and may free and replace it.
+    [[nodiscard]] BSTR *inOut() noexcept { return &text_; }
+
+private:
+    BSTR text_ = nullptr;
+};
+
+} // namespace kvex
