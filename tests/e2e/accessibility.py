@@ -1,7 +1,7 @@
 """What assistive technology sees of a program: its windows and controls, by role and name."""
 
 import gi
-from desktop import wait_for
+from desktop import TimedOut, wait_for
 
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402  pylint: disable=wrong-import-position
@@ -10,6 +10,7 @@ Role = Atspi.Role
 State = Atspi.StateType
 
 WINDOWS = {Role.FRAME, Role.DIALOG, Role.ALERT, Role.WINDOW}
+LISTS = {Role.LIST, Role.TABLE, Role.TREE, Role.TREE_TABLE}
 ROWS = {Role.LIST_ITEM, Role.TABLE_CELL, Role.TREE_ITEM}
 
 
@@ -77,6 +78,20 @@ class Node:
         wait_for(what, lambda: self.has(state) == wanted)
         return self
 
+    def tab_to(self):
+        """Gives it the focus by the Tab key."""
+        for _ in range(30):
+            if self.has(State.FOCUSED):
+                return self
+            self.desktop.press("Tab")
+        raise TimedOut(f"Tab does not reach {self}")
+
+    def replace(self, text):
+        """Types over the whole text; the text box has the focus."""
+        self.desktop.press("ctrl+a")
+        self.desktop.type(text)
+        wait_for(f"{self} to hold {text!r}", lambda: self.text == text)
+
 
 class ListNode(Node):
     """A list of rows with check boxes."""
@@ -108,35 +123,27 @@ class ListNode(Node):
 
 
 class WindowNode(Node):
-    def find(self, role, name=None):
-        kind = ListNode if role in {Role.TREE, Role.TREE_TABLE, Role.LIST, Role.TABLE} else Node
-        what = f"{role.value_nick} {name!r} in {self}"
-
+    def find(self, roles, name, kind=Node):
         def found():
             for node in self.descendants():
-                if node.role == role and name in (None, node.name):
+                if node.role in roles and node.name == name:
                     return kind(self.desktop, node.accessible)
             return None
 
-        return wait_for(what, found)
+        return wait_for(f"{name!r} in {self}", found)
+
+    def list(self, name):
+        return self.find(LISTS, name, ListNode)
+
+    def text_box(self, name):
+        return self.find({Role.TEXT}, name)
 
     def button(self, caption):
-        return self.find(Role.PUSH_BUTTON, caption)
+        return self.find({Role.PUSH_BUTTON}, caption)
 
-    def press_button(self, key, caption):
-        """By its access key, once it can be pressed."""
-        self.button(caption).wait_until(State.SENSITIVE)
-        self.desktop.press(key)
-
-    def focus(self, key, role, name=None):
-        """The control that an access key gives the focus to."""
-        node = self.find(role, name)
-        self.desktop.press(key)
-        return node.wait_until(State.FOCUSED)
-
-    def message(self):
-        """A message box's text."""
-        return self.find(Role.LABEL).name
+    def says(self, text):
+        """Whether a label, a message box's for one, says so."""
+        return any(node.role == Role.LABEL and node.name == text for node in self.descendants())
 
 
 class Application:

@@ -49,7 +49,8 @@ class Checks(unittest.TestCase):
         self.assertEqual(
             lines,
             ["rules/Load.cpp:2: includes adapters/qt/Window.h; rules/ may include the standard "
-             "library, platform/, rules/, component/Session.h, component/ErrorTrap.h"],
+             "library, platform/, rules/, component/Session.h, component/ErrorTrap.h, "
+             "component/RecordSearch.h"],
         )
 
     def testAnIncludeInAngleBracketsIsNoWayAround(self):
