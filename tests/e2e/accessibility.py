@@ -149,30 +149,41 @@ class WindowNode(Node):
 class Application:
     """A process on the desktop as assistive technology sees it."""
 
-    def __init__(self, desktop, pid):
+    def __init__(self, desktop, process):
         self.desktop = desktop
-        self.pid = pid
+        self.process = process
 
     def root(self):
         everything = Atspi.get_desktop(0)
         everything.set_cache_mask(Atspi.Cache.NONE)
         for node in Node(self.desktop, everything).children():
-            if Node.ask(node.accessible.get_process_id, 0) == self.pid:
+            if Node.ask(node.accessible.get_process_id, 0) == self.process.pid:
                 return node
         return None
 
     def windows(self):
+        """Those that are shown."""
         root = self.root()
-        shown = root.children() if root else []
-        return [WindowNode(self.desktop, node.accessible) for node in shown
+        return [WindowNode(self.desktop, node.accessible) for node in (root.children() if root else [])
                 if node.role in WINDOWS and node.has(State.SHOWING)]
 
+    def active_window(self, what, wanted):
+        """The active window, once it is the one that is wanted."""
+        def found():
+            if self.process.poll() is not None:
+                raise TimedOut(f"the program ended with status {self.process.returncode}"
+                               f" while {what} was waited for")
+            return next((window for window in self.windows()
+                         if window.has(State.ACTIVE) and wanted(window)), None)
+
+        return wait_for(f"{what} to be active", found)
+
     def window(self, title):
-        """The window of this title, once it is the active one."""
-        return wait_for(
-            f"the window {title!r} to be active",
-            lambda: next((window for window in self.windows()
-                          if window.name == title and window.has(State.ACTIVE)), None))
+        return self.active_window(f"the window {title!r}", lambda window: window.name == title)
+
+    def message(self, text):
+        """The message box that says `text`."""
+        return self.active_window(f"the message {text!r}", lambda window: window.says(text))
 
     def outline(self):
         root = self.root()

@@ -87,7 +87,8 @@ class Desktop:
         os.environ.update(LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb", NO_AT_BRIDGE="0",
                           QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
         os.environ["DISPLAY"] = ":" + self.announced(
-            ["Xvfb", "-displayfd", "{}", "-screen", "0", self.size, "-nolisten", "tcp"])
+            ["Xvfb", "-displayfd", "{}", "-screen", "0", self.size, "-nolisten", "tcp",
+             "-noreset"])
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self.announced(
             ["dbus-daemon", "--session", "--nofork", "--print-address={}"])
         self.spawn([AT_SPI_LAUNCHER, "--launch-immediately", "--a11y=1"])
@@ -116,10 +117,13 @@ class Desktop:
         raise TimedOut(f"{command[0]} ended with status {server.wait()} before it was ready")
 
     def xdotool(self, *words, may_fail=False):
+        """What it prints; None for a failure that may be."""
         done = subprocess.run(["xdotool", *words], capture_output=True, text=True, check=False)
-        if done.returncode != 0 and not may_fail:
-            raise RuntimeError(f"xdotool {' '.join(words)}: {done.stderr.strip()}")
-        return done.stdout.strip()
+        if done.returncode == 0:
+            return done.stdout.strip()
+        if may_fail:
+            return None
+        raise RuntimeError(f"xdotool {' '.join(words)}: {done.stderr.strip()}")
 
     def press(self, *keys):
         """Presses keys one after another: "alt+n", "Escape", "space"."""
@@ -133,9 +137,17 @@ class Desktop:
         self.press("alt+F4")
 
     def screenshot(self, path, window="root"):
-        """`window` is an X window's number, or the whole screen."""
+        """`window` is an X window's number, or the whole screen. Taken once it stands still."""
         Path(path).parent.mkdir(parents=True, exist_ok=True)
-        subprocess.run(["import", "-window", window, path], check=True)
+        pixels = [b""]
+
+        def stands_still():
+            pixels.append(subprocess.run(["import", "-frame", "-window", window, "ppm:-"],
+                                         capture_output=True, check=True).stdout)
+            return pixels[-1] == pixels[-2]
+
+        wait_for("the picture to stand still", stands_still)
+        subprocess.run(["convert", "ppm:-", path], input=pixels[-1], check=True)
 
     def screenshot_of_active(self, path):
         self.screenshot(path, self.xdotool("getactivewindow"))

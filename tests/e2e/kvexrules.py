@@ -40,11 +40,10 @@ class KvexRules(Application):
         self.output = desktop.home / "kvexrules.out"
         self.errors = desktop.home / "kvexrules.err"
         with self.output.open("wb") as out, self.errors.open("wb") as err:
-            self.process = subprocess.Popen(  # pylint: disable=consider-using-with
+            super().__init__(desktop, subprocess.Popen(
                 [program, "edit", "--database", database.path,
                  "--log", desktop.home / "kvexrules.log", *arguments],
-                stdin=subprocess.DEVNULL, stdout=out, stderr=err)
-        super().__init__(desktop, self.process.pid)
+                stdin=subprocess.DEVNULL, stdout=out, stderr=err))
 
     def finish(self):
         """Waits for its end: the exit status and the last line it printed."""

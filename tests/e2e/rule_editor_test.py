@@ -4,18 +4,13 @@ import os
 import unittest
 from pathlib import Path
 
-from accessibility import Role, State
+from accessibility import State
 from desktop import Desktop, wait_for
 from kvexrules import KvexRules, initialise
+from names import ACTIONS, CONDITIONS, NAME, RULES
 
 PROGRAM = Path(os.environ["KVEXRULES"])
 DESKTOP = Desktop()
-
-CONDITIONS = "1. Select the Conditions for your rule"
-ACTIONS = "2. Select the Actions for your rule"
-DESCRIPTION = "3. Rule Description"
-NAME = "4. Rule Name"
-RULES = "These rules will be applied to incoming short messages"
 
 ALL_MESSAGES = "<ALLMESSAGES>"
 KEEP = "<DELETE>NO</DELETE><IGNOREFURTHERRULES>NO</IGNOREFURTHERRULES>"
@@ -68,11 +63,13 @@ class RuleEditor(unittest.TestCase):
     def assert_refused(self, message):
         """OK is answered by a message, and the editor is there again after it."""
         DESKTOP.press("alt+o")
-        box = wait_for(f"the message {message!r}", lambda: next(
-            (window for window in self.program.windows() if window.says(message)), None))
-        box.wait_until(State.ACTIVE)
+        self.program.message(message)
         DESKTOP.press("Return")
         self.editor()
+
+    def answer_the_question(self, key):
+        self.program.message("Are you sure you want to remove this rule?")
+        DESKTOP.press(key)
 
     def testANewRuleIsMadeByKeyboardAlone(self):
         self.start()
@@ -169,7 +166,7 @@ class RuleEditor(unittest.TestCase):
         rules = self.rules_window()
         rules.list(RULES).tab_to().go_to("Boss")
         DESKTOP.press("alt+r")
-        self.answer("alt+n")
+        self.answer_the_question("alt+n")
         self.program.window("SMS Rules")
         self.assertEqual(rules.list(RULES).row_names(), ["Boss", "Weather", "Night"])
         self.assertEqual(len(self.database.rules()), 3)
@@ -178,7 +175,7 @@ class RuleEditor(unittest.TestCase):
         rules = self.rules_window()
         rules.list(RULES).tab_to().go_to("Boss")
         DESKTOP.press("alt+r")
-        self.answer("alt+y")
+        self.answer_the_question("alt+y")
         wait_for("the row to go", lambda: rules.list(RULES).row_names() == ["Weather", "Night"])
         self.assertEqual(self.database.run("SELECT ID FROM SMS_RULES ORDER BY ID"),
                          [{"ID": 2}, {"ID": 3}])
@@ -220,13 +217,6 @@ class RuleEditor(unittest.TestCase):
         self.assertIn("Sub: Form_Load, Module: frmRules", self.program.log())
         DESKTOP.press("Escape")
         self.assert_ends(1)
-
-    def answer(self, key):
-        question = "Are you sure you want to remove this rule?"
-        wait_for(f"the question {question!r}", lambda: next(
-            (window for window in self.program.windows()
-             if window.says(question) and window.has(State.ACTIVE)), None))
-        DESKTOP.press(key)
 
 
 if __name__ == "__main__":
