@@ -121,6 +121,7 @@ KVEX_CLASS_SERVER_API HRESULT CoCreateInstance(const CLSID &classId, IUnknown *o
                                                const IID &interfaceId, void **object) noexcept;
 /// CO_E_CLASSSTRING for a name that is not registered.
 KVEX_CLASS_SERVER_API HRESULT CLSIDFromProgID(const char16_t *programId, CLSID *classId) noexcept;
-/// Unloads every server whose DllCanUnloadNow says S_OK.
+/// Unloads every server whose DllCanUnloadNow says S_OK. Not while another thread may be releasing
+/// the last object of one: its code would go from under that thread.
 KVEX_CLASS_SERVER_API void CoFreeUnusedLibraries() noexcept;
 }

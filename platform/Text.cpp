@@ -1,32 +1,18 @@
 #include "platform/Text.h"
 
 #include "platform/Error.h"
+#include "platform/Utf16.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
 #include <limits>
 
 namespace kvex {
 namespace {
 
 constexpr char32_t replacement = 0xFFFD;
-
-bool isHighSurrogate(char32_t unit) {
-    return unit >= 0xD800 && unit <= 0xDBFF;
-}
-bool isLowSurrogate(char32_t unit) {
-    return unit >= 0xDC00 && unit <= 0xDFFF;
-}
-
-void appendUtf16(std::u16string &target, char32_t code) {
-    if (code < 0x10000) {
-        target.push_back(static_cast<char16_t>(code));
-        return;
-    }
-    code -= 0x10000;
-    target.push_back(static_cast<char16_t>(0xD800 + (code >> 10)));
-    target.push_back(static_cast<char16_t>(0xDC00 + (code & 0x3FF)));
-}
 
 void appendUtf8(std::string &target, char32_t code) {
     const auto put = [&](char32_t byte) { target.push_back(static_cast<char>(byte)); };
@@ -108,11 +94,18 @@ std::string decimalForm(std::u16string_view text) {
 }
 
 /// Of a number out of a double's range: whether it is nearer to 0 rather than too large.
-bool isTooSmall(const std::string &form) {
-    long double number = 0;
-    const auto error = std::from_chars(form.data(), form.data() + form.size(), number).ec;
-    return error == std::errc::result_out_of_range ? form.find("e-") != std::string::npos
-                                                   : std::abs(number) < 1;
+bool isTooSmall(std::string_view form) {
+    const std::size_t mark = std::min(form.find('e'), form.size());
+    const std::string_view mantissa = form.substr(0, mark);
+    const auto point = static_cast<std::ptrdiff_t>(std::min(mantissa.find('.'), mark));
+    const auto first = static_cast<std::ptrdiff_t>(mantissa.find_first_of("123456789"));
+    // The power of ten of the first digit that is not 0.
+    const std::ptrdiff_t place = first < point ? point - first - 1 : point - first;
+
+    const std::string_view digits = form.substr(std::min(mark + 1, form.size()));
+    std::ptrdiff_t exponent = 0;
+    const auto error = std::from_chars(digits.data(), digits.data() + digits.size(), exponent).ec;
+    return error == std::errc::result_out_of_range ? digits.starts_with('-') : exponent < -place;
 }
 
 template <class Integer> Integer rounded(double number) {
@@ -146,7 +139,7 @@ std::u16string fromUtf8(std::string_view text) {
             code = (code << 6) | (next & 0x3F);
         }
         const bool readable = whole && isWellFormed(code, length);
-        appendUtf16(result, readable ? code : replacement);
+        appendCharacter(result, readable ? code : replacement);
         at += readable ? length : 1;
     }
     return result;
@@ -155,14 +148,10 @@ std::u16string fromUtf8(std::string_view text) {
 std::string toUtf8(std::u16string_view text) {
     std::string result;
     result.reserve(text.size());
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        char32_t code = text[at];
-        if (isHighSurrogate(code) && at + 1 < text.size() && isLowSurrogate(text[at + 1])) {
-            code = 0x10000 + ((code - 0xD800) << 10) + (text[++at] - 0xDC00U);
-        } else if (isHighSurrogate(code) || isLowSurrogate(code)) {
-            code = replacement;
-        }
-        appendUtf8(result, code);
+    for (std::size_t at = 0; at < text.size();) {
+        const char32_t code = nextCharacter(text, at);
+        const bool isUnpaired = isHighSurrogate(code) || isLowSurrogate(code);
+        appendUtf8(result, isUnpaired ? replacement : code);
     }
     return result;
 }
@@ -201,7 +190,7 @@ std::u16string toText(double number) {
     return printed(number);
 }
 
-bool isNumeric(std::u16string_view text) noexcept {
+bool isNumeric(std::u16string_view text) {
     return !decimalForm(text).empty();
 }
 

@@ -27,7 +27,7 @@ namespace kvex {
 
 /// Whether `text` is a decimal number: surrounding blanks, a sign, ASCII digits with an optional
 /// fraction, an optional exponent.
-[[nodiscard]] bool isNumeric(std::u16string_view text) noexcept;
+[[nodiscard]] bool isNumeric(std::u16string_view text);
 
 /// The value of a text that isNumeric accepts; raises typeMismatch for any other and overflow
 /// for one that a double cannot hold.

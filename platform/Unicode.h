@@ -14,4 +14,7 @@ namespace kvex {
 /// case exactly when their foldings are equal. Unpaired surrogates stay.
 [[nodiscard]] std::u16string foldCase(std::u16string_view text);
 
+/// Whether the character is a letter or a decimal digit, of whatever script.
+[[nodiscard]] bool isLetterOrDigit(char32_t character);
+
 } // namespace kvex

@@ -7,10 +7,12 @@
 #include <deque>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace kvex::headless {
 
+class HeadlessWindow;
 class User;
 
 /// Clipboard whose text the test sets.
@@ -57,6 +59,28 @@ public:
     std::int32_t showMessageBox(const std::u16string &title, const std::u16string &text,
                                 std::int32_t style) override;
     [[nodiscard]] HeadlessClipboard &clipboard() override { return clipboard_; }
+
+private:
+    friend class HeadlessWindow;
+    friend class User;
+    struct Awaited {
+        std::u16string window;
+        Script script;
+    };
+
+    /// The life of a shown window: what awaits it plays, then it is closed.
+    void play(HeadlessWindow &window);
+    void playScript(HeadlessWindow &window, const Script &script);
+    void addProblem(std::u16string_view window, std::u16string_view text);
+
+    std::deque<Awaited> scripts_;
+    std::deque<std::int32_t> answers_;
+    std::vector<MessageBox> messageBoxes_;
+    std::vector<std::string> problems_;
+    std::vector<Error> unhandledErrors_;
+    /// The last one is the active one.
+    std::vector<HeadlessWindow *> shown_;
+    HeadlessClipboard clipboard_;
 };
 
 } // namespace kvex::headless

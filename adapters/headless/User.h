@@ -18,8 +18,25 @@
 
 namespace kvex::headless {
 
-enum class Key { enter, escape, tab, shiftTab, space, backspace, deleteKey, up, down, home, end,
-                 cut, copy, paste, selectAll };
+class HeadlessWindow;
+
+enum class Key {
+    enter,
+    escape,
+    tab,
+    shiftTab,
+    space,
+    backspace,
+    deleteKey,
+    up,
+    down,
+    home,
+    end,
+    cut,
+    copy,
+    paste,
+    selectAll
+};
 
 class User {
 public:
@@ -57,6 +74,21 @@ public:
     [[nodiscard]] std::vector<std::u16string> rows(std::u16string_view list);
     /// The controls that Tab reaches, in that order, from the first.
     [[nodiscard]] std::vector<std::u16string> tabOrder() const;
+
+private:
+    friend class HeadlessToolkit;
+    explicit User(HeadlessWindow &window) : window_(window) {}
+
+    void complain(std::u16string_view text) const;
+    /// Whether the user can do anything in the window; else that is a problem.
+    [[nodiscard]] bool isBeforeWindow() const;
+    /// The control of this name and kind, null and a problem when the user cannot use it.
+    template <class Kind> [[nodiscard]] Kind *usable(std::u16string_view name) const;
+    template <class Action>
+    void onRow(std::u16string_view list, int row, const Action &action) const;
+    template <class Action> void onPicker(std::u16string_view picker, const Action &action) const;
+
+    HeadlessWindow &window_;
 };
 
 } // namespace kvex::headless

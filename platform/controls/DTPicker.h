@@ -10,7 +10,8 @@ namespace kvex {
 /// Holds a date and a time of day, of which the design's format shows one; the other is kept.
 /// Years run from 1900 to 3000. A part that does not exist, or a date out of range, fails with
 /// invalidPropertyValue and changes nothing. Setting a part while there is no value brings the
-/// value back that was held before, with that part set.
+/// value back that was held before, with that part set. At first it holds today and the design's
+/// time of day.
 class DTPicker : public Control {
 public:
     /// The user changed the value, ticked or unticked it.

@@ -70,6 +70,7 @@ public:
     /// into view.
     virtual void select(int row) = 0;
     virtual void deselect(int row) = 0;
+    /// Switched off, it leaves of the selected rows only the current item.
     virtual void setMultiSelect(bool multiSelect) = 0;
     [[nodiscard]] virtual bool multiSelect() const = 0;
 

@@ -1,4 +1,4 @@
-// One line of text.
+// One line of text: of what is pasted it takes the first line.
 #pragma once
 
 #include "platform/controls/Control.h"

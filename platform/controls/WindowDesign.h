@@ -30,6 +30,7 @@ struct ControlDesign {
     ControlKind kind;
     /// Unique in its window.
     std::u16string name;
+    /// textBox: the text at first.
     std::u16string caption = {};
     bool enabled = true;
     bool visible = true;

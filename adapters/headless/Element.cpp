@@ -1,0 +1,40 @@
+#include "adapters/headless/Element.h"
+
+#include "adapters/headless/HeadlessWindow.h"
+
+namespace kvex::headless {
+
+Element::Element(HeadlessWindow *window, ControlDesign design)
+    : window_(window), design_(std::move(design)), enabled_(design_.enabled),
+      visible_(design_.visible) {}
+
+void Element::enable(bool enabled) {
+    enabled_ = enabled;
+    if (window_ != nullptr) {
+        window_->passFocusOn();
+    }
+}
+
+void Element::reveal(bool visible) {
+    visible_ = visible;
+    if (window_ != nullptr) {
+        window_->passFocusOn();
+    }
+}
+
+void Element::takeFocus() {
+    if (window_ == nullptr || !isUsable() || !takesFocus()) {
+        throw Error(error_number::invalidCall);
+    }
+    window_->setFocus(*this);
+}
+
+std::u16string Element::where() const {
+    return (window_ != nullptr ? window_->name() + u"." : std::u16string()) + design_.name;
+}
+
+controls::ErrorObserver Element::observer() const {
+    return window_ != nullptr ? window_->errorObserver() : controls::ErrorObserver();
+}
+
+} // namespace kvex::headless

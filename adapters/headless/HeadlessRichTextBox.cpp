@@ -1,0 +1,55 @@
+#include "adapters/headless/HeadlessRichTextBox.h"
+
+#include "adapters/controls/LineBreaks.h"
+#include "adapters/headless/User.h"
+
+#include <limits>
+
+namespace kvex::headless {
+
+void HeadlessRichTextBox::setText(const std::u16string &text) {
+    replace(0, content().size(), controls::withCrLf(text));
+}
+
+void HeadlessRichTextBox::insertText(const std::u16string &text) {
+    replaceSelection(controls::withCrLf(text));
+}
+
+bool HeadlessRichTextBox::press(Key key) {
+    if (key == Key::enter && !design().readOnly) {
+        replaceSelection(u"\r\n");
+        return true;
+    }
+    return TextInput::press(key);
+}
+
+void HeadlessRichTextBox::replaced(std::size_t from, std::size_t length, std::size_t added) {
+    const auto at = colours_.begin() + static_cast<std::ptrdiff_t>(from);
+    colours_.insert(colours_.erase(at, at + static_cast<std::ptrdiff_t>(length)), added, inserted_);
+}
+
+std::u16string HeadlessRichTextBox::pasteable(std::u16string_view text) const {
+    return controls::withCrLf(text);
+}
+
+std::size_t HeadlessRichTextBox::limit() const {
+    return std::numeric_limits<std::size_t>::max();
+}
+
+std::vector<TextRun> HeadlessRichTextBox::runs() const {
+    std::vector<TextRun> result;
+    for (std::size_t at = 0; at < colours_.size(); ++at) {
+        if (result.empty() || result.back().colour != colours_[at]) {
+            result.push_back({{}, colours_[at]});
+        }
+        result.back().text.push_back(content()[at]);
+    }
+    return result;
+}
+
+std::unique_ptr<RichTextBox> createRichTextBox() {
+    return std::make_unique<HeadlessRichTextBox>(nullptr,
+                                                 ControlDesign{ControlKind::richTextBox, {}});
+}
+
+} // namespace kvex::headless

@@ -1,0 +1,33 @@
+// A text of many lines, its parts in colours.
+#pragma once
+
+#include "adapters/headless/HeadlessControl.h"
+#include "adapters/headless/LooseTextBox.h"
+#include "adapters/headless/TextInput.h"
+
+namespace kvex::headless {
+
+class HeadlessRichTextBox final : public HeadlessControl<RichTextBox, TextInput> {
+public:
+    using HeadlessControl::HeadlessControl;
+
+    [[nodiscard]] std::u16string text() const override { return content(); }
+    [[nodiscard]] std::vector<TextRun> runs() const override;
+    void setText(const std::u16string &text) override;
+    void setSelectionColour(Colour colour) override { inserted_ = colour; }
+    void insertText(const std::u16string &text) override;
+
+    bool press(Key key) override;
+
+private:
+    void replaced(std::size_t from, std::size_t length, std::size_t added) override;
+    void changed() override { deliver(onChange); }
+    [[nodiscard]] std::u16string pasteable(std::u16string_view text) const override;
+    [[nodiscard]] std::size_t limit() const override;
+
+    /// One for each unit of the text.
+    std::vector<Colour> colours_;
+    Colour inserted_ = colour::black;
+};
+
+} // namespace kvex::headless

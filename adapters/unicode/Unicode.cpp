@@ -1,0 +1,51 @@
+#include "platform/Unicode.h"
+
+#include "platform/Utf16.h"
+
+#include <array>
+#include <utf8proc.h>
+
+namespace kvex {
+namespace {
+
+template <class Map> std::u16string mapped(std::u16string_view text, Map map) {
+    std::u16string result;
+    result.reserve(text.size());
+    for (std::size_t at = 0; at < text.size();) {
+        const auto character = static_cast<utf8proc_int32_t>(nextCharacter(text, at));
+        appendCharacter(result, static_cast<char32_t>(map(character)));
+    }
+    return result;
+}
+
+utf8proc_int32_t upper(utf8proc_int32_t character) {
+    // The library gives it the capital sharp s, which is no mapping of the standard's.
+    constexpr utf8proc_int32_t sharpS = 0x00DF;
+    return character == sharpS ? character : utf8proc_toupper(character);
+}
+
+/// The library's folding is the full one. Where that is longer than one character, the simple one
+/// is the lower case, but for the dotted capital I, which then has none.
+utf8proc_int32_t folded(utf8proc_int32_t character) {
+    constexpr utf8proc_int32_t dottedCapitalI = 0x0130;
+    std::array<utf8proc_int32_t, 4> full{};
+    int boundary = 0;
+    const utf8proc_ssize_t length =
+        utf8proc_decompose_char(character, full.data(), full.size(), UTF8PROC_CASEFOLD, &boundary);
+    if (length == 1) {
+        return full[0];
+    }
+    return character == dottedCapitalI ? character : utf8proc_tolower(character);
+}
+
+} // namespace
+
+std::u16string upperCase(std::u16string_view text) {
+    return mapped(text, upper);
+}
+
+std::u16string foldCase(std::u16string_view text) {
+    return mapped(text, folded);
+}
+
+} // namespace kvex

@@ -1,0 +1,57 @@
+#include "tests/toolkit/Conformance.h"
+
+#include "platform/Error.h"
+
+namespace kvex::test {
+
+void ToolkitConformance::SetUp() {
+    fixture_ = GetParam()();
+    const std::string own = testing::UnitTest::GetInstance()->current_test_info()->name();
+    for (const Deviation &deviation : fixture_->deviations()) {
+        if (own.starts_with(deviation.test + "/")) {
+            GTEST_SKIP() << "declared deviation: " << deviation.reason;
+        }
+    }
+}
+
+void ToolkitConformance::TearDown() {
+    EXPECT_EQ(fixture_->complaints(), "");
+    fixture_.reset();
+}
+
+std::unique_ptr<Window> ToolkitConformance::window(std::vector<ControlDesign> controls,
+                                                   std::u16string name) {
+    std::vector<Layout> pieces;
+    for (const ControlDesign &design : controls) {
+        if (design.kind != ControlKind::imageList) {
+            pieces.push_back(place(design.name));
+        }
+    }
+    return toolkit().createWindow(
+        {std::move(name), u"Test", std::move(controls), column(std::move(pieces))});
+}
+
+ControlDesign control(ControlKind kind, std::u16string name, std::u16string caption) {
+    return {kind, std::move(name), std::move(caption)};
+}
+
+ControlDesign disabled(ControlDesign design) {
+    design.enabled = false;
+    return design;
+}
+
+ControlDesign hidden(ControlDesign design) {
+    design.visible = false;
+    return design;
+}
+
+int errorOf(const std::function<void()> &action) {
+    try {
+        action();
+    } catch (const Error &error) {
+        return error.number();
+    }
+    return 0;
+}
+
+} // namespace kvex::test
