@@ -1,11 +1,11 @@
-// The object behind the public class RuleUI.
+// The class RuleUI at the component's boundary.
 #pragma once
 
 #include "platform/ComPointer.h"
 
 namespace kvex {
 
-/// A new RuleUI: its session's objects exist and nothing is open. Raises what their creation
+/// A new object of the class, giving IRuleUI and IRuleReader. Raises what creating its session
 /// raises.
 [[nodiscard]] ComPointer<IUnknown> createRuleUI();
 

@@ -26,6 +26,7 @@ constexpr std::array descriptions{
     NumberedText{error_number::invalidUseOfNull, u"Invalid use of Null"},
     NumberedText{error_number::invalidPropertyValue, u"Invalid property value"},
     NumberedText{error_number::cannotCreateObject, u"ActiveX component can't create object"},
+    NumberedText{error_number::automationError, u"Automation error"},
     NumberedText{error_number::controlNotFound, u"Control not found"},
     NumberedText{error_number::badArgument,
                  u"Arguments are of the wrong type, are out of acceptable range, or are in "

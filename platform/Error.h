@@ -20,6 +20,7 @@ inline constexpr std::int32_t objectNotSet = 91;
 inline constexpr std::int32_t invalidUseOfNull = 94;
 inline constexpr std::int32_t invalidPropertyValue = 380;
 inline constexpr std::int32_t cannotCreateObject = 429;
+inline constexpr std::int32_t automationError = 440;
 inline constexpr std::int32_t controlNotFound = 730;
 inline constexpr std::int32_t badArgument = 3001;
 inline constexpr std::int32_t noCurrentRecord = 3021;

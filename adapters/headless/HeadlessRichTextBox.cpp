@@ -36,19 +36,15 @@ std::size_t HeadlessRichTextBox::limit() const {
     return std::numeric_limits<std::size_t>::max();
 }
 
-const std::vector<Run> &HeadlessRichTextBox::runs() const {
-    runs_.clear();
+std::vector<TextRun> HeadlessRichTextBox::runs() const {
+    std::vector<TextRun> result;
     for (std::size_t at = 0; at < colours_.size(); ++at) {
-        if (runs_.empty() || runs_.back().colour != colours_[at]) {
-            runs_.push_back({{}, colours_[at]});
+        if (result.empty() || result.back().colour != colours_[at]) {
+            result.push_back({{}, colours_[at]});
         }
-        runs_.back().text.push_back(content()[at]);
+        result.back().text.push_back(content()[at]);
     }
-    return runs_;
-}
-
-const std::vector<Run> &runsOf(const RichTextBox &box) {
-    return dynamic_cast<const HeadlessRichTextBox &>(box).runs();
+    return result;
 }
 
 std::unique_ptr<RichTextBox> createRichTextBox() {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "adapters/headless/HeadlessControl.h"
-#include "adapters/headless/RichTextRuns.h"
+#include "adapters/headless/LooseTextBox.h"
 #include "adapters/headless/TextInput.h"
 
 namespace kvex::headless {
@@ -12,13 +12,12 @@ public:
     using HeadlessControl::HeadlessControl;
 
     [[nodiscard]] std::u16string text() const override { return content(); }
+    [[nodiscard]] std::vector<TextRun> runs() const override;
     void setText(const std::u16string &text) override;
     void setSelectionColour(Colour colour) override { inserted_ = colour; }
     void insertText(const std::u16string &text) override;
 
     bool press(Key key) override;
-
-    [[nodiscard]] const std::vector<Run> &runs() const;
 
 private:
     void replaced(std::size_t from, std::size_t length, std::size_t added) override;
@@ -29,8 +28,6 @@ private:
     /// One for each unit of the text.
     std::vector<Colour> colours_;
     Colour inserted_ = colour::black;
-    /// Of the text and its colours, as last asked for.
-    mutable std::vector<Run> runs_;
 };
 
 } // namespace kvex::headless

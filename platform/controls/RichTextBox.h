@@ -5,6 +5,8 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
+#include <vector>
 
 namespace kvex {
 
@@ -17,12 +19,22 @@ inline constexpr Colour blue = 0xFF0000;
 inline constexpr Colour red = 0x0000FF;
 } // namespace colour
 
+/// A piece of text in one colour.
+struct TextRun {
+    std::u16string text;
+    Colour colour;
+    friend bool operator==(const TextRun &, const TextRun &) = default;
+};
+
 class RichTextBox : public Control {
 public:
     /// The text changed, by the user or by code (only when it is another text).
     std::function<void()> onChange;
 
     [[nodiscard]] virtual std::u16string text() const = 0;
+    /// The text in pieces, neighbours of one colour joined, in the colours that were set, whatever
+    /// the theme makes of them.
+    [[nodiscard]] virtual std::vector<TextRun> runs() const = 0;
     /// Replaces the whole text and puts the caret at its end. A lone CR or LF in `text` is a
     /// line break, too.
     virtual void setText(const std::u16string &text) = 0;

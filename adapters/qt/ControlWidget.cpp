@@ -1,0 +1,70 @@
+#include "adapters/qt/ControlWidget.h"
+
+#include "adapters/qt/QText.h"
+#include "platform/Error.h"
+
+namespace kvex::qt {
+
+ControlWidget::ControlWidget(const ControlDesign &design, const std::u16string &window,
+                             QWidget &widget)
+    : name_(design.name), enabled_(true), visible_(design.visible), widget_(widget),
+      where_(window + u"." + design.name), disabledHint_(toQt(design.disabledHint)) {
+    widget_.setObjectName(toQt(name_));
+    widget_.hide();
+    if (!design.enabled) {
+        applyEnabled(false);
+    }
+}
+
+void ControlWidget::setPlaced() {
+    placed_ = true;
+    applyVisible(visible_);
+}
+
+void ControlWidget::setSpokenName(const QString &name) {
+    widget_.setAccessibleName(name);
+}
+
+void ControlWidget::applyEnabled(bool enabled) {
+    enabled_ = enabled;
+    if (!enabled) {
+        passFocusOn();
+    }
+    widget_.setEnabled(enabled);
+    widget_.setToolTip(enabled ? QString() : disabledHint_);
+}
+
+void ControlWidget::applyVisible(bool visible) {
+    visible_ = visible;
+    if (!visible) {
+        passFocusOn();
+    }
+    widget_.setVisible(visible && placed_);
+}
+
+void ControlWidget::giveFocus() {
+    if (!enabled_ || !visible_) {
+        throw Error(error_number::invalidCall);
+    }
+    focusTarget().setFocus(Qt::OtherFocusReason);
+}
+
+/// To the next control that Tab reaches.
+void ControlWidget::passFocusOn() {
+    const QWidget *const window = widget_.window();
+    QWidget *const focused = window->focusWidget();
+    if (focused == nullptr || (focused != &widget_ && !widget_.isAncestorOf(focused))) {
+        return;
+    }
+    for (QWidget *next = focused->nextInFocusChain(); next != focused;
+         next = next->nextInFocusChain()) {
+        const bool takesTab = (next->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
+        if (takesTab && !widget_.isAncestorOf(next) && next->isEnabled() &&
+            next->isVisibleTo(window)) {
+            next->setFocus(Qt::OtherFocusReason);
+            return;
+        }
+    }
+}
+
+} // namespace kvex::qt

@@ -1,0 +1,35 @@
+#include "adapters/qt/DateTimeEdit.h"
+
+#include "adapters/controls/PickerValue.h"
+
+#include <QCalendarWidget>
+#include <QSignalBlocker>
+#include <QTextCharFormat>
+
+namespace kvex::qt {
+
+DateTimeEdit::DateTimeEdit(QWidget *parent, const QString &format) : QDateTimeEdit(parent) {
+    setDisplayFormat(format);
+    setDateRange({controls::PickerValue::firstYear, 1, 1}, {controls::PickerValue::lastYear, 12, 31});
+    const bool showsDate = (displayedSections() & DateSections_Mask) != NoSection;
+    setCalendarPopup(showsDate);
+    if (showsDate) {
+        QCalendarWidget &calendar = *calendarWidget();
+        calendar.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+        // Red weekends would be the one colour that no theme chose.
+        calendar.setWeekdayTextFormat(Qt::Saturday, {});
+        calendar.setWeekdayTextFormat(Qt::Sunday, {});
+    }
+}
+
+void DateTimeEdit::show(const QDateTime &value) {
+    const QSignalBlocker quiet(this);
+    empty_ = !value.isValid();
+    setDateTime(empty_ ? dateTime() : value);
+}
+
+QString DateTimeEdit::textFromDateTime(const QDateTime &value) const {
+    return empty_ ? QString() : QDateTimeEdit::textFromDateTime(value);
+}
+
+} // namespace kvex::qt

@@ -1,0 +1,20 @@
+// Lays out a window's controls as its design says.
+#pragma once
+
+#include "adapters/qt/ControlWidget.h"
+#include "platform/controls/WindowDesign.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <string>
+
+namespace kvex::qt {
+
+/// Gives the control of a name, null when the window has none.
+using FindControl = std::function<ControlWidget *(const std::u16string &name)>;
+
+/// Lays out `layout` in `window`. A name without a control is left out.
+void buildLayout(QWidget &window, const Layout &layout, const FindControl &find);
+
+} // namespace kvex::qt

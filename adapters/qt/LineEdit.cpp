@@ -1,0 +1,162 @@
+#include "adapters/qt/LineEdit.h"
+
+#include "adapters/qt/Room.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QPointer>
+
+#include <limits>
+#include <memory>
+
+namespace kvex::qt {
+namespace {
+
+namespace code {
+constexpr int copy = 3;
+constexpr int backspace = 8;
+constexpr int paste = 22;
+constexpr int cut = 24;
+} // namespace code
+
+/// Whether the key event types its text, rather than commanding something.
+bool isTyping(const QKeyEvent &event) {
+    const auto held = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    const bool commands = held == Qt::ControlModifier || held == Qt::AltModifier;
+    return !event.text().isEmpty() && event.text().front().isPrint() && !commands;
+}
+
+} // namespace
+
+LineEdit::LineEdit(QWidget *parent, int limit, int columns)
+    : QLineEdit(parent), limit_(limit > 0 ? limit : std::numeric_limits<int>::max()),
+      columns_(columns) {
+    setMaxLength(std::numeric_limits<int>::max());
+    // A drop would bring text that the filter of pasting never sees.
+    setAcceptDrops(false);
+}
+
+QSize LineEdit::sizeHint() const {
+    return columns_ > 0 ? minimumSizeHint() : QLineEdit::sizeHint();
+}
+
+QSize LineEdit::minimumSizeHint() const {
+    QSize size = QLineEdit::minimumSizeHint();
+    if (columns_ > 0) {
+        const int oneCharacter = fontMetrics().maxWidth();
+        size.rwidth() += std::max(0, widthOf(columns_ + 1, *this) - oneCharacter);
+        size.rwidth() = std::max(size.width(), widthOf(columns_ + 1, *this) + 2 * size.height() / 3);
+    }
+    return size;
+}
+
+void LineEdit::keyPressEvent(QKeyEvent *event) {
+    if (event->matches(QKeySequence::Cut)) {
+        cutIfPassed();
+    } else if (event->matches(QKeySequence::Copy)) {
+        copyIfPassed();
+    } else if (event->matches(QKeySequence::Paste)) {
+        pasteIfPassed();
+    } else if (isReadOnly()) {
+        QLineEdit::keyPressEvent(event);
+    } else if (isTyping(*event)) {
+        insert(fitting(passed(event->text())));
+    } else if (event->key() != Qt::Key_Backspace || passes(code::backspace)) {
+        QLineEdit::keyPressEvent(event);
+    }
+}
+
+void LineEdit::inputMethodEvent(QInputMethodEvent *event) {
+    QInputMethodEvent kept(event->preeditString(), event->attributes());
+    kept.setCommitString(fitting(passed(event->commitString())), event->replacementStart(),
+                         event->replacementLength());
+    QLineEdit::inputMethodEvent(&kept);
+}
+
+/// The usual menu, with its clipboard commands asking, too.
+void LineEdit::contextMenuEvent(QContextMenuEvent *event) {
+    const std::unique_ptr<QMenu> menu(createStandardContextMenu());
+    const auto redirect = [this, &menu](const char *name, void (LineEdit::*command)()) {
+        if (auto *action = menu->findChild<QAction *>(QLatin1String(name))) {
+            action->disconnect(SIGNAL(triggered(bool)));
+            connect(action, &QAction::triggered, this, command);
+        }
+    };
+    redirect("edit-cut", &LineEdit::cutIfPassed);
+    redirect("edit-copy", &LineEdit::copyIfPassed);
+    redirect("edit-paste", &LineEdit::pasteIfPassed);
+    menu->exec(event->globalPos());
+}
+
+/// The middle button inserts the selection of another window: as if it were typed.
+void LineEdit::mouseReleaseEvent(QMouseEvent *event) {
+    const QClipboard &clipboard = *QGuiApplication::clipboard();
+    if (event->button() != Qt::MiddleButton || isReadOnly() || !clipboard.supportsSelection()) {
+        QLineEdit::mouseReleaseEvent(event);
+        return;
+    }
+    deselect();
+    setCursorPosition(cursorPositionAt(event->position().toPoint()));
+    insert(fitting(passed(clipboard.text(QClipboard::Selection))));
+}
+
+bool LineEdit::passes(int code) const {
+    return !filter_ || filter_(static_cast<std::int16_t>(code));
+}
+
+/// What the filter lets through of the characters typed; of a pair of surrogates all or nothing.
+QString LineEdit::passed(const QString &typed) const {
+    QString kept;
+    for (qsizetype at = 0; at < typed.size(); ++at) {
+        const bool isPair = typed.at(at).isHighSurrogate() && at + 1 < typed.size() &&
+                            typed.at(at + 1).isLowSurrogate();
+        bool passesWhole = passes(typed.at(at).unicode());
+        if (isPair) {
+            passesWhole = passes(typed.at(at + 1).unicode()) && passesWhole;
+        }
+        if (passesWhole) {
+            kept += typed.mid(at, isPair ? 2 : 1);
+        }
+        at += isPair ? 1 : 0;
+    }
+    return kept;
+}
+
+/// The beginning of `text`, up to its first line break, that the limit leaves room for beside
+/// what is not selected.
+QString LineEdit::fitting(const QString &text) const {
+    const qsizetype kept = this->text().size() - selectedText().size();
+    qsizetype room = std::max<qsizetype>(0, limit_ - kept);
+    for (const char16_t lineBreak : {u'\r', u'\n'}) {
+        const qsizetype end = text.indexOf(QChar(lineBreak));
+        room = end < 0 ? room : std::min(room, end);
+    }
+    if (room < text.size() && room > 0 && text.at(room - 1).isHighSurrogate()) {
+        --room;
+    }
+    return text.left(room);
+}
+
+void LineEdit::cutIfPassed() {
+    if (!isReadOnly() && passes(code::cut)) {
+        cut();
+    }
+}
+
+void LineEdit::copyIfPassed() {
+    if (passes(code::copy)) {
+        copy();
+    }
+}
+
+void LineEdit::pasteIfPassed() {
+    if (!isReadOnly() && passes(code::paste)) {
+        insert(fitting(QGuiApplication::clipboard()->text()));
+    }
+}
+
+} // namespace kvex::qt

@@ -1,0 +1,98 @@
+#include "adapters/qt/ListModel.h"
+
+#include "adapters/qt/Colours.h"
+#include "adapters/qt/Pictures.h"
+#include "adapters/qt/QText.h"
+
+#include <QGuiApplication>
+
+namespace kvex::qt {
+
+ListModel::ListModel(controls::ListRows &rows, const ControlDesign &design,
+                     const std::vector<Picture> &pictures)
+    : rows_(rows), greyedHint_(toQt(design.greyedRowHint)), checkBoxes_(design.checkBoxes),
+      rowPicture_(design.rowPicture) {
+    for (const Picture picture : pictures) {
+        pictures_.push_back(iconOf(picture));
+    }
+}
+
+int ListModel::rowCount(const QModelIndex &parent) const {
+    return parent.isValid() ? 0 : rows_.rowCount();
+}
+
+int ListModel::columnCount(const QModelIndex &parent) const {
+    return parent.isValid() ? 0 : rows_.columnCount();
+}
+
+QVariant ListModel::data(const QModelIndex &index, int role) const {
+    const int row = index.row() + 1;
+    const bool isFirst = index.column() == 0;
+    switch (role) {
+    case Qt::DisplayRole:
+        return toQt(rows_.cell(row, index.column() + 1));
+    case Qt::CheckStateRole:
+        return isFirst && checkBoxes_ ? QVariant(rows_.checked(row) ? Qt::Checked : Qt::Unchecked)
+                                      : QVariant();
+    case Qt::DecorationRole:
+        return isFirst ? picture(rowPicture_) : QVariant();
+    default:
+        return greyed(row, role);
+    }
+}
+
+bool ListModel::setData(const QModelIndex &index, const QVariant &value, int role) {
+    if (role != Qt::CheckStateRole || !checkBoxes_ || !index.isValid()) {
+        return false;
+    }
+    tick(index.row() + 1, value.value<Qt::CheckState>() == Qt::Checked);
+    return true;
+}
+
+QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || section >= rows_.columnCount()) {
+        return {};
+    }
+    const controls::ListRows::Column &column = rows_.column(section + 1);
+    switch (role) {
+    case Qt::DisplayRole:
+        return toQt(column.header);
+    case Qt::DecorationRole:
+        return picture(column.icon);
+    case Qt::TextAlignmentRole:
+        return QVariant(Qt::AlignLeading | Qt::AlignVCenter);
+    default:
+        return {};
+    }
+}
+
+Qt::ItemFlags ListModel::flags(const QModelIndex &index) const {
+    Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+    if (checkBoxes_ && index.column() == 0) {
+        flags |= Qt::ItemIsUserCheckable;
+    }
+    return flags;
+}
+
+QVariant ListModel::picture(int number) const {
+    const auto index = static_cast<std::size_t>(number) - 1;
+    return index < pictures_.size() ? QVariant(pictures_[index]) : QVariant();
+}
+
+/// What a greyed row has of its own: its colour, and the words that say what the colour says.
+QVariant ListModel::greyed(int row, int role) const {
+    if (rows_.rowColour(row) != RowColour::greyText) {
+        return {};
+    }
+    switch (role) {
+    case Qt::ForegroundRole:
+        return quieterText(QGuiApplication::palette(), QPalette::Text, QPalette::Base);
+    case Qt::AccessibleDescriptionRole:
+    case Qt::ToolTipRole:
+        return greyedHint_;
+    default:
+        return {};
+    }
+}
+
+} // namespace kvex::qt

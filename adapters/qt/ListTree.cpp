@@ -1,0 +1,145 @@
+#include "adapters/qt/ListTree.h"
+
+#include "adapters/qt/Room.h"
+
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QToolTip>
+
+#include <utility>
+
+namespace kvex::qt {
+
+ListTree::ListTree(QWidget *parent, int columns, int lines)
+    : QTreeView(parent), columns_(columns), lines_(lines) {
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setEditTriggers(NoEditTriggers);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    header()->setSectionResizeMode(QHeaderView::Fixed);
+    header()->setMinimumSectionSize(0);
+    header()->setStretchLastSection(false);
+    header()->setSectionsMovable(false);
+    header()->setHighlightSections(false);
+}
+
+void ListTree::noteSelection() {
+    deeds_.picked = true;
+    if (!busy_) {
+        tellDeeds();
+    }
+}
+
+void ListTree::noteTick(int row) {
+    deeds_.ticked = row;
+    if (!busy_) {
+        tellDeeds();
+    }
+}
+
+QRect ListTree::tickRect(const QModelIndex &row) const {
+    if (!row.data(Qt::CheckStateRole).isValid()) {
+        return {};
+    }
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.rect = visualRect(row);
+    option.index = row;
+    option.features |= QStyleOptionViewItem::HasCheckIndicator;
+    return style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, this);
+}
+
+QSize ListTree::sizeHint() const {
+    return minimumSizeHint();
+}
+
+QSize ListTree::minimumSizeHint() const {
+    constexpr int leastLines = 3;
+    const int rowHeight = fontMetrics().height() + fontMetrics().height() / 4;
+    const int headerHeight = isHeaderHidden() ? 0 : header()->sizeHint().height();
+    const int bar = verticalScrollBar()->sizeHint().width();
+    return {widthOf(columns_, *this) + 2 * frameWidth() + bar,
+            std::max(lines_, leastLines) * rowHeight + headerHeight + 2 * frameWidth()};
+}
+
+void ListTree::keyPressEvent(QKeyEvent *event) {
+    beforeAction();
+    busy_ = true;
+    QTreeView::keyPressEvent(event);
+    busy_ = false;
+    tellDeeds();
+}
+
+void ListTree::mousePressEvent(QMouseEvent *event) {
+    beforeAction();
+    busy_ = true;
+    pressed_ = indexAt(event->position().toPoint());
+    QTreeView::mousePressEvent(event);
+}
+
+void ListTree::mouseReleaseEvent(QMouseEvent *event) {
+    QTreeView::mouseReleaseEvent(event);
+    busy_ = false;
+    const bool isClick = event->button() == Qt::LeftButton && isOnRow(*event);
+    if (isClick && deeds_.ticked < 0 && !deeds_.doubleClicked && selectionModel()->isSelected(pressed_)) {
+        deeds_.picked = true;
+    }
+    tellDeeds();
+}
+
+void ListTree::mouseDoubleClickEvent(QMouseEvent *event) {
+    beforeAction();
+    busy_ = true;
+    const QPoint at = event->position().toPoint();
+    const QModelIndex index = indexAt(at);
+    pressed_ = index;
+    deeds_.doubleClicked = event->button() == Qt::LeftButton && index.isValid() &&
+                           !tickRect(index.siblingAtColumn(0)).contains(at);
+    QTreeView::mouseDoubleClickEvent(event);
+}
+
+/// A text that is cut is shown whole as its tool tip.
+bool ListTree::viewportEvent(QEvent *event) {
+    if (event->type() == QEvent::ToolTip) {
+        const auto &help = static_cast<const QHelpEvent &>(*event);
+        const QModelIndex index = indexAt(help.pos());
+        const bool isCut =
+            index.isValid() && sizeHintForIndex(index).width() > visualRect(index).width();
+        if (isCut && !index.data(Qt::ToolTipRole).isValid()) {
+            QToolTip::showText(help.globalPos(), index.data().toString().toHtmlEscaped(), this);
+            return true;
+        }
+    }
+    return QTreeView::viewportEvent(event);
+}
+
+void ListTree::resizeEvent(QResizeEvent *event) {
+    QTreeView::resizeEvent(event);
+    resized();
+}
+
+bool ListTree::isOnRow(const QMouseEvent &event) const {
+    const QModelIndex index = indexAt(event.position().toPoint());
+    return index.isValid() && index == pressed_;
+}
+
+/// Handlers run here, when no code of the view is under way: they may change the rows, show other
+/// windows, or close this one.
+void ListTree::tellDeeds() {
+    const Deeds done = std::exchange(deeds_, {});
+    if (done.ticked >= 0) {
+        rowTicked(done.ticked);
+    }
+    if (done.picked) {
+        rowPicked();
+    }
+    if (done.doubleClicked) {
+        rowDoubleClicked();
+    }
+}
+
+} // namespace kvex::qt

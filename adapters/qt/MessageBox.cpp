@@ -1,0 +1,31 @@
+#include "adapters/qt/MessageBox.h"
+
+#include "adapters/controls/LineBreaks.h"
+#include "adapters/qt/QText.h"
+#include "adapters/qt/QtApplication.h"
+#include "platform/controls/Toolkit.h"
+
+#include <QMessageBox>
+
+namespace kvex::qt {
+
+std::int32_t showMessageBox(const std::u16string &title, const std::u16string &text,
+                            std::int32_t style) {
+    const bool asks = style == message_box::yesNo;
+    QMessageBox box(windowToShowOver());
+    box.setObjectName(QStringLiteral("messageBox"));
+    box.setAttribute(Qt::WA_QuitOnClose, false);
+    box.setWindowTitle(toQt(title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(toQt(controls::withCrLf(text)).remove(u'\r'));
+    box.setIcon(style == message_box::exclamation ? QMessageBox::Warning : QMessageBox::NoIcon);
+    box.setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
+    box.setEscapeButton(asks ? QMessageBox::No : QMessageBox::Ok);
+    const int answer = box.exec();
+    if (!asks) {
+        return message_box::ok;
+    }
+    return answer == QMessageBox::Yes ? message_box::yes : message_box::no;
+}
+
+} // namespace kvex::qt

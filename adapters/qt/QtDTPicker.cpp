@@ -1,0 +1,61 @@
+#include "adapters/qt/QtDTPicker.h"
+
+#include "adapters/qt/QText.h"
+
+#include <QHBoxLayout>
+
+namespace kvex::qt {
+
+QtDTPicker::QtDTPicker(const ControlDesign &design, const std::u16string &window, QWidget &parent)
+    : WidgetControl(design, window, *new QWidget(&parent), design.hour, design.minute,
+                    design.second),
+      tick_(*new QCheckBox(&widget())),
+      field_(*new DateTimeEdit(&widget(), toQt(design.format))) {
+    tick_.setObjectName(toQt(name_ + u"HasValue"));
+    field_.setObjectName(toQt(name_ + u"Value"));
+    auto &row = *new QHBoxLayout(&widget());
+    row.setContentsMargins(0, 0, 0, 0);
+    row.addWidget(&tick_);
+    row.addWidget(&field_, 1);
+    valueSet();
+    QObject::connect(&tick_, &QCheckBox::clicked, &tick_, [this] { ticked(); });
+    QObject::connect(&field_, &QDateTimeEdit::dateTimeChanged, &field_,
+                     [this](const QDateTime &value) { edited(value); });
+}
+
+QWidget &QtDTPicker::focusTarget() const {
+    return hasValue() ? static_cast<QWidget &>(field_) : tick_;
+}
+
+void QtDTPicker::setSpokenName(const QString &name) {
+    field_.setAccessibleName(name);
+    tick_.setAccessibleName(name + QStringLiteral(": has a value"));
+}
+
+void QtDTPicker::valueSet() {
+    tick_.setChecked(hasValue());
+    field_.setEnabled(hasValue());
+    field_.show(hasValue() ? QDateTime(QDate(year(), month(), day()),
+                                       QTime(hour(), minute(), second()), Qt::UTC)
+                           : QDateTime());
+    widget().setFocusProxy(&focusTarget());
+}
+
+void QtDTPicker::ticked() {
+    if (tick_.isChecked()) {
+        restoreValue();
+    } else {
+        clearValue();
+    }
+    run(onChange);
+}
+
+void QtDTPicker::edited(const QDateTime &value) {
+    const QDate date = value.date();
+    const QTime time = value.time();
+    setDate(date.year(), date.month(), date.day());
+    setTime(time.hour(), time.minute(), time.second());
+    run(onChange);
+}
+
+} // namespace kvex::qt

@@ -1,0 +1,158 @@
+#include "adapters/qt/QtListView.h"
+
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QScopedValueRollback>
+
+namespace kvex::qt {
+
+QtListView::QtListView(const ControlDesign &design, const std::u16string &window, QWidget &parent,
+                       const std::vector<Picture> &pictures)
+    : WidgetControl(design, window, *new ListTree(&parent, design.columns, design.lines),
+                    design.multiSelect),
+      model_(*this, design, pictures) {
+    ListTree &tree = shown();
+    tree.setHeaderHidden(!design.columnHeaders);
+    tree.setModel(&model_);
+    setListener(this);
+
+    model_.tick = [this](int row, bool checked) { tick(row, checked); };
+    tree.beforeAction = [this] {
+        shown().setSelectionMode(multiSelect() ? QTreeView::ExtendedSelection
+                                               : QTreeView::SingleSelection);
+    };
+    tree.rowTicked = [this](int row) { run(onItemCheck, row + 1); };
+    tree.rowPicked = [this] { tellPicked(); };
+    tree.rowDoubleClicked = [this] { run(onDoubleClick); };
+    tree.resized = [this] { divideWidth(); };
+    QObject::connect(tree.selectionModel(), &QItemSelectionModel::selectionChanged, &tree,
+                     [this](const auto &selected, const auto &deselected) {
+                         takeSelection(selected, deselected);
+                     });
+}
+
+void QtListView::aboutToInsertRow(int row) {
+    showing_ = true;
+    model_.aboutToInsertRow(row);
+}
+
+void QtListView::rowInserted() {
+    model_.rowInserted();
+    showing_ = false;
+}
+
+void QtListView::aboutToRemoveRow(int row) {
+    showing_ = true;
+    model_.aboutToRemoveRow(row);
+}
+
+void QtListView::rowRemoved() {
+    model_.rowRemoved();
+    showSelection();
+}
+
+void QtListView::aboutToReorder() {
+    showing_ = true;
+    shown().selectionModel()->clear();
+    model_.aboutToReorder();
+}
+
+void QtListView::reordered() {
+    model_.reordered();
+    showSelection();
+}
+
+void QtListView::aboutToReset() {
+    showing_ = true;
+    model_.aboutToReset();
+}
+
+void QtListView::reset() {
+    model_.reset();
+    divideWidth();
+    showSelection();
+}
+
+void QtListView::rowSelectedByCode(int row) {
+    if (!taking_) {
+        shown().scrollTo(model_.index(row - 1, 0));
+    }
+}
+
+/// Makes the view show the rows' selection.
+void QtListView::showSelection() {
+    if (taking_) {
+        return;
+    }
+    showing_ = true;
+    QItemSelection all;
+    const int current = selectedRow();
+    if (multiSelect() && current > 0) {
+        for (int row = 1; row <= rowCount(); ++row) {
+            if (selected(row)) {
+                const QModelIndex index = model_.index(row - 1, 0);
+                all.select(index, index);
+            }
+        }
+    } else if (current > 0) {
+        const QModelIndex index = model_.index(current - 1, 0);
+        all.select(index, index);
+    }
+    QItemSelectionModel &selection = *shown().selectionModel();
+    if (current > 0) {
+        selection.setCurrentIndex(model_.index(current - 1, 0), QItemSelectionModel::NoUpdate);
+    }
+    selection.select(all, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    showing_ = false;
+}
+
+/// Makes the rows' selection the one that the user made in the view.
+void QtListView::takeSelection(const QItemSelection &selected, const QItemSelection &deselected) {
+    if (showing_) {
+        return;
+    }
+    const QScopedValueRollback<bool> taking(taking_, true);
+    for (const QItemSelectionRange &range : deselected) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            deselect(row + 1);
+        }
+    }
+    for (const QItemSelectionRange &range : selected) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            select(row + 1);
+        }
+    }
+    if (!selected.isEmpty()) {
+        shown().noteSelection();
+    }
+}
+
+void QtListView::tellPicked() {
+    // Of a range the row that the user went to counts as selected last.
+    const QModelIndex current = shown().currentIndex();
+    if (current.isValid() && selected(current.row() + 1) && multiSelect()) {
+        const QScopedValueRollback<bool> taking(taking_, true);
+        select(current.row() + 1);
+    }
+    if (const int row = selectedRow(); row > 0) {
+        run(onItemClick, row);
+    }
+}
+
+void QtListView::tick(int row, bool checked) {
+    setChecked(row, checked);
+    shown().noteTick(row - 1);
+}
+
+void QtListView::divideWidth() {
+    const int width = shown().viewport()->width();
+    for (int column = 1; column <= columnCount(); ++column) {
+        const double share = this->column(column).width;
+        shown().header()->setSectionHidden(column - 1, share <= 0);
+        if (share > 0) {
+            shown().header()->resizeSection(column - 1, static_cast<int>(share * width));
+        }
+    }
+}
+
+} // namespace kvex::qt

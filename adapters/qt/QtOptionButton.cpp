@@ -1,0 +1,25 @@
+#include "adapters/qt/QtOptionButton.h"
+
+#include "adapters/qt/AccessKey.h"
+#include "adapters/qt/QText.h"
+
+namespace kvex::qt {
+
+QtOptionButton::QtOptionButton(const ControlDesign &design, const std::u16string &window,
+                               QWidget &parent, QButtonGroup &group)
+    : WidgetControl(design, window, *new QRadioButton(toQt(design.caption), &parent)) {
+    group.addButton(&shown());
+    shown().setChecked(design.selected);
+    clickByAccessKey(shown());
+    QObject::connect(&shown(), &QRadioButton::clicked, &shown(), [this] { run(onClick); });
+}
+
+std::u16string QtOptionButton::caption() const {
+    return fromQt(shown().text());
+}
+
+void QtOptionButton::setCaption(const std::u16string &caption) {
+    shown().setText(toQt(caption));
+}
+
+} // namespace kvex::qt

@@ -1,0 +1,134 @@
+#include "adapters/qt/TextView.h"
+
+#include "adapters/controls/LineBreaks.h"
+#include "adapters/qt/Colours.h"
+#include "adapters/qt/QText.h"
+#include "adapters/qt/Room.h"
+
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QStyle>
+#include <QTextBlock>
+
+namespace kvex::qt {
+namespace {
+
+/// The colour that was asked for, beside the one drawn.
+constexpr int meaning = QTextFormat::UserProperty;
+
+QBrush drawn(Colour colour, const QPalette &palette) {
+    const QColor wanted(static_cast<int>(colour & 0xFF), static_cast<int>(colour >> 8 & 0xFF),
+                        static_cast<int>(colour >> 16 & 0xFF));
+    return readable(wanted, palette.color(QPalette::Active, QPalette::Base));
+}
+
+/// Black has no colour of its own: it is the theme's text colour.
+QTextCharFormat formatFor(Colour colour, const QPalette &palette) {
+    QTextCharFormat format;
+    if (colour != colour::black) {
+        format.setProperty(meaning, colour);
+        format.setForeground(drawn(colour, palette));
+    }
+    return format;
+}
+
+Colour meant(const QTextCharFormat &format) {
+    return format.property(meaning).value<Colour>();
+}
+
+void addTo(std::vector<TextRun> &runs, const std::u16string &text, Colour colour) {
+    if (runs.empty() || runs.back().colour != colour) {
+        runs.push_back({{}, colour});
+    }
+    runs.back().text += text;
+}
+
+} // namespace
+
+TextView::TextView(QWidget *parent, int columns, int lines)
+    : QTextEdit(parent), columns_(columns), lines_(lines) {
+    setAcceptRichText(false);
+    setTabChangesFocus(true);
+}
+
+std::u16string TextView::content() const {
+    // Unlike the plain text, the raw text keeps no-break spaces.
+    QString raw = document()->toRawText();
+    raw.replace(QChar::ParagraphSeparator, QChar::LineFeed);
+    return controls::withCrLf(fromQt(raw));
+}
+
+std::vector<TextRun> TextView::runs() const {
+    std::vector<TextRun> runs;
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        if (block != document()->begin()) {
+            addTo(runs, u"\r\n", meant(block.charFormat()));
+        }
+        for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
+            addTo(runs, fromQt(piece.fragment().text()), meant(piece.fragment().charFormat()));
+        }
+    }
+    return runs;
+}
+
+void TextView::setContent(const std::u16string &text) {
+    // Else the text would come in the colour of what it replaces.
+    setCurrentCharFormat({});
+    setPlainText(toQt(text));
+    moveCursor(QTextCursor::End);
+}
+
+void TextView::insert(const std::u16string &text, Colour colour) {
+    QTextCursor caret = textCursor();
+    caret.insertText(toQt(text), formatFor(colour, palette()));
+    setTextCursor(caret);
+}
+
+QSize TextView::sizeHint() const {
+    return columns_ > 0 || lines_ > 0 ? minimumSizeHint() : QTextEdit::sizeHint();
+}
+
+QSize TextView::minimumSizeHint() const {
+    const QSize least = QTextEdit::minimumSizeHint();
+    const int around = 2 * (frameWidth() + qRound(document()->documentMargin()));
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    return {columns_ > 0 ? widthOf(columns_, *this) + around + bar : least.width(),
+            lines_ > 0 ? heightOf(lines_, *this) + around : least.height()};
+}
+
+void TextView::keyPressEvent(QKeyEvent *event) {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && isReadOnly()) {
+        event->ignore();
+    } else if (isEnter) {
+        // With Shift it would be a line separator, which is no line break of the text.
+        QKeyEvent plain(event->type(), event->key(), Qt::NoModifier, event->text());
+        QTextEdit::keyPressEvent(&plain);
+    } else {
+        QTextEdit::keyPressEvent(event);
+    }
+}
+
+void TextView::changeEvent(QEvent *event) {
+    QTextEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        adaptColours();
+    }
+}
+
+void TextView::adaptColours() {
+    QTextCursor cursor(document());
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
+            const QTextCharFormat format = piece.fragment().charFormat();
+            if (format.hasProperty(meaning)) {
+                cursor.setPosition(piece.fragment().position());
+                cursor.setPosition(piece.fragment().position() + piece.fragment().length(),
+                                   QTextCursor::KeepAnchor);
+                cursor.mergeCharFormat(formatFor(meant(format), palette()));
+            }
+        }
+    }
+}
+
+} // namespace kvex::qt

@@ -1,0 +1,33 @@
+// The connection that every database shares: it picks the provider and holds its driver.
+#pragma once
+
+#include "adapters/recordset/Driver.h"
+#include "platform/Database.h"
+
+#include <memory>
+#include <vector>
+
+namespace kvex::recordset {
+
+class ClientConnection final : public Connection {
+public:
+    /// The first provider that accepts a connection string opens it.
+    explicit ClientConnection(std::vector<Provider> providers) : providers_(std::move(providers)) {}
+
+    void open(std::u16string_view connectionString, std::u16string_view userId,
+              std::u16string_view password, std::int32_t options) override;
+    [[nodiscard]] ObjectState state() const override;
+    void close() override;
+
+    /// For the record sets opened on it: expires when the connection closes. Fails with
+    /// objectClosed when it is not open.
+    [[nodiscard]] std::weak_ptr<Driver> driver() const;
+
+private:
+    [[nodiscard]] const Provider &providerOf(const ConnectionString &connectionString) const;
+
+    std::vector<Provider> providers_;
+    std::shared_ptr<Driver> driver_;
+};
+
+} // namespace kvex::recordset

@@ -1,0 +1,97 @@
+#include "adapters/recordset/ClientCursor.h"
+
+#include "adapters/recordset/EqualIgnoringCase.h"
+#include "platform/Error.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+namespace kvex::recordset {
+
+ClientCursor::ClientCursor(RowStore rows) : rows_(std::move(rows)), removed_(rows_.rowCount()) {}
+
+std::size_t ClientCursor::columnOf(std::u16string_view name) const {
+    const auto found = std::ranges::find_if(
+        columns(), [name](const Column &column) { return equalIgnoringCase(column.name, name); });
+    if (found == columns().end()) {
+        throw Error(error_number::itemNotFound,
+                    u"The query has no column " + std::u16string(name) + u".");
+    }
+    return static_cast<std::size_t>(found - columns().begin());
+}
+
+void ClientCursor::moveNext() {
+    if (atEnd()) {
+        throw Error(error_number::noCurrentRecord);
+    }
+    current_ = firstKept(current_ + 1);
+}
+
+void ClientCursor::find(const FindCriterion &criterion, std::size_t skip) {
+    const std::size_t column = columnOf(criterion.column());
+    std::size_t row = firstKept(current_);
+    for (; skip > 0 && row < rows_.rowCount(); --skip) {
+        row = firstKept(row + 1);
+    }
+    if (const auto *number = std::get_if<std::int64_t>(&criterion.wanted())) {
+        if (const auto &index = indexOf(column)) {
+            current_ = index->find(*number, row).value_or(rows_.rowCount());
+            return;
+        }
+    }
+    while (row < rows_.rowCount() && !criterion.matches(rows_.value(row, column))) {
+        row = firstKept(row + 1);
+    }
+    current_ = row;
+}
+
+void ClientCursor::requireCurrent() const {
+    if (atEnd() || removed_[current_]) {
+        throw Error(error_number::noCurrentRecord);
+    }
+}
+
+void ClientCursor::set(std::size_t column, const ValueView &value) {
+    updateIndex(column, value);
+    rows_.set(current_, column, value);
+}
+
+void ClientCursor::removeCurrent() {
+    for (std::size_t column = 0; column < columns().size(); ++column) {
+        updateIndex(column, ValueView());
+    }
+    removed_[current_] = true;
+    ++removedCount_;
+}
+
+void ClientCursor::append() {
+    current_ = rows_.rowCount();
+    rows_.appendRow();
+    removed_.push_back(false);
+}
+
+std::size_t ClientCursor::firstKept(std::size_t from) const {
+    while (from < rows_.rowCount() && removed_[from]) {
+        ++from;
+    }
+    return from;
+}
+
+const std::optional<IntegerIndex> &ClientCursor::indexOf(std::size_t column) {
+    const auto found = indexes_.find(column);
+    if (found != indexes_.end()) {
+        return found->second;
+    }
+    return indexes_.emplace(column, IntegerIndex::of(rows_, column, removed_)).first->second;
+}
+
+void ClientCursor::updateIndex(std::size_t column, const ValueView &now) {
+    const auto found = indexes_.find(column);
+    if (found != indexes_.end() && found->second &&
+        !found->second->replace(current_, value(column), now)) {
+        found->second.reset();
+    }
+}
+
+} // namespace kvex::recordset

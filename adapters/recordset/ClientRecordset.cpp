@@ -1,0 +1,278 @@
+#include "adapters/recordset/ClientRecordset.h"
+
+#include "adapters/recordset/ClientConnection.h"
+#include "platform/Error.h"
+#include "platform/Text.h"
+
+#include <type_traits>
+#include <utility>
+
+namespace kvex::recordset {
+namespace {
+
+ValueView viewOf(const Value &value) {
+    return std::visit([](const auto &held) { return ValueView(ValueView::Held(held)); }, value);
+}
+
+/// No database keeps an unpaired surrogate, so it must not look kept until the next reading.
+Value storable(const Value &value) {
+    if (const auto *text = std::get_if<std::u16string>(&value)) {
+        return fromUtf8(toUtf8(*text));
+    }
+    return value;
+}
+
+[[noreturn]] void failRemoved() {
+    throw Error(rowChangedByAnother, u"Another program has removed this record: close the window "
+                                     u"and open it again.");
+}
+
+auto &required(auto &opened) {
+    if (!opened) {
+        throw Error(error_number::objectClosed);
+    }
+    return *opened;
+}
+
+} // namespace
+
+void ClientRecordset::setCursorLocation(CursorLocation /*location*/) {
+    if (opened_) {
+        throw Error(error_number::objectOpen);
+    }
+}
+
+void ClientRecordset::open(std::u16string_view source, Connection &connection,
+                           CursorType /*cursor*/, LockType lock, std::int32_t /*options*/) {
+    if (opened_) {
+        throw Error(error_number::objectOpen);
+    }
+    const auto *client = dynamic_cast<const ClientConnection *>(&connection);
+    if (!client) {
+        throw Error(error_number::badArgument);
+    }
+    std::weak_ptr<Driver> driver = client->driver();
+    RowStore rows;
+    driver.lock()->query({std::u16string(source), {}}, rows);
+    opened_.emplace(Opened{ClientCursor(std::move(rows)), std::move(driver), lock, {}, false});
+}
+
+ObjectState ClientRecordset::state() const {
+    return opened_ ? ObjectState::open : ObjectState::closed;
+}
+
+void ClientRecordset::close() {
+    static_cast<void>(opened());
+    opened_.reset();
+}
+
+bool ClientRecordset::bof() const {
+    return eof() && opened().cursor.count() == 0;
+}
+
+bool ClientRecordset::eof() const {
+    return !opened().isNew && opened().cursor.atEnd();
+}
+
+std::int32_t ClientRecordset::recordCount() const {
+    return static_cast<std::int32_t>(opened().cursor.count());
+}
+
+void ClientRecordset::moveFirst() {
+    opened().discardPending();
+    opened().cursor.moveFirst();
+}
+
+void ClientRecordset::moveNext() {
+    opened().discardPending();
+    opened().cursor.moveNext();
+}
+
+void ClientRecordset::find(std::u16string_view criterion, std::int32_t skip) {
+    opened().discardPending();
+    if (skip < 0) {
+        throw Error(error_number::badArgument);
+    }
+    opened().cursor.find(FindCriterion(criterion), static_cast<std::size_t>(skip));
+}
+
+ValueView ClientRecordset::field(std::u16string_view name) const {
+    const Opened &open = opened();
+    const std::size_t column = open.cursor.columnOf(name);
+    if (!open.isNew) {
+        open.cursor.requireCurrent();
+    }
+    const auto pending = open.changes.find(column);
+    if (pending != open.changes.end()) {
+        return viewOf(pending->second);
+    }
+    return open.isNew ? ValueView() : open.cursor.value(column);
+}
+
+void ClientRecordset::setField(std::u16string_view name, const Value &value) {
+    Opened &open = opened();
+    const std::size_t column = open.cursor.columnOf(name);
+    if (!open.isNew) {
+        open.cursor.requireCurrent();
+    }
+    Value stored = storable(value);
+    if (!open.isNew && open.cursor.value(column).held() == viewOf(stored).held()) {
+        open.changes.erase(column);
+    } else {
+        open.changes.insert_or_assign(column, std::move(stored));
+    }
+}
+
+void ClientRecordset::addNew() {
+    opened().discardPending();
+    opened().isNew = true;
+}
+
+void ClientRecordset::update() {
+    Opened &open = opened();
+    if (open.isNew) {
+        open.insert();
+    } else if (!open.changes.empty()) {
+        open.write();
+    }
+}
+
+void ClientRecordset::deleteCurrent() {
+    Opened &open = opened();
+    open.requireRow();
+    const std::shared_ptr<Driver> driver = open.connected();
+    const BaseTable table = open.writable();
+    if (driver->execute(deleteRow(table.name, open.keyOf(table))) == 0) {
+        failRemoved();
+    }
+    open.discardPending();
+    open.cursor.removeCurrent();
+}
+
+void ClientRecordset::resyncCurrent() {
+    Opened &open = opened();
+    open.requireRow();
+    const std::shared_ptr<Driver> driver = open.connected();
+    const BaseTable table = BaseTable::of(open.cursor.columns());
+    std::vector<std::size_t> columns;
+    std::vector<std::u16string_view> names;
+    for (std::size_t column = 0; column < open.cursor.columns().size(); ++column) {
+        if (const std::u16string_view name = open.cursor.columns()[column].baseColumn;
+            !name.empty()) {
+            columns.push_back(column);
+            names.push_back(name);
+        }
+    }
+    RowStore row;
+    driver->query(selectRow(table.name, names, open.keyOf(table)), row);
+    if (row.rowCount() == 0) {
+        failRemoved();
+    }
+    open.discardPending();
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        open.cursor.set(columns[i], row.value(0, i));
+    }
+}
+
+const ClientRecordset::Opened &ClientRecordset::opened() const {
+    return required(opened_);
+}
+
+ClientRecordset::Opened &ClientRecordset::opened() {
+    return required(opened_);
+}
+
+void ClientRecordset::Opened::discardPending() {
+    changes.clear();
+    isNew = false;
+}
+
+void ClientRecordset::Opened::requireRow() const {
+    if (isNew) {
+        throw Error(error_number::noCurrentRecord);
+    }
+    cursor.requireCurrent();
+}
+
+std::shared_ptr<Driver> ClientRecordset::Opened::connected() const {
+    std::shared_ptr<Driver> connected = driver.lock();
+    if (!connected) {
+        throw Error(error_number::objectClosed);
+    }
+    return connected;
+}
+
+BaseTable ClientRecordset::Opened::writable() const {
+    if (lock == LockType::readOnly) {
+        throw Error(error_number::badArgument,
+                    u"The record set was opened for reading only: open it with another lock.");
+    }
+    return BaseTable::of(cursor.columns());
+}
+
+RowKey ClientRecordset::Opened::keyOf(const BaseTable &table) const {
+    RowKey key;
+    for (const std::size_t column : table.key) {
+        key.push_back({cursor.columns()[column].baseColumn, cursor.value(column)});
+    }
+    return key;
+}
+
+std::vector<Assignment> ClientRecordset::Opened::assignments() const {
+    std::vector<Assignment> assignments;
+    for (const auto &[index, value] : changes) {
+        const Column &column = cursor.columns()[index];
+        if (column.baseColumn.empty()) {
+            throw Error(error_number::badArgument,
+                        u"The column " + column.name +
+                            u" is computed by the query and cannot be written.");
+        }
+        assignments.push_back({column.baseColumn, viewOf(value)});
+    }
+    return assignments;
+}
+
+void ClientRecordset::Opened::insert() {
+    const std::shared_ptr<Driver> database = connected();
+    const BaseTable table = writable();
+    std::vector<std::u16string_view> keyColumns;
+    for (const std::size_t column : table.key) {
+        keyColumns.push_back(cursor.columns()[column].baseColumn);
+    }
+    const std::vector<Value> key = database->insert(table.name, assignments(), keyColumns);
+    cursor.append();
+    holdChanges();
+    for (std::size_t i = 0; i < key.size(); ++i) {
+        cursor.set(table.key[i], viewOf(key[i]));
+    }
+}
+
+void ClientRecordset::Opened::write() {
+    const std::shared_ptr<Driver> database = connected();
+    const BaseTable table = writable();
+    const std::vector<Assignment> values = assignments();
+    std::vector<Assignment> read;
+    for (const auto &change : changes) {
+        read.push_back({cursor.columns()[change.first].baseColumn, cursor.value(change.first)});
+    }
+    if (database->execute(updateRow(*database, table.name, values, keyOf(table), read)) == 0) {
+        throw Error(rowChangedByAnother,
+                    u"Another program has changed or removed this record. Nothing was stored: "
+                    u"close the window, open it again and repeat the change.");
+    }
+    holdChanges();
+}
+
+void ClientRecordset::Opened::holdChanges() {
+    for (const auto &[changed, value] : changes) {
+        // A query can name one column twice.
+        for (std::size_t column = 0; column < cursor.columns().size(); ++column) {
+            if (cursor.columns()[column].baseColumn == cursor.columns()[changed].baseColumn) {
+                cursor.set(column, viewOf(value));
+            }
+        }
+    }
+    discardPending();
+}
+
+} // namespace kvex::recordset

@@ -1,0 +1,75 @@
+// The client-side record set that every database shares.
+#pragma once
+
+#include "adapters/recordset/BaseTable.h"
+#include "adapters/recordset/ClientCursor.h"
+#include "adapters/recordset/Driver.h"
+#include "adapters/recordset/RowStatements.h"
+#include "platform/Database.h"
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace kvex::recordset {
+
+/// Opens on a ClientConnection; on a connection of another class it fails with badArgument.
+class ClientRecordset final : public Recordset {
+public:
+    void setCursorLocation(CursorLocation location) override;
+    void open(std::u16string_view source, Connection &connection, CursorType cursor, LockType lock,
+              std::int32_t options) override;
+    [[nodiscard]] ObjectState state() const override;
+    void close() override;
+
+    [[nodiscard]] bool bof() const override;
+    [[nodiscard]] bool eof() const override;
+    [[nodiscard]] std::int32_t recordCount() const override;
+
+    void moveFirst() override;
+    void moveNext() override;
+    void find(std::u16string_view criterion, std::int32_t skip) override;
+
+    [[nodiscard]] ValueView field(std::u16string_view name) const override;
+    void setField(std::u16string_view name, const Value &value) override;
+
+    void addNew() override;
+    void update() override;
+    void deleteCurrent() override;
+    void resyncCurrent() override;
+
+private:
+    struct Opened {
+        ClientCursor cursor;
+        std::weak_ptr<Driver> driver;
+        LockType lock;
+        /// The values set and not yet written, by column.
+        std::map<std::size_t, Value> changes;
+        /// They are those of a new record; the cursor stays where it was before.
+        bool isNew = false;
+
+        void discardPending();
+        /// Fails with noCurrentRecord unless a row of the table is the current record.
+        void requireRow() const;
+        /// Fails with objectClosed when the connection has closed.
+        [[nodiscard]] std::shared_ptr<Driver> connected() const;
+        /// Fails with badArgument when the rows cannot be written.
+        [[nodiscard]] BaseTable writable() const;
+        [[nodiscard]] RowKey keyOf(const BaseTable &table) const;
+        /// Of the changes; fails with badArgument when one is to a computed column.
+        [[nodiscard]] std::vector<Assignment> assignments() const;
+        void insert();
+        void write();
+        /// Makes the changes part of the current row.
+        void holdChanges();
+    };
+
+    [[nodiscard]] const Opened &opened() const;
+    [[nodiscard]] Opened &opened();
+
+    std::optional<Opened> opened_;
+};
+
+} // namespace kvex::recordset

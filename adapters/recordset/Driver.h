@@ -1,0 +1,85 @@
+// What a database must do for the client-side record sets, and how a connection finds it.
+#pragma once
+
+#include "adapters/recordset/ConnectionString.h"
+#include "platform/Value.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kvex::recordset {
+
+/// One column of a query's result.
+struct Column {
+    /// As the query names it.
+    std::u16string name;
+    /// The table and its column that the values come from, as a statement must write them
+    /// (qualified, quoted); both empty for an expression.
+    std::u16string table;
+    std::u16string baseColumn;
+    /// When the column is part of its table's primary key: of how many columns that key is
+    /// made. Otherwise 0.
+    std::size_t keyParts = 0;
+};
+
+/// Takes a query's result: first its columns, then the rows, value by value from left to right.
+class RowSink {
+public:
+    virtual void columns(std::vector<Column> columns) = 0;
+    virtual void null() = 0;
+    virtual void integer(std::int64_t number) = 0;
+    virtual void number(double number) = 0;
+    /// Copies `text`.
+    virtual void text(std::u16string_view text) = 0;
+
+protected:
+    ~RowSink() = default;
+};
+
+/// A statement with one "?" for each parameter. The parameters are the caller's.
+struct Statement {
+    std::u16string text;
+    std::vector<ValueView> parameters;
+};
+
+/// A column's name as a statement must write it, and the value it gets.
+struct Assignment {
+    std::u16string_view column;
+    ValueView value;
+};
+
+/// One open connection to one database; its destruction closes it. Each call is a transaction of
+/// its own. What the database refuses is thrown as an Error with the provider's negative number
+/// and a description that says what to do; nothing was written then.
+class Driver {
+public:
+    virtual ~Driver() = default;
+
+    /// Delivers the whole result. A statement that has none is not run: badArgument.
+    virtual void query(const Statement &statement, RowSink &sink) = 0;
+    /// How many rows the statement found to write, changed in fact or not.
+    virtual std::int64_t execute(const Statement &statement) = 0;
+    /// Inserts a row with these values and the table's defaults; gives the values that
+    /// `keyColumns` have in it.
+    virtual std::vector<Value> insert(std::u16string_view table,
+                                      const std::vector<Assignment> &values,
+                                      const std::vector<std::u16string_view> &keyColumns) = 0;
+    /// The condition, with one "?", that `column` still holds exactly the value that was read
+    /// and is not Null: for text every character counts, whatever the column's collation.
+    [[nodiscard]] virtual std::u16string stillHolds(std::u16string_view column,
+                                                    const ValueView &read) const = 0;
+};
+
+/// A kind of database.
+struct Provider {
+    /// How its connection strings are written, for the user: "Provider=SQLite;Data Source=PATH".
+    std::u16string_view form;
+    bool (*accepts)(const ConnectionString &connectionString);
+    /// Fails as Connection::open does. User id and password are in the string as UID and PWD.
+    std::unique_ptr<Driver> (*connect)(const ConnectionString &connectionString);
+};
+
+} // namespace kvex::recordset

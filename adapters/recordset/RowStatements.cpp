@@ -1,0 +1,80 @@
+#include "adapters/recordset/RowStatements.h"
+
+namespace kvex::recordset {
+namespace {
+
+void append(Statement &statement, std::u16string_view separator, std::u16string_view text,
+            const ValueView &parameter) {
+    statement.text.append(separator).append(text);
+    statement.parameters.push_back(parameter);
+}
+
+void appendKey(Statement &statement, const RowKey &key) {
+    std::u16string_view separator = u" WHERE ";
+    for (const Assignment &part : key) {
+        append(statement, separator, std::u16string(part.column) + u" = ?", part.value);
+        separator = u" AND ";
+    }
+}
+
+} // namespace
+
+std::u16string listed(const std::vector<std::u16string_view> &names) {
+    std::u16string list;
+    for (const std::u16string_view name : names) {
+        list.append(list.empty() ? u"" : u", ").append(name);
+    }
+    return list;
+}
+
+Statement selectRow(std::u16string_view table, const std::vector<std::u16string_view> &columns,
+                    const RowKey &key) {
+    Statement statement{u"SELECT " + listed(columns) + u" FROM " + std::u16string(table), {}};
+    appendKey(statement, key);
+    return statement;
+}
+
+Statement updateRow(const Driver &driver, std::u16string_view table,
+                    const std::vector<Assignment> &changes, const RowKey &key,
+                    const std::vector<Assignment> &read) {
+    Statement statement{u"UPDATE " + std::u16string(table), {}};
+    std::u16string_view separator = u" SET ";
+    for (const Assignment &change : changes) {
+        append(statement, separator, std::u16string(change.column) + u" = ?", change.value);
+        separator = u", ";
+    }
+    appendKey(statement, key);
+    for (const Assignment &held : read) {
+        if (held.value.isNull()) {
+            statement.text.append(u" AND ").append(held.column).append(u" IS NULL");
+        } else {
+            append(statement, u" AND ", driver.stillHolds(held.column, held.value), held.value);
+        }
+    }
+    return statement;
+}
+
+Statement deleteRow(std::u16string_view table, const RowKey &key) {
+    Statement statement{u"DELETE FROM " + std::u16string(table), {}};
+    appendKey(statement, key);
+    return statement;
+}
+
+Statement insertRow(std::u16string_view table, const std::vector<Assignment> &values,
+                    std::u16string_view emptyRow) {
+    Statement statement{u"INSERT INTO " + std::u16string(table) + u" ", {}};
+    if (values.empty()) {
+        statement.text.append(emptyRow);
+        return statement;
+    }
+    std::vector<std::u16string_view> columns;
+    for (const Assignment &value : values) {
+        columns.push_back(value.column);
+        statement.parameters.push_back(value.value);
+    }
+    const std::vector<std::u16string_view> marks(values.size(), u"?");
+    statement.text.append(u"(" + listed(columns) + u") VALUES (" + listed(marks) + u")");
+    return statement;
+}
+
+} // namespace kvex::recordset

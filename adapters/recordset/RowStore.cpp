@@ -1,0 +1,71 @@
+#include "adapters/recordset/RowStore.h"
+
+#include <algorithm>
+#include <type_traits>
+
+namespace kvex::recordset {
+namespace {
+
+constexpr std::size_t chunkLength = 32 * 1024;
+
+} // namespace
+
+RowStore::Cell RowStore::cellOf(std::int64_t number) {
+    Cell cell;
+    cell.kind = Kind::integer;
+    cell.integer = number;
+    return cell;
+}
+
+RowStore::Cell RowStore::cellOf(double number) {
+    Cell cell;
+    cell.kind = Kind::number;
+    cell.number = number;
+    return cell;
+}
+
+RowStore::Cell RowStore::cellOf(std::u16string_view text) {
+    if (text.size() > freeLength_) {
+        const std::size_t length = std::max(text.size(), chunkLength);
+        chunks_.push_back(std::make_unique_for_overwrite<char16_t[]>(length));
+        free_ = chunks_.back().get();
+        freeLength_ = length;
+    }
+    Cell cell;
+    cell.kind = Kind::text;
+    cell.length = static_cast<std::uint32_t>(text.size());
+    cell.text = free_;
+    std::ranges::copy(text, free_);
+    free_ += text.size();
+    freeLength_ -= text.size();
+    return cell;
+}
+
+ValueView RowStore::value(std::size_t row, std::size_t column) const {
+    const Cell &cell = cells_[row * columns_.size() + column];
+    switch (cell.kind) {
+    case Kind::integer:
+        return ValueView(cell.integer);
+    case Kind::number:
+        return ValueView(cell.number);
+    case Kind::text:
+        return ValueView(std::u16string_view(cell.text, cell.length));
+    case Kind::null:
+        break;
+    }
+    return {};
+}
+
+void RowStore::set(std::size_t row, std::size_t column, const ValueView &value) {
+    cells_[row * columns_.size() + column] = std::visit(
+        [this](auto held) {
+            if constexpr (std::is_same_v<decltype(held), Null>) {
+                return Cell();
+            } else {
+                return cellOf(held);
+            }
+        },
+        value.held());
+}
+
+} // namespace kvex::recordset

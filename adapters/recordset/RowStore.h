@@ -1,0 +1,56 @@
+// The rows of a query, kept compactly in memory.
+#pragma once
+
+#include "adapters/recordset/Driver.h"
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace kvex::recordset {
+
+/// A value takes 16 bytes; texts lie one behind the other in chunks. A text stays where it is,
+/// replaced ones too, until the store goes.
+class RowStore final : public RowSink {
+public:
+    void columns(std::vector<Column> columns) override { columns_ = std::move(columns); }
+    void null() override { cells_.emplace_back(); }
+    void integer(std::int64_t number) override { cells_.push_back(cellOf(number)); }
+    void number(double number) override { cells_.push_back(cellOf(number)); }
+    void text(std::u16string_view text) override { cells_.push_back(cellOf(text)); }
+
+    [[nodiscard]] const std::vector<Column> &columns() const noexcept { return columns_; }
+    [[nodiscard]] std::size_t rowCount() const noexcept {
+        return columns_.empty() ? 0 : cells_.size() / columns_.size();
+    }
+    [[nodiscard]] ValueView value(std::size_t row, std::size_t column) const;
+    void set(std::size_t row, std::size_t column, const ValueView &value);
+    /// A row of Nulls behind the last one.
+    void appendRow() { cells_.resize(cells_.size() + columns_.size()); }
+
+private:
+    enum class Kind : std::uint32_t { null, integer, number, text };
+    struct Cell {
+        Kind kind = Kind::null;
+        std::uint32_t length = 0;
+        union {
+            std::int64_t integer = 0;
+            double number;
+            const char16_t *text;
+        };
+    };
+    static_assert(sizeof(Cell) == 16);
+
+    static Cell cellOf(std::int64_t number);
+    static Cell cellOf(double number);
+    Cell cellOf(std::u16string_view text);
+
+    std::vector<Column> columns_;
+    std::vector<Cell> cells_;
+    std::vector<std::unique_ptr<char16_t[]>> chunks_;
+    char16_t *free_ = nullptr;
+    std::size_t freeLength_ = 0;
+};
+
+} // namespace kvex::recordset

@@ -1,0 +1,119 @@
+#include "adapters/sqlite/Database.h"
+
+#include "adapters/sqlite/SqliteError.h"
+#include "adapters/sqlite/SqliteStatement.h"
+#include "platform/Text.h"
+
+#include <sqlite3.h>
+
+#include <filesystem>
+
+namespace kvex::sqlite {
+namespace {
+
+/// What SQLite reports when it may not write the file or beside it.
+bool isForbidden(const Error &error) {
+    const int code = (error.number() - errorBase) & 0xFF;
+    return error.fromDatabase() && (code == SQLITE_CANTOPEN || code == SQLITE_READONLY);
+}
+
+std::string unchangingUri(const std::string &path) {
+    std::string uri = "file:";
+    for (const char byte : path) {
+        switch (byte) {
+        case '%':
+            uri += "%25";
+            break;
+        case '?':
+            uri += "%3f";
+            break;
+        case '#':
+            uri += "%23";
+            break;
+        default:
+            uri += byte;
+        }
+    }
+    return uri + "?immutable=1";
+}
+
+} // namespace
+
+void Database::Closer::operator()(sqlite3 *handle) const noexcept {
+    sqlite3_close(handle);
+}
+
+Database::Database(std::u16string_view name, int busyTimeout, Missing missing)
+    : name_(name), busyTimeout_(busyTimeout) {
+    const int create = missing == Missing::create ? SQLITE_OPEN_CREATE : 0;
+    open(toUtf8(name_), SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI | create);
+    try {
+        execute("PRAGMA schema_version");
+    } catch (const Error &error) {
+        if (!isForbidden(error)) {
+            throw;
+        }
+        openUnchanging();
+    }
+    if (missing == Missing::refuse && isEmptyFile()) {
+        throw errorWith(SQLITE_NOTADB,
+                        u"The file " + name_ +
+                            u" is empty: name the server's database file, or create the tables "
+                            u"with kvexrules init.");
+    }
+    writeAhead();
+    execute("PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON");
+}
+
+Error Database::lastError() const {
+    return errorOf(sqlite3_extended_errcode(handle()), name_, fromUtf8(sqlite3_errmsg(handle())));
+}
+
+void Database::execute(const char *statements) const {
+    if (sqlite3_exec(handle(), statements, nullptr, nullptr, nullptr) != SQLITE_OK) {
+        throw lastError();
+    }
+}
+
+void Database::open(const std::string &path, int flags) {
+    sqlite3 *opened = nullptr;
+    const int code = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
+    handle_.reset(opened);
+    if (code != SQLITE_OK) {
+        throw errorOf(code, name_, fromUtf8(sqlite3_errstr(code)));
+    }
+    sqlite3_extended_result_codes(handle(), 1);
+    sqlite3_busy_timeout(handle(), busyTimeout_);
+}
+
+void Database::openUnchanging() {
+    const char *file = sqlite3_db_filename(handle(), "main");
+    const std::string path = file ? file : "";
+    if (path.empty() || std::filesystem::exists(path + "-wal")) {
+        throw lastError();
+    }
+    open(unchangingUri(path), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
+    execute("PRAGMA schema_version");
+}
+
+bool Database::isEmptyFile() const {
+    const char *file = sqlite3_db_filename(handle(), "main");
+    SqliteStatement pages(*this, u"PRAGMA page_count");
+    return file && *file && pages.step() && sqlite3_column_int(pages.handle(), 0) == 0;
+}
+
+void Database::writeAhead() const {
+    if (sqlite3_db_readonly(handle(), "main") == 1) {
+        return;
+    }
+    try {
+        execute("PRAGMA journal_mode = WAL");
+    } catch (const Error &error) {
+        // The file may be written, its folder not: it can still be read.
+        if (!isForbidden(error)) {
+            throw;
+        }
+    }
+}
+
+} // namespace kvex::sqlite

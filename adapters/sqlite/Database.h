@@ -1,0 +1,47 @@
+// An open SQLite database, set up as the system wants it.
+#pragma once
+
+#include "platform/Error.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+struct sqlite3;
+
+namespace kvex::sqlite {
+
+/// Writes ahead to a log with full synchronisation, enforces foreign keys and waits for locks.
+class Database {
+public:
+    enum class Missing { refuse, create };
+
+    /// Opens the file, "file:" URI or ":memory:" that `name` is. Fails with the provider's number
+    /// for a file that is missing (unless `missing` creates it) or empty (likewise), is no
+    /// database, is damaged or locked. What may not be written opens for reading; where its
+    /// folder may not be written either and no log lies there, the file is taken as one that
+    /// nobody changes.
+    Database(std::u16string_view name, int busyTimeout, Missing missing = Missing::refuse);
+
+    [[nodiscard]] sqlite3 *handle() const noexcept { return handle_.get(); }
+    /// What the last failed call on the handle reported.
+    [[nodiscard]] Error lastError() const;
+    /// Runs statements without parameters and results.
+    void execute(const char *statements) const;
+
+private:
+    struct Closer {
+        void operator()(sqlite3 *handle) const noexcept;
+    };
+
+    void open(const std::string &path, int flags);
+    void openUnchanging();
+    [[nodiscard]] bool isEmptyFile() const;
+    void writeAhead() const;
+
+    std::u16string name_;
+    int busyTimeout_;
+    std::unique_ptr<sqlite3, Closer> handle_;
+};
+
+} // namespace kvex::sqlite

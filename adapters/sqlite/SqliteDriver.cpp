@@ -1,0 +1,113 @@
+#include "adapters/sqlite/SqliteDriver.h"
+
+#include "adapters/recordset/RowStatements.h"
+#include "adapters/recordset/RowStore.h"
+#include "adapters/sqlite/ResultColumns.h"
+#include "adapters/sqlite/SqliteStatement.h"
+#include "platform/Error.h"
+#include "platform/Text.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <string>
+
+namespace kvex::sqlite {
+namespace {
+
+/// Hands UTF-8 on as UTF-16. Most texts are ASCII, for which one buffer serves all.
+class Utf16Converter {
+public:
+    void deliver(std::string_view utf8, recordset::RowSink &sink) {
+        ascii_.resize(utf8.size());
+        unsigned char seen = 0;
+        for (std::size_t i = 0; i < utf8.size(); ++i) {
+            const auto byte = static_cast<unsigned char>(utf8[i]);
+            seen = static_cast<unsigned char>(seen | byte);
+            ascii_[i] = byte;
+        }
+        if (seen < 0x80) {
+            sink.text(ascii_);
+        } else {
+            sink.text(fromUtf8(utf8));
+        }
+    }
+
+private:
+    std::u16string ascii_;
+};
+
+std::string_view bytesOf(const void *data, sqlite3_stmt *row, int column) {
+    return {static_cast<const char *>(data),
+            static_cast<std::size_t>(sqlite3_column_bytes(row, column))};
+}
+
+void deliver(sqlite3_stmt *row, int column, Utf16Converter &converter, recordset::RowSink &sink) {
+    switch (sqlite3_column_type(row, column)) {
+    case SQLITE_INTEGER:
+        sink.integer(sqlite3_column_int64(row, column));
+        break;
+    case SQLITE_FLOAT:
+        sink.number(sqlite3_column_double(row, column));
+        break;
+    case SQLITE_TEXT:
+        converter.deliver(bytesOf(sqlite3_column_text(row, column), row, column), sink);
+        break;
+    case SQLITE_BLOB:
+        converter.deliver(bytesOf(sqlite3_column_blob(row, column), row, column), sink);
+        break;
+    default:
+        sink.null();
+    }
+}
+
+} // namespace
+
+void SqliteDriver::query(const recordset::Statement &statement, recordset::RowSink &sink) {
+    SqliteStatement query(database_, statement.text);
+    if (sqlite3_column_count(query.handle()) == 0) {
+        throw Error(error_number::badArgument,
+                    u"The statement gives no rows: write a query, SELECT.");
+    }
+    query.bind(statement.parameters);
+    // The columns are those of the schema that the first step finds.
+    bool row = query.step();
+    sink.columns(resultColumns(database_, query));
+    const int count = sqlite3_column_count(query.handle());
+    for (Utf16Converter converter; row; row = query.step()) {
+        for (int column = 0; column < count; ++column) {
+            deliver(query.handle(), column, converter, sink);
+        }
+    }
+}
+
+std::int64_t SqliteDriver::execute(const recordset::Statement &statement) {
+    SqliteStatement command(database_, statement.text);
+    command.bind(statement.parameters);
+    while (command.step()) {
+    }
+    return sqlite3_changes64(database_.handle());
+}
+
+std::vector<Value> SqliteDriver::insert(std::u16string_view table,
+                                        const std::vector<recordset::Assignment> &values,
+                                        const std::vector<std::u16string_view> &keyColumns) {
+    recordset::Statement insertion = recordset::insertRow(table, values, u"DEFAULT VALUES");
+    insertion.text.append(u" RETURNING ").append(recordset::listed(keyColumns));
+    recordset::RowStore inserted;
+    query(insertion, inserted);
+    std::vector<Value> key;
+    for (std::size_t column = 0; column < keyColumns.size(); ++column) {
+        key.push_back(inserted.value(0, column).owned());
+    }
+    return key;
+}
+
+std::u16string SqliteDriver::stillHolds(std::u16string_view column, const ValueView &read) const {
+    // A BLOB is read as text, and a column's collation can take different texts for equal.
+    return std::holds_alternative<std::u16string_view>(read.held())
+               ? u"CAST(" + std::u16string(column) + u" AS TEXT) = ? COLLATE BINARY"
+               : std::u16string(column) + u" = ?";
+}
+
+} // namespace kvex::sqlite

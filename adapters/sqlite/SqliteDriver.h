@@ -1,0 +1,25 @@
+// The record sets' driver over one SQLite database.
+#pragma once
+
+#include "adapters/recordset/Driver.h"
+#include "adapters/sqlite/Database.h"
+
+namespace kvex::sqlite {
+
+class SqliteDriver final : public recordset::Driver {
+public:
+    explicit SqliteDriver(Database database) : database_(std::move(database)) {}
+
+    void query(const recordset::Statement &statement, recordset::RowSink &sink) override;
+    std::int64_t execute(const recordset::Statement &statement) override;
+    std::vector<Value> insert(std::u16string_view table,
+                              const std::vector<recordset::Assignment> &values,
+                              const std::vector<std::u16string_view> &keyColumns) override;
+    [[nodiscard]] std::u16string stillHolds(std::u16string_view column,
+                                            const ValueView &read) const override;
+
+private:
+    Database database_;
+};
+
+} // namespace kvex::sqlite

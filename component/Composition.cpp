@@ -1,0 +1,46 @@
+#include "component/Composition.h"
+
+#include "adapters/classserver/server/ModulePath.h"
+#include "adapters/headless/LooseTextBox.h"
+#include "adapters/qt/QtToolkit.h"
+#include "adapters/recordset/ClientConnection.h"
+#include "adapters/recordset/ClientRecordset.h"
+#include "adapters/sqlite/Provider.h"
+#include "component/HostObjects.h"
+
+namespace kvex {
+namespace {
+
+class Composition final : public Platform {
+public:
+    std::unique_ptr<Utility> createUtility() override { return createHostUtility(); }
+
+    std::unique_ptr<Connection> createConnection() override {
+        return std::make_unique<recordset::ClientConnection>(
+            std::vector<recordset::Provider>{sqlite::provider()});
+    }
+
+    std::unique_ptr<Recordset> createRecordset() override {
+        return std::make_unique<recordset::ClientRecordset>();
+    }
+
+    std::unique_ptr<AddressBook> createAddressBook() override { return createHostAddressBook(); }
+
+    Toolkit &toolkit() override { return toolkit_; }
+
+    std::unique_ptr<RichTextBox> createTextBox() override { return headless::createRichTextBox(); }
+
+    std::u16string componentDirectory() override { return modulePath().parent_path().u16string(); }
+
+private:
+    qt::QtToolkit toolkit_;
+};
+
+} // namespace
+
+Platform &composition() {
+    static Composition platform;
+    return platform;
+}
+
+} // namespace kvex

@@ -1,0 +1,38 @@
+// The class RuleUI without its boundary: the life of a session, and the rules window in it.
+#pragma once
+
+#include "platform/Platform.h"
+
+#include <cstdint>
+#include <string>
+
+namespace kvex {
+
+/// What is trapped is in the error log. Not copied; one thread.
+class RuleUI {
+public:
+    /// Makes the objects of this thread's session from `platform`, which must outlive this, and
+    /// opens nothing. Raises what making them raises.
+    explicit RuleUI(Platform &platform);
+    RuleUI(const RuleUI &) = delete;
+    RuleUI &operator=(const RuleUI &) = delete;
+
+    /// Opens the session and shows the rules window for the user, with the rule editor on
+    /// `RuleID` or, when that is "", on a new rule. 99 when something was changed, 1 when nothing
+    /// was, 0 after a trapped error; what was open then stays open. A second call fails so: the
+    /// session is open until release.
+    std::int32_t ShowRules(const std::u16string &UserId, const std::u16string &RuleID);
+
+    /// Opens the session alone; false after a trapped error.
+    bool OpenRules();
+
+    /// Closes the connection, then the record sets, which stay readable without it until then,
+    /// and releases all. To be called once, last; raises what closing raises.
+    void release();
+};
+
+/// Loads the rule into the rule state and describes it into `target`. False when there is no
+/// rule with this id. Raises objectClosed before the session is open.
+bool describeRule(const std::u16string &ruleId, RichTextBox &target);
+
+} // namespace kvex

@@ -1,0 +1,14 @@
+#include "component/Session.h"
+
+namespace kvex {
+
+Session &session() noexcept {
+    thread_local Session current;
+    return current;
+}
+
+std::int32_t showMessage(const std::u16string &text, std::int32_t style) {
+    return session().objUtility->showMessageBox(text, style);
+}
+
+} // namespace kvex

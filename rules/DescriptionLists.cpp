@@ -1,0 +1,87 @@
+#include "rules/DescriptionLists.h"
+
+#include "component/ErrorTrap.h"
+#include "platform/Error.h"
+#include "platform/Text.h"
+#include "rules/Lookups.h"
+#include "rules/RuleState.h"
+#include "rules/StoredMoment.h"
+
+namespace kvex {
+namespace {
+
+constexpr std::u16string_view andSeparator = u" and ";
+
+std::u16string_view separatorFor(std::int16_t all) {
+    return all == 1 ? andSeparator : u" or ";
+}
+
+/// The items of `list` as `shown` gives them, joined. What `shown` raises is trapped under `sub`.
+template <class Shown>
+std::u16string joinedList(std::u16string_view sub, std::u16string_view list,
+                          std::u16string_view separator, Shown &&shown) {
+    std::u16string result;
+    trapErrors(sub, u"General", [&] {
+        if (list.empty()) {
+            return;
+        }
+        bool first = true;
+        for (const auto item : split(list, u';')) {
+            const std::u16string text(shown(item));
+            result.append(first ? u"" : separator).append(text);
+            first = false;
+        }
+    });
+    return result;
+}
+
+constexpr auto asWritten = [](std::u16string_view item) { return item; };
+constexpr auto accountName = [](std::u16string_view id) { return GetAccountName(toInt32(id)); };
+constexpr auto userName = [](std::u16string_view id) { return GetUserName(toInt32(id)); };
+
+} // namespace
+
+std::u16string BuildPeopleList() {
+    const RuleState &rule = ruleState();
+    return joinedList(u"BuildPeopleList", rule.strPeople, separatorFor(rule.intPeopleAll),
+                      asWritten);
+}
+
+std::u16string BuildAccountList() {
+    const RuleState &rule = ruleState();
+    return joinedList(u"BuildAccountList", rule.varAccounts, separatorFor(rule.intAccountAll),
+                      accountName);
+}
+
+std::u16string BuildWordList() {
+    const RuleState &rule = ruleState();
+    return joinedList(u"BuildWordList", rule.strWords, separatorFor(rule.intWordsAll), asWritten);
+}
+
+std::u16string BuildDistributionList() {
+    return joinedList(u"BuildDistributionList", ruleState().strDistribution, andSeparator,
+                      userName);
+}
+
+std::u16string BuildAlertList() {
+    return joinedList(u"BuildAlertList", ruleState().strAlertRecipients, andSeparator, asWritten);
+}
+
+std::u16string BuildDateTimeList() {
+    std::u16string result;
+    trapErrors(u"BuildDateTimeList", u"General", [&] {
+        const std::u16string_view range = ruleState().strDateTime;
+        if (range.empty()) {
+            return;
+        }
+        const std::size_t comma = range.find(u',');
+        if (comma == std::u16string_view::npos) {
+            throw Error(error_number::typeMismatch);
+        }
+        const auto start = shownMoment(range.substr(0, comma));
+        result = start + u" to " + shownMoment(range.substr(comma + 1));
+    });
+    return result;
+}
+
+} // namespace kvex

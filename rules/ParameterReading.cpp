@@ -1,0 +1,135 @@
+#include "platform/Error.h"
+#include "platform/Text.h"
+#include "rules/ParameterStrings.h"
+#include "rules/ParameterTags.h"
+
+#include <limits>
+#include <optional>
+
+namespace kvex {
+namespace {
+
+constexpr auto npos = std::u16string_view::npos;
+
+/// Positions count from 1 and are kept in 16 bits; nothing found is 0.
+std::int16_t position(std::size_t found, std::size_t beyond = 0) {
+    if (found == npos) {
+        return 0;
+    }
+    if (found + 1 + beyond > std::size_t{std::numeric_limits<std::int16_t>::max()}) {
+        throw Error(error_number::overflow);
+    }
+    return static_cast<std::int16_t>(found + 1 + beyond);
+}
+
+/// What stands between the tag's first opening and its first closing; none where it does not
+/// open.
+std::optional<std::u16string_view> contentOf(std::u16string_view field, const ParameterTag &tag) {
+    const std::size_t opening = field.find(tag.opening);
+    if (opening == npos) {
+        return std::nullopt;
+    }
+    const std::int16_t start = position(opening, tag.opening.size());
+    const std::int16_t end = position(field.find(tag.closing));
+    if (end < start) {
+        throw Error(error_number::invalidCall);
+    }
+    return field.substr(static_cast<std::size_t>(start - 1), static_cast<std::size_t>(end - start));
+}
+
+std::int16_t flag(std::u16string_view head, std::u16string_view mark) {
+    return head.find(mark) == npos ? 0 : 1;
+}
+
+std::u16string_view behind(std::u16string_view text, std::size_t length) {
+    return text.substr(std::min(length, text.size()));
+}
+
+/// The two modifiers and the list behind them. The modifiers are taken by position, whatever
+/// stands there.
+void readList(std::u16string_view content, std::u16string &list, std::int16_t &negated,
+              std::int16_t &all) {
+    const auto head = content.substr(0, modifier::length);
+    if (!content.empty()) {
+        all = flag(head, modifier::all);
+        negated = flag(head, modifier::negated);
+    }
+    list = behind(content, modifier::length);
+}
+
+void readWords(std::u16string_view content, RuleState &rule) {
+    const auto head = content.substr(0, modifier::lengthWithCommand);
+    if (content.empty()) {
+        rule.strWords.clear();
+        return;
+    }
+    rule.intWordsAll = flag(head, modifier::all);
+    rule.intWordsNot = flag(head, modifier::negated);
+    rule.intAsCommand = flag(head, modifier::asCommand);
+    rule.strWords =
+        behind(content, rule.intAsCommand == 1 ? modifier::lengthWithCommand : modifier::length);
+}
+
+/// Cuts `text` at its first ";" and gives what stood before it; all of it where there is none.
+std::u16string_view takePart(std::u16string_view &text) {
+    const std::size_t at = text.find(u';');
+    const auto part = text.substr(0, at);
+    text = at == npos ? std::u16string_view() : text.substr(at + 1);
+    return part;
+}
+
+} // namespace
+
+void readQueryParam(std::u16string_view queryParam, RuleState &rule) {
+    rule.blnAllMessages = queryParam.find(parameter_tag::allMessages) != npos;
+    if (rule.blnAllMessages) {
+        return;
+    }
+    const auto listOf = [&](const ParameterTag &tag) {
+        auto content = contentOf(queryParam, tag);
+        if (content) {
+            content = withoutTrailingSeparator(*content);
+        }
+        return content;
+    };
+    if (const auto content = listOf(parameter_tag::ignoreIfService)) {
+        rule.strIgnoreIfService = *content;
+    }
+    if (const auto content = listOf(parameter_tag::people)) {
+        readList(*content, rule.strPeople, rule.intPeopleNot, rule.intPeopleAll);
+    }
+    if (const auto content = listOf(parameter_tag::account)) {
+        readList(*content, rule.varAccounts, rule.intAccountNot, rule.intAccountAll);
+    }
+    if (const auto content = listOf(parameter_tag::word)) {
+        readWords(*content, rule);
+    }
+    if (const auto content = listOf(parameter_tag::dateTime)) {
+        rule.strDateTime = *content;
+    }
+}
+
+void readActionParam(std::u16string_view actionParam, RuleState &rule) {
+    if (const auto content = contentOf(actionParam, parameter_tag::distribute)) {
+        rule.strDistribution = withoutTrailingSeparator(*content);
+    }
+    if (const auto content = contentOf(actionParam, parameter_tag::reply)) {
+        auto rest = trimmed(*content);
+        rule.strReplyText = withoutTrailingSeparator(takePart(rest));
+        rule.strReplyAccount = withoutTrailingSeparator(rest);
+    }
+    if (const auto content = contentOf(actionParam, parameter_tag::alert)) {
+        auto rest = trimmed(*content);
+        rule.strAlertText = takePart(rest);
+        rule.strAlertAccount = withoutTrailingSeparator(takePart(rest));
+        rule.strAlertRecipients = withoutTrailingSeparator(rest);
+    }
+    if (const auto content = contentOf(actionParam, parameter_tag::deleteIt)) {
+        rule.varDelete = withoutTrailingSeparator(trimmed(*content));
+    }
+    if (const auto content = contentOf(actionParam, parameter_tag::ignoreFurtherRules)) {
+        rule.strIgnoreFurtherRules = withoutTrailingSeparator(trimmed(*content));
+    }
+}
+
+} // namespace kvex

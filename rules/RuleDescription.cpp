@@ -1,0 +1,126 @@
+#include "rules/RuleDescription.h"
+
+#include "component/ErrorTrap.h"
+#include "platform/Text.h"
+#include "rules/DescriptionLists.h"
+#include "rules/Lookups.h"
+#include "rules/RuleState.h"
+
+namespace kvex {
+namespace {
+
+const std::u16string lineBreak = u"\r\n";
+
+class DescriptionWriter {
+public:
+    explicit DescriptionWriter(RichTextBox &target) : target_(target) {
+        target_.setText({});
+        target_.setSelectionColour(colour::black);
+    }
+
+    void write(const std::u16string &text) { target_.insertText(text); }
+
+    void write(const std::u16string &text, Colour shade) {
+        target_.setSelectionColour(shade);
+        target_.insertText(text);
+        target_.setSelectionColour(colour::black);
+    }
+
+    void writeQuoted(const std::u16string &value) { write(u"'" + value + u"'", colour::blue); }
+
+    void writeConditions(const RuleState &rule);
+    void writeActions(const RuleState &rule);
+
+private:
+    RichTextBox &target_;
+};
+
+std::u16string notIf(std::int16_t negated) {
+    return negated == 1 ? u"not " : u"";
+}
+
+std::u16string accountOf(const std::u16string &id) {
+    return GetAccountName(toInt32(id));
+}
+
+void DescriptionWriter::writeConditions(const RuleState &rule) {
+    if (rule.blnAllMessages) {
+        write(lineBreak + u"For ALL Messages");
+        return;
+    }
+    bool more = false;
+    const auto lead = [&] {
+        const std::u16string words = more ? u"and the message" : u"If the message";
+        more = true;
+        return lineBreak + words;
+    };
+    if (rule.strIgnoreIfService == u"YES") {
+        write(lead() + u" is not a Service message ");
+    }
+    if (!rule.strPeople.empty()) {
+        write(lead() + u" is " + notIf(rule.intPeopleNot) + u"from ");
+        write(BuildPeopleList(), colour::blue);
+    }
+    if (!rule.varAccounts.empty()) {
+        write(lead() + u" is " + notIf(rule.intAccountNot) + u"received through ");
+        write(BuildAccountList(), colour::blue);
+    }
+    if (!rule.strWords.empty()) {
+        write(lead() + u" " + (rule.intWordsNot == 1 ? u"does not contain " : u"contains ") +
+              u"the words ");
+        write(rule.intAsCommand == 1 ? u" (as SMS Command) " : u"", colour::red);
+        write(BuildWordList(), colour::blue);
+    }
+    if (!rule.strDateTime.empty()) {
+        write(lead() + u" is received between ");
+        write(BuildDateTimeList(), colour::blue);
+    }
+}
+
+void DescriptionWriter::writeActions(const RuleState &rule) {
+    bool more = false;
+    const auto lead = [&] {
+        const std::u16string words = more ? u"and" : u"Then";
+        more = true;
+        return lineBreak + words;
+    };
+    if (!rule.strDistribution.empty()) {
+        write(lead() + u" distribute the message to ");
+        write(BuildDistributionList(), colour::blue);
+    }
+    if (!rule.strReplyText.empty()) {
+        write(lead() + u" send Reply ");
+        writeQuoted(rule.strReplyText);
+        write(u" to the Sender through Account ");
+        writeQuoted(accountOf(rule.strReplyAccount));
+    }
+    if (!rule.strAlertRecipients.empty()) {
+        write(lead() + u" send Alert ");
+        writeQuoted(rule.strAlertText);
+        write(u" through the Account ");
+        writeQuoted(accountOf(rule.strAlertAccount));
+        write(u" to ");
+        write(BuildAlertList(), colour::blue);
+    }
+    if (rule.varDelete == u"YES") {
+        write(lead() + u" Delete it");
+    }
+    if (rule.strIgnoreFurtherRules == u"YES") {
+        write(lead() + u" do not process any more Rules");
+    }
+}
+
+} // namespace
+
+void BuildRuleDescription(RichTextBox &target) {
+    trapErrors(u"BuildRuleDescription", u"General", [&] {
+        const RuleState &rule = ruleState();
+        DescriptionWriter writer(target);
+        writer.write(rule.intRuleActive == 1 ? u"Apply this Rule after the message arrives"
+                                             : u"This Rule is disabled");
+        writer.writeConditions(rule);
+        writer.writeActions(rule);
+    });
+}
+
+} // namespace kvex

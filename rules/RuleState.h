@@ -1,0 +1,57 @@
+// The one rule being shown or edited, as all windows of a thread exchange it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace kvex {
+
+/// Lists hold their entries joined by ";", without one at the end. Flags are 0 or 1; yes/no
+/// values are "YES" or "NO".
+struct RuleState {
+    std::u16string strRuleName;
+    std::u16string strRuleText;
+    /// 1: the rule is applied.
+    std::int16_t intRuleActive = 0;
+
+    bool blnAllMessages = false;
+    std::u16string strIgnoreIfService = u"NO";
+    /// Mobile numbers of senders.
+    std::u16string strPeople;
+    std::int16_t intPeopleNot = 0;
+    std::int16_t intPeopleAll = 0;
+    /// Ids of SMS_ACCOUNT.
+    std::u16string varAccounts;
+    std::int16_t intAccountNot = 0;
+    std::int16_t intAccountAll = 0;
+    std::u16string strWords;
+    std::int16_t intWordsNot = 0;
+    std::int16_t intWordsAll = 0;
+    /// The words are matched as an SMS command.
+    std::int16_t intAsCommand = 0;
+    std::int16_t intOptionNot = 0;
+    std::int16_t intOptionAll = 0;
+    /// "yyyymmdd hh:mm:ss,yyyymmdd hh:mm:ss".
+    std::u16string strDateTime;
+
+    /// Ids of SMS_USERS.
+    std::u16string strDistribution;
+    std::u16string strReplyText;
+    /// An id of SMS_ACCOUNT; so is strAlertAccount.
+    std::u16string strReplyAccount;
+    std::u16string strAlertText;
+    std::u16string strAlertAccount;
+    /// Mobile numbers.
+    std::u16string strAlertRecipients;
+    std::u16string varDelete = u"NO";
+    std::u16string strIgnoreFurtherRules = u"NO";
+};
+
+/// This thread's rule.
+[[nodiscard]] RuleState &ruleState() noexcept;
+
+/// Empties the rule. intAsCommand keeps its value, on purpose: it counts only beside words, and
+/// loading words sets it.
+void ClearRuleData();
+
+} // namespace kvex

@@ -1,0 +1,62 @@
+#include "rules/StoredMoment.h"
+
+#include "platform/Error.h"
+
+#include <algorithm>
+#include <chrono>
+#include <ctime>
+
+namespace kvex {
+namespace {
+
+bool isDigit(char16_t unit) {
+    return unit >= u'0' && unit <= u'9';
+}
+
+unsigned numberOf(std::u16string_view digits) {
+    unsigned number = 0;
+    for (const char16_t digit : digits) {
+        number = number * 10 + (digit - u'0');
+    }
+    return number;
+}
+
+bool isCalendarDate(std::u16string_view date) {
+    if (date.size() != 8 || !std::ranges::all_of(date, isDigit)) {
+        return false;
+    }
+    const unsigned year = numberOf(date.substr(0, 4));
+    const std::chrono::year_month_day day(std::chrono::year(static_cast<int>(year)),
+                                          std::chrono::month(numberOf(date.substr(4, 2))),
+                                          std::chrono::day(numberOf(date.substr(6, 2))));
+    return year > 0 && day.ok();
+}
+
+/// What stands between the numbers of a date in the C library's current locale.
+char16_t dateSeparator() {
+    std::tm date{};
+    date.tm_year = 101;
+    date.tm_mon = 10;
+    date.tm_mday = 22;
+    char shown[64];
+    const std::string_view text(shown, std::strftime(shown, sizeof shown, "%x", &date));
+    const std::size_t found = text.find_first_of("/.-");
+    return found == std::string_view::npos ? u'/' : static_cast<char16_t>(text[found]);
+}
+
+} // namespace
+
+std::u16string shownMoment(std::u16string_view stored) {
+    const auto date = stored.substr(0, 8);
+    if (!isCalendarDate(date)) {
+        throw Error(error_number::typeMismatch);
+    }
+    const char16_t separator = dateSeparator();
+    std::u16string shown(date.substr(6, 2));
+    shown.append(1, separator).append(date.substr(4, 2));
+    shown.append(1, separator).append(date.substr(0, 4));
+    shown.append(u" ").append(stored.substr(std::min<std::size_t>(9, stored.size())));
+    return shown.append(u" Hrs.");
+}
+
+} // namespace kvex

@@ -1,0 +1,217 @@
+#include "rules/RuleDescription.h"
+
+#include "adapters/headless/LooseTextBox.h"
+#include "rules/DescriptionLists.h"
+#include "tests/support/ComponentTest.h"
+
+namespace kvex::test {
+namespace {
+
+class RuleDescription : public ComponentTest {
+protected:
+    RuleDescription() {
+        database.addUser(3, "Asha");
+        database.addUser(7, "Boss");
+        database.addAccount(2, "Main");
+        database.addAccount(4, " Padded ");
+        openSession();
+        rule.intRuleActive = 1;
+    }
+
+    std::u16string described() {
+        BuildRuleDescription(*box);
+        return box->text();
+    }
+
+    RuleState &rule = ruleState();
+    std::unique_ptr<RichTextBox> box = headless::createRichTextBox();
+};
+
+const std::u16string head = u"Apply this Rule after the message arrives";
+
+TEST_F(RuleDescription, ADisabledRuleSaysSo) {
+    rule.intRuleActive = 0;
+    EXPECT_EQ(described(), u"This Rule is disabled");
+    rule.intRuleActive = 2;
+    EXPECT_EQ(described(), u"This Rule is disabled");
+}
+
+TEST_F(RuleDescription, ARuleForAllMessagesHasOneConditionLineAndItsActions) {
+    rule.blnAllMessages = true;
+    rule.strPeople = u"1";
+    EXPECT_EQ(described(), head + u"\r\nFor ALL Messages");
+    rule.varDelete = u"YES";
+    EXPECT_EQ(described(), head + u"\r\nFor ALL Messages\r\nThen Delete it");
+}
+
+TEST_F(RuleDescription, ARuleWithActionsAloneGoesStraightToThem) {
+    rule.strIgnoreFurtherRules = u"YES";
+    EXPECT_EQ(described(), head + u"\r\nThen do not process any more Rules");
+}
+
+TEST_F(RuleDescription, TheWholeExampleReadsLineForLine) {
+    rule.strPeople = u"9811100011;9811100022";
+    rule.strWords = u"STOP;HALT";
+    rule.intWordsNot = rule.intWordsAll = rule.intAsCommand = 1;
+    rule.strDateTime = u"20240301 09:00:00,20240331 18:30:00";
+    rule.strDistribution = u"3;7";
+    rule.strReplyText = u"Received";
+    rule.strReplyAccount = u"2";
+    rule.strAlertText = u"New message";
+    rule.strAlertAccount = u"2";
+    rule.strAlertRecipients = u"9811100033;9811100044";
+    rule.strIgnoreFurtherRules = u"YES";
+    EXPECT_EQ(described(),
+              head +
+                  u"\r\nIf the message is from 9811100011 or 9811100022"
+                  u"\r\nand the message does not contain the words  (as SMS Command) STOP and HALT"
+                  u"\r\nand the message is received between 01/03/2024 09:00:00 Hrs. to 31/03/2024 "
+                  u"18:30:00 Hrs."
+                  u"\r\nThen distribute the message to Asha and Boss"
+                  u"\r\nand send Reply 'Received' to the Sender through Account 'Main'"
+                  u"\r\nand send Alert 'New message' through the Account 'Main' to 9811100033 and "
+                  u"9811100044"
+                  u"\r\nand do not process any more Rules");
+}
+
+TEST_F(RuleDescription, TheLeadChangesAfterTheFirstConditionOfAnyKind) {
+    rule.strIgnoreIfService = u"YES";
+    rule.varAccounts = u"2;4";
+    rule.intAccountNot = 1;
+    rule.intAccountAll = 1;
+    EXPECT_EQ(described(), head + u"\r\nIf the message is not a Service message "
+                                  u"\r\nand the message is not received through Main and Padded");
+}
+
+TEST_F(RuleDescription, EveryLineIsLeadWhenItIsTheFirst) {
+    rule.strDateTime = u"20240301 09:00:00,20240331 18:30:00";
+    rule.varDelete = u"YES";
+    EXPECT_EQ(described(), head + u"\r\nIf the message is received between 01/03/2024 09:00:00 "
+                                  u"Hrs. to 31/03/2024 18:30:00 Hrs.\r\nThen Delete it");
+}
+
+TEST_F(RuleDescription, ValuesAreBlueTheCommandRemarkRedAndAllElseBlack) {
+    rule.strWords = u"STOP";
+    rule.intAsCommand = 1;
+    rule.strReplyText = u"Hi";
+    rule.strReplyAccount = u"2";
+    BuildRuleDescription(*box);
+    const std::vector<TextRun> expected{
+        {head + u"\r\nIf the message contains the words ", colour::black},
+        {u" (as SMS Command) ", colour::red},
+        {u"STOP", colour::blue},
+        {u"\r\nThen send Reply ", colour::black},
+        {u"'Hi'", colour::blue},
+        {u" to the Sender through Account ", colour::black},
+        {u"'Main'", colour::blue},
+    };
+    EXPECT_EQ(box->runs(), expected);
+}
+
+TEST_F(RuleDescription, WhatStoodInTheBoxIsReplaced) {
+    box->setSelectionColour(colour::red);
+    box->setText(u"old");
+    EXPECT_EQ(described(), head);
+    EXPECT_EQ(box->runs(), (std::vector<TextRun>{{head, colour::black}}));
+}
+
+TEST_F(RuleDescription, PeopleAreJoinedByTheirModifier) {
+    rule.strPeople = u"9811100011;9811100022";
+    EXPECT_EQ(BuildPeopleList(), u"9811100011 or 9811100022");
+    rule.intPeopleAll = 1;
+    EXPECT_EQ(BuildPeopleList(), u"9811100011 and 9811100022");
+}
+
+TEST_F(RuleDescription, AnEmptyItemShowsAsAnEmptyName) {
+    rule.strPeople = u"1;;2";
+    EXPECT_EQ(BuildPeopleList(), u"1 or  or 2");
+    rule.strWords = u";x";
+    EXPECT_EQ(BuildWordList(), u" or x");
+    rule.strAlertRecipients = u"1;;2";
+    EXPECT_EQ(BuildAlertList(), u"1 and  and 2");
+}
+
+TEST_F(RuleDescription, AnEmptyListIsEmptyWithoutAnError) {
+    EXPECT_EQ(BuildPeopleList(), u"");
+    EXPECT_EQ(BuildAccountList(), u"");
+    EXPECT_EQ(BuildWordList(), u"");
+    EXPECT_EQ(BuildDistributionList(), u"");
+    EXPECT_EQ(BuildAlertList(), u"");
+    EXPECT_EQ(BuildDateTimeList(), u"");
+    expectLog({});
+}
+
+TEST_F(RuleDescription, AnIdThatIsNoNumberEndsItsListWithoutADanglingSeparator) {
+    rule.varAccounts = u"2;x;4";
+    EXPECT_EQ(BuildAccountList(), u"Main");
+    rule.strDistribution = u"3;;7";
+    EXPECT_EQ(BuildDistributionList(), u"Asha");
+    rule.varAccounts = u"99999999999";
+    EXPECT_EQ(BuildAccountList(), u"");
+    expectLog({u"Sub: BuildAccountList, Module: General",
+               u"Sub: BuildDistributionList, Module: General",
+               u"Sub: BuildAccountList, Module: General"});
+    EXPECT_EQ(utility.log.at(0).number, error_number::typeMismatch);
+    EXPECT_EQ(utility.log.at(2).number, error_number::overflow);
+}
+
+TEST_F(RuleDescription, AListThatFailsEndsItsOwnLineOnly) {
+    rule.varAccounts = u"2;x";
+    rule.strWords = u"STOP";
+    EXPECT_EQ(described(), head + u"\r\nIf the message is received through Main"
+                                  u"\r\nand the message contains the words STOP");
+    expectLog({u"Sub: BuildAccountList, Module: General"});
+}
+
+TEST_F(RuleDescription, AnAccountThatIsGoneShowsAnEmptyName) {
+    rule.strReplyText = u"Hi";
+    rule.strReplyAccount = u"99";
+    EXPECT_EQ(described(), head + u"\r\nThen send Reply 'Hi' to the Sender through Account ''");
+    expectLog({});
+}
+
+TEST_F(RuleDescription, AReplyAccountThatIsNoNumberStopsTheDescription) {
+    rule.strReplyText = u"Hi";
+    rule.strReplyAccount = u"two";
+    rule.varDelete = u"YES";
+    EXPECT_EQ(described(), head + u"\r\nThen send Reply 'Hi' to the Sender through Account ");
+    expectLog({u"Sub: BuildRuleDescription, Module: General"});
+}
+
+TEST_F(RuleDescription, ARangeWithoutACommaEndsTheDescriptionAtItsLine) {
+    rule.strDateTime = u"20240301 09:00:00";
+    EXPECT_EQ(described(), head + u"\r\nIf the message is received between ");
+    expectLog({u"Sub: BuildDateTimeList, Module: General"});
+}
+
+TEST_F(RuleDescription, ADateMustExist) {
+    const char16_t *ranges[] = {u"20240230 09:00:00,20240331 18:30:00",
+                                u"20240301 09:00:00,20230229 18:30:00",
+                                u"20241301 09:00:00,20240331 18:30:00",
+                                u"2024030x 09:00:00,20240331 18:30:00",
+                                u",20240331 18:30:00",
+                                u"20240301 09:00:00,",
+                                u"00000101 09:00:00,20240331 18:30:00",
+                                u"+2240301 09:00:00,20240331 18:30:00"};
+    for (const auto *const range : ranges) {
+        utility.log.clear();
+        rule.strDateTime = range;
+        EXPECT_EQ(BuildDateTimeList(), u"") << utf8(range);
+        expectLog({u"Sub: BuildDateTimeList, Module: General"});
+    }
+}
+
+TEST_F(RuleDescription, ALeapDayIsADateAndAnEmptyTimeShowsAsNothing) {
+    rule.strDateTime = u"20240229 ,20240229 23:59:59";
+    EXPECT_EQ(BuildDateTimeList(), u"29/02/2024  Hrs. to 29/02/2024 23:59:59 Hrs.");
+}
+
+TEST_F(RuleDescription, YesIsComparedExactly) {
+    rule.varDelete = u"NO";
+    rule.strIgnoreFurtherRules = u"";
+    rule.strIgnoreIfService = u"yes";
+    EXPECT_EQ(described(), head);
+}
+
+} // namespace
+} // namespace kvex::test

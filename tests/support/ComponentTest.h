@@ -1,0 +1,85 @@
+// The component on a headless toolkit and a database in memory, for tests that play a user.
+#pragma once
+
+#include "adapters/headless/HeadlessToolkit.h"
+#include "adapters/headless/User.h"
+#include "component/RuleUIClass.h"
+#include "component/Session.h"
+#include "rules/RuleState.h"
+#include "tests/support/TestDatabase.h"
+#include "tests/support/TestUtility.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <ostream>
+
+namespace kvex::test {
+
+using headless::Key;
+using headless::User;
+using Script = headless::HeadlessToolkit::Script;
+using Texts = std::vector<std::u16string>;
+
+class TestPlatform : public Platform {
+public:
+    TestPlatform(UtilityRecord &record, Toolkit &toolkit) : record_(record), toolkit_(toolkit) {}
+
+    std::unique_ptr<Utility> createUtility() override;
+    std::unique_ptr<Connection> createConnection() override;
+    std::unique_ptr<Recordset> createRecordset() override;
+    std::unique_ptr<AddressBook> createAddressBook() override;
+    Toolkit &toolkit() override { return toolkit_; }
+    std::unique_ptr<RichTextBox> createTextBox() override;
+    std::u16string componentDirectory() override { return directory; }
+
+    std::u16string directory = u"/usr/lib/kvex";
+
+private:
+    UtilityRecord &record_;
+    Toolkit &toolkit_;
+};
+
+/// Every test begins without a session and with a cleared rule; it ends with its play whole: no
+/// unexpected window, none left open, no script unplayed, no error that left a handler.
+class ComponentTest : public testing::Test {
+protected:
+    ComponentTest();
+    ~ComponentTest() override;
+    void TearDown() override;
+
+    /// Creates RuleUI on the database; may be called again after closeSession.
+    RuleUI &createRuleUI();
+    /// Opens the session without a window.
+    void openSession();
+    void closeSession();
+
+    void whenShown(std::u16string window, Script script) {
+        toolkit.whenShown(std::move(window), std::move(script));
+    }
+    /// ShowRules for the user "1", on a new object where there is none.
+    std::int32_t showRules(const std::u16string &ruleId);
+    /// Cancels the editor that opens at once, and plays in the rules window.
+    std::int32_t playRules(Script script);
+    /// Opens the editor on a new rule, plays in it, and leaves the rules window by Cancel.
+    std::int32_t playNewRule(Script script);
+    /// The same on a stored rule.
+    std::int32_t playRule(std::int64_t id, Script script);
+
+    /// The errors that are logged from here on, in their order, as texts; each is
+    /// "Sub: S, Module: M" behind the fixed beginning.
+    void expectLog(const Texts &subsAndModules);
+
+    TestDatabase database;
+    UtilityRecord utility;
+    headless::HeadlessToolkit toolkit;
+    TestPlatform platform{utility, toolkit};
+    std::unique_ptr<RuleUI> ruleUI;
+    /// What left a handler and was meant to.
+    std::size_t expectedUnhandledErrors = 0;
+};
+
+/// The database's text as tests compare it.
+[[nodiscard]] std::string utf8(std::u16string_view text);
+
+} // namespace kvex::test

@@ -1,0 +1,25 @@
+// The main of test programs that show windows: they bring their own display.
+#include "tests/support/VirtualDisplay.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+class DisplayForTests final : public testing::Environment {
+public:
+    void SetUp() override { display_ = std::make_unique<kvex::test::VirtualDisplay>(); }
+    // The toolkit stays connected until the program ends, and the server with it.
+
+private:
+    std::unique_ptr<kvex::test::VirtualDisplay> display_;
+};
+
+} // namespace
+
+int main(int argc, char **argv) {
+    testing::InitGoogleTest(&argc, argv);
+    testing::AddGlobalTestEnvironment(new DisplayForTests);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,77 @@
+// What a person does in a window of the Qt toolkit, by key and mouse events at the places where
+// the things are, and sees there.
+#pragma once
+
+#include "adapters/qt/Dialog.h"
+#include "platform/controls/CheckBox.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/DTPicker.h"
+#include "platform/controls/Label.h"
+#include "platform/controls/ListView.h"
+#include "platform/controls/OptionButton.h"
+#include "platform/controls/RichTextBox.h"
+#include "platform/controls/TextBox.h"
+#include "platform/controls/Window.h"
+#include "tests/toolkit/ToolkitFixture.h"
+
+#include <QPointer>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+class QAbstractItemView;
+class QDateTimeEdit;
+
+namespace kvex::test {
+
+class QtUser final : public Hands {
+public:
+    /// `problems` takes what no person could do: such an action does nothing else.
+    QtUser(qt::Dialog &dialog, std::vector<std::string> &problems)
+        : dialog_(&dialog), problems_(problems) {}
+
+    void click(std::u16string_view control) override;
+    void clickRow(std::u16string_view list, int row) override;
+    void doubleClickRow(std::u16string_view list, int row) override;
+    void tickRow(std::u16string_view list, int row) override;
+    void tryToClick(std::u16string_view control) override;
+    void closeByFrame() override;
+
+    void press(Key key) override;
+    void type(std::u16string_view text) override;
+    void pressAccessKey(char16_t key) override;
+    /// Gives the focus as a click into the control would.
+    void focusOn(std::u16string_view control);
+
+    void pickDate(std::u16string_view picker, int year, int month, int day) override;
+    void pickTime(std::u16string_view picker, int hour, int minute, int second) override;
+    void tickPicker(std::u16string_view picker, bool ticked) override;
+
+    [[nodiscard]] std::u16string focused() const override;
+    [[nodiscard]] bool isOpen() const override;
+    [[nodiscard]] Window &window() { return dialog_->owner(); }
+    template <class Kind> [[nodiscard]] Kind &get(std::u16string_view name) {
+        return window().get<Kind>(name);
+    }
+    /// The texts of a list's rows, from the first to the last.
+    [[nodiscard]] std::vector<std::u16string> rows(std::u16string_view list);
+    /// The controls that Tab reaches, in that order, from the first.
+    [[nodiscard]] std::vector<std::u16string> tabOrder() const;
+    /// The widget of a control, null for none.
+    [[nodiscard]] QWidget *widget(std::u16string_view name) const;
+
+private:
+    [[nodiscard]] QWidget *usable(std::u16string_view control);
+    [[nodiscard]] QAbstractItemView *listWithRow(std::u16string_view list, int row);
+    [[nodiscard]] std::u16string controlOf(const QWidget *widget) const;
+    void pressMouse(QWidget &widget, QPoint at, bool isDouble = false);
+    void pressKey(int key, const QString &text, Qt::KeyboardModifiers held = Qt::NoModifier);
+    void retype(std::u16string_view picker, const QDateTime &value);
+    void complain(const std::string &problem);
+
+    QPointer<qt::Dialog> dialog_;
+    std::vector<std::string> &problems_;
+};
+
+} // namespace kvex::test

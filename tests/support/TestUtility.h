@@ -1,0 +1,92 @@
+// A utility object that records what the component asks of it.
+#pragma once
+
+#include "platform/Utility.h"
+#include "platform/controls/Toolkit.h"
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace kvex::test {
+
+struct LogEntry {
+    std::u16string logFile;
+    std::int32_t number;
+    std::u16string description;
+    std::u16string source;
+    std::u16string text;
+    std::int32_t reserved;
+    std::int16_t flag;
+};
+
+struct Message {
+    std::u16string text;
+    std::int32_t style;
+    friend bool operator==(const Message &, const Message &) = default;
+};
+
+/// Outlives the utility object, so that a test can look after a session's end.
+struct UtilityRecord {
+    std::u16string connectionString;
+    std::vector<LogEntry> log;
+    std::vector<std::u16string> reports;
+    std::vector<Message> messages;
+    /// Answers to the next questions; without one the answer is No.
+    std::deque<std::int32_t> answers;
+    /// Run as each message is shown, the window below it still as it was.
+    std::function<void()> onMessage;
+    /// The log operation fails.
+    bool logFails = false;
+    /// The next creation of a utility object fails.
+    bool creationFails = false;
+
+    [[nodiscard]] std::vector<std::u16string> logTexts() const {
+        std::vector<std::u16string> texts;
+        for (const LogEntry &entry : log) {
+            texts.push_back(entry.text);
+        }
+        return texts;
+    }
+};
+
+class TestUtility final : public Utility {
+public:
+    explicit TestUtility(UtilityRecord &record) : record_(record) {}
+
+    std::u16string connectionString() override { return record_.connectionString; }
+    std::u16string secondText() override { return u"second"; }
+    void writeErrorLog(const std::u16string &logFile, const Error &error,
+                       const std::u16string &text, std::int32_t reserved,
+                       std::int16_t flag) override {
+        if (record_.logFails) {
+            throw Error(error_number::automationError);
+        }
+        record_.log.push_back(
+            {logFile, error.number(), error.description(), error.source(), text, reserved, flag});
+    }
+    void reportMessage(const std::u16string &, const std::u16string &text, bool, bool) override {
+        record_.reports.push_back(text);
+    }
+    std::int32_t showMessageBox(const std::u16string &text, std::int32_t style) override {
+        record_.messages.push_back({text, style});
+        if (record_.onMessage) {
+            record_.onMessage();
+        }
+        if (style != message_box::yesNo) {
+            return message_box::ok;
+        }
+        if (record_.answers.empty()) {
+            return message_box::no;
+        }
+        const std::int32_t answer = record_.answers.front();
+        record_.answers.pop_front();
+        return answer;
+    }
+
+private:
+    UtilityRecord &record_;
+};
+
+} // namespace kvex::test

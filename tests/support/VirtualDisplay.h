@@ -1,0 +1,20 @@
+// A display of a test program's own: a virtual X server that lives as long as this object.
+#pragma once
+
+#include <sys/types.h>
+
+namespace kvex::test {
+
+/// Points DISPLAY at the server, and Qt at DISPLAY. Throws where the server cannot be started.
+class VirtualDisplay {
+public:
+    VirtualDisplay();
+    ~VirtualDisplay();
+    VirtualDisplay(const VirtualDisplay &) = delete;
+    VirtualDisplay &operator=(const VirtualDisplay &) = delete;
+
+private:
+    pid_t server_ = -1;
+};
+
+} // namespace kvex::test

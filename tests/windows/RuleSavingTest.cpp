@@ -1,0 +1,386 @@
+#include "platform/Text.h"
+#include "tests/support/ComponentTest.h"
+
+namespace kvex::test {
+namespace {
+
+constexpr auto conditions = u"lvwRuleConditions";
+constexpr auto actions = u"lvwRuleActions";
+constexpr std::int32_t warning = 48;
+const std::u16string saveFailed = u"Sub: cmdOK_Click, Module: frmRuleEdit";
+
+class RuleSaving : public ComponentTest {
+protected:
+    static void name(User &user, std::u16string_view text) {
+        user.focusOn(u"txtRuleName");
+        user.press(Key::selectAll);
+        user.press(Key::deleteKey);
+        user.type(text);
+    }
+    static void completeRule(User &user) {
+        user.tickRow(conditions, 6);
+        user.tickRow(actions, 5);
+    }
+    /// OK is refused with this message and the editor stays.
+    void expectRefused(User &user, const std::u16string &message) {
+        utility.messages.clear();
+        user.click(u"cmdOK");
+        EXPECT_EQ(utility.messages, (std::vector<Message>{{message, warning}}));
+        EXPECT_TRUE(user.isOpen());
+    }
+    std::vector<std::string> rules() {
+        return database.rows("SELECT Name, QueryParam, ActionParam FROM SMS_RULES ORDER BY ID");
+    }
+};
+
+TEST_F(RuleSaving, TheChecksRunInTheirOrder) {
+    playNewRule([this](User &user) {
+        name(user, u"");
+        expectRefused(user, u"Please select some conditions for this Rule.");
+        user.tickRow(conditions, 2);
+        expectRefused(user, u"Please select some actions for this Rule.");
+        for (const int row : {3, 4, 5}) {
+            user.tickRow(conditions, row);
+        }
+        for (const int row : {1, 2, 3}) {
+            user.tickRow(actions, row);
+        }
+        expectRefused(user, u"Type a name for this Rule.");
+        EXPECT_EQ(user.focused(), u"txtRuleName");
+        user.type(u"Rule");
+        RuleState &rule = ruleState();
+        expectRefused(user, u"Insufficient information. Please select the People for this rule.");
+        rule.strPeople = u" ";
+        expectRefused(user, u"Insufficient information. Please select the Accounts for this rule.");
+        rule.varAccounts = u"2";
+        expectRefused(user, u"Insufficient information. Please select the Words for this rule.");
+        rule.strWords = u"STOP";
+        expectRefused(user,
+                      u"Insufficient information. Please select the Date/Time for this rule.");
+        rule.strDateTime = u"20240301 09:00:00,20240331 18:30:00";
+        expectRefused(user, u"Insufficient information. Please configure the Distribution List "
+                            u"for this rule.");
+        rule.strDistribution = u"3";
+        expectRefused(user,
+                      u"Insufficient information. Please configure the Reply text for this rule.");
+        rule.strReplyText = u"Hi";
+        expectRefused(user,
+                      u"Insufficient information. Please configure the Alerts for this rule.");
+        rule.strAlertText = u"Look";
+        expectRefused(user,
+                      u"Insufficient information. Please configure the Alerts for this rule.");
+        rule.strAlertText = u"";
+        rule.strAlertRecipients = u"97";
+        expectRefused(user,
+                      u"Insufficient information. Please configure the Alerts for this rule.");
+        rule.strAlertText = u"Look";
+        user.click(u"cmdOK");
+        EXPECT_FALSE(user.isOpen());
+    });
+    // People of blanks alone count as content, and are not written.
+    EXPECT_EQ(rules(),
+              (std::vector<std::string>{
+                  "Rule|<IGNOREIFSERVICE>NO</IGNOREIFSERVICE><ACCOUNT><CON><ANY>2</ACCOUNT>"
+                  "<WORD><CON><ANY>STOP</WORD>"
+                  "<DATETIME>20240301 09:00:00,20240331 18:30:00</DATETIME>|"
+                  "<DIST>3</DIST><REPLY>Hi;</REPLY><ALERT>Look;;97</ALERT><DELETE>NO</DELETE>"
+                  "<IGNOREFURTHERRULES>NO</IGNOREFURTHERRULES>"}));
+}
+
+TEST_F(RuleSaving, ARuleWithoutActionsIsToldSoEvenWithoutAName) {
+    playNewRule([this](User &user) {
+        name(user, u"");
+        user.tickRow(conditions, 6);
+        expectRefused(user, u"Please select some actions for this Rule.");
+        user.press(Key::escape);
+    });
+}
+
+TEST_F(RuleSaving, ANameOfBlanksIsNoName) {
+    playNewRule([this](User &user) {
+        completeRule(user);
+        name(user, u"   ");
+        expectRefused(user, u"Type a name for this Rule.");
+        user.press(Key::escape);
+    });
+    EXPECT_EQ(rules(), std::vector<std::string>());
+}
+
+TEST_F(RuleSaving, ANameIsSavedTrimmed) {
+    playNewRule([](User &user) {
+        completeRule(user);
+        name(user, u"  Boss sms ");
+        user.click(u"cmdOK");
+    });
+    EXPECT_EQ(database.value("SELECT Name FROM SMS_RULES"), "Boss sms");
+}
+
+TEST_F(RuleSaving, ForAllMessagesAndDeleteItAreWrittenToTheCharacter) {
+    playNewRule([](User &user) {
+        user.tickRow(conditions, 6);
+        user.tickRow(actions, 4);
+        user.press(Key::enter);
+    });
+    EXPECT_EQ(rules(), (std::vector<std::string>{"New Rule #1|<ALLMESSAGES>|<DELETE>YES</DELETE>"
+                                                 "<IGNOREFURTHERRULES>YES</IGNOREFURTHERRULES>"}));
+}
+
+TEST_F(RuleSaving, TheDatabaseGivesANewRuleItsIdAndDefaults) {
+    playNewRule([](User &user) {
+        completeRule(user);
+        user.click(u"cmdOK");
+        EXPECT_EQ(session().rsRules->field(u"ID").int32(), 1);
+        EXPECT_EQ(session().rsRules->field(u"PRIORITY").int32(), 0);
+        EXPECT_EQ(session().rsRules->field(u"ACTIVE").int16(), 1);
+        EXPECT_EQ(session().rsRules->recordCount(), 1);
+    });
+    EXPECT_EQ(database.value("SELECT ID, PRIORITY, ACTIVE, DELETED FROM SMS_RULES"), "1|0|1|0");
+}
+
+TEST_F(RuleSaving, AnExistingRuleIsOverwrittenInPlace) {
+    database.addRule("Other", "<ALLMESSAGES>", TestDatabase::deleteNothing, 5);
+    const auto id = database.addRule("Mine", "<ALLMESSAGES>", TestDatabase::deleteNothing, 7, 0);
+    playRule(id, [](User &user) {
+        user.tickRow(conditions, 6);
+        user.tickRow(conditions, 1);
+        user.tickRow(actions, 5);
+        user.click(u"cmdOK");
+    });
+    EXPECT_EQ(database.value("SELECT Name, QueryParam, ActionParam, PRIORITY, ACTIVE FROM "
+                             "SMS_RULES WHERE ID = 2"),
+              "Mine|<IGNOREIFSERVICE>YES</IGNOREIFSERVICE>|<DELETE>NO</DELETE>"
+              "<IGNOREFURTHERRULES>YES</IGNOREFURTHERRULES>|7|0");
+    EXPECT_EQ(database.value("SELECT COUNT(*) FROM SMS_RULES"), "2");
+}
+
+TEST_F(RuleSaving, TheNameOfAnotherRuleIsRefusedWhateverItsCase) {
+    database.addRule("Boss sms");
+    const auto id = database.addRule("Mine", "<ALLMESSAGES>", "<DELETE>YES</DELETE>");
+    playRule(id, [this](User &user) {
+        for (const char16_t *taken : {u"Boss sms", u"BOSS SMS ", u"boss Sms"}) {
+            name(user, taken);
+            expectRefused(user,
+                          u"A Rule already exists in this name, please select a different name.");
+            EXPECT_EQ(user.focused(), u"txtRuleName");
+        }
+        user.press(Key::escape);
+    });
+    EXPECT_EQ(database.value("SELECT Name FROM SMS_RULES WHERE ID = 2"), "Mine");
+}
+
+TEST_F(RuleSaving, NamesInOtherScriptsAreComparedWithoutCaseToo) {
+    database.addRule("ÄRGER straße");
+    database.addRule("नियम");
+    playNewRule([this](User &user) {
+        completeRule(user);
+        name(user, u"ärger STRAßE");
+        expectRefused(user, u"A Rule already exists in this name, please select a different name.");
+        name(user, u"नियम");
+        expectRefused(user, u"A Rule already exists in this name, please select a different name.");
+        name(user, u"ärger STRASSE");
+        user.click(u"cmdOK");
+        EXPECT_FALSE(user.isOpen());
+    });
+}
+
+TEST_F(RuleSaving, AnUnchangedNameIsNotTested) {
+    database.addRule("Same", "<ALLMESSAGES>", "<DELETE>YES</DELETE>");
+    const auto id = database.addRule("Same", "<ALLMESSAGES>", "<DELETE>YES</DELETE>");
+    playRule(id, [](User &user) {
+        user.click(u"cmdOK");
+        EXPECT_FALSE(user.isOpen());
+    });
+}
+
+TEST_F(RuleSaving, AChangeOfCaseAloneFindsTheRuleItself) {
+    const auto id = database.addRule("Mine", "<ALLMESSAGES>", "<DELETE>YES</DELETE>");
+    playRule(id, [this](User &user) {
+        name(user, u"MINE");
+        expectRefused(user, u"A Rule already exists in this name, please select a different name.");
+        user.press(Key::escape);
+    });
+}
+
+TEST_F(RuleSaving, AnApostropheBreaksTheSearchAndIsLogged) {
+    const auto id = database.addRule("Mine", "<ALLMESSAGES>", "<DELETE>YES</DELETE>");
+    playRule(id, [this](User &user) {
+        name(user, u"O'Brien");
+        user.click(u"cmdOK");
+        EXPECT_TRUE(user.isOpen());
+        EXPECT_EQ(user.get<TextBox>(u"txtRuleName").text(), u"O'Brien");
+        expectLog({saveFailed});
+        EXPECT_EQ(utility.log.at(0).number, error_number::badArgument);
+        name(user, u"OBrien");
+        user.click(u"cmdOK");
+    });
+    EXPECT_EQ(database.value("SELECT Name FROM SMS_RULES"), "OBrien");
+}
+
+TEST_F(RuleSaving, ASessionThatBeganEmptyTestsNoNames) {
+    const auto save = [](User &editor) {
+        completeRule(editor);
+        name(editor, u"O'Brien");
+        editor.click(u"cmdOK");
+    };
+    whenShown(u"frmRuleEdit", save);
+    whenShown(u"frmRules", [&](User &user) {
+        whenShown(u"frmRuleEdit", save);
+        user.click(u"cmdNew");
+        user.click(u"cmdCancel");
+    });
+    showRules(u"");
+    EXPECT_EQ(database.rows("SELECT Name FROM SMS_RULES"),
+              (std::vector<std::string>{"O'Brien", "O'Brien"}));
+    expectLog({});
+}
+
+TEST_F(RuleSaving, AConditionStringOf5000CharactersIsSavedAndOneMoreRefused) {
+    const std::size_t overhead = std::string_view("<IGNOREIFSERVICE>NO</IGNOREIFSERVICE><PEOPLE>"
+                                                  "<CON><ANY></PEOPLE>")
+                                     .size();
+    playNewRule([&](User &user) {
+        user.tickRow(conditions, 2);
+        user.tickRow(actions, 5);
+        ruleState().strPeople.assign(5001 - overhead, u'9');
+        expectRefused(user, u"Length of Condition parameter cannot exceed 5000 characters.");
+        EXPECT_EQ(user.focused(), u"rtRuleDesc");
+        ruleState().strPeople.pop_back();
+        user.click(u"cmdOK");
+    });
+    EXPECT_EQ(database.value("SELECT LENGTH(QueryParam) FROM SMS_RULES"), "5000");
+}
+
+TEST_F(RuleSaving, AnActionStringOf2500CharactersIsSavedAndOneMoreRefused) {
+    const std::size_t overhead = std::string_view("<REPLY>;2</REPLY><DELETE>NO</DELETE>"
+                                                  "<IGNOREFURTHERRULES>NO</IGNOREFURTHERRULES>")
+                                     .size();
+    playNewRule([&](User &user) {
+        user.tickRow(conditions, 6);
+        user.tickRow(actions, 2);
+        ruleState().strReplyAccount = u"2";
+        ruleState().strReplyText.assign(2501 - overhead, u'x');
+        expectRefused(user, u"Length of Action parameter cannot exceed 2500 characters.");
+        EXPECT_EQ(user.focused(), u"rtRuleDesc");
+        ruleState().strReplyText.pop_back();
+        user.click(u"cmdOK");
+    });
+    EXPECT_EQ(database.value("SELECT LENGTH(ActionParam) FROM SMS_RULES"), "2500");
+}
+
+TEST_F(RuleSaving, LengthsCountUtf16Units) {
+    playNewRule([this](User &user) {
+        user.tickRow(conditions, 4);
+        user.tickRow(actions, 5);
+        for (int i = 0; i < 2490; ++i) {
+            ruleState().strWords += u"\U0001F4F1";
+        }
+        expectRefused(user, u"Length of Condition parameter cannot exceed 5000 characters.");
+        user.press(Key::escape);
+    });
+}
+
+TEST_F(RuleSaving, ARefusedNewRuleKeepsTheEditorsInputAndCanBeSavedLater) {
+    for (const bool hadRules : {false, true}) {
+        database.execute("DELETE FROM SMS_RULES");
+        if (hadRules) {
+            database.addRule("A", "<ALLMESSAGES>", "", 1);
+        }
+        utility.log.clear();
+        playNewRule([this](User &user) {
+            completeRule(user);
+            name(user, u"Kept");
+            database.execute("CREATE TRIGGER refuse BEFORE INSERT ON SMS_RULES BEGIN "
+                             "SELECT RAISE(ABORT, 'refused'); END");
+            user.click(u"cmdOK");
+            user.click(u"cmdOK");
+            EXPECT_TRUE(user.isOpen());
+            EXPECT_EQ(user.get<TextBox>(u"txtRuleName").text(), u"Kept");
+            database.execute("DROP TRIGGER refuse");
+            user.click(u"cmdOK");
+            EXPECT_FALSE(user.isOpen());
+        });
+        expectLog({saveFailed, saveFailed});
+        EXPECT_LT(utility.log.at(0).number, 0);
+        EXPECT_EQ(database.value("SELECT COUNT(*) FROM SMS_RULES WHERE Name = 'Kept'"), "1");
+        closeSession();
+    }
+}
+
+TEST_F(RuleSaving, ACancelledEditorAfterARefusedSaveLeavesNoPendingRule) {
+    database.addRule("A", "<ALLMESSAGES>", "", 1);
+    playRules([this](User &user) {
+        database.execute("CREATE TRIGGER refuse BEFORE INSERT ON SMS_RULES BEGIN "
+                         "SELECT RAISE(ABORT, 'refused'); END");
+        whenShown(u"frmRuleEdit", [](User &editor) {
+            completeRule(editor);
+            editor.click(u"cmdOK");
+            editor.click(u"cmdCancel");
+        });
+        user.click(u"cmdNew");
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A"}));
+        database.execute("DROP TRIGGER refuse");
+        user.clickRow(u"lvwRules", 1);
+        user.click(u"cmdOK");
+    });
+    EXPECT_EQ(database.value("SELECT COUNT(*) FROM SMS_RULES"), "1");
+    expectLog({saveFailed});
+}
+
+TEST_F(RuleSaving, ARuleThatAnotherChangedIsNotOverwritten) {
+    const auto id = database.addRule("Mine", "<ALLMESSAGES>", "<DELETE>YES</DELETE>");
+    playRule(id, [this](User &user) {
+        database.execute("UPDATE SMS_RULES SET Name = 'Theirs'");
+        name(user, u"Ours");
+        user.click(u"cmdOK");
+        EXPECT_TRUE(user.isOpen());
+        user.press(Key::escape);
+    });
+    EXPECT_EQ(database.value("SELECT Name FROM SMS_RULES"), "Theirs");
+    expectLog({saveFailed});
+    EXPECT_EQ(utility.log.at(0).number, rowChangedByAnother);
+}
+
+TEST_F(RuleSaving, ARuleThatAnotherRemovedIsLogged) {
+    const auto id = database.addRule("Mine", "<ALLMESSAGES>", "<DELETE>YES</DELETE>");
+    playRule(id, [this](User &user) {
+        database.execute("DELETE FROM SMS_RULES");
+        name(user, u"Ours");
+        user.click(u"cmdOK");
+        EXPECT_TRUE(user.isOpen());
+        user.press(Key::escape);
+    });
+    expectLog({saveFailed});
+    EXPECT_EQ(database.value("SELECT COUNT(*) FROM SMS_RULES"), "0");
+}
+
+TEST_F(RuleSaving, SavingAnUnchangedRuleWritesNothing) {
+    const auto id = database.addRule("Mine", "<ALLMESSAGES>",
+                                     "<DELETE>NO</DELETE><IGNOREFURTHERRULES>YES"
+                                     "</IGNOREFURTHERRULES>");
+    playRule(id, [this](User &user) {
+        user.tickRow(actions, 5);
+        user.tickRow(actions, 5);
+        database.execute("CREATE TRIGGER refuse BEFORE UPDATE ON SMS_RULES BEGIN "
+                         "SELECT RAISE(ABORT, 'refused'); END");
+        user.click(u"cmdOK");
+        EXPECT_FALSE(user.isOpen());
+    });
+    expectLog({});
+}
+
+TEST_F(RuleSaving, TheSaveItselfLeavesTheFlagAlone) {
+    const auto id = database.addRule("Mine", "<ALLMESSAGES>", "<DELETE>YES</DELETE>");
+    EXPECT_EQ(playRule(id, [](User &user) { user.click(u"cmdOK"); }), 1);
+}
+
+TEST_F(RuleSaving, NamesAndTextsOfEveryScriptAreStoredAsTyped) {
+    playNewRule([](User &user) {
+        completeRule(user);
+        name(user, u"नियम \U0001F4F1 \"quoted\" <b>");
+        user.click(u"cmdOK");
+    });
+    EXPECT_EQ(database.value("SELECT Name FROM SMS_RULES"), "नियम \xF0\x9F\x93\xB1 \"quoted\" <b>");
+}
+
+} // namespace
+} // namespace kvex::test

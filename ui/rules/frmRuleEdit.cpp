@@ -1,0 +1,237 @@
+#include "ui/rules/frmRuleEdit.h"
+
+#include "component/ErrorTrap.h"
+#include "component/Session.h"
+#include "platform/Text.h"
+#include "rules/RuleDescription.h"
+#include "ui/rules/frmRuleEditDesign.h"
+
+namespace kvex {
+namespace {
+
+constexpr std::u16string_view module = u"frmRuleEdit";
+
+const RulePart &partOf(std::span<const RulePart> parts, int row) {
+    return parts[static_cast<std::size_t>(row - 1)];
+}
+
+/// The list's one column, its rows, and the first of them selected.
+void fillList(ListView &list, const std::u16string &column, std::span<const RulePart> parts) {
+    list.clearRows();
+    list.clearColumns();
+    list.addColumn(column, textColumnWidth);
+    for (const RulePart &part : parts) {
+        list.addRow(part.text);
+    }
+    for (int row = 1; row <= list.rowCount(); ++row) {
+        list.deselect(row);
+    }
+    list.select(1);
+}
+
+void tickHeldParts(ListView &list, std::span<const RulePart> parts) {
+    for (int row = 1; row <= list.rowCount(); ++row) {
+        if (partOf(parts, row).held(ruleState())) {
+            list.setChecked(row, true);
+        }
+    }
+}
+
+std::u16string yesOrNo(bool yes) {
+    return yes ? u"YES" : u"NO";
+}
+
+} // namespace
+
+frmRuleEdit::frmRuleEdit()
+    : Form(frmRuleEditDesign()), lvwRuleConditions(control<ListView>(u"lvwRuleConditions")),
+      cmdEditCondition(control<CommandButton>(u"cmdEditCondition")),
+      lvwRuleActions(control<ListView>(u"lvwRuleActions")),
+      cmdConfigureAction(control<CommandButton>(u"cmdConfigureAction")),
+      rtRuleDesc(control<RichTextBox>(u"rtRuleDesc")),
+      txtRuleName(control<TextBox>(u"txtRuleName")) {
+    lvwRuleConditions.onItemCheck = [this](int row) { lvwRuleConditions_ItemCheck(row); };
+    lvwRuleConditions.onItemClick = [this](int row) { lvwRuleConditions_ItemClick(row); };
+    lvwRuleActions.onItemCheck = [this](int row) { lvwRuleActions_ItemCheck(row); };
+    lvwRuleActions.onItemClick = [this](int row) { lvwRuleActions_ItemClick(row); };
+    cmdEditCondition.onClick = [this] { cmdEditCondition_Click(); };
+    cmdConfigureAction.onClick = [this] { cmdConfigureAction_Click(); };
+    txtRuleName.onChange = [this] { txtRuleName_Change(); };
+    control<CommandButton>(u"cmdShow").onClick = [this] { cmdShow_Click(); };
+    control<CommandButton>(u"cmdOK").onClick = [this] { cmdOK_Click(); };
+    control<CommandButton>(u"cmdCancel").onClick = [this] { cmdCancel_Click(); };
+}
+
+void frmRuleEdit::Form_Load() {
+    trapErrors(u"Form_Load", module, [&] {
+        loadedName_.clear();
+        if (trimmed(RuleID).empty()) {
+            prepareNewRule();
+        } else {
+            window().setCaption(u"Modify Rule");
+            loadedName_ = session().rsRules->field(u"Name").text();
+        }
+        fillList(lvwRuleConditions, u"RuleConditions", ruleConditions());
+        fillList(lvwRuleActions, u"RuleActions", ruleActions());
+        Populate_Data();
+        lvwRuleConditions.select(1);
+        lvwRuleConditions_ItemClick(1);
+        lvwRuleActions.select(1);
+        lvwRuleActions_ItemClick(1);
+        // Discards what the rules window has set before, too.
+        session().blnChanged = false;
+    });
+}
+
+/// A new rule is named by the highest ID so far. Its own ID is the database's to give.
+void frmRuleEdit::prepareNewRule() {
+    ClearRuleData();
+    window().setCaption(u"New Rule");
+    session().strSQL = u"SELECT MAX(ID) MAXID FROM SMS_RULES";
+    const auto highest = session().platform->createRecordset();
+    highest->open(session().strSQL, *session().cnMain);
+    const ValueView maxId = highest->field(u"MAXID");
+    const std::int64_t number = maxId.isNull() ? 1 : std::int64_t{maxId.int32()} + 1;
+    ruleState().strRuleName = u"New Rule #" + toText(number);
+    highest->close();
+    ruleState().intRuleActive = 1;
+}
+
+void frmRuleEdit::describeRule() {
+    BuildRuleDescription(rtRuleDesc);
+}
+
+void frmRuleEdit::Populate_Data() {
+    trapErrors(u"Populate_Data", module, [&] {
+        txtRuleName.setText(ruleState().strRuleName);
+        describeRule();
+        tickConditions();
+        tickActions();
+    });
+}
+
+void frmRuleEdit::tickConditions() {
+    if (ruleState().blnAllMessages) {
+        lvwRuleConditions.setChecked(condition_row::allMessages, true);
+        lvwRuleConditions_ItemCheck(condition_row::allMessages);
+    } else {
+        tickHeldParts(lvwRuleConditions, ruleConditions());
+    }
+}
+
+void frmRuleEdit::tickActions() {
+    tickHeldParts(lvwRuleActions, ruleActions());
+    lockFurtherRules(ruleState().varDelete == u"YES");
+}
+
+/// A deleted message is never handed to further rules: "Delete it" holds that row.
+void frmRuleEdit::lockFurtherRules(bool locked) {
+    lvwRuleActions.setRowColour(action_row::ignoreFurtherRules,
+                                locked ? RowColour::greyText : RowColour::windowText);
+}
+
+void frmRuleEdit::lvwRuleConditions_ItemCheck(int Item) {
+    RuleState &rule = ruleState();
+    const bool isSingle = Item != condition_row::allMessages;
+    if (isSingle && rule.blnAllMessages && lvwRuleConditions.checked(Item)) {
+        lvwRuleConditions.setChecked(Item, false);
+    }
+    if (Item == condition_row::ignoreIfService) {
+        rule.strIgnoreIfService = yesOrNo(lvwRuleConditions.checked(Item));
+    }
+    rule.blnAllMessages = lvwRuleConditions.checked(condition_row::allMessages);
+    for (int row = condition_row::ignoreIfService; row <= condition_row::dateTime; ++row) {
+        if (rule.blnAllMessages) {
+            lvwRuleConditions.setChecked(row, false);
+        }
+        lvwRuleConditions.setRowColour(row, rule.blnAllMessages ? RowColour::greyText
+                                                                : RowColour::windowText);
+    }
+    lvwRuleConditions_ItemClick(Item);
+    finishTick(lvwRuleConditions, ruleConditions(), Item);
+}
+
+void frmRuleEdit::lvwRuleConditions_ItemClick(int Item) {
+    cmdEditCondition.setEnabled(lvwRuleConditions.checked(Item) && !ruleState().blnAllMessages &&
+                                partOf(ruleConditions(), Item).hasDialog());
+}
+
+void frmRuleEdit::cmdEditCondition_Click() {
+    describeRule();
+}
+
+void frmRuleEdit::lvwRuleActions_ItemCheck(int Item) {
+    RuleState &rule = ruleState();
+    const bool ticked = lvwRuleActions.checked(Item);
+    if (Item == action_row::deleteIt) {
+        rule.varDelete = yesOrNo(ticked);
+        if (ticked) {
+            lvwRuleActions.setChecked(action_row::ignoreFurtherRules, true);
+            rule.strIgnoreFurtherRules = u"YES";
+        }
+        lockFurtherRules(ticked);
+    } else if (Item == action_row::ignoreFurtherRules) {
+        const bool locked = rule.varDelete == u"YES";
+        if (!ticked && locked) {
+            lvwRuleActions.setChecked(Item, true);
+        }
+        rule.strIgnoreFurtherRules = yesOrNo(ticked || locked);
+    }
+    lvwRuleActions_ItemClick(Item);
+    finishTick(lvwRuleActions, ruleActions(), Item);
+}
+
+void frmRuleEdit::lvwRuleActions_ItemClick(int Item) {
+    cmdConfigureAction.setEnabled(lvwRuleActions.checked(Item) &&
+                                  partOf(ruleActions(), Item).hasDialog());
+}
+
+/// What every tick and untick ends with: an unticked part loses its values.
+void frmRuleEdit::finishTick(ListView &list, std::span<const RulePart> parts, int row) {
+    if (!list.checked(row)) {
+        partOf(parts, row).clear(ruleState());
+    }
+    list.select(row);
+    session().blnChanged = true;
+    describeRule();
+}
+
+void frmRuleEdit::cmdConfigureAction_Click() {
+    describeRule();
+}
+
+void frmRuleEdit::txtRuleName_Change() {
+    session().blnChanged = true;
+}
+
+void frmRuleEdit::cmdCancel_Click() {
+    Unload();
+}
+
+void frmRuleEdit::cmdShow_Click() {
+    const RuleState &rule = ruleState();
+    if (rule.blnAllMessages) {
+        showMessage(u"<ALL>", message_box::exclamation);
+        return;
+    }
+    const std::pair<const char16_t *, std::u16string> values[] = {
+        {u"IGNOREServiceMessages : ", yesOrNo(rule.strIgnoreIfService == u"YES")},
+        {u"PEOPLEList : ", rule.strPeople},
+        {u"ACCOUNTList : ", rule.varAccounts},
+        {u"WORDList : ", rule.strWords},
+        {u"DATETIMEList : ", rule.strDateTime},
+        {u"DISTRIBUTIONList : ", rule.strDistribution},
+        {u"REPLYText : ", rule.strReplyText},
+        {u"ALERTText : ", rule.strAlertText},
+        {u"ALERTList : ", rule.strAlertRecipients},
+        {u"DELETEMessage : ", yesOrNo(rule.varDelete == u"YES")},
+        {u"IGNOREFurtherRules : ", yesOrNo(rule.strIgnoreFurtherRules == u"YES")},
+    };
+    std::u16string text;
+    for (const auto &[label, value] : values) {
+        text.append(text.empty() ? u"" : u"\r").append(label).append(value);
+    }
+    showMessage(text, message_box::exclamation);
+}
+
+} // namespace kvex

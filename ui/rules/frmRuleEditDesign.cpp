@@ -1,0 +1,92 @@
+#include "ui/rules/frmRuleEditDesign.h"
+
+namespace kvex {
+
+WindowDesign frmRuleEditDesign() {
+    using enum ControlKind;
+    return {
+        .name = u"frmRuleEdit",
+        .caption = u"Edit Rule",
+        .controls =
+            {
+                {.kind = label,
+                 .name = u"Label1",
+                 .caption = u"1. Select the &Conditions for your rule",
+                 .buddy = u"lvwRuleConditions"},
+                {.kind = listView,
+                 .name = u"lvwRuleConditions",
+                 .checkBoxes = true,
+                 .columnHeaders = false,
+                 .greyedRowHint = u"Not available while \"For All Messages\" is ticked",
+                 .columns = 56,
+                 .lines = 6},
+                {.kind = commandButton,
+                 .name = u"cmdEditCondition",
+                 .caption = u"&Edit Currently Selected Condition",
+                 .enabled = false,
+                 .disabledHint = u"Select and tick a condition that has values: people, accounts, "
+                                 u"words or date/time"},
+                {.kind = label,
+                 .name = u"Label2",
+                 .caption = u"2. Select the &Actions for your rule",
+                 .buddy = u"lvwRuleActions"},
+                {.kind = listView,
+                 .name = u"lvwRuleActions",
+                 .checkBoxes = true,
+                 .columnHeaders = false,
+                 .greyedRowHint = u"Stays ticked while \"Delete it\" is ticked",
+                 .columns = 56,
+                 .lines = 5},
+                {.kind = commandButton,
+                 .name = u"cmdConfigureAction",
+                 .caption = u"Configure Currently &Selected Action",
+                 .enabled = false,
+                 .disabledHint = u"Select and tick an action that has values: distribute, reply or "
+                                 u"alert"},
+                {.kind = label,
+                 .name = u"Label3",
+                 .caption = u"3. Rule &Description",
+                 .buddy = u"rtRuleDesc"},
+                {.kind = label,
+                 .name = u"Label5",
+                 .caption = u"Select your Conditions and Actions first, then specify their values "
+                            u"in Description",
+                 .hint = true},
+                {.kind = richTextBox, .name = u"rtRuleDesc", .readOnly = true, .lines = 5},
+                {.kind = label,
+                 .name = u"Label4",
+                 .caption = u"4. Rule &Name",
+                 .buddy = u"txtRuleName"},
+                {.kind = textBox, .name = u"txtRuleName", .maxLength = 50},
+                {.kind = commandButton,
+                 .name = u"cmdShow",
+                 .caption = u"Show String Values",
+                 .visible = false},
+                {.kind = frame, .name = u"Frame1"},
+                {.kind = commandButton, .name = u"cmdOK", .caption = u"&OK", .isDefault = true},
+                {.kind = commandButton,
+                 .name = u"cmdCancel",
+                 .caption = u"&Cancel",
+                 .isCancel = true},
+            },
+        .layout = column({
+            place(u"Label1"),
+            place(u"lvwRuleConditions", 3),
+            row({spring(), place(u"cmdEditCondition")}),
+            place(u"Label2"),
+            place(u"lvwRuleActions", 3),
+            row({spring(), place(u"cmdConfigureAction")}),
+            place(u"Label3"),
+            place(u"Label5"),
+            place(u"rtRuleDesc", 3),
+            place(u"Label4"),
+            place(u"txtRuleName"),
+            place(u"Frame1"),
+            row({place(u"cmdShow"), spring(), place(u"cmdOK"), place(u"cmdCancel")}),
+        }),
+        .columns = 76,
+        .lines = 38,
+    };
+}
+
+} // namespace kvex

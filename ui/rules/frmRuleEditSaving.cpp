@@ -1,0 +1,115 @@
+// The editor's OK: the rule is checked, turned into its two strings and written.
+#include "component/ErrorTrap.h"
+#include "component/RecordSearch.h"
+#include "component/Session.h"
+#include "platform/Text.h"
+#include "platform/Unicode.h"
+#include "rules/ParameterStrings.h"
+#include "ui/rules/frmRuleEdit.h"
+
+namespace kvex {
+namespace {
+
+void warn(const std::u16string &text, Control *focus = nullptr) {
+    showMessage(text, message_box::exclamation);
+    if (focus != nullptr) {
+        focus->setFocus();
+    }
+}
+
+bool hasTickedRow(const ListView &list) {
+    int row = list.rowCount();
+    while (row > 0 && !list.checked(row)) {
+        --row;
+    }
+    return row > 0;
+}
+
+/// Whether every ticked part has its values; the user is told of the first that lacks some.
+bool confirmValues(const ListView &list, std::span<const RulePart> parts) {
+    int row = 0;
+    for (const RulePart &part : parts) {
+        if (list.checked(++row) && part.hasDialog() && !part.complete(ruleState())) {
+            warn(part.incompleteText);
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+void frmRuleEdit::cmdOK_Click() {
+    trapErrors(u"cmdOK_Click", u"frmRuleEdit", [&] {
+        if (!confirmComplete()) {
+            return;
+        }
+        if (isNameTaken()) {
+            warn(u"A Rule already exists in this name, please select a different name.",
+                 &txtRuleName);
+            return;
+        }
+        const std::u16string queryParam = buildQueryParam(ruleState());
+        const std::u16string actionParam = buildActionParam(ruleState());
+        if (queryParam.size() > longestQueryParam) {
+            warn(u"Length of Condition parameter cannot exceed 5000 characters.", &rtRuleDesc);
+            return;
+        }
+        if (actionParam.size() > longestActionParam) {
+            warn(u"Length of Action parameter cannot exceed 2500 characters.", &rtRuleDesc);
+            return;
+        }
+        saveRule(queryParam, actionParam);
+        Unload();
+    });
+}
+
+bool frmRuleEdit::confirmComplete() {
+    if (!hasTickedRow(lvwRuleConditions)) {
+        warn(u"Please select some conditions for this Rule.");
+        return false;
+    }
+    if (!hasTickedRow(lvwRuleActions)) {
+        warn(u"Please select some actions for this Rule.");
+        return false;
+    }
+    if (typedName().empty()) {
+        warn(u"Type a name for this Rule.", &txtRuleName);
+        return false;
+    }
+    return confirmValues(lvwRuleConditions, ruleConditions()) &&
+           confirmValues(lvwRuleActions, ruleActions());
+}
+
+std::u16string frmRuleEdit::typedName() const {
+    return std::u16string(trimmed(txtRuleName.text()));
+}
+
+/// The record set's search decides whether case counts. A session that began without rules knows
+/// no names.
+bool frmRuleEdit::isNameTaken() const {
+    const std::u16string name = typedName();
+    if (name == loadedName_ || !session().blnHasRules) {
+        return false;
+    }
+    Recordset &rsRules = *session().rsRules;
+    rsRules.moveFirst();
+    rsRules.find(u"Name = '" + upperCase(name) + u"'");
+    return !rsRules.eof();
+}
+
+void frmRuleEdit::saveRule(const std::u16string &queryParam, const std::u16string &actionParam) {
+    Recordset &rsRules = *session().rsRules;
+    if (RuleID.empty()) {
+        rsRules.addNew();
+    } else {
+        findRecordById(rsRules, RuleID);
+    }
+    rsRules.setField(u"Name", typedName());
+    rsRules.setField(u"QueryParam", std::u16string(trimmed(queryParam)));
+    rsRules.setField(u"ActionParam", std::u16string(trimmed(actionParam)));
+    rsRules.update();
+    rsRules.resyncCurrent();
+}
+
+} // namespace kvex

@@ -1,0 +1,249 @@
+#include "ui/rules/frmRules.h"
+
+#include "component/ErrorTrap.h"
+#include "component/RecordSearch.h"
+#include "component/Session.h"
+#include "platform/Text.h"
+#include "rules/InputHelpers.h"
+#include "rules/RuleDescription.h"
+#include "rules/RuleLoading.h"
+#include "rules/RuleState.h"
+#include "ui/rules/frmRuleEdit.h"
+#include "ui/rules/frmRulesDesign.h"
+
+namespace kvex {
+namespace {
+
+constexpr std::u16string_view module = u"frmRules";
+
+/// Sub-items of a row.
+constexpr int positionItem = 1;
+constexpr int ruleIdItem = 2;
+constexpr int sortItem = 3;
+
+const std::u16string keyPrefix = u"RU";
+
+std::u16string sortKeyOf(std::u16string_view priority) {
+    return PadLeft(priority, 8, u'0');
+}
+
+void openEditor(const std::u16string &ruleID) {
+    frmRuleEdit editor;
+    editor.RuleID = ruleID;
+    editor.Show();
+}
+
+} // namespace
+
+frmRules::frmRules()
+    : Form(frmRulesDesign()), lvwRules(control<ListView>(u"lvwRules")),
+      rtRuleDesc(control<RichTextBox>(u"rtRuleDesc")) {
+    const auto onClick = [this](std::u16string_view button, void (frmRules::*handler)()) {
+        control<CommandButton>(button).onClick = [this, handler] { (this->*handler)(); };
+    };
+    onClick(u"cmdNew", &frmRules::cmdNew_Click);
+    onClick(u"cmdModify", &frmRules::cmdModify_Click);
+    onClick(u"cmdRemove", &frmRules::cmdRemove_Click);
+    onClick(u"cmdMoveUp", &frmRules::cmdMoveUp_Click);
+    onClick(u"cmdMoveDown", &frmRules::cmdMoveDown_Click);
+    onClick(u"cmdOK", &frmRules::cmdOK_Click);
+    onClick(u"cmdCancel", &frmRules::cmdCancel_Click);
+    lvwRules.onItemClick = [this](int row) { lvwRules_ItemClick(row); };
+    lvwRules.onItemCheck = [this](int row) { lvwRules_ItemCheck(row); };
+}
+
+void frmRules::Form_Load() {
+    trapErrors(u"Form_Load", module, [&] {
+        ListRules();
+        if (RuleID.empty()) {
+            cmdNew_Click();
+            return;
+        }
+        const int row = lvwRules.rowOfKey(keyPrefix + RuleID);
+        lvwRules.select(row);
+        lvwRules_ItemClick(row);
+        cmdModify_Click();
+    });
+}
+
+void frmRules::ListRules() {
+    trapErrors(u"ListRules", module, [&] {
+        lvwRules.clearRows();
+        lvwRules.clearColumns();
+        lvwRules.addColumn(u"Rules", textColumnWidth);
+        lvwRules.addColumn(u"Priority", hiddenColumnWidth);
+        lvwRules.addColumn(u"RuleID", hiddenColumnWidth);
+        lvwRules.addColumn(u"Priority<SortField>", hiddenColumnWidth);
+
+        Recordset &rsRules = *session().rsRules;
+        if (session().blnHasRules) {
+            rsRules.moveFirst();
+        }
+        lvwRules.setSorted(false);
+        for (int position = 1; !rsRules.eof(); ++position) {
+            addListedRule(position);
+            rsRules.moveNext();
+        }
+        for (int column = 1; column <= lvwRules.columnCount(); ++column) {
+            lvwRules.setColumnIcon(column, 0);
+        }
+        // The key before the sorting: rules of one priority stay in the order they were read in.
+        lvwRules.setSortKey(sortItem);
+        lvwRules.setSorted(true);
+        lvwRules.setColumnIcon(1, 1);
+
+        if (rsRules.recordCount() < 1) {
+            return;
+        }
+        lvwRules.select(1);
+        lvwRules_ItemClick(1);
+    });
+}
+
+/// Lists the current record of rsRules; its values first, so that a row is added whole or not at
+/// all.
+void frmRules::addListedRule(int position) {
+    const Recordset &rsRules = *session().rsRules;
+    const std::u16string id = rsRules.field(u"Id").text();
+    const std::u16string name = rsRules.field(u"Name").text();
+    const bool active = rsRules.field(u"ACTIVE").int16() == 1;
+    const std::u16string sortKey = sortKeyOf(rsRules.field(u"Priority").text());
+
+    const int row = lvwRules.addRow(name, keyPrefix + id);
+    lvwRules.setSubItem(row, positionItem, toText(std::int64_t{position}));
+    lvwRules.setSubItem(row, ruleIdItem, id);
+    lvwRules.setChecked(row, active);
+    lvwRules.setSubItem(row, sortItem, sortKey);
+}
+
+std::u16string frmRules::ruleIdOf(int row) const {
+    return lvwRules.subItem(row, ruleIdItem);
+}
+
+/// The row's rule as this thread's rule, active as the row's check box says, and described.
+void frmRules::loadRuleOf(int row) {
+    LoadRuleFromDB(ruleIdOf(row));
+    ruleState().intRuleActive = lvwRules.checked(row) ? 1 : 0;
+    BuildRuleDescription(rtRuleDesc);
+}
+
+void frmRules::lvwRules_ItemClick(int Item) {
+    loadRuleOf(Item);
+}
+
+void frmRules::lvwRules_ItemCheck(int Item) {
+    lvwRules.select(Item);
+    session().blnChanged = true;
+    Recordset &rsRules = *session().rsRules;
+    findRecordById(rsRules, lvwRules.key(Item).substr(keyPrefix.size()));
+    rsRules.setField(u"ACTIVE", std::int64_t{lvwRules.checked(Item) ? 1 : 0});
+    rsRules.update();
+    lvwRules_ItemClick(Item);
+}
+
+void frmRules::cmdNew_Click() {
+    trapErrors(u"cmdNew_Click", module, [&] {
+        openEditor({});
+        if (session().rsRules->recordCount() != lvwRules.rowCount()) {
+            ListRules();
+            BuildRuleDescription(rtRuleDesc);
+        }
+    });
+}
+
+void frmRules::cmdModify_Click() {
+    trapErrors(u"cmdModify_Click", module, [&] {
+        const int row = lvwRules.selectedRow();
+        if (row == 0) {
+            return;
+        }
+        loadRuleOf(row);
+        const std::u16string id = ruleIdOf(row);
+        openEditor(id);
+        Recordset &rsRules = *session().rsRules;
+        findRecordById(rsRules, id);
+        lvwRules.setText(row, rsRules.field(u"Name").text());
+        BuildRuleDescription(rtRuleDesc);
+    });
+}
+
+void frmRules::cmdRemove_Click() {
+    trapErrors(u"cmdRemove_Click", module, [&] {
+        const int row = lvwRules.selectedRow();
+        if (row == 0) {
+            return;
+        }
+        // Stays 0 unless a rule was removed: the look-up below then fails and ends the handler.
+        int position = 0;
+        if (showMessage(u"Are you sure you want to remove this rule?", message_box::yesNo) ==
+            message_box::yes) {
+            position = row;
+            Recordset &rsRules = *session().rsRules;
+            findRecordById(rsRules, ruleIdOf(row));
+            rsRules.deleteCurrent();
+            rsRules.update();
+            lvwRules.removeRow(row);
+            lvwRules.setFocus();
+        }
+        if (lvwRules.rowCount() > 0) {
+            lvwRules_ItemClick(position);
+        } else {
+            rtRuleDesc.setText({});
+        }
+    });
+}
+
+void frmRules::cmdMoveUp_Click() {
+    trapErrors(u"MoveUp", module, [&] { moveSelectedRule(-1); });
+}
+
+void frmRules::cmdMoveDown_Click() {
+    trapErrors(u"MoveDown", module, [&] { moveSelectedRule(+1); });
+}
+
+/// Exchanges the selected row with its neighbour. Their sort keys become their position numbers
+/// while all others keep the stored priority's: both agree once OK has renumbered the rules. The
+/// row selected afterwards is the one that stands at the neighbour's place.
+void frmRules::moveSelectedRule(int step) {
+    session().blnChanged = true;
+    const int row = lvwRules.selectedRow();
+    const int neighbour = row + step;
+    if (row == 0 || neighbour < 1 || neighbour > lvwRules.rowCount()) {
+        return;
+    }
+    const std::int32_t position = toInt32(lvwRules.subItem(row, positionItem));
+    const std::int32_t neighbourPosition = toInt32(lvwRules.subItem(neighbour, positionItem));
+    const auto renumber = [&](int renumbered, std::int32_t newPosition) {
+        const std::u16string text = toText(std::int64_t{newPosition});
+        lvwRules.setSubItem(renumbered, positionItem, text);
+        lvwRules.setSubItem(renumbered, sortItem, sortKeyOf(text));
+    };
+    renumber(neighbour, position);
+    renumber(row, neighbourPosition);
+    lvwRules.setSorted(false);
+    lvwRules.setSorted(true);
+    lvwRules.refresh();
+    lvwRules.select(neighbour);
+}
+
+void frmRules::cmdOK_Click() {
+    trapErrors(u"cmdOK_Click", module, [&] {
+        if (session().blnHasRules) {
+            Recordset &rsRules = *session().rsRules;
+            for (int row = 1; row <= lvwRules.rowCount(); ++row) {
+                findRecordById(rsRules, ruleIdOf(row));
+                rsRules.setField(u"PRIORITY", std::int64_t{row});
+                rsRules.update();
+            }
+        }
+        LastButtonPressed = u"OK";
+        Unload();
+    });
+}
+
+void frmRules::cmdCancel_Click() {
+    LastButtonPressed = u"CANCEL";
+    Unload();
+}
+
+} // namespace kvex
