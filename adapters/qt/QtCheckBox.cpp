@@ -1,5 +1,6 @@
 #include "adapters/qt/QtCheckBox.h"
 
+#include "adapters/qt/AccessKey.h"
 #include "adapters/qt/QText.h"
 #include "platform/Error.h"
 
@@ -8,6 +9,7 @@ namespace kvex::qt {
 QtCheckBox::QtCheckBox(const ControlDesign &design, const std::u16string &window, QWidget &parent)
     : WidgetControl(design, window, *new QCheckBox(toQt(design.caption), &parent)) {
     shown().setChecked(design.selected);
+    clickByAccessKey(shown());
     QObject::connect(&shown(), &QCheckBox::clicked, &shown(), [this] { run(onClick); });
 }
 

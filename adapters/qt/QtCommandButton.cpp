@@ -1,5 +1,6 @@
 #include "adapters/qt/QtCommandButton.h"
 
+#include "adapters/qt/AccessKey.h"
 #include "adapters/qt/QText.h"
 
 namespace kvex::qt {
@@ -10,6 +11,7 @@ QtCommandButton::QtCommandButton(const ControlDesign &design, const std::u16stri
     // Which button Enter presses is the dialog's business.
     shown().setAutoDefault(false);
     shown().setDefault(design.isDefault);
+    clickByAccessKey(shown());
     QObject::connect(&shown(), &QPushButton::clicked, &shown(), [this] { run(onClick); });
 }
 

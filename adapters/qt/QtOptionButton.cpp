@@ -1,5 +1,6 @@
 #include "adapters/qt/QtOptionButton.h"
 
+#include "adapters/qt/AccessKey.h"
 #include "adapters/qt/QText.h"
 
 namespace kvex::qt {
@@ -9,6 +10,7 @@ QtOptionButton::QtOptionButton(const ControlDesign &design, const std::u16string
     : WidgetControl(design, window, *new QRadioButton(toQt(design.caption), &parent)) {
     group.addButton(&shown());
     shown().setChecked(design.selected);
+    clickByAccessKey(shown());
     QObject::connect(&shown(), &QRadioButton::clicked, &shown(), [this] { run(onClick); });
 }
 

@@ -12,6 +12,7 @@ public:
     QtRichTextBox(const ControlDesign &design, const std::u16string &window, QWidget &parent);
 
     [[nodiscard]] std::u16string text() const override { return shown().content(); }
+    [[nodiscard]] std::vector<TextRun> runs() const override { return shown().runs(); }
     void setText(const std::u16string &text) override;
     void setSelectionColour(Colour colour) override { colour_ = colour; }
     void insertText(const std::u16string &text) override;

@@ -32,6 +32,17 @@ QTextCharFormat formatFor(Colour colour, const QPalette &palette) {
     return format;
 }
 
+Colour meant(const QTextCharFormat &format) {
+    return format.property(meaning).value<Colour>();
+}
+
+void addTo(std::vector<TextRun> &runs, const std::u16string &text, Colour colour) {
+    if (runs.empty() || runs.back().colour != colour) {
+        runs.push_back({{}, colour});
+    }
+    runs.back().text += text;
+}
+
 } // namespace
 
 TextView::TextView(QWidget *parent, int columns, int lines)
@@ -47,6 +58,19 @@ std::u16string TextView::content() const {
     return controls::withCrLf(fromQt(raw));
 }
 
+std::vector<TextRun> TextView::runs() const {
+    std::vector<TextRun> runs;
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        if (block != document()->begin()) {
+            addTo(runs, u"\r\n", meant(block.charFormat()));
+        }
+        for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
+            addTo(runs, fromQt(piece.fragment().text()), meant(piece.fragment().charFormat()));
+        }
+    }
+    return runs;
+}
+
 void TextView::setContent(const std::u16string &text) {
     // Else the text would come in the colour of what it replaces.
     setCurrentCharFormat({});
@@ -56,7 +80,6 @@ void TextView::setContent(const std::u16string &text) {
 
 void TextView::insert(const std::u16string &text, Colour colour) {
     QTextCursor caret = textCursor();
-    caret.clearSelection();
     caret.insertText(toQt(text), formatFor(colour, palette()));
     setTextCursor(caret);
 }
@@ -102,8 +125,7 @@ void TextView::adaptColours() {
                 cursor.setPosition(piece.fragment().position());
                 cursor.setPosition(piece.fragment().position() + piece.fragment().length(),
                                    QTextCursor::KeepAnchor);
-                cursor.mergeCharFormat(
-                    formatFor(format.property(meaning).value<Colour>(), palette()));
+                cursor.mergeCharFormat(formatFor(meant(format), palette()));
             }
         }
     }

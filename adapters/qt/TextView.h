@@ -14,6 +14,8 @@ public:
 
     /// Lines end in CR LF.
     [[nodiscard]] std::u16string content() const;
+    /// In the colours that were asked for.
+    [[nodiscard]] std::vector<TextRun> runs() const;
     void setContent(const std::u16string &text);
     void insert(const std::u16string &text, Colour colour);
 
