@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <optional>
 
 namespace kvex {
 namespace {
@@ -108,6 +109,16 @@ bool isTooSmall(std::string_view form) {
     return error == std::errc::result_out_of_range ? digits.starts_with('-') : exponent < -place;
 }
 
+/// The value of a decimal form; none when a double cannot hold it.
+std::optional<double> valueOf(const std::string &form) {
+    double number = 0;
+    const auto error = std::from_chars(form.data(), form.data() + form.size(), number).ec;
+    if (error != std::errc::result_out_of_range) {
+        return number;
+    }
+    return isTooSmall(form) ? std::optional<double>(0) : std::nullopt;
+}
+
 template <class Integer> Integer rounded(double number) {
     const double whole = std::nearbyint(number);
     if (!(whole >= std::numeric_limits<Integer>::min() &&
@@ -191,7 +202,8 @@ std::u16string toText(double number) {
 }
 
 bool isNumeric(std::u16string_view text) {
-    return !decimalForm(text).empty();
+    const std::string form = decimalForm(text);
+    return !form.empty() && valueOf(form);
 }
 
 double toDouble(std::u16string_view text) {
@@ -199,15 +211,10 @@ double toDouble(std::u16string_view text) {
     if (form.empty()) {
         throw Error(error_number::typeMismatch);
     }
-    double number = 0;
-    const auto [end, error] = std::from_chars(form.data(), form.data() + form.size(), number);
-    if (error == std::errc::result_out_of_range) {
-        if (isTooSmall(form)) {
-            return 0;
-        }
-        throw Error(error_number::overflow);
+    if (const auto number = valueOf(form)) {
+        return *number;
     }
-    return number;
+    throw Error(error_number::overflow);
 }
 
 std::int32_t toInt32(std::u16string_view text) {

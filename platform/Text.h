@@ -26,11 +26,11 @@ namespace kvex {
 [[nodiscard]] std::u16string toText(double number);
 
 /// Whether `text` is a decimal number: surrounding blanks, a sign, ASCII digits with an optional
-/// fraction, an optional exponent.
+/// fraction, an optional exponent; and whether a double can hold it.
 [[nodiscard]] bool isNumeric(std::u16string_view text);
 
-/// The value of a text that isNumeric accepts; raises typeMismatch for any other and overflow
-/// for one that a double cannot hold.
+/// The value of a decimal number; raises overflow where a double cannot hold it, typeMismatch for
+/// any other text.
 [[nodiscard]] double toDouble(std::u16string_view text);
 
 /// toDouble, rounded half to even; raises overflow outside the type's range.

@@ -1,4 +1,4 @@
-// Case mapping of UTF-16 text; the tables are an adapter's.
+// Case mapping of UTF-16 text and classes of characters; the tables are an adapter's.
 #pragma once
 
 #include <string>

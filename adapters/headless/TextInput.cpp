@@ -2,6 +2,7 @@
 
 #include "adapters/headless/HeadlessWindow.h"
 #include "adapters/headless/User.h"
+#include "platform/Utf16.h"
 
 #include <algorithm>
 
@@ -18,7 +19,7 @@ bool isInside(std::u16string_view text, std::size_t at) {
     if (at == 0 || at >= text.size()) {
         return false;
     }
-    const bool isPair = (text[at - 1] & 0xFC00) == 0xD800 && (text[at] & 0xFC00) == 0xDC00;
+    const bool isPair = isHighSurrogate(text[at - 1]) && isLowSurrogate(text[at]);
     return isPair || text.substr(at - 1, 2) == u"\r\n";
 }
 

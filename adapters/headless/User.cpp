@@ -5,6 +5,7 @@
 #include "adapters/headless/HeadlessPicker.h"
 #include "adapters/headless/HeadlessWindow.h"
 #include "platform/Text.h"
+#include "platform/Utf16.h"
 
 #include <algorithm>
 
@@ -96,21 +97,18 @@ void User::press(Key key) {
 }
 
 void User::type(std::u16string_view text) {
-    for (std::size_t at = 0; at < text.size() && isBeforeWindow(); ++at) {
-        if (text[at] == u'\r' || text[at] == u'\n') {
-            at += text.substr(at, 2) == u"\r\n" ? 1 : 0;
+    for (std::size_t at = 0; at < text.size() && isBeforeWindow();) {
+        const std::size_t from = at;
+        const char32_t character = nextCharacter(text, at);
+        if (character == u'\r' || character == u'\n') {
+            at = from + (text.substr(from, 2) == u"\r\n" ? 2 : 1);
             window_.press(Key::enter);
-            continue;
-        }
-        const bool isPair = at + 1 < text.size() && (text[at] & 0xFC00) == 0xD800;
-        const std::u16string_view character = text.substr(at, isPair ? 2 : 1);
-        at += character.size() - 1;
-        if (character == u"\t") {
+        } else if (character == u'\t') {
             window_.press(Key::tab);
         } else if (window_.focus() == nullptr) {
             complain(u"no control has the focus");
-        } else if (!window_.focus()->type(character) &&
-                   !(character == u" " && window_.focus()->press(Key::space))) {
+        } else if (!window_.focus()->type(text.substr(from, at - from)) &&
+                   !(character == u' ' && window_.focus()->press(Key::space))) {
             complain(window_.focus()->design().name + u" takes no text");
         }
     }

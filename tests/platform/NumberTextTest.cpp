@@ -17,17 +17,17 @@ std::string shown(std::u16string_view text) {
 TEST(IsNumeric, AcceptsDecimalNumbers) {
     for (const std::u16string_view text :
          {u"0", u"-1", u"+1", u"007", u"1.", u".5", u"-.5", u"1.5", u"  12  ", u"1e3", u"1E+3",
-          u"1.5e-3", u".5e0", u"1.e1", u"99999999999999999999", u"1e999"}) {
+          u"1.5e-3", u".5e0", u"1.e1", u"99999999999999999999", u"1e-999"}) {
         EXPECT_TRUE(isNumeric(text)) << shown(text);
     }
 }
 
 TEST(IsNumeric, RefusesEverythingElse) {
     for (const std::u16string_view text :
-         {u"",      u" ",       u"a",      u"1a",     u"a1",   u".",     u"-",   u"+",   u"- 1",
-          u"--1",   u"+-1",     u"1 2",    u"1-",     u"1..",  u"1.2.3", u"1,5", u"e5",  u".e5",
-          u"1e",    u"1e+",     u"1e5.5",  u"1e 5",   u"0x10", u"&H10",  u"inf", u"nan", u"1\t",
-          u"\r\n1", u"\u00A01", u"\u0661", u"\uFF11", u"$1",   u"(1)",   u"1d3"}) {
+         {u"",      u" ",       u"a",      u"1a",     u"a1",   u".",     u"-",   u"+",    u"- 1",
+          u"--1",   u"+-1",     u"1 2",    u"1-",     u"1..",  u"1.2.3", u"1,5", u"e5",   u".e5",
+          u"1e",    u"1e+",     u"1e5.5",  u"1e 5",   u"0x10", u"&H10",  u"inf", u"nan",  u"1\t",
+          u"\r\n1", u"\u00A01", u"\u0661", u"\uFF11", u"$1",   u"(1)",   u"1d3", u"1e999"}) {
         EXPECT_FALSE(isNumeric(text)) << shown(text);
     }
 }

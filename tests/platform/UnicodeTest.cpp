@@ -108,4 +108,16 @@ TEST(FoldCase, OfEveryCharacterIsFoldedAndAsLongAndThatOfItsUpperCase) {
     }
 }
 
+TEST(IsLetterOrDigit, HoldsInEveryScript) {
+    for (const char32_t character : U"aZ09ßÄéıжΩ中ʰªǅ٣\U0001D400\U00010428") {
+        EXPECT_EQ(kvex::isLetterOrDigit(character), character != 0)
+            << std::hex << static_cast<unsigned>(character);
+    }
+    for (const char32_t character : {U' ', U'-', U'_', U'&', U'½', U'²', U'\u00A0', U'\u0301',
+                                     U'\U0001F600', char32_t{0xD800}}) {
+        EXPECT_FALSE(kvex::isLetterOrDigit(character))
+            << std::hex << static_cast<unsigned>(character);
+    }
+}
+
 } // namespace

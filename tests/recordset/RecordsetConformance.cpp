@@ -1,7 +1,5 @@
 #include "tests/recordset/RecordsetConformance.h"
 
-#include "platform/Text.h"
-
 namespace kvex::test {
 namespace {
 
@@ -16,15 +14,6 @@ std::unique_ptr<Recordset> openedOn(Connection &connection, std::u16string_view 
 constexpr std::u16string_view rulesById = u"SELECT * FROM SMS_RULES ORDER BY ID";
 
 } // namespace
-
-std::int32_t errorNumber(const std::function<void()> &call) {
-    try {
-        call();
-    } catch (const Error &error) {
-        return error.number();
-    }
-    return 0;
-}
 
 RecordsetConformance::RecordsetConformance()
     : database_(GetParam().make()), connection_(openConnection()) {}

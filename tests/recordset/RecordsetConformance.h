@@ -4,19 +4,17 @@
 #include "adapters/recordset/ClientConnection.h"
 #include "adapters/recordset/ClientRecordset.h"
 #include "platform/Error.h"
+#include "platform/Text.h"
 #include "tests/recordset/DatabaseFixture.h"
+#include "tests/recordset/ErrorNumber.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace kvex::test {
-
-/// The number of the error that `call` fails with, 0 for none.
-[[nodiscard]] std::int32_t errorNumber(const std::function<void()> &call);
 
 /// A test for each kind of database. It starts with an open connection and empty tables.
 class RecordsetConformance : public testing::TestWithParam<DatabaseKind> {

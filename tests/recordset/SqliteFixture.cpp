@@ -3,7 +3,6 @@
 #include "adapters/sqlite/Provider.h"
 #include "adapters/sqlite/Schema.h"
 #include "platform/Text.h"
-#include "tests/recordset/RecordsetConformance.h"
 
 #include <sqlite3.h>
 
@@ -15,7 +14,6 @@ namespace {
 
 class SqliteFixture final : public DatabaseFixture {
 public:
-    /// `name` is emptied of its tables' rows: it is new.
     SqliteFixture(std::unique_ptr<TemporaryFolder> folder, const std::string &name)
         : folder_(std::move(folder)), connectionString_(fromUtf8(name)), other_(name) {
         sqlite::createSchema(connectionString_);
@@ -121,9 +119,5 @@ DatabaseKind sqliteFile() {
 DatabaseKind sqliteMemory() {
     return {"SqliteMemory", &makeMemory};
 }
-
-INSTANTIATE_TEST_SUITE_P(Databases, RecordsetConformance,
-                         testing::Values(sqliteFile(), sqliteMemory()),
-                         [](const auto &kind) { return kind.param.name; });
 
 } // namespace kvex::test

@@ -1,7 +1,5 @@
 #include "tests/toolkit/Conformance.h"
 
-#include "platform/Error.h"
-
 namespace kvex::test {
 
 void ToolkitConformance::SetUp() {
@@ -29,29 +27,6 @@ std::unique_ptr<Window> ToolkitConformance::window(std::vector<ControlDesign> co
     }
     return toolkit().createWindow(
         {std::move(name), u"Test", std::move(controls), column(std::move(pieces))});
-}
-
-ControlDesign control(ControlKind kind, std::u16string name, std::u16string caption) {
-    return {kind, std::move(name), std::move(caption)};
-}
-
-ControlDesign disabled(ControlDesign design) {
-    design.enabled = false;
-    return design;
-}
-
-ControlDesign hidden(ControlDesign design) {
-    design.visible = false;
-    return design;
-}
-
-int errorOf(const std::function<void()> &action) {
-    try {
-        action();
-    } catch (const Error &error) {
-        return error.number();
-    }
-    return 0;
 }
 
 } // namespace kvex::test

@@ -3,6 +3,7 @@
 // INSTANTIATE_TEST_SUITE_P(Qt, ToolkitConformance, testing::Values(&makeQtFixture));
 #pragma once
 
+#include "tests/toolkit/Designs.h"
 #include "tests/toolkit/ToolkitFixture.h"
 
 #include "platform/controls/CheckBox.h"
@@ -16,7 +17,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -41,13 +41,5 @@ protected:
 private:
     std::unique_ptr<ToolkitFixture> fixture_;
 };
-
-[[nodiscard]] ControlDesign control(ControlKind kind, std::u16string name,
-                                    std::u16string caption = {});
-[[nodiscard]] ControlDesign disabled(ControlDesign design);
-[[nodiscard]] ControlDesign hidden(ControlDesign design);
-
-/// The number of the Error that `action` throws, 0 for none.
-[[nodiscard]] int errorOf(const std::function<void()> &action);
 
 } // namespace kvex::test

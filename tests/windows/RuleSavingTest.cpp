@@ -354,12 +354,12 @@ TEST_F(RuleSaving, ARuleThatAnotherRemovedIsLogged) {
 }
 
 TEST_F(RuleSaving, SavingAnUnchangedRuleWritesNothing) {
-    const auto id = database.addRule("Mine", "<ALLMESSAGES>", TestDatabase::deleteNothing);
+    const auto id = database.addRule("Mine", "<ALLMESSAGES>",
+                                     "<DELETE>NO</DELETE><IGNOREFURTHERRULES>YES"
+                                     "</IGNOREFURTHERRULES>");
     playRule(id, [this](User &user) {
         user.tickRow(actions, 5);
         user.tickRow(actions, 5);
-        user.tickRow(actions, 1);
-        ruleState().strDistribution = u" ";
         database.execute("CREATE TRIGGER refuse BEFORE UPDATE ON SMS_RULES BEGIN "
                          "SELECT RAISE(ABORT, 'refused'); END");
         user.click(u"cmdOK");

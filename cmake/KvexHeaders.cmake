@@ -1,0 +1,17 @@
+# The target `headers` compiles every header alone: each must include what it uses.
+# It is no part of the usual build; script/lint builds it.
+file(GLOB_RECURSE kvex_headers CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
+  ${PROJECT_SOURCE_DIR}/platform/*.h ${PROJECT_SOURCE_DIR}/rules/*.h
+  ${PROJECT_SOURCE_DIR}/ui/*.h ${PROJECT_SOURCE_DIR}/component/*.h
+  ${PROJECT_SOURCE_DIR}/adapters/*.h ${PROJECT_SOURCE_DIR}/host/*.h
+  ${PROJECT_SOURCE_DIR}/tests/*.h)
+
+foreach(header IN LISTS kvex_headers)
+  set(source "${PROJECT_BINARY_DIR}/headers/${header}.cpp")
+  file(CONFIGURE OUTPUT "${source}" CONTENT "#include \"${header}\"\n")
+  list(APPEND kvex_header_sources "${source}")
+endforeach()
+
+find_package(Qt6 REQUIRED COMPONENTS Widgets Test)
+add_library(headers OBJECT EXCLUDE_FROM_ALL ${kvex_header_sources})
+target_link_libraries(headers PRIVATE kvex_options Qt6::Widgets Qt6::Test GTest::gtest GTest::gmock)

@@ -1,0 +1,71 @@
+#include "host/kvexrules/Commands.h"
+
+#include "host/kvexrules/Console.h"
+#include "host/kvexrules/Failure.h"
+
+#include <array>
+#include <vector>
+
+namespace kvex::host {
+
+std::span<const CommandDescription> commands() {
+    using enum Option;
+    static const std::vector<CommandDescription> table{
+        {"edit", "[--rule ID]", "open the rule editor; without --rule on a new rule",
+         {database, user, log, rule}, false, editCommand},
+        {"list", "", "position, on or off, id and name of every rule in priority order",
+         {database}, false, listCommand},
+        {"show", "ID… | --all", "the description of rules, with a blank line between two",
+         {database, log, format, all}, true, showCommand},
+        {"init", "[--sample]", "create the tables, and sample data, where there are none",
+         {database, sample}, false, initCommand},
+        {"register", "", "let hosts find the rule component by its class", {}, false,
+         registerCommand},
+        {"unregister", "", "undo that", {}, false, unregisterCommand},
+        {"help", "", "this text", {}, false, helpCommand},
+        {"version", "", "the program's version", {}, false, versionCommand},
+    };
+    return table;
+}
+
+std::span<const OptionDescription> options() {
+    using enum Option;
+    static constexpr std::array table{
+        OptionDescription{database, "--database", "CONNECTION|PATH",
+                          "the database: a connection string or a SQLite file"},
+        OptionDescription{user, "--user", "ID", "in whose name rules are edited, 1 by default"},
+        OptionDescription{log, "--log", "FILE", "where errors are logged"},
+        OptionDescription{rule, "--rule", "ID", "the rule to open"},
+        OptionDescription{format, "--format", "text|ansi|html", "how to show rules, text by default"},
+        OptionDescription{all, "--all", "", "show every rule"},
+        OptionDescription{sample, "--sample", "", "add users, accounts and rules to try out"},
+    };
+    return table;
+}
+
+int helpCommand(const Request & /*request*/) {
+    print(helpText(commands(), options()) + R"(
+The database is the one that --database names, else $KVEX_DATABASE, else the
+setting "database" of kvex/kvexrules.conf in $XDG_CONFIG_HOME (~/.config), else
+kvex/rules.db in $XDG_DATA_HOME (~/.local/share). That file holds lines of
+"key = value" with the keys database, user and log, and comments after "#" at
+the beginning of a line.
+
+"list" separates its columns by blanks; the name is the rest of the line, and
+what could break the line is written as \n, \t, \\ or \u{HEX}.
+
+"edit" ends with the line "result: 99" when something was changed, "result: 1"
+when nothing was, and "result: 0" when the rules could not be opened.
+
+Exit status: 0 done; 1 something was not found, or a request was refused;
+2 wrong use, or nothing could be read.
+)");
+    return exit_status::done;
+}
+
+int versionCommand(const Request & /*request*/) {
+    print("kvexrules " KVEX_VERSION "\n");
+    return exit_status::done;
+}
+
+} // namespace kvex::host

@@ -1,0 +1,71 @@
+#include "host/kvexrules/Components.h"
+
+#include "adapters/classserver/ClassServer.h"
+#include "host/kvexrules/Failure.h"
+
+#include <cstdio>
+
+namespace kvex::host {
+namespace {
+
+constexpr std::string_view installAgain = "Install kvexrules again, with all its libraries.";
+
+std::filesystem::path besideProgram(const char *name) {
+    return std::filesystem::read_symlink("/proc/self/exe").parent_path() / name;
+}
+
+std::string reasonOf(HRESULT result) {
+    switch (result) {
+    case CO_E_DLLNOTFOUND:
+        return CoLoadErrorText();
+    case CO_E_ERRORINDLL:
+        return "it is no component";
+    case CO_E_CLASSSTRING:
+    case REGDB_E_CLASSNOTREG:
+        return "it is not registered";
+    case E_ACCESSDENIED:
+        return "permission denied";
+    default:
+        break;
+    }
+    char number[16];
+    std::snprintf(number, sizeof number, "0x%08X", static_cast<unsigned>(result));
+    return number;
+}
+
+} // namespace
+
+std::filesystem::path componentFile() {
+    return besideProgram("libKVEXMessageRules.so");
+}
+
+std::filesystem::path hostSuiteFile() {
+    return besideProgram("libKVEXHostSuite.so");
+}
+
+void require(HRESULT result, std::string_view what, std::string_view advice) {
+    if (FAILED(result)) {
+        throw Failure(std::string(what) + " (" + reasonOf(result) + "). " + std::string(advice));
+    }
+}
+
+void loadServer(const std::filesystem::path &file, const CLSID &classId) {
+    require(CoLoadServer(file.c_str(), classId), file.string() + " cannot be used", installAgain);
+}
+
+ComPointer<IRuleUI> createRuleUI() {
+    CLSID classId = CLSID_RuleUI;
+    if (std::filesystem::exists(componentFile())) {
+        loadServer(componentFile(), classId);
+    } else {
+        require(CLSIDFromProgID(RuleUIProgramId, &classId),
+                "There is no rule component: neither " + componentFile().string() +
+                    " nor a registered one",
+                installAgain);
+    }
+    ComPointer<IRuleUI> ruleUI;
+    require(createInstance(classId, ruleUI), "The rule component cannot start", installAgain);
+    return ruleUI;
+}
+
+} // namespace kvex::host

@@ -1,0 +1,29 @@
+#include "adapters/classserver/ClassServer.h"
+#include "host/kvexrules/Commands.h"
+#include "host/kvexrules/Components.h"
+#include "host/kvexrules/Console.h"
+#include "host/kvexrules/Failure.h"
+
+namespace kvex::host {
+namespace {
+
+int change(HRESULT (*call)(const char *) noexcept, const std::string &done) {
+    const std::string component = componentFile().string();
+    require(call(component.c_str()), "The registration of " + component + " cannot be changed",
+            "See that the file is installed, and that you may write the folder of your own data "
+            "($XDG_DATA_HOME, else ~/.local/share).");
+    print(done + component + "\n");
+    return exit_status::done;
+}
+
+} // namespace
+
+int registerCommand(const Request & /*request*/) {
+    return change(CoRegisterServer, "registered: ");
+}
+
+int unregisterCommand(const Request & /*request*/) {
+    return change(CoUnregisterServer, "unregistered: ");
+}
+
+} // namespace kvex::host

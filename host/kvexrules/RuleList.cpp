@@ -1,0 +1,71 @@
+#include "host/kvexrules/RuleList.h"
+
+#include "host/kvexrules/Database.h"
+#include "host/kvexrules/Failure.h"
+#include "host/kvexrules/Numbers.h"
+#include "host/suite/VisibleText.h"
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace kvex::host {
+namespace {
+
+std::u16string textOf(const Recordset &rules, std::u16string_view column) {
+    const ValueView value = rules.field(column);
+    return value.isNull() ? std::u16string() : value.text();
+}
+
+std::string rightAligned(const std::string &text, std::size_t width) {
+    return std::string(width - text.size(), ' ') + text;
+}
+
+} // namespace
+
+std::vector<ListedRule> readRules(Connection &connection) {
+    const std::unique_ptr<Recordset> rules = createRecordset();
+    rules->open(u"SELECT ID, NAME, ACTIVE FROM SMS_RULES WHERE DELETED = 0 ORDER BY PRIORITY, ID",
+                connection);
+    std::vector<ListedRule> list;
+    for (; !rules->eof(); rules->moveNext()) {
+        list.push_back({textOf(*rules, u"ID"), textOf(*rules, u"ACTIVE") == u"1",
+                        textOf(*rules, u"NAME")});
+    }
+    return list;
+}
+
+std::vector<ListedRule> rulesOf(const Settings &settings) {
+    try {
+        return readRules(*openConnection(settings));
+    } catch (const Error &error) {
+        failFor(settings, error);
+    }
+}
+
+std::string listText(const std::vector<ListedRule> &rules) {
+    const std::size_t positionWidth = std::to_string(rules.size()).size();
+    std::size_t idWidth = 0;
+    for (const ListedRule &rule : rules) {
+        idWidth = std::max(idWidth, rule.id.size());
+    }
+    std::string text;
+    for (std::size_t i = 0; i < rules.size(); ++i) {
+        const ListedRule &rule = rules[i];
+        text += rightAligned(std::to_string(i + 1), positionWidth) + "  " +
+                (rule.isActive ? "on " : "off") + "  " + rightAligned(toUtf8(rule.id), idWidth) +
+                "  " + toUtf8(visible(rule.name)) + "\n";
+    }
+    return text;
+}
+
+std::string ruleId(std::string_view text) {
+    const auto id = wholeNumber<std::int64_t>(text);
+    if (!id) {
+        throw Failure("\"" + std::string(text) +
+                      "\" is no rule's id. The ids are the numbers that kvexrules list shows.");
+    }
+    return std::to_string(*id);
+}
+
+} // namespace kvex::host

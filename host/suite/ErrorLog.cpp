@@ -1,0 +1,68 @@
+#include "host/suite/ErrorLog.h"
+
+#include "host/suite/UserFolders.h"
+#include "platform/Text.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <iostream>
+#include <unistd.h>
+
+namespace kvex::host {
+namespace {
+
+std::filesystem::path ownLog() {
+    const std::filesystem::path folder = stateFolder();
+    if (folder.empty()) {
+        return {};
+    }
+    std::error_code failure;
+    std::filesystem::create_directories(folder, failure);
+    return folder / "KVEX.log";
+}
+
+} // namespace
+
+std::filesystem::path logPath(std::u16string_view logFile) {
+    std::string path = toUtf8(logFile);
+    if (const std::size_t at = path.rfind('\\'); at != std::string::npos) {
+        path[at] = std::filesystem::path::preferred_separator;
+    }
+    return path;
+}
+
+int appendLine(const std::filesystem::path &file, std::string_view line) {
+    const int log = open(file.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0600);
+    if (log < 0) {
+        return errno;
+    }
+    ssize_t written = 0;
+    do {
+        written = write(log, line.data(), line.size());
+    } while (written < 0 && errno == EINTR);
+    const int failure = written < 0 ? errno : 0;
+    close(log);
+    return failure != 0 || static_cast<std::size_t>(written) == line.size() ? failure : ENOSPC;
+}
+
+void ErrorLog::append(std::u16string_view logFile, std::string_view line) {
+    const std::filesystem::path wanted = chosen_.empty() ? logPath(logFile) : chosen_;
+    const int failure = appendLine(wanted, line);
+    if (failure == 0) {
+        lastFile_ = wanted;
+        return;
+    }
+    const std::filesystem::path own = ownLog();
+    if (!own.empty() && appendLine(own, line) == 0) {
+        lastFile_ = own;
+        return;
+    }
+    lastFile_.clear();
+    std::cerr << "The error log " << wanted.string() << " cannot be written ("
+              << std::strerror(failure)
+              << "): make it writable, or choose another file. The entry was: " << line
+              << std::flush;
+}
+
+} // namespace kvex::host

@@ -1,0 +1,78 @@
+// The entry points of the library KVEXHostSuite, and the table of its classes.
+#include "adapters/classserver/server/Guard.h"
+#include "adapters/classserver/server/InProcessServer.h"
+#include "host/suite/MessageBoxUtility.h"
+#include "host/suite/SuiteConfiguration.h"
+#include "host/suite/SuiteState.h"
+#include "platform/Text.h"
+
+#include <array>
+
+namespace kvex::host {
+namespace {
+
+class SuiteConfiguration final : public ComObject<ISuiteConfiguration> {
+public:
+    HRESULT Configure(BSTR connectionString, BSTR secondText, BSTR logFile) noexcept final {
+        return guarded([&] {
+            suiteState() = {std::u16string(viewOf(connectionString)),
+                            std::u16string(viewOf(secondText)),
+                            ErrorLog(toUtf8(viewOf(logFile))),
+                            {}};
+            return S_OK;
+        });
+    }
+
+    HRESULT GetLastError(BSTR *logFile, BSTR *description) noexcept final {
+        if (logFile == nullptr || description == nullptr) {
+            return E_POINTER;
+        }
+        *logFile = nullptr;
+        *description = nullptr;
+        return guarded([&] {
+            const SuiteState &state = suiteState();
+            if (state.lastReason.empty()) {
+                return S_FALSE;
+            }
+            Bstr file(fromUtf8(state.log.lastFile().string()));
+            *description = Bstr(state.lastReason).detach();
+            *logFile = file.detach();
+            return S_OK;
+        });
+    }
+
+private:
+    ~SuiteConfiguration() final = default;
+};
+
+template <class Class> ComPointer<IUnknown> create() {
+    return makeComObject<Class>();
+}
+
+constexpr std::array classes{
+    ServedClass{CLSID_SuiteConfiguration, u"KVEXHostSuite.SuiteConfiguration",
+                u"Configuration of the SMS server's host suite", create<SuiteConfiguration>},
+    ServedClass{CLSID_Utility, u"KVEXHostSuite.Utility",
+                u"Utility object of the SMS server's host suite", create<MessageBoxUtility>},
+};
+
+} // namespace
+} // namespace kvex::host
+
+namespace server = kvex::in_process_server;
+
+extern "C" {
+KVEX_SERVER_ENTRY_POINT HRESULT DllGetClassObject(const CLSID &classId, const IID &interfaceId,
+                                                  void **object) {
+    return server::getClassObject(kvex::host::classes, classId, interfaceId, object);
+}
+KVEX_SERVER_ENTRY_POINT HRESULT DllCanUnloadNow() {
+    return server::canUnloadNow();
+}
+KVEX_SERVER_ENTRY_POINT HRESULT DllRegisterServer() {
+    return server::registerServer(kvex::host::classes);
+}
+KVEX_SERVER_ENTRY_POINT HRESULT DllUnregisterServer() {
+    return server::unregisterServer(kvex::host::classes);
+}
+}

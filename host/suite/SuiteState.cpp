@@ -1,0 +1,10 @@
+#include "host/suite/SuiteState.h"
+
+namespace kvex::host {
+
+SuiteState &suiteState() {
+    static SuiteState state;
+    return state;
+}
+
+} // namespace kvex::host

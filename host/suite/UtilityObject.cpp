@@ -1,0 +1,104 @@
+#include "host/suite/UtilityObject.h"
+
+#include "adapters/classserver/server/Guard.h"
+#include "host/suite/LogLine.h"
+#include "host/suite/Passwords.h"
+#include "host/suite/SuiteState.h"
+#include "platform/Text.h"
+#include "platform/controls/Toolkit.h"
+
+#include <ctime>
+#include <iostream>
+
+namespace kvex::host {
+namespace {
+
+HRESULT give(const std::u16string &text, BSTR *target) noexcept {
+    if (target == nullptr) {
+        return E_POINTER;
+    }
+    *target = nullptr;
+    return guarded([&] {
+        *target = Bstr(text).detach();
+        return S_OK;
+    });
+}
+
+void log(BSTR logFile, BSTR text, const Error *error) {
+    suiteState().log.append(viewOf(logFile), logLine(std::time(nullptr), viewOf(text), error));
+}
+
+std::u16string userText(const Error &error) {
+    const std::filesystem::path &file = suiteState().log.lastFile();
+    std::u16string text = u"The database reported an error, so what you did last was not stored."
+                          u"\r\n\r\nReason: " +
+                          withoutPasswords(error.description()) +
+                          u"\r\n\r\nOpen the rules again to see what is stored, then repeat the "
+                          u"change.";
+    if (!file.empty()) {
+        text += u" The entry in the error log is in " + fromUtf8(file.string()) + u".";
+    }
+    return text;
+}
+
+} // namespace
+
+HRESULT UtilityObject::GetConnectionString(BSTR *connectionString) noexcept {
+    return give(suiteState().connectionString, connectionString);
+}
+
+HRESULT UtilityObject::GetSecondText(BSTR *text) noexcept {
+    return give(suiteState().secondText, text);
+}
+
+HRESULT UtilityObject::WriteErrorLog(BSTR *logFile, ErrorRecord *error, BSTR text,
+                                     LONG /*reserved*/, VARIANT_BOOL *flag, LONG *output) noexcept {
+    if (logFile == nullptr || error == nullptr) {
+        return E_POINTER;
+    }
+    return guarded([&] {
+        if (output != nullptr) {
+            *output = 0;
+        }
+        const Error entry(error->number, std::u16string(viewOf(error->description)),
+                          std::u16string(viewOf(error->source)));
+        log(*logFile, text, &entry);
+        suiteState().lastReason = entry.description();
+        if (entry.fromDatabase() && (flag == nullptr || *flag != VARIANT_FALSE)) {
+            tellUser(entry);
+        }
+        return S_OK;
+    });
+}
+
+HRESULT UtilityObject::ReportMessage(BSTR *logFile, BSTR text, VARIANT_BOOL /*first*/,
+                                     VARIANT_BOOL /*second*/) noexcept {
+    if (logFile == nullptr) {
+        return E_POINTER;
+    }
+    return guarded([&] {
+        log(*logFile, text, nullptr);
+        return S_OK;
+    });
+}
+
+HRESULT UtilityObject::ShowMessageBox(BSTR text, LONG style, LONG *result) noexcept {
+    if (result == nullptr) {
+        return E_POINTER;
+    }
+    return guarded([&] {
+        *result = showMessage(std::u16string(viewOf(text)), style);
+        return S_OK;
+    });
+}
+
+void UtilityObject::tellUser(const Error &error) {
+    const std::u16string text = userText(error);
+    try {
+        showMessage(text, message_box::exclamation);
+    } catch (const std::exception &) {
+        std::cerr << toUtf8(text) << std::endl;
+    }
+}
+
+} // namespace kvex::host

@@ -1,0 +1,153 @@
+"""A desktop of one's own: a virtual display with a window manager, a session bus and
+accessibility, a home folder. Everything that was started on it ends with it.
+"""
+
+import ctypes
+import os
+import signal
+import subprocess
+import tempfile
+import time
+from pathlib import Path
+
+AT_SPI_LAUNCHER = "/usr/libexec/at-spi-bus-launcher"
+PATIENCE = 30  # seconds for a state that ought to come within one
+
+
+class TimedOut(Exception):
+    """What was waited for did not come."""
+
+
+def wait_for(what, condition, seconds=PATIENCE):
+    """The first value of `condition` that counts as true."""
+    end = time.monotonic() + seconds
+    while True:
+        if value := condition():
+            return value
+        if time.monotonic() > end:
+            raise TimedOut(f"waited {seconds} s for {what}")
+        time.sleep(0.02)
+
+
+def adopt_orphans():
+    """What our children leave behind becomes our child, so that it can be ended."""
+    pr_set_child_subreaper = 36
+    ctypes.CDLL(None).prctl(pr_set_child_subreaper, 1, 0, 0, 0)
+
+
+def children():
+    path = Path(f"/proc/{os.getpid()}/task/{os.getpid()}/children")
+    return [int(pid) for pid in path.read_text(encoding="ascii").split()]
+
+
+def end_all_children():
+    """Asks them to end, then makes them, and those that they leave behind."""
+    for request, seconds in ((signal.SIGTERM, 5), (signal.SIGKILL, PATIENCE)):
+        asked = set()
+        end = time.monotonic() + seconds
+        while (pids := children()) and time.monotonic() < end:
+            for pid in set(pids) - asked:
+                os.kill(pid, request)
+                asked.add(pid)
+            if os.waitpid(-1, os.WNOHANG) == (0, 0):
+                time.sleep(0.02)
+
+
+class Desktop:
+    """One at a time in a process: the environment of the process names it."""
+
+    def __init__(self, width=1280, height=1024):
+        self.size = f"{width}x{height}x24"
+        self.folder = tempfile.TemporaryDirectory(prefix="kvex-desktop-")
+        self.home = Path(self.folder.name)
+
+    def __enter__(self):
+        adopt_orphans()
+        try:
+            self.start()
+        except BaseException:
+            self.stop()
+            raise
+        return self
+
+    def __exit__(self, *_):
+        self.stop()
+
+    def start(self):
+        for name in list(os.environ):
+            if name.startswith(("XDG_", "QT_", "DBUS_", "AT_SPI_", "WAYLAND_", "KVEX_")):
+                del os.environ[name]
+        for name, place in (
+            ("HOME", "home"), ("XDG_RUNTIME_DIR", "run"), ("XDG_CONFIG_HOME", "home/.config"),
+            ("XDG_DATA_HOME", "home/.local/share"), ("XDG_STATE_HOME", "home/.local/state"),
+            ("XDG_CACHE_HOME", "home/.cache"),
+        ):
+            (self.home / place).mkdir(parents=True, mode=0o700)
+            os.environ[name] = str(self.home / place)
+        os.environ.update(LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb", NO_AT_BRIDGE="0",
+                          QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
+        os.environ["DISPLAY"] = ":" + self.announced(
+            ["Xvfb", "-displayfd", "{}", "-screen", "0", self.size, "-nolisten", "tcp",
+             "-noreset"])
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = self.announced(
+            ["dbus-daemon", "--session", "--nofork", "--print-address={}"])
+        self.spawn([AT_SPI_LAUNCHER, "--launch-immediately", "--a11y=1"])
+        self.spawn(["openbox", "--sm-disable"])
+        wait_for("the window manager", lambda: self.xdotool("get_desktop", may_fail=True))
+
+    def stop(self):
+        end_all_children()
+        self.folder.cleanup()
+
+    def spawn(self, command, **options):
+        """Starts a server of the desktop; what it says goes to a file in the home folder."""
+        log = self.home / (Path(command[0]).name + ".log")
+        with log.open("ab") as out:
+            return subprocess.Popen(  # pylint: disable=consider-using-with
+                command, stdin=subprocess.DEVNULL, stdout=out, stderr=out, **options)
+
+    def announced(self, command):
+        """The line that a server writes, once it is ready, to the descriptor for "{}"."""
+        reading, writing = os.pipe()
+        server = self.spawn([word.format(writing) for word in command], pass_fds=[writing])
+        os.close(writing)
+        with os.fdopen(reading) as pipe:
+            if line := pipe.readline().strip():
+                return line
+        raise TimedOut(f"{command[0]} ended with status {server.wait()} before it was ready")
+
+    def xdotool(self, *words, may_fail=False):
+        """What it prints; None for a failure that may be."""
+        done = subprocess.run(["xdotool", *words], capture_output=True, text=True, check=False)
+        if done.returncode == 0:
+            return done.stdout.strip()
+        if may_fail:
+            return None
+        raise RuntimeError(f"xdotool {' '.join(words)}: {done.stderr.strip()}")
+
+    def press(self, *keys):
+        """Presses keys one after another: "alt+n", "Escape", "space"."""
+        self.xdotool("key", "--delay", "15", *keys)
+
+    def type(self, text):
+        self.xdotool("type", "--delay", "15", "--", text)
+
+    def close_active_by_frame(self):
+        """As the cross in the window's frame does."""
+        self.press("alt+F4")
+
+    def screenshot(self, path, window="root"):
+        """`window` is an X window's number, or the whole screen. Taken once it stands still."""
+        Path(path).parent.mkdir(parents=True, exist_ok=True)
+        pixels = [b""]
+
+        def stands_still():
+            pixels.append(subprocess.run(["import", "-frame", "-window", window, "ppm:-"],
+                                         capture_output=True, check=True).stdout)
+            return pixels[-1] == pixels[-2]
+
+        wait_for("the picture to stand still", stands_still)
+        subprocess.run(["convert", "ppm:-", path], input=pixels[-1], check=True)
+
+    def screenshot_of_active(self, path):
+        self.screenshot(path, self.xdotool("getactivewindow"))

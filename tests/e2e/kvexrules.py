@@ -1,0 +1,74 @@
+"""kvexrules as a process on a desktop, and its database."""
+
+import json
+import os
+import subprocess
+
+from accessibility import Application
+from desktop import PATIENCE, TimedOut
+
+
+class Database:
+    """Read and written with the database's own client."""
+
+    def __init__(self, path):
+        self.path = path
+
+    def run(self, statement):
+        """The rows of the result, each a dictionary."""
+        done = subprocess.run(
+            ["sqlite3", "-json", "-cmd", ".timeout 5000", self.path, statement],
+            capture_output=True, text=True, check=False)
+        if done.returncode != 0:
+            raise RuntimeError(f"{statement}: {done.stderr.strip()}")
+        return json.loads(done.stdout) if done.stdout.strip() else []
+
+    def rules(self):
+        """In the order in which they apply."""
+        return self.run("SELECT ID, Name, QueryParam, ActionParam, PRIORITY, ACTIVE"
+                        " FROM SMS_RULES WHERE DELETED = 0 ORDER BY PRIORITY, ID")
+
+    def rule(self, name):
+        """The rule of this name; None when there is none."""
+        return next((rule for rule in self.rules() if rule["Name"] == name), None)
+
+
+class KvexRules(Application):
+    """kvexrules edit, once it runs."""
+
+    def __init__(self, desktop, program, database, *arguments):
+        self.output = desktop.home / "kvexrules.out"
+        self.errors = desktop.home / "kvexrules.err"
+        with self.output.open("wb") as out, self.errors.open("wb") as err:
+            super().__init__(desktop, subprocess.Popen(
+                [program, "edit", "--database", database.path,
+                 "--log", desktop.home / "kvexrules.log", *arguments],
+                stdin=subprocess.DEVNULL, stdout=out, stderr=err))
+
+    def finish(self):
+        """Waits for its end: the exit status and the last line it printed."""
+        try:
+            status = self.process.wait(PATIENCE)
+        except subprocess.TimeoutExpired:
+            raise TimedOut(f"waited {PATIENCE} s for kvexrules to end") from None
+        lines = self.output.read_text(encoding="utf-8").splitlines()
+        return status, lines[-1] if lines else ""
+
+    def log(self):
+        log = self.desktop.home / "kvexrules.log"
+        return log.read_text(encoding="utf-8") if log.exists() else ""
+
+    def report(self):
+        """What a failure's reader wants to see."""
+        return "\n".join([
+            "windows:", self.outline(),
+            "printed:", self.output.read_text(encoding="utf-8", errors="replace"),
+            "errors:", self.errors.read_text(encoding="utf-8", errors="replace"),
+            "log:", self.log()])
+
+
+def initialise(program, path, *arguments):
+    """A new database made by the program itself."""
+    subprocess.run([program, "init", "--database", path, *arguments], check=True,
+                   stdout=subprocess.DEVNULL, env={**os.environ})
+    return Database(path)

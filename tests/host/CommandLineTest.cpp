@@ -1,0 +1,122 @@
+#include "host/kvexrules/CommandLine.h"
+
+#include "host/kvexrules/Commands.h"
+#include "host/kvexrules/Failure.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace kvex::host {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+Request parsed(const std::vector<const char *> &arguments) {
+    return parseArguments(arguments, commands(), options());
+}
+
+std::string refusal(const std::vector<const char *> &arguments) {
+    try {
+        const Request request = parsed(arguments);
+        ADD_FAILURE() << "understood as " << request.command->name;
+        return {};
+    } catch (const Failure &failure) {
+        EXPECT_EQ(failure.status(), exit_status::unusable);
+        EXPECT_THAT(failure.what(), HasSubstr("kvexrules help"));
+        return failure.what();
+    }
+}
+
+TEST(CommandLine, WithoutACommandEdits) {
+    EXPECT_EQ(parsed({}).command->name, "edit");
+    EXPECT_EQ(parsed({"--rule", "3"}).command->name, "edit");
+}
+
+TEST(CommandLine, HasEveryCommand) {
+    for (const char *name :
+         {"edit", "list", "show", "init", "register", "unregister", "help", "version"}) {
+        EXPECT_EQ(parsed({name}).command->name, name);
+    }
+}
+
+TEST(CommandLine, TakesOptionsBeforeAndAfterTheCommand) {
+    const Request request = parsed({"--database", "a.db", "edit", "--user", "7", "--log=b.log"});
+    EXPECT_EQ(request.value(Option::database), "a.db");
+    EXPECT_EQ(request.value(Option::user), "7");
+    EXPECT_EQ(request.value(Option::log), "b.log");
+    EXPECT_FALSE(request.has(Option::rule));
+    EXPECT_EQ(request.value(Option::rule), "");
+}
+
+TEST(CommandLine, KeepsASignInAValue) {
+    EXPECT_EQ(parsed({"list", "--database=Provider=SQLite;Data Source=a"}).value(Option::database),
+              "Provider=SQLite;Data Source=a");
+}
+
+TEST(CommandLine, CountsTheLastOfAnOption) {
+    EXPECT_EQ(parsed({"--rule", "1", "--rule", "2"}).value(Option::rule), "2");
+}
+
+TEST(CommandLine, TakesWordsWhereTheyBelong) {
+    const Request request = parsed({"show", "3", "--format", "ansi", "1"});
+    EXPECT_THAT(request.words, ElementsAre("3", "1"));
+    EXPECT_EQ(request.value(Option::format), "ansi");
+}
+
+TEST(CommandLine, TakesEverythingAfterTwoDashesAsWords) {
+    EXPECT_THAT(parsed({"show", "--", "-3", "--all"}).words, ElementsAre("-3", "--all"));
+}
+
+TEST(CommandLine, HasOptionsThatStandForCommands) {
+    EXPECT_EQ(parsed({"--help"}).command->name, "help");
+    EXPECT_EQ(parsed({"list", "-h"}).command->name, "help");
+    const Request request = parsed({"--version", "show", "1"});
+    EXPECT_EQ(request.command->name, "version");
+    EXPECT_THAT(request.words, IsEmpty());
+}
+
+TEST(CommandLine, RefusesWhatNobodyKnows) {
+    EXPECT_THAT(refusal({"lsit"}), HasSubstr("no command \"lsit\""));
+    EXPECT_THAT(refusal({""}), HasSubstr("no command \"\""));
+    EXPECT_THAT(refusal({"--databse", "a"}), HasSubstr("no option --databse"));
+    EXPECT_THAT(refusal({"-x"}), HasSubstr("no option -x"));
+}
+
+TEST(CommandLine, RefusesOptionsOfOtherCommands) {
+    EXPECT_THAT(refusal({"list", "--rule", "1"}), HasSubstr("list has no option --rule"));
+    EXPECT_THAT(refusal({"edit", "--sample"}), HasSubstr("edit has no option --sample"));
+}
+
+TEST(CommandLine, RefusesWordsWhereNoneBelong) {
+    EXPECT_THAT(refusal({"list", "3"}), HasSubstr("list takes no word \"3\""));
+    EXPECT_THAT(refusal({"edit", "3"}), HasSubstr("edit takes no word \"3\""));
+}
+
+TEST(CommandLine, RefusesAMissingValue) {
+    EXPECT_THAT(refusal({"--database"}), HasSubstr("--database needs a value"));
+    EXPECT_THAT(refusal({"--database="}), HasSubstr("--database needs a value"));
+    EXPECT_THAT(refusal({"--database", ""}), HasSubstr("--database needs a value"));
+}
+
+TEST(CommandLine, RefusesAValueWhereNoneBelongs) {
+    EXPECT_THAT(refusal({"show", "--all=yes"}), HasSubstr("--all takes no value"));
+}
+
+TEST(Help, NamesEveryCommandAndOption) {
+    const std::string text = helpText(commands(), options());
+    for (const CommandDescription &command : commands()) {
+        EXPECT_THAT(text, HasSubstr("  " + std::string(command.name) + " "));
+        EXPECT_THAT(text, HasSubstr(std::string(command.help)));
+    }
+    for (const OptionDescription &option : options()) {
+        EXPECT_THAT(text, HasSubstr("  " + std::string(option.name) + " "));
+        EXPECT_THAT(text, HasSubstr(std::string(option.help)));
+    }
+}
+
+} // namespace
+} // namespace kvex::host

@@ -1,0 +1,140 @@
+#include "host/suite/ErrorLog.h"
+
+#include "platform/Text.h"
+#include "tests/host/EnvironmentVariables.h"
+#include "tests/host/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace kvex::host {
+namespace {
+
+class ErrorLogFile : public testing::Test {
+protected:
+    void SetUp() override { environment.set("XDG_STATE_HOME", (folder / "state").string()); }
+
+    /// The log's path as the component gives it, of a component in `directory`.
+    static std::u16string given(const std::filesystem::path &directory) {
+        return fromUtf8(directory.string()) + u"\\KVEX.log";
+    }
+
+    /// A directory in which nobody can make a file.
+    std::filesystem::path unusable() {
+        writeFile(folder / "file", "");
+        return folder / "file";
+    }
+
+    TemporaryFolder folder;
+    EnvironmentVariables environment;
+};
+
+TEST_F(ErrorLogFile, IsInTheDirectoryThatTheComponentNames) {
+    ErrorLog log;
+    log.append(given(folder.path()), "one\n");
+    EXPECT_EQ(readFile(folder / "KVEX.log"), "one\n");
+    EXPECT_EQ(log.lastFile(), folder / "KVEX.log");
+}
+
+TEST_F(ErrorLogFile, KeepsEarlierLines) {
+    writeFile(folder / "KVEX.log", "zero\n");
+    ErrorLog().append(given(folder.path()), "one\n");
+    ErrorLog().append(given(folder.path()), "two\n");
+    EXPECT_EQ(readFile(folder / "KVEX.log"), "zero\none\ntwo\n");
+}
+
+TEST_F(ErrorLogFile, IsReadableByItsOwnerAlone) {
+    ErrorLog().append(given(folder.path()), "one\n");
+    struct stat status {};
+    ASSERT_EQ(stat((folder / "KVEX.log").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0600U);
+}
+
+TEST_F(ErrorLogFile, GoesToTheStateFolderWhenItCannotBeOpened) {
+    ErrorLog log;
+    log.append(given(unusable()), "one\n");
+    EXPECT_EQ(readFile(folder / "state/kvex/KVEX.log"), "one\n");
+    EXPECT_EQ(log.lastFile(), folder / "state/kvex/KVEX.log");
+}
+
+TEST_F(ErrorLogFile, GoesToTheStateFolderWhenNoneIsNamed) {
+    ErrorLog().append(u"", "one\n");
+    EXPECT_EQ(readFile(folder / "state/kvex/KVEX.log"), "one\n");
+}
+
+TEST_F(ErrorLogFile, IsTheChosenOneWhateverTheComponentNames) {
+    ErrorLog log(folder / "chosen.log");
+    log.append(given(folder.path()), "one\n");
+    EXPECT_EQ(readFile(folder / "chosen.log"), "one\n");
+    EXPECT_FALSE(std::filesystem::exists(folder / "KVEX.log"));
+}
+
+TEST_F(ErrorLogFile, GoesToTheStateFolderWhenTheChosenOneCannotBeOpened) {
+    ErrorLog log(unusable() / "chosen.log");
+    log.append(given(folder.path()), "one\n");
+    EXPECT_EQ(readFile(folder / "state/kvex/KVEX.log"), "one\n");
+    EXPECT_FALSE(std::filesystem::exists(folder / "KVEX.log"));
+}
+
+TEST_F(ErrorLogFile, GoesToStandardErrorWhenThereIsNoPlaceAtAll) {
+    environment.set("XDG_STATE_HOME", unusable().string());
+    ErrorLog log;
+    testing::internal::CaptureStderr();
+    log.append(given(unusable()), "the entry\n");
+    const std::string told = testing::internal::GetCapturedStderr();
+    EXPECT_NE(told.find(unusable() / "KVEX.log"), std::string::npos);
+    EXPECT_NE(told.find("the entry\n"), std::string::npos);
+    EXPECT_EQ(log.lastFile(), "");
+}
+
+TEST_F(ErrorLogFile, WithoutRoomCountsAsOneThatCannotBeOpened) {
+    ErrorLog log("/dev/full");
+    log.append(u"", "one\n");
+    EXPECT_EQ(readFile(folder / "state/kvex/KVEX.log"), "one\n");
+}
+
+TEST_F(ErrorLogFile, KeepsTheLinesOfManyWritersWhole) {
+    constexpr int writers = 4;
+    constexpr int lines = 200;
+    for (int writer = 0; writer < writers; ++writer) {
+        if (fork() == 0) {
+            const std::string line(500, static_cast<char>('a' + writer));
+            for (int i = 0; i < lines; ++i) {
+                ErrorLog().append(given(folder.path()), line + "\n");
+            }
+            _exit(0);
+        }
+    }
+    for (int writer = 0; writer < writers; ++writer) {
+        int status = -1;
+        wait(&status);
+        EXPECT_EQ(status, 0);
+    }
+    std::ifstream log(folder / "KVEX.log");
+    int count = 0;
+    for (std::string line; std::getline(log, line); ++count) {
+        ASSERT_EQ(line, std::string(500, line.empty() ? '?' : line.front()));
+    }
+    EXPECT_EQ(count, writers * lines);
+}
+
+TEST(LogPath, TurnsTheSeparatorBeforeTheName) {
+    EXPECT_EQ(logPath(u"/opt/kvex\\KVEX.log"), "/opt/kvex/KVEX.log");
+}
+
+TEST(LogPath, OfARootDirectoryMayDoubleTheSeparator) {
+    EXPECT_EQ(logPath(u"/\\KVEX.log"), "//KVEX.log");
+}
+
+TEST(LogPath, KeepsABackslashInADirectorysName) {
+    EXPECT_EQ(logPath(u"/opt/a\\b\\KVEX.log"), "/opt/a\\b/KVEX.log");
+}
+
+TEST(LogPath, WithoutABackslashStays) {
+    EXPECT_EQ(logPath(u"/opt/नियम/KVEX.log"), "/opt/नियम/KVEX.log");
+}
+
+} // namespace
+} // namespace kvex::host

@@ -1,0 +1,45 @@
+#include "host/suite/Passwords.h"
+
+#include <gtest/gtest.h>
+
+namespace kvex::host {
+namespace {
+
+TEST(Passwords, LeaveAConnectionString) {
+    EXPECT_EQ(withoutPasswords(u"DSN=sms;UID=app;PWD=s3cret"), u"DSN=sms;UID=app;PWD=***");
+    EXPECT_EQ(withoutPasswords(u"Password = s3 cret ;DSN=sms"), u"Password = ***;DSN=sms");
+}
+
+TEST(Passwords, AreFoundWithoutRegardToCase) {
+    EXPECT_EQ(withoutPasswords(u"pwd=x;PassWord=y"), u"pwd=***;PassWord=***");
+}
+
+TEST(Passwords, EndWhereTheirBracesOrQuotesDo) {
+    EXPECT_EQ(withoutPasswords(u"Pwd={a;b}}c};DSN=sms"), u"Pwd=***;DSN=sms");
+    EXPECT_EQ(withoutPasswords(u"Pwd=\"a;\"\"b\";DSN=sms"), u"Pwd=***;DSN=sms");
+    EXPECT_EQ(withoutPasswords(u"Pwd='a;b';DSN=sms"), u"Pwd=***;DSN=sms");
+}
+
+TEST(Passwords, ThatAreNotClosedLeaveWithTheRest) {
+    EXPECT_EQ(withoutPasswords(u"Pwd={a;DSN=sms"), u"Pwd=***");
+}
+
+TEST(Passwords, LeaveASentenceAroundThem) {
+    EXPECT_EQ(withoutPasswords(u"cannot open DSN=a;PWD=b; try again"),
+              u"cannot open DSN=a;PWD=***; try again");
+}
+
+TEST(Passwords, AreNotSeenInOtherNames) {
+    for (const std::u16string text :
+         {u"", u"pwd", u"password is wrong", u"MyPwd=1;x", u"pwdx=1", u"old_password=1"}) {
+        EXPECT_EQ(withoutPasswords(text), text);
+    }
+}
+
+TEST(Passwords, ThatAreEmptyStayUnknown) {
+    EXPECT_EQ(withoutPasswords(u"PWD=;DSN=sms"), u"PWD=***;DSN=sms");
+    EXPECT_EQ(withoutPasswords(u"PWD="), u"PWD=***");
+}
+
+} // namespace
+} // namespace kvex::host

@@ -1,0 +1,51 @@
+#include "host/kvexrules/RuleList.h"
+
+#include "host/kvexrules/Failure.h"
+
+#include <gtest/gtest.h>
+
+namespace kvex::host {
+namespace {
+
+TEST(RuleList, OfNoRulesIsEmpty) {
+    EXPECT_EQ(listText({}), "");
+}
+
+TEST(RuleList, HoldsPositionStateIdAndName) {
+    EXPECT_EQ(listText({{u"7", true, u"Stop"}, {u"3", false, u"Halt at night"}}),
+              "1  on   7  Stop\n"
+              "2  off  3  Halt at night\n");
+}
+
+TEST(RuleList, AlignsNumbersToTheRight) {
+    std::vector<ListedRule> rules(10, {u"1", true, u"a"});
+    rules.back().id = u"100";
+    const std::string text = listText(rules);
+    EXPECT_EQ(text.substr(0, text.find('\n')), " 1  on     1  a");
+    EXPECT_EQ(text.substr(text.rfind("10  on")), "10  on   100  a\n");
+}
+
+TEST(RuleList, KeepsARuleOnItsLineWhateverItsName) {
+    EXPECT_EQ(listText({{u"1", true, u"a\r\nb\tc\\d\x1b[2J"}, {u"2", true, u""}}),
+              "1  on   1  a\\r\\nb\\tc\\\\d\\u{1b}[2J\n"
+              "2  on   2  \n");
+}
+
+TEST(RuleList, IsUtf8) {
+    EXPECT_EQ(listText({{u"1", true, u"रात 🌙"}}), "1  on   1  रात 🌙\n");
+}
+
+TEST(RuleId, HasOneForm) {
+    EXPECT_EQ(ruleId("7"), "7");
+    EXPECT_EQ(ruleId("007"), "7");
+    EXPECT_EQ(ruleId("-1"), "-1");
+}
+
+TEST(RuleId, IsANumber) {
+    for (const char *text : {"", "a", "7a", " 7", "+7", "1.5", "99999999999999999999"}) {
+        EXPECT_THROW(static_cast<void>(ruleId(text)), Failure) << text;
+    }
+}
+
+} // namespace
+} // namespace kvex::host

@@ -1,0 +1,153 @@
+#include "host/kvexrules/Settings.h"
+
+#include "host/kvexrules/Commands.h"
+#include "host/kvexrules/Failure.h"
+#include "tests/host/EnvironmentVariables.h"
+#include "tests/host/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace kvex::host {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+std::string refusal(std::string_view text) {
+    try {
+        static_cast<void>(parseConfiguration(text, "/etc/a.conf"));
+        ADD_FAILURE() << "understood: " << text;
+        return {};
+    } catch (const Failure &failure) {
+        EXPECT_EQ(failure.status(), exit_status::unusable);
+        return failure.what();
+    }
+}
+
+TEST(Configuration, HoldsItsThreeKeys) {
+    const Configuration read =
+        parseConfiguration("database = /srv/a.db\nuser=7\n  log  =  /var/a b.log  \n", "a");
+    EXPECT_EQ(read.database, "/srv/a.db");
+    EXPECT_EQ(read.user, "7");
+    EXPECT_EQ(read.log, "/var/a b.log");
+}
+
+TEST(Configuration, KeepsSignsAndHashesOfAValue) {
+    EXPECT_EQ(parseConfiguration("database = DSN=sms;PWD=a#b", "a").database, "DSN=sms;PWD=a#b");
+}
+
+TEST(Configuration, SkipsCommentsAndBlankLines) {
+    const Configuration read = parseConfiguration("# user = 1\n\n \t\r\n  # x\nuser = 2\r\n", "a");
+    EXPECT_EQ(read.user, "2");
+    EXPECT_FALSE(read.database.has_value());
+}
+
+TEST(Configuration, MayBeEmpty) {
+    const Configuration read = parseConfiguration("", "a");
+    EXPECT_FALSE(read.database.has_value());
+    EXPECT_FALSE(read.user.has_value());
+    EXPECT_FALSE(read.log.has_value());
+}
+
+TEST(Configuration, NamesTheLineThatItCannotRead) {
+    EXPECT_THAT(refusal("user = 1\n\nnonsense\n"), StartsWith("/etc/a.conf:3: \"nonsense\""));
+    EXPECT_THAT(refusal("usr = 1"), StartsWith("/etc/a.conf:1: there is no setting \"usr\""));
+    EXPECT_THAT(refusal("= 1"), StartsWith("/etc/a.conf:1: there is no setting \"\""));
+    EXPECT_THAT(refusal("user = 1\nuser = 1"), StartsWith("/etc/a.conf:2: user is set a second"));
+    EXPECT_THAT(refusal("# c\ndatabase ="), StartsWith("/etc/a.conf:2: database has no value"));
+}
+
+class Settings : public testing::Test {
+protected:
+    void SetUp() override {
+        environment.set("XDG_CONFIG_HOME", (folder / "config").string());
+        environment.set("XDG_DATA_HOME", (folder / "data").string());
+        environment.set("KVEX_DATABASE", std::nullopt);
+    }
+
+    kvex::host::Settings chosen(std::map<Option, std::string> given = {}) {
+        return settingsFor({&commands().front(), std::move(given), {}});
+    }
+    void configure(std::string_view text) {
+        writeFile(folder / "config/kvex/kvexrules.conf", text);
+    }
+    std::string failure(std::map<Option, std::string> given = {}) {
+        try {
+            const kvex::host::Settings settings = chosen(std::move(given));
+            ADD_FAILURE() << "chosen: " << settings.database;
+            return {};
+        } catch (const Failure &failed) {
+            EXPECT_EQ(failed.status(), exit_status::unusable);
+            return failed.what();
+        }
+    }
+
+    TemporaryFolder folder;
+    EnvironmentVariables environment;
+};
+
+TEST_F(Settings, NameTheUsersOwnDatabaseByDefault) {
+    const kvex::host::Settings settings = chosen();
+    EXPECT_EQ(settings.database, (folder / "data/kvex/rules.db").string());
+    EXPECT_TRUE(settings.isOwnDatabase);
+    EXPECT_EQ(settings.user, "1");
+    EXPECT_EQ(settings.log, "");
+}
+
+TEST_F(Settings, PreferTheConfigurationFile) {
+    configure("database = a.db\nuser = 4\nlog = b.log");
+    const kvex::host::Settings settings = chosen();
+    EXPECT_EQ(settings.database, "a.db");
+    EXPECT_THAT(settings.databaseOrigin, HasSubstr("kvexrules.conf"));
+    EXPECT_FALSE(settings.isOwnDatabase);
+    EXPECT_EQ(settings.user, "4");
+    EXPECT_EQ(settings.log, "b.log");
+}
+
+TEST_F(Settings, PreferTheEnvironmentToTheConfigurationFile) {
+    configure("database = a.db");
+    environment.set("KVEX_DATABASE", "e.db");
+    EXPECT_EQ(chosen().database, "e.db");
+    EXPECT_THAT(chosen().databaseOrigin, HasSubstr("$KVEX_DATABASE"));
+}
+
+TEST_F(Settings, IgnoreAnEmptyVariable) {
+    configure("database = a.db");
+    environment.set("KVEX_DATABASE", "");
+    EXPECT_EQ(chosen().database, "a.db");
+}
+
+TEST_F(Settings, PreferTheOptionsToEverything) {
+    configure("database = a.db\nuser = 4\nlog = b.log");
+    environment.set("KVEX_DATABASE", "e.db");
+    const kvex::host::Settings settings =
+        chosen({{Option::database, "o.db"}, {Option::user, "5"}, {Option::log, "o.log"}});
+    EXPECT_EQ(settings.database, "o.db");
+    EXPECT_THAT(settings.databaseOrigin, HasSubstr("--database"));
+    EXPECT_EQ(settings.user, "5");
+    EXPECT_EQ(settings.log, "o.log");
+}
+
+TEST_F(Settings, RefuseAUserWhoIsNoNumber) {
+    EXPECT_THAT(failure({{Option::user, "asha"}}), HasSubstr("\"asha\" is no user's id"));
+    EXPECT_THAT(failure({{Option::user, "99999999999"}}), HasSubstr("is no user's id"));
+    configure("user = asha");
+    EXPECT_THAT(failure(), HasSubstr("\"asha\" is no user's id"));
+}
+
+TEST_F(Settings, RefuseAConfigurationThatIsNoFile) {
+    std::filesystem::create_directories(folder / "config/kvex/kvexrules.conf");
+    EXPECT_THAT(failure(), HasSubstr("cannot be read"));
+}
+
+TEST_F(Settings, RefuseAChosenLogThatCannotBeWritten) {
+    writeFile(folder / "file", "");
+    const kvex::host::Settings settings = chosen({{Option::log, (folder / "file/a.log").string()}});
+    EXPECT_THROW(requireWritableLog(settings), Failure);
+    EXPECT_NO_THROW(requireWritableLog(chosen()));
+    EXPECT_NO_THROW(requireWritableLog(chosen({{Option::log, (folder / "a.log").string()}})));
+}
+
+} // namespace
+} // namespace kvex::host

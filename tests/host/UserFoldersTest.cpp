@@ -1,0 +1,48 @@
+#include "host/suite/UserFolders.h"
+
+#include "tests/host/EnvironmentVariables.h"
+
+#include <gtest/gtest.h>
+
+namespace kvex::host {
+namespace {
+
+TEST(UserFolders, AreThoseThatTheVariablesName) {
+    EnvironmentVariables environment;
+    environment.set("XDG_STATE_HOME", "/s");
+    environment.set("XDG_DATA_HOME", "/d");
+    environment.set("XDG_CONFIG_HOME", "/c");
+    EXPECT_EQ(stateFolder(), "/s/kvex");
+    EXPECT_EQ(dataFolder(), "/d/kvex");
+    EXPECT_EQ(configurationFolder(), "/c/kvex");
+}
+
+TEST(UserFolders, AreBelowTheHomeDirectoryOtherwise) {
+    EnvironmentVariables environment;
+    environment.set("HOME", "/home/asha");
+    for (const char *name : {"XDG_STATE_HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME"}) {
+        environment.set(name, std::nullopt);
+    }
+    EXPECT_EQ(stateFolder(), "/home/asha/.local/state/kvex");
+    EXPECT_EQ(dataFolder(), "/home/asha/.local/share/kvex");
+    EXPECT_EQ(configurationFolder(), "/home/asha/.config/kvex");
+}
+
+TEST(UserFolders, IgnoreRelativeVariables) {
+    EnvironmentVariables environment;
+    environment.set("HOME", "/home/asha");
+    environment.set("XDG_STATE_HOME", "state");
+    environment.set("XDG_DATA_HOME", "");
+    EXPECT_EQ(stateFolder(), "/home/asha/.local/state/kvex");
+    EXPECT_EQ(dataFolder(), "/home/asha/.local/share/kvex");
+}
+
+TEST(UserFolders, AskTheSystemForTheHomeDirectoryOfAUserWithoutHome) {
+    EnvironmentVariables environment;
+    environment.set("HOME", std::nullopt);
+    environment.set("XDG_STATE_HOME", std::nullopt);
+    EXPECT_TRUE(stateFolder().is_absolute());
+}
+
+} // namespace
+} // namespace kvex::host

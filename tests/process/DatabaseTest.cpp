@@ -1,0 +1,91 @@
+// Databases that cannot be read, whoever names them.
+#include "tests/process/KvexrulesTest.h"
+
+namespace kvex::process {
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+
+class Database : public KvexrulesTest {
+protected:
+    /// What list says of it; show must say the same.
+    std::string complaint(const std::string &name) const {
+        const std::string told = failed(2, {"list", "--database", name});
+        EXPECT_EQ(failed(2, {"show", "--all", "--database", name}), told);
+        EXPECT_THAT(told, HasSubstr("named by --database"));
+        return told;
+    }
+};
+
+TEST_F(Database, ThatIsMissingIsNotMade) {
+    EXPECT_THAT(complaint(database), AllOf(HasSubstr(database.string() + " does not exist"),
+                                           HasSubstr("kvexrules init")));
+    EXPECT_FALSE(std::filesystem::exists(database));
+}
+
+TEST_F(Database, ThatIsEmptyHasNoTables) {
+    writeFile(database, "");
+    EXPECT_THAT(complaint(database), AllOf(HasSubstr(database.string() + " is empty"),
+                                           HasSubstr("kvexrules init")));
+}
+
+TEST_F(Database, ThatIsAnotherFileIsNone) {
+    writeFile(database, std::string(5000, 'x'));
+    EXPECT_THAT(complaint(database), HasSubstr(database.string() + " is no database"));
+    EXPECT_EQ(readFile(database), std::string(5000, 'x'));
+}
+
+TEST_F(Database, ThatIsAFolderIsNone) {
+    EXPECT_THAT(complaint(folder.path()), HasSubstr("is a folder"));
+}
+
+TEST_F(Database, ThatIsDamagedCannotBeRead) {
+    done({"init", "--sample"});
+    std::string bytes = readFile(database);
+    bytes.replace(4096, bytes.size() - 4096, bytes.size() - 4096, '\x55');
+    writeFile(database, bytes);
+    EXPECT_THAT(complaint(database), AllOf(HasSubstr("is damaged"), HasSubstr("backup")));
+}
+
+TEST_F(Database, OfAnotherProgramHasNotTheTables) {
+    sqlite3(database, "CREATE TABLE OTHER (A)");
+    EXPECT_THAT(complaint(database), AllOf(HasSubstr("no table SMS_RULES"), HasSubstr("name")));
+}
+
+TEST_F(Database, OfAnUnknownProviderCannotBeOpened) {
+    EXPECT_THAT(complaint("Provider=Paper;Data Source=x"), HasSubstr("Provider=SQLite"));
+}
+
+TEST_F(Database, MayNotBeNamedByAnUnreadableText) {
+    EXPECT_THAT(complaint("Provider=SQLite;rules.db"),
+                HasSubstr("connection string cannot be read"));
+}
+
+TEST_F(Database, NeverHasItsPasswordTold) {
+    EXPECT_THAT(complaint("Driver={None};UID=app;PWD=s3cret"), Not(HasSubstr("s3cret")));
+    EXPECT_THAT(complaint("Driver={None};PWD={s3;cret"), Not(HasSubstr("cret")));
+}
+
+TEST_F(Database, IsNamedByAConnectionStringToo) {
+    done({"init"});
+    EXPECT_EQ(done({"list", "--database", "Provider=SQLite;Data Source=" + database.string()}), "");
+}
+
+TEST_F(Database, OfTheUserIsMissingAtFirst) {
+    environment.erase("KVEX_DATABASE");
+    EXPECT_THAT(failed(2, {"list"}),
+                AllOf(HasSubstr((folder / "home/.local/share/kvex/rules.db").string()),
+                      HasSubstr("kvexrules init"), HasSubstr("your own")));
+}
+
+TEST_F(Database, OfTheUserIsMadeWithItsFolder) {
+    environment.erase("KVEX_DATABASE");
+    environment["XDG_DATA_HOME"] = (folder / "data").string();
+    EXPECT_EQ(done({"init"}), "ready: " + (folder / "data/kvex/rules.db").string() + "\n");
+    EXPECT_EQ(done({"list"}), "");
+}
+
+} // namespace
+} // namespace kvex::process

@@ -1,0 +1,91 @@
+// What every command has in common.
+#include "tests/process/KvexrulesTest.h"
+
+namespace kvex::process {
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+
+class Kvexrules : public KvexrulesTest {};
+
+TEST_F(Kvexrules, TellsItsVersion) {
+    EXPECT_THAT(done({"version"}), testing::MatchesRegex("kvexrules [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+    EXPECT_EQ(done({"--version"}), done({"version"}));
+}
+
+TEST_F(Kvexrules, HelpsOnStandardOutput) {
+    const std::string help = done({"help"});
+    EXPECT_THAT(help, AllOf(HasSubstr("Usage: kvexrules"), HasSubstr("--database"),
+                            HasSubstr("unregister"), HasSubstr("Exit status")));
+    EXPECT_EQ(done({"--help"}), help);
+    EXPECT_EQ(done({"list", "-h"}), help);
+}
+
+TEST_F(Kvexrules, RefusesWhatItDoesNotKnow) {
+    EXPECT_THAT(failed(2, {"lsit"}), HasSubstr("no command \"lsit\""));
+    EXPECT_THAT(failed(2, {"list", "--quick"}), HasSubstr("no option --quick"));
+    EXPECT_THAT(failed(2, {"list", "extra"}), HasSubstr("takes no word \"extra\""));
+    EXPECT_THAT(failed(2, {"list", "--sample"}), HasSubstr("has no option --sample"));
+    EXPECT_THAT(failed(2, {"list", "--database"}), HasSubstr("needs a value"));
+}
+
+TEST_F(Kvexrules, DoesNotNeedALocale) {
+    done({"init", "--sample"});
+    environment["LC_ALL"] = "C";
+    const std::string list = done({"list"});
+    EXPECT_THAT(list, HasSubstr("दिल्ली के संदेश"));
+    environment["LC_ALL"] = "nowhere";
+    EXPECT_EQ(done({"list"}), list);
+}
+
+TEST_F(Kvexrules, EndsQuietlyWhenTheReaderHasGone) {
+    done({"init", "--sample"});
+    const Outcome outcome = kvexrules({"list"}, Output::withoutReader);
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.errors, "");
+}
+
+TEST_F(Kvexrules, TellsWhenItsOutputIsLost) {
+    done({"init", "--sample"});
+    for (const Output output : {Output::closed, Output::full}) {
+        const Outcome outcome = kvexrules({"list"}, output);
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_THAT(outcome.errors, HasSubstr("The output cannot be written"));
+    }
+}
+
+TEST_F(Kvexrules, KeepsItsOutputOutOfFilesWhenItIsClosed) {
+    EXPECT_EQ(kvexrules({"init", "--sample"}, Output::closed).status, 2);
+    EXPECT_EQ(sqlite3(database, "PRAGMA integrity_check"), "ok\n");
+    EXPECT_EQ(sqlite3(database, "SELECT count(*) FROM SMS_RULES"), "7\n");
+}
+
+TEST_F(Kvexrules, LoadsNoWindowsForATerminal) {
+    // The loader writes to standard error what it loads.
+    environment["LD_DEBUG"] = "files";
+    const Outcome outcome = kvexrules({"version"});
+    EXPECT_THAT(outcome.errors, HasSubstr("libKVEXClassServer.so"));
+    EXPECT_THAT(outcome.errors, Not(HasSubstr("libQt6")));
+}
+
+TEST_F(Kvexrules, ReadsTheUsersConfigurationFile) {
+    environment.erase("KVEX_DATABASE");
+    const std::filesystem::path chosen = folder / "chosen.db";
+    writeFile(folder / "home/.config/kvex/kvexrules.conf",
+              "# where our rules are\ndatabase = " + chosen.string() + "\n");
+    EXPECT_EQ(done({"init"}), "ready: " + chosen.string() + "\n");
+    EXPECT_EQ(done({"list"}), "");
+    EXPECT_EQ(sqlite3(chosen, "SELECT count(*) FROM SMS_RULES"), "0\n");
+}
+
+TEST_F(Kvexrules, NamesTheLineOfAConfigurationThatItCannotRead) {
+    const std::filesystem::path file = folder / "config/kvex/kvexrules.conf";
+    environment["XDG_CONFIG_HOME"] = (folder / "config").string();
+    writeFile(file, "user = 1\ncolour = red\n");
+    EXPECT_THAT(failed(2, {"list"}), HasSubstr(file.string() + ":2: "));
+}
+
+} // namespace
+} // namespace kvex::process

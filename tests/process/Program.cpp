@@ -1,0 +1,123 @@
+#include "tests/process/Program.h"
+
+#include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <poll.h>
+#include <stdexcept>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <utility>
+
+namespace kvex::process {
+namespace {
+
+struct Pipe {
+    int reader = -1;
+    int writer = -1;
+    Pipe() {
+        std::array<int, 2> ends{};
+        if (pipe2(ends.data(), O_CLOEXEC) != 0) {
+            throw std::runtime_error("no pipe");
+        }
+        reader = ends[0];
+        writer = ends[1];
+    }
+    ~Pipe() {
+        close(reader);
+        close(writer);
+    }
+    Pipe(const Pipe &) = delete;
+    Pipe &operator=(const Pipe &) = delete;
+};
+
+std::vector<char *> pointers(std::vector<std::string> &texts) {
+    std::vector<char *> result;
+    for (std::string &text : texts) {
+        result.push_back(text.data());
+    }
+    result.push_back(nullptr);
+    return result;
+}
+
+void connectOutput(Output output, int captured) {
+    switch (output) {
+    case Output::closed:
+        close(STDOUT_FILENO);
+        break;
+    case Output::full:
+        dup2(open("/dev/full", O_WRONLY | O_CLOEXEC), STDOUT_FILENO);
+        break;
+    case Output::captured:
+    case Output::withoutReader:
+        dup2(captured, STDOUT_FILENO);
+        break;
+    }
+}
+
+/// Reads both streams until the program has closed them.
+void collect(int output, int errors, Outcome &outcome) {
+    std::array<pollfd, 2> streams{pollfd{output, POLLIN, 0}, pollfd{errors, POLLIN, 0}};
+    const std::array<std::string *, 2> texts{&outcome.output, &outcome.errors};
+    while (streams[0].fd >= 0 || streams[1].fd >= 0) {
+        poll(streams.data(), streams.size(), -1);
+        for (std::size_t i = 0; i < streams.size(); ++i) {
+            if (streams[i].fd < 0 || streams[i].revents == 0) {
+                continue;
+            }
+            std::array<char, 4096> buffer{};
+            const ssize_t count = read(streams[i].fd, buffer.data(), buffer.size());
+            if (count > 0) {
+                texts[i]->append(buffer.data(), static_cast<std::size_t>(count));
+            } else if (count == 0 || errno != EINTR) {
+                streams[i].fd = -1;
+            }
+        }
+    }
+}
+
+} // namespace
+
+Outcome run(const std::filesystem::path &program, const std::vector<std::string> &arguments,
+            const std::map<std::string, std::string> &environment,
+            const std::filesystem::path &folder, Output output) {
+    std::vector<std::string> words{program.string()};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    std::vector<std::string> variables;
+    for (const auto &[name, value] : environment) {
+        variables.push_back(name + "=" + value);
+    }
+    const std::vector<char *> argumentPointers = pointers(words);
+    const std::vector<char *> variablePointers = pointers(variables);
+    Pipe outputPipe;
+    Pipe errorPipe;
+    if (output == Output::withoutReader) {
+        close(std::exchange(outputPipe.reader, -1));
+    }
+    const pid_t child = fork();
+    if (child == 0) {
+        connectOutput(output, outputPipe.writer);
+        dup2(errorPipe.writer, STDERR_FILENO);
+        if (chdir(folder.c_str()) == 0) {
+            execve(program.c_str(), argumentPointers.data(), variablePointers.data());
+        }
+        _exit(127);
+    }
+    if (child < 0) {
+        throw std::runtime_error("no process");
+    }
+    close(std::exchange(outputPipe.writer, -1));
+    close(std::exchange(errorPipe.writer, -1));
+    Outcome outcome;
+    collect(outputPipe.reader, errorPipe.reader, outcome);
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    }
+    if (!WIFEXITED(status) || WEXITSTATUS(status) == 127) {
+        throw std::runtime_error(program.string() + " did not run to its end: " + outcome.errors);
+    }
+    outcome.status = WEXITSTATUS(status);
+    return outcome;
+}
+
+} // namespace kvex::process

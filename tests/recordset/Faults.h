@@ -1,0 +1,43 @@
+// Rights and limits taken from this process while an object lives.
+#pragma once
+
+#include <sys/types.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <sys/resource.h>
+
+namespace kvex::test {
+
+enum class FolderRights : std::uint16_t { write = 0777, read = 0555 };
+enum class FileRights : std::uint16_t { read = 0444, none = 0 };
+
+/// A file and its folder as an ordinary user without more than these rights finds them; the
+/// superuser, whom no rights bind, becomes another user for the time.
+class WithoutRights {
+public:
+    WithoutRights(const std::filesystem::path &folder, const std::filesystem::path &file,
+                  FolderRights folderRights, FileRights fileRights = FileRights::read);
+    ~WithoutRights();
+    WithoutRights(const WithoutRights &) = delete;
+    WithoutRights &operator=(const WithoutRights &) = delete;
+
+private:
+    std::filesystem::path folder_;
+    uid_t user_;
+};
+
+/// No file grows beyond `bytes`: a write there fails.
+class FileSizeLimit {
+public:
+    explicit FileSizeLimit(rlim_t bytes);
+    ~FileSizeLimit();
+    FileSizeLimit(const FileSizeLimit &) = delete;
+    FileSizeLimit &operator=(const FileSizeLimit &) = delete;
+
+private:
+    rlimit before_{};
+    void (*handler_)(int);
+};
+
+} // namespace kvex::test

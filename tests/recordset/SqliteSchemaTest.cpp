@@ -1,0 +1,117 @@
+// Creating the server's tables.
+#include "adapters/sqlite/Schema.h"
+#include "platform/Text.h"
+#include "tests/recordset/ErrorNumber.h"
+#include "tests/recordset/SqliteFixture.h"
+#include "tests/recordset/SqliteSession.h"
+
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+namespace kvex::test {
+namespace {
+
+class SqliteSchema : public testing::Test {
+protected:
+    [[nodiscard]] std::string path() const { return folder_.path() / "rules.db"; }
+    bool create() const { return sqlite::createSchema(fromUtf8(path())); }
+    [[nodiscard]] OtherProgram other() const { return OtherProgram(path()); }
+    [[nodiscard]] std::u16string tableCount() const {
+        return other().valueOf(u"SELECT COUNT(*) FROM sqlite_master WHERE name LIKE 'SMS!_%' "
+                               u"ESCAPE '!'");
+    }
+    [[nodiscard]] const std::filesystem::path &folder() const { return folder_.path(); }
+
+private:
+    TemporaryFolder folder_;
+};
+
+} // namespace
+
+TEST_F(SqliteSchema, TheFileAndItsSixTablesAreMadeOnce) {
+    EXPECT_TRUE(create());
+    EXPECT_EQ(tableCount(), u"6");
+    other().run(u"INSERT INTO SMS_RULES (Name) VALUES ('kept')");
+    EXPECT_FALSE(create());
+    EXPECT_EQ(other().valueOf(u"SELECT Name FROM SMS_RULES"), u"kept");
+}
+
+TEST_F(SqliteSchema, AConnectionStringNamesTheDatabaseToo) {
+    EXPECT_TRUE(sqlite::createSchema(u"Provider=SQLite;Data Source=" + fromUtf8(path())));
+    EXPECT_EQ(tableCount(), u"6");
+}
+
+TEST_F(SqliteSchema, TheQueriesOfTheSessionRun) {
+    create();
+    SqliteSession session(fromUtf8(path()));
+    for (const std::u16string_view query :
+         {u"SELECT * FROM SMS_RULES WHERE DELETED = 0 ORDER BY PRIORITY",
+          u"SELECT * FROM SMS_USERS WHERE DELETED = 0",
+          u"SELECT * FROM SMS_ACCOUNT WHERE DELETED = 0",
+          u"SELECT * FROM SMS_SERVICE WHERE DELETED = 0 AND DISABLED = 0",
+          u"SELECT * FROM SMS_SERVICECOMMANDS WHERE SERVICE_ID IN (SELECT ID FROM SMS_SERVICE "
+          u"WHERE DELETED = 0 AND DISABLED = 0)",
+          u"SELECT ID, USER_ID, NAME, MOBILE FROM SMS_CONTACTS WHERE DELETED = 0"}) {
+        EXPECT_TRUE(session.records(query)->eof());
+    }
+}
+
+TEST_F(SqliteSchema, DefaultsMakeANewRuleLiveActiveAndFirst) {
+    create();
+    other().run(u"INSERT INTO SMS_RULES DEFAULT VALUES");
+    EXPECT_EQ(other().valueOf(u"SELECT PRIORITY || ACTIVE || DELETED FROM SMS_RULES"), u"010");
+}
+
+TEST_F(SqliteSchema, MissingTablesAreAdded) {
+    create();
+    other().run(u"DROP TABLE SMS_CONTACTS");
+    EXPECT_TRUE(create());
+    EXPECT_EQ(tableCount(), u"6");
+}
+
+TEST_F(SqliteSchema, AnEmptyFileGetsTheTables) {
+    std::ofstream(path()).flush();
+    EXPECT_TRUE(create());
+    EXPECT_EQ(tableCount(), u"6");
+}
+
+TEST_F(SqliteSchema, OtherTablesAndFurtherColumnsAreLeft) {
+    other().run(u"CREATE TABLE OTHER (X); CREATE TABLE sms_users (id INTEGER PRIMARY KEY, name, "
+                u"deleted, address)");
+    EXPECT_TRUE(create());
+    EXPECT_EQ(other().valueOf(u"SELECT COUNT(*) FROM OTHER"), u"0");
+    other().run(u"INSERT INTO SMS_USERS (address) VALUES ('kept')");
+    EXPECT_FALSE(create());
+}
+
+TEST_F(SqliteSchema, ATableOfAnotherSchemaRefusesTheDatabaseAndChangesNothing) {
+    other().run(u"CREATE TABLE SMS_SERVICE (ID INTEGER PRIMARY KEY, NAME, DELETED)");
+    const Refusal refusal = refusalOf([this] { create(); });
+    EXPECT_EQ(refusal.code, SQLITE_SCHEMA);
+    EXPECT_TRUE(refusal.says(u"SMS_SERVICE has no column DISABLED"));
+    EXPECT_EQ(tableCount(), u"1");
+}
+
+TEST_F(SqliteSchema, AFileOfAnotherKindIsLeftAsItIs) {
+    std::ofstream(path()) << std::string(5000, 'x');
+    EXPECT_EQ(refusalOf([this] { create(); }).code, SQLITE_NOTADB);
+    EXPECT_EQ(std::filesystem::file_size(path()), 5000U);
+}
+
+TEST_F(SqliteSchema, NoFolderIsCreated) {
+    EXPECT_EQ(refusalOf([this] {
+                  sqlite::createSchema(fromUtf8((folder() / "none" / "rules.db").string()));
+              }).code,
+              SQLITE_CANTOPEN);
+    EXPECT_FALSE(std::filesystem::exists(folder() / "none"));
+}
+
+TEST_F(SqliteSchema, AnotherProvidersDatabaseIsRefused) {
+    EXPECT_EQ(errorNumber([] { sqlite::createSchema(u"DSN=rules"); }), error_number::badArgument);
+}
+
+} // namespace kvex::test

@@ -1,0 +1,114 @@
+"""The checks of script/lint: that they find what they look for, and that the project passes."""
+
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+PROJECT = Path(__file__).parents[3]
+
+
+class Checks(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.root = Path(folder.name)
+
+    def write(self, path, text):
+        file = self.root / path
+        file.parent.mkdir(parents=True, exist_ok=True)
+        file.write_text(text, encoding="utf-8")
+
+    def run_check(self, check, root=None):
+        """The check's status and the lines it printed."""
+        done = subprocess.run(
+            [PROJECT / "script" / check, root or self.root],
+            stdout=subprocess.PIPE, text=True, check=False,
+        )
+        return done.returncode, done.stdout.splitlines()
+
+    def assert_refused(self, check, place):
+        status, lines = self.run_check(check)
+        self.assertEqual(status, 1)
+        self.assertEqual(len(lines), 1, lines)
+        self.assertTrue(lines[0].startswith(place), lines[0])
+
+    def assert_passes(self, check, root=None):
+        self.assertEqual(self.run_check(check, root), (0, []))
+
+    def testTheProjectIncludesOnlyWhatItMay(self):
+        self.assert_passes("check-includes", PROJECT)
+
+    def testTheProjectSpeaksOfItselfAlone(self):
+        self.assert_passes("check-words", PROJECT)
+
+    def testAnAdapterInTheRulesIsRefusedWithFileLineAndRule(self):
+        self.write("rules/Load.cpp", '#include "platform/Text.h"\n#include "adapters/qt/Window.h"\n')
+        status, lines = self.run_check("check-includes")
+        self.assertEqual(status, 1)
+        self.assertEqual(
+            lines,
+            ["rules/Load.cpp:2: includes adapters/qt/Window.h; rules/ may include the standard "
+             "library, platform/, rules/, component/Session.h, component/ErrorTrap.h, "
+             "component/RecordSearch.h"],
+        )
+
+    def testAnIncludeInAngleBracketsIsNoWayAround(self):
+        self.write("ui/rules/frmRules.cpp", "#include <adapters/qt/Window.h>\n")
+        self.assert_refused("check-includes", "ui/rules/frmRules.cpp:1:")
+
+    def testAPathThatDoesNotStartAtTheRootIsRefused(self):
+        self.write("ui/rules/frmRules.cpp", '#include "frmRules.h"\n')
+        self.assert_refused("check-includes", "ui/rules/frmRules.cpp:1:")
+
+    def testALibraryInTheInterfacesIsRefused(self):
+        self.write("platform/controls/ListView.h", "#include <vector>\n#  include <QWidget>\n")
+        self.assert_refused("check-includes", "platform/controls/ListView.h:2:")
+
+    def testAnotherAdaptersLibraryIsRefused(self):
+        self.write("adapters/qt/List.cpp", "#include <QListView>\n#include <sqlite3.h>\n")
+        self.assert_refused("check-includes", "adapters/qt/List.cpp:2:")
+
+    def testAnotherAdapterIsRefused(self):
+        self.write("adapters/qt/List.cpp", '#include "adapters/headless/List.h"\n')
+        self.assert_refused("check-includes", "adapters/qt/List.cpp:1:")
+
+    def testAFolderWithoutARuleIsRefused(self):
+        self.write("adapters/new/Thing.h", "#include <vector>\n")
+        self.assert_refused("check-includes", "adapters/new/Thing.h:1:")
+
+    def testTheComponentNamesAdaptersInItsCompositionAlone(self):
+        self.write("component/Composition.cpp", '#include "adapters/qt/Toolkit.h"\n')
+        self.assert_passes("check-includes")
+        self.write("component/Session.cpp", '#include "adapters/qt/Toolkit.h"\n')
+        self.assert_refused("check-includes", "component/Session.cpp:1:")
+
+    def testAHostSeesOfTheComponentItsPublicHeaderAlone(self):
+        self.write("host/main.cpp", '#include "component/RuleUI.h"\n')
+        self.assert_passes("check-includes")
+        self.write("host/show.cpp", '#include "rules/Describe.h"\n')
+        self.assert_refused("check-includes", "host/show.cpp:1:")
+
+    def testAPaperOutsideTheProjectIsRefused(self):
+        self.write("docs/a.md", "One.\nAs the " + "sp" + "ecification says.\n")
+        self.assert_refused("check-words", "docs/a.md:2:")
+
+    def testAChapterOfSuchAPaperIsRefused(self):
+        self.write("rules/Load.h", "// See Part" + " 2.2.\n")
+        self.assert_refused("check-words", "rules/Load.h:1:")
+
+    def testTheFolderOfOneMachineIsRefused(self):
+        self.write("script/run", "cd /" + "root/build\n")
+        self.assert_refused("check-words", "script/run:1:")
+
+    def testAFileNamedAfterSuchAPaperIsRefused(self):
+        self.write("docs/" + "dec" + "isions.md", "One.\n")
+        self.assert_refused("check-words", "docs/")
+
+    def testWhatIsBuiltIsNotRead(self):
+        self.write("build/dev/log.txt", "cd /" + "root/build\n")
+        self.assert_passes("check-words")
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,37 @@
+// Designs of controls, and errors looked at, for the tests of toolkits.
+#pragma once
+
+#include "platform/Error.h"
+#include "platform/controls/WindowDesign.h"
+
+#include <functional>
+#include <string>
+
+namespace kvex::test {
+
+[[nodiscard]] inline ControlDesign control(ControlKind kind, std::u16string name,
+                                           std::u16string caption = {}) {
+    return {kind, std::move(name), std::move(caption)};
+}
+
+[[nodiscard]] inline ControlDesign disabled(ControlDesign design) {
+    design.enabled = false;
+    return design;
+}
+
+[[nodiscard]] inline ControlDesign hidden(ControlDesign design) {
+    design.visible = false;
+    return design;
+}
+
+/// The number of the Error that `action` throws, 0 for none.
+[[nodiscard]] inline int errorOf(const std::function<void()> &action) {
+    try {
+        action();
+    } catch (const Error &error) {
+        return error.number();
+    }
+    return 0;
+}
+
+} // namespace kvex::test

@@ -1,0 +1,175 @@
+#include "adapters/controls/ListRows.h"
+
+#include "platform/Error.h"
+#include "tests/toolkit/Designs.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace kvex::controls {
+namespace {
+
+using test::errorOf;
+
+/// A list view that nothing shows.
+class BareList final : public ListRows {
+public:
+    explicit BareList(bool multiSelect = false) : ListRows(multiSelect) {}
+    [[nodiscard]] const std::u16string &name() const override { return name_; }
+    [[nodiscard]] bool enabled() const override { return true; }
+    void setEnabled(bool) override {}
+    [[nodiscard]] bool visible() const override { return true; }
+    void setVisible(bool) override {}
+    void setFocus() override {}
+    void refresh() override {}
+
+private:
+    std::u16string name_;
+};
+
+/// Writes down what it is told and how many rows there are then.
+class Log final : public ListRowsListener {
+public:
+    explicit Log(const ListRows &rows) : rows_(rows) {}
+
+    void aboutToInsertRow(int row) override { add("inserting " + std::to_string(row)); }
+    void rowInserted() override { add("inserted"); }
+    void aboutToRemoveRow(int row) override { add("removing " + std::to_string(row)); }
+    void rowRemoved() override { add("removed"); }
+    void aboutToReorder() override { add("reordering"); }
+    void reordered() override { add("reordered"); }
+    void aboutToReset() override { add("resetting"); }
+    void reset() override { add("reset"); }
+    void rowChanged(int row) override { add("changed " + std::to_string(row)); }
+    void columnIconChanged(int column) override { add("icon " + std::to_string(column)); }
+    void selectionChanged() override { add("selected " + std::to_string(rows_.selectedRow())); }
+    void rowSelectedByCode(int row) override { add("to be seen " + std::to_string(row)); }
+
+    /// What was told since the last call.
+    [[nodiscard]] std::string take() { return std::exchange(text_, {}); }
+
+private:
+    void add(const std::string &what) {
+        text_ += what + " of " + std::to_string(rows_.rowCount()) + "; ";
+    }
+
+    const ListRows &rows_;
+    std::string text_;
+};
+
+class ListRowsTest : public testing::Test {
+protected:
+    ListRowsTest() {
+        rows_.addColumn(u"Text", 0.95);
+        rows_.addColumn(u"Hidden", 0);
+        rows_.setListener(&log_);
+    }
+
+    BareList rows_;
+    Log log_{rows_};
+};
+
+TEST_F(ListRowsTest, TellsOfRowsBeforeAndAfterTheyComeAndGo) {
+    rows_.addRow(u"b");
+    EXPECT_EQ(log_.take(), "inserting 1 of 0; inserted of 1; ");
+    rows_.setSorted(true);
+    EXPECT_EQ(log_.take(), "reordering of 1; reordered of 1; ");
+    rows_.addRow(u"a");
+    EXPECT_EQ(log_.take(), "inserting 1 of 1; inserted of 2; ");
+    rows_.removeRow(2);
+    EXPECT_EQ(log_.take(), "removing 2 of 2; removed of 1; ");
+    rows_.clearRows();
+    EXPECT_EQ(log_.take(), "resetting of 1; reset of 0; ");
+}
+
+TEST_F(ListRowsTest, TellsOfTheSelectionThatARemovalMovesAfterIt) {
+    rows_.addRow(u"a");
+    rows_.addRow(u"b");
+    static_cast<void>(log_.take());
+    rows_.select(1);
+    EXPECT_EQ(log_.take(), "selected 1 of 2; to be seen 1 of 2; ");
+    rows_.removeRow(1);
+    EXPECT_EQ(log_.take(), "removing 1 of 2; removed of 1; selected 1 of 1; ");
+    rows_.clearRows();
+    EXPECT_EQ(log_.take(), "resetting of 1; reset of 0; selected 0 of 0; ");
+}
+
+TEST_F(ListRowsTest, TellsOfRowsAndColumnsThatChange) {
+    rows_.addRow(u"a");
+    static_cast<void>(log_.take());
+    rows_.setText(1, u"b");
+    rows_.setSubItem(1, 1, u"c");
+    rows_.setChecked(1, true);
+    rows_.setRowColour(1, RowColour::greyText);
+    EXPECT_EQ(log_.take(), "changed 1 of 1; changed 1 of 1; changed 1 of 1; changed 1 of 1; ");
+    rows_.setColumnIcon(2, 1);
+    EXPECT_EQ(log_.take(), "icon 2 of 1; ");
+    rows_.addColumn(u"New", 1);
+    rows_.clearColumns();
+    EXPECT_EQ(log_.take(), "resetting of 1; reset of 1; resetting of 1; reset of 1; ");
+}
+
+TEST_F(ListRowsTest, TellsNothingOfWhatFails) {
+    rows_.addRow(u"a", u"key");
+    static_cast<void>(log_.take());
+    EXPECT_EQ(errorOf([&] { rows_.addRow(u"b", u"key"); }), error_number::keyNotUnique);
+    EXPECT_EQ(errorOf([&] { rows_.removeRow(2); }), error_number::indexOutOfBounds);
+    EXPECT_EQ(errorOf([&] { rows_.select(2); }), error_number::indexOutOfBounds);
+    EXPECT_EQ(errorOf([&] { rows_.addColumn(u"Wide", 1.5); }), error_number::invalidPropertyValue);
+    EXPECT_EQ(errorOf([&] { rows_.setSortKey(-1); }), error_number::invalidPropertyValue);
+    EXPECT_EQ(log_.take(), "");
+}
+
+TEST_F(ListRowsTest, GivesItsCellsAndColumnsWithoutACopy) {
+    rows_.addRow(u"text");
+    rows_.setSubItem(1, 1, u"sub");
+    EXPECT_EQ(rows_.cell(1, 1), u"text");
+    EXPECT_EQ(rows_.cell(1, 2), u"sub");
+    EXPECT_EQ(rows_.column(1).header, u"Text");
+    EXPECT_EQ(rows_.column(1).width, 0.95);
+    rows_.setColumnIcon(1, 2);
+    EXPECT_EQ(rows_.column(1).icon, 2);
+    for (const int column : {0, 3}) {
+        EXPECT_EQ(errorOf([&] { static_cast<void>(rows_.cell(1, column)); }),
+                  error_number::indexOutOfBounds);
+        EXPECT_EQ(errorOf([&] { static_cast<void>(rows_.column(column)); }),
+                  error_number::indexOutOfBounds);
+    }
+}
+
+TEST_F(ListRowsTest, FindsKeysAfterRowsCameBetweenAndWent) {
+    rows_.setSorted(true);
+    for (const auto *key : {u"d", u"b", u"a", u"e", u"c"}) {
+        rows_.addRow(key, key);
+        EXPECT_EQ(rows_.text(rows_.rowOfKey(key)), key);
+    }
+    rows_.removeRow(2);
+    EXPECT_EQ(rows_.rowOfKey(u"a"), 1);
+    EXPECT_EQ(rows_.rowOfKey(u"e"), 4);
+    rows_.addRow(u"0", u"0");
+    EXPECT_EQ(rows_.rowOfKey(u"0"), 1);
+    EXPECT_EQ(rows_.rowOfKey(u"c"), 3);
+    EXPECT_EQ(rows_.rowOfKey(u"e"), 5);
+}
+
+TEST(ListRowsSelection, OfSeveralFallsBackToTheOneSelectedBefore) {
+    BareList rows(true);
+    for (const auto *text : {u"a", u"b", u"c"}) {
+        rows.addRow(text);
+    }
+    rows.select(1);
+    rows.select(2);
+    rows.select(3);
+    rows.removeRow(3);
+    EXPECT_EQ(rows.selectedRow(), 2);
+    rows.removeRow(1);
+    EXPECT_EQ(rows.selectedRow(), 1);
+    EXPECT_EQ(rows.text(1), u"b");
+    rows.selectOnly(0);
+    EXPECT_EQ(rows.selectedRow(), 0);
+    EXPECT_FALSE(rows.selected(1));
+}
+
+} // namespace
+} // namespace kvex::controls
