@@ -198,7 +198,7 @@ TEST_F(SqliteFault, AFailedWriteStoresNothingAndCanBeRepeated) {
     rules->setField(u"Name", u"mine");
     rules->setField(u"QueryParam", text);
     {
-        const FileSizeLimit limit(16 * 1024);
+        const FileSizeLimit limit(0x4000);
         const Refusal refusal = refusalOf([&] { rules->update(); });
         EXPECT_EQ(refusal.code, SQLITE_IOERR);
         EXPECT_TRUE(refusal.says(u"cannot be read or written"));
