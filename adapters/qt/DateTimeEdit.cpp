@@ -10,7 +10,8 @@ namespace kvex::qt {
 
 DateTimeEdit::DateTimeEdit(QWidget *parent, const QString &format) : QDateTimeEdit(parent) {
     setDisplayFormat(format);
-    setDateRange({controls::PickerValue::firstYear, 1, 1}, {controls::PickerValue::lastYear, 12, 31});
+    setDateRange({controls::PickerValue::firstYear, 1, 1},
+                 {controls::PickerValue::lastYear, 12, 31});
     const bool showsDate = (displayedSections() & DateSections_Mask) != NoSection;
     setCalendarPopup(showsDate);
     if (showsDate) {
@@ -29,7 +30,9 @@ void DateTimeEdit::show(const QDateTime &value) {
 }
 
 QString DateTimeEdit::textFromDateTime(const QDateTime &value) const {
-    return empty_ ? QString() : QDateTimeEdit::textFromDateTime(value);
+    // Other values are asked for to find out how much room there must be.
+    const bool isShown = value == dateTime();
+    return empty_ && isShown ? QString() : QDateTimeEdit::textFromDateTime(value);
 }
 
 } // namespace kvex::qt
