@@ -97,8 +97,8 @@ class Checks(unittest.TestCase):
         self.write("rules/Load.h", "// See Part" + " 2.2.\n")
         self.assert_refused("check-words", "rules/Load.h:1:")
 
-    def testSomebodysFolderIsRefused(self):
-        self.write("script/run", "cd /" + "home/somebody/build\n")
+    def testTheFolderOfOneMachineIsRefused(self):
+        self.write("script/run", "cd /" + "root/build\n")
         self.assert_refused("check-words", "script/run:1:")
 
     def testAFileNamedAfterSuchAPaperIsRefused(self):
@@ -106,7 +106,7 @@ class Checks(unittest.TestCase):
         self.assert_refused("check-words", "docs/")
 
     def testWhatIsBuiltIsNotRead(self):
-        self.write("build/dev/log.txt", "cd /" + "home/somebody/build\n")
+        self.write("build/dev/log.txt", "cd /" + "root/build\n")
         self.assert_passes("check-words")
 
 
