@@ -79,8 +79,8 @@ TEST_F(Installation, WithoutAComponentUsesTheRegisteredOne) {
 TEST_F(Installation, TellsWhenTheRegistrationCannotBeWritten) {
     writeFile(folder / "file", "");
     environment["XDG_DATA_HOME"] = (folder / "file").string();
-    EXPECT_THAT(failed(2, {"register"}), AllOf(HasSubstr("cannot be changed"),
-                                               HasSubstr("$XDG_DATA_HOME")));
+    EXPECT_THAT(failed(2, {"register"}),
+                AllOf(HasSubstr("cannot be changed"), HasSubstr("$XDG_DATA_HOME")));
 }
 
 TEST_F(Installation, WithABrokenComponentSaysSo) {
