@@ -55,7 +55,8 @@ private:
 };
 
 /// A control of the interface `Kind`, shown by a `Shown`.
-template <class Kind, class Shown = QWidget> class WidgetControl : public Kind, public ControlWidget {
+template <class Kind, class Shown = QWidget>
+class WidgetControl : public Kind, public ControlWidget {
 public:
     [[nodiscard]] const std::u16string &name() const final { return name_; }
     [[nodiscard]] bool enabled() const final { return enabled_; }

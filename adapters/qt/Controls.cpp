@@ -97,7 +97,8 @@ private:
     }
 
     [[nodiscard]] std::vector<Picture> picturesFor(const ControlDesign &list) const {
-        const auto found = std::ranges::find(design_.controls, list.imageList, &ControlDesign::name);
+        const auto found =
+            std::ranges::find(design_.controls, list.imageList, &ControlDesign::name);
         return found == design_.controls.end() ? std::vector<Picture>() : found->pictures;
     }
 

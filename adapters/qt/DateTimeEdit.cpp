@@ -10,7 +10,8 @@ namespace kvex::qt {
 
 DateTimeEdit::DateTimeEdit(QWidget *parent, const QString &format) : QDateTimeEdit(parent) {
     setDisplayFormat(format);
-    setDateRange({controls::PickerValue::firstYear, 1, 1}, {controls::PickerValue::lastYear, 12, 31});
+    setDateRange({controls::PickerValue::firstYear, 1, 1},
+                 {controls::PickerValue::lastYear, 12, 31});
     const bool showsDate = (displayedSections() & DateSections_Mask) != NoSection;
     setCalendarPopup(showsDate);
     if (showsDate) {

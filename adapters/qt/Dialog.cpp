@@ -55,9 +55,8 @@ void Dialog::resizeEvent(QResizeEvent *event) {
 /// The narrower the window, the more lines a wrapped text takes.
 void Dialog::keepTextsWhole() {
     const QLayout &content = *layout();
-    const int height = content.hasHeightForWidth()
-                           ? content.totalMinimumHeightForWidth(width())
-                           : content.totalMinimumSize().height();
+    const int height = content.hasHeightForWidth() ? content.totalMinimumHeightForWidth(width())
+                                                   : content.totalMinimumSize().height();
     setMinimumSize(content.totalMinimumSize().width(), height);
 }
 

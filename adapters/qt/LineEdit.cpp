@@ -49,7 +49,8 @@ QSize LineEdit::minimumSizeHint() const {
     if (columns_ > 0) {
         const int oneCharacter = fontMetrics().maxWidth();
         size.rwidth() += std::max(0, widthOf(columns_ + 1, *this) - oneCharacter);
-        size.rwidth() = std::max(size.width(), widthOf(columns_ + 1, *this) + 2 * size.height() / 3);
+        size.rwidth() =
+            std::max(size.width(), widthOf(columns_ + 1, *this) + 2 * size.height() / 3);
     }
     return size;
 }
@@ -64,7 +65,7 @@ void LineEdit::keyPressEvent(QKeyEvent *event) {
     } else if (isReadOnly()) {
         QLineEdit::keyPressEvent(event);
     } else if (isTyping(*event)) {
-        insert(fitting(passed(event->text())));
+        insertFitting(passed(event->text()));
     } else if (event->key() != Qt::Key_Backspace || passes(code::backspace)) {
         QLineEdit::keyPressEvent(event);
     }
@@ -101,7 +102,7 @@ void LineEdit::mouseReleaseEvent(QMouseEvent *event) {
     }
     deselect();
     setCursorPosition(cursorPositionAt(event->position().toPoint()));
-    insert(fitting(passed(clipboard.text(QClipboard::Selection))));
+    insertFitting(passed(clipboard.text(QClipboard::Selection)));
 }
 
 bool LineEdit::passes(int code) const {
@@ -141,6 +142,13 @@ QString LineEdit::fitting(const QString &text) const {
     return text.left(room);
 }
 
+/// In place of what is selected, unless nothing is left to insert.
+void LineEdit::insertFitting(const QString &text) {
+    if (const QString kept = fitting(text); !kept.isEmpty()) {
+        insert(kept);
+    }
+}
+
 void LineEdit::cutIfPassed() {
     if (!isReadOnly() && passes(code::cut)) {
         cut();
@@ -155,7 +163,7 @@ void LineEdit::copyIfPassed() {
 
 void LineEdit::pasteIfPassed() {
     if (!isReadOnly() && passes(code::paste)) {
-        insert(fitting(QGuiApplication::clipboard()->text()));
+        insertFitting(QGuiApplication::clipboard()->text());
     }
 }
 

@@ -32,6 +32,7 @@ private:
     [[nodiscard]] bool passes(int code) const;
     [[nodiscard]] QString passed(const QString &typed) const;
     [[nodiscard]] QString fitting(const QString &text) const;
+    void insertFitting(const QString &text);
     void cutIfPassed();
     void copyIfPassed();
     void pasteIfPassed();

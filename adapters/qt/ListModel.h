@@ -31,7 +31,9 @@ public:
     void reordered() { Q_EMIT layoutChanged(); }
     void aboutToReset() { beginResetModel(); }
     void reset() { endResetModel(); }
-    void rowChanged(int row) { Q_EMIT dataChanged(index(row - 1, 0), index(row - 1, lastColumn())); }
+    void rowChanged(int row) {
+        Q_EMIT dataChanged(index(row - 1, 0), index(row - 1, lastColumn()));
+    }
     void columnIconChanged(int column) {
         Q_EMIT headerDataChanged(Qt::Horizontal, column - 1, column - 1);
     }

@@ -58,20 +58,39 @@ QSize ListTree::sizeHint() const {
 }
 
 QSize ListTree::minimumSizeHint() const {
+    // With less a row can neither be read nor clicked.
+    constexpr int leastColumns = 12;
     constexpr int leastLines = 3;
     const int rowHeight = fontMetrics().height() + fontMetrics().height() / 4;
     const int headerHeight = isHeaderHidden() ? 0 : header()->sizeHint().height();
     const int bar = verticalScrollBar()->sizeHint().width();
-    return {widthOf(columns_, *this) + 2 * frameWidth() + bar,
+    return {widthOf(std::max(columns_, leastColumns), *this) + 2 * frameWidth() + bar,
             std::max(lines_, leastLines) * rowHeight + headerHeight + 2 * frameWidth()};
 }
 
 void ListTree::keyPressEvent(QKeyEvent *event) {
     beforeAction();
     busy_ = true;
-    QTreeView::keyPressEvent(event);
+    if (!enterByKey(event->key())) {
+        QTreeView::keyPressEvent(event);
+    }
     busy_ = false;
     tellDeeds();
+}
+
+/// Where no row is selected, the first of the keys that walk through the rows selects the first
+/// row, or the last. Qt would step from the row that merely has the focus.
+bool ListTree::enterByKey(int key) {
+    const bool toFirst = key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Home ||
+                         key == Qt::Key_PageUp || key == Qt::Key_PageDown;
+    const int rows = model()->rowCount();
+    if ((!toFirst && key != Qt::Key_End) || rows == 0 || selectionModel()->hasSelection()) {
+        return false;
+    }
+    selectionModel()->setCurrentIndex(model()->index(toFirst ? 0 : rows - 1, 0),
+                                      QItemSelectionModel::ClearAndSelect |
+                                          QItemSelectionModel::Rows);
+    return true;
 }
 
 void ListTree::mousePressEvent(QMouseEvent *event) {
@@ -85,7 +104,8 @@ void ListTree::mouseReleaseEvent(QMouseEvent *event) {
     QTreeView::mouseReleaseEvent(event);
     busy_ = false;
     const bool isClick = event->button() == Qt::LeftButton && isOnRow(*event);
-    if (isClick && deeds_.ticked < 0 && !deeds_.doubleClicked && selectionModel()->isSelected(pressed_)) {
+    if (isClick && deeds_.ticked < 0 && !deeds_.doubleClicked &&
+        selectionModel()->isSelected(pressed_)) {
         deeds_.picked = true;
     }
     tellDeeds();

@@ -47,6 +47,7 @@ private:
     };
 
     [[nodiscard]] bool isOnRow(const QMouseEvent &event) const;
+    [[nodiscard]] bool enterByKey(int key);
     void tellDeeds();
 
     Deeds deeds_;

@@ -34,8 +34,7 @@ void createApplication(std::string platform) {
                         arguments.platform.data(), nullptr};
     // Qt switches the process to the user's locale; numbers must still read and print the same.
     const std::string numbers = std::setlocale(LC_NUMERIC, nullptr);
-    static auto *const application =
-        new QApplication(arguments.count, arguments.values.data());
+    static auto *const application = new QApplication(arguments.count, arguments.values.data());
     std::setlocale(LC_NUMERIC, numbers.c_str());
     // The host outlives its windows.
     application->setQuitOnLastWindowClosed(false);

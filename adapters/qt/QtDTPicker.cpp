@@ -9,8 +9,7 @@ namespace kvex::qt {
 QtDTPicker::QtDTPicker(const ControlDesign &design, const std::u16string &window, QWidget &parent)
     : WidgetControl(design, window, *new QWidget(&parent), design.hour, design.minute,
                     design.second),
-      tick_(*new QCheckBox(&widget())),
-      field_(*new DateTimeEdit(&widget(), toQt(design.format))) {
+      tick_(*new QCheckBox(&widget())), field_(*new DateTimeEdit(&widget(), toQt(design.format))) {
     tick_.setObjectName(toQt(name_ + u"HasValue"));
     field_.setObjectName(toQt(name_ + u"Value"));
     auto &row = *new QHBoxLayout(&widget());

@@ -3,6 +3,13 @@
 namespace kvex::recordset {
 namespace {
 
+/// The texts one behind the other.
+template <class... Texts> std::u16string joined(const Texts &...texts) {
+    std::u16string text;
+    (text.append(texts), ...);
+    return text;
+}
+
 void append(Statement &statement, std::u16string_view separator, std::u16string_view text,
             const ValueView &parameter) {
     statement.text.append(separator).append(text);
@@ -12,7 +19,7 @@ void append(Statement &statement, std::u16string_view separator, std::u16string_
 void appendKey(Statement &statement, const RowKey &key) {
     std::u16string_view separator = u" WHERE ";
     for (const Assignment &part : key) {
-        append(statement, separator, std::u16string(part.column) + u" = ?", part.value);
+        append(statement, separator, joined(part.column, u" = ?"), part.value);
         separator = u" AND ";
     }
 }
@@ -29,7 +36,7 @@ std::u16string listed(const std::vector<std::u16string_view> &names) {
 
 Statement selectRow(std::u16string_view table, const std::vector<std::u16string_view> &columns,
                     const RowKey &key) {
-    Statement statement{u"SELECT " + listed(columns) + u" FROM " + std::u16string(table), {}};
+    Statement statement{joined(u"SELECT ", listed(columns), u" FROM ", table), {}};
     appendKey(statement, key);
     return statement;
 }
@@ -37,10 +44,10 @@ Statement selectRow(std::u16string_view table, const std::vector<std::u16string_
 Statement updateRow(const Driver &driver, std::u16string_view table,
                     const std::vector<Assignment> &changes, const RowKey &key,
                     const std::vector<Assignment> &read) {
-    Statement statement{u"UPDATE " + std::u16string(table), {}};
+    Statement statement{joined(u"UPDATE ", table), {}};
     std::u16string_view separator = u" SET ";
     for (const Assignment &change : changes) {
-        append(statement, separator, std::u16string(change.column) + u" = ?", change.value);
+        append(statement, separator, joined(change.column, u" = ?"), change.value);
         separator = u", ";
     }
     appendKey(statement, key);
@@ -55,14 +62,14 @@ Statement updateRow(const Driver &driver, std::u16string_view table,
 }
 
 Statement deleteRow(std::u16string_view table, const RowKey &key) {
-    Statement statement{u"DELETE FROM " + std::u16string(table), {}};
+    Statement statement{joined(u"DELETE FROM ", table), {}};
     appendKey(statement, key);
     return statement;
 }
 
 Statement insertRow(std::u16string_view table, const std::vector<Assignment> &values,
                     std::u16string_view emptyRow) {
-    Statement statement{u"INSERT INTO " + std::u16string(table) + u" ", {}};
+    Statement statement{joined(u"INSERT INTO ", table, u" "), {}};
     if (values.empty()) {
         statement.text.append(emptyRow);
         return statement;
@@ -73,7 +80,7 @@ Statement insertRow(std::u16string_view table, const std::vector<Assignment> &va
         statement.parameters.push_back(value.value);
     }
     const std::vector<std::u16string_view> marks(values.size(), u"?");
-    statement.text.append(u"(" + listed(columns) + u") VALUES (" + listed(marks) + u")");
+    statement.text.append(joined(u"(", listed(columns), u") VALUES (", listed(marks), u")"));
     return statement;
 }
 

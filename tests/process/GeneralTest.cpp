@@ -65,7 +65,6 @@ TEST_F(Kvexrules, KeepsItsOutputOutOfFilesWhenItIsClosed) {
 TEST_F(Kvexrules, LoadsNoWindowsForATerminal) {
     // The loader writes to standard error what it loads.
     environment["LD_DEBUG"] = "files";
-    done({"version"});
     const Outcome outcome = kvexrules({"version"});
     EXPECT_THAT(outcome.errors, HasSubstr("libKVEXClassServer.so"));
     EXPECT_THAT(outcome.errors, Not(HasSubstr("libQt6")));

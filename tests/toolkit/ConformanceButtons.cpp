@@ -19,7 +19,7 @@ ControlDesign cancelButton() {
     return design;
 }
 
-ControlDesign option(std::u16string name, std::u16string group, bool selected = false) {
+ControlDesign option(const std::u16string &name, std::u16string group, bool selected = false) {
     ControlDesign design = control(ControlKind::optionButton, name, name);
     design.group = std::move(group);
     design.selected = selected;
@@ -27,7 +27,7 @@ ControlDesign option(std::u16string name, std::u16string group, bool selected = 
 }
 
 /// Appends the names of the buttons pressed to `pressed`.
-void watch(Window &window, std::vector<std::u16string> names, std::u16string &pressed) {
+void watch(Window &window, const std::vector<std::u16string> &names, std::u16string &pressed) {
     for (const auto &name : names) {
         window.get<CommandButton>(name).onClick = [&pressed, name] { pressed += name + u";"; };
     }

@@ -13,7 +13,7 @@ ControlDesign textBox(int maxLength = 0, bool readOnly = false) {
 }
 
 /// The character codes that `box` reports from now on; those of `discarded` are set to 0.
-void watchKeys(TextBox &box, std::vector<int> &codes, std::vector<int> discarded = {}) {
+void watchKeys(TextBox &box, std::vector<int> &codes, const std::vector<int> &discarded = {}) {
     box.onKeyPress = [&codes, discarded](std::int16_t &code) {
         codes.push_back(code);
         if (std::ranges::find(discarded, code) != discarded.end()) {

@@ -35,7 +35,7 @@ TEST_F(HeadlessUser, ActionsThatNobodyCouldTakeAreProblemsAndChangeNothing) {
              user.type(u"a");
          }},
     };
-    for (const auto &[problem, action] : cases) {
+    for (const Case &impossible : cases) {
         HeadlessToolkit toolkit;
         const auto shown = toolkit.createWindow(
             {u"frmTest",
@@ -52,12 +52,12 @@ TEST_F(HeadlessUser, ActionsThatNobodyCouldTakeAreProblemsAndChangeNothing) {
         shown->get<ListView>(u"lvw").onItemCheck = [&](int) { ++events; };
         shown->get<DTPicker>(u"dtp").onChange = [&] { ++events; };
         toolkit.whenShown(u"frmTest", [&](User &user) {
-            action(user);
+            impossible.action(user);
             user.closeByFrame();
         });
         shown->showModal();
-        EXPECT_EQ(toolkit.problems(), std::vector<std::string>{"frmTest: " + problem});
-        EXPECT_EQ(events, 0) << problem;
+        EXPECT_EQ(toolkit.problems(), std::vector<std::string>{"frmTest: " + impossible.problem});
+        EXPECT_EQ(events, 0) << impossible.problem;
     }
 }
 

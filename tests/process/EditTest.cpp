@@ -1,0 +1,65 @@
+// The rule editor where it cannot show its windows; with windows it has tests of its own.
+#include "tests/process/KvexrulesTest.h"
+
+namespace kvex::process {
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+
+class Edit : public KvexrulesTest {
+protected:
+    void SetUp() override { done({"init", "--sample"}); }
+
+    /// The complaint of an editor that could not open the rules.
+    std::string unopened(std::vector<std::string> arguments) const {
+        arguments.insert(arguments.end(), {"--log", log.string()});
+        const Outcome outcome = kvexrules(arguments);
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(outcome.output, "result: 0\n");
+        EXPECT_THAT(outcome.errors, AllOf(HasSubstr("The rules could not be opened"),
+                                          HasSubstr("The log is " + log.string())));
+        EXPECT_THAT(readFile(log), HasSubstr("\tKVEXMessageRules: Error occured. Sub: ShowRuleUI, "
+                                             "Module: RuleUI\t"));
+        return outcome.errors;
+    }
+
+    std::filesystem::path log = folder / "chosen.log";
+};
+
+TEST_F(Edit, WithoutADisplaySaysSoBeforeAnythingElse) {
+    EXPECT_THAT(failed(2, {"edit", "--log", log.string()}),
+                AllOf(HasSubstr("no display"), HasSubstr("kvexrules show")));
+    EXPECT_EQ(failed(2, {}), failed(2, {"edit"}));
+    EXPECT_FALSE(std::filesystem::exists(log));
+}
+
+TEST_F(Edit, OnADisplayThatCannotBeReachedSaysSo) {
+    environment["DISPLAY"] = ":7777";
+    EXPECT_THAT(unopened({"edit"}), HasSubstr("display"));
+}
+
+TEST_F(Edit, OfAnUnknownProviderSaysSo) {
+    environment["QT_QPA_PLATFORM"] = "offscreen";
+    EXPECT_THAT(unopened({"--database", "Provider=Paper;PWD=s3cret"}),
+                AllOf(HasSubstr("Provider=SQLite"), HasSubstr("named by --database"),
+                      Not(HasSubstr("s3cret"))));
+    EXPECT_THAT(readFile(log), Not(HasSubstr("s3cret")));
+}
+
+TEST_F(Edit, TakesOnlyNumbersForIds) {
+    environment["QT_QPA_PLATFORM"] = "offscreen";
+    EXPECT_THAT(failed(2, {"edit", "--rule", "one"}), HasSubstr("\"one\" is no rule's id"));
+    EXPECT_THAT(failed(2, {"edit", "--user", "asha"}), HasSubstr("\"asha\" is no user's id"));
+}
+
+TEST_F(Edit, RefusesALogThatCannotBeWritten) {
+    environment["QT_QPA_PLATFORM"] = "offscreen";
+    writeFile(folder / "file", "");
+    EXPECT_THAT(failed(2, {"edit", "--log", (folder / "file/a.log").string()}),
+                AllOf(HasSubstr("cannot be written"), HasSubstr("--log")));
+}
+
+} // namespace
+} // namespace kvex::process

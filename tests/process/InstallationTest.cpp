@@ -1,0 +1,101 @@
+// kvexrules in a folder of its own, with and without the libraries that belong to it.
+#include "tests/process/KvexrulesTest.h"
+
+#include <initializer_list>
+
+namespace kvex::process {
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+
+class Installation : public KvexrulesTest {
+protected:
+    void SetUp() override { done({"init", "--sample"}); }
+
+    /// Copies the program, and those of its libraries, to a folder from which it is run then.
+    void install(std::initializer_list<const char *> libraries) {
+        std::filesystem::create_directory(place);
+        for (std::filesystem::path file : libraries) {
+            std::filesystem::copy_file(built.parent_path() / file, place / file);
+        }
+        std::filesystem::copy_file(built, place / "kvexrules");
+        program = place / "kvexrules";
+    }
+
+    std::filesystem::path built = program;
+    std::filesystem::path place = folder / "place";
+};
+
+TEST_F(Installation, LogsInTheComponentsFolder) {
+    install({"libKVEXClassServer.so", "libKVEXMessageRules.so"});
+    sqlite3(database, "UPDATE SMS_RULES SET Name = NULL WHERE ID = 1");
+    const Outcome outcome = kvexrules({"show", "1"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.errors, HasSubstr("The log is " + (place / "KVEX.log").string()));
+    EXPECT_THAT(readFile(place / "KVEX.log"), HasSubstr("Sub: LoadRuleFromDB, Module: General"));
+}
+
+TEST_F(Installation, LogsInTheUsersFolderWhereTheComponentsCannotBeWritten) {
+    install({"libKVEXClassServer.so", "libKVEXMessageRules.so"});
+    std::filesystem::create_directory(place / "KVEX.log");
+    sqlite3(database, "UPDATE SMS_RULES SET Name = NULL WHERE ID = 1");
+    EXPECT_EQ(kvexrules({"show", "1"}).status, 1);
+    EXPECT_THAT(readFile(folder / "home/.local/state/kvex/KVEX.log"),
+                HasSubstr("Sub: LoadRuleFromDB, Module: General"));
+}
+
+TEST_F(Installation, FindsItsLibrariesThroughALink) {
+    install({"libKVEXClassServer.so", "libKVEXMessageRules.so"});
+    program = folder / "link";
+    std::filesystem::create_symlink(place / "kvexrules", program);
+    EXPECT_THAT(done({"show", "7"}), HasSubstr("For ALL Messages"));
+}
+
+TEST_F(Installation, WithoutAComponentListsButDoesNotShow) {
+    install({"libKVEXClassServer.so"});
+    EXPECT_THAT(done({"list"}), HasSubstr("Everything to the system"));
+    EXPECT_THAT(failed(2, {"show", "7"}),
+                AllOf(HasSubstr("There is no rule component"),
+                      HasSubstr((place / "libKVEXMessageRules.so").string()),
+                      HasSubstr("registered")));
+    EXPECT_THAT(failed(2, {"register"}), HasSubstr((place / "libKVEXMessageRules.so").string()));
+}
+
+TEST_F(Installation, WithoutAComponentUsesTheRegisteredOne) {
+    install({"libKVEXClassServer.so"});
+    program.swap(built);
+    const std::string registered = done({"register"});
+    EXPECT_EQ(done({"register"}), registered);
+    program.swap(built);
+    EXPECT_THAT(done({"show", "7"}), HasSubstr("For ALL Messages"));
+    program.swap(built);
+    done({"unregister"});
+    done({"unregister"});
+    program.swap(built);
+    EXPECT_THAT(failed(2, {"show", "7"}), HasSubstr("There is no rule component"));
+}
+
+TEST_F(Installation, TellsWhenTheRegistrationCannotBeWritten) {
+    writeFile(folder / "file", "");
+    environment["XDG_DATA_HOME"] = (folder / "file").string();
+    EXPECT_THAT(failed(2, {"register"}), AllOf(HasSubstr("cannot be changed"),
+                                               HasSubstr("$XDG_DATA_HOME")));
+}
+
+TEST_F(Installation, WithABrokenComponentSaysSo) {
+    install({"libKVEXClassServer.so"});
+    writeFile(place / "libKVEXMessageRules.so", "no library");
+    EXPECT_THAT(failed(2, {"show", "7"}),
+                AllOf(HasSubstr("libKVEXMessageRules.so"), HasSubstr("Install kvexrules again")));
+}
+
+TEST_F(Installation, WithoutTheSuitesWindowsDoesNotEdit) {
+    install({"libKVEXClassServer.so", "libKVEXMessageRules.so"});
+    environment["QT_QPA_PLATFORM"] = "offscreen";
+    EXPECT_THAT(failed(2, {"edit"}),
+                AllOf(HasSubstr("libKVEXHostSuite.so"), HasSubstr("Install kvexrules again")));
+}
+
+} // namespace
+} // namespace kvex::process
