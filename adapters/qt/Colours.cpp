@@ -30,7 +30,7 @@ double contrast(const QColor &one, const QColor &other) {
     return (lighter + 0.05) / (darker + 0.05);
 }
 
-QColor readable(const QColor &wanted, const QColor &background) {
+QColor readable(const QColor &wanted, const QColor &background, double leastContrast) {
     const QColor black(Qt::black);
     const QColor white(Qt::white);
     const QColor &away = contrast(black, background) > contrast(white, background) ? black : white;
@@ -50,6 +50,13 @@ QColor quieterText(const QPalette &palette, QPalette::ColorRole text,
     const QColor behind = palette.color(QPalette::Active, background);
     constexpr double steppedBack = 0.4;
     return readable(mixed(palette.color(QPalette::Active, text), behind, steppedBack), behind);
+}
+
+QColor outline(const QPalette &palette) {
+    const QColor base = palette.color(QPalette::Base);
+    constexpr double steppedBack = 0.6;
+    return readable(mixed(palette.color(QPalette::Text), base, steppedBack), base,
+                    leastShapeContrast);
 }
 
 } // namespace kvex::qt

@@ -30,7 +30,9 @@ void DateTimeEdit::show(const QDateTime &value) {
 }
 
 QString DateTimeEdit::textFromDateTime(const QDateTime &value) const {
-    return empty_ ? QString() : QDateTimeEdit::textFromDateTime(value);
+    // Other values are asked for to find out how much room there must be.
+    const bool isShown = value == dateTime();
+    return empty_ && isShown ? QString() : QDateTimeEdit::textFromDateTime(value);
 }
 
 } // namespace kvex::qt

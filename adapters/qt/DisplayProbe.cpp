@@ -52,7 +52,8 @@ bool hasPlugin(const QString &platform) {
     return false;
 }
 
-bool reachesX11() {
+/// Null where no server answers.
+std::shared_ptr<void> connectToX11() {
     QLibrary xcb(QStringLiteral("xcb"), 1);
     using Connect = void *(*)(const char *, int *);
     using HasError = int (*)(void *);
@@ -61,48 +62,48 @@ bool reachesX11() {
     const auto hasError = reinterpret_cast<HasError>(xcb.resolve("xcb_connection_has_error"));
     const auto disconnect = reinterpret_cast<Disconnect>(xcb.resolve("xcb_disconnect"));
     if (connect == nullptr || hasError == nullptr || disconnect == nullptr) {
-        return false;
+        return nullptr;
     }
-    void *const connection = connect(nullptr, nullptr);
-    const bool reaches = hasError(connection) == 0;
-    disconnect(connection);
-    return reaches;
+    // What failed is disconnected, too.
+    std::shared_ptr<void> connection(connect(nullptr, nullptr), disconnect);
+    return hasError(connection.get()) == 0 ? connection : nullptr;
 }
 
-bool reachesWayland() {
+/// Null where no server answers.
+std::shared_ptr<void> connectToWayland() {
     QLibrary wayland(QStringLiteral("wayland-client"), 0);
     using Connect = void *(*)(const char *);
     using Disconnect = void (*)(void *);
     const auto connect = reinterpret_cast<Connect>(wayland.resolve("wl_display_connect"));
     const auto disconnect = reinterpret_cast<Disconnect>(wayland.resolve("wl_display_disconnect"));
-    if (connect == nullptr || disconnect == nullptr) {
-        return false;
-    }
-    void *const display = connect(nullptr);
-    if (display != nullptr) {
-        disconnect(display);
-    }
-    return display != nullptr;
+    void *const display = connect != nullptr && disconnect != nullptr ? connect(nullptr) : nullptr;
+    return display != nullptr ? std::shared_ptr<void>(display, disconnect) : nullptr;
 }
 
-/// What needs no server to connect to is taken at its word.
-bool isUsable(const QString &candidate) {
+std::optional<UsablePlatform> tryPlatform(const QString &candidate) {
     const QString platform = candidate.section(u':', 0, 0);
     if (!hasPlugin(platform)) {
-        return false;
+        return std::nullopt;
     }
-    if (platform.startsWith(u"wayland")) {
-        return reachesWayland();
+    UsablePlatform usable{candidate.toStdString(), nullptr};
+    const bool isWayland = platform.startsWith(u"wayland");
+    if (isWayland || platform == u"xcb") {
+        usable.connection = isWayland ? connectToWayland() : connectToX11();
+        return usable.connection != nullptr ? std::optional(usable) : std::nullopt;
     }
-    return platform != u"xcb" || reachesX11();
+    // What needs no server is taken at its word.
+    return usable;
 }
 
 } // namespace
 
-std::optional<std::string> usablePlatform() {
-    const QStringList all = candidates();
-    const auto usable = std::find_if(all.begin(), all.end(), isUsable);
-    return usable == all.end() ? std::nullopt : std::optional(usable->toStdString());
+std::optional<UsablePlatform> usablePlatform() {
+    for (const QString &candidate : candidates()) {
+        if (auto usable = tryPlatform(candidate)) {
+            return usable;
+        }
+    }
+    return std::nullopt;
 }
 
 } // namespace kvex::qt

@@ -17,6 +17,7 @@ ListTree::ListTree(QWidget *parent, int columns, int lines)
     setRootIsDecorated(false);
     setItemsExpandable(false);
     setUniformRowHeights(true);
+    setIconSize({fontMetrics().height(), fontMetrics().height()});
     setAllColumnsShowFocus(true);
     setEditTriggers(NoEditTriggers);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

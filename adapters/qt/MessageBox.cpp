@@ -5,6 +5,7 @@
 #include "adapters/qt/QtApplication.h"
 #include "platform/controls/Toolkit.h"
 
+#include <QAbstractButton>
 #include <QMessageBox>
 
 namespace kvex::qt {
@@ -20,6 +21,10 @@ std::int32_t showMessageBox(const std::u16string &title, const std::u16string &t
     box.setText(toQt(controls::withCrLf(text)).remove(u'\r'));
     box.setIcon(style == message_box::exclamation ? QMessageBox::Warning : QMessageBox::NoIcon);
     box.setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
+    // As in every other window of the component.
+    for (QAbstractButton *button : box.buttons()) {
+        button->setIcon({});
+    }
     box.setEscapeButton(asks ? QMessageBox::No : QMessageBox::Ok);
     const int answer = box.exec();
     if (!asks) {

@@ -63,6 +63,14 @@ public:
         painter->restore();
     }
 
+    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap drawn(size);
+        drawn.fill(Qt::transparent);
+        QPainter painter(&drawn);
+        paint(&painter, drawn.rect(), mode, state);
+        return drawn;
+    }
+
     [[nodiscard]] QIconEngine *clone() const override { return new PictureEngine(picture_); }
 
 private:

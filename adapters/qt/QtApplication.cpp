@@ -1,6 +1,7 @@
 #include "adapters/qt/QtApplication.h"
 
 #include "adapters/qt/DisplayProbe.h"
+#include "adapters/qt/ReadableStyle.h"
 #include "platform/Error.h"
 
 #include <QApplication>
@@ -36,6 +37,9 @@ void createApplication(std::string platform) {
     const std::string numbers = std::setlocale(LC_NUMERIC, nullptr);
     static auto *const application = new QApplication(arguments.count, arguments.values.data());
     std::setlocale(LC_NUMERIC, numbers.c_str());
+    if (application->style()->name() == u"fusion") {
+        QApplication::setStyle(new ReadableStyle(application->style()->name()));
+    }
     // The host outlives its windows.
     application->setQuitOnLastWindowClosed(false);
 }
@@ -50,7 +54,7 @@ void requireApplication() {
             refuse(u"No window can be shown: there is no display that can be reached. Start the "
                    u"program in a graphical session, or set DISPLAY.");
         }
-        createApplication(*platform);
+        createApplication(platform->name);
         return;
     }
     if (dynamic_cast<const QApplication *>(existing) == nullptr) {

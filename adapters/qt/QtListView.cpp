@@ -144,14 +144,25 @@ void QtListView::tick(int row, bool checked) {
     shown().noteTick(row - 1);
 }
 
+/// Each column has its share; the last one shown also has what is left over, so that rows reach
+/// from edge to edge.
 void QtListView::divideWidth() {
+    QHeaderView &header = *shown().header();
     const int width = shown().viewport()->width();
-    for (int column = 1; column <= columnCount(); ++column) {
-        const double share = this->column(column).width;
-        shown().header()->setSectionHidden(column - 1, share <= 0);
+    int left = width;
+    int lastShown = -1;
+    for (int section = 0; section < columnCount(); ++section) {
+        const double share = column(section + 1).width;
+        const int own = static_cast<int>(share * width);
+        header.setSectionHidden(section, share <= 0);
         if (share > 0) {
-            shown().header()->resizeSection(column - 1, static_cast<int>(share * width));
+            header.resizeSection(section, own);
+            lastShown = section;
+            left -= own;
         }
+    }
+    if (lastShown >= 0 && left > 0) {
+        header.resizeSection(lastShown, header.sectionSize(lastShown) + left);
     }
 }
 

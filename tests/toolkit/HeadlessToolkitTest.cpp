@@ -1,6 +1,6 @@
 #include "tests/toolkit/HeadlessTest.h"
 
-#include "adapters/headless/RichTextRuns.h"
+#include "adapters/headless/LooseTextBox.h"
 #include "platform/Error.h"
 
 #include <stdexcept>
@@ -9,7 +9,7 @@ namespace kvex::headless {
 namespace {
 
 using test::control;
-using Runs = std::vector<Run>;
+using Runs = std::vector<TextRun>;
 
 class HeadlessToolkitTest : public HeadlessTest {
 protected:
@@ -101,23 +101,23 @@ TEST_F(HeadlessToolkitTest, PlaysTheScriptOfAWindowThatAHandlerShows) {
     EXPECT_TRUE(toolkit_.problems().empty());
 }
 
-TEST(RichTextRuns, JoinNeighboursOfOneColour) {
+TEST(HeadlessRichTextBox, JoinNeighboursOfOneColour) {
     const auto box = createRichTextBox();
-    EXPECT_TRUE(runsOf(*box).empty());
+    EXPECT_TRUE(box->runs().empty());
     box->insertText(u"Apply ");
     box->setSelectionColour(colour::blue);
     box->insertText(u"this");
     box->insertText(u" rule\n");
     box->setSelectionColour(colour::red);
     box->insertText(u"now");
-    EXPECT_EQ(runsOf(*box), (Runs{{u"Apply ", colour::black},
-                                  {u"this rule\r\n", colour::blue},
-                                  {u"now", colour::red}}));
+    EXPECT_EQ(box->runs(), (Runs{{u"Apply ", colour::black},
+                                 {u"this rule\r\n", colour::blue},
+                                 {u"now", colour::red}}));
     box->setText(u"");
-    EXPECT_TRUE(runsOf(*box).empty());
+    EXPECT_TRUE(box->runs().empty());
 }
 
-TEST(RichTextRuns, BoxOfNoWindowRunsItsHandlerAndTakesNoFocus) {
+TEST(HeadlessRichTextBox, BoxOfNoWindowRunsItsHandlerAndTakesNoFocus) {
     const auto box = createRichTextBox();
     int changes = 0;
     box->onChange = [&] { ++changes; };

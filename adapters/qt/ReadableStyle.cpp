@@ -1,0 +1,62 @@
+#include "adapters/qt/ReadableStyle.h"
+
+#include "adapters/qt/Colours.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QStyleOption>
+
+#include <algorithm>
+
+namespace kvex::qt {
+namespace {
+
+int lineHeight(const QWidget *widget) {
+    return QFontMetrics(widget != nullptr ? widget->font() : QApplication::font()).height();
+}
+
+} // namespace
+
+void ReadableStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
+                                  QPainter *painter, const QWidget *widget) const {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if (element != PE_IndicatorCheckBox && element != PE_IndicatorRadioButton) {
+        return;
+    }
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setBrush(Qt::NoBrush);
+    painter->setPen(outline(option->palette));
+    const QRectF border = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+    if (element == PE_IndicatorCheckBox) {
+        painter->drawRect(border);
+    } else {
+        painter->drawEllipse(border);
+    }
+    painter->restore();
+}
+
+int ReadableStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
+                               const QWidget *widget) const {
+    const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+    switch (metric) {
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+    case PM_ExclusiveIndicatorWidth:
+    case PM_ExclusiveIndicatorHeight:
+        return std::max(usual, lineHeight(widget) * 2 / 3);
+    default:
+        return usual;
+    }
+}
+
+QSize ReadableStyle::sizeFromContents(ContentsType type, const QStyleOption *option,
+                                      const QSize &contents, const QWidget *widget) const {
+    QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    if (type == CT_PushButton) {
+        size.setWidth(std::max(size.width(), contents.width() + lineHeight(widget) * 3 / 2));
+    }
+    return size;
+}
+
+} // namespace kvex::qt
