@@ -14,11 +14,11 @@ namespace kvex::test {
 namespace {
 
 /// The server ends with the test program, however that ends.
-[[noreturn]] void becomeServer(int numberPipe) {
+[[noreturn]] void becomeServer(const std::string &display, int readyPipe) {
     prctl(PR_SET_PDEATHSIG, SIGTERM);
-    const std::string pipe = std::to_string(numberPipe);
-    execlp("Xvfb", "Xvfb", "-displayfd", pipe.c_str(), "-screen", "0", "1280x1024x24", "-noreset",
-           "-nolisten", "tcp", static_cast<char *>(nullptr));
+    const std::string ready = std::to_string(readyPipe);
+    execlp("Xvfb", "Xvfb", display.c_str(), "-displayfd", ready.c_str(), "-screen", "0",
+           "1280x1024x24", "-noreset", "-nolisten", "tcp", static_cast<char *>(nullptr));
     _exit(127);
 }
 
