@@ -60,6 +60,7 @@ class Desktop:
         self.size = f"{width}x{height}x24"
         self.folder = tempfile.TemporaryDirectory(prefix="kvex-desktop-")
         self.home = Path(self.folder.name)
+        self.servers = []
 
     def __enter__(self):
         adopt_orphans()
@@ -97,14 +98,17 @@ class Desktop:
 
     def stop(self):
         end_all_children()
+        for server in self.servers:
+            server.poll()  # it knows of its end
         self.folder.cleanup()
 
     def spawn(self, command, **options):
         """Starts a server of the desktop; what it says goes to a file in the home folder."""
         log = self.home / (Path(command[0]).name + ".log")
         with log.open("ab") as out:
-            return subprocess.Popen(  # pylint: disable=consider-using-with
-                command, stdin=subprocess.DEVNULL, stdout=out, stderr=out, **options)
+            self.servers.append(subprocess.Popen(
+                command, stdin=subprocess.DEVNULL, stdout=out, stderr=out, **options))
+        return self.servers[-1]
 
     def announced(self, command):
         """The line that a server writes, once it is ready, to the descriptor for "{}"."""
