@@ -22,10 +22,16 @@ namespace {
     _exit(127);
 }
 
-/// Whether the server has told that it is ready; false when it ends before.
+/// Whether the server has told that it is ready, by a line with its number; false when it ends
+/// before.
 bool isReady(int pipe) {
-    char first = 0;
-    return read(pipe, &first, 1) == 1;
+    char last = 0;
+    while (last != '\n') {
+        if (read(pipe, &last, 1) != 1) {
+            return false;
+        }
+    }
+    return true;
 }
 
 /// The server of this display; 0 when it could not start.
