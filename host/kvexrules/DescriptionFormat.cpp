@@ -88,7 +88,7 @@ std::string htmlText(std::u16string_view text) {
 }
 
 std::string htmlRun(const DescriptionRun &run) {
-    const std::string text = lines(run.text, htmlText);
+    std::string text = lines(run.text, htmlText);
     if (run.colour == 0 || text.empty()) {
         return text;
     }
