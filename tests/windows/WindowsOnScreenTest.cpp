@@ -267,7 +267,7 @@ TEST_F(WindowsOnScreen, TenThousandRulesAreScrolledAndMoved) {
         EXPECT_EQ(ruleState().strRuleName, u"Rule 10000");
         user.pressAccessKey(u'U');
         EXPECT_EQ(user.get<ListView>(u"lvwRules").text(9999), u"Rule 10000");
-        user.press(Key::enter);
+        user.pressAccessKey(u'O');
     });
     EXPECT_EQ(database.value("SELECT Name FROM SMS_RULES WHERE PRIORITY = 9999"), "Rule 10000");
 }
