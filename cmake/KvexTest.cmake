@@ -8,6 +8,6 @@ function(kvex_test name)
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE kvex_options ${arg_LIBRARIES} GTest::gtest_main GTest::gmock)
   gtest_discover_tests(${name}
-    DISCOVERY_MODE PRE_TEST
+    DISCOVERY_MODE PRE_TEST NO_PRETTY_VALUES
     PROPERTIES LABELS "${arg_LABELS}" ENVIRONMENT "${arg_ENVIRONMENT}")
 endfunction()

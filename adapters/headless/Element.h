@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/controls/EventDelivery.h"
+#include "adapters/controls/Key.h"
 #include "platform/controls/WindowDesign.h"
 
 #include <functional>
@@ -11,8 +12,9 @@
 
 namespace kvex::headless {
 
+using controls::Key;
+
 class HeadlessWindow;
-enum class Key;
 
 class Element {
 public:

@@ -33,7 +33,7 @@ protected:
     virtual void changed() = 0;
     /// Whether the key with this character code may have its effect.
     virtual bool passes(char16_t) { return true; }
-    /// What of a pasted text comes in where `room` units can be added at most.
+    /// What of a text on the clipboard can be pasted, as far as there is room.
     [[nodiscard]] virtual std::u16string pasteable(std::u16string_view text) const = 0;
     /// How long the text may become by typing and pasting.
     [[nodiscard]] virtual std::size_t limit() const = 0;

@@ -2,6 +2,7 @@
 // person could take is recorded as the toolkit's problem and changes nothing.
 #pragma once
 
+#include "adapters/controls/Key.h"
 #include "platform/controls/CheckBox.h"
 #include "platform/controls/CommandButton.h"
 #include "platform/controls/DTPicker.h"
@@ -20,23 +21,7 @@ namespace kvex::headless {
 
 class HeadlessWindow;
 
-enum class Key {
-    enter,
-    escape,
-    tab,
-    shiftTab,
-    space,
-    backspace,
-    deleteKey,
-    up,
-    down,
-    home,
-    end,
-    cut,
-    copy,
-    paste,
-    selectAll
-};
+using controls::Key;
 
 class User {
 public:

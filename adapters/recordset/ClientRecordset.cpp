@@ -4,7 +4,6 @@
 #include "platform/Error.h"
 #include "platform/Text.h"
 
-#include <type_traits>
 #include <utility>
 
 namespace kvex::recordset {

@@ -1,12 +1,12 @@
 #include "adapters/recordset/RowStore.h"
 
 #include <algorithm>
-#include <type_traits>
+#include <variant>
 
 namespace kvex::recordset {
 namespace {
 
-constexpr std::size_t chunkLength = 32 * 1024;
+constexpr std::size_t chunkLength = 0x8000;
 
 } // namespace
 
@@ -57,15 +57,8 @@ ValueView RowStore::value(std::size_t row, std::size_t column) const {
 }
 
 void RowStore::set(std::size_t row, std::size_t column, const ValueView &value) {
-    cells_[row * columns_.size() + column] = std::visit(
-        [this](auto held) {
-            if constexpr (std::is_same_v<decltype(held), Null>) {
-                return Cell();
-            } else {
-                return cellOf(held);
-            }
-        },
-        value.held());
+    cells_[row * columns_.size() + column] =
+        std::visit([&](auto held) { return cellOf(held); }, value.held());
 }
 
 } // namespace kvex::recordset

@@ -42,6 +42,7 @@ private:
     };
     static_assert(sizeof(Cell) == 16);
 
+    static Cell cellOf(Null /*null*/) { return {}; }
     static Cell cellOf(std::int64_t number);
     static Cell cellOf(double number);
     Cell cellOf(std::u16string_view text);

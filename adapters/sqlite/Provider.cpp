@@ -1,6 +1,5 @@
 #include "adapters/sqlite/Provider.h"
 
-#include "adapters/recordset/EqualIgnoringCase.h"
 #include "adapters/sqlite/ConnectionSettings.h"
 #include "adapters/sqlite/SqliteDriver.h"
 

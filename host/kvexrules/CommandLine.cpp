@@ -3,6 +3,7 @@
 #include "host/kvexrules/Failure.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace kvex::host {
 namespace {
@@ -85,15 +86,17 @@ private:
     bool onlyWords_ = false;
 };
 
-std::string paddedTo(std::size_t width, std::string text) {
-    text.resize(std::max(width, text.size() + 2), ' ');
-    return text;
+/// With at least one blank after it; `width` counts characters, `text` is UTF-8.
+std::string paddedTo(std::ptrdiff_t width, const std::string &text) {
+    const auto characters = std::ranges::count_if(
+        text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80; });
+    const std::ptrdiff_t missing = std::max<std::ptrdiff_t>(width - characters, 1);
+    return text + std::string(static_cast<std::size_t>(missing), ' ');
 }
 
 } // namespace
 
-Request parseArguments(std::span<const char *const> arguments, Commands commands,
-                       Options options) {
+Request parseArguments(std::span<const char *const> arguments, Commands commands, Options options) {
     Reader reader(arguments, options);
     reader.read();
     if (!reader.standIn.empty()) {
@@ -119,18 +122,17 @@ Request parseArguments(std::span<const char *const> arguments, Commands commands
 }
 
 std::string helpText(Commands commands, Options options) {
-    constexpr std::size_t width = 36;
+    constexpr std::ptrdiff_t width = 36;
     std::string text = "Usage: kvexrules [COMMAND] [OPTION…]\n\nCommands, " +
                        std::string(commands.front().name) + " where none is given:\n";
     for (const CommandDescription &command : commands) {
-        text += paddedTo(width, "  " + std::string(command.name) + " " +
-                                    std::string(command.form)) +
-                std::string(command.help) + "\n";
+        text +=
+            paddedTo(width, "  " + std::string(command.name) + " " + std::string(command.form)) +
+            std::string(command.help) + "\n";
     }
     text += "\nOptions:\n";
     for (const OptionDescription &option : options) {
-        text += paddedTo(width, "  " + std::string(option.name) + " " +
-                                    std::string(option.value)) +
+        text += paddedTo(width, "  " + std::string(option.name) + " " + std::string(option.value)) +
                 std::string(option.help) + "\n";
     }
     return text;

@@ -53,8 +53,7 @@ void print(std::string_view text) {
 }
 
 void complain(std::string_view sentences) {
-    writeAll(STDERR_FILENO,
-             "kvexrules: " + toUtf8(withoutPasswords(fromUtf8(sentences))) + "\n");
+    writeAll(STDERR_FILENO, "kvexrules: " + toUtf8(withoutPasswords(fromUtf8(sentences))) + "\n");
 }
 
 } // namespace kvex::host

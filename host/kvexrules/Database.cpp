@@ -5,7 +5,6 @@
 #include "adapters/sqlite/Provider.h"
 #include "platform/Text.h"
 
-
 namespace kvex::host {
 
 std::unique_ptr<Recordset> createRecordset() {

@@ -59,7 +59,7 @@ std::string ansiRule(std::string_view /*id*/, const Description &description) {
     std::string result;
     for (const DescriptionRun &run : description) {
         result += lines(run.text, [&](std::u16string_view piece) {
-            const std::string text = toUtf8(harmless(piece));
+            std::string text = toUtf8(harmless(piece));
             return run.colour == 0 || text.empty() ? text
                                                    : ansiColour(run.colour) + text + "\033[0m";
         });
@@ -88,7 +88,7 @@ std::string htmlText(std::u16string_view text) {
 }
 
 std::string htmlRun(const DescriptionRun &run) {
-    const std::string text = lines(run.text, htmlText);
+    std::string text = lines(run.text, htmlText);
     if (run.colour == 0 || text.empty()) {
         return text;
     }

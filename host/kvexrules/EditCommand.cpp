@@ -62,8 +62,8 @@ std::string lastError(ISuiteConfiguration &suite) {
 
 LONG showRules(const std::string &user, const std::string &rule) {
     LONG result = notShown;
-    static_cast<void>(createRuleUI()->ShowRules(Bstr(fromUtf8(user)).get(),
-                                                Bstr(fromUtf8(rule)).get(), &result));
+    static_cast<void>(
+        createRuleUI()->ShowRules(Bstr(fromUtf8(user)).get(), Bstr(fromUtf8(rule)).get(), &result));
     return result;
 }
 

@@ -59,8 +59,9 @@ void createFolder(const std::filesystem::path &folder) {
     std::error_code failure;
     std::filesystem::create_directories(folder, failure);
     if (failure) {
-        throw Failure("The folder " + folder.string() + " for your own database cannot be created (" +
-                      failure.message() + "). Make it, or name a database with --database.");
+        throw Failure("The folder " + folder.string() +
+                      " for your own database cannot be created (" + failure.message() +
+                      "). Make it, or name a database with --database.");
     }
 }
 

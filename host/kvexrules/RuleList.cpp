@@ -29,8 +29,8 @@ std::vector<ListedRule> readRules(Connection &connection) {
                 connection);
     std::vector<ListedRule> list;
     for (; !rules->eof(); rules->moveNext()) {
-        list.push_back({textOf(*rules, u"ID"), textOf(*rules, u"ACTIVE") == u"1",
-                        textOf(*rules, u"NAME")});
+        list.push_back(
+            {textOf(*rules, u"ID"), textOf(*rules, u"ACTIVE") == u"1", textOf(*rules, u"NAME")});
     }
     return list;
 }

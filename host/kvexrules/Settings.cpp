@@ -124,8 +124,11 @@ Settings settingsFor(const Request &request) {
         throw Failure("\"" + settings.user +
                       "\" is no user's id. Name a user by his number, as in: --user 1");
     }
-    settings.log =
+    const std::string log =
         request.has(Option::log) ? request.value(Option::log) : configuration.log.value_or("");
+    if (!log.empty()) {
+        settings.log = std::filesystem::absolute(log);
+    }
     return settings;
 }
 

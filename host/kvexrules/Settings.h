@@ -31,7 +31,7 @@ struct Settings {
     /// It is the user's own, because none was named.
     bool isOwnDatabase = false;
     std::string user;
-    /// Empty when none was chosen.
+    /// Absolute; empty when none was chosen.
     std::filesystem::path log;
 };
 

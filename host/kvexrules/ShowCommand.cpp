@@ -32,8 +32,7 @@ private:
 };
 
 const DescriptionFormat &formatOf(const Request &request) {
-    const std::string name =
-        request.has(Option::format) ? request.value(Option::format) : "text";
+    const std::string name = request.has(Option::format) ? request.value(Option::format) : "text";
     const auto formats = descriptionFormats();
     const auto found = std::ranges::find(formats, name, &DescriptionFormat::name);
     if (found == formats.end()) {
@@ -95,8 +94,7 @@ public:
         const HRESULT result = reader_->DescribeRule(Bstr(fromUtf8(id)).get(), collector.get());
         description = std::move(collector->description);
         if (result == S_FALSE) {
-            complain("There is no rule " + id +
-                     ". The rules that there are: kvexrules list");
+            complain("There is no rule " + id + ". The rules that there are: kvexrules list");
             return false;
         }
         if (FAILED(result) || !suiteState().lastReason.empty()) {

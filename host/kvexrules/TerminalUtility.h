@@ -5,12 +5,14 @@
 
 namespace kvex::host {
 
-/// Messages go to standard error, and a question is answered "no".
+/// Messages go to standard error, and a question is answered "no". A database's error is told by
+/// the command that meets it: it was only reading, so nothing is lost.
 class TerminalUtility final : public UtilityObject {
 private:
     ~TerminalUtility() final = default;
 
     std::int32_t showMessage(const std::u16string &text, std::int32_t style) final;
+    void tellUser(const Error & /*error*/) final {}
 };
 
 } // namespace kvex::host

@@ -14,7 +14,8 @@ std::string timestamp(std::time_t time) {
     std::tm local{};
     localtime_r(&time, &local);
     char buffer[64];
-    std::string text(buffer, std::strftime(buffer, std::size(buffer), "%Y-%m-%dT%H:%M:%S%z", &local));
+    std::string text(buffer,
+                     std::strftime(buffer, std::size(buffer), "%Y-%m-%dT%H:%M:%S%z", &local));
     return text.insert(text.size() - 2, 1, ':');
 }
 

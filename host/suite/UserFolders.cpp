@@ -1,35 +1,23 @@
 #include "host/suite/UserFolders.h"
 
 #include <cstdlib>
-#include <pwd.h>
-#include <unistd.h>
 
 namespace kvex::host {
 namespace {
 
-std::filesystem::path absoluteFrom(const char *text) {
-    std::filesystem::path path = text == nullptr ? "" : text;
+/// Empty when the variable names no absolute path.
+std::filesystem::path folderIn(const char *variable) {
+    const char *value = std::getenv(variable);
+    const std::filesystem::path path = value == nullptr ? "" : value;
     return path.is_absolute() ? path : std::filesystem::path();
 }
 
-std::filesystem::path homeFolder() {
-    if (std::filesystem::path home = absoluteFrom(std::getenv("HOME")); !home.empty()) {
-        return home;
-    }
-    const passwd *user = getpwuid(geteuid());
-    return absoluteFrom(user == nullptr ? nullptr : user->pw_dir);
-}
-
 std::filesystem::path suiteFolder(const char *variable, const char *belowHome) {
-    std::filesystem::path base = absoluteFrom(std::getenv(variable));
-    if (base.empty()) {
-        const std::filesystem::path home = homeFolder();
-        if (home.empty()) {
-            return {};
-        }
-        base = home / belowHome;
+    if (const std::filesystem::path base = folderIn(variable); !base.empty()) {
+        return base / "kvex";
     }
-    return base / "kvex";
+    const std::filesystem::path home = folderIn("HOME");
+    return home.empty() ? home : home / belowHome / "kvex";
 }
 
 } // namespace

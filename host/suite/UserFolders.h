@@ -7,7 +7,7 @@ namespace kvex::host {
 
 /// The suite's folders of this user: "kvex" in $XDG_STATE_HOME, $XDG_DATA_HOME and
 /// $XDG_CONFIG_HOME, else in their places below the home directory. A variable that is no
-/// absolute path does not count. Empty for a user without a home. Nothing is created.
+/// absolute path does not count. Empty where $HOME does not count either. Nothing is created.
 [[nodiscard]] std::filesystem::path stateFolder();
 [[nodiscard]] std::filesystem::path dataFolder();
 [[nodiscard]] std::filesystem::path configurationFolder();

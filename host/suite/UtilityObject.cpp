@@ -30,13 +30,13 @@ void log(BSTR logFile, BSTR text, const Error *error) {
 
 std::u16string userText(const Error &error) {
     const std::filesystem::path &file = suiteState().log.lastFile();
-    std::u16string text = u"The database reported an error, so what you did last was not stored."
-                          u"\r\n\r\nReason: " +
+    std::u16string text = u"The database reported an error. What you did last was not stored."
+                          u"\r\n\r\n" +
                           withoutPasswords(error.description()) +
-                          u"\r\n\r\nOpen the rules again to see what is stored, then repeat the "
-                          u"change.";
+                          u"\r\n\r\nPut that right, open the rules again to see what is stored, "
+                          u"and repeat what you did.";
     if (!file.empty()) {
-        text += u" The entry in the error log is in " + fromUtf8(file.string()) + u".";
+        text += u" The error is logged in " + fromUtf8(file.string()) + u".";
     }
     return text;
 }

@@ -10,9 +10,8 @@
 
 namespace kvex::host {
 
-/// Works on suiteState(). An error that comes from the database is shown to the user as well as
-/// logged, because what he did was not stored; every other one is only logged. A text that cannot
-/// be shown goes to standard error.
+/// Works on suiteState(). The user is told of an error that comes from the database as well,
+/// because what he did was not stored; every other one is only logged.
 class UtilityObject : public ComObject<IUtility> {
 public:
     HRESULT GetConnectionString(BSTR *connectionString) noexcept final;
@@ -31,8 +30,9 @@ protected:
 private:
     /// Styles and results are those of ShowMessageBox.
     virtual std::int32_t showMessage(const std::u16string &text, std::int32_t style) = 0;
-
-    void tellUser(const Error &error);
+    /// Of a database's error that was logged: shows it or, where that cannot be done, writes it
+    /// to standard error.
+    virtual void tellUser(const Error &error);
 };
 
 } // namespace kvex::host

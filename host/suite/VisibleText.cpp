@@ -11,8 +11,7 @@ namespace {
 bool isHidden(char16_t unit) {
     const bool control = unit < 0x20 || (unit >= 0x7F && unit <= 0x9F);
     const bool separator = unit == 0x2028 || unit == 0x2029;
-    const bool direction =
-        (unit >= 0x202A && unit <= 0x202E) || (unit >= 0x2066 && unit <= 0x2069);
+    const bool direction = (unit >= 0x202A && unit <= 0x202E) || (unit >= 0x2066 && unit <= 0x2069);
     const bool noCharacter = unit >= 0xFFFE;
     return control || separator || direction || noCharacter;
 }

@@ -10,8 +10,7 @@ Role = Atspi.Role
 State = Atspi.StateType
 
 WINDOWS = {Role.FRAME, Role.DIALOG, Role.ALERT, Role.WINDOW}
-LISTS = {Role.LIST, Role.TABLE, Role.TREE, Role.TREE_TABLE}
-ROWS = {Role.LIST_ITEM, Role.TABLE_CELL, Role.TREE_ITEM}
+LISTS = {Role.TABLE, Role.TREE, Role.TREE_TABLE}
 
 
 class Node:
@@ -97,7 +96,9 @@ class ListNode(Node):
     """A list of rows with check boxes."""
 
     def rows(self):
-        return [node for node in self.children() if node.role in ROWS]
+        """The first cell of each row: the others are hidden."""
+        columns = self.ask(self.accessible.get_n_columns, 1)
+        return [node for node in self.children() if node.role == Role.TABLE_CELL][::max(columns, 1)]
 
     def row_names(self):
         return [row.name for row in self.rows()]

@@ -18,6 +18,10 @@ class TimedOut(Exception):
     """What was waited for did not come."""
 
 
+class ServerEnded(Exception):
+    """A server of the desktop ended before it was ready."""
+
+
 def wait_for(what, condition, seconds=PATIENCE):
     """The first value of `condition` that counts as true."""
     end = time.monotonic() + seconds
@@ -60,6 +64,7 @@ class Desktop:
         self.size = f"{width}x{height}x24"
         self.folder = tempfile.TemporaryDirectory(prefix="kvex-desktop-")
         self.home = Path(self.folder.name)
+        self.servers = []
 
     def __enter__(self):
         adopt_orphans()
@@ -86,9 +91,7 @@ class Desktop:
             os.environ[name] = str(self.home / place)
         os.environ.update(LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb", NO_AT_BRIDGE="0",
                           QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
-        os.environ["DISPLAY"] = ":" + self.announced(
-            ["Xvfb", "-displayfd", "{}", "-screen", "0", self.size, "-nolisten", "tcp",
-             "-noreset"])
+        os.environ["DISPLAY"] = self.start_display()
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self.announced(
             ["dbus-daemon", "--session", "--nofork", "--print-address={}"])
         self.spawn([AT_SPI_LAUNCHER, "--launch-immediately", "--a11y=1"])
@@ -97,14 +100,30 @@ class Desktop:
 
     def stop(self):
         end_all_children()
+        for server in self.servers:
+            server.poll()  # it knows of its end
         self.folder.cleanup()
+
+    def start_display(self):
+        """On a number of its own: a server that picks the lowest free one can lose its socket to
+        another that is just ending."""
+        for attempt in range(10):
+            display = f":{1000 + (os.getpid() * 10 + attempt) % 50000}"
+            try:
+                self.announced(["Xvfb", display, "-displayfd", "{}", "-screen", "0", self.size,
+                                "-nolisten", "tcp", "-noreset"])
+                return display
+            except ServerEnded as ended:
+                problem = ended
+        raise problem
 
     def spawn(self, command, **options):
         """Starts a server of the desktop; what it says goes to a file in the home folder."""
         log = self.home / (Path(command[0]).name + ".log")
         with log.open("ab") as out:
-            return subprocess.Popen(  # pylint: disable=consider-using-with
-                command, stdin=subprocess.DEVNULL, stdout=out, stderr=out, **options)
+            self.servers.append(subprocess.Popen(
+                command, stdin=subprocess.DEVNULL, stdout=out, stderr=out, **options))
+        return self.servers[-1]
 
     def announced(self, command):
         """The line that a server writes, once it is ready, to the descriptor for "{}"."""
@@ -114,7 +133,7 @@ class Desktop:
         with os.fdopen(reading) as pipe:
             if line := pipe.readline().strip():
                 return line
-        raise TimedOut(f"{command[0]} ended with status {server.wait()} before it was ready")
+        raise ServerEnded(f"{command[0]} ended with status {server.wait()} before it was ready")
 
     def xdotool(self, *words, may_fail=False):
         """What it prints; None for a failure that may be."""

@@ -13,7 +13,7 @@ PROGRAM = Path(os.environ["KVEXRULES"])
 DESKTOP = Desktop()
 
 ALL_MESSAGES = "<ALLMESSAGES>"
-KEEP = "<DELETE>NO</DELETE><IGNOREFURTHERRULES>NO</IGNOREFURTHERRULES>"
+STOP = "<DELETE>NO</DELETE><IGNOREFURTHERRULES>YES</IGNOREFURTHERRULES>"
 DELETE = "<DELETE>YES</DELETE><IGNOREFURTHERRULES>YES</IGNOREFURTHERRULES>"
 
 
@@ -30,11 +30,10 @@ class RuleEditor(unittest.TestCase):
         for number, (name, active) in enumerate([("Boss", 1), ("Weather", 1), ("Night", 0)], 1):
             self.database.run(
                 "INSERT INTO SMS_RULES (Name, QueryParam, ActionParam, PRIORITY, ACTIVE)"
-                f" VALUES ('{name}', '{ALL_MESSAGES}', '{KEEP}', {number}, {active})")
+                f" VALUES ('{name}', '{ALL_MESSAGES}', '{STOP}', {number}, {active})")
 
     def tearDown(self):
-        failed = any(error for _, error in self._outcome.result.errors + self._outcome.result.failures)
-        if self.program and failed:
+        if self.program and not self._outcome.success:
             DESKTOP.screenshot(f"{self.id()}.png")
             print(self.program.report())
         if self.program and self.program.process.poll() is None:
@@ -60,12 +59,12 @@ class RuleEditor(unittest.TestCase):
     def stored(self, *columns):
         return [tuple(rule[column] for column in columns) for rule in self.database.rules()]
 
-    def assert_refused(self, message):
+    def assert_refused(self, editor, message):
         """OK is answered by a message, and the editor is there again after it."""
         DESKTOP.press("alt+o")
         self.program.message(message)
         DESKTOP.press("Return")
-        self.editor()
+        editor.wait_until(State.ACTIVE)
 
     def answer_the_question(self, key):
         self.program.message("Are you sure you want to remove this rule?")
@@ -97,7 +96,8 @@ class RuleEditor(unittest.TestCase):
         editor = self.editor("Modify Rule")
         self.assertEqual(editor.text_box(NAME).text, "Weather")
         editor.list(ACTIONS).tab_to().tick("Delete it")
-        self.assertTrue(editor.list(ACTIONS).row("Do not process any more Rules").has(State.CHECKED))
+        wait_for("the last action to be locked", lambda: "Stays ticked" in
+                 editor.list(ACTIONS).row("Do not process any more Rules").description)
         editor.text_box(NAME).tab_to().replace("Rain")
         DESKTOP.press("Return")
         self.assertEqual(self.program.window("SMS Rules").list(RULES).row_names(),
@@ -118,22 +118,24 @@ class RuleEditor(unittest.TestCase):
         self.start("--rule", "2")
         editor = self.editor("Modify Rule")
         editor.text_box(NAME).tab_to().replace("boss")
-        self.assert_refused("A Rule already exists in this name, please select a different name.")
+        self.assert_refused(
+            editor, "A Rule already exists in this name, please select a different name.")
         editor.text_box(NAME).wait_until(State.FOCUSED)
         self.assertEqual(self.stored("Name"), [("Boss",), ("Weather",), ("Night",)])
 
     def testOkSaysWhatIsMissing(self):
         self.start()
         editor = self.editor()
-        self.assert_refused("Please select some conditions for this Rule.")
+        self.assert_refused(editor, "Please select some conditions for this Rule.")
         editor.list(CONDITIONS).tab_to().tick("Where the message is From specified people")
-        self.assert_refused("Please select some actions for this Rule.")
+        self.assert_refused(editor, "Please select some actions for this Rule.")
         editor.list(ACTIONS).tab_to().tick("Do not process any more Rules")
         editor.text_box(NAME).tab_to().replace("   ")
-        self.assert_refused("Type a name for this Rule.")
+        self.assert_refused(editor, "Type a name for this Rule.")
         editor.text_box(NAME).wait_until(State.FOCUSED)
         editor.text_box(NAME).replace("Friends")
-        self.assert_refused("Insufficient information. Please select the People for this rule.")
+        self.assert_refused(
+            editor, "Insufficient information. Please select the People for this rule.")
         self.assertEqual(len(self.database.rules()), 3)
 
     def testForAllMessagesLocksTheOtherConditions(self):
@@ -143,7 +145,7 @@ class RuleEditor(unittest.TestCase):
         conditions.tick("For All Messages")
         locked = conditions.row("Ignore this Rule for Service messages")
         locked.wait_until(State.CHECKED, False)
-        self.assertIn("Not available", locked.description)
+        wait_for("the row to say why", lambda: "Not available" in locked.description)
 
     def testEscapeLeavesTheEditorAndTheRulesUnchanged(self):
         before = self.database.rules()

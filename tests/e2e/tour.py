@@ -21,60 +21,73 @@ def print_rules(heading, database):
 
 
 class Tour:
-    def __init__(self, desktop, program, database, folder):
+    def __init__(self, desktop, kvexrules, folder):
         self.desktop = desktop
-        self.program = program
-        self.database = database
+        self.kvexrules = kvexrules
         self.folder = folder
+        self.database = initialise(kvexrules, desktop.home / "sample.db", "--sample")
+        self.program = None
+
+    def start(self, *arguments):
+        self.program = KvexRules(self.desktop, self.kvexrules, self.database, *arguments)
+
+    def finish(self):
+        self.desktop.press("alt+o")
+        status, result = self.program.finish()
+        print(f"tour: kvexrules ended with status {status}, {result}")
+        if (status, result) != (0, "result: 99"):
+            raise TimedOut("status 0 and result: 99 were expected")
 
     def picture(self, name):
         path = self.folder / f"{name}.png"
         self.desktop.screenshot_of_active(path)
-        print(f"tour: {path}")
+        print(f"tour: picture {path}")
 
     def make_a_rule(self, name):
+        print(f"tour: kvexrules edit; the new rule {name!r} deletes every message")
+        self.start()
         editor = self.program.window("New Rule")
-        print(f"tour: the rule editor is open; a new rule deletes all messages: {name}")
         editor.list(CONDITIONS).tab_to().tick("For All Messages")
         editor.list(ACTIONS).tab_to().tick("Delete it")
         editor.text_box(NAME).tab_to().replace(name)
         self.picture("frmRuleEdit")
         self.desktop.press("Return")
-        wait_for("the new rule in the database", lambda: self.database.rule(name))
+        rules = self.program.window("SMS Rules").list(RULES)
+        rules.row(name).wait_until(State.SELECTED)
+        self.picture("frmRules")
+        self.finish()
 
     def order_the_rules(self, name):
+        number = self.database.rule(name)["ID"]
+        print(f"tour: kvexrules edit --rule {number}; it moves down and the one before it goes off")
+        self.start("--rule", str(number))
+        self.program.window("Modify Rule")
+        self.desktop.press("Escape")
         rules = self.program.window("SMS Rules").list(RULES)
         rules.tab_to().go_to(name)
-        self.picture("frmRules")
-        print("tour: the new rule moves down, and the rule now before it is switched off")
-        at = rules.row_names().index(name)
+        other = rules.row_names()[1]
         self.desktop.press("alt+d")
-        wait_for("the new rule to move", lambda: rules.row_names().index(name) == at + 1)
-        other = rules.row_names()[at]
+        wait_for(f"{name!r} to stand second", lambda: rules.row_names()[:2] == [other, name])
         rules.tab_to().tick(other, not rules.row(other).has(State.CHECKED))
         self.picture("frmRules-ordered")
-        self.desktop.press("alt+o")
+        self.finish()
 
 
 def main():
     kvexrules, folder = (Path(argument).absolute() for argument in sys.argv[1:])
     with Desktop() as desktop:
-        database = initialise(kvexrules, desktop.home / "sample.db", "--sample")
-        print_rules("tour: the rules before", database)
-        program = KvexRules(desktop, kvexrules, database)
-        tour = Tour(desktop, program, database, folder)
+        tour = Tour(desktop, kvexrules, folder)
+        print_rules("tour: the rules before", tour.database)
         try:
             tour.make_a_rule("Silence")
             tour.order_the_rules("Silence")
-            status, result = program.finish()
         except TimedOut as missed:
             desktop.screenshot(folder / "failure.png")
-            print(f"tour: {missed}\n{program.report()}\ntour: see {folder / 'failure.png'}",
+            print(f"tour: {missed}\n{tour.program.report()}\ntour: see {folder / 'failure.png'}",
                   file=sys.stderr)
             return 1
-        print_rules("tour: the rules after", database)
-        print(f"tour: kvexrules ended with status {status}, {result}")
-        return 0 if (status, result) == (0, "result: 99") else 1
+        print_rules("tour: the rules after", tour.database)
+        return 0
 
 
 if __name__ == "__main__":

@@ -118,5 +118,13 @@ TEST(Help, NamesEveryCommandAndOption) {
     }
 }
 
+TEST(Help, AlignsWhatItExplains) {
+    const CommandDescription show{"show", "ID…", "this", {}, true, nullptr};
+    const CommandDescription list{"list", "", "that", {}, false, nullptr};
+    const std::string text = helpText(std::vector{show, list}, {});
+    EXPECT_THAT(text, HasSubstr("  show ID…" + std::string(26, ' ') + "this\n"));
+    EXPECT_THAT(text, HasSubstr("  list " + std::string(29, ' ') + "that\n"));
+}
+
 } // namespace
 } // namespace kvex::host

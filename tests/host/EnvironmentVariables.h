@@ -22,7 +22,8 @@ public:
     /// Without a value the variable is removed.
     void set(const std::string &name, const std::optional<std::string> &value) {
         const char *held = std::getenv(name.c_str());
-        before_.try_emplace(name, held == nullptr ? std::nullopt : std::optional<std::string>(held));
+        before_.try_emplace(name,
+                            held == nullptr ? std::nullopt : std::optional<std::string>(held));
         apply(name, value);
     }
 

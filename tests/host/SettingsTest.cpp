@@ -102,7 +102,7 @@ TEST_F(Settings, PreferTheConfigurationFile) {
     EXPECT_THAT(settings.databaseOrigin, HasSubstr("kvexrules.conf"));
     EXPECT_FALSE(settings.isOwnDatabase);
     EXPECT_EQ(settings.user, "4");
-    EXPECT_EQ(settings.log, "b.log");
+    EXPECT_EQ(settings.log, std::filesystem::current_path() / "b.log");
 }
 
 TEST_F(Settings, PreferTheEnvironmentToTheConfigurationFile) {
@@ -126,7 +126,7 @@ TEST_F(Settings, PreferTheOptionsToEverything) {
     EXPECT_EQ(settings.database, "o.db");
     EXPECT_THAT(settings.databaseOrigin, HasSubstr("--database"));
     EXPECT_EQ(settings.user, "5");
-    EXPECT_EQ(settings.log, "o.log");
+    EXPECT_EQ(settings.log, std::filesystem::current_path() / "o.log");
 }
 
 TEST_F(Settings, RefuseAUserWhoIsNoNumber) {

@@ -26,11 +26,17 @@ TEST(VisibleText, WritesOutWhatControlsATerminal) {
 }
 
 TEST(VisibleText, WritesOutSeparatorsAndDirectionOverrides) {
-    EXPECT_EQ(visible(u"a\x2028" u"b\x202E" u"c\x2066"), u"a\\u{2028}b\\u{202e}c\\u{2066}");
+    EXPECT_EQ(visible(u"a\x2028"
+                      u"b\x202E"
+                      u"c\x2066"),
+              u"a\\u{2028}b\\u{202e}c\\u{2066}");
 }
 
 TEST(VisibleText, ReplacesTheSameCharactersForReading) {
-    EXPECT_EQ(harmless(u"a\x1b" u"b\\c\x202E"), u"a\xFFFD" u"b\\c\xFFFD");
+    EXPECT_EQ(harmless(u"a\x1b"
+                       u"b\\c\x202E"),
+              u"a\xFFFD"
+              u"b\\c\xFFFD");
 }
 
 } // namespace

@@ -12,7 +12,7 @@ class Database : public KvexrulesTest {
 protected:
     /// What list says of it; show must say the same.
     std::string complaint(const std::string &name) const {
-        const std::string told = failed(2, {"list", "--database", name});
+        std::string told = failed(2, {"list", "--database", name});
         EXPECT_EQ(failed(2, {"show", "--all", "--database", name}), told);
         EXPECT_THAT(told, HasSubstr("named by --database"));
         return told;
@@ -27,8 +27,8 @@ TEST_F(Database, ThatIsMissingIsNotMade) {
 
 TEST_F(Database, ThatIsEmptyHasNoTables) {
     writeFile(database, "");
-    EXPECT_THAT(complaint(database), AllOf(HasSubstr(database.string() + " is empty"),
-                                           HasSubstr("kvexrules init")));
+    EXPECT_THAT(complaint(database),
+                AllOf(HasSubstr(database.string() + " is empty"), HasSubstr("kvexrules init")));
 }
 
 TEST_F(Database, ThatIsAnotherFileIsNone) {
@@ -85,6 +85,11 @@ TEST_F(Database, OfTheUserIsMadeWithItsFolder) {
     environment["XDG_DATA_HOME"] = (folder / "data").string();
     EXPECT_EQ(done({"init"}), "ready: " + (folder / "data/kvex/rules.db").string() + "\n");
     EXPECT_EQ(done({"list"}), "");
+}
+
+TEST_F(Database, MustBeNamedByAUserWithoutAHome) {
+    environment.clear();
+    EXPECT_THAT(failed(2, {"list"}), AllOf(HasSubstr("no home"), HasSubstr("--database")));
 }
 
 } // namespace

@@ -69,8 +69,8 @@ TEST_F(Init, GivesNewRulesHigherIdsThanTheSamples) {
 TEST_F(Init, RefusesADatabaseThatHasItsTables) {
     done({"init", "--sample"});
     const std::string before = sqlite3(database, ".dump");
-    EXPECT_THAT(failed(1, {"init"}), AllOf(HasSubstr("has its tables already"),
-                                           HasSubstr("--database")));
+    EXPECT_THAT(failed(1, {"init"}),
+                AllOf(HasSubstr("has its tables already"), HasSubstr("--database")));
     EXPECT_THAT(failed(1, {"init", "--sample"}), HasSubstr("holds data already"));
     EXPECT_EQ(sqlite3(database, ".dump"), before);
 }
@@ -125,8 +125,8 @@ TEST_F(Init, TellsWhenTheUsersFolderCannotBeMade) {
     environment.erase("KVEX_DATABASE");
     writeFile(folder / "file", "");
     environment["XDG_DATA_HOME"] = (folder / "file").string();
-    EXPECT_THAT(failed(2, {"init"}), AllOf(HasSubstr("cannot be created"),
-                                           HasSubstr("--database")));
+    EXPECT_THAT(failed(2, {"init"}),
+                AllOf(HasSubstr("cannot be created"), HasSubstr("--database")));
 }
 
 TEST_F(Init, NeedsAFile) {

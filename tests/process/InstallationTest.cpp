@@ -17,13 +17,12 @@ protected:
     void install(std::initializer_list<const char *> libraries) {
         std::filesystem::create_directory(place);
         for (std::filesystem::path file : libraries) {
-            std::filesystem::copy_file(built.parent_path() / file, place / file);
+            std::filesystem::copy_file(builtProgram().parent_path() / file, place / file);
         }
-        std::filesystem::copy_file(built, place / "kvexrules");
+        std::filesystem::copy_file(builtProgram(), place / "kvexrules");
         program = place / "kvexrules";
     }
 
-    std::filesystem::path built = program;
     std::filesystem::path place = folder / "place";
 };
 
@@ -64,23 +63,23 @@ TEST_F(Installation, WithoutAComponentListsButDoesNotShow) {
 
 TEST_F(Installation, WithoutAComponentUsesTheRegisteredOne) {
     install({"libKVEXClassServer.so"});
-    program.swap(built);
+    program = builtProgram();
     const std::string registered = done({"register"});
     EXPECT_EQ(done({"register"}), registered);
-    program.swap(built);
+    program = place / "kvexrules";
     EXPECT_THAT(done({"show", "7"}), HasSubstr("For ALL Messages"));
-    program.swap(built);
+    program = builtProgram();
     done({"unregister"});
     done({"unregister"});
-    program.swap(built);
+    program = place / "kvexrules";
     EXPECT_THAT(failed(2, {"show", "7"}), HasSubstr("There is no rule component"));
 }
 
 TEST_F(Installation, TellsWhenTheRegistrationCannotBeWritten) {
     writeFile(folder / "file", "");
     environment["XDG_DATA_HOME"] = (folder / "file").string();
-    EXPECT_THAT(failed(2, {"register"}), AllOf(HasSubstr("cannot be changed"),
-                                               HasSubstr("$XDG_DATA_HOME")));
+    EXPECT_THAT(failed(2, {"register"}),
+                AllOf(HasSubstr("cannot be changed"), HasSubstr("$XDG_DATA_HOME")));
 }
 
 TEST_F(Installation, WithABrokenComponentSaysSo) {

@@ -33,6 +33,7 @@ struct Pipe {
 
 std::vector<char *> pointers(std::vector<std::string> &texts) {
     std::vector<char *> result;
+    result.reserve(texts.size() + 1);
     for (std::string &text : texts) {
         result.push_back(text.data());
     }
@@ -84,8 +85,9 @@ Outcome run(const std::filesystem::path &program, const std::vector<std::string>
     std::vector<std::string> words{program.string()};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<std::string> variables;
+    variables.reserve(environment.size());
     for (const auto &[name, value] : environment) {
-        variables.push_back(name + "=" + value);
+        variables.push_back(std::string(name).append("=").append(value));
     }
     const std::vector<char *> argumentPointers = pointers(words);
     const std::vector<char *> variablePointers = pointers(variables);

@@ -173,6 +173,19 @@ TEST_F(SqliteFault, AnOlderJournalInAReadOnlyFolderIsRead) {
     EXPECT_EQ(session.records()->field(u"Name").text(), u"stored");
 }
 
+TEST_F(SqliteFault, AWritableFileInAReadOnlyFolderIsReadAndNotWritten) {
+    makeRules();
+    OtherProgram(path()).run(u"PRAGMA journal_mode = DELETE");
+    const WithoutRights guard(folder(), path(), FolderRights::read, FileRights::write);
+    SqliteSession session(name());
+    const auto rules = session.records();
+    EXPECT_EQ(rules->field(u"Name").text(), u"stored");
+    rules->setField(u"Name", u"mine");
+    const Refusal refusal = refusalOf([&] { rules->update(); });
+    EXPECT_TRUE(refusal.says(u"folder"));
+    EXPECT_EQ(session.records()->field(u"Name").text(), u"stored");
+}
+
 TEST_F(SqliteFault, AnUnreadableFileIsNamed) {
     makeRules();
     const WithoutRights guard(folder(), path(), FolderRights::write, FileRights::none);
@@ -198,7 +211,7 @@ TEST_F(SqliteFault, AFailedWriteStoresNothingAndCanBeRepeated) {
     rules->setField(u"Name", u"mine");
     rules->setField(u"QueryParam", text);
     {
-        const FileSizeLimit limit(16 * 1024);
+        const FileSizeLimit limit(0x4000);
         const Refusal refusal = refusalOf([&] { rules->update(); });
         EXPECT_EQ(refusal.code, SQLITE_IOERR);
         EXPECT_TRUE(refusal.says(u"cannot be read or written"));

@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <vector>
 
 namespace kvex::test {
 namespace {
@@ -48,14 +49,15 @@ TEST_F(SqliteSchema, AConnectionStringNamesTheDatabaseToo) {
 TEST_F(SqliteSchema, TheQueriesOfTheSessionRun) {
     create();
     SqliteSession session(fromUtf8(path()));
-    for (const std::u16string_view query :
-         {u"SELECT * FROM SMS_RULES WHERE DELETED = 0 ORDER BY PRIORITY",
-          u"SELECT * FROM SMS_USERS WHERE DELETED = 0",
-          u"SELECT * FROM SMS_ACCOUNT WHERE DELETED = 0",
-          u"SELECT * FROM SMS_SERVICE WHERE DELETED = 0 AND DISABLED = 0",
-          u"SELECT * FROM SMS_SERVICECOMMANDS WHERE SERVICE_ID IN (SELECT ID FROM SMS_SERVICE "
-          u"WHERE DELETED = 0 AND DISABLED = 0)",
-          u"SELECT ID, USER_ID, NAME, MOBILE FROM SMS_CONTACTS WHERE DELETED = 0"}) {
+    const std::u16string serviceCommands =
+        u"SELECT * FROM SMS_SERVICECOMMANDS WHERE SERVICE_ID IN (SELECT ID FROM SMS_SERVICE WHERE "
+        u"DELETED = 0 AND DISABLED = 0)";
+    for (const std::u16string &query : std::vector<std::u16string>{
+             u"SELECT * FROM SMS_RULES WHERE DELETED = 0 ORDER BY PRIORITY",
+             u"SELECT * FROM SMS_USERS WHERE DELETED = 0",
+             u"SELECT * FROM SMS_ACCOUNT WHERE DELETED = 0",
+             u"SELECT * FROM SMS_SERVICE WHERE DELETED = 0 AND DISABLED = 0", serviceCommands,
+             u"SELECT ID, USER_ID, NAME, MOBILE FROM SMS_CONTACTS WHERE DELETED = 0"}) {
         EXPECT_TRUE(session.records(query)->eof());
     }
 }

@@ -16,7 +16,7 @@
 
 namespace kvex::test {
 
-using headless::Key;
+using controls::Key;
 using headless::User;
 using Script = headless::HeadlessToolkit::Script;
 using Texts = std::vector<std::u16string>;

@@ -14,48 +14,61 @@ namespace kvex::test {
 namespace {
 
 /// The server ends with the test program, however that ends.
-[[noreturn]] void becomeServer(int numberPipe) {
+[[noreturn]] void becomeServer(const std::string &display, int readyPipe) {
     prctl(PR_SET_PDEATHSIG, SIGTERM);
-    const std::string pipe = std::to_string(numberPipe);
-    execlp("Xvfb", "Xvfb", "-displayfd", pipe.c_str(), "-screen", "0", "1280x1024x24", "-noreset",
-           "-nolisten", "tcp", static_cast<char *>(nullptr));
+    const std::string ready = std::to_string(readyPipe);
+    execlp("Xvfb", "Xvfb", display.c_str(), "-displayfd", ready.c_str(), "-screen", "0",
+           "1280x1024x24", "-noreset", "-nolisten", "tcp", static_cast<char *>(nullptr));
     _exit(127);
 }
 
-/// What the server writes once it is ready; "" when it ends before.
-std::string readNumber(int pipe) {
-    std::string number;
-    std::array<char, 16> buffer{};
-    while (number.find('\n') == std::string::npos) {
-        const ssize_t count = read(pipe, buffer.data(), buffer.size());
-        if (count <= 0) {
-            return {};
+/// Whether the server has told that it is ready, by a line with its number; false when it ends
+/// before.
+bool isReady(int pipe) {
+    char last = 0;
+    while (last != '\n') {
+        if (read(pipe, &last, 1) != 1) {
+            return false;
         }
-        number.append(buffer.data(), static_cast<std::size_t>(count));
     }
-    number.pop_back();
-    return number;
+    return true;
+}
+
+/// The server of this display; 0 when it could not start.
+pid_t startServer(const std::string &display) {
+    std::array<int, 2> ends{};
+    if (pipe(ends.data()) != 0) {
+        throw std::runtime_error("no pipe for the virtual display");
+    }
+    const pid_t server = fork();
+    if (server == 0) {
+        close(ends[0]);
+        becomeServer(display, ends[1]);
+    }
+    close(ends[1]);
+    const bool ready = isReady(ends[0]);
+    close(ends[0]);
+    if (!ready) {
+        waitpid(server, nullptr, 0);
+    }
+    return ready ? server : 0;
 }
 
 } // namespace
 
 VirtualDisplay::VirtualDisplay() {
-    std::array<int, 2> ends{};
-    if (pipe(ends.data()) != 0) {
-        throw std::runtime_error("no pipe for the virtual display");
+    // Numbers of its own: a server that picks the lowest free one can lose its socket to another
+    // that is just ending.
+    constexpr int attempts = 10;
+    std::string display;
+    for (int attempt = 0; server_ <= 0 && attempt < attempts; ++attempt) {
+        display = ":" + std::to_string(1000 + (getpid() * attempts + attempt) % 50000);
+        server_ = startServer(display);
     }
-    server_ = fork();
-    if (server_ == 0) {
-        close(ends[0]);
-        becomeServer(ends[1]);
-    }
-    close(ends[1]);
-    const std::string number = readNumber(ends[0]);
-    close(ends[0]);
-    if (number.empty()) {
+    if (server_ <= 0) {
         throw std::runtime_error("the virtual display did not start: is Xvfb installed?");
     }
-    setenv("DISPLAY", (":" + number).c_str(), 1);
+    setenv("DISPLAY", display.c_str(), 1);
     setenv("QT_QPA_PLATFORM", "xcb", 1);
     for (const char *variable : {"WAYLAND_DISPLAY", "QT_QPA_PLATFORMTHEME", "QT_STYLE_OVERRIDE"}) {
         unsetenv(variable);

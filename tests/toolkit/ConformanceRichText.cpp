@@ -50,6 +50,33 @@ TEST_P(ToolkitConformance, RichTextBoxInsertsAtTheCaretAndLeavesItBehind) {
     EXPECT_EQ(box.text(), u"again+");
 }
 
+TEST_P(ToolkitConformance, RichTextBoxTellsItsPiecesInTheColoursSet) {
+    const auto shown = window({richTextBox(true)});
+    auto &box = shown->get<RichTextBox>(u"rt");
+    EXPECT_TRUE(box.runs().empty());
+    const auto check = [&] {
+        box.setText(u"");
+        box.setSelectionColour(colour::black);
+        box.insertText(u"Apply ");
+        box.setSelectionColour(colour::blue);
+        box.insertText(u"this");
+        box.insertText(u" rule\n");
+        box.setSelectionColour(colour::red);
+        box.insertText(u"  now\u00A0\r\n\r\n");
+        box.setSelectionColour(0x336699);
+        box.insertText(u"and then");
+        EXPECT_EQ(box.runs(), (std::vector<TextRun>{{u"Apply ", colour::black},
+                                                    {u"this rule\r\n", colour::blue},
+                                                    {u"  now\u00A0\r\n\r\n", colour::red},
+                                                    {u"and then", 0x336699}}));
+        EXPECT_EQ(box.text(), u"Apply this rule\r\n  now\u00A0\r\n\r\nand then");
+    };
+    check();
+    show(*shown, [&](Hands &) { check(); });
+    box.setText(u"");
+    EXPECT_TRUE(box.runs().empty());
+}
+
 TEST_P(ToolkitConformance, RichTextBoxSetByCodeRunsTheChangeHandlerForAnotherTextOnly) {
     const auto shown = window({richTextBox()});
     auto &box = shown->get<RichTextBox>(u"rt");

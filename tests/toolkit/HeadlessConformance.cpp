@@ -23,7 +23,7 @@ public:
         ++forgiven_;
     }
     void closeByFrame() override { user_.closeByFrame(); }
-    void press(Key key) override { user_.press(keyOf(key)); }
+    void press(Key key) override { user_.press(key); }
     void type(std::u16string_view text) override { user_.type(text); }
     void pressAccessKey(char16_t key) override { user_.pressAccessKey(key); }
     void pickDate(std::u16string_view picker, int year, int month, int day) override {
@@ -39,42 +39,6 @@ public:
     [[nodiscard]] bool isOpen() const override { return user_.isOpen(); }
 
 private:
-    static headless::Key keyOf(Key key) {
-        switch (key) {
-        case Key::enter:
-            return headless::Key::enter;
-        case Key::escape:
-            return headless::Key::escape;
-        case Key::tab:
-            return headless::Key::tab;
-        case Key::shiftTab:
-            return headless::Key::shiftTab;
-        case Key::space:
-            return headless::Key::space;
-        case Key::backspace:
-            return headless::Key::backspace;
-        case Key::deleteKey:
-            return headless::Key::deleteKey;
-        case Key::up:
-            return headless::Key::up;
-        case Key::down:
-            return headless::Key::down;
-        case Key::home:
-            return headless::Key::home;
-        case Key::end:
-            return headless::Key::end;
-        case Key::cut:
-            return headless::Key::cut;
-        case Key::copy:
-            return headless::Key::copy;
-        case Key::paste:
-            return headless::Key::paste;
-        case Key::selectAll:
-            return headless::Key::selectAll;
-        }
-        throw Error(error_number::invalidCall);
-    }
-
     User &user_;
     std::size_t &forgiven_;
 };

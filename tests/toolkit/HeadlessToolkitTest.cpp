@@ -9,7 +9,6 @@ namespace kvex::headless {
 namespace {
 
 using test::control;
-using Runs = std::vector<TextRun>;
 
 class HeadlessToolkitTest : public HeadlessTest {
 protected:
@@ -101,23 +100,7 @@ TEST_F(HeadlessToolkitTest, PlaysTheScriptOfAWindowThatAHandlerShows) {
     EXPECT_TRUE(toolkit_.problems().empty());
 }
 
-TEST(HeadlessRichTextBox, JoinNeighboursOfOneColour) {
-    const auto box = createRichTextBox();
-    EXPECT_TRUE(box->runs().empty());
-    box->insertText(u"Apply ");
-    box->setSelectionColour(colour::blue);
-    box->insertText(u"this");
-    box->insertText(u" rule\n");
-    box->setSelectionColour(colour::red);
-    box->insertText(u"now");
-    EXPECT_EQ(box->runs(), (Runs{{u"Apply ", colour::black},
-                                 {u"this rule\r\n", colour::blue},
-                                 {u"now", colour::red}}));
-    box->setText(u"");
-    EXPECT_TRUE(box->runs().empty());
-}
-
-TEST(HeadlessRichTextBox, BoxOfNoWindowRunsItsHandlerAndTakesNoFocus) {
+TEST(LooseTextBox, RunsItsHandlerAndTakesNoFocus) {
     const auto box = createRichTextBox();
     int changes = 0;
     box->onChange = [&] { ++changes; };

@@ -2,6 +2,7 @@
 // a user does.
 #pragma once
 
+#include "adapters/controls/Key.h"
 #include "platform/controls/Toolkit.h"
 
 #include <cstdint>
@@ -13,23 +14,7 @@
 
 namespace kvex::test {
 
-enum class Key {
-    enter,
-    escape,
-    tab,
-    shiftTab,
-    space,
-    backspace,
-    deleteKey,
-    up,
-    down,
-    home,
-    end,
-    cut,
-    copy,
-    paste,
-    selectAll,
-};
+using controls::Key;
 
 /// A user before the active window. What an action sets off has happened when it returns. Controls
 /// go by their names, rows count from 1. The suite asks for nothing that a user cannot do, except
