@@ -30,9 +30,14 @@ void DateTimeEdit::show(const QDateTime &value) {
 }
 
 QString DateTimeEdit::textFromDateTime(const QDateTime &value) const {
-    // Other values are asked for to find out how much room there must be.
+    // For the room that it may take Qt asks for other values, too.
     const bool isShown = value == dateTime();
     return empty_ && isShown ? QString() : QDateTimeEdit::textFromDateTime(value);
+}
+
+/// Its parts are walked through by the arrow keys.
+bool DateTimeEdit::focusNextPrevChild(bool next) {
+    return QAbstractSpinBox::focusNextPrevChild(next);
 }
 
 } // namespace kvex::qt

@@ -1,4 +1,4 @@
-// A QDateTimeEdit that can show nothing.
+// A QDateTimeEdit that can show nothing, and that Tab leaves.
 #pragma once
 
 #include <QDateTimeEdit>
@@ -14,6 +14,7 @@ public:
 
 protected:
     [[nodiscard]] QString textFromDateTime(const QDateTime &value) const override;
+    bool focusNextPrevChild(bool next) override;
 
 private:
     bool empty_ = false;

@@ -2,16 +2,13 @@
 
 #include "adapters/qt/Room.h"
 
-#include <QAction>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenu>
-#include <QPointer>
 
 #include <limits>
-#include <memory>
 
 namespace kvex::qt {
 namespace {
@@ -27,7 +24,9 @@ constexpr int cut = 24;
 bool isTyping(const QKeyEvent &event) {
     const auto held = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
     const bool commands = held == Qt::ControlModifier || held == Qt::AltModifier;
-    return !event.text().isEmpty() && event.text().front().isPrint() && !commands;
+    const bool isControl =
+        event.text().isEmpty() || event.text().front().category() == QChar::Other_Control;
+    return !isControl && !commands;
 }
 
 } // namespace
@@ -47,10 +46,8 @@ QSize LineEdit::sizeHint() const {
 QSize LineEdit::minimumSizeHint() const {
     QSize size = QLineEdit::minimumSizeHint();
     if (columns_ > 0) {
-        const int oneCharacter = fontMetrics().maxWidth();
-        size.rwidth() += std::max(0, widthOf(columns_ + 1, *this) - oneCharacter);
-        size.rwidth() =
-            std::max(size.width(), widthOf(columns_ + 1, *this) + 2 * size.height() / 3);
+        const int qtsRoom = fontMetrics().maxWidth();
+        size.rwidth() += widthOf(columns_, *this) - qtsRoom;
     }
     return size;
 }
@@ -62,11 +59,9 @@ void LineEdit::keyPressEvent(QKeyEvent *event) {
         copyIfPassed();
     } else if (event->matches(QKeySequence::Paste)) {
         pasteIfPassed();
-    } else if (isReadOnly()) {
-        QLineEdit::keyPressEvent(event);
-    } else if (isTyping(*event)) {
+    } else if (!isReadOnly() && isTyping(*event)) {
         insertFitting(passed(event->text()));
-    } else if (event->key() != Qt::Key_Backspace || passes(code::backspace)) {
+    } else if (isReadOnly() || event->key() != Qt::Key_Backspace || passes(code::backspace)) {
         QLineEdit::keyPressEvent(event);
     }
 }
@@ -78,19 +73,24 @@ void LineEdit::inputMethodEvent(QInputMethodEvent *event) {
     QLineEdit::inputMethodEvent(&kept);
 }
 
-/// The usual menu, with its clipboard commands asking, too.
+/// The usual menu, whose clipboard commands ask, too.
 void LineEdit::contextMenuEvent(QContextMenuEvent *event) {
-    const std::unique_ptr<QMenu> menu(createStandardContextMenu());
-    const auto redirect = [this, &menu](const char *name, void (LineEdit::*command)()) {
-        if (auto *action = menu->findChild<QAction *>(QLatin1String(name))) {
-            action->disconnect(SIGNAL(triggered(bool)));
-            connect(action, &QAction::triggered, this, command);
-        }
+    QMenu menu(this);
+    const auto add = [this, &menu](const char *text, QKeySequence::StandardKey key, auto command,
+                                   bool enabled) {
+        menu.addAction(QLineEdit::tr(text), key, this, command)->setEnabled(enabled);
     };
-    redirect("edit-cut", &LineEdit::cutIfPassed);
-    redirect("edit-copy", &LineEdit::copyIfPassed);
-    redirect("edit-paste", &LineEdit::pasteIfPassed);
-    menu->exec(event->globalPos());
+    const bool isEditable = !isReadOnly();
+    add("&Undo", QKeySequence::Undo, &QLineEdit::undo, isEditable && isUndoAvailable());
+    add("&Redo", QKeySequence::Redo, &QLineEdit::redo, isEditable && isRedoAvailable());
+    menu.addSeparator();
+    add("Cu&t", QKeySequence::Cut, &LineEdit::cutIfPassed, isEditable && hasSelectedText());
+    add("&Copy", QKeySequence::Copy, &LineEdit::copyIfPassed, hasSelectedText());
+    add("&Paste", QKeySequence::Paste, &LineEdit::pasteIfPassed,
+        isEditable && !QGuiApplication::clipboard()->text().isEmpty());
+    menu.addSeparator();
+    add("Select All", QKeySequence::SelectAll, &QLineEdit::selectAll, !text().isEmpty());
+    menu.exec(event->globalPos());
 }
 
 /// The middle button inserts the selection of another window: as if it were typed.

@@ -2,13 +2,29 @@
 
 #include "adapters/qt/QText.h"
 
+#include <QFocusEvent>
 #include <QHBoxLayout>
 
+#include <functional>
+
 namespace kvex::qt {
+namespace {
+
+/// Hands the focus that an access key gives it on to what takes it.
+class Panel final : public QWidget {
+public:
+    explicit Panel(QWidget *parent) : QWidget(parent) { setFocusPolicy(Qt::ClickFocus); }
+
+    std::function<QWidget &()> target;
+
+protected:
+    void focusInEvent(QFocusEvent *event) override { target().setFocus(event->reason()); }
+};
+
+} // namespace
 
 QtDTPicker::QtDTPicker(const ControlDesign &design, const std::u16string &window, QWidget &parent)
-    : WidgetControl(design, window, *new QWidget(&parent), design.hour, design.minute,
-                    design.second),
+    : WidgetControl(design, window, *new Panel(&parent), design.hour, design.minute, design.second),
       tick_(*new QCheckBox(&widget())), field_(*new DateTimeEdit(&widget(), toQt(design.format))) {
     tick_.setObjectName(toQt(name_ + u"HasValue"));
     field_.setObjectName(toQt(name_ + u"Value"));
@@ -16,6 +32,7 @@ QtDTPicker::QtDTPicker(const ControlDesign &design, const std::u16string &window
     row.setContentsMargins(0, 0, 0, 0);
     row.addWidget(&tick_);
     row.addWidget(&field_, 1);
+    dynamic_cast<Panel &>(widget()).target = [this]() -> QWidget & { return focusTarget(); };
     valueSet();
     QObject::connect(&tick_, &QCheckBox::clicked, &tick_, [this] { ticked(); });
     QObject::connect(&field_, &QDateTimeEdit::dateTimeChanged, &field_,
@@ -37,7 +54,6 @@ void QtDTPicker::valueSet() {
     field_.show(hasValue() ? QDateTime(QDate(year(), month(), day()),
                                        QTime(hour(), minute(), second()), Qt::UTC)
                            : QDateTime());
-    widget().setFocusProxy(&focusTarget());
 }
 
 void QtDTPicker::ticked() {

@@ -10,7 +10,7 @@
 namespace kvex::test {
 
 enum class FolderRights : std::uint16_t { write = 0777, read = 0555 };
-enum class FileRights : std::uint16_t { read = 0444, none = 0 };
+enum class FileRights : std::uint16_t { write = 0666, read = 0444, none = 0 };
 
 /// A file and its folder as an ordinary user without more than these rights finds them; the
 /// superuser, whom no rights bind, becomes another user for the time.

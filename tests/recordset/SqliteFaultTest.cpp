@@ -92,12 +92,13 @@ TEST_F(SqliteFault, ADamagedFileIsSaidToBeDamaged) {
     EXPECT_TRUE(refusal.says(u"backup"));
 }
 
-TEST_F(SqliteFault, AnotherProgramsDatabaseHasNoRules) {
+TEST_F(SqliteFault, AnotherProgramsDatabaseHasNoRulesAndKeepsItsJournal) {
     OtherProgram(path()).run(u"CREATE TABLE OTHER (X)");
     SqliteSession session(name());
     const Refusal refusal = refusalOf([&] { static_cast<void>(session.records()); });
     EXPECT_EQ(refusal.code, SQLITE_ERROR);
     EXPECT_TRUE(refusal.says(u"has no table SMS_RULES"));
+    EXPECT_EQ(OtherProgram(path()).valueOf(u"PRAGMA journal_mode"), u"delete");
 }
 
 TEST_F(SqliteFault, ALockedDatabaseIsReadAndWrittenOnceItIsFree) {
@@ -170,6 +171,19 @@ TEST_F(SqliteFault, AnOlderJournalInAReadOnlyFolderIsRead) {
     OtherProgram(path()).run(u"PRAGMA journal_mode = DELETE");
     const WithoutRights guard(folder(), path(), FolderRights::read);
     SqliteSession session(name());
+    EXPECT_EQ(session.records()->field(u"Name").text(), u"stored");
+}
+
+TEST_F(SqliteFault, AWritableFileInAReadOnlyFolderIsReadAndNotWritten) {
+    makeRules();
+    OtherProgram(path()).run(u"PRAGMA journal_mode = DELETE");
+    const WithoutRights guard(folder(), path(), FolderRights::read, FileRights::write);
+    SqliteSession session(name());
+    const auto rules = session.records();
+    EXPECT_EQ(rules->field(u"Name").text(), u"stored");
+    rules->setField(u"Name", u"mine");
+    const Refusal refusal = refusalOf([&] { rules->update(); });
+    EXPECT_TRUE(refusal.says(u"folder"));
     EXPECT_EQ(session.records()->field(u"Name").text(), u"stored");
 }
 

@@ -1,73 +1,56 @@
 #include "ui/rules/frmRuleEditDesign.h"
 
+#include "ui/DesignPieces.h"
+
 namespace kvex {
+namespace {
+
+ControlDesign partList(std::u16string name, std::u16string greyedRowHint, int lines) {
+    return {.kind = ControlKind::listView,
+            .name = std::move(name),
+            .checkBoxes = true,
+            .columnHeaders = false,
+            .greyedRowHint = std::move(greyedRowHint),
+            .columns = 56,
+            .lines = lines};
+}
+
+} // namespace
 
 WindowDesign frmRuleEditDesign() {
-    using enum ControlKind;
+    using namespace design;
     return {
         .name = u"frmRuleEdit",
         .caption = u"Edit Rule",
         .controls =
             {
-                {.kind = label,
-                 .name = u"Label1",
-                 .caption = u"1. Select the &Conditions for your rule",
-                 .buddy = u"lvwRuleConditions"},
-                {.kind = listView,
-                 .name = u"lvwRuleConditions",
-                 .checkBoxes = true,
-                 .columnHeaders = false,
-                 .greyedRowHint = u"Not available while \"For All Messages\" is ticked",
-                 .columns = 56,
-                 .lines = 6},
-                {.kind = commandButton,
-                 .name = u"cmdEditCondition",
-                 .caption = u"&Edit Currently Selected Condition",
-                 .enabled = false,
-                 .disabledHint = u"Select and tick a condition that has values: people, accounts, "
-                                 u"words or date/time"},
-                {.kind = label,
-                 .name = u"Label2",
-                 .caption = u"2. Select the &Actions for your rule",
-                 .buddy = u"lvwRuleActions"},
-                {.kind = listView,
-                 .name = u"lvwRuleActions",
-                 .checkBoxes = true,
-                 .columnHeaders = false,
-                 .greyedRowHint = u"Stays ticked while \"Delete it\" is ticked",
-                 .columns = 56,
-                 .lines = 5},
-                {.kind = commandButton,
-                 .name = u"cmdConfigureAction",
-                 .caption = u"Configure Currently &Selected Action",
-                 .enabled = false,
-                 .disabledHint = u"Select and tick an action that has values: distribute, reply or "
-                                 u"alert"},
-                {.kind = label,
-                 .name = u"Label3",
-                 .caption = u"3. Rule &Description",
-                 .buddy = u"rtRuleDesc"},
-                {.kind = label,
+                label(u"Label1", u"1. Select the &Conditions for your rule", u"lvwRuleConditions"),
+                partList(u"lvwRuleConditions",
+                         u"Not available while \"For All Messages\" is ticked", 6),
+                waitingButton(u"cmdEditCondition", u"&Edit Currently Selected Condition",
+                              u"Select and tick a condition that has values: people, accounts, "
+                              u"words or date/time"),
+                label(u"Label2", u"2. Select the &Actions for your rule", u"lvwRuleActions"),
+                partList(u"lvwRuleActions", u"Stays ticked while \"Delete it\" is ticked", 5),
+                waitingButton(u"cmdConfigureAction", u"Configure Currently &Selected Action",
+                              u"Select and tick an action that has values: distribute, reply or "
+                              u"alert"),
+                label(u"Label3", u"3. Rule &Description", u"rtRuleDesc"),
+                {.kind = ControlKind::label,
                  .name = u"Label5",
                  .caption = u"Select your Conditions and Actions first, then specify their values "
                             u"in Description",
                  .hint = true},
-                {.kind = richTextBox, .name = u"rtRuleDesc", .readOnly = true, .lines = 5},
-                {.kind = label,
-                 .name = u"Label4",
-                 .caption = u"4. Rule &Name",
-                 .buddy = u"txtRuleName"},
-                {.kind = textBox, .name = u"txtRuleName", .maxLength = 50},
-                {.kind = commandButton,
-                 .name = u"cmdShow",
-                 .caption = u"Show String Values",
-                 .visible = false},
-                {.kind = frame, .name = u"Frame1"},
-                {.kind = commandButton, .name = u"cmdOK", .caption = u"&OK", .isDefault = true},
-                {.kind = commandButton,
-                 .name = u"cmdCancel",
-                 .caption = u"&Cancel",
-                 .isCancel = true},
+                {.kind = ControlKind::richTextBox,
+                 .name = u"rtRuleDesc",
+                 .readOnly = true,
+                 .lines = 5},
+                label(u"Label4", u"4. Rule &Name", u"txtRuleName"),
+                {.kind = ControlKind::textBox, .name = u"txtRuleName", .maxLength = 50},
+                hiddenButton(u"cmdShow", u"Show String Values"),
+                separator(),
+                okButton(),
+                cancelButton(),
             },
         .layout = column({
             place(u"Label1"),

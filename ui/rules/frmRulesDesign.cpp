@@ -1,46 +1,42 @@
 #include "ui/rules/frmRulesDesign.h"
 
+#include "ui/DesignPieces.h"
+
 namespace kvex {
 
 WindowDesign frmRulesDesign() {
-    using enum ControlKind;
+    using namespace design;
     return {
         .name = u"frmRules",
         .caption = u"SMS Rules",
         .controls =
             {
-                {.kind = label,
-                 .name = u"Label1",
-                 .caption = u"These rules will be applied to incoming short messages",
-                 .buddy = u"lvwRules"},
-                {.kind = listView,
+                label(u"Label1", u"These rules will be applied to incoming short messages",
+                      u"lvwRules"),
+                {.kind = ControlKind::listView,
                  .name = u"lvwRules",
                  .checkBoxes = true,
                  .imageList = u"ImgListView",
                  .columns = 48,
                  .lines = 12},
-                {.kind = imageList, .name = u"ImgListView", .pictures = {Picture::sortAscending}},
-                {.kind = commandButton, .name = u"cmdNew", .caption = u"&New"},
-                {.kind = commandButton, .name = u"cmdModify", .caption = u"&Modify"},
-                {.kind = commandButton, .name = u"cmdCopy", .caption = u"C&opy", .visible = false},
-                {.kind = commandButton, .name = u"cmdRemove", .caption = u"&Remove"},
-                {.kind = commandButton,
-                 .name = u"cmdApply",
-                 .caption = u"&Apply now...",
-                 .visible = false},
-                {.kind = commandButton, .name = u"cmdMoveUp", .caption = u"Move &Up"},
-                {.kind = commandButton, .name = u"cmdMoveDown", .caption = u"Move &Down"},
-                {.kind = label,
-                 .name = u"Label2",
-                 .caption = u"Rule description",
-                 .buddy = u"rtRuleDesc"},
-                {.kind = richTextBox, .name = u"rtRuleDesc", .readOnly = true, .lines = 6},
-                {.kind = frame, .name = u"Frame1"},
-                {.kind = commandButton, .name = u"cmdOK", .caption = u"&OK", .isDefault = true},
-                {.kind = commandButton,
-                 .name = u"cmdCancel",
-                 .caption = u"&Cancel",
-                 .isCancel = true},
+                {.kind = ControlKind::imageList,
+                 .name = u"ImgListView",
+                 .pictures = {Picture::sortAscending}},
+                button(u"cmdNew", u"&New"),
+                button(u"cmdModify", u"&Modify"),
+                hiddenButton(u"cmdCopy", u"C&opy"),
+                button(u"cmdRemove", u"&Remove"),
+                hiddenButton(u"cmdApply", u"&Apply now..."),
+                button(u"cmdMoveUp", u"Move &Up"),
+                button(u"cmdMoveDown", u"Move &Down"),
+                label(u"Label2", u"Rule description", u"rtRuleDesc"),
+                {.kind = ControlKind::richTextBox,
+                 .name = u"rtRuleDesc",
+                 .readOnly = true,
+                 .lines = 6},
+                separator(),
+                okButton(),
+                cancelButton(),
             },
         .layout = column({
             place(u"Label1"),

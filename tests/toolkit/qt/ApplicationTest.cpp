@@ -1,0 +1,104 @@
+// How the toolkit comes to an application, and says so where it cannot. Each test is a process.
+#include "adapters/qt/QtToolkit.h"
+#include "platform/Error.h"
+#include "tests/support/VirtualDisplay.h"
+
+#include <QApplication>
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cstdlib>
+#include <string>
+#include <thread>
+
+namespace kvex::test {
+namespace {
+
+class QtApplicationTest : public testing::Test {
+protected:
+    QtApplicationTest() {
+        for (const char *variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+            unsetenv(variable);
+        }
+    }
+
+    /// What the toolkit says when it cannot show a window, "" when it can.
+    std::string refusal() {
+        try {
+            static_cast<void>(toolkit_.createWindow({u"frmTest", u"Test", {}, column({})}));
+        } catch (const Error &error) {
+            EXPECT_EQ(error.number(), error_number::cannotCreateObject);
+            return error.what();
+        }
+        return {};
+    }
+
+private:
+    qt::QtToolkit toolkit_;
+};
+
+bool mentions(const std::string &text, const char *word) {
+    return text.find(word) != std::string::npos;
+}
+
+TEST_F(QtApplicationTest, WithoutADisplayWindowsAndMessageBoxesAreRefused) {
+    EXPECT_TRUE(mentions(refusal(), "DISPLAY"));
+    EXPECT_THROW(qt::QtToolkit().showMessageBox(u"T", u"x", message_box::exclamation), Error);
+    EXPECT_EQ(QCoreApplication::instance(), nullptr);
+}
+
+TEST_F(QtApplicationTest, ADisplayThatNobodyServesIsNone) {
+    setenv("DISPLAY", ":9876", 1);
+    EXPECT_TRUE(mentions(refusal(), "DISPLAY"));
+}
+
+TEST_F(QtApplicationTest, APlatformThatIsNotInstalledIsNone) {
+    setenv("QT_QPA_PLATFORM", "nosuchplatform", 1);
+    EXPECT_TRUE(mentions(refusal(), "DISPLAY"));
+}
+
+TEST_F(QtApplicationTest, TheNextPlatformNamedIsTakenWhereTheFirstCannotBe) {
+    setenv("QT_QPA_PLATFORM", "xcb;offscreen", 1);
+    EXPECT_EQ(refusal(), "");
+    EXPECT_EQ(QGuiApplication::platformName(), QStringLiteral("offscreen"));
+}
+
+TEST_F(QtApplicationTest, ARefusalIsNotForEver) {
+    EXPECT_NE(refusal(), "");
+    const VirtualDisplay display;
+    EXPECT_EQ(refusal(), "");
+}
+
+TEST_F(QtApplicationTest, AProgramWithoutWindowsKeepsItsApplication) {
+    int count = 0;
+    const QCoreApplication application(count, nullptr);
+    EXPECT_TRUE(mentions(refusal(), "runs without windows"));
+}
+
+TEST_F(QtApplicationTest, AnotherThreadOfTheProgramIsRefused) {
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    int count = 0;
+    const QApplication application(count, nullptr);
+    std::string there;
+    std::thread([&] { there = refusal(); }).join();
+    EXPECT_TRUE(mentions(there, "thread"));
+    EXPECT_EQ(refusal(), "");
+}
+
+TEST_F(QtApplicationTest, NumbersReadAndPrintAsBefore) {
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    setenv("LC_ALL", "C.UTF-8", 1);
+    const std::string before = std::setlocale(LC_NUMERIC, nullptr);
+    EXPECT_EQ(before, "C");
+    EXPECT_EQ(refusal(), "");
+    EXPECT_EQ(std::setlocale(LC_NUMERIC, nullptr), before);
+    EXPECT_STREQ(std::setlocale(LC_CTYPE, nullptr), "C.UTF-8");
+}
+
+TEST_F(QtApplicationTest, TheClipboardIsEmptyWhereThereIsNoApplication) {
+    EXPECT_FALSE(qt::QtClipboard().hasText());
+    EXPECT_EQ(qt::QtClipboard().text(), u"");
+}
+
+} // namespace
+} // namespace kvex::test
