@@ -75,17 +75,21 @@ void TextView::setContent(const std::u16string &text) {
     // Else the text would come in the colour of what it replaces.
     setCurrentCharFormat({});
     setPlainText(toQt(text));
-    moveCursor(QTextCursor::End);
+    moveCursor(isReadOnly() ? QTextCursor::Start : QTextCursor::End);
 }
 
 void TextView::insert(const std::u16string &text, Colour colour) {
+    if (isReadOnly()) {
+        // What is only read is read from its beginning: the view stays there.
+        QTextCursor end(document());
+        end.movePosition(QTextCursor::End);
+        end.insertText(toQt(text), formatFor(colour, palette()));
+        return;
+    }
     QTextCursor caret = textCursor();
+    caret.clearSelection();
     caret.insertText(toQt(text), formatFor(colour, palette()));
     setTextCursor(caret);
-    if (isReadOnly()) {
-        // What is only read is read from its beginning.
-        verticalScrollBar()->setValue(0);
-    }
 }
 
 QSize TextView::sizeHint() const {
