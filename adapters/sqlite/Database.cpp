@@ -61,7 +61,9 @@ Database::Database(std::u16string_view name, int busyTimeout, Missing missing)
                             u" is empty: name the server's database file, or create the tables "
                             u"with kvexrules init.");
     }
-    writeAhead();
+    if (holdsRules()) {
+        writeAhead();
+    }
     execute("PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON");
 }
 
@@ -100,6 +102,12 @@ bool Database::isEmptyFile() const {
     const char *file = sqlite3_db_filename(handle(), "main");
     SqliteStatement pages(*this, u"PRAGMA page_count");
     return file && *file && pages.step() && sqlite3_column_int(pages.handle(), 0) == 0;
+}
+
+bool Database::holdsRules() const {
+    SqliteStatement table(*this, u"SELECT 1 FROM sqlite_master WHERE type = 'table' AND "
+                                 u"name = 'SMS_RULES' COLLATE NOCASE");
+    return table.step();
 }
 
 void Database::writeAhead() const {

@@ -11,7 +11,8 @@ struct sqlite3;
 
 namespace kvex::sqlite {
 
-/// Writes ahead to a log with full synchronisation, enforces foreign keys and waits for locks.
+/// Writes ahead to a log with full synchronisation, enforces foreign keys and waits for locks. A
+/// database without the server's rules keeps its way of logging: it is another program's.
 class Database {
 public:
     enum class Missing { refuse, create };
@@ -28,6 +29,9 @@ public:
     [[nodiscard]] Error lastError() const;
     /// Runs statements without parameters and results.
     void execute(const char *statements) const;
+    /// From now on the file is written ahead to a log; a file that may not be written stays as it
+    /// is.
+    void writeAhead() const;
 
 private:
     struct Closer {
@@ -37,7 +41,7 @@ private:
     void open(const std::string &path, int flags);
     void openUnchanging();
     [[nodiscard]] bool isEmptyFile() const;
-    void writeAhead() const;
+    [[nodiscard]] bool holdsRules() const;
 
     std::u16string name_;
     int busyTimeout_;

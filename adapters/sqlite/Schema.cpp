@@ -106,6 +106,7 @@ bool createSchema(std::u16string_view connectionString) {
         }
     }
     database.execute("COMMIT");
+    database.writeAhead();
     return made;
 }
 

@@ -33,7 +33,8 @@ class RuleEditor(unittest.TestCase):
                 f" VALUES ('{name}', '{ALL_MESSAGES}', '{STOP}', {number}, {active})")
 
     def tearDown(self):
-        if self.program and not self._outcome.success:
+        result = self._outcome.result
+        if self.program and (result.errors or result.failures):
             DESKTOP.screenshot(f"{self.id()}.png")
             print(self.program.report())
         if self.program and self.program.process.poll() is None:

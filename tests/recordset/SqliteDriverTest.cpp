@@ -34,7 +34,7 @@ private:
 } // namespace
 
 TEST_F(SqliteDriver, WritesAheadFullySynchronisedWithForeignKeys) {
-    other().run(u"CREATE TABLE T (ID INTEGER PRIMARY KEY)");
+    other().run(u"CREATE TABLE SMS_RULES (ID INTEGER PRIMARY KEY)");
     EXPECT_EQ(session().records(u"PRAGMA journal_mode")->field(u"journal_mode").text(), u"wal");
     EXPECT_EQ(session().records(u"PRAGMA synchronous")->field(u"synchronous").int32(), 2);
     EXPECT_EQ(session().records(u"PRAGMA foreign_keys")->field(u"foreign_keys").int32(), 1);

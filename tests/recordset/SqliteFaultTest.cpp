@@ -92,12 +92,13 @@ TEST_F(SqliteFault, ADamagedFileIsSaidToBeDamaged) {
     EXPECT_TRUE(refusal.says(u"backup"));
 }
 
-TEST_F(SqliteFault, AnotherProgramsDatabaseHasNoRules) {
+TEST_F(SqliteFault, AnotherProgramsDatabaseHasNoRulesAndKeepsItsJournal) {
     OtherProgram(path()).run(u"CREATE TABLE OTHER (X)");
     SqliteSession session(name());
     const Refusal refusal = refusalOf([&] { static_cast<void>(session.records()); });
     EXPECT_EQ(refusal.code, SQLITE_ERROR);
     EXPECT_TRUE(refusal.says(u"has no table SMS_RULES"));
+    EXPECT_EQ(OtherProgram(path()).valueOf(u"PRAGMA journal_mode"), u"delete");
 }
 
 TEST_F(SqliteFault, ALockedDatabaseIsReadAndWrittenOnceItIsFree) {

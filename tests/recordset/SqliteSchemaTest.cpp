@@ -36,6 +36,7 @@ private:
 TEST_F(SqliteSchema, TheFileAndItsSixTablesAreMadeOnce) {
     EXPECT_TRUE(create());
     EXPECT_EQ(tableCount(), u"6");
+    EXPECT_EQ(other().valueOf(u"PRAGMA journal_mode"), u"wal");
     other().run(u"INSERT INTO SMS_RULES (Name) VALUES ('kept')");
     EXPECT_FALSE(create());
     EXPECT_EQ(other().valueOf(u"SELECT Name FROM SMS_RULES"), u"kept");
