@@ -1,9 +1,13 @@
 #include "tests/toolkit/qt/QtTest.h"
 
+#include "adapters/qt/Colours.h"
+
 #include <QAccessible>
 #include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
+#include <QStyle>
+#include <QStyleOptionButton>
 #include <QTimer>
 
 namespace kvex::test {
@@ -100,6 +104,26 @@ TEST_F(QtWindowTest, NothingIsCutInSmallAndLargeFontsHoweverSmallTheWindow) {
             dialog(user).resize(1, 1);
             QCoreApplication::processEvents();
             expectNothingIsCut(user);
+        });
+    }
+}
+
+TEST_F(QtWindowTest, ABoxToTickIsMadeOutOnADarkThemeAndGrowsWithTheFont) {
+    int smaller = 0;
+    for (const int points : {9, 16}) {
+        const Theme theme(darkPalette(), points);
+        const auto shown = toolkit.createWindow(everything());
+        show(*shown, [&](QtUser &user) {
+            QWidget &box = *user.widget(u"chk");
+            QStyleOptionButton option;
+            option.initFrom(&box);
+            const QRect indicator =
+                box.style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, &box);
+            const QColor edge =
+                box.grab().toImage().pixelColor(indicator.left(), indicator.center().y());
+            EXPECT_GE(qt::contrast(edge, box.palette().color(QPalette::Base)), 3);
+            EXPECT_GT(indicator.width(), smaller);
+            smaller = indicator.width();
         });
     }
 }
