@@ -84,6 +84,7 @@ void TextView::insert(const std::u16string &text, Colour colour) {
         QTextCursor end(document());
         end.movePosition(QTextCursor::End);
         end.insertText(toQt(text), formatFor(colour, palette()));
+        moveCursor(QTextCursor::Start);
         return;
     }
     QTextCursor caret = textCursor();
