@@ -28,6 +28,9 @@ target_compile_options(kvex_options INTERFACE
 if(KVEX_SANITIZE)
   add_compile_options(-fsanitize=${KVEX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${KVEX_SANITIZE})
+else()
+  # What a library lacks shows when it is linked, not when a host loads it.
+  add_link_options(LINKER:-z,defs)
 endif()
 
 function(kvex_library name)

@@ -58,8 +58,8 @@ void ControlWidget::passFocusOn() {
     }
     for (QWidget *next = focused->nextInFocusChain(); next != focused;
          next = next->nextInFocusChain()) {
-        const bool takesTab = (next->focusPolicy() & Qt::TabFocus) == Qt::TabFocus &&
-                              next->focusProxy() == nullptr;
+        const bool takesTab =
+            (next->focusPolicy() & Qt::TabFocus) == Qt::TabFocus && next->focusProxy() == nullptr;
         if (takesTab && !widget_.isAncestorOf(next) && next->isEnabled() &&
             next->isVisibleTo(window)) {
             next->setFocus(Qt::OtherFocusReason);

@@ -37,7 +37,8 @@ QString DateTimeEdit::textFromDateTime(const QDateTime &value) const {
 
 /// Its parts are walked through by the arrow keys.
 bool DateTimeEdit::focusNextPrevChild(bool next) {
-    return QAbstractSpinBox::focusNextPrevChild(next);
+    // Past Qt's own, which goes from part to part.
+    return QWidget::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call)
 }
 
 } // namespace kvex::qt

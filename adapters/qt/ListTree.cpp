@@ -1,6 +1,7 @@
 #include "adapters/qt/ListTree.h"
 
 #include "adapters/qt/Room.h"
+#include "adapters/qt/RowDelegate.h"
 
 #include <QHeaderView>
 #include <QHelpEvent>
@@ -17,6 +18,7 @@ ListTree::ListTree(QWidget *parent, int columns, int lines)
     setRootIsDecorated(false);
     setItemsExpandable(false);
     setUniformRowHeights(true);
+    setItemDelegate(new RowDelegate(this));
     setIconSize({fontMetrics().height(), fontMetrics().height()});
     setAllColumnsShowFocus(true);
     setEditTriggers(NoEditTriggers);
@@ -55,18 +57,22 @@ QRect ListTree::tickRect(const QModelIndex &row) const {
 }
 
 QSize ListTree::sizeHint() const {
-    return minimumSizeHint();
+    return roomFor(lines_);
 }
 
 QSize ListTree::minimumSizeHint() const {
+    return roomFor(0);
+}
+
+QSize ListTree::roomFor(int lines) const {
     // With less a row can neither be read nor clicked.
     constexpr int leastColumns = 12;
     constexpr int leastLines = 3;
-    const int rowHeight = fontMetrics().height() + fontMetrics().height() / 4;
     const int headerHeight = isHeaderHidden() ? 0 : header()->sizeHint().height();
     const int bar = verticalScrollBar()->sizeHint().width();
     return {widthOf(std::max(columns_, leastColumns), *this) + 2 * frameWidth() + bar,
-            std::max(lines_, leastLines) * rowHeight + headerHeight + 2 * frameWidth()};
+            std::max(lines, leastLines) * RowDelegate::heightOf(fontMetrics()) + headerHeight +
+                2 * frameWidth()};
 }
 
 void ListTree::keyPressEvent(QKeyEvent *event) {

@@ -5,6 +5,17 @@
 #include <QScopedValueRollback>
 
 namespace kvex::qt {
+namespace {
+
+template <class Action> void forEachRow(const QItemSelection &selection, Action action) {
+    for (const QItemSelectionRange &range : selection) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            action(row + 1);
+        }
+    }
+}
+
+} // namespace
 
 QtListView::QtListView(const ControlDesign &design, const std::u16string &window, QWidget &parent,
                        const std::vector<Picture> &pictures)
@@ -112,15 +123,13 @@ void QtListView::takeSelection(const QItemSelection &selected, const QItemSelect
         return;
     }
     const QScopedValueRollback<bool> taking(taking_, true);
-    for (const QItemSelectionRange &range : deselected) {
-        for (int row = range.top(); row <= range.bottom(); ++row) {
-            deselect(row + 1);
-        }
-    }
-    for (const QItemSelectionRange &range : selected) {
-        for (int row = range.top(); row <= range.bottom(); ++row) {
-            select(row + 1);
-        }
+    const QItemSelection now = shown().selectionModel()->selection();
+    if (now.size() == 1 && now.front().height() == 1) {
+        // However many were selected before.
+        selectOnly(now.front().top() + 1);
+    } else {
+        forEachRow(deselected, [this](int row) { deselect(row); });
+        forEachRow(selected, [this](int row) { select(row); });
     }
     if (!selected.isEmpty()) {
         shown().noteSelection();

@@ -57,7 +57,9 @@ Control *QtWindow::find(std::u16string_view name) {
 /// As designed, as far as the screen has room, yet never so small that something is cut.
 void QtWindow::setFirstSize(const WindowDesign &design) {
     const QSize wanted(widthOf(design.columns, *dialog_), heightOf(design.lines, *dialog_));
-    const QSize available = dialog_->screen()->availableSize();
+    // The frame, which is not known before the window is shown, needs room, too.
+    const int line = dialog_->fontMetrics().height();
+    const QSize available = dialog_->screen()->availableSize() - QSize(line, 3 * line);
     dialog_->resize(wanted.expandedTo(dialog_->sizeHint()).boundedTo(available));
 }
 

@@ -2,6 +2,7 @@
 
 #include "adapters/qt/Colours.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QPainter>
 #include <QStyleOption>
@@ -34,6 +35,20 @@ void ReadableStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *
         painter->drawEllipse(border);
     }
     painter->restore();
+}
+
+void ReadableStyle::drawControl(ControlElement element, const QStyleOption *option,
+                                QPainter *painter, const QWidget *widget) const {
+    QProxyStyle::drawControl(element, option, painter, widget);
+    const bool isFocused = element == CE_ShapedFrame && widget != nullptr && widget->hasFocus() &&
+                           dynamic_cast<const QAbstractScrollArea *>(widget) != nullptr;
+    if (isFocused) {
+        painter->save();
+        painter->setPen(readable(option->palette.color(QPalette::Highlight),
+                                 option->palette.color(QPalette::Window), leastShapeContrast));
+        painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+        painter->restore();
+    }
 }
 
 int ReadableStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,

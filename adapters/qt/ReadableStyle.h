@@ -1,6 +1,6 @@
 // The style of an application that the toolkit makes itself: Qt's own, with the little that it
-// lacks. Boxes to tick can be made out on dark themes and grow with the font, and buttons keep
-// room around their captions.
+// lacks. Boxes to tick can be made out on dark themes and grow with the font, lists and text views
+// show that they have the focus, and buttons keep room around their captions.
 #pragma once
 
 #include <QProxyStyle>
@@ -14,6 +14,8 @@ public:
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                        const QWidget *widget) const override;
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override;
     [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption *option,
                                   const QWidget *widget) const override;
     [[nodiscard]] QSize sizeFromContents(ContentsType type, const QStyleOption *option,

@@ -75,25 +75,38 @@ void TextView::setContent(const std::u16string &text) {
     // Else the text would come in the colour of what it replaces.
     setCurrentCharFormat({});
     setPlainText(toQt(text));
-    moveCursor(QTextCursor::End);
+    moveCursor(isReadOnly() ? QTextCursor::Start : QTextCursor::End);
 }
 
 void TextView::insert(const std::u16string &text, Colour colour) {
+    if (isReadOnly()) {
+        // What is only read is read from its beginning: the view stays there.
+        QTextCursor end(document());
+        end.movePosition(QTextCursor::End);
+        end.insertText(toQt(text), formatFor(colour, palette()));
+        return;
+    }
     QTextCursor caret = textCursor();
+    caret.clearSelection();
     caret.insertText(toQt(text), formatFor(colour, palette()));
     setTextCursor(caret);
 }
 
 QSize TextView::sizeHint() const {
-    return columns_ > 0 || lines_ > 0 ? minimumSizeHint() : QTextEdit::sizeHint();
+    return columns_ > 0 || lines_ > 0 ? roomFor(lines_) : QTextEdit::sizeHint();
 }
 
 QSize TextView::minimumSizeHint() const {
+    constexpr int leastLines = 3;
+    return roomFor(std::min(lines_, leastLines));
+}
+
+QSize TextView::roomFor(int lines) const {
     const QSize least = QTextEdit::minimumSizeHint();
     const int around = 2 * (frameWidth() + qRound(document()->documentMargin()));
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     return {columns_ > 0 ? widthOf(columns_, *this) + around + bar : least.width(),
-            lines_ > 0 ? heightOf(lines_, *this) + around : least.height()};
+            lines > 0 ? heightOf(lines, *this) + around : least.height()};
 }
 
 void TextView::keyPressEvent(QKeyEvent *event) {

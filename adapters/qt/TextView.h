@@ -27,6 +27,7 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    [[nodiscard]] QSize roomFor(int lines) const;
     void adaptColours();
 
     int columns_;

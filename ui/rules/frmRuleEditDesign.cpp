@@ -54,21 +54,21 @@ WindowDesign frmRuleEditDesign() {
             },
         .layout = column({
             place(u"Label1"),
-            place(u"lvwRuleConditions", 3),
+            place(u"lvwRuleConditions", 6),
             row({spring(), place(u"cmdEditCondition")}),
             place(u"Label2"),
-            place(u"lvwRuleActions", 3),
+            place(u"lvwRuleActions", 5),
             row({spring(), place(u"cmdConfigureAction")}),
             place(u"Label3"),
             place(u"Label5"),
-            place(u"rtRuleDesc", 3),
+            place(u"rtRuleDesc", 5),
             place(u"Label4"),
             place(u"txtRuleName"),
             place(u"Frame1"),
             row({place(u"cmdShow"), spring(), place(u"cmdOK"), place(u"cmdCancel")}),
         }),
         .columns = 76,
-        .lines = 38,
+        .lines = 42,
     };
 }
 

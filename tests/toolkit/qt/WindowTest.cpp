@@ -1,9 +1,13 @@
 #include "tests/toolkit/qt/QtTest.h"
 
+#include "adapters/qt/Colours.h"
+
 #include <QAccessible>
 #include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
+#include <QStyle>
+#include <QStyleOptionButton>
 #include <QTimer>
 
 namespace kvex::test {
@@ -104,13 +108,35 @@ TEST_F(QtWindowTest, NothingIsCutInSmallAndLargeFontsHoweverSmallTheWindow) {
     }
 }
 
+TEST_F(QtWindowTest, ABoxToTickIsMadeOutOnADarkThemeAndGrowsWithTheFont) {
+    int smaller = 0;
+    for (const int points : {9, 16}) {
+        const Theme theme(darkPalette(), points);
+        const auto shown = toolkit.createWindow(everything());
+        show(*shown, [&](QtUser &user) {
+            QWidget &box = *user.widget(u"chk");
+            QStyleOptionButton option;
+            option.initFrom(&box);
+            const QRect indicator =
+                box.style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, &box);
+            const QColor edge =
+                box.grab().toImage().pixelColor(indicator.left(), indicator.center().y());
+            EXPECT_GE(qt::contrast(edge, box.palette().color(QPalette::Base)), 3);
+            EXPECT_GT(indicator.width(), smaller);
+            smaller = indicator.width();
+        });
+    }
+}
+
 TEST_F(QtWindowTest, ItStartsInItsDesignsSizeAsFarAsTheScreenHasRoom) {
     WindowDesign design = everything();
     design.columns = 1000;
     design.lines = 20;
     const auto shown = toolkit.createWindow(design);
     show(*shown, [&](QtUser &user) {
-        EXPECT_EQ(dialog(user).width(), dialog(user).screen()->availableSize().width());
+        const int available = dialog(user).screen()->availableSize().width();
+        EXPECT_GT(dialog(user).width(), available * 9 / 10);
+        EXPECT_LT(dialog(user).width(), available) << "no room for the frame";
         EXPECT_GE(dialog(user).height(), 20 * dialog(user).fontMetrics().lineSpacing());
         EXPECT_LT(dialog(user).height(), dialog(user).screen()->availableSize().height());
     });
