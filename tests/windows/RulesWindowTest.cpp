@@ -1,4 +1,5 @@
 #include "tests/support/ComponentTest.h"
+#include "ui/rules/frmRules.h"
 
 namespace kvex::test {
 namespace {
@@ -431,6 +432,21 @@ TEST_F(RulesWindow, ClosingByTheFrameWritesNothing) {
     EXPECT_EQ(database.rows(storedOrder), (std::vector<std::string>{"A 10", "B 20", "C 30"}));
 }
 
+TEST_F(RulesWindow, RemembersTheButtonThatClosedItButNotItsFrame) {
+    openSession();
+    const auto closedBy = [this](const Script &script) {
+        whenShown(u"frmRuleEdit", [](User &editor) { editor.press(Key::escape); });
+        whenShown(u"frmRules", script);
+        frmRules window;
+        window.LastButtonPressed = u"before";
+        window.Show();
+        return window.LastButtonPressed;
+    };
+    EXPECT_EQ(closedBy([](User &user) { user.click(u"cmdOK"); }), u"OK");
+    EXPECT_EQ(closedBy([](User &user) { user.press(Key::escape); }), u"CANCEL");
+    EXPECT_EQ(closedBy([](User &user) { user.closeByFrame(); }), u"before");
+}
+
 TEST_F(RulesWindow, ASessionThatBeganEmptyWritesNoOrder) {
     whenShown(u"frmRuleEdit", [](User &editor) {
         editor.tickRow(u"lvwRuleConditions", 6);
@@ -465,6 +481,26 @@ TEST_F(RulesWindow, APriorityOfNineDigitsIsLoggedByTheList) {
     });
     expectLog({u"Sub: ListRules, Module: frmRules", u"Sub: ListRules, Module: frmRules"});
     EXPECT_EQ(utility.log.at(0).number, error_number::invalidCall);
+}
+
+TEST_F(RulesWindow, APriorityWithoutValueIsLoggedByTheList) {
+    database.addRule("A");
+    database.execute("UPDATE SMS_RULES SET PRIORITY = NULL");
+    playRules([](User &user) {
+        EXPECT_EQ(list(user).rowCount(), 0);
+        user.click(u"cmdCancel");
+    });
+    EXPECT_EQ(utility.log.at(0).text,
+              u"KVEXMessageRules: Error occured. Sub: ListRules, Module: frmRules");
+    EXPECT_EQ(utility.log.at(0).number, error_number::invalidUseOfNull);
+}
+
+TEST_F(RulesWindow, ANegativePriorityIsPaddedAsText) {
+    database.addRule("A", "<ALLMESSAGES>", "", -1);
+    playRules([](User &user) {
+        EXPECT_EQ(list(user).subItem(1, 3), u"000000-1");
+        user.click(u"cmdCancel");
+    });
 }
 
 TEST_F(RulesWindow, TenThousandRulesAreListedAndReordered) {
