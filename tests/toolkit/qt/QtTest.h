@@ -24,6 +24,7 @@ protected:
     /// A window "frmTest" of these controls, one below the other.
     [[nodiscard]] std::unique_ptr<Window> window(std::vector<ControlDesign> controls) {
         std::vector<Layout> pieces;
+        pieces.reserve(controls.size());
         for (const ControlDesign &control : controls) {
             pieces.push_back(place(control.name));
         }
