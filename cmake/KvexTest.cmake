@@ -7,7 +7,14 @@ function(kvex_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LABELS;SOURCES;LIBRARIES;ENVIRONMENT")
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE kvex_options ${arg_LIBRARIES} GTest::gtest_main GTest::gmock)
-  gtest_discover_tests(${name}
-    DISCOVERY_MODE PRE_TEST NO_PRETTY_VALUES
-    PROPERTIES LABELS "${arg_LABELS}" ENVIRONMENT "${arg_ENVIRONMENT}")
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST NO_PRETTY_VALUES)
+  # Set apart: the discovery takes one value a property, not a list.
+  set(properties "${CMAKE_CURRENT_BINARY_DIR}/${name}_properties.cmake")
+  file(CONFIGURE OUTPUT "${properties}" @ONLY CONTENT [[
+if(@name@_TESTS)
+  set_tests_properties(${@name@_TESTS} PROPERTIES
+    LABELS "@arg_LABELS@" ENVIRONMENT "@arg_ENVIRONMENT@")
+endif()
+]])
+  set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES "${properties}")
 endfunction()
