@@ -1,0 +1,195 @@
+#include "tests/windows/RulesWindowFixture.h"
+#include "ui/rules/frmRules.h"
+
+namespace kvex::test {
+namespace {
+
+TEST_F(RulesWindow, RulesOfOnePriorityStayInTheOrderTheyWereReadIn) {
+    database.addRule("Z", "<ALLMESSAGES>", "", 1);
+    database.addRule("A", "<ALLMESSAGES>", "", 1);
+    playRules([](User &user) {
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"Z", u"A"}));
+        user.click(u"cmdCancel");
+    });
+}
+
+TEST_F(RulesWindow, MoveUpOnTheFirstRowOnlySetsTheChangeFlag) {
+    addThree();
+    const std::int32_t result = playRules([](User &user) {
+        user.clickRow(u"lvwRules", 1);
+        user.click(u"cmdMoveUp");
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"B", u"C"}));
+        EXPECT_EQ(column(user, 3), (Texts{u"00000001", u"00000002", u"00000003"}));
+        user.click(u"cmdCancel");
+    });
+    EXPECT_EQ(result, 99);
+}
+
+TEST_F(RulesWindow, MoveDownOnTheLastRowOnlySetsTheChangeFlag) {
+    addThree();
+    const std::int32_t result = playRules([](User &user) {
+        user.clickRow(u"lvwRules", 3);
+        user.click(u"cmdMoveDown");
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"B", u"C"}));
+        user.click(u"cmdCancel");
+    });
+    EXPECT_EQ(result, 99);
+}
+
+TEST_F(RulesWindow, AMovedRuleStaysSelectedAndMovesOn) {
+    addThree();
+    playRules([this](User &user) {
+        user.clickRow(u"lvwRules", 3);
+        user.click(u"cmdMoveUp");
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"C", u"B"}));
+        EXPECT_EQ(list(user).selectedRow(), 2);
+        user.click(u"cmdMoveUp");
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"C", u"A", u"B"}));
+        EXPECT_EQ(list(user).selectedRow(), 1);
+        user.click(u"cmdMoveDown");
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"C", u"B"}));
+        EXPECT_EQ(storedOrder(), (std::vector<std::string>{"A 1", "B 2", "C 3"}));
+        user.click(u"cmdOK");
+    });
+    EXPECT_EQ(storedOrder(), (std::vector<std::string>{"A 1", "C 2", "B 3"}));
+}
+
+TEST_F(RulesWindow, MoveUpWithKeysThatDoNotAgreeSelectsWhateverStandsThere) {
+    addThree(10, 10);
+    playRules([](User &user) {
+        user.clickRow(u"lvwRules", 3);
+        user.click(u"cmdMoveUp");
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"C", u"B", u"A"}));
+        EXPECT_EQ(column(user, 3), (Texts{u"00000002", u"00000003", u"00000010"}));
+        EXPECT_EQ(column(user, 1), (Texts{u"2", u"3", u"1"}));
+        EXPECT_EQ(list(user).selectedRow(), 2);
+        user.click(u"cmdOK");
+    });
+    EXPECT_EQ(storedOrder(), (std::vector<std::string>{"C 1", "B 2", "A 3"}));
+}
+
+TEST_F(RulesWindow, MoveDownExchangesWithTheRowBelow) {
+    addThree();
+    playRules([](User &user) {
+        user.clickRow(u"lvwRules", 1);
+        user.click(u"cmdMoveDown");
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"B", u"A", u"C"}));
+        EXPECT_EQ(list(user).selectedRow(), 2);
+        user.click(u"cmdCancel");
+    });
+}
+
+TEST_F(RulesWindow, CancelWritesNoOrder) {
+    addThree();
+    playRules([](User &user) {
+        user.clickRow(u"lvwRules", 3);
+        user.click(u"cmdMoveUp");
+        user.click(u"cmdCancel");
+    });
+    EXPECT_EQ(storedOrder(), (std::vector<std::string>{"A 1", "B 2", "C 3"}));
+}
+
+TEST_F(RulesWindow, OkClosesGapsInTheOrderShown) {
+    addThree(7, 11);
+    playRules([](User &user) { user.press(Key::enter); });
+    EXPECT_EQ(storedOrder(), (std::vector<std::string>{"A 1", "B 2", "C 3"}));
+}
+
+TEST_F(RulesWindow, AnOrderThatTheDatabaseRefusesIsLoggedAndTheWindowStays) {
+    addThree(10, 10);
+    playRules([this](User &user) {
+        database.execute("CREATE TRIGGER refuse BEFORE UPDATE ON SMS_RULES WHEN OLD.Name = 'B' "
+                         "BEGIN SELECT RAISE(ABORT, 'refused'); END");
+        user.click(u"cmdOK");
+        EXPECT_TRUE(user.isOpen());
+        database.execute("DROP TRIGGER refuse");
+        EXPECT_EQ(storedOrder(), (std::vector<std::string>{"A 1", "B 20", "C 30"}));
+        user.click(u"cmdOK");
+    });
+    expectLog({u"Sub: cmdOK_Click, Module: frmRules"});
+    EXPECT_EQ(storedOrder(), (std::vector<std::string>{"A 1", "B 2", "C 3"}));
+}
+
+TEST_F(RulesWindow, ClosingByTheFrameWritesNothing) {
+    addThree(10, 10);
+    EXPECT_EQ(playRules([](User &user) { user.closeByFrame(); }), 1);
+    EXPECT_EQ(storedOrder(), (std::vector<std::string>{"A 10", "B 20", "C 30"}));
+}
+
+TEST_F(RulesWindow, RemembersTheButtonThatClosedItButNotItsFrame) {
+    openSession();
+    const auto closedBy = [this](const Script &script) {
+        whenShown(u"frmRuleEdit", [](User &editor) { editor.press(Key::escape); });
+        whenShown(u"frmRules", script);
+        frmRules window;
+        window.LastButtonPressed = u"before";
+        window.Show();
+        return window.LastButtonPressed;
+    };
+    EXPECT_EQ(closedBy([](User &user) { user.click(u"cmdOK"); }), u"OK");
+    EXPECT_EQ(closedBy([](User &user) { user.press(Key::escape); }), u"CANCEL");
+    EXPECT_EQ(closedBy([](User &user) { user.closeByFrame(); }), u"before");
+}
+
+TEST_F(RulesWindow, ASessionThatBeganEmptyWritesNoOrder) {
+    whenShown(u"frmRuleEdit", [](User &editor) {
+        editor.tickRow(u"lvwRuleConditions", 6);
+        editor.tickRow(u"lvwRuleActions", 5);
+        editor.click(u"cmdOK");
+    });
+    whenShown(u"frmRules", [](User &user) {
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"New Rule #1"}));
+        user.click(u"cmdOK");
+    });
+    EXPECT_EQ(showRules(u""), 99);
+    EXPECT_EQ(storedOrder(), (std::vector<std::string>{"New Rule #1 0"}));
+}
+
+TEST_F(RulesWindow, APriorityOfNineDigitsIsLoggedByTheList) {
+    database.addRule("Far", "<ALLMESSAGES>", "", 123456789);
+    playRules([](User &user) {
+        EXPECT_EQ(list(user).rowCount(), 0);
+        user.click(u"cmdCancel");
+    });
+    expectLog({u"Sub: ListRules, Module: frmRules", u"Sub: ListRules, Module: frmRules"});
+    EXPECT_EQ(utility.log.at(0).number, error_number::invalidCall);
+}
+
+TEST_F(RulesWindow, APriorityWithoutValueIsLoggedByTheList) {
+    database.addRule("A");
+    database.execute("UPDATE SMS_RULES SET PRIORITY = NULL");
+    playRules([](User &user) {
+        EXPECT_EQ(list(user).rowCount(), 0);
+        user.click(u"cmdCancel");
+    });
+    EXPECT_EQ(utility.log.at(0).text,
+              u"KVEXMessageRules: Error occured. Sub: ListRules, Module: frmRules");
+    EXPECT_EQ(utility.log.at(0).number, error_number::invalidUseOfNull);
+}
+
+TEST_F(RulesWindow, ANegativePriorityIsPaddedAsText) {
+    database.addRule("A", "<ALLMESSAGES>", "", -1);
+    playRules([](User &user) {
+        EXPECT_EQ(list(user).subItem(1, 3), u"000000-1");
+        user.click(u"cmdCancel");
+    });
+}
+
+TEST_F(RulesWindow, TenThousandRulesAreListedAndReordered) {
+    database.execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < "
+                     "10000) INSERT INTO SMS_RULES (Name, QueryParam, ActionParam, PRIORITY) "
+                     "SELECT 'Rule ' || i, '<ALLMESSAGES>', '', i FROM n");
+    playRules([](User &user) {
+        EXPECT_EQ(list(user).rowCount(), 10000);
+        user.clickRow(u"lvwRules", 10000);
+        user.click(u"cmdMoveUp");
+        EXPECT_EQ(list(user).text(9999), u"Rule 10000");
+        EXPECT_EQ(list(user).selectedRow(), 9999);
+        user.click(u"cmdOK");
+    });
+    EXPECT_EQ(database.value("SELECT Name FROM SMS_RULES WHERE PRIORITY = 9999"), "Rule 10000");
+    EXPECT_EQ(database.value("SELECT COUNT(DISTINCT PRIORITY) FROM SMS_RULES"), "10000");
+}
+
+} // namespace
+} // namespace kvex::test
