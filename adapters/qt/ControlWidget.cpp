@@ -1,7 +1,11 @@
 #include "adapters/qt/ControlWidget.h"
 
+#include "adapters/qt/MessageBox.h"
 #include "adapters/qt/QText.h"
 #include "platform/Error.h"
+#include "platform/controls/Toolkit.h"
+
+#include <QApplication>
 
 namespace kvex::qt {
 
@@ -50,6 +54,15 @@ void ControlWidget::giveFocus() {
 }
 
 /// To the next control that Tab reaches.
+void ControlWidget::showRefusal(const Error &error) {
+    if (error.fromDatabase()) {
+        const QWidget *window = QApplication::activeWindow();
+        showMessageBox(window != nullptr ? fromQt(window->windowTitle()) : std::u16string(),
+                       u"What you did last was not stored. " + error.description(),
+                       message_box::exclamation);
+    }
+}
+
 void ControlWidget::passFocusOn() {
     const QWidget *const window = widget_.window();
     QWidget *const focused = window->focusWidget();

@@ -35,10 +35,11 @@ protected:
     void applyVisible(bool visible);
     void giveFocus();
 
-    /// Runs a handler of this control.
+    /// Runs a handler of this control. An error of the database that leaves it is shown, too: the
+    /// user must not take for stored what he sees.
     template <class... Parameters, class... Arguments>
     void run(const std::function<void(Parameters...)> &handler, Arguments &&...arguments) {
-        controls::deliver(handler, where_, {}, std::forward<Arguments>(arguments)...);
+        controls::deliver(handler, where_, showRefusal, std::forward<Arguments>(arguments)...);
     }
 
     std::u16string name_;
@@ -46,6 +47,7 @@ protected:
     bool visible_;
 
 private:
+    static void showRefusal(const Error &error);
     void passFocusOn();
 
     QWidget &widget_;

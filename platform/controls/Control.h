@@ -3,7 +3,8 @@
 // Positions of rows and columns count from 1. A handler (`on...`) runs when the user does
 // something; what code sets runs none, except that setting a text raises the change event.
 // An error that leaves a handler ends that handler at the toolkit: it is written to the
-// diagnostic stream and the window stays usable. Handlers may close their window.
+// diagnostic stream and the window stays usable; toolkits with a screen also show what the
+// database refused. Handlers may close their window.
 #pragma once
 
 #include <string>

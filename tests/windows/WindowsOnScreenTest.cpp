@@ -102,6 +102,22 @@ TEST_F(WindowsOnScreen, ARuleIsSwitchedOffByMouseAtOnce) {
     });
 }
 
+TEST_F(WindowsOnScreen, ATickThatTheDatabaseRefusesIsToldToTheUser) {
+    playRules([this](QtUser &user) {
+        database.execute("CREATE TRIGGER refuse BEFORE UPDATE ON SMS_RULES BEGIN "
+                         "SELECT RAISE(ABORT, 'reserved'); END");
+        user.tickRow(u"lvwRules", 2);
+        database.execute("DROP TRIGGER refuse");
+        ASSERT_EQ(play.messageBoxes().size(), 1U);
+        EXPECT_NE(play.messageBoxes().front().text.find(u"was not stored"), std::u16string::npos);
+        EXPECT_NE(play.messageBoxes().front().text.find(u"reserved"), std::u16string::npos);
+        user.clickRow(u"lvwRules", 1);
+        EXPECT_EQ(ruleState().strRuleName, u"A");
+        user.press(Key::escape);
+    });
+    EXPECT_EQ(database.value("SELECT ACTIVE FROM SMS_RULES WHERE Name = 'B'"), "1");
+}
+
 TEST_F(WindowsOnScreen, RulesAreMovedByTheirAccessKeysAndStoredByOk) {
     EXPECT_EQ(playRules([](QtUser &user) {
                   user.clickRow(u"lvwRules", 3);
