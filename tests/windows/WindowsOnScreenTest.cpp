@@ -167,7 +167,7 @@ TEST_F(WindowsOnScreen, ARuleIsModifiedOverTheRulesWindow) {
 }
 
 TEST_F(WindowsOnScreen, AWarningLeavesTheEditorOpenAndPointsAtTheName) {
-    playNewRule([this](QtUser &user) {
+    playNewRule([](QtUser &user) {
         user.tickRow(u"lvwRuleConditions", 6);
         user.tickRow(u"lvwRuleActions", 5);
         user.focusOn(u"txtRuleName");
