@@ -41,7 +41,8 @@ public:
     /// The colour of what insertText adds next. Toolkits keep a colour's meaning and give it a
     /// contrast of at least 4.5 to 1 on the theme's background; black is the theme's text colour.
     virtual void setSelectionColour(Colour colour) = 0;
-    /// Inserts at the caret and leaves the caret behind it.
+    /// Inserts at the caret and leaves the caret behind it. In a read-only box that is the end of
+    /// the text, and the view stays at its beginning.
     virtual void insertText(const std::u16string &text) = 0;
 };
 
