@@ -20,6 +20,11 @@ template <Text text> void setNo(RuleState &rule) {
     rule.*text = u"NO";
 }
 
+/// A fresh dialog on every opening.
+template <class Dialog> void show() {
+    Dialog().Show();
+}
+
 constexpr auto ignoreIfService = &RuleState::strIgnoreIfService;
 constexpr auto people = &RuleState::strPeople;
 constexpr auto accounts = &RuleState::varAccounts;

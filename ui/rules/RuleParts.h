@@ -30,6 +30,8 @@ struct RulePart {
     /// user is told when it has not. Null for a part that is only ticked.
     bool (*complete)(const RuleState &rule) = nullptr;
     const char16_t *incompleteText = nullptr;
+    /// Shows the dialog, until it is closed.
+    void (*showDialog)() = nullptr;
 
     [[nodiscard]] bool hasDialog() const { return complete != nullptr; }
 };

@@ -157,7 +157,7 @@ void frmRuleEdit::lvwRuleConditions_ItemClick(int Item) {
 }
 
 void frmRuleEdit::cmdEditCondition_Click() {
-    describeRule();
+    editSelectedPart(lvwRuleConditions, ruleConditions());
 }
 
 void frmRuleEdit::lvwRuleActions_ItemCheck(int Item) {
@@ -197,6 +197,16 @@ void frmRuleEdit::finishTick(ListView &list, std::span<const RulePart> parts, in
 }
 
 void frmRuleEdit::cmdConfigureAction_Click() {
+    editSelectedPart(lvwRuleActions, ruleActions());
+}
+
+/// The dialog reads its part of the rule and writes it back; the rule is described anew however
+/// the dialog was left.
+void frmRuleEdit::editSelectedPart(const ListView &list, std::span<const RulePart> parts) {
+    const int row = list.selectedRow();
+    if (row > 0 && partOf(parts, row).showDialog != nullptr) {
+        partOf(parts, row).showDialog();
+    }
     describeRule();
 }
 

@@ -41,6 +41,7 @@ private:
     void tickActions();
     void lockFurtherRules(bool locked);
     void finishTick(ListView &list, std::span<const RulePart> parts, int row);
+    void editSelectedPart(const ListView &list, std::span<const RulePart> parts);
     void describeRule();
 
     /// Whether the rule can be saved; if not, the user has been told what is missing.

@@ -1,6 +1,6 @@
 #include "ui/rules/frmRulesDesign.h"
 
-#include "ui/DesignPieces.h"
+#include "platform/controls/DesignPieces.h"
 
 namespace kvex {
 

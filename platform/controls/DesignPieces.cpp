@@ -1,4 +1,4 @@
-#include "ui/DesignPieces.h"
+#include "platform/controls/DesignPieces.h"
 
 namespace kvex::design {
 
