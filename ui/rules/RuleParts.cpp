@@ -1,5 +1,7 @@
 #include "ui/rules/RuleParts.h"
 
+#include "ui/conditions/frmRuleDate.h"
+
 #include <array>
 
 namespace kvex {
@@ -51,7 +53,8 @@ constexpr std::array conditions{
              holds<words>, u"Insufficient information. Please select the Words for this rule."},
     RulePart{u"Where the message is received within specified Date/Time", holds<dateTime>,
              empty<dateTime>, holds<dateTime>,
-             u"Insufficient information. Please select the Date/Time for this rule."},
+             u"Insufficient information. Please select the Date/Time for this rule.",
+             show<frmRuleDate>},
     RulePart{u"For All Messages", [](const RuleState &rule) { return rule.blnAllMessages; },
              [](RuleState &rule) { rule.blnAllMessages = false; }},
 };
