@@ -22,8 +22,7 @@ QtOptionButton::QtOptionButton(const ControlDesign &design, const std::u16string
                                QWidget &parent, QButtonGroup &group)
     : WidgetControl(design, window, *new QRadioButton(toQt(design.caption), &parent)) {
     group.addButton(&shown());
-    QObject::connect(&shown(), &QRadioButton::toggled, &group,
-                     [&group] { updateTabStop(group); });
+    QObject::connect(&shown(), &QRadioButton::toggled, &group, [&group] { updateTabStop(group); });
     shown().setChecked(design.selected);
     updateTabStop(group);
     clickByAccessKey(shown());

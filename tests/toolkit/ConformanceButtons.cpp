@@ -272,10 +272,9 @@ TEST_P(ToolkitConformance, ADisabledOptionCanBeSelectedByCodeOnly) {
 }
 
 TEST_P(ToolkitConformance, TabReachesTheSelectedMemberOfEachGroup) {
-    const auto shown =
-        window({control(ControlKind::textBox, u"txt"), option(u"opgA0", u"opgA"),
-                option(u"opgA1", u"opgA", true), option(u"opgB0", u"opgB", true),
-                option(u"opgB1", u"opgB")});
+    const auto shown = window({control(ControlKind::textBox, u"txt"), option(u"opgA0", u"opgA"),
+                               option(u"opgA1", u"opgA", true), option(u"opgB0", u"opgB", true),
+                               option(u"opgB1", u"opgB")});
     shown->get<OptionButton>(u"opgB1").select();
     show(*shown, [&](Hands &user) {
         user.press(Key::tab);

@@ -54,7 +54,7 @@ protected:
             open(u"lvwRuleConditions", 2, u"cmdEditCondition", u"frmRulePeople");
             open(u"lvwRuleConditions", 3, u"cmdEditCondition", u"frmRuleAccount");
             open(u"lvwRuleConditions", 4, u"cmdEditCondition", u"frmRuleWords", withOptions);
-            //open(u"lvwRuleConditions", 5, u"cmdEditCondition", u"frmRuleDate");
+            open(u"lvwRuleConditions", 5, u"cmdEditCondition", u"frmRuleDate");
             open(u"lvwRuleActions", 1, u"cmdConfigureAction", u"frmRuleDistribute");
             open(u"lvwRuleActions", 2, u"cmdConfigureAction", u"frmRuleReply");
             open(u"lvwRuleActions", 3, u"cmdConfigureAction", u"frmRuleAlert");
@@ -117,8 +117,7 @@ protected:
              {u"rtReplyText", u"txtCharCount", u"lvwOutAccount", u"cmdOK", u"cmdCancel"}},
             {u"frmRuleAlert",
              {u"rtAlertText", u"txtCharCount", u"lvwOutAccount", u"txtMobileNo", u"cmdAdd",
-              u"cmdAddressBook", u"lvwPeople", u"cmdRemove", u"cmdClear", u"cmdOK",
-              u"cmdCancel"}},
+              u"cmdAddressBook", u"lvwPeople", u"cmdRemove", u"cmdClear", u"cmdOK", u"cmdCancel"}},
         };
         return orders;
     }
@@ -129,9 +128,7 @@ protected:
 TEST_F(EveryWindow, EachControlIsReachedByTabInItsPlaceAndSaysWhatItIs) {
     std::map<std::u16string, Check> checks;
     for (const auto &[window, tabOrder] : tabOrders()) {
-        checks[window] = [&tabOrder](QtUser &user) {
-            expectAccessible(user, tabOrder);
-        };
+        checks[window] = [&tabOrder](QtUser &user) { expectAccessible(user, tabOrder); };
     }
     walk(checks);
 }
@@ -147,9 +144,7 @@ TEST_F(EveryWindow, AccessKeysAreSharedOnlyWhereTheCaptionsDemandIt) {
     for (const auto &[window, tabOrder] : tabOrders()) {
         const auto found = demanded.find(window);
         checks[window] = [shared = found == demanded.end() ? SharedKeys() : found->second](
-                             QtUser &user) {
-            EXPECT_EQ(sharedAccessKeys(user), shared);
-        };
+                             QtUser &user) { EXPECT_EQ(sharedAccessKeys(user), shared); };
     }
     walk(checks);
 }

@@ -43,8 +43,8 @@ void expectColumnsWide(const QTreeView &list) {
         if (header.isSectionHidden(column) || header.sectionSize(column) == 0) {
             continue;
         }
-        EXPECT_GE(header.sectionSize(column), static_cast<const QAbstractItemView &>(list)
-                                                  .sizeHintForColumn(column))
+        EXPECT_GE(header.sectionSize(column),
+                  static_cast<const QAbstractItemView &>(list).sizeHintForColumn(column))
             << list.objectName().toStdString() << " column " << column;
         if (header.isVisible()) {
             EXPECT_GE(header.sectionSize(column), header.sectionSizeHint(column))
@@ -57,13 +57,18 @@ void expectColumnsWide(const QTreeView &list) {
 
 void expectAccessible(QtUser &user, const std::vector<std::u16string> &tabOrder) {
     EXPECT_EQ(user.tabOrder(), tabOrder);
-    for (const std::u16string &name : user.tabOrder()) {
-        QAccessibleInterface *accessible =
-            QAccessible::queryAccessibleInterface(user.widget(name));
-        ASSERT_NE(accessible, nullptr) << toUtf8(name);
-        EXPECT_NE(accessible->role(), QAccessible::NoRole) << toUtf8(name);
-        EXPECT_NE(accessible->role(), QAccessible::Client) << toUtf8(name);
-        EXPECT_NE(accessible->text(QAccessible::Name), "") << toUtf8(name);
+    // A control may consist of several widgets that take the focus: a picker's box and its field.
+    for (QWidget *widget : shown<QWidget>(user)) {
+        if ((widget->focusPolicy() & Qt::TabFocus) == 0 || widget->focusProxy() != nullptr ||
+            !widget->isEnabled()) {
+            continue;
+        }
+        SCOPED_TRACE(widget->objectName().toStdString());
+        QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(widget);
+        ASSERT_NE(accessible, nullptr);
+        EXPECT_NE(accessible->role(), QAccessible::NoRole);
+        EXPECT_NE(accessible->role(), QAccessible::Client);
+        EXPECT_NE(accessible->text(QAccessible::Name), "");
     }
     EXPECT_NE(windowOf(user).windowTitle(), "");
 }
@@ -90,9 +95,8 @@ SharedKeys sharedAccessKeys(QtUser &user) {
 
 void expectNothingCut(QtUser &user) {
     for (const QLabel *label : shown<QLabel>(user)) {
-        expectRoom(*label, label->wordWrap()
-                               ? QSize(0, label->heightForWidth(label->width()))
-                               : label->sizeHint());
+        expectRoom(*label, label->wordWrap() ? QSize(0, label->heightForWidth(label->width()))
+                                             : label->sizeHint());
     }
     for (const QAbstractButton *button : shown<QAbstractButton>(user)) {
         expectRoom(*button, button->sizeHint());

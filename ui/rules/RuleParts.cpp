@@ -4,6 +4,7 @@
 #include "ui/actions/frmRuleDistribute.h"
 #include "ui/actions/frmRuleReply.h"
 #include "ui/conditions/frmRuleAccount.h"
+#include "ui/conditions/frmRuleDate.h"
 #include "ui/conditions/frmRulePeople.h"
 #include "ui/conditions/frmRuleWords.h"
 
@@ -61,7 +62,8 @@ constexpr std::array conditions{
              show<frmRuleWords>},
     RulePart{u"Where the message is received within specified Date/Time", holds<dateTime>,
              empty<dateTime>, holds<dateTime>,
-             u"Insufficient information. Please select the Date/Time for this rule."},
+             u"Insufficient information. Please select the Date/Time for this rule.",
+             show<frmRuleDate>},
     RulePart{u"For All Messages", [](const RuleState &rule) { return rule.blnAllMessages; },
              [](RuleState &rule) { rule.blnAllMessages = false; }},
 };
