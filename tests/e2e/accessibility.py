@@ -123,6 +123,15 @@ class ListNode(Node):
         return row.wait_until(State.CHECKED, ticked)
 
 
+class PickerNode(Node):
+    """The field of a date or time picker."""
+
+    def type_date(self, digits, shown):
+        """Types all parts; Tab has just brought the focus to the first."""
+        self.desktop.type(digits)
+        wait_for(f"{self} to hold {shown!r}", lambda: self.text == shown)
+
+
 class WindowNode(Node):
     def find(self, roles, name, kind=Node):
         def found():
@@ -138,6 +147,15 @@ class WindowNode(Node):
 
     def text_box(self, name):
         return self.find({Role.TEXT}, name)
+
+    def check_box(self, caption):
+        return self.find({Role.CHECK_BOX}, caption)
+
+    def option(self, caption):
+        return self.find({Role.RADIO_BUTTON}, caption)
+
+    def picker(self, name):
+        return self.find({Role.SPIN_BUTTON}, name, PickerNode)
 
     def button(self, caption):
         return self.find({Role.PUSH_BUTTON}, caption)

@@ -58,10 +58,12 @@ def end_all_children():
 
 
 class Desktop:
-    """One at a time in a process: the environment of the process names it."""
+    """One at a time in a process: the environment of the process names it. `files` are put into
+    its home folder; they can hold the settings of a session that Qt follows."""
 
-    def __init__(self, width=1280, height=1024):
+    def __init__(self, width=1280, height=1024, files=None):
         self.size = f"{width}x{height}x24"
+        self.files = files or {}
         self.folder = tempfile.TemporaryDirectory(prefix="kvex-desktop-")
         self.home = Path(self.folder.name)
         self.servers = []
@@ -89,6 +91,11 @@ class Desktop:
         ):
             (self.home / place).mkdir(parents=True, mode=0o700)
             os.environ[name] = str(self.home / place)
+        for name, text in self.files.items():
+            (self.home / "home" / name).write_text(text, encoding="utf-8")
+        if self.files:
+            os.environ.update(XDG_CURRENT_DESKTOP="KDE", KDE_FULL_SESSION="true",
+                              KDE_SESSION_VERSION="5")
         os.environ.update(LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb", NO_AT_BRIDGE="0",
                           QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
         os.environ["DISPLAY"] = self.start_display()

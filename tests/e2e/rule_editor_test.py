@@ -8,6 +8,7 @@ from accessibility import State
 from desktop import Desktop, wait_for
 from kvexrules import KvexRules, initialise
 from names import ACTIONS, CONDITIONS, NAME, RULES
+from whole_rule import ACTION, LESSER_ACTION, LESSER_QUERY, QUERY, Composer
 
 PROGRAM = Path(os.environ["KVEXRULES"])
 DESKTOP = Desktop()
@@ -60,6 +61,10 @@ class RuleEditor(unittest.TestCase):
     def stored(self, *columns):
         return [tuple(rule[column] for column in columns) for rule in self.database.rules()]
 
+    def assert_stored(self, name, query, action):
+        rule = self.database.rule(name)
+        self.assertEqual((rule["QueryParam"], rule["ActionParam"]), (query, action))
+
     def assert_refused(self, editor, message):
         """OK is answered by a message, and the editor is there again after it."""
         DESKTOP.press("alt+o")
@@ -87,6 +92,23 @@ class RuleEditor(unittest.TestCase):
         self.assert_ends(99)
         self.assertEqual(self.stored("Name", "PRIORITY"),
                          [("Nothing at night", 1), ("Boss", 2), ("Weather", 3), ("Night", 4)])
+
+    def testAWholeRuleIsComposedInAllDialogsByKeyboardAlone(self):
+        self.database = initialise(PROGRAM, DESKTOP.home / f"{self.id()}-sample.db", "--sample")
+        self.start()
+        Composer(self.program).compose("Whole")
+        DESKTOP.press("Return")
+        rules = self.program.window("SMS Rules")
+        rules.list(RULES).row("Whole").wait_until(State.SELECTED)
+        self.assert_stored("Whole", QUERY, ACTION)
+
+        DESKTOP.press("alt+m")
+        Composer(self.program).reduce()
+        DESKTOP.press("alt+o")
+        rules.wait_until(State.ACTIVE)
+        self.assert_stored("Whole", LESSER_QUERY, LESSER_ACTION)
+        DESKTOP.press("alt+o")
+        self.assert_ends(99)
 
     def testTheNextNewRuleIsNumberedAfterTheHighestId(self):
         self.start()

@@ -1,7 +1,7 @@
 """A tour of the windows: tour.py KVEXRULES FOLDER
 
-Makes a rule, orders the list and switches a rule off by real key presses, on a database of its
-own; puts a picture of each window into FOLDER. Status 1 when a window does not do as expected.
+Composes a rule of all conditions and all actions, orders the list and switches a rule off by real
+key presses, on a database of its own; puts a picture of each window into FOLDER. Status 1 when a window does not do as expected.
 """
 
 import sys
@@ -10,7 +10,8 @@ from pathlib import Path
 from accessibility import State
 from desktop import Desktop, TimedOut, wait_for
 from kvexrules import KvexRules, initialise
-from names import ACTIONS, CONDITIONS, NAME, RULES
+from names import RULES
+from whole_rule import ACTION, QUERY, Composer
 
 
 def print_rules(heading, database):
@@ -43,19 +44,20 @@ class Tour:
         self.desktop.screenshot_of_active(path)
         print(f"tour: picture {path}")
 
-    def make_a_rule(self, name):
-        print(f"tour: kvexrules edit; the new rule {name!r} deletes every message")
+    def compose_a_rule(self, name):
+        print(f"tour: kvexrules edit; the new rule {name!r} gets every condition and every action")
         self.start()
-        editor = self.program.window("New Rule")
-        editor.list(CONDITIONS).tab_to().tick("For All Messages")
-        editor.list(ACTIONS).tab_to().tick("Delete it")
-        editor.text_box(NAME).tab_to().replace(name)
-        self.picture("frmRuleEdit")
+        Composer(self.program, self.picture).compose(name)
         self.desktop.press("Return")
         rules = self.program.window("SMS Rules").list(RULES)
         rules.row(name).wait_until(State.SELECTED)
         self.picture("frmRules")
         self.finish()
+        stored = self.database.rule(name)
+        for column, expected in (("QueryParam", QUERY), ("ActionParam", ACTION)):
+            print(f"tour: {column} {stored[column]}")
+            if stored[column] != expected:
+                raise TimedOut(f"{expected} was expected")
 
     def order_the_rules(self, name):
         number = self.database.rule(name)["ID"]
@@ -79,8 +81,8 @@ def main():
         tour = Tour(desktop, kvexrules, folder)
         print_rules("tour: the rules before", tour.database)
         try:
-            tour.make_a_rule("Silence")
-            tour.order_the_rules("Silence")
+            tour.compose_a_rule("Everything")
+            tour.order_the_rules("Everything")
         except TimedOut as missed:
             desktop.screenshot(folder / "failure.png")
             print(f"tour: {missed}\n{tour.program.report()}\ntour: see {folder / 'failure.png'}",
