@@ -92,7 +92,7 @@ TEST_F(DateDialogOnScreen, AStoredRangeIsShownWithItsYearsInFull) {
     EXPECT_EQ(range(), stored);
 }
 
-TEST_F(DateDialogOnScreen, AStoredRangeOutOfRangeIsShownAsFarAsItCanBe) {
+TEST_F(DateDialogOnScreen, ARangeThatCannotBeReadIsLoggedAndShownAsFarAsItCan) {
     playDialog(u"20040514 ,20040520 17:00:00", [this](QtUser &user) {
         EXPECT_EQ(utility.logTexts(),
                   Texts{u"KVEXMessageRules: Error occured. Sub: Form_Load, Module: frmRuleDate"});
