@@ -4,6 +4,7 @@
 
 #include <QFocusEvent>
 #include <QHBoxLayout>
+#include <QScopedValueRollback>
 
 #include <functional>
 
@@ -49,6 +50,9 @@ void QtDTPicker::setSpokenName(const QString &name) {
 }
 
 void QtDTPicker::valueSet() {
+    if (fieldLeads_) {
+        return;
+    }
     tick_.setChecked(hasValue());
     field_.setEnabled(hasValue());
     field_.show(hasValue() ? QDateTime(QDate(year(), month(), day()),
@@ -68,8 +72,11 @@ void QtDTPicker::ticked() {
 void QtDTPicker::edited(const QDateTime &value) {
     const QDate date = value.date();
     const QTime time = value.time();
-    setDate(date.year(), date.month(), date.day());
-    setTime(time.hour(), time.minute(), time.second());
+    {
+        const QScopedValueRollback leads(fieldLeads_, true);
+        setDate(date.year(), date.month(), date.day());
+        setTime(time.hour(), time.minute(), time.second());
+    }
     run(onChange);
 }
 

@@ -24,6 +24,8 @@ private:
 
     QCheckBox &tick_;
     DateTimeEdit &field_;
+    /// The field shows the value that is being set, and where in it the user is.
+    bool fieldLeads_ = false;
 };
 
 } // namespace kvex::qt

@@ -85,7 +85,11 @@ void QtPlay::answer(QMessageBox &box) {
 
 bool QtPlay::activate(QWidget &window) {
     window.activateWindow();
-    return QTest::qWaitForWindowActive(&window);
+    // The focus follows the activation; a key pressed before would go to the window below.
+    return QTest::qWaitForWindowActive(&window) && QTest::qWaitFor([&window] {
+               const QWidget *focused = window.focusWidget();
+               return focused == nullptr || focused == QApplication::focusWidget();
+           });
 }
 
 } // namespace kvex::test

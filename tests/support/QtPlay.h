@@ -54,7 +54,7 @@ private:
 
     void play(qt::Dialog &dialog);
     void answer(QMessageBox &box);
-    /// Whether the window came to be the active one.
+    /// Whether the window came to be the active one, and what has its focus to be focused.
     bool activate(QWidget &window);
 
     std::deque<Awaited> scripts_;

@@ -250,6 +250,19 @@ TEST_P(ToolkitConformance, PickerChangedByTheUserRunsItsHandler) {
     });
 }
 
+TEST_P(ToolkitConformance, PickerTakesAWholeDateWhateverDayItHeldBefore) {
+    const auto shown = window({datePicker()});
+    auto &picker = shown->get<DTPicker>(u"dtp");
+    show(*shown, [&](Hands &user) {
+        for (const Date date : {Date{2004, 1, 31}, Date{2004, 2, 29}, Date{1904, 5, 14},
+                                Date{2023, 2, 28}, Date{1900, 1, 1}}) {
+            user.pickDate(u"dtp", date[0], date[1], date[2]);
+            EXPECT_EQ(dateOf(picker), date);
+            picker.setDate(2004, 12, 31);
+        }
+    });
+}
+
 TEST_P(ToolkitConformance, PickerShowsTheWholeYearForThreeLettersToo) {
     ControlDesign design = datePicker();
     design.format = u"dd/MM/yyy";

@@ -23,7 +23,7 @@ TEST_F(DateDialog, LeftWithoutOkTheRangeStaysAndTheChangeFlagToo) {
     };
     for (const auto &[name, leave] : ways) {
         SCOPED_TRACE(name);
-        playDialog(stored, [&leave](User &user) {
+        playDialog(stored, [&leave = leave](User &user) {
             pick(user, start, {2004, 5, 1}, {1, 2, 3});
             user.tickPicker(u"ToTime", false);
             leave(user);
@@ -50,7 +50,7 @@ TEST_F(DateDialog, EnterAndTheAccessKeyAreOk) {
     };
     for (const auto &[name, confirm] : ways) {
         SCOPED_TRACE(name);
-        playDialog(stored, [&confirm](User &user) {
+        playDialog(stored, [&confirm = confirm](User &user) {
             user.pickTime(u"FromTime", 1, 2, 3);
             user.focusOn(u"FromDate");
             confirm(user);

@@ -151,7 +151,7 @@ TEST_F(DateDialogRange, ANewRangeCoversWholeDays) {
 }
 
 TEST_F(DateDialogRange, AnEmptyTimeIsWrittenAsNothing) {
-    const auto withoutTimes = [](Date to, std::vector<const char16_t *> empty) {
+    const auto withoutTimes = [](Date to, const std::vector<const char16_t *> &empty) {
         return [=](User &user) {
             pick(user, start, {2004, 5, 14}, {8, 30, 0});
             pick(user, end, to, {17, 0, 0});

@@ -1,7 +1,13 @@
+#include "adapters/qt/QText.h"
+#include "platform/Text.h"
 #include "tests/toolkit/qt/QtTest.h"
 
+#include <QAbstractItemView>
+#include <QCalendarWidget>
 #include <QCheckBox>
 #include <QDateTimeEdit>
+
+#include <ctime>
 
 namespace kvex::test {
 namespace {
@@ -66,6 +72,143 @@ TEST_F(QtPickerTest, IsWorkedByKeysAlone) {
         EXPECT_EQ(picker().year(), 2010);
     });
     EXPECT_GE(changes, 4);
+}
+
+TEST_F(QtPickerTest, HasRoomForTheCaretBehindItsText) {
+    show(*shown, [&](QtUser &user) {
+        QDateTimeEdit withoutRoom;
+        withoutRoom.setDisplayFormat(field(user).displayFormat());
+        withoutRoom.setCalendarPopup(true);
+        EXPECT_GE(field(user).sizeHint().width() - withoutRoom.sizeHint().width(),
+                  field(user).fontMetrics().averageCharWidth());
+    });
+}
+
+TEST_F(QtPickerTest, TheNamesOfTheDaysStandOnTheColourOfTheCalendar) {
+    show(*shown, [&](QtUser &user) {
+        const auto *days = field(user).calendarWidget()->findChild<QAbstractItemView *>(
+            "qt_calendar_calendarview");
+        ASSERT_NE(days, nullptr);
+        const QModelIndex name = days->model()->index(0, 1);
+        ASSERT_NE(name.data().toString(), "");
+        EXPECT_EQ(name.data(Qt::BackgroundRole).value<QColor>().alpha(), 0);
+    });
+}
+
+TEST_F(QtPickerTest, ADayIsTypedBeforeTheMonthAndTheYearThatHaveIt) {
+    struct Typing {
+        QDate from;
+        const char16_t *keys;
+        QDate to;
+    };
+    const Typing typings[] = {
+        {{2024, 4, 20}, u"31052024", {2024, 5, 31}},  {{2023, 2, 20}, u"31012024", {2024, 1, 31}},
+        {{2023, 2, 20}, u"29022024", {2024, 2, 29}},  {{2023, 2, 20}, u"30042024", {2024, 4, 30}},
+        {{2024, 2, 29}, u"29022023", {2023, 2, 28}},  {{2024, 12, 31}, u"31042024", {2024, 4, 30}},
+        {{2024, 12, 31}, u"29021900", {1900, 2, 28}}, {{2024, 12, 31}, u"29022000", {2000, 2, 29}},
+        {{2024, 4, 20}, u"31", {2024, 4, 30}},        {{2024, 4, 20}, u"3105", {2024, 5, 31}},
+        {{2024, 4, 20}, u"3110", {2024, 10, 31}},     {{2024, 4, 20}, u"45", {2024, 5, 4}},
+        {{2024, 4, 20}, u"001", {2024, 4, 1}},        {{2024, 4, 20}, u"391", {2024, 4, 30}},
+        {{2024, 4, 20}, u"01011900", {1900, 1, 1}},   {{2024, 4, 20}, u"31123000", {3000, 12, 31}},
+    };
+    show(*shown, [&](QtUser &user) {
+        user.focusOn(u"dtpValue");
+        for (const Typing &typing : typings) {
+            picker().setDate(typing.from.year(), typing.from.month(), typing.from.day());
+            field(user).setSelectedSection(QDateTimeEdit::DaySection);
+            user.type(typing.keys);
+            EXPECT_EQ(QDate(picker().year(), picker().month(), picker().day()), typing.to)
+                << qt::toQt(typing.keys).toStdString();
+            EXPECT_EQ(field(user).date(), typing.to) << qt::toQt(typing.keys).toStdString();
+        }
+    });
+}
+
+TEST_F(QtPickerTest, ATimeIsTypedPartByPart) {
+    const auto clock =
+        window({{.kind = ControlKind::timePicker, .name = u"dtpTime", .format = u"HH:mm:ss"}});
+    auto &time = clock->get<DTPicker>(u"dtpTime");
+    show(*clock, [&](QtUser &user) {
+        user.press(Key::tab);
+        for (const char16_t *keys : {u"083015", u"235959", u"000000", u"170000"}) {
+            user.press(Key::home);
+            user.type(keys);
+            EXPECT_EQ(time.hour() * 10000 + time.minute() * 100 + time.second(),
+                      toInt32(std::u16string_view(keys)));
+        }
+    });
+}
+
+TEST_F(QtPickerTest, ADayThatWasReplacedIsNotBroughtBack) {
+    show(*shown, [&](QtUser &user) {
+        user.focusOn(u"dtpValue");
+        field(user).setSelectedSection(QDateTimeEdit::DaySection);
+        user.type(u"31");
+        picker().setDate(2004, 5, 14);
+        field(user).setSelectedSection(QDateTimeEdit::MonthSection);
+        user.type(u"06");
+        EXPECT_EQ(picker().day(), 14);
+        field(user).setSelectedSection(QDateTimeEdit::DaySection);
+        user.type(u"30");
+        user.press(Key::up);
+        EXPECT_EQ(picker().month(), 7);
+        field(user).setSelectedSection(QDateTimeEdit::DaySection);
+        user.press(Key::down);
+        EXPECT_EQ(picker().day(), 29);
+        field(user).setSelectedSection(QDateTimeEdit::MonthSection);
+        user.type(u"08");
+        EXPECT_EQ(picker().day(), 29);
+    });
+}
+
+TEST_F(QtPickerTest, ADigitTypedAfterAClickBeginsTheDayAnew) {
+    show(*shown, [&](QtUser &user) {
+        user.focusOn(u"dtpValue");
+        field(user).setSelectedSection(QDateTimeEdit::DaySection);
+        user.type(u"2");
+        EXPECT_EQ(picker().day(), 2);
+        field(user).setSelectedSection(QDateTimeEdit::MonthSection);
+        field(user).setSelectedSection(QDateTimeEdit::DaySection);
+        user.type(u"1");
+        EXPECT_EQ(picker().day(), 1);
+    });
+}
+
+TEST_F(QtPickerTest, TheSystemsTimeZoneMovesNoDateAndNoTime) {
+    const QByteArray zone = qgetenv("TZ");
+    const auto inZone = [&](const char *zoneName) {
+        qputenv("TZ", zoneName);
+        tzset();
+        const auto time =
+            window({{.kind = ControlKind::timePicker, .name = u"dtpTime", .format = u"HH:mm:ss"},
+                    {.kind = ControlKind::datePicker, .name = u"dtp", .format = u"dd/MM/yyyy"}});
+        show(*time, [&](QtUser &user) {
+            const auto fieldOf = [&](const char16_t *name) {
+                return user.widget(name)->findChild<QDateTimeEdit *>();
+            };
+            auto &clock = time->get<DTPicker>(u"dtpTime");
+            clock.setTime(2, 30, 0);
+            EXPECT_EQ(fieldOf(u"dtpTime")->text(), QStringLiteral("02:30:00"));
+            user.pickTime(u"dtpTime", 23, 59, 59);
+            EXPECT_EQ(clock.hour() * 10000 + clock.minute() * 100 + clock.second(), 235959);
+            auto &day = time->get<DTPicker>(u"dtp");
+            // Where clocks are put forward between 2 and 3.
+            day.setDate(2024, 3, 10);
+            day.setTime(2, 30, 0);
+            EXPECT_EQ(fieldOf(u"dtp")->text(), QStringLiteral("10/03/2024"));
+            for (const QDate date : {QDate(1900, 1, 1), QDate(3000, 12, 31)}) {
+                user.pickDate(u"dtp", date.year(), date.month(), date.day());
+                EXPECT_EQ(QDate(day.year(), day.month(), day.day()), date);
+                EXPECT_EQ(day.hour() * 100 + day.minute(), 230);
+            }
+        });
+    };
+    for (const char *name : {"Asia/Kolkata", "America/New_York", "Pacific/Kiritimati"}) {
+        SCOPED_TRACE(name);
+        inZone(name);
+    }
+    zone.isNull() ? qunsetenv("TZ") : qputenv("TZ", zone);
+    tzset();
 }
 
 TEST_F(QtPickerTest, ItsAccessKeyLeadsIntoIt) {

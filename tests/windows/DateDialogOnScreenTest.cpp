@@ -1,0 +1,277 @@
+#include "adapters/qt/QText.h"
+#include "tests/windows/WindowsOnScreenFixture.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QApplication>
+#include <QDateTimeEdit>
+
+#include <set>
+
+namespace kvex::test {
+namespace {
+
+class DateDialogOnScreen : public WindowsOnScreen {
+protected:
+    /// Opens the dialog from a new rule's editor, by keys, on `range`.
+    void playDialog(const std::u16string &range, OnScreen script) {
+        play.whenShown(u"frmRuleEdit", [&range](QtUser &editor) {
+            editor.clickRow(u"lvwRuleConditions", 5);
+            editor.press(Key::space);
+            ruleState().strDateTime = range;
+            editor.pressAccessKey(u'E');
+            editor.press(Key::escape);
+        });
+        play.whenShown(u"frmRuleDate", std::move(script));
+        play.whenShown(u"frmRules", [](QtUser &user) { user.press(Key::escape); });
+        showRules(u"");
+    }
+
+    static QDateTimeEdit &field(const QtUser &user, const std::u16string &picker) {
+        return *user.widget(picker)->findChild<QDateTimeEdit *>();
+    }
+    static QAbstractButton &tick(const QtUser &user, const std::u16string &picker) {
+        return *user.widget(picker)->findChild<QAbstractButton *>(qt::toQt(picker) +
+                                                                  QStringLiteral("HasValue"));
+    }
+    static std::string text(const QtUser &user, const std::u16string &picker) {
+        return field(user, picker).text().toStdString();
+    }
+    /// Types from the first part of the picker on.
+    static void typeInto(QtUser &user, const std::u16string &picker, std::u16string_view keys) {
+        user.focusOn(picker + u"Value");
+        field(user, picker).setCurrentSectionIndex(0);
+        user.press(Key::home);
+        user.type(keys);
+    }
+    static const std::u16string &range() { return ruleState().strDateTime; }
+
+    const std::u16string stored = u"20040514 08:30:00,20040520 17:00:00";
+};
+
+TEST_F(DateDialogOnScreen, ANewRangeIsTickedAndTypedByKeysAlone) {
+    playDialog(u"", [](QtUser &user) {
+        EXPECT_EQ(QApplication::focusWidget(), &tick(user, u"FromDate"));
+        user.press(Key::space);
+        user.press(Key::tab);
+        user.type(u"14052004");
+        user.press(Key::tab);
+        EXPECT_EQ(QApplication::focusWidget(), &tick(user, u"FromTime"));
+        user.press(Key::tab);
+        user.type(u"083000");
+        user.press(Key::tab);
+        EXPECT_EQ(QApplication::focusWidget(), &tick(user, u"ToDate"));
+        user.press(Key::space);
+        user.press(Key::tab);
+        user.type(u"20052004");
+        user.press(Key::tab);
+        user.press(Key::tab);
+        EXPECT_EQ(user.focused(), u"ToTime");
+        user.type(u"170000");
+        user.press(Key::enter);
+        EXPECT_FALSE(user.isOpen());
+    });
+    EXPECT_EQ(range(), stored);
+    EXPECT_EQ(utility.messages, std::vector<Message>());
+}
+
+TEST_F(DateDialogOnScreen, AStoredRangeIsShownWithItsYearsInFull) {
+    playDialog(stored, [](QtUser &user) {
+        EXPECT_EQ(user.window().caption(), u"Select Date/Time Range");
+        EXPECT_EQ(text(user, u"FromDate"), "14/05/2004");
+        EXPECT_EQ(text(user, u"FromTime"), "08:30:00");
+        EXPECT_EQ(text(user, u"ToDate"), "20/05/2004");
+        EXPECT_EQ(text(user, u"ToTime"), "17:00:00");
+        user.press(Key::escape);
+    });
+    EXPECT_EQ(range(), stored);
+}
+
+TEST_F(DateDialogOnScreen, ARangeThatCannotBeReadIsLoggedAndShownAsFarAsItCan) {
+    playDialog(u"20040514 ,20040520 17:00:00", [this](QtUser &user) {
+        EXPECT_EQ(utility.logTexts(),
+                  Texts{u"KVEXMessageRules: Error occured. Sub: Form_Load, Module: frmRuleDate"});
+        utility.log.clear();
+        EXPECT_EQ(text(user, u"FromDate"), "14/05/2004");
+        EXPECT_EQ(text(user, u"FromTime"), "00:00:00");
+        EXPECT_EQ(text(user, u"ToTime"), "23:59:59");
+        user.press(Key::escape);
+    });
+}
+
+TEST_F(DateDialogOnScreen, WithoutADateTheTimeIsEmptyAndWaitsForIt) {
+    playDialog(u"", [](QtUser &user) {
+        for (const auto &[date, time] :
+             {std::pair(u"FromDate", u"FromTime"), std::pair(u"ToDate", u"ToTime")}) {
+            EXPECT_EQ(text(user, date), "");
+            EXPECT_TRUE(tick(user, date).isEnabled());
+            EXPECT_EQ(text(user, time), "");
+            EXPECT_FALSE(field(user, time).isEnabled());
+            EXPECT_FALSE(tick(user, time).isEnabled());
+            EXPECT_NE(user.widget(time)->toolTip(), "");
+            user.tryToClick(std::u16string(time) + u"HasValue");
+            EXPECT_EQ(text(user, time), "");
+            user.tickPicker(date, true);
+            EXPECT_TRUE(field(user, time).isEnabled());
+            EXPECT_TRUE(tick(user, time).isChecked());
+            EXPECT_EQ(user.widget(time)->toolTip(), "");
+        }
+        EXPECT_EQ(text(user, u"FromTime"), "00:00:00");
+        EXPECT_EQ(text(user, u"ToTime"), "23:59:59");
+        user.press(Key::escape);
+    });
+}
+
+TEST_F(DateDialogOnScreen, ADateTickedAgainByMouseBringsItsTimeBack) {
+    playDialog(u"", [](QtUser &user) {
+        user.tickPicker(u"FromDate", true);
+        typeInto(user, u"FromTime", u"080910");
+        user.tickPicker(u"FromDate", false);
+        EXPECT_EQ(text(user, u"FromTime"), "");
+        EXPECT_FALSE(field(user, u"FromTime").isEnabled());
+        user.tickPicker(u"FromDate", true);
+        EXPECT_EQ(text(user, u"FromTime"), "08:09:10");
+        EXPECT_TRUE(field(user, u"FromTime").isEnabled());
+        user.press(Key::escape);
+    });
+}
+
+TEST_F(DateDialogOnScreen, MonthEndsLeapDaysAndTheOutermostDaysAreTyped) {
+    const std::pair<const char16_t *, const char16_t *> days[] = {
+        {u"29012024", u"20240129"}, {u"30012024", u"20240130"}, {u"31012024", u"20240131"},
+        {u"30042024", u"20240430"}, {u"31052024", u"20240531"}, {u"29022024", u"20240229"},
+        {u"28022023", u"20230228"}, {u"29022000", u"20000229"}, {u"28021900", u"19000228"},
+        {u"28022100", u"21000228"}, {u"31122999", u"29991231"}, {u"01011900", u"19000101"},
+        {u"31123000", u"30001231"},
+    };
+    for (const auto &[keys, written] : days) {
+        SCOPED_TRACE(utf8(keys));
+        playDialog(stored, [&keys = keys](QtUser &user) {
+            for (const auto *picker : {u"FromDate", u"ToDate"}) {
+                typeInto(user, picker, keys);
+            }
+            user.press(Key::enter);
+        });
+        const std::u16string day = written;
+        EXPECT_EQ(range(), day + u" 08:30:00," + day + u" 17:00:00");
+        ruleUI->release();
+        ruleUI.reset();
+    }
+}
+
+TEST_F(DateDialogOnScreen, ADayThatTheMonthHasNotIsItsLast) {
+    playDialog(stored, [](QtUser &user) {
+        typeInto(user, u"FromDate", u"31042004");
+        EXPECT_EQ(text(user, u"FromDate"), "30/04/2004");
+        typeInto(user, u"FromDate", u"29022003");
+        EXPECT_EQ(text(user, u"FromDate"), "28/02/2003");
+        typeInto(user, u"FromDate", u"29021900");
+        EXPECT_EQ(text(user, u"FromDate"), "28/02/1900");
+        typeInto(user, u"ToDate", u"29022100");
+        user.press(Key::enter);
+    });
+    EXPECT_EQ(range(), u"19000228 08:30:00,21000228 17:00:00");
+}
+
+TEST_F(DateDialogOnScreen, ARefusedRangeMovesTheFocusToTheEndAndIsPutRightThere) {
+    playDialog(stored, [](QtUser &user) {
+        typeInto(user, u"ToDate", u"13052004");
+        user.click(u"cmdOK");
+        EXPECT_EQ(QApplication::focusWidget(), &field(user, u"ToDate"));
+        typeInto(user, u"ToDate", u"14052004");
+        typeInto(user, u"ToTime", u"082959");
+        user.pressAccessKey(u'O');
+        EXPECT_EQ(QApplication::focusWidget(), &field(user, u"ToTime"));
+        typeInto(user, u"ToTime", u"083000");
+        user.click(u"cmdOK");
+    });
+    EXPECT_EQ(utility.messages,
+              (std::vector<Message>{{u"To Date cannot be less than From Date.", 48},
+                                    {u"You have selected to define the filter for a single day."
+                                     u"In such case 'To Time' cannot be less than 'From Time'",
+                                     48}}));
+    EXPECT_EQ(range(), u"20040514 08:30:00,20040514 08:30:00");
+}
+
+TEST_F(DateDialogOnScreen, EscTheAccessKeyAndTheFrameLeaveTheRangeAlone) {
+    const OnScreen ways[] = {[](QtUser &user) { user.press(Key::escape); },
+                             [](QtUser &user) { user.pressAccessKey(u'C'); },
+                             [](QtUser &user) { user.closeByFrame(); }};
+    for (const OnScreen &leave : ways) {
+        playDialog(stored, [&leave](QtUser &user) {
+            typeInto(user, u"FromDate", u"01012001");
+            leave(user);
+        });
+        EXPECT_EQ(range(), stored);
+        EXPECT_TRUE(session().blnChanged);
+        ruleUI->release();
+        ruleUI.reset();
+    }
+}
+
+TEST_F(DateDialogOnScreen, TabWalksThePickersInTheirOrder) {
+    playDialog(stored, [](QtUser &user) {
+        EXPECT_EQ(user.tabOrder(),
+                  (Texts{u"FromDate", u"FromTime", u"ToDate", u"ToTime", u"cmdOK", u"cmdCancel"}));
+        for (const auto *picker : {u"FromDate", u"FromTime", u"ToDate", u"ToTime"}) {
+            EXPECT_EQ(QApplication::focusWidget(), &tick(user, picker));
+            user.press(Key::tab);
+            EXPECT_EQ(QApplication::focusWidget(), &field(user, picker));
+            user.press(Key::tab);
+        }
+        EXPECT_EQ(user.focused(), u"cmdOK");
+        user.press(Key::shiftTab);
+        EXPECT_EQ(QApplication::focusWidget(), &field(user, u"ToTime"));
+        user.press(Key::escape);
+    });
+    ruleUI->release();
+    ruleUI.reset();
+    playDialog(u"", [](QtUser &user) {
+        EXPECT_EQ(user.tabOrder(), (Texts{u"FromDate", u"ToDate", u"cmdOK", u"cmdCancel"}));
+        user.press(Key::escape);
+    });
+}
+
+TEST_F(DateDialogOnScreen, EveryPartOfEveryPickerHasANameOfItsOwn) {
+    playDialog(stored, [](QtUser &user) {
+        std::set<QString> names;
+        for (const auto *picker : {u"FromDate", u"FromTime", u"ToDate", u"ToTime"}) {
+            for (QWidget *part : {static_cast<QWidget *>(&tick(user, picker)),
+                                  static_cast<QWidget *>(&field(user, picker))}) {
+                names.insert(QAccessible::queryAccessibleInterface(part)->text(QAccessible::Name));
+            }
+        }
+        EXPECT_EQ(names,
+                  (std::set<QString>{"From Date", "From Date: has a value", "From Time",
+                                     "From Time: has a value", "To Date", "To Date: has a value",
+                                     "To Time", "To Time: has a value"}));
+        user.press(Key::escape);
+    });
+}
+
+TEST_F(DateDialogOnScreen, ARuleIsSavedWithTheRangeTyped) {
+    play.whenShown(u"frmRuleEdit", [](QtUser &editor) {
+        editor.tickRow(u"lvwRuleConditions", 5);
+        editor.click(u"cmdEditCondition");
+        EXPECT_EQ(description(editor),
+                  u"Apply this Rule after the message arrives\r\nIf the message is received "
+                  u"between 29/02/2024 00:00:00 Hrs. to 31/03/2024 23:59:59 Hrs.");
+        editor.tickRow(u"lvwRuleActions", 5);
+        editor.click(u"cmdOK");
+    });
+    play.whenShown(u"frmRuleDate", [](QtUser &user) {
+        user.tickPicker(u"FromDate", true);
+        typeInto(user, u"FromDate", u"29022024");
+        user.tickPicker(u"ToDate", true);
+        typeInto(user, u"ToDate", u"31032024");
+        user.click(u"cmdOK");
+    });
+    play.whenShown(u"frmRules", [](QtUser &user) { user.press(Key::enter); });
+    showRules(u"");
+    EXPECT_EQ(database.value("SELECT QueryParam FROM SMS_RULES WHERE ID = 4"),
+              "<IGNOREIFSERVICE>NO</IGNOREIFSERVICE>"
+              "<DATETIME>20240229 00:00:00,20240331 23:59:59</DATETIME>");
+}
+
+} // namespace
+} // namespace kvex::test
