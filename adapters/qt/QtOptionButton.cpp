@@ -4,12 +4,27 @@
 #include "adapters/qt/QText.h"
 
 namespace kvex::qt {
+namespace {
+
+/// Tab goes to the selected member of a group; without one, to each.
+void leadTabToSelected(const QButtonGroup &group) {
+    const QAbstractButton *selected = group.checkedButton();
+    for (QAbstractButton *member : group.buttons()) {
+        const bool isStop = selected == nullptr || member == selected;
+        member->setFocusPolicy(isStop ? Qt::StrongFocus : Qt::ClickFocus);
+    }
+}
+
+} // namespace
 
 QtOptionButton::QtOptionButton(const ControlDesign &design, const std::u16string &window,
                                QWidget &parent, QButtonGroup &group)
     : WidgetControl(design, window, *new QRadioButton(toQt(design.caption), &parent)) {
     group.addButton(&shown());
     shown().setChecked(design.selected);
+    leadTabToSelected(group);
+    QObject::connect(&shown(), &QRadioButton::toggled, &group,
+                     [&group] { leadTabToSelected(group); });
     clickByAccessKey(shown());
     QObject::connect(&shown(), &QRadioButton::clicked, &shown(), [this] { run(onClick); });
 }
