@@ -4,8 +4,10 @@
 #include "ui/rules/RuleParts.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace kvex::test {
 namespace {
@@ -233,6 +235,32 @@ TEST_F(ConditionsOnScreen, TabWalksInTheOrderOfTheDesigns) {
         }
         EXPECT_EQ(reached, (Texts{u"opgAllAnyModifier(1)", u"opgConNotmodifier(0)", u"cmdcancel",
                                   u"cmdOK", u"lvwRuleCondition"}));
+        user.press(Key::escape);
+    });
+}
+
+TEST_F(ConditionsOnScreen, EveryControlThatTakesTheFocusHasANameForAssistiveTechnology) {
+    ruleState().strPeople = ruleState().strWords = u"98";
+    const auto check = [](QtUser &user) {
+        for (const std::u16string &name : user.tabOrder()) {
+            QAccessibleInterface *accessible =
+                QAccessible::queryAccessibleInterface(user.widget(name));
+            ASSERT_NE(accessible, nullptr) << utf8(name);
+            EXPECT_NE(accessible->text(QAccessible::Name), "") << utf8(name);
+        }
+        user.press(Key::escape);
+    };
+    for (const int condition : {people, accounts, words}) {
+        playDialog(condition, check);
+    }
+    playOptions(u"WORD", check);
+}
+
+TEST_F(ConditionsOnScreen, TheAccountButtonsStandBesideTheirLists) {
+    playDialog(accounts, [](QtUser &user) {
+        const auto top = [&](const char16_t *name) { return user.widget(name)->y(); };
+        EXPECT_LT(std::abs(top(u"cmdAdd") - top(u"lvwAccountSource")), 4);
+        EXPECT_LT(std::abs(top(u"cmdRemove") - top(u"lvwAccountSelected")), 4);
         user.press(Key::escape);
     });
 }
