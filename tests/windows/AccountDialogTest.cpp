@@ -242,6 +242,7 @@ TEST_F(AccountDialog, AnIdThatIsNoNumberEndsTheLoadingAndKeepsTheRowsBefore) {
             user.click(u"cmdOK");
         });
         EXPECT_EQ(ruleState().varAccounts, u"1");
+        ASSERT_FALSE(utility.log.empty());
         EXPECT_EQ(utility.log.back().number, number);
     }
     expectLog({loadFailed, loadFailed, loadFailed});
@@ -263,7 +264,7 @@ TEST_F(AccountDialog, AnAccountWithoutNameEndsTheLoadingAndKeepsTheRowsBefore) {
     });
     EXPECT_EQ(ruleState().varAccounts, u"1");
     expectLog({loadFailed});
-    EXPECT_EQ(utility.log.front().number, error_number::invalidUseOfNull);
+    EXPECT_EQ(utility.log.at(0).number, error_number::invalidUseOfNull);
 }
 
 TEST_F(AccountDialog, AChosenAccountWithoutNameIsLoggedByTheLookupAndKept) {

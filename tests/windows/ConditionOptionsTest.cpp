@@ -129,7 +129,7 @@ TEST_F(ConditionOptions, AnEmptyListShowsItsColumnAndHeadingOnly) {
     for (const auto &[kind, heading] : {std::pair{u"PEOPLE", u"Where the message is from "},
                                         {u"ACCOUNT", u"Where the message is received through "},
                                         {u"WORD", u"Where the message contains the words "}}) {
-        playOptions(kind, [&](User &user) {
+        playOptions(kind, [&heading = heading](User &user) {
             EXPECT_EQ(user.get<ListView>(list).columnCount(), 1);
             EXPECT_EQ(user.rows(list), Texts{heading});
             user.press(Key::escape);
@@ -194,7 +194,7 @@ TEST_F(ConditionOptions, OkStoresWhetherTheConditionIsNegated) {
     for (const Flags &flags : allKinds) {
         for (const auto &[chosen, stored] : {std::pair{isNot, 1}, {is, 0}}) {
             session().blnChanged = false;
-            playOptions(flags.kind, [&](User &user) {
+            playOptions(flags.kind, [&chosen = chosen](User &user) {
                 user.click(chosen);
                 EXPECT_TRUE(session().blnChanged);
                 user.click(u"cmdOK");
@@ -208,7 +208,7 @@ TEST_F(ConditionOptions, OkStoresThatWordsAndDatesMustAllMatch) {
     for (const Flags &flags : {allKinds[2], allKinds[3]}) {
         for (const auto &[chosen, stored] : {std::pair{all, 1}, {any, 0}}) {
             session().blnChanged = false;
-            playOptions(flags.kind, [&](User &user) {
+            playOptions(flags.kind, [&chosen = chosen](User &user) {
                 user.click(chosen);
                 EXPECT_TRUE(session().blnChanged);
                 user.click(u"cmdOK");
