@@ -157,7 +157,7 @@ TEST_P(ToolkitConformance, AnAccessKeyOfSeveralControlsGoesRoundAndPressesNone) 
 }
 
 TEST_P(ToolkitConformance, OfOptionsTabReachesTheSelectedOneAndArrowsTheOthers) {
-    const auto option = [](std::u16string name, bool selected) {
+    const auto option = [](const std::u16string &name, bool selected) {
         ControlDesign design = control(ControlKind::optionButton, name, name);
         design.group = u"opg";
         design.selected = selected;
