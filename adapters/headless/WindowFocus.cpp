@@ -85,6 +85,7 @@ bool HeadlessWindow::pressAccessKey(char16_t key) {
         return false;
     }
     if (ways.size() > 1) {
+        std::ranges::sort(ways, {}, [this](const auto &way) { return placeOf(way.second); });
         const auto next = std::ranges::find_if(ways, [this](const auto &way) {
             return focus_ != nullptr && placeOf(way.second) > placeOf(focus_);
         });

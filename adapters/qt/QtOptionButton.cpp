@@ -6,9 +6,9 @@
 namespace kvex::qt {
 namespace {
 
-/// Tab reaches of a group the selected member, from which the arrow keys lead to the others. Qt
-/// sees to that only once the group has the focus.
-void updateTabStop(QButtonGroup &group) {
+/// Tab goes to the selected member of a group; without one, to each. Qt sees to that only once
+/// the group has had the focus.
+void leadTabToSelected(const QButtonGroup &group) {
     const QAbstractButton *selected = group.checkedButton();
     for (QAbstractButton *member : group.buttons()) {
         const bool isStop = selected == nullptr || member == selected;
@@ -22,9 +22,10 @@ QtOptionButton::QtOptionButton(const ControlDesign &design, const std::u16string
                                QWidget &parent, QButtonGroup &group)
     : WidgetControl(design, window, *new QRadioButton(toQt(design.caption), &parent)) {
     group.addButton(&shown());
-    QObject::connect(&shown(), &QRadioButton::toggled, &group, [&group] { updateTabStop(group); });
     shown().setChecked(design.selected);
-    updateTabStop(group);
+    leadTabToSelected(group);
+    QObject::connect(&shown(), &QRadioButton::toggled, &group,
+                     [&group] { leadTabToSelected(group); });
     clickByAccessKey(shown());
     QObject::connect(&shown(), &QRadioButton::clicked, &shown(), [this] { run(onClick); });
 }

@@ -85,11 +85,13 @@ void QtPlay::answer(QMessageBox &box) {
 
 bool QtPlay::activate(QWidget &window) {
     window.activateWindow();
-    // The focus follows the activation; a key pressed before would go to the window below.
-    return QTest::qWaitForWindowActive(&window) && QTest::qWaitFor([&window] {
-               const QWidget *focused = window.focusWidget();
-               return focused == nullptr || focused == QApplication::focusWidget();
-           });
+    // A window over another counts as active for Qt as soon as that one is; and the focus follows
+    // the activation: a key pressed before would go to the window below.
+    return QTest::qWaitFor([&window] {
+        const QWidget *focused = window.focusWidget();
+        return QApplication::activeWindow() == &window &&
+               (focused == nullptr || focused == QApplication::focusWidget());
+    });
 }
 
 } // namespace kvex::test

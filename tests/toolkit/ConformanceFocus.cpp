@@ -2,6 +2,8 @@
 
 #include "platform/Error.h"
 
+#include <set>
+
 namespace kvex::test {
 namespace {
 
@@ -134,6 +136,51 @@ TEST_P(ToolkitConformance, ALabelsAccessKeyGoesToItsBuddy) {
         user.type(u"x");
         EXPECT_EQ(shown->get<TextBox>(u"txtB").text(), u"x");
     });
+}
+
+TEST_P(ToolkitConformance, AnAccessKeyOfSeveralControlsGoesRoundAndPressesNone) {
+    ControlDesign label = control(ControlKind::label, u"lbl", u"&Accounts");
+    label.buddy = u"txt";
+    const auto shown = window({control(text, u"txt"), control(text, u"txtOther"),
+                               control(button, u"cmd", u"&Add"), label});
+    int clicks = 0;
+    shown->get<CommandButton>(u"cmd").onClick = [&] { ++clicks; };
+    show(*shown, [](Hands &user) {
+        std::set<std::u16string> reached;
+        for (int round = 0; round < 2; ++round) {
+            user.pressAccessKey(u'a');
+            reached.insert(user.focused());
+        }
+        EXPECT_EQ(reached, (std::set<std::u16string>{u"cmd", u"txt"}));
+    });
+    EXPECT_EQ(clicks, 0);
+}
+
+TEST_P(ToolkitConformance, OfOptionsTabReachesTheSelectedOneAndArrowsTheOthers) {
+    const auto option = [](const std::u16string &name, bool selected) {
+        ControlDesign design = control(ControlKind::optionButton, name, name);
+        design.group = u"opg";
+        design.selected = selected;
+        return design;
+    };
+    const auto shown = window({option(u"opg0", false), option(u"opg1", true), control(text, u"txt"),
+                               control(button, u"cmd", u"Button")});
+    std::u16string clicked;
+    for (const auto *name : {u"opg0", u"opg1"}) {
+        shown->get<OptionButton>(name).onClick = [&clicked, name] { clicked += name; };
+    }
+    show(*shown, [&](Hands &user) {
+        EXPECT_EQ(user.focused(), u"opg1");
+        user.press(Key::up);
+        EXPECT_EQ(user.focused(), u"opg0");
+        EXPECT_TRUE(shown->get<OptionButton>(u"opg0").selected());
+        user.press(Key::tab);
+        EXPECT_EQ(user.focused(), u"txt");
+        shown->get<OptionButton>(u"opg1").select();
+        user.press(Key::shiftTab);
+        EXPECT_EQ(user.focused(), u"opg1");
+    });
+    EXPECT_EQ(clicked, u"opg0");
 }
 
 TEST_P(ToolkitConformance, ALabelsCaptionIsTheDesignsUntilSet) {

@@ -39,8 +39,11 @@ WindowDesign frmRuleAccountDesign() {
             place(u"Label4"),
             place(u"Label1"),
             row({column({place(u"lvwAccountSource", 1), place(u"lvwAccountSelected", 1)}, 1),
-                 column({place(u"cmdAdd"), spring(), place(u"cmdRemove"), place(u"cmdClear"),
-                         place(u"cmdOptions"), spring()})},
+                 // Each half beside its list.
+                 column({column({place(u"cmdAdd"), spring()}, 1),
+                         column({place(u"cmdRemove"), place(u"cmdClear"), place(u"cmdOptions"),
+                                 spring()},
+                                1)})},
                 1),
             place(u"Frame1"),
             row({spring(), place(u"cmdOK"), place(u"cmdCancel")}),
