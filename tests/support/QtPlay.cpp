@@ -85,7 +85,9 @@ void QtPlay::answer(QMessageBox &box) {
 
 bool QtPlay::activate(QWidget &window) {
     window.activateWindow();
-    return QTest::qWaitForWindowActive(&window);
+    // Qt counts a window as active while the one that it stands over still has the focus.
+    return QTest::qWaitForWindowActive(&window) &&
+           QTest::qWaitFor([&window] { return QApplication::activeWindow() == &window; });
 }
 
 } // namespace kvex::test
