@@ -222,7 +222,7 @@ TEST_F(ActionDialogsOnScreen, UsersAreSelectedByDoubleClickAndByKeys) {
 }
 
 TEST_F(ActionDialogsOnScreen, OfSeveralHighlightedUsersTheOneClickedLastIsTaken) {
-    play(distribute, [this](QtUser &user) {
+    play(distribute, [](QtUser &user) {
         user.pressAccessKey(u'A');
         EXPECT_FALSE(user.get<ListView>(u"lvwUsersSource").multiSelect());
         clickRowHolding(user, u"lvwUsersSource", 2, Qt::ControlModifier);

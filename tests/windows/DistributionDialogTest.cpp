@@ -107,6 +107,16 @@ TEST_F(DistributionDialog, TheBuiltInUserIsLeftOutByItsExactName) {
     });
 }
 
+TEST_F(DistributionDialog, ASingleUserIsOffered) {
+    database.addUser(4, "Asha");
+    play([](User &user) {
+        EXPECT_EQ(user.rows(source), Texts{u"Asha"});
+        EXPECT_EQ(current(user, source), 1);
+        cancel(user);
+    });
+    EXPECT_EQ(utility.logTexts(), Texts());
+}
+
 TEST_F(DistributionDialog, AUserWithoutNameIsNotListed) {
     addThree();
     database.execute("INSERT INTO SMS_USERS (ID, NAME) VALUES (4, NULL), (5, '')");
@@ -123,6 +133,7 @@ TEST_F(DistributionDialog, WithTheBuiltInUserAloneTheSelectedUsersAreNotLoaded) 
     play([](User &user) {
         EXPECT_EQ(user.rows(source), Texts());
         EXPECT_EQ(user.rows(chosen), Texts());
+        EXPECT_FALSE(multiSelect(user, source));
         EXPECT_FALSE(enabled(user, u"cmdOK"));
         user.click(u"cmdSelect");
         EXPECT_EQ(user.rows(chosen), Texts());
