@@ -2,6 +2,7 @@
 
 #include "adapters/qt/Colours.h"
 
+#include <QIcon>
 #include <QWidget>
 
 namespace kvex::qt {
@@ -14,6 +15,14 @@ QColor waitingHighlight(const QPalette &palette) {
     const auto between = [](int from, int to) { return from + (to - from) / 4; };
     return {between(base.red(), highlight.red()), between(base.green(), highlight.green()),
             between(base.blue(), highlight.blue())};
+}
+
+/// Drawn in the text's colour even where its row is selected.
+QIcon inTextColour(const QIcon &icon, QSize size, qreal pixelRatio) {
+    const QPixmap drawn = icon.pixmap(size, pixelRatio, QIcon::Normal);
+    QIcon plain(drawn);
+    plain.addPixmap(drawn, QIcon::Selected);
+    return plain;
 }
 
 } // namespace
@@ -30,6 +39,10 @@ void RowDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelInde
         option->palette.setColor(QPalette::Highlight, highlight);
         option->palette.setColor(QPalette::HighlightedText,
                                  readable(option->palette.color(QPalette::Text), highlight));
+        if (!option->icon.isNull()) {
+            option->icon = inTextColour(option->icon, option->decorationSize,
+                                        option->widget->devicePixelRatio());
+        }
     }
 }
 

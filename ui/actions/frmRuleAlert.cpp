@@ -48,6 +48,7 @@ frmRuleAlert::frmRuleAlert()
 void frmRuleAlert::Form_Load() {
     trapErrors(u"Form_Load", module, [&] {
         const RuleState &rule = ruleState();
+        // Before anything can fail: without its column no recipient would be seen.
         beginList(lvwPeople, u"People");
         alert_.listAccounts(AccountUse::any, rule.strAlertAccount);
         if (rule.strAlertRecipients.empty()) {
@@ -126,9 +127,9 @@ void frmRuleAlert::frmRuleAlert_BuildString() {
         rule.strAlertRecipients.clear();
         if (recipients_.empty()) {
             refuse(u"Please select some Recipients.", txtMobileNo);
-            return;
+        } else {
+            rule.strAlertRecipients = recipients_.joined();
         }
-        rule.strAlertRecipients = recipients_.joined();
     });
 }
 

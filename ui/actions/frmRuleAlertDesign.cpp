@@ -60,7 +60,7 @@ WindowDesign frmRuleAlertDesign() {
             row({spring(), place(u"cmdOK"), place(u"cmdCancel")}),
         }),
         .columns = 68,
-        .lines = 42,
+        .lines = 38,
     };
 }
 

@@ -38,6 +38,7 @@ frmRuleDistribute::frmRuleDistribute()
 
 void frmRuleDistribute::Form_Load() {
     trapErrors(u"Form_Load", module, [&] {
+        // Both before anything can fail: without columns no row would be seen.
         beginList(lvwUsersSource, u"Available Users", {u"ID"});
         beginList(lvwUsersSelected, u"Selected Users", {u"ID"});
         listUsers();
@@ -69,9 +70,6 @@ void frmRuleDistribute::Form_Load() {
 /// could be offered.
 void frmRuleDistribute::listUsers() {
     Recordset &rsUsers = *session().rsUsers;
-    if (rsUsers.recordCount() < 1) {
-        return;
-    }
     for (rsUsers.moveFirst(); !rsUsers.eof(); rsUsers.moveNext()) {
         const ValueView name = rsUsers.field(u"NAME");
         if (!name.isNull() && name.text() != u"SYSTEM") {

@@ -123,6 +123,43 @@ TEST_F(QtListViewTest, APictureStandsInTheColumnsHeader) {
     });
 }
 
+/// The most that a pixel of the row stands out from the row's trailing end.
+double contrastInRow(QTreeView &tree, int row) {
+    const QRect place = tree.visualRect(tree.model()->index(row - 1, 0));
+    const QImage drawn = tree.viewport()->grab(place).toImage();
+    const QColor background = drawn.pixelColor(drawn.width() - 4, drawn.height() / 2);
+    double most = 1;
+    for (int x = 2; x < drawn.width() / 2; ++x) {
+        most =
+            std::max(most, qt::contrast(drawn.pixelColor(x, drawn.height() * 4 / 5), background));
+    }
+    return most;
+}
+
+TEST_F(QtListViewTest, ARowsPictureCanBeMadeOutWhetherOrNotItsSelectionWaits) {
+    for (const QPalette &palette : {QApplication::palette(), darkPalette()}) {
+        const Theme theme(palette, QApplication::font().pointSize());
+        shown = window(
+            {{.kind = ControlKind::listView,
+              .name = u"lvw",
+              .imageList = u"img",
+              .rowPicture = 1,
+              .lines = 3},
+             {.kind = ControlKind::textBox, .name = u"txt"},
+             {.kind = ControlKind::imageList, .name = u"img", .pictures = {Picture::person}}});
+        view().addColumn(u"People", 1);
+        view().addRow(u"");
+        view().addRow(u"");
+        show(*shown, [&](QtUser &user) {
+            user.clickRow(u"lvw", 1);
+            EXPECT_GE(contrastInRow(tree(user), 1), qt::leastShapeContrast);
+            user.focusOn(u"txt");
+            EXPECT_GE(contrastInRow(tree(user), 1), qt::leastShapeContrast);
+            EXPECT_GE(contrastInRow(tree(user), 2), qt::leastShapeContrast);
+        });
+    }
+}
+
 TEST_F(QtListViewTest, TypingGoesToTheRowThatBeginsSo) {
     std::vector<int> clicked;
     view().onItemClick = [&](int row) { clicked.push_back(row); };

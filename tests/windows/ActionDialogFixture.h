@@ -1,0 +1,117 @@
+// What the tests of the action dialogs share: the way from the rules window into the dialog and
+// back.
+#pragma once
+
+#include "tests/support/ComponentTest.h"
+
+#include <utility>
+
+namespace kvex::test {
+
+class ActionDialog : public ComponentTest {
+protected:
+    /// The dialog that belongs to a row of the editor's actions.
+    ActionDialog(std::u16string dialog, int row) : dialog_(std::move(dialog)), row_(row) {}
+
+    static constexpr auto actions = u"lvwRuleActions";
+    static constexpr auto forAllMessages = 6;
+
+    /// The rule that the plays below open; without one they open a new rule.
+    void storeRule(std::string_view actionParam) {
+        rule_ = toText(database.addRule("Stored", "<ALLMESSAGES>", actionParam));
+    }
+    /// Where and what the next dialog opens, in its order of showing.
+    void whenShownWithin(std::u16string window, Script script) {
+        within_.emplace_back(std::move(window), std::move(script));
+    }
+    /// Opens the editor, ticks the row unless it is ticked, runs `beforeDialog`, clears the change
+    /// flag, and plays in the dialog, then in the editor. Gives what ShowRules gives.
+    std::int32_t play(Script dialog, Script editor = cancel) {
+        whenShown(u"frmRuleEdit", [this, editor = std::move(editor)](User &user) {
+            if (user.get<ListView>(actions).checked(row_)) {
+                user.clickRow(actions, row_);
+            } else {
+                user.tickRow(actions, row_);
+            }
+            if (beforeDialog) {
+                beforeDialog();
+            }
+            session().blnChanged = false;
+            user.click(u"cmdConfigureAction");
+            editor(user);
+        });
+        whenShown(dialog_, std::move(dialog));
+        for (auto &[window, script] : std::exchange(within_, {})) {
+            whenShown(std::move(window), std::move(script));
+        }
+        whenShown(u"frmRules", cancel);
+        return showRules(rule_);
+    }
+    /// The same as another run of the host.
+    std::int32_t playAgain(Script dialog, Script editor = cancel) {
+        closeSession();
+        return play(std::move(dialog), std::move(editor));
+    }
+
+    static void cancel(User &user) { user.click(u"cmdCancel"); }
+    static void confirm(User &user) { user.click(u"cmdOK"); }
+    /// Saves the rule, for all messages.
+    static void save(User &user) {
+        if (!user.get<ListView>(u"lvwRuleConditions").checked(forAllMessages)) {
+            user.tickRow(u"lvwRuleConditions", forAllMessages);
+        }
+        user.click(u"cmdOK");
+    }
+    std::string savedAction() { return database.value("SELECT ActionParam FROM SMS_RULES"); }
+
+    /// Types behind what the box holds.
+    static void typeInto(User &user, std::u16string_view box, std::u16string_view text) {
+        user.focusOn(box);
+        user.type(text);
+    }
+    void paste(User &user, std::u16string_view box, const std::u16string &text) {
+        toolkit.clipboard().setText(text);
+        user.focusOn(box);
+        user.press(Key::paste);
+    }
+    static void empty(User &user, std::u16string_view box) {
+        user.focusOn(box);
+        user.press(Key::selectAll);
+        user.press(Key::deleteKey);
+    }
+    static bool enabled(User &user, std::u16string_view button) {
+        return user.get<CommandButton>(button).enabled();
+    }
+    static std::u16string count(User &user) { return user.get<TextBox>(u"txtCharCount").text(); }
+    static std::vector<int> ticked(User &user) {
+        const auto &list = user.get<ListView>(u"lvwOutAccount");
+        std::vector<int> rows;
+        for (int row = 1; row <= list.rowCount(); ++row) {
+            if (list.checked(row)) {
+                rows.push_back(row);
+            }
+        }
+        return rows;
+    }
+    static std::u16string description(User &user) {
+        return user.get<RichTextBox>(u"rtRuleDesc").text();
+    }
+    /// Named and numbered from 1 to `last`.
+    void addAccounts(int last) {
+        database.execute(
+            "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
+            std::to_string(last) +
+            ") INSERT INTO SMS_ACCOUNT (ID, NAME, BIND_MODE) SELECT i, 'Account ' || i, "
+            "'TRANSCEIVER' FROM n");
+    }
+
+    std::function<void()> beforeDialog;
+
+private:
+    std::u16string dialog_;
+    int row_;
+    std::u16string rule_;
+    std::vector<std::pair<std::u16string, Script>> within_;
+};
+
+} // namespace kvex::test
