@@ -59,4 +59,19 @@ ControlDesign cancelButton() {
     return cancel;
 }
 
+Layout aboveOkAndCancel(std::vector<Layout> content, std::u16string cancel) {
+    content.push_back(place(u"Frame1"));
+    content.push_back(row({spring(), place(u"cmdOK"), place(std::move(cancel))}));
+    return column(std::move(content));
+}
+
+Layout buttonColumn(const std::vector<std::u16string> &buttons, int stretch) {
+    std::vector<Layout> pieces;
+    for (const std::u16string &button : buttons) {
+        pieces.push_back(place(button));
+    }
+    pieces.push_back(spring());
+    return column(std::move(pieces), stretch);
+}
+
 } // namespace kvex::design

@@ -43,7 +43,7 @@ WindowDesign frmRuleAlertDesign() {
                 cancelButton(),
                 listIcons(),
             },
-        .layout = column({
+        .layout = aboveOkAndCancel({
             place(u"Label2"),
             place(u"rtAlertText", 3),
             row({place(u"Label3"), place(u"txtCharCount"), spring()}),
@@ -53,11 +53,9 @@ WindowDesign frmRuleAlertDesign() {
             place(u"Label4"),
             place(u"Label1"),
             row({column({place(u"txtMobileNo"), place(u"lvwPeople", 1)}, 1),
-                 column({place(u"cmdAdd"), place(u"cmdAddressBook"), place(u"cmdRemove"),
-                         place(u"cmdClear"), place(u"cmdOptions"), spring()})},
+                 buttonColumn(
+                     {u"cmdAdd", u"cmdAddressBook", u"cmdRemove", u"cmdClear", u"cmdOptions"})},
                 3),
-            place(u"Frame1"),
-            row({spring(), place(u"cmdOK"), place(u"cmdCancel")}),
         }),
         .columns = 68,
         .lines = 38,

@@ -38,14 +38,12 @@ WindowDesign frmRuleDistributeDesign() {
                  .name = u"imgListIcons",
                  .pictures = {Picture::person}},
             },
-        .layout = column({
+        .layout = aboveOkAndCancel({
             row({column({place(u"Label2"), place(u"lvwUsersSource", 1)}, 1),
                  column({spring(), place(u"cmdSelect"), place(u"cmdAll"), place(u"cmdRemove"),
                          spring()}),
                  column({place(u"Label1"), place(u"lvwUsersSelected", 1)}, 1)},
                 1),
-            place(u"Frame1"),
-            row({spring(), place(u"cmdOK"), place(u"cmdCancel")}),
         }),
         .columns = 84,
         .lines = 24,

@@ -25,14 +25,12 @@ WindowDesign frmRuleReplyDesign() {
                 cancelButton(),
                 listIcons(),
             },
-        .layout = column({
+        .layout = aboveOkAndCancel({
             place(u"Label2"),
             place(u"rtReplyText", 3),
             row({place(u"Label1"), place(u"txtCharCount"), spring()}),
             place(u"Label5"),
             place(u"lvwOutAccount", 2),
-            place(u"Frame1"),
-            row({spring(), place(u"cmdOK"), place(u"cmdCancel")}),
         }),
         .columns = 64,
         .lines = 26,

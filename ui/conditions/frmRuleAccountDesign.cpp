@@ -35,18 +35,14 @@ WindowDesign frmRuleAccountDesign() {
                 hint(u"Label4", u"Select an Account below and click Add"),
                 label(u"Label1", u"&Accounts", u"lvwAccountSource"),
             },
-        .layout = column({
+        .layout = aboveOkAndCancel({
             place(u"Label4"),
             place(u"Label1"),
             row({column({place(u"lvwAccountSource", 1), place(u"lvwAccountSelected", 1)}, 1),
                  // Each half beside its list.
-                 column({column({place(u"cmdAdd"), spring()}, 1),
-                         column({place(u"cmdRemove"), place(u"cmdClear"), place(u"cmdOptions"),
-                                 spring()},
-                                1)})},
+                 column({buttonColumn({u"cmdAdd"}, 1),
+                         buttonColumn({u"cmdRemove", u"cmdClear", u"cmdOptions"}, 1)})},
                 1),
-            place(u"Frame1"),
-            row({spring(), place(u"cmdOK"), place(u"cmdCancel")}),
         }),
         .columns = 68,
         .lines = 28,

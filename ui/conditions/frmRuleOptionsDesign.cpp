@@ -48,18 +48,18 @@ WindowDesign frmRuleOptionsDesign() {
                 hint(u"Label4", u"You can further customize this condition by setting the options "
                                 u"below"),
             },
-        .layout = column({
-            place(u"Label4"),
-            row({place(u"Label2"), place(u"Label3", 1)}),
-            placeFrame(u"Frame3",
-                       {column({place(u"opgAllAnyModifier(0)"), place(u"opgAllAnyModifier(1)")})}),
-            placeFrame(u"Frame2",
-                       {column({place(u"opgConNotmodifier(0)"), place(u"opgConNotmodifier(1)")})}),
-            row({place(u"Label1"), place(u"Label5", 1)}),
-            place(u"lvwRuleCondition", 1),
-            place(u"Frame1"),
-            row({spring(), place(u"cmdOK"), place(u"cmdcancel")}),
-        }),
+        .layout = aboveOkAndCancel(
+            {
+                place(u"Label4"),
+                row({place(u"Label2"), place(u"Label3", 1)}),
+                placeFrame(u"Frame3", {column({place(u"opgAllAnyModifier(0)"),
+                                               place(u"opgAllAnyModifier(1)")})}),
+                placeFrame(u"Frame2", {column({place(u"opgConNotmodifier(0)"),
+                                               place(u"opgConNotmodifier(1)")})}),
+                row({place(u"Label1"), place(u"Label5", 1)}),
+                place(u"lvwRuleCondition", 1),
+            },
+            u"cmdcancel"),
         .columns = 64,
         .lines = 28,
     };

@@ -30,15 +30,13 @@ WindowDesign frmRulePeopleDesign() {
                 hint(u"Label4", u"Type one mobile number at a time and click Add, or select "
                                 u"numbers from the Address Book"),
             },
-        .layout = column({
+        .layout = aboveOkAndCancel({
             place(u"Label4"),
             place(u"Label1"),
             row({column({place(u"txtMobileNo"), place(u"lvwPeople", 1)}, 1),
-                 column({place(u"cmdAdd"), place(u"cmdAddressBook"), place(u"cmdRemove"),
-                         place(u"cmdClear"), place(u"cmdOptions"), spring()})},
+                 buttonColumn(
+                     {u"cmdAdd", u"cmdAddressBook", u"cmdRemove", u"cmdClear", u"cmdOptions"})},
                 1),
-            place(u"Frame1"),
-            row({spring(), place(u"cmdOK"), place(u"cmdCancel")}),
         }),
         .columns = 68,
         .lines = 24,

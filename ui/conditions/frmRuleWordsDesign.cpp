@@ -31,15 +31,12 @@ WindowDesign frmRuleWordsDesign() {
                 label(u"Label1", u"&Words", u"txtWord"),
                 hint(u"Label4", u"Type specific words or a phrase and click Add"),
             },
-        .layout = column({
+        .layout = aboveOkAndCancel({
             place(u"Label4"),
             place(u"Label1"),
             row({column({place(u"txtWord"), place(u"lvwWords", 1), place(u"chkWordAsCommand")}, 1),
-                 column({place(u"cmdAdd"), place(u"cmdRemove"), place(u"cmdClear"),
-                         place(u"cmdOptions"), spring()})},
+                 buttonColumn({u"cmdAdd", u"cmdRemove", u"cmdClear", u"cmdOptions"})},
                 1),
-            place(u"Frame1"),
-            row({spring(), place(u"cmdOK"), place(u"cmdCancel")}),
         }),
         .columns = 68,
         .lines = 24,

@@ -49,7 +49,7 @@ WindowDesign frmRuleEditDesign() {
                 okButton(),
                 cancelButton(),
             },
-        .layout = column({
+        .layout = aboveOkAndCancel({
             place(u"Label1"),
             place(u"lvwRuleConditions", 6),
             row({spring(), place(u"cmdEditCondition")}),
@@ -61,8 +61,7 @@ WindowDesign frmRuleEditDesign() {
             place(u"rtRuleDesc", 5),
             place(u"Label4"),
             place(u"txtRuleName"),
-            place(u"Frame1"),
-            row({place(u"cmdShow"), spring(), place(u"cmdOK"), place(u"cmdCancel")}),
+            place(u"cmdShow"),
         }),
         .columns = 76,
         .lines = 42,
