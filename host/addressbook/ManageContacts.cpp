@@ -35,8 +35,7 @@ HRESULT ManageContacts::Init(BSTR /*first*/, BSTR connectionString, LONG /*mode*
             connection_ = openContacts(viewOf(connectionString));
             *success = VARIANT_TRUE;
         } catch (const Error &error) {
-            logEntry(logFile_, u"KVEXHostSuite: The address book cannot be opened.", &error);
-            tellUser(error.description());
+            tell(error);
         }
         return S_OK;
     });
@@ -58,7 +57,7 @@ HRESULT ManageContacts::SelectRecipients(LONG userId, VARIANT_BOOL multiple, LON
             *code = selection_.empty() ? 0 : 1;
             return S_OK;
         } catch (const Error &error) {
-            logEntry(logFile_, u"KVEXHostSuite: The address book cannot be shown.", &error);
+            tell(error);
             throw;
         }
     });
@@ -78,10 +77,11 @@ std::vector<Contact> ManageContacts::contactsOf(LONG userId) {
     return contacts;
 }
 
-/// A button that does nothing would puzzle him: who called only logs that this failed.
-void ManageContacts::tellUser(const std::u16string &reason) {
-    const std::u16string text =
-        u"The address book cannot be opened.\r\n\r\n" + withoutPasswords(reason);
+/// The user, too: who called only logs that this failed, and a button that does nothing puzzles.
+void ManageContacts::tell(const Error &error) {
+    const std::u16string sentence = u"The address book cannot be opened.";
+    logEntry(logFile_, u"KVEXHostSuite: " + sentence, &error);
+    const std::u16string text = sentence + u"\r\n\r\n" + withoutPasswords(error.description());
     try {
         toolkit_.showMessageBox(u"Address Book", text, message_box::exclamation);
     } catch (const Error &) {

@@ -3,6 +3,7 @@
 
 #include "adapters/classserver/server/ComObject.h"
 #include "host/addressbook/Contacts.h"
+#include "platform/Error.h"
 #include "platform/HostSuite.h"
 #include "platform/controls/Toolkit.h"
 
@@ -26,8 +27,8 @@ public:
                  VARIANT_BOOL *success) noexcept final;
     /// Shows the address book to choose one contact in it, or with `multiple` many. `*code` is 0
     /// when the user cancelled. E_UNEXPECTED without an Init that succeeded; what the database or
-    /// the toolkit refuses is logged and comes back as currentResult() says. After a failure, as
-    /// after a cancellation, nothing is selected.
+    /// the toolkit refuses is logged and shown as well, and comes back as currentResult() says.
+    /// After a failure, as after a cancellation, nothing is selected.
     HRESULT SelectRecipients(LONG userId, VARIANT_BOOL multiple, LONG *code) noexcept final;
     /// The names, and the numbers in the same order, of the last selection; empty before.
     HRESULT GetSelectedItems(ITextCollection **items) noexcept final;
@@ -37,7 +38,7 @@ private:
     ~ManageContacts() final = default;
 
     [[nodiscard]] std::vector<Contact> contactsOf(LONG userId);
-    void tellUser(const std::u16string &reason);
+    void tell(const Error &error);
     HRESULT give(std::u16string Contact::*part, ITextCollection **texts) const noexcept;
 
     Toolkit &toolkit_;

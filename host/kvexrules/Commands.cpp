@@ -89,7 +89,7 @@ line; a contact that is there already is not added again.
 "edit" ends with the line "result: 99" when something was changed, "result: 1"
 when nothing was, and "result: 0" when the rules could not be opened.
 
-Exit status: 0 done; 1 something was not found, or a request was refused;
+Exit status: 0 done; 1 something was not found or skipped, or a request was refused;
 2 wrong use, or nothing could be read.
 )");
     return exit_status::done;

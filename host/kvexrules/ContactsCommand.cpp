@@ -18,7 +18,7 @@
 namespace kvex::host {
 namespace {
 
-std::string textOf(const std::filesystem::path &file) {
+std::string contentOf(const std::filesystem::path &file) {
     std::ifstream stream(file, std::ios::binary);
     if (!stream || std::filesystem::is_directory(file)) {
         throw Failure(file.string() + " cannot be read. Name a file of vCards or CSV.");
@@ -29,7 +29,7 @@ std::string textOf(const std::filesystem::path &file) {
 ContactFile read(const std::filesystem::path &file) {
     const std::string ending = lowerCase(file.extension().string());
     try {
-        return readContactFile(textOf(file), ending == ".vcf" || ending == ".vcard");
+        return readContactFile(contentOf(file), ending == ".vcf" || ending == ".vcard");
     } catch (const std::invalid_argument &error) {
         throw Failure(file.string() + " holds no contacts that can be read. " + error.what());
     }
@@ -55,8 +55,8 @@ int importContacts(const Request &request, const std::filesystem::path &file) {
                  "; skipped");
     }
     const StoredCount count = store(settings, found.contacts);
-    std::string told = std::to_string(count.taken) +
-                       (count.taken == 1 ? " contact taken, " : " contacts taken, ");
+    std::string told =
+        std::to_string(count.taken) + (count.taken == 1 ? " contact taken, " : " contacts taken, ");
     if (count.alreadyThere > 0) {
         told += std::to_string(count.alreadyThere) + " already there, ";
     }

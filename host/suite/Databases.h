@@ -5,6 +5,7 @@
 #include "platform/Database.h"
 
 #include <memory>
+#include <string>
 #include <string_view>
 
 namespace kvex::host {

@@ -75,13 +75,15 @@ TEST_F(ManageContacts, IsOfNoUseAfterAnInitThatFails) {
     EXPECT_EQ(book->SelectRecipients(1, VARIANT_TRUE, &code), E_UNEXPECTED);
 }
 
-TEST_F(ManageContacts, LogsWhatTheDatabaseRefusesLater) {
+TEST_F(ManageContacts, LogsAndTellsWhatTheDatabaseRefusesLater) {
     const auto book = open(toolkit);
     database.execute("DROP TABLE SMS_CONTACTS");
     LONG code = -1;
     EXPECT_LT(book->SelectRecipients(1, VARIANT_TRUE, &code), 0);
     EXPECT_EQ(code, 0);
-    EXPECT_THAT(readFile(logFile), HasSubstr("The address book cannot be shown."));
+    EXPECT_THAT(readFile(logFile), HasSubstr("no table SMS_CONTACTS"));
+    ASSERT_EQ(toolkit.messageBoxes().size(), 1U);
+    EXPECT_THAT(toUtf8(toolkit.messageBoxes().front().text), HasSubstr("no table SMS_CONTACTS"));
 }
 
 TEST_F(ManageContacts, GivesItemsByTheirNumbersFromOne) {
