@@ -26,21 +26,15 @@ std::u16string withoutSeparators(Text number) {
 
 struct Word {
     std::u16string text;
-    /// "" for a word that is no number.
+    /// "" for a word of marks alone.
     std::u16string digits;
-
-    explicit Word(Text word) : text(foldCase(word)), digits(withoutSeparators(word)) {
-        if (digits.find_first_not_of(u"+0123456789") != std::u16string::npos) {
-            digits.clear();
-        }
-    }
 };
 
 std::vector<Word> wordsOf(Text text) {
     std::vector<Word> words;
     for (const Text word : split(text, u' ')) {
         if (!word.empty()) {
-            words.emplace_back(word);
+            words.push_back({foldCase(word), withoutSeparators(word)});
         }
     }
     return words;

@@ -100,6 +100,8 @@ TEST(VCard, NamesTheLineOfAnotherVersion) {
                       "BEGIN:VCARD\nFN:A\nTEL:1\nEND:VCARD\n"),
               (Lines{"2: vCard version 2.1 is not supported, only 3.0 and 4.0 are",
                      "7: the card has no version"}));
+    EXPECT_EQ(outcome("BEGIN:VCARD\n=42\nVERSION:2.1\nTEL:1\nEND:VCARD\n"),
+              (Lines{"3: vCard version 2.1 is not supported, only 3.0 and 4.0 are"}));
 }
 
 TEST(VCard, NamesTheLineThatIsNone) {
