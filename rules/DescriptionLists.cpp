@@ -70,16 +70,13 @@ std::u16string BuildAlertList() {
 std::u16string BuildDateTimeList() {
     std::u16string result;
     trapErrors(u"BuildDateTimeList", u"General", [&] {
-        const std::u16string_view range = ruleState().strDateTime;
-        if (range.empty()) {
+        const std::u16string_view stored = ruleState().strDateTime;
+        if (stored.empty()) {
             return;
         }
-        const std::size_t comma = range.find(u',');
-        if (comma == std::u16string_view::npos) {
-            throw Error(error_number::typeMismatch);
-        }
-        const auto start = shownMoment(range.substr(0, comma));
-        result = start + u" to " + shownMoment(range.substr(comma + 1));
+        const StoredRange range = storedRange(stored);
+        const auto start = shownMoment(range.start);
+        result = start + u" to " + shownMoment(range.end);
     });
     return result;
 }

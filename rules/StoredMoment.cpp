@@ -46,6 +46,14 @@ char16_t dateSeparator() {
 
 } // namespace
 
+StoredRange storedRange(std::u16string_view range) {
+    const std::size_t comma = range.find(u',');
+    if (comma == std::u16string_view::npos) {
+        throw Error(error_number::typeMismatch);
+    }
+    return {range.substr(0, comma), range.substr(comma + 1)};
+}
+
 std::u16string shownMoment(std::u16string_view stored) {
     const auto date = stored.substr(0, 8);
     if (!isCalendarDate(date)) {

@@ -1,10 +1,14 @@
 // What every window of the component is: a design, a load procedure, a modal showing.
 #pragma once
 
+#include "platform/controls/CommandButton.h"
 #include "platform/controls/Window.h"
 #include "platform/controls/WindowDesign.h"
 
+#include <initializer_list>
 #include <memory>
+#include <string_view>
+#include <vector>
 
 namespace kvex {
 
@@ -34,13 +38,16 @@ protected:
     template <class Kind> [[nodiscard]] Kind &control(std::u16string_view name) {
         return window_->get<Kind>(name);
     }
+    /// Runs a handler of the window when the button is pressed.
+    template <class Self> void onClick(std::u16string_view button, void (Self::*handler)()) {
+        auto *self = static_cast<Self *>(this);
+        control<CommandButton>(button).onClick = [self, handler] { (self->*handler)(); };
+    }
+    [[nodiscard]] std::vector<CommandButton *>
+    buttons(std::initializer_list<std::u16string_view> names);
 
 private:
     std::unique_ptr<Window> window_;
 };
-
-/// The share of its list that the column of texts takes.
-inline constexpr double textColumnWidth = 0.95;
-inline constexpr double hiddenColumnWidth = 0;
 
 } // namespace kvex

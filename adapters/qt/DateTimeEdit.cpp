@@ -3,13 +3,23 @@
 #include "adapters/controls/PickerValue.h"
 
 #include <QCalendarWidget>
+#include <QRegularExpression>
 #include <QSignalBlocker>
 #include <QTextCharFormat>
 
 namespace kvex::qt {
+namespace {
+
+/// To Qt "yyy" is a year of two digits, and a "y" behind it.
+QString withWholeYear(QString format) {
+    static const QRegularExpression year(QStringLiteral("y{3,}"));
+    return format.replace(year, QStringLiteral("yyyy"));
+}
+
+} // namespace
 
 DateTimeEdit::DateTimeEdit(QWidget *parent, const QString &format) : QDateTimeEdit(parent) {
-    setDisplayFormat(format);
+    setDisplayFormat(withWholeYear(format));
     setDateRange({controls::PickerValue::firstYear, 1, 1},
                  {controls::PickerValue::lastYear, 12, 31});
     const bool showsDate = (displayedSections() & DateSections_Mask) != NoSection;

@@ -9,6 +9,12 @@ ControlDesign label(std::u16string name, std::u16string caption, std::u16string 
             .buddy = std::move(buddy)};
 }
 
+ControlDesign hint(std::u16string name, std::u16string caption) {
+    ControlDesign explanation = label(std::move(name), std::move(caption));
+    explanation.hint = true;
+    return explanation;
+}
+
 ControlDesign button(std::u16string name, std::u16string caption) {
     return {
         .kind = ControlKind::commandButton, .name = std::move(name), .caption = std::move(caption)};
@@ -20,21 +26,31 @@ ControlDesign hiddenButton(std::u16string name, std::u16string caption) {
     return hidden;
 }
 
+ControlDesign byEnter(ControlDesign button) {
+    button.isDefault = true;
+    return button;
+}
+
+ControlDesign waiting(ControlDesign control, std::u16string hint) {
+    control.enabled = false;
+    control.disabledHint = std::move(hint);
+    return control;
+}
+
 ControlDesign waitingButton(std::u16string name, std::u16string caption, std::u16string hint) {
-    ControlDesign waiting = button(std::move(name), std::move(caption));
-    waiting.enabled = false;
-    waiting.disabledHint = std::move(hint);
-    return waiting;
+    return waiting(button(std::move(name), std::move(caption)), std::move(hint));
 }
 
 ControlDesign separator() {
     return {.kind = ControlKind::frame, .name = u"Frame1"};
 }
 
+ControlDesign plainOkButton() {
+    return button(u"cmdOK", u"&OK");
+}
+
 ControlDesign okButton() {
-    ControlDesign ok = button(u"cmdOK", u"&OK");
-    ok.isDefault = true;
-    return ok;
+    return byEnter(plainOkButton());
 }
 
 ControlDesign cancelButton() {

@@ -7,16 +7,23 @@ namespace kvex::design {
 
 [[nodiscard]] ControlDesign label(std::u16string name, std::u16string caption,
                                   std::u16string buddy = {});
+/// A label that explains, rather than names.
+[[nodiscard]] ControlDesign hint(std::u16string name, std::u16string caption);
 [[nodiscard]] ControlDesign button(std::u16string name, std::u16string caption);
 /// Kept for the window's scheme of names; nobody sees it.
 [[nodiscard]] ControlDesign hiddenButton(std::u16string name, std::u16string caption);
 /// Waits, as `hint` says, until a handler enables it.
+[[nodiscard]] ControlDesign waiting(ControlDesign control, std::u16string hint);
 [[nodiscard]] ControlDesign waitingButton(std::u16string name, std::u16string caption,
                                           std::u16string hint);
 
-/// The end of every window: a line, and OK and Cancel below it.
+/// The button that Enter presses.
+[[nodiscard]] ControlDesign byEnter(ControlDesign button);
+
+/// The end of every window: a line, and OK and Cancel below it. Enter presses OK, but a plain one.
 [[nodiscard]] ControlDesign separator();
 [[nodiscard]] ControlDesign okButton();
+[[nodiscard]] ControlDesign plainOkButton();
 [[nodiscard]] ControlDesign cancelButton();
 
 } // namespace kvex::design

@@ -66,7 +66,7 @@ struct ControlDesign {
     int rowPicture = 0;
     /// imageList.
     std::vector<Picture> pictures = {};
-    /// datePicker and timePicker: "dd/MM/yyyy", "HH:mm:ss"; the time of day at first.
+    /// datePicker, timePicker: "dd/MM/yyyy" or "yyy", alike; "HH:mm:ss"; the time of day at first.
     std::u16string format = {};
     int hour = 0, minute = 0, second = 0;
 

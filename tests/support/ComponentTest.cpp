@@ -25,7 +25,7 @@ std::unique_ptr<Recordset> TestPlatform::createRecordset() {
 }
 
 std::unique_ptr<AddressBook> TestPlatform::createAddressBook() {
-    throw Error(error_number::cannotCreateObject);
+    return std::make_unique<TestAddressBook>(addressBook);
 }
 
 std::unique_ptr<RichTextBox> TestPlatform::createTextBox() {

@@ -6,6 +6,7 @@
 #include "component/RuleUIClass.h"
 #include "component/Session.h"
 #include "rules/RuleState.h"
+#include "tests/support/TestAddressBook.h"
 #include "tests/support/TestDatabase.h"
 #include "tests/support/TestUtility.h"
 
@@ -34,6 +35,7 @@ public:
     std::u16string componentDirectory() override { return directory; }
 
     std::u16string directory = u"/usr/lib/kvex";
+    AddressBookRecord addressBook;
 
 private:
     UtilityRecord &record_;

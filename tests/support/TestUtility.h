@@ -21,6 +21,13 @@ struct LogEntry {
     std::int16_t flag;
 };
 
+struct Report {
+    std::u16string logFile;
+    std::u16string text;
+    bool first, second;
+    friend bool operator==(const Report &, const Report &) = default;
+};
+
 struct Message {
     std::u16string text;
     std::int32_t style;
@@ -31,7 +38,7 @@ struct Message {
 struct UtilityRecord {
     std::u16string connectionString;
     std::vector<LogEntry> log;
-    std::vector<std::u16string> reports;
+    std::vector<Report> reports;
     std::vector<Message> messages;
     /// Answers to the next questions; without one the answer is No.
     std::deque<std::int32_t> answers;
@@ -66,8 +73,9 @@ public:
         record_.log.push_back(
             {logFile, error.number(), error.description(), error.source(), text, reserved, flag});
     }
-    void reportMessage(const std::u16string &, const std::u16string &text, bool, bool) override {
-        record_.reports.push_back(text);
+    void reportMessage(const std::u16string &logFile, const std::u16string &text, bool first,
+                       bool second) override {
+        record_.reports.push_back({logFile, text, first, second});
     }
     std::int32_t showMessageBox(const std::u16string &text, std::int32_t style) override {
         record_.messages.push_back({text, style});

@@ -271,6 +271,24 @@ TEST_P(ToolkitConformance, ADisabledOptionCanBeSelectedByCodeOnly) {
     });
 }
 
+TEST_P(ToolkitConformance, TabReachesTheSelectedMemberOfEachGroup) {
+    const auto shown = window({control(ControlKind::textBox, u"txt"), option(u"opgA0", u"opgA"),
+                               option(u"opgA1", u"opgA", true), option(u"opgB0", u"opgB", true),
+                               option(u"opgB1", u"opgB")});
+    shown->get<OptionButton>(u"opgB1").select();
+    show(*shown, [&](Hands &user) {
+        user.press(Key::tab);
+        EXPECT_EQ(user.focused(), u"opgA1");
+        user.press(Key::tab);
+        EXPECT_EQ(user.focused(), u"opgB1");
+        user.press(Key::up);
+        EXPECT_EQ(user.focused(), u"opgB0");
+        EXPECT_TRUE(shown->get<OptionButton>(u"opgB0").selected());
+        user.press(Key::tab);
+        EXPECT_EQ(user.focused(), u"txt");
+    });
+}
+
 TEST_P(ToolkitConformance, AnOptionsCaptionIsTheDesignsUntilSet) {
     const auto shown = window({option(u"opg0", u"opg")});
     EXPECT_EQ(shown->get<OptionButton>(u"opg0").caption(), u"opg0");

@@ -250,6 +250,19 @@ TEST_P(ToolkitConformance, PickerChangedByTheUserRunsItsHandler) {
     });
 }
 
+TEST_P(ToolkitConformance, PickerShowsTheWholeYearForThreeLettersToo) {
+    ControlDesign design = datePicker();
+    design.format = u"dd/MM/yyy";
+    const auto shown = window({design});
+    const auto &picker = shown->get<DTPicker>(u"dtp");
+    show(*shown, [&](Hands &user) {
+        for (const Date date : {Date{1904, 5, 14}, Date{2104, 5, 14}, Date{3000, 12, 31}}) {
+            user.pickDate(u"dtp", date[0], date[1], date[2]);
+            EXPECT_EQ(dateOf(picker), date);
+        }
+    });
+}
+
 TEST_P(ToolkitConformance, PickerUntickedHasNoValueAndTickedTheLastOne) {
     const auto shown = window({datePicker()});
     auto &picker = shown->get<DTPicker>(u"dtp");

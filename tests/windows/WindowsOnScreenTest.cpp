@@ -1,7 +1,4 @@
-// The windows on a real toolkit, by key and mouse, with a real database.
-#include "adapters/qt/QtToolkit.h"
-#include "tests/support/ComponentTest.h"
-#include "tests/support/QtPlay.h"
+#include "tests/windows/WindowsOnScreenFixture.h"
 
 #include <QAbstractItemView>
 #include <QAccessible>
@@ -12,54 +9,6 @@
 
 namespace kvex::test {
 namespace {
-
-using OnScreen = QtPlay::Script;
-
-class WindowsOnScreen : public testing::Test {
-protected:
-    WindowsOnScreen() {
-        utility.connectionString = database.connectionString();
-        session().blnChanged = false;
-        ruleState() = RuleState();
-        for (const char *name : {"A", "B", "C"}) {
-            database.addRule(name, "<ALLMESSAGES>", TestDatabase::deleteNothing, ++rules);
-        }
-    }
-    void TearDown() override {
-        EXPECT_EQ(play.problems(), std::vector<std::string>());
-        EXPECT_EQ(play.pendingScripts(), 0U);
-        EXPECT_EQ(utility.logTexts(), Texts());
-        if (ruleUI) {
-            ruleUI->release();
-        }
-    }
-
-    std::int32_t showRules(const std::u16string &ruleId) {
-        ruleUI = std::make_unique<RuleUI>(platform);
-        return ruleUI->ShowRules(u"1", ruleId);
-    }
-    std::int32_t playRules(OnScreen script) {
-        play.whenShown(u"frmRuleEdit", [](QtUser &user) { user.press(Key::escape); });
-        play.whenShown(u"frmRules", std::move(script));
-        return showRules(u"");
-    }
-    std::int32_t playNewRule(OnScreen script) {
-        play.whenShown(u"frmRuleEdit", std::move(script));
-        play.whenShown(u"frmRules", [](QtUser &user) { user.press(Key::escape); });
-        return showRules(u"");
-    }
-    static std::u16string description(QtUser &user) {
-        return user.get<RichTextBox>(u"rtRuleDesc").text();
-    }
-
-    int rules = 0;
-    TestDatabase database;
-    UtilityRecord utility;
-    QtPlay play;
-    qt::QtToolkit toolkit;
-    TestPlatform platform{utility, toolkit};
-    std::unique_ptr<RuleUI> ruleUI;
-};
 
 TEST_F(WindowsOnScreen, ARuleIsComposedNamedAndSavedByKeyboardAlone) {
     play.whenShown(u"frmRuleEdit", [](QtUser &user) {

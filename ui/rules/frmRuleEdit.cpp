@@ -4,6 +4,7 @@
 #include "component/Session.h"
 #include "platform/Text.h"
 #include "rules/RuleDescription.h"
+#include "ui/ListColumns.h"
 #include "ui/rules/frmRuleEditDesign.h"
 
 namespace kvex {
@@ -17,9 +18,7 @@ const RulePart &partOf(std::span<const RulePart> parts, int row) {
 
 /// The list's one column, its rows, and the first of them selected.
 void fillList(ListView &list, const std::u16string &column, std::span<const RulePart> parts) {
-    list.clearRows();
-    list.clearColumns();
-    list.addColumn(column, textColumnWidth);
+    beginList(list, column);
     for (const RulePart &part : parts) {
         list.addRow(part.text);
     }
@@ -54,12 +53,12 @@ frmRuleEdit::frmRuleEdit()
     lvwRuleConditions.onItemClick = [this](int row) { lvwRuleConditions_ItemClick(row); };
     lvwRuleActions.onItemCheck = [this](int row) { lvwRuleActions_ItemCheck(row); };
     lvwRuleActions.onItemClick = [this](int row) { lvwRuleActions_ItemClick(row); };
-    cmdEditCondition.onClick = [this] { cmdEditCondition_Click(); };
-    cmdConfigureAction.onClick = [this] { cmdConfigureAction_Click(); };
+    onClick(u"cmdEditCondition", &frmRuleEdit::cmdEditCondition_Click);
+    onClick(u"cmdConfigureAction", &frmRuleEdit::cmdConfigureAction_Click);
     txtRuleName.onChange = [this] { txtRuleName_Change(); };
-    control<CommandButton>(u"cmdShow").onClick = [this] { cmdShow_Click(); };
-    control<CommandButton>(u"cmdOK").onClick = [this] { cmdOK_Click(); };
-    control<CommandButton>(u"cmdCancel").onClick = [this] { cmdCancel_Click(); };
+    onClick(u"cmdShow", &frmRuleEdit::cmdShow_Click);
+    onClick(u"cmdOK", &frmRuleEdit::cmdOK_Click);
+    onClick(u"cmdCancel", &frmRuleEdit::cmdCancel_Click);
 }
 
 void frmRuleEdit::Form_Load() {

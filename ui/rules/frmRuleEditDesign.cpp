@@ -36,11 +36,8 @@ WindowDesign frmRuleEditDesign() {
                               u"Select and tick an action that has values: distribute, reply or "
                               u"alert"),
                 label(u"Label3", u"3. Rule &Description", u"rtRuleDesc"),
-                {.kind = ControlKind::label,
-                 .name = u"Label5",
-                 .caption = u"Select your Conditions and Actions first, then specify their values "
-                            u"in Description",
-                 .hint = true},
+                hint(u"Label5", u"Select your Conditions and Actions first, then specify their "
+                                u"values in Description"),
                 {.kind = ControlKind::richTextBox,
                  .name = u"rtRuleDesc",
                  .readOnly = true,

@@ -8,6 +8,7 @@
 #include "rules/RuleDescription.h"
 #include "rules/RuleLoading.h"
 #include "rules/RuleState.h"
+#include "ui/ListColumns.h"
 #include "ui/rules/frmRuleEdit.h"
 #include "ui/rules/frmRulesDesign.h"
 
@@ -38,9 +39,6 @@ void openEditor(const std::u16string &ruleID) {
 frmRules::frmRules()
     : Form(frmRulesDesign()), lvwRules(control<ListView>(u"lvwRules")),
       rtRuleDesc(control<RichTextBox>(u"rtRuleDesc")) {
-    const auto onClick = [this](std::u16string_view button, void (frmRules::*handler)()) {
-        control<CommandButton>(button).onClick = [this, handler] { (this->*handler)(); };
-    };
     onClick(u"cmdNew", &frmRules::cmdNew_Click);
     onClick(u"cmdModify", &frmRules::cmdModify_Click);
     onClick(u"cmdRemove", &frmRules::cmdRemove_Click);
@@ -68,12 +66,7 @@ void frmRules::Form_Load() {
 
 void frmRules::ListRules() {
     trapErrors(u"ListRules", module, [&] {
-        lvwRules.clearRows();
-        lvwRules.clearColumns();
-        lvwRules.addColumn(u"Rules", textColumnWidth);
-        lvwRules.addColumn(u"Priority", hiddenColumnWidth);
-        lvwRules.addColumn(u"RuleID", hiddenColumnWidth);
-        lvwRules.addColumn(u"Priority<SortField>", hiddenColumnWidth);
+        beginList(lvwRules, u"Rules", {u"Priority", u"RuleID", u"Priority<SortField>"});
 
         Recordset &rsRules = *session().rsRules;
         if (session().blnHasRules) {

@@ -1,0 +1,72 @@
+#include "ui/actions/MessageToSend.h"
+
+#include "component/Session.h"
+#include "platform/Text.h"
+#include "ui/ListColumns.h"
+
+namespace kvex {
+namespace {
+
+const std::u16string keyPrefix = u"AC";
+
+} // namespace
+
+MessageToSend::MessageToSend(RichTextBox &text, TextBox &count, ListView &accounts,
+                             CommandButton &ok)
+    : text_(text), count_(count), accounts_(accounts), ok_(ok) {}
+
+void MessageToSend::listAccounts(AccountUse use, const std::u16string &storedAccount) {
+    beginList(accounts_, u"Available Accounts", {u"AccountID"});
+    forEachAccount(use, [&](const std::u16string &name, const std::u16string &id) {
+        accounts_.setSubItem(accounts_.addRow(name, keyPrefix + id), 1, id);
+    });
+    if (accounts_.rowCount() > 0) {
+        accounts_.select(1);
+    }
+    if (!trimmed(storedAccount).empty()) {
+        accounts_.setChecked(accounts_.rowOfKey(keyPrefix + storedAccount), true);
+    }
+}
+
+/// Counted are characters as the message server counts them; there is no limit.
+void MessageToSend::textChanged() {
+    session().blnChanged = true;
+    const std::size_t length = text_.text().size();
+    count_.setText(toText(static_cast<std::int64_t>(length)));
+    count_.refresh();
+    ok_.setEnabled(length > 0);
+}
+
+void MessageToSend::accountTicked(int row) {
+    session().blnChanged = true;
+    if (!accounts_.checked(row)) {
+        return;
+    }
+    for (int other = 1; other <= accounts_.rowCount(); ++other) {
+        accounts_.setChecked(other, other == row);
+    }
+    accounts_.select(row);
+}
+
+bool MessageToSend::isBlank() const {
+    return trimmed(text_.text()).empty();
+}
+
+bool MessageToSend::chooseAccount() {
+    for (int row = 1; row <= accounts_.rowCount(); ++row) {
+        if (accounts_.checked(row)) {
+            chosenRow_ = row;
+            return true;
+        }
+    }
+    return false;
+}
+
+std::u16string MessageToSend::account() const {
+    if (chosenRow_ == 0) {
+        throw Error(error_number::objectNotSet);
+    }
+    return accounts_.key(chosenRow_).substr(keyPrefix.size());
+}
+
+} // namespace kvex

@@ -1,0 +1,139 @@
+#include "ui/actions/frmRuleAlert.h"
+
+#include "component/ErrorTrap.h"
+#include "component/Session.h"
+#include "platform/Text.h"
+#include "rules/InputHelpers.h"
+#include "rules/RuleState.h"
+#include "ui/AddressBookExchange.h"
+#include "ui/ListColumns.h"
+#include "ui/actions/frmRuleAlertDesign.h"
+#include "ui/conditions/frmRuleOptions.h"
+
+namespace kvex {
+namespace {
+
+constexpr std::u16string_view module = u"frmRuleAlert";
+
+/// Tells what is missing, and leads to where it is to be given.
+void refuse(const std::u16string &text, Control &missing) {
+    showMessage(text, message_box::exclamation);
+    missing.setFocus();
+}
+
+} // namespace
+
+frmRuleAlert::frmRuleAlert()
+    : Form(frmRuleAlertDesign()), rtAlertText(control<RichTextBox>(u"rtAlertText")),
+      lvwOutAccount(control<ListView>(u"lvwOutAccount")),
+      txtMobileNo(control<TextBox>(u"txtMobileNo")), cmdAdd(control<CommandButton>(u"cmdAdd")),
+      lvwPeople(control<ListView>(u"lvwPeople")),
+      alert_(rtAlertText, control<TextBox>(u"txtCharCount"), lvwOutAccount,
+             control<CommandButton>(u"cmdOK")),
+      recipients_(lvwPeople, EntryList::Heading::none,
+                  buttons({u"cmdRemove", u"cmdClear", u"cmdOptions", u"cmdOK"})) {
+    rtAlertText.onChange = [this] { rtAlertText_Change(); };
+    lvwOutAccount.onItemCheck = [this](int row) { lvwOutAccount_ItemCheck(row); };
+    txtMobileNo.onChange = [this] { txtMobileNo_Change(); };
+    txtMobileNo.onKeyPress = [this](std::int16_t &key) { txtMobileNo_KeyPress(key); };
+    onClick(u"cmdAdd", &frmRuleAlert::cmdAdd_Click);
+    onClick(u"cmdAddressBook", &frmRuleAlert::cmdAddressBook_Click);
+    onClick(u"cmdRemove", &frmRuleAlert::cmdRemove_Click);
+    onClick(u"cmdClear", &frmRuleAlert::cmdClear_Click);
+    onClick(u"cmdOptions", &frmRuleAlert::cmdOptions_Click);
+    onClick(u"cmdOK", &frmRuleAlert::cmdOK_Click);
+    onClick(u"cmdCancel", &frmRuleAlert::cmdCancel_Click);
+}
+
+void frmRuleAlert::Form_Load() {
+    trapErrors(u"Form_Load", module, [&] {
+        const RuleState &rule = ruleState();
+        beginList(lvwPeople, u"People");
+        alert_.listAccounts(AccountUse::any, rule.strAlertAccount);
+        if (rule.strAlertRecipients.empty()) {
+            return;
+        }
+        recipients_.addJoined(rule.strAlertRecipients);
+        rtAlertText.setText(rule.strAlertText);
+    });
+}
+
+void frmRuleAlert::rtAlertText_Change() {
+    alert_.textChanged();
+}
+
+void frmRuleAlert::lvwOutAccount_ItemCheck(int Item) {
+    alert_.accountTicked(Item);
+}
+
+void frmRuleAlert::txtMobileNo_Change() {
+    cmdAdd.setEnabled(!trimmed(txtMobileNo.text()).empty());
+}
+
+void frmRuleAlert::txtMobileNo_KeyPress(std::int16_t &KeyAscii) {
+    if (!IsNumericKey(KeyAscii, true)) {
+        KeyAscii = 0;
+    }
+}
+
+void frmRuleAlert::cmdAdd_Click() {
+    trapErrors(u"cmdAdd_Click", module, [&] {
+        session().blnChanged = true;
+        const std::u16string number = txtMobileNo.text();
+        if (!trimmed(number).empty()) {
+            recipients_.add(number);
+        }
+        recipients_.finishTyping(txtMobileNo);
+    });
+}
+
+void frmRuleAlert::cmdAddressBook_Click() {
+    trapErrors(u"cmdAddressBook_Click", module, [&] { addFromAddressBook(recipients_); });
+}
+
+void frmRuleAlert::cmdRemove_Click() {
+    trapErrors(u"cmdRemove_Click", module, [&] { recipients_.removeSelected(); });
+}
+
+void frmRuleAlert::cmdClear_Click() {
+    trapErrors(u"cmdClear_Click", module, [&] { recipients_.clearIfConfirmed(); });
+}
+
+void frmRuleAlert::cmdOptions_Click() {
+    frmRuleAlert_BuildString();
+    showConditionOptions(u"PEOPLE");
+}
+
+void frmRuleAlert::cmdOK_Click() {
+    if (alert_.isBlank()) {
+        refuse(u"Please type some text to send as Alert.", rtAlertText);
+    } else if (!alert_.chooseAccount()) {
+        refuse(u"Please select the account through which the Alert should be sent.", lvwOutAccount);
+    } else if (recipients_.empty()) {
+        refuse(u"Please select the recipient(s) to whom the Alert would be sent.", lvwPeople);
+    } else {
+        frmRuleAlert_BuildString();
+        Unload();
+    }
+}
+
+/// Each value is written as soon as it is known: before an account was chosen only the text is.
+void frmRuleAlert::frmRuleAlert_BuildString() {
+    trapErrors(u"frmRuleAlert_BuildString", module, [&] {
+        RuleState &rule = ruleState();
+        rule.strAlertText = alert_.text();
+        rule.strAlertAccount = alert_.account();
+        rule.strAlertRecipients.clear();
+        if (recipients_.empty()) {
+            refuse(u"Please select some Recipients.", txtMobileNo);
+            return;
+        }
+        rule.strAlertRecipients = recipients_.joined();
+    });
+}
+
+void frmRuleAlert::cmdCancel_Click() {
+    Unload();
+}
+
+} // namespace kvex

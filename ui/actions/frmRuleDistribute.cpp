@@ -1,0 +1,146 @@
+#include "ui/actions/frmRuleDistribute.h"
+
+#include "component/ErrorTrap.h"
+#include "component/Session.h"
+#include "platform/Text.h"
+#include "rules/Lookups.h"
+#include "rules/RuleState.h"
+#include "ui/EntryList.h"
+#include "ui/ListColumns.h"
+#include "ui/actions/frmRuleDistributeDesign.h"
+
+namespace kvex {
+namespace {
+
+constexpr std::u16string_view module = u"frmRuleDistribute";
+
+/// The sub-item of a row.
+constexpr int idItem = 1;
+
+void addUser(ListView &list, const std::u16string &name, const std::u16string &id) {
+    list.setSubItem(list.addRow(name), idItem, id);
+}
+
+} // namespace
+
+frmRuleDistribute::frmRuleDistribute()
+    : Form(frmRuleDistributeDesign()), lvwUsersSource(control<ListView>(u"lvwUsersSource")),
+      cmdRemove(control<CommandButton>(u"cmdRemove")),
+      lvwUsersSelected(control<ListView>(u"lvwUsersSelected")),
+      cmdOK(control<CommandButton>(u"cmdOK")) {
+    lvwUsersSource.onDoubleClick = [this] { lvwUsersSource_DblClick(); };
+    onClick(u"cmdSelect", &frmRuleDistribute::cmdSelect_Click);
+    onClick(u"cmdAll", &frmRuleDistribute::cmdAll_Click);
+    onClick(u"cmdRemove", &frmRuleDistribute::cmdRemove_Click);
+    onClick(u"cmdOK", &frmRuleDistribute::cmdOK_Click);
+    onClick(u"cmdCancel", &frmRuleDistribute::cmdCancel_Click);
+}
+
+void frmRuleDistribute::Form_Load() {
+    trapErrors(u"Form_Load", module, [&] {
+        beginList(lvwUsersSource, u"Available Users", {u"ID"});
+        beginList(lvwUsersSelected, u"Selected Users", {u"ID"});
+        listUsers();
+        lvwUsersSource.setMultiSelect(false);
+        lvwUsersSource.select(1);
+        lvwUsersSource.setMultiSelect(true);
+
+        const std::u16string &stored = ruleState().strDistribution;
+        if (!stored.empty()) {
+            for (const std::u16string_view part : split(stored, u';')) {
+                const std::int32_t id = toInt32(part);
+                addUser(lvwUsersSelected, GetUserName(id), toText(std::int64_t{id}));
+            }
+            enableButtons(true);
+        }
+
+        lvwUsersSource.setMultiSelect(false);
+        lvwUsersSource.select(1);
+        lvwUsersSelected.setMultiSelect(false);
+        if (lvwUsersSelected.rowCount() > 0) {
+            lvwUsersSource.setMultiSelect(true);
+            lvwUsersSelected.select(1);
+            lvwUsersSelected.setMultiSelect(true);
+        }
+    });
+}
+
+/// Every user but the built-in one, in the record set's order; one without a name is none that
+/// could be offered.
+void frmRuleDistribute::listUsers() {
+    Recordset &rsUsers = *session().rsUsers;
+    if (rsUsers.recordCount() < 1) {
+        return;
+    }
+    for (rsUsers.moveFirst(); !rsUsers.eof(); rsUsers.moveNext()) {
+        const ValueView name = rsUsers.field(u"NAME");
+        if (!name.isNull() && name.text() != u"SYSTEM") {
+            addUser(lvwUsersSource, name.text(), rsUsers.field(u"ID").text());
+        }
+    }
+}
+
+void frmRuleDistribute::enableButtons(bool enabled) {
+    cmdRemove.setEnabled(enabled);
+    cmdOK.setEnabled(enabled);
+}
+
+void frmRuleDistribute::cmdSelect_Click() {
+    trapErrors(u"cmdSelect_Click", module, [&] {
+        session().blnChanged = true;
+        const int user = lvwUsersSource.selectedRow();
+        if (user == 0) {
+            return;
+        }
+        const std::u16string name = lvwUsersSource.text(user);
+        if (lvwUsersSelected.findItem(name, FindMatch::wholeText) > 0) {
+            return;
+        }
+        addUser(lvwUsersSelected, name, lvwUsersSource.subItem(user, idItem));
+        enableButtons(true);
+    });
+}
+
+void frmRuleDistribute::lvwUsersSource_DblClick() {
+    cmdSelect_Click();
+}
+
+void frmRuleDistribute::cmdAll_Click() {
+    trapErrors(u"cmdAll_Click", module, [&] {
+        session().blnChanged = true;
+        lvwUsersSelected.clearRows();
+        for (int user = 1; user <= lvwUsersSource.rowCount(); ++user) {
+            addUser(lvwUsersSelected, lvwUsersSource.text(user),
+                    lvwUsersSource.subItem(user, idItem));
+        }
+        enableButtons(true);
+    });
+}
+
+void frmRuleDistribute::cmdRemove_Click() {
+    trapErrors(u"cmdRemove_Click", module, [&] {
+        session().blnChanged = true;
+        if (const int user = lvwUsersSelected.selectedRow(); user > 0) {
+            lvwUsersSelected.removeRow(user);
+        }
+        if (lvwUsersSelected.rowCount() == 0) {
+            enableButtons(false);
+        }
+    });
+}
+
+void frmRuleDistribute::BuildString() {
+    trapErrors(u"BuildString", module,
+               [&] { ruleState().strDistribution = joinedRows(lvwUsersSelected, 1, idItem); });
+}
+
+void frmRuleDistribute::cmdOK_Click() {
+    BuildString();
+    Unload();
+}
+
+void frmRuleDistribute::cmdCancel_Click() {
+    Unload();
+}
+
+} // namespace kvex

@@ -1,0 +1,64 @@
+#include "ui/actions/frmRuleReply.h"
+
+#include "component/ErrorTrap.h"
+#include "component/Session.h"
+#include "rules/RuleState.h"
+#include "ui/actions/frmRuleReplyDesign.h"
+
+namespace kvex {
+
+frmRuleReply::frmRuleReply()
+    : Form(frmRuleReplyDesign()), rtReplyText(control<RichTextBox>(u"rtReplyText")),
+      lvwOutAccount(control<ListView>(u"lvwOutAccount")), cmdOK(control<CommandButton>(u"cmdOK")),
+      reply_(rtReplyText, control<TextBox>(u"txtCharCount"), lvwOutAccount, cmdOK) {
+    rtReplyText.onChange = [this] { rtReplyText_Change(); };
+    lvwOutAccount.onItemCheck = [this](int row) { lvwOutAccount_ItemCheck(row); };
+    onClick(u"cmdOK", &frmRuleReply::cmdOK_Click);
+    onClick(u"cmdCancel", &frmRuleReply::cmdCancel_Click);
+}
+
+void frmRuleReply::Form_Load() {
+    trapErrors(u"Form_Load", u"frmRuleReply", [&] {
+        const RuleState &rule = ruleState();
+        reply_.listAccounts(AccountUse::sending, rule.strReplyAccount);
+        if (rule.strReplyText.empty()) {
+            cmdOK.setEnabled(false);
+        } else {
+            rtReplyText.setText(rule.strReplyText);
+        }
+    });
+}
+
+void frmRuleReply::rtReplyText_Change() {
+    reply_.textChanged();
+}
+
+void frmRuleReply::lvwOutAccount_ItemCheck(int Item) {
+    reply_.accountTicked(Item);
+}
+
+void frmRuleReply::cmdOK_Click() {
+    if (reply_.isBlank()) {
+        showMessage(u"Please type some text to send as Reply.", message_box::exclamation);
+        return;
+    }
+    if (reply_.chooseAccount()) {
+        BuildString();
+        Unload();
+    } else {
+        showMessage(u"Please select the account through which the Reply should be sent.",
+                    message_box::exclamation);
+        lvwOutAccount.setFocus();
+    }
+}
+
+void frmRuleReply::BuildString() {
+    ruleState().strReplyText = reply_.text();
+    ruleState().strReplyAccount = reply_.account();
+}
+
+void frmRuleReply::cmdCancel_Click() {
+    Unload();
+}
+
+} // namespace kvex

@@ -1,0 +1,31 @@
+// The reply action: a text, and the account through which it is sent.
+#pragma once
+
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/ListView.h"
+#include "platform/controls/RichTextBox.h"
+#include "ui/Form.h"
+#include "ui/actions/MessageToSend.h"
+
+namespace kvex {
+
+/// Edits the reply of this thread's rule; OK alone writes it.
+class frmRuleReply final : public Form {
+public:
+    frmRuleReply();
+
+private:
+    void Form_Load() override;
+    void rtReplyText_Change();
+    void lvwOutAccount_ItemCheck(int Item);
+    void cmdOK_Click();
+    void cmdCancel_Click();
+    void BuildString();
+
+    RichTextBox &rtReplyText;
+    ListView &lvwOutAccount;
+    CommandButton &cmdOK;
+    MessageToSend reply_;
+};
+
+} // namespace kvex

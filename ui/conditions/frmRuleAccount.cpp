@@ -1,0 +1,108 @@
+#include "ui/conditions/frmRuleAccount.h"
+
+#include "component/ErrorTrap.h"
+#include "component/Session.h"
+#include "platform/Text.h"
+#include "rules/Lookups.h"
+#include "rules/RuleState.h"
+#include "ui/Accounts.h"
+#include "ui/ListColumns.h"
+#include "ui/conditions/ConditionHeadings.h"
+#include "ui/conditions/frmRuleAccountDesign.h"
+#include "ui/conditions/frmRuleOptions.h"
+
+namespace kvex {
+namespace {
+
+constexpr std::u16string_view module = u"frmRuleAccount";
+
+/// The sub-item of a row.
+constexpr int idItem = 1;
+
+} // namespace
+
+frmRuleAccount::frmRuleAccount()
+    : Form(frmRuleAccountDesign()), lvwAccountSource(control<ListView>(u"lvwAccountSource")),
+      lvwAccountSelected(control<ListView>(u"lvwAccountSelected")),
+      accounts_(lvwAccountSelected, EntryList::Heading::firstRow,
+                buttons({u"cmdRemove", u"cmdClear", u"cmdOptions", u"cmdOK"})) {
+    lvwAccountSource.onDoubleClick = [this] { lvwAccountSource_DblClick(); };
+    onClick(u"cmdAdd", &frmRuleAccount::cmdAdd_Click);
+    onClick(u"cmdRemove", &frmRuleAccount::cmdRemove_Click);
+    onClick(u"cmdClear", &frmRuleAccount::cmdClear_Click);
+    onClick(u"cmdOptions", &frmRuleAccount::cmdOptions_Click);
+    onClick(u"cmdOK", &frmRuleAccount::cmdOK_Click);
+    onClick(u"cmdCancel", &frmRuleAccount::cmdCancel_Click);
+}
+
+void frmRuleAccount::Form_Load() {
+    trapErrors(u"Form_Load()", module, [&] {
+        // Both before what can fail: an account added after that still counts.
+        beginList(lvwAccountSource, u"Available Accounts", {u"AccountID"});
+        beginList(lvwAccountSelected, u"Selected Accounts", {u"AccountID"});
+        lvwAccountSelected.addRow(condition_heading::accounts);
+        forEachAccount(AccountUse::receiving,
+                       [&](const std::u16string &name, const std::u16string &id) {
+                           lvwAccountSource.setSubItem(lvwAccountSource.addRow(name), idItem, id);
+                       });
+        if (lvwAccountSource.rowCount() > 0) {
+            lvwAccountSource.select(1);
+        }
+        if (ruleState().varAccounts.empty()) {
+            return;
+        }
+        for (const std::u16string_view id : split(ruleState().varAccounts, u';')) {
+            const int row = accounts_.add(GetAccountName(toInt32(id)));
+            lvwAccountSelected.setSubItem(row, idItem, std::u16string(id));
+        }
+        accounts_.enableButtons(true);
+    });
+}
+
+void frmRuleAccount::cmdAdd_Click() {
+    trapErrors(u"cmdAdd_Click", module, [&] {
+        session().blnChanged = true;
+        if (const int source = lvwAccountSource.selectedRow(); source > 0) {
+            const std::u16string name = lvwAccountSource.text(source);
+            if (lvwAccountSelected.findItem(indented(name)) > 0) {
+                return;
+            }
+            lvwAccountSelected.setSubItem(accounts_.add(name), idItem,
+                                          lvwAccountSource.subItem(source, idItem));
+        }
+        accounts_.enableButtons(true);
+    });
+}
+
+void frmRuleAccount::lvwAccountSource_DblClick() {
+    cmdAdd_Click();
+}
+
+void frmRuleAccount::cmdRemove_Click() {
+    trapErrors(u"cmdRemove_Click", module, [&] { accounts_.removeSelected(); });
+}
+
+void frmRuleAccount::cmdClear_Click() {
+    trapErrors(u"cmdClear_Click", module, [&] { accounts_.clearIfConfirmed(); });
+}
+
+void frmRuleAccount::cmdOptions_Click() {
+    frmRuleAccount_BuildString();
+    showConditionOptions(u"ACCOUNT");
+}
+
+void frmRuleAccount::cmdOK_Click() {
+    frmRuleAccount_BuildString();
+    Unload();
+}
+
+void frmRuleAccount::cmdCancel_Click() {
+    Unload();
+}
+
+void frmRuleAccount::frmRuleAccount_BuildString() {
+    trapErrors(u"frmRuleAccount_BuildString", module,
+               [&] { ruleState().varAccounts = accounts_.joined(idItem); });
+}
+
+} // namespace kvex

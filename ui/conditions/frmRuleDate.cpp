@@ -1,0 +1,182 @@
+#include "ui/conditions/frmRuleDate.h"
+
+#include "component/ErrorTrap.h"
+#include "component/Session.h"
+#include "platform/Text.h"
+#include "platform/controls/CommandButton.h"
+#include "rules/InputHelpers.h"
+#include "rules/RuleState.h"
+#include "rules/StoredMoment.h"
+#include "ui/conditions/frmRuleDateDesign.h"
+
+#include <algorithm>
+
+namespace kvex {
+namespace {
+
+constexpr std::u16string_view module = u"frmRuleDate";
+
+std::u16string twoDigits(int number) {
+    return PadLeft(toText(std::int64_t{number}), 2, u'0');
+}
+
+std::u16string GetDateString(const DTPicker &picker) {
+    return toText(std::int64_t{picker.year()}) + twoDigits(picker.month()) +
+           twoDigits(picker.day());
+}
+
+std::u16string GetTimeString(const DTPicker &picker) {
+    return twoDigits(picker.hour()) + u":" + twoDigits(picker.minute()) + u":" +
+           twoDigits(picker.second());
+}
+
+/// The number in `length` characters of `text`, from the `position`th on. Where the text ends
+/// before, there is none.
+int numberAt(std::u16string_view text, std::size_t position, std::size_t length) {
+    return toInt32(text.substr(std::min(position - 1, text.size()), length));
+}
+
+/// No moment yet: once the date is ticked it is today, at the time that the picker shows at first.
+void startEmpty(DTPicker &date, DTPicker &time, std::u16string &savedTime) {
+    date.setToday();
+    savedTime = GetTimeString(time);
+    date.clearValue();
+    time.clearValue();
+    time.setEnabled(false);
+}
+
+/// "yyyymmdd hh:mm:ss". Each part is read when it is its turn: what stands before a part that
+/// cannot be read is shown. The date is set as a whole, as its day may not exist in the month
+/// that the picker showed.
+void showMoment(std::u16string_view stored, DTPicker &date, DTPicker &time) {
+    const int year = numberAt(stored, 1, 4);
+    const int month = numberAt(stored, 5, 2);
+    date.setDate(year, month, numberAt(stored, 7, 2));
+    time.setHour(numberAt(stored, 10, 2));
+    time.setMinute(numberAt(stored, 13, 2));
+    time.setSecond(numberAt(stored, 16, 2));
+}
+
+/// The time follows its date: without one it is put aside, and every change of the date brings
+/// the time back that was put aside last.
+void followDate(const DTPicker &date, DTPicker &time, std::u16string &savedTime) {
+    session().blnChanged = true;
+    if (!date.hasValue()) {
+        if (time.hasValue()) {
+            savedTime = GetTimeString(time);
+            time.clearValue();
+        }
+        time.setEnabled(false);
+        return;
+    }
+    time.setEnabled(true);
+    if (!savedTime.empty()) {
+        time.setHour(numberAt(savedTime, 1, 2));
+        time.setMinute(numberAt(savedTime, 4, 2));
+        time.setSecond(numberAt(savedTime, 7, 2));
+    }
+}
+
+/// Whether there is a date; if not, the user has been told.
+bool readMoment(const DTPicker &date, const DTPicker &time, std::u16string &dateText,
+                std::u16string &timeText) {
+    dateText.clear();
+    timeText.clear();
+    if (!date.hasValue()) {
+        showMessage(u"Please select a valid date range.", message_box::exclamation);
+        return false;
+    }
+    dateText = GetDateString(date);
+    if (time.hasValue()) {
+        timeText = GetTimeString(time);
+    }
+    return true;
+}
+
+} // namespace
+
+frmRuleDate::frmRuleDate()
+    : Form(frmRuleDateDesign()), FromDate(control<DTPicker>(u"FromDate")),
+      FromTime(control<DTPicker>(u"FromTime")), ToDate(control<DTPicker>(u"ToDate")),
+      ToTime(control<DTPicker>(u"ToTime")) {
+    FromDate.onChange = [this] { FromDate_Change(); };
+    ToDate.onChange = [this] { ToDate_Change(); };
+    FromTime.onChange = [this] { FromTime_Change(); };
+    ToTime.onChange = [this] { ToTime_Change(); };
+    control<CommandButton>(u"cmdOK").onClick = [this] { cmdOK_Click(); };
+    control<CommandButton>(u"cmdCancel").onClick = [this] { cmdCancel_Click(); };
+}
+
+void frmRuleDate::Form_Load() {
+    trapErrors(u"Form_Load", module, [&] {
+        const std::u16string_view stored = ruleState().strDateTime;
+        if (stored.empty()) {
+            startEmpty(FromDate, FromTime, strSavedFromTime);
+            startEmpty(ToDate, ToTime, strSavedToTime);
+            return;
+        }
+        const StoredRange range = storedRange(stored);
+        showMoment(range.start, FromDate, FromTime);
+        showMoment(range.end, ToDate, ToTime);
+    });
+}
+
+void frmRuleDate::FromDate_Change() {
+    followDate(FromDate, FromTime, strSavedFromTime);
+}
+
+void frmRuleDate::ToDate_Change() {
+    followDate(ToDate, ToTime, strSavedToTime);
+}
+
+void frmRuleDate::FromTime_Change() {
+    session().blnChanged = true;
+}
+
+void frmRuleDate::ToTime_Change() {
+    session().blnChanged = true;
+}
+
+/// Dates and times are written with their largest part first: as texts they stand in the order
+/// of time, and no time before any.
+bool frmRuleDate::ValidateDates() {
+    if (!readMoment(FromDate, FromTime, strFromDate, strFromTime) ||
+        !readMoment(ToDate, ToTime, strToDate, strToTime)) {
+        return false;
+    }
+    if (strToDate < strFromDate) {
+        showMessage(u"To Date cannot be less than From Date.", message_box::exclamation);
+        ToDate.setFocus();
+        return false;
+    }
+    if (strToDate == strFromDate && strToTime < strFromTime) {
+        showMessage(u"You have selected to define the filter for a single day."
+                    u"In such case 'To Time' cannot be less than 'From Time'",
+                    message_box::exclamation);
+        ToTime.setFocus();
+        return false;
+    }
+    return true;
+}
+
+void frmRuleDate::BuildString() {
+    trapErrors(u"BuildString", module, [&] {
+        if (!strToDate.empty() && !strFromDate.empty()) {
+            ruleState().strDateTime =
+                strFromDate + u" " + strFromTime + u"," + strToDate + u" " + strToTime;
+        }
+    });
+}
+
+void frmRuleDate::cmdOK_Click() {
+    if (ValidateDates()) {
+        BuildString();
+        Unload();
+    }
+}
+
+void frmRuleDate::cmdCancel_Click() {
+    Unload();
+}
+
+} // namespace kvex

@@ -1,0 +1,169 @@
+#include "ui/conditions/frmRuleOptions.h"
+
+#include "component/Session.h"
+#include "platform/Text.h"
+#include "rules/Lookups.h"
+#include "ui/EntryList.h"
+#include "ui/ListColumns.h"
+#include "ui/conditions/ConditionHeadings.h"
+#include "ui/conditions/frmRuleOptionsDesign.h"
+
+#include <algorithm>
+#include <array>
+
+namespace kvex {
+namespace {
+
+using Text = std::u16string RuleState::*;
+using Flag = std::int16_t RuleState::*;
+
+std::u16string accountName(std::u16string_view id) {
+    return GetAccountName(toInt32(id));
+}
+std::u16string asItIs(std::u16string_view entry) {
+    return std::u16string(entry);
+}
+
+} // namespace
+
+/// One condition with its modifiers. A date has no list; its captions are the designed ones.
+struct frmRuleOptions::Kind {
+    std::u16string_view runFor;
+    Flag isNot;
+    Flag matchesAll;
+    Text entries = nullptr;
+    std::u16string (*shown)(std::u16string_view entry) = asItIs;
+    const char16_t *column = nullptr, *heading = nullptr;
+    const char16_t *con = nullptr, *not_ = nullptr, *all = nullptr, *any = nullptr;
+};
+
+const frmRuleOptions::Kind *frmRuleOptions::kind() const {
+    static constexpr std::array kinds{
+        Kind{.runFor = u"PEOPLE",
+             .isNot = &RuleState::intPeopleNot,
+             .matchesAll = &RuleState::intPeopleAll,
+             .entries = &RuleState::strPeople,
+             .column = u"People",
+             .heading = condition_heading::people,
+             .con = u"Message is from the People below",
+             .not_ = u"Message is not from the People below",
+             .all = u"Message is from all of the People below",
+             .any = u"Message is from any one of the People below"},
+        Kind{.runFor = u"ACCOUNT",
+             .isNot = &RuleState::intAccountNot,
+             .matchesAll = &RuleState::intAccountAll,
+             .entries = &RuleState::varAccounts,
+             .shown = accountName,
+             .column = u"Account",
+             .heading = condition_heading::accounts,
+             .con = u"Message is received through the Accounts below",
+             .not_ = u"Message is not received through the Accounts below",
+             .all = u"Message is received through all of the Accounts below",
+             .any = u"Message is received through any one of the Accounts below"},
+        Kind{.runFor = u"WORD",
+             .isNot = &RuleState::intWordsNot,
+             .matchesAll = &RuleState::intWordsAll,
+             .entries = &RuleState::strWords,
+             .column = u"Word",
+             .heading = condition_heading::words,
+             .con = u"Message contains the Words below",
+             .not_ = u"Message does not contain the Words below",
+             .all = u"Message matches all of the Words below",
+             .any = u"Message matches any one of the Words below"},
+        Kind{.runFor = u"DATE",
+             .isNot = &RuleState::intOptionNot,
+             .matchesAll = &RuleState::intOptionAll},
+    };
+    const auto *found = std::ranges::find(kinds, RunFor, &Kind::runFor);
+    return found == kinds.end() ? nullptr : found;
+}
+
+frmRuleOptions::frmRuleOptions()
+    : Form(frmRuleOptionsDesign()),
+      opgAllAnyModifier{control<OptionButton>(u"opgAllAnyModifier(0)"),
+                        control<OptionButton>(u"opgAllAnyModifier(1)")},
+      opgConNotmodifier{control<OptionButton>(u"opgConNotmodifier(0)"),
+                        control<OptionButton>(u"opgConNotmodifier(1)")},
+      lvwRuleCondition(control<ListView>(u"lvwRuleCondition")) {
+    for (OptionButton *member : {&opgAllAnyModifier.first, &opgAllAnyModifier.second}) {
+        member->onClick = [this] { opgAllAnyModifier_Click(); };
+    }
+    for (OptionButton *member : {&opgConNotmodifier.first, &opgConNotmodifier.second}) {
+        member->onClick = [this] { opgConNotmodifier_Click(); };
+    }
+    onClick(u"cmdOK", &frmRuleOptions::cmdOK_Click);
+    onClick(u"cmdcancel", &frmRuleOptions::cmdcancel_Click);
+}
+
+void frmRuleOptions::Form_Load() {
+    lvwRuleCondition.clearRows();
+    lvwRuleCondition.clearColumns();
+    const Kind *condition = kind();
+    if (condition == nullptr || condition->entries == nullptr) {
+        return;
+    }
+    describe(*condition);
+    RuleState &rule = ruleState();
+    opgConNotmodifier.select(rule.*condition->isNot == 0);
+    // Only words can be required all together, and only where they are no command.
+    if (condition->entries != &RuleState::strWords) {
+        disableAllAny();
+        return;
+    }
+    opgAllAnyModifier.select(rule.intWordsAll != 0);
+    if (rule.intAsCommand == 1) {
+        rule.intWordsAll = 0;
+        opgAllAnyModifier.second.select();
+        disableAllAny();
+    }
+}
+
+/// Captions and list of the condition.
+void frmRuleOptions::describe(const Kind &kind) {
+    opgConNotmodifier.first.setCaption(kind.con);
+    opgConNotmodifier.second.setCaption(kind.not_);
+    opgAllAnyModifier.first.setCaption(kind.all);
+    opgAllAnyModifier.second.setCaption(kind.any);
+    beginList(lvwRuleCondition, kind.column);
+    lvwRuleCondition.addRow(kind.heading);
+    const std::u16string &entries = ruleState().*kind.entries;
+    if (entries.empty()) {
+        return;
+    }
+    for (const std::u16string_view entry : split(entries, u';')) {
+        lvwRuleCondition.addRow(indented(kind.shown(entry)));
+    }
+}
+
+void frmRuleOptions::disableAllAny() {
+    opgAllAnyModifier.first.setEnabled(false);
+    opgAllAnyModifier.second.setEnabled(false);
+}
+
+void frmRuleOptions::opgAllAnyModifier_Click() {
+    session().blnChanged = true;
+}
+
+void frmRuleOptions::opgConNotmodifier_Click() {
+    session().blnChanged = true;
+}
+
+void frmRuleOptions::cmdOK_Click() {
+    if (const Kind *condition = kind()) {
+        ruleState().*condition->isNot = opgConNotmodifier.first.selected() ? 0 : 1;
+        ruleState().*condition->matchesAll = opgAllAnyModifier.first.selected() ? 1 : 0;
+    }
+    Unload();
+}
+
+void frmRuleOptions::cmdcancel_Click() {
+    Unload();
+}
+
+void showConditionOptions(const std::u16string &runFor) {
+    frmRuleOptions options;
+    options.RunFor = runFor;
+    options.Show();
+}
+
+} // namespace kvex

@@ -1,0 +1,46 @@
+// The options of a list condition: whether the message must match the list or must not, and all
+// of its entries or any one.
+#pragma once
+
+#include "platform/controls/ListView.h"
+#include "platform/controls/OptionButton.h"
+#include "rules/RuleState.h"
+#include "ui/Form.h"
+
+namespace kvex {
+
+/// OK writes the two modifiers of the condition into this thread's rule.
+class frmRuleOptions final : public Form {
+public:
+    frmRuleOptions();
+
+    /// In: "PEOPLE", "ACCOUNT", "WORD" or "DATE", to the letter; anything else configures and
+    /// stores nothing.
+    std::u16string RunFor;
+
+private:
+    void Form_Load() override;
+    void opgAllAnyModifier_Click();
+    void opgConNotmodifier_Click();
+    void cmdOK_Click();
+    void cmdcancel_Click();
+
+    struct Kind;
+    [[nodiscard]] const Kind *kind() const;
+    void describe(const Kind &kind);
+    void disableAllAny();
+
+    /// The members 0 and 1 of a group.
+    struct Choice {
+        OptionButton &first, &second;
+        void select(bool isFirst) { (isFirst ? first : second).select(); }
+    };
+    Choice opgAllAnyModifier;
+    Choice opgConNotmodifier;
+    ListView &lvwRuleCondition;
+};
+
+/// Shows the options of the condition `runFor`.
+void showConditionOptions(const std::u16string &runFor);
+
+} // namespace kvex

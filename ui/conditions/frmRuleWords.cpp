@@ -1,0 +1,84 @@
+#include "ui/conditions/frmRuleWords.h"
+
+#include "component/Session.h"
+#include "platform/Text.h"
+#include "rules/RuleState.h"
+#include "ui/ListColumns.h"
+#include "ui/conditions/ConditionHeadings.h"
+#include "ui/conditions/frmRuleOptions.h"
+#include "ui/conditions/frmRuleWordsDesign.h"
+
+namespace kvex {
+
+frmRuleWords::frmRuleWords()
+    : Form(frmRuleWordsDesign()), chkWordAsCommand(control<CheckBox>(u"chkWordAsCommand")),
+      cmdAdd(control<CommandButton>(u"cmdAdd")), txtWord(control<TextBox>(u"txtWord")),
+      lvwWords(control<ListView>(u"lvwWords")),
+      words_(lvwWords, EntryList::Heading::firstRow,
+             buttons({u"cmdRemove", u"cmdClear", u"cmdOptions", u"cmdOK"})) {
+    chkWordAsCommand.onClick = [this] { chkWordAsCommand_Click(); };
+    onClick(u"cmdAdd", &frmRuleWords::cmdAdd_Click);
+    onClick(u"cmdRemove", &frmRuleWords::cmdRemove_Click);
+    onClick(u"cmdClear", &frmRuleWords::cmdClear_Click);
+    onClick(u"cmdOptions", &frmRuleWords::cmdOptions_Click);
+    onClick(u"cmdOK", &frmRuleWords::cmdOK_Click);
+    onClick(u"cmdCancel", &frmRuleWords::cmdCancel_Click);
+    txtWord.onChange = [this] { txtWord_Change(); };
+    txtWord.setFocus();
+}
+
+void frmRuleWords::Form_Load() {
+    beginList(lvwWords, u"Word");
+    lvwWords.addRow(condition_heading::words);
+    if (ruleState().strWords.empty()) {
+        return;
+    }
+    words_.addJoined(ruleState().strWords);
+    chkWordAsCommand.setValue(ruleState().intAsCommand);
+}
+
+void frmRuleWords::txtWord_Change() {
+    cmdAdd.setEnabled(!trimmed(txtWord.text()).empty());
+}
+
+void frmRuleWords::cmdAdd_Click() {
+    session().blnChanged = true;
+    const std::u16string word = txtWord.text();
+    if (!trimmed(word).empty()) {
+        words_.add(word);
+    }
+    words_.finishTyping(txtWord);
+}
+
+void frmRuleWords::chkWordAsCommand_Click() {
+    ruleState().intAsCommand = chkWordAsCommand.value();
+}
+
+void frmRuleWords::cmdRemove_Click() {
+    words_.removeSelected();
+}
+
+void frmRuleWords::cmdClear_Click() {
+    words_.clearIfConfirmed();
+}
+
+void frmRuleWords::cmdOptions_Click() {
+    BuildString();
+    showConditionOptions(u"WORD");
+}
+
+void frmRuleWords::cmdOK_Click() {
+    BuildString();
+    Unload();
+}
+
+void frmRuleWords::cmdCancel_Click() {
+    Unload();
+}
+
+void frmRuleWords::BuildString() {
+    ruleState().strWords = words_.joined();
+    ruleState().intAsCommand = chkWordAsCommand.value();
+}
+
+} // namespace kvex

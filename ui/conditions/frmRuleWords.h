@@ -1,0 +1,38 @@
+// The words condition: words and phrases that a message contains.
+#pragma once
+
+#include "platform/controls/CheckBox.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/ListView.h"
+#include "platform/controls/TextBox.h"
+#include "ui/EntryList.h"
+#include "ui/Form.h"
+
+namespace kvex {
+
+/// Edits the words of this thread's rule: written by OK, and by Options before its dialog opens.
+/// Whether they are matched as a command is written at once.
+class frmRuleWords final : public Form {
+public:
+    frmRuleWords();
+
+private:
+    void Form_Load() override;
+    void cmdAdd_Click();
+    void chkWordAsCommand_Click();
+    void cmdRemove_Click();
+    void cmdClear_Click();
+    void cmdOptions_Click();
+    void cmdOK_Click();
+    void cmdCancel_Click();
+    void txtWord_Change();
+    void BuildString();
+
+    CheckBox &chkWordAsCommand;
+    CommandButton &cmdAdd;
+    TextBox &txtWord;
+    ListView &lvwWords;
+    EntryList words_;
+};
+
+} // namespace kvex
