@@ -5,25 +5,12 @@
 namespace kvex::host {
 namespace {
 
-ControlDesign hint(std::u16string name) {
-    ControlDesign hint = design::label(std::move(name), {});
-    hint.hint = true;
-    return hint;
-}
-
-ControlDesign selectButton(bool multiple) {
-    ControlDesign select = design::waitingButton(u"cmdSelect", u"&Select",
-                                                 multiple ? u"Tick a contact in the list first"
-                                                          : u"Select a contact in the list first");
-    select.isDefault = true;
-    return select;
-}
+using namespace design;
 
 /// For many contacts alone.
 ControlDesign manyButton(std::u16string name, std::u16string caption, std::u16string wait,
                          bool multiple) {
-    ControlDesign button =
-        design::waitingButton(std::move(name), std::move(caption), std::move(wait));
+    ControlDesign button = waitingButton(std::move(name), std::move(caption), std::move(wait));
     button.visible = multiple;
     return button;
 }
@@ -31,7 +18,6 @@ ControlDesign manyButton(std::u16string name, std::u16string caption, std::u16st
 } // namespace
 
 WindowDesign addressBookDesign(bool multiple) {
-    using namespace design;
     return {
         .name = u"frmAddressBook",
         .caption = u"Address Book",
@@ -39,7 +25,7 @@ WindowDesign addressBookDesign(bool multiple) {
             {
                 label(u"Label1", u"&Find", u"txtSearch"),
                 {.kind = ControlKind::textBox, .name = u"txtSearch"},
-                hint(u"lblHint"),
+                hint(u"lblHint", {}),
                 label(u"Label2", u"C&ontacts", u"lvwContacts"),
                 {.kind = ControlKind::listView,
                  .name = u"lvwContacts",
@@ -51,7 +37,9 @@ WindowDesign addressBookDesign(bool multiple) {
                 manyButton(u"cmdClear", u"C&lear Selection", u"Nothing is ticked", multiple),
                 label(u"lblCount", {}),
                 separator(),
-                selectButton(multiple),
+                byEnter(waitingButton(u"cmdSelect", u"&Select",
+                                      multiple ? u"Tick a contact in the list first"
+                                               : u"Select a contact in the list first")),
                 cancelButton(),
             },
         .layout = column({
