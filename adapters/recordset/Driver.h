@@ -52,8 +52,8 @@ struct Assignment {
 };
 
 /// One open connection to one database; its destruction closes it. Each call is a transaction of
-/// its own. What the database refuses is thrown as an Error with the provider's negative number
-/// and a description that says what to do; nothing was written then.
+/// its own, unless begin was called. What the database refuses is thrown as an Error with the
+/// provider's negative number and a description that says what to do; the call wrote nothing then.
 class Driver {
 public:
     virtual ~Driver() = default;
@@ -71,6 +71,14 @@ public:
     /// and is not Null: for text every character counts, whatever the column's collation.
     [[nodiscard]] virtual std::u16string stillHolds(std::u16string_view column,
                                                     const ValueView &read) const = 0;
+
+    /// What is called from now on is one transaction, up to commit or rollback; see Transaction.h.
+    /// Not within another one.
+    virtual void begin() = 0;
+    /// When it fails the transaction goes on.
+    virtual void commit() = 0;
+    /// Undoes what was written since begin; nothing when the database has undone it already.
+    virtual void rollback() noexcept = 0;
 };
 
 /// A kind of database.

@@ -109,4 +109,9 @@ std::u16string SqliteDriver::stillHolds(std::u16string_view column, const ValueV
                : std::u16string(column) + u" = ?";
 }
 
+void SqliteDriver::rollback() noexcept {
+    // Without an error where there is no transaction any more.
+    sqlite3_exec(database_.handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
 } // namespace kvex::sqlite

@@ -17,6 +17,9 @@ public:
                               const std::vector<std::u16string_view> &keyColumns) override;
     [[nodiscard]] std::u16string stillHolds(std::u16string_view column,
                                             const ValueView &read) const override;
+    void begin() override { database_.execute("BEGIN IMMEDIATE"); }
+    void commit() override { database_.execute("COMMIT"); }
+    void rollback() noexcept override;
 
 private:
     Database database_;

@@ -29,6 +29,12 @@ std::span<const CommandDescription> commands() {
          {database, log, format, all},
          true,
          showCommand},
+        {"contacts",
+         "import FILE | list",
+         "take contacts from vCards or CSV; or print id, name and number",
+         {database, user},
+         true,
+         contactsCommand},
         {"init",
          "[--sample]",
          "create the tables, and sample data, where there are none",
@@ -53,7 +59,7 @@ std::span<const OptionDescription> options() {
     static constexpr std::array table{
         OptionDescription{database, "--database", "CONNECTION|PATH",
                           "the database: a connection string or a SQLite file"},
-        OptionDescription{user, "--user", "ID", "in whose name rules are edited, 1 by default"},
+        OptionDescription{user, "--user", "ID", "whose rules and contacts, 1 by default"},
         OptionDescription{log, "--log", "FILE", "where errors are logged"},
         OptionDescription{rule, "--rule", "ID", "the rule to open"},
         OptionDescription{format, "--format", "text|ansi|html",
@@ -73,12 +79,17 @@ kvex/rules.db in $XDG_DATA_HOME (~/.local/share). That file holds lines of
 the beginning of a line.
 
 "list" separates its columns by blanks; the name is the rest of the line, and
-what could break the line is written as \n, \t, \\ or \u{HEX}.
+what could break the line is written as \n, \t, \\ or \u{HEX}. "contacts list"
+separates them by tabs, and lists the contacts that belong to nobody as well.
+
+"contacts import" reads vCards of the versions 3.0 and 4.0, and CSV whose first
+row names its columns ("Name,Mobile"), in UTF-8. What it skips is named with its
+line; a contact that is there already is not added again.
 
 "edit" ends with the line "result: 99" when something was changed, "result: 1"
 when nothing was, and "result: 0" when the rules could not be opened.
 
-Exit status: 0 done; 1 something was not found, or a request was refused;
+Exit status: 0 done; 1 something was not found or skipped, or a request was refused;
 2 wrong use, or nothing could be read.
 )");
     return exit_status::done;

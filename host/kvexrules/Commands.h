@@ -14,6 +14,7 @@ namespace kvex::host {
 int editCommand(const Request &request);
 int listCommand(const Request &request);
 int showCommand(const Request &request);
+int contactsCommand(const Request &request);
 int initCommand(const Request &request);
 int registerCommand(const Request &request);
 int unregisterCommand(const Request &request);

@@ -1,21 +1,12 @@
 #include "host/kvexrules/Database.h"
 
-#include "adapters/recordset/ClientConnection.h"
-#include "adapters/recordset/ClientRecordset.h"
-#include "adapters/sqlite/Provider.h"
+#include "host/suite/Databases.h"
 #include "platform/Text.h"
 
 namespace kvex::host {
 
-std::unique_ptr<Recordset> createRecordset() {
-    return std::make_unique<recordset::ClientRecordset>();
-}
-
-std::unique_ptr<Connection> openConnection(const Settings &settings) {
-    auto connection = std::make_unique<recordset::ClientConnection>(
-        std::vector<recordset::Provider>{sqlite::provider()});
-    static_cast<Connection &>(*connection).open(fromUtf8(settings.database));
-    return connection;
+std::unique_ptr<recordset::ClientConnection> openConnection(const Settings &settings) {
+    return openDatabase(fromUtf8(settings.database));
 }
 
 void failFor(const Settings &settings, const Error &error, int status) {

@@ -37,8 +37,9 @@ std::string ruleOf(const Request &request) {
 /// Makes the host suite with windows the component's.
 ComPointer<ISuiteConfiguration> configureHostSuite(const Settings &settings) {
     ComPointer<ISuiteConfiguration> suite;
-    loadServer(hostSuiteFile(), CLSID_Utility);
-    loadServer(hostSuiteFile(), CLSID_SuiteConfiguration);
+    for (const CLSID &served : {CLSID_Utility, CLSID_ManageContacts, CLSID_SuiteConfiguration}) {
+        loadServer(hostSuiteFile(), served);
+    }
     HRESULT result = createInstance(CLSID_SuiteConfiguration, suite);
     if (SUCCEEDED(result)) {
         result = suite->Configure(Bstr(fromUtf8(settings.database)).get(), nullptr,

@@ -3,6 +3,7 @@
 #include "host/kvexrules/Database.h"
 #include "host/kvexrules/Failure.h"
 #include "host/kvexrules/Numbers.h"
+#include "host/suite/Databases.h"
 #include "host/suite/VisibleText.h"
 #include "platform/Text.h"
 
@@ -11,11 +12,6 @@
 
 namespace kvex::host {
 namespace {
-
-std::u16string textOf(const Recordset &rules, std::u16string_view column) {
-    const ValueView value = rules.field(column);
-    return value.isNull() ? std::u16string() : value.text();
-}
 
 std::string rightAligned(const std::string &text, std::size_t width) {
     return std::string(width - text.size(), ' ') + text;

@@ -1,6 +1,8 @@
 // The entry points of the library KVEXHostSuite, and the table of its classes.
 #include "adapters/classserver/server/Guard.h"
 #include "adapters/classserver/server/InProcessServer.h"
+#include "adapters/qt/QtToolkit.h"
+#include "host/addressbook/ManageContacts.h"
 #include "host/suite/MessageBoxUtility.h"
 #include "host/suite/SuiteConfiguration.h"
 #include "host/suite/SuiteState.h"
@@ -49,11 +51,18 @@ template <class Class> ComPointer<IUnknown> create() {
     return makeComObject<Class>();
 }
 
+ComPointer<IUnknown> createAddressBook() {
+    static qt::QtToolkit toolkit;
+    return makeComObject<ManageContacts>(toolkit);
+}
+
 constexpr std::array classes{
     ServedClass{CLSID_SuiteConfiguration, u"KVEXHostSuite.SuiteConfiguration",
                 u"Configuration of the SMS server's host suite", create<SuiteConfiguration>},
     ServedClass{CLSID_Utility, u"KVEXHostSuite.Utility",
                 u"Utility object of the SMS server's host suite", create<MessageBoxUtility>},
+    ServedClass{CLSID_ManageContacts, u"KVEXHostSuite.ManageContacts",
+                u"Address book of the SMS server's host suite", createAddressBook},
 };
 
 } // namespace

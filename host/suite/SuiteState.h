@@ -2,8 +2,10 @@
 #pragma once
 
 #include "host/suite/ErrorLog.h"
+#include "platform/Error.h"
 
 #include <string>
+#include <string_view>
 
 namespace kvex::host {
 
@@ -19,5 +21,9 @@ struct SuiteState {
 
 /// The one that all objects of the suite in this module share. Set it before the first is made.
 [[nodiscard]] SuiteState &suiteState();
+
+/// Adds an entry to the log of suiteState(): `text`, and the error, when there is one, which is the
+/// last one from then on. `logFile` as ErrorLog::append takes it.
+void logEntry(std::u16string_view logFile, std::u16string_view text, const Error *error);
 
 } // namespace kvex::host

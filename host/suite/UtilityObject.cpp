@@ -1,13 +1,11 @@
 #include "host/suite/UtilityObject.h"
 
 #include "adapters/classserver/server/Guard.h"
-#include "host/suite/LogLine.h"
 #include "host/suite/Passwords.h"
 #include "host/suite/SuiteState.h"
 #include "platform/Text.h"
 #include "platform/controls/Toolkit.h"
 
-#include <ctime>
 #include <iostream>
 
 namespace kvex::host {
@@ -22,10 +20,6 @@ HRESULT give(const std::u16string &text, BSTR *target) noexcept {
         *target = Bstr(text).detach();
         return S_OK;
     });
-}
-
-void log(BSTR logFile, BSTR text, const Error *error) {
-    suiteState().log.append(viewOf(logFile), logLine(std::time(nullptr), viewOf(text), error));
 }
 
 std::u16string userText(const Error &error) {
@@ -62,8 +56,7 @@ HRESULT UtilityObject::WriteErrorLog(BSTR *logFile, ErrorRecord *error, BSTR tex
         }
         const Error entry(error->number, std::u16string(viewOf(error->description)),
                           std::u16string(viewOf(error->source)));
-        log(*logFile, text, &entry);
-        suiteState().lastReason = entry.description();
+        logEntry(viewOf(*logFile), viewOf(text), &entry);
         if (entry.fromDatabase() && (flag == nullptr || *flag != VARIANT_FALSE)) {
             tellUser(entry);
         }
@@ -77,7 +70,7 @@ HRESULT UtilityObject::ReportMessage(BSTR *logFile, BSTR text, VARIANT_BOOL /*fi
         return E_POINTER;
     }
     return guarded([&] {
-        log(*logFile, text, nullptr);
+        logEntry(viewOf(*logFile), viewOf(text), nullptr);
         return S_OK;
     });
 }

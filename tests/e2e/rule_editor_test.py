@@ -161,6 +161,32 @@ class RuleEditor(unittest.TestCase):
             editor, "Insufficient information. Please select the People for this rule.")
         self.assertEqual(len(self.database.rules()), 3)
 
+    def testThePeopleOfARuleComeFromTheAddressBook(self):
+        self.database.run(
+            "INSERT INTO SMS_CONTACTS (USER_ID, NAME, MOBILE) VALUES (1, 'Asha Rao', '98111-00011'),"
+            " (NULL, 'Ravi', '9811100022'), (2, 'Another''s', '3')")
+        self.start()
+        editor = self.editor()
+        editor.list(CONDITIONS).tab_to().tick("Where the message is From specified people")
+        DESKTOP.press("alt+e")
+        self.program.window("Select People")
+        DESKTOP.press("alt+b")
+        book = self.program.window("Address Book")
+        contacts = book.list("Contacts")
+        self.assertEqual(contacts.row_names(), ["Asha Rao", "Ravi"])
+        book.text_box("Find").wait_until(State.FOCUSED)
+        book.text_box("Find").replace("9811100011")
+        wait_for("the search", lambda: contacts.row_names() == ["Asha Rao"])
+        contacts.tab_to().tick("Asha Rao")
+        DESKTOP.press("alt+f", "ctrl+a", "BackSpace")
+        wait_for("the search to end", lambda: contacts.row_names() == ["Asha Rao", "Ravi"])
+        contacts.tab_to().tick("Ravi")
+        wait_for("the count", lambda: book.says("2 contacts selected"))
+        DESKTOP.press("Return")
+        people = self.program.window("Select People")
+        wait_for("the numbers", lambda: people.list("Selected people").row_names()[1:]
+                 == ["    98111-00011", "    9811100022"])
+
     def testForAllMessagesLocksTheOtherConditions(self):
         self.start()
         conditions = self.editor().list(CONDITIONS).tab_to()

@@ -37,8 +37,8 @@ TEST(CommandLine, WithoutACommandEdits) {
 }
 
 TEST(CommandLine, HasEveryCommand) {
-    for (const char *name :
-         {"edit", "list", "show", "init", "register", "unregister", "help", "version"}) {
+    for (const char *name : {"edit", "list", "show", "contacts", "init", "register", "unregister",
+                             "help", "version"}) {
         EXPECT_EQ(parsed({name}).command->name, name);
     }
 }

@@ -31,6 +31,9 @@ public:
                                             const ValueView & /*read*/) const override {
         return {};
     }
+    void begin() override {}
+    void commit() override {}
+    void rollback() noexcept override {}
 };
 
 std::u16string connectedUser;

@@ -1,0 +1,66 @@
+// The address book's window: the user searches contacts and chooses among them.
+#pragma once
+
+#include "host/addressbook/ContactSearch.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/Label.h"
+#include "platform/controls/ListView.h"
+#include "platform/controls/TextBox.h"
+#include "platform/controls/Toolkit.h"
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+namespace kvex::host {
+
+/// One showing. What was ticked stays so whatever the search shows.
+class AddressBookWindow {
+public:
+    /// `multiple`: many may be chosen, by their check boxes; else one, by selecting its row.
+    /// Fails as Toolkit::createWindow does.
+    AddressBookWindow(Toolkit &toolkit, std::vector<Contact> contacts, bool multiple);
+
+    /// Shows the window until it is closed; gives the contacts chosen, in the address book's
+    /// order, none when the user cancelled. Once.
+    [[nodiscard]] std::vector<Contact> show();
+
+private:
+    void txtSearch_Change();
+    void lvwContacts_ItemClick();
+    void lvwContacts_ItemCheck(int row);
+    void lvwContacts_DblClick();
+    void cmdTickAll_Click();
+    void cmdClear_Click();
+    void cmdSelect_Click();
+
+    /// Lists the contacts that the search finds.
+    void listFound();
+    /// Makes the rows' check boxes say what is chosen.
+    void showTicks();
+    void choose(std::size_t contact, bool chosen);
+    void chooseNone();
+    /// Where one row is the choice: a row that is selected no more is none.
+    void dropLostChoice();
+    void showChoice();
+    [[nodiscard]] std::u16string hintText() const;
+
+    ContactSearch contacts_;
+    bool multiple_;
+    std::unique_ptr<Window> window_;
+    TextBox &txtSearch;
+    Label &lblHint;
+    ListView &lvwContacts;
+    CommandButton &cmdTickAll;
+    CommandButton &cmdClear;
+    Label &lblCount;
+    CommandButton &cmdSelect;
+
+    /// The contacts that the rows show.
+    std::vector<std::size_t> shown_;
+    std::vector<bool> chosen_;
+    std::size_t chosenCount_ = 0;
+    bool accepted_ = false;
+};
+
+} // namespace kvex::host

@@ -1,0 +1,51 @@
+// Contacts of a file: what each format's reader gives.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kvex::host {
+
+struct FileContact {
+    std::u16string name;
+    std::u16string number;
+};
+
+/// A card or row that was skipped.
+struct SkippedEntry {
+    /// From 1.
+    std::size_t line;
+    /// In UTF-8, without a full stop: "the card has no telephone number".
+    std::string reason;
+};
+
+struct ContactFile {
+    /// In the file's order; numbers as they are written there. A contact without a name has its
+    /// number for one.
+    std::vector<FileContact> contacts;
+    std::vector<SkippedEntry> skipped;
+};
+
+/// Reads a file's text: vCards when `isVCard` or when it begins as one, else CSV. A byte order
+/// mark before it does not count. Raises std::invalid_argument with a sentence for the user when
+/// none of it can be read: see VCard.h and ContactTable.h.
+[[nodiscard]] ContactFile readContactFile(std::string_view text, bool isVCard);
+
+/// `text`, in UTF-8, as a name or number is kept: blanks for line breaks and other control
+/// characters, none at the ends.
+[[nodiscard]] std::u16string oneLine(std::string_view text);
+
+/// A number that can be dialled has a digit.
+[[nodiscard]] bool hasDigit(std::u16string_view number);
+
+[[nodiscard]] bool isUtf8(std::string_view text);
+
+/// Whether the two are equal but for the case of ASCII letters.
+[[nodiscard]] bool equalInAscii(std::string_view left, std::string_view right);
+
+/// In ASCII.
+[[nodiscard]] std::string lowerCase(std::string_view text);
+
+} // namespace kvex::host

@@ -1,0 +1,109 @@
+#include "host/addressbook/ManageContacts.h"
+
+#include "adapters/classserver/server/Guard.h"
+#include "host/addressbook/AddressBookWindow.h"
+#include "host/addressbook/TextCollection.h"
+#include "host/suite/Databases.h"
+#include "host/suite/Passwords.h"
+#include "host/suite/SuiteState.h"
+#include "platform/Text.h"
+
+#include <iostream>
+
+namespace kvex::host {
+namespace {
+
+std::unique_ptr<Connection> openContacts(std::u16string_view connectionString) {
+    std::unique_ptr<Connection> connection = openDatabase(connectionString);
+    requireContacts(*connection);
+    return connection;
+}
+
+} // namespace
+
+HRESULT ManageContacts::Init(BSTR /*first*/, BSTR connectionString, LONG /*mode*/,
+                             BSTR * /*secondText*/, BSTR *logFile, VARIANT_BOOL *success) noexcept {
+    if (logFile == nullptr || success == nullptr) {
+        return E_POINTER;
+    }
+    *success = VARIANT_FALSE;
+    return guarded([&] {
+        logFile_ = viewOf(*logFile);
+        selection_.clear();
+        connection_.reset();
+        try {
+            connection_ = openContacts(viewOf(connectionString));
+            *success = VARIANT_TRUE;
+        } catch (const Error &error) {
+            tell(error);
+        }
+        return S_OK;
+    });
+}
+
+HRESULT ManageContacts::SelectRecipients(LONG userId, VARIANT_BOOL multiple, LONG *code) noexcept {
+    if (code == nullptr) {
+        return E_POINTER;
+    }
+    *code = 0;
+    selection_.clear();
+    if (connection_ == nullptr) {
+        return E_UNEXPECTED;
+    }
+    return guarded([&] {
+        try {
+            AddressBookWindow window(toolkit_, contactsOf(userId), multiple != VARIANT_FALSE);
+            selection_ = window.show();
+            *code = selection_.empty() ? 0 : 1;
+            return S_OK;
+        } catch (const Error &error) {
+            tell(error);
+            throw;
+        }
+    });
+}
+
+HRESULT ManageContacts::GetSelectedItems(ITextCollection **items) noexcept {
+    return give(&Contact::name, items);
+}
+
+HRESULT ManageContacts::GetSelectedNumbers(ITextCollection **numbers) noexcept {
+    return give(&Contact::number, numbers);
+}
+
+std::vector<Contact> ManageContacts::contactsOf(LONG userId) {
+    std::vector<Contact> contacts = readContacts(*connection_, userId);
+    std::erase_if(contacts, [](const Contact &contact) { return trimmed(contact.number).empty(); });
+    return contacts;
+}
+
+/// The user, too: who called only logs that this failed, and a button that does nothing puzzles.
+void ManageContacts::tell(const Error &error) {
+    const std::u16string sentence = u"The address book cannot be opened.";
+    logEntry(logFile_, u"KVEXHostSuite: " + sentence, &error);
+    const std::u16string text = sentence + u"\r\n\r\n" + withoutPasswords(error.description());
+    try {
+        toolkit_.showMessageBox(u"Address Book", text, message_box::exclamation);
+    } catch (const Error &) {
+        std::cerr << toUtf8(text) << std::endl;
+    }
+}
+
+HRESULT ManageContacts::give(std::u16string Contact::*part,
+                             ITextCollection **texts) const noexcept {
+    if (texts == nullptr) {
+        return E_POINTER;
+    }
+    *texts = nullptr;
+    return guarded([&] {
+        std::vector<std::u16string> parts;
+        parts.reserve(selection_.size());
+        for (const Contact &contact : selection_) {
+            parts.push_back(contact.*part);
+        }
+        *texts = makeComObject<TextCollection>(std::move(parts)).detach();
+        return S_OK;
+    });
+}
+
+} // namespace kvex::host

@@ -1,0 +1,202 @@
+#include "host/addressbook/VCard.h"
+
+#include "host/addressbook/VCardLine.h"
+#include "host/suite/VisibleText.h"
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+
+namespace kvex::host {
+namespace {
+
+constexpr std::string_view opening = "BEGIN:VCARD";
+
+bool isType(const VCardLine &line, std::initializer_list<std::string_view> types) {
+    return std::ranges::any_of(types,
+                               [&](std::string_view type) { return line.has("type", type); });
+}
+
+/// The number of a TEL line, "" for one that no message can go to.
+std::u16string numberOf(const VCardLine &line) {
+    constexpr std::string_view scheme = "tel:";
+    if (equalInAscii(line.value.substr(0, scheme.size()), scheme)) {
+        const std::string_view number = std::string_view(line.value).substr(scheme.size());
+        return oneLine(number.substr(0, number.find(';')));
+    }
+    const bool isOtherUri = line.has("value", "uri");
+    return isOtherUri ? std::u16string() : oneLine(unescaped(line.value));
+}
+
+void append(std::string &name, std::string_view part) {
+    if (!part.empty()) {
+        name.append(name.empty() ? "" : " ").append(part);
+    }
+}
+
+/// "FAMILY;GIVEN;ADDITIONAL;PREFIXES;SUFFIXES", each a list, in the order in which they are said.
+std::string nameOfParts(std::string_view value) {
+    constexpr std::array<std::size_t, 5> saidOrder{3, 1, 2, 0, 4};
+    const std::vector<std::string_view> parts = escapedParts(value, ';');
+    std::string name;
+    for (const std::size_t part : saidOrder) {
+        if (part < parts.size()) {
+            for (const std::string_view word : escapedParts(parts[part], ',')) {
+                append(name, unescaped(word));
+            }
+        }
+    }
+    return name;
+}
+
+/// "ORGANISATION;UNIT;UNIT".
+std::string nameOfOrganisation(std::string_view value) {
+    std::string name;
+    for (const std::string_view unit : escapedParts(value, ';')) {
+        append(name, unescaped(unit));
+    }
+    return name;
+}
+
+/// One card, gathered line by line.
+class Card {
+public:
+    explicit Card(std::size_t line) : line_(line) {}
+
+    void take(const UnfoldedLine &text) {
+        const std::optional<VCardLine> line = parseVCardLine(text.text);
+        if (!isUtf8(text.text)) {
+            fail(text.number, "the line is not in UTF-8");
+        } else if (line) {
+            take(*line, text.number);
+        } else if (!text.text.empty()) {
+            fail(text.number, "the line is not one of a vCard");
+        }
+    }
+
+    void endInto(ContactFile &file) {
+        const std::vector<std::u16string> &numbers = mobiles_.empty() ? others_ : mobiles_;
+        if (version_.empty()) {
+            fail(line_, "the card has no version");
+        } else if (numbers.empty()) {
+            fail(line_, "the card has no telephone number");
+        }
+        if (!reason_.empty()) {
+            file.skipped.push_back({failedLine_, reason_});
+            return;
+        }
+        for (const std::u16string &number : numbers) {
+            file.contacts.push_back({nameFor(number), number});
+        }
+    }
+
+    void endMissing(ContactFile &file) const {
+        file.skipped.push_back({line_, "the card has no END"});
+    }
+
+private:
+    void take(const VCardLine &line, std::size_t number) {
+        if (line.name == "version") {
+            takeVersion(line.value, number);
+        } else if (line.name == "tel") {
+            takeNumber(line);
+        } else if (line.name == "fn" && full_.empty()) {
+            full_ = oneLine(unescaped(line.value));
+        } else if (line.name == "n" && parts_.empty()) {
+            parts_ = oneLine(nameOfParts(line.value));
+        } else if (line.name == "org" && organisation_.empty()) {
+            organisation_ = oneLine(nameOfOrganisation(line.value));
+        }
+    }
+
+    /// What comes of another version's lines says nothing: this is the reason.
+    void takeVersion(const std::string &value, std::size_t number) {
+        version_ = toUtf8(oneLine(value));
+        if (version_ != "3.0" && version_ != "4.0") {
+            reason_.clear();
+            fail(number, "vCard version " + toUtf8(visible(fromUtf8(version_))) +
+                             " is not supported, only 3.0 and 4.0 are");
+        }
+    }
+
+    void takeNumber(const VCardLine &line) {
+        const std::u16string number = numberOf(line);
+        const bool isMobile = isType(line, {"cell", "mobile"});
+        const bool isMachine =
+            isType(line, {"fax", "pager", "modem", "bbs"}) && !isType(line, {"voice", "text"});
+        if (hasDigit(number) && (isMobile || !isMachine)) {
+            (isMobile ? mobiles_ : others_).push_back(number);
+        }
+    }
+
+    /// The first reason stays.
+    void fail(std::size_t line, std::string reason) {
+        if (reason_.empty()) {
+            failedLine_ = line;
+            reason_ = std::move(reason);
+        }
+    }
+
+    [[nodiscard]] const std::u16string &nameFor(const std::u16string &number) const {
+        for (const std::u16string *name : {&full_, &parts_, &organisation_}) {
+            if (!name->empty()) {
+                return *name;
+            }
+        }
+        return number;
+    }
+
+    std::size_t line_;
+    std::string version_;
+    std::u16string full_;
+    std::u16string parts_;
+    std::u16string organisation_;
+    std::vector<std::u16string> mobiles_;
+    std::vector<std::u16string> others_;
+    std::size_t failedLine_ = 0;
+    std::string reason_;
+};
+
+} // namespace
+
+bool beginsAsVCard(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
+    return equalInAscii(text.substr(0, opening.size()), opening);
+}
+
+ContactFile readVCards(std::string_view text) {
+    ContactFile file;
+    std::optional<Card> card;
+    bool anyCard = false;
+    bool outside = false;
+    for (const UnfoldedLine &line : unfoldedLines(text)) {
+        const std::string_view content =
+            std::string_view(line.text).substr(0, line.text.find_last_not_of(" \t") + 1);
+        if (equalInAscii(content, opening)) {
+            if (card) {
+                card->endMissing(file);
+            }
+            card.emplace(line.number);
+            anyCard = true;
+            outside = false;
+        } else if (card && equalInAscii(content, "END:VCARD")) {
+            card->endInto(file);
+            card.reset();
+        } else if (card) {
+            card->take(line);
+        } else if (!content.empty() && !outside) {
+            file.skipped.push_back({line.number, "the text belongs to no card"});
+            outside = true;
+        }
+    }
+    if (card) {
+        card->endMissing(file);
+    }
+    if (!anyCard) {
+        throw std::invalid_argument("It holds no vCard: none begins with BEGIN:VCARD.");
+    }
+    return file;
+}
+
+} // namespace kvex::host

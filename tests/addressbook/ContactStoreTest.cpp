@@ -1,0 +1,70 @@
+#include "host/addressbook/ContactStore.h"
+
+#include "host/addressbook/Contacts.h"
+#include "host/suite/Databases.h"
+#include "tests/support/TestDatabase.h"
+
+#include <gtest/gtest.h>
+
+namespace kvex::test {
+namespace {
+
+using host::FileContact;
+using Rows = std::vector<std::string>;
+
+class ContactStore : public testing::Test {
+protected:
+    host::StoredCount store(const std::vector<FileContact> &contacts) {
+        return host::storeContacts(*connection, 1, contacts);
+    }
+    Rows stored() {
+        return database.rows("SELECT USER_ID, NAME, MOBILE, DELETED FROM SMS_CONTACTS ORDER BY ID");
+    }
+
+    TestDatabase database;
+    std::unique_ptr<recordset::ClientConnection> connection =
+        host::openDatabase(database.connectionString());
+};
+
+TEST_F(ContactStore, AddsTheContactsAsTheUsers) {
+    const auto count = store({{u"O'Neill", u"98 11"}, {u"अनिल 🚨", u"+91"}});
+    EXPECT_EQ(count.taken, 2U);
+    EXPECT_EQ(count.alreadyThere, 0U);
+    EXPECT_EQ(stored(), (Rows{"1|O'Neill|98 11|0", "1|अनिल 🚨|+91|0"}));
+}
+
+TEST_F(ContactStore, AddsNoneTwice) {
+    database.execute("INSERT INTO SMS_CONTACTS (USER_ID, NAME, MOBILE) VALUES (1, 'A', '1')");
+    const auto count = store({{u"A", u"1"}, {u"A", u"2"}, {u"a", u"1"}, {u"A", u"2"}});
+    EXPECT_EQ(count.taken, 2U);
+    EXPECT_EQ(count.alreadyThere, 2U);
+    EXPECT_EQ(stored(), (Rows{"1|A|1|0", "1|A|2|0", "1|a|1|0"}));
+}
+
+TEST_F(ContactStore, DoesNotCountContactsOfOthersNobodysAndDeletedOnes) {
+    database.execute("INSERT INTO SMS_CONTACTS (USER_ID, NAME, MOBILE, DELETED) VALUES "
+                     "(2, 'A', '1', 0), (NULL, 'A', '1', 0), (1, 'A', '1', 1)");
+    EXPECT_EQ(store({{u"A", u"1"}}).taken, 1U);
+}
+
+TEST_F(ContactStore, StoresNothingWhenTheDatabaseRefusesOne) {
+    database.execute("CREATE TRIGGER refuse BEFORE INSERT ON SMS_CONTACTS WHEN NEW.NAME = 'C' "
+                     "BEGIN SELECT RAISE(ABORT, 'full'); END");
+    EXPECT_THROW(store({{u"A", u"1"}, {u"B", u"2"}, {u"C", u"3"}, {u"D", u"4"}}), Error);
+    EXPECT_EQ(stored(), Rows());
+    EXPECT_EQ(store({{u"A", u"1"}}).taken, 1U);
+}
+
+TEST_F(ContactStore, GivesTheUsersContactsAndNobodys) {
+    database.execute("INSERT INTO SMS_CONTACTS (ID, USER_ID, NAME, MOBILE, DELETED) VALUES "
+                     "(9, 1, 'A', '1', 0), (3, NULL, NULL, NULL, 0), (4, 2, 'C', '3', 0), "
+                     "(5, 1, 'D', '4', 1)");
+    const auto contacts = host::readContacts(*connection, 1);
+    ASSERT_EQ(contacts.size(), 2U);
+    EXPECT_EQ(contacts[0].id, u"3");
+    EXPECT_EQ(contacts[0].name + contacts[0].number, u"");
+    EXPECT_EQ(contacts[1].id, u"9");
+}
+
+} // namespace
+} // namespace kvex::test

@@ -1,0 +1,81 @@
+// The address book as hosts get it: served by the suite's library, where no window can be shown.
+#include "adapters/classserver/ClassServer.h"
+#include "platform/ComPointer.h"
+#include "platform/HostSuite.h"
+#include "platform/Text.h"
+#include "tests/host/EnvironmentVariables.h"
+#include "tests/host/TemporaryFolder.h"
+#include "tests/support/TestDatabase.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace kvex::test {
+namespace {
+
+class SuiteServer : public testing::Test {
+protected:
+    SuiteServer() {
+        for (const char *display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+            variables.set(display, std::nullopt);
+        }
+    }
+
+    ComPointer<IManageContacts> create() {
+        EXPECT_EQ(CoLoadServer(KVEX_HOST_SUITE, CLSID_ManageContacts), S_OK) << CoLoadErrorText();
+        ComPointer<IManageContacts> book;
+        EXPECT_EQ(createInstance(CLSID_ManageContacts, book), S_OK);
+        return book;
+    }
+    VARIANT_BOOL init(IManageContacts &book, std::u16string_view connectionString) {
+        Bstr second;
+        Bstr log((folder / "log").u16string());
+        VARIANT_BOOL success = VARIANT_FALSE;
+        EXPECT_EQ(book.Init(nullptr, Bstr(connectionString).get(), 1, second.inOut(), log.inOut(),
+                            &success),
+                  S_OK);
+        return success;
+    }
+
+    host::TemporaryFolder folder;
+    host::EnvironmentVariables variables;
+    TestDatabase database;
+};
+
+TEST_F(SuiteServer, ServesTheAddressBook) {
+    const auto book = create();
+    EXPECT_EQ(init(*book, database.connectionString()), VARIANT_TRUE);
+    ComPointer<ITextCollection> names;
+    EXPECT_EQ(book->GetSelectedItems(names.put()), S_OK);
+}
+
+TEST_F(SuiteServer, WithoutADisplaySelectsNobodyAndLogsWhy) {
+    const auto book = create();
+    init(*book, database.connectionString());
+    LONG code = -1;
+    EXPECT_LT(book->SelectRecipients(1, VARIANT_TRUE, &code), 0);
+    EXPECT_EQ(code, 0);
+    EXPECT_THAT(host::readFile(folder / "log"), testing::HasSubstr("display"));
+}
+
+TEST_F(SuiteServer, WithoutADisplayTellsOnStandardErrorWhyItCannotBeOpened) {
+    const auto book = create();
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(init(*book, u"Provider=Paper"), VARIANT_FALSE);
+    EXPECT_THAT(testing::internal::GetCapturedStderr(),
+                testing::HasSubstr("The address book cannot be opened."));
+}
+
+TEST_F(SuiteServer, RegistersTheAddressBookByItsName) {
+    variables.set("XDG_DATA_HOME", folder.path().string());
+    CLSID found{};
+    EXPECT_EQ(CLSIDFromProgID(u"KVEXHostSuite.ManageContacts", &found), CO_E_CLASSSTRING);
+    ASSERT_EQ(CoRegisterServer(KVEX_HOST_SUITE), S_OK);
+    EXPECT_EQ(CLSIDFromProgID(u"KVEXHostSuite.ManageContacts", &found), S_OK);
+    EXPECT_TRUE(found == CLSID_ManageContacts);
+    EXPECT_EQ(CoUnregisterServer(KVEX_HOST_SUITE), S_OK);
+    EXPECT_EQ(CLSIDFromProgID(u"KVEXHostSuite.ManageContacts", &found), CO_E_CLASSSTRING);
+}
+
+} // namespace
+} // namespace kvex::test

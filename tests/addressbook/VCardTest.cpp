@@ -1,0 +1,144 @@
+#include "host/addressbook/VCard.h"
+
+#include "platform/Text.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+namespace kvex::host {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+/// "NAME: NUMBER" of each contact, then "LINE: REASON" of what was skipped.
+Lines outcome(std::string_view text) {
+    const ContactFile file = readVCards(text);
+    Lines lines;
+    for (const FileContact &contact : file.contacts) {
+        lines.push_back(toUtf8(contact.name + u": " + contact.number));
+    }
+    for (const SkippedEntry &skipped : file.skipped) {
+        lines.push_back(std::to_string(skipped.line) + ": " + skipped.reason);
+    }
+    return lines;
+}
+
+/// A card of version 4.0 with these lines, each ended.
+std::string card(std::string_view lines, std::string_view version = "4.0") {
+    return "BEGIN:VCARD\r\nVERSION:" + std::string(version) + "\r\n" + std::string(lines) +
+           "END:VCARD\r\n";
+}
+
+TEST(VCard, GivesNameAndNumberOfBothVersions) {
+    EXPECT_EQ(outcome(card("FN:Asha Rao\r\nTEL:98111 00011\r\n", "3.0") +
+                      card("FN:अनिल 🚨\r\nTEL;VALUE=text:+91-9811100033\r\n")),
+              (Lines{"Asha Rao: 98111 00011", "अनिल 🚨: +91-9811100033"}));
+}
+
+TEST(VCard, TakesLinesThatEndInALineFeedAlone) {
+    EXPECT_EQ(outcome("BEGIN:VCARD\nVERSION:3.0\nFN:A\nTEL:1\nEND:VCARD"), (Lines{"A: 1"}));
+}
+
+TEST(VCard, UnfoldsLinesAlsoInsideOfACharacter) {
+    EXPECT_EQ(outcome(card("FN:Asha\r\n  R\xC3\r\n \xA9mi\r\n\t Rao\r\nTEL:9\r\n 8\r\n")),
+              (Lines{"Asha Rémi Rao: 98"}));
+}
+
+TEST(VCard, DoesNotCareAboutCase) {
+    EXPECT_EQ(outcome("begin:vcard\nversion:3.0\nfn:A\ntel;type=Cell:1\nend:VCard\n"),
+              (Lines{"A: 1"}));
+}
+
+TEST(VCard, ReadsGroupsAndQuotedParameters) {
+    EXPECT_EQ(outcome(card("FN:A\r\nitem1.TEL;X-LABEL=\"a;b:c,d\";TYPE=\"voice,cell\":98\r\n"
+                           "item2.TEL:11\r\n")),
+              (Lines{"A: 98"}));
+}
+
+TEST(VCard, ReadsEscapedCharacters) {
+    EXPECT_EQ(outcome(card("FN:Rao\\, Asha\\; \\\\ O'Neill\\nDesk\r\nTEL:1\r\n")),
+              (Lines{"Rao, Asha; \\ O'Neill Desk: 1"}));
+}
+
+TEST(VCard, PutsTheNameTogetherWhereItIsNotWritten) {
+    EXPECT_EQ(outcome(card("N:Rao;Asha,Devi;K\\;;Dr.;Ph.D.\r\nTEL:1\r\n") +
+                      card("FN:\r\nN:;;;;\r\nORG:Acme\\, Inc.;Sales\r\nTEL:2\r\n") +
+                      card("TEL:3\r\n")),
+              (Lines{"Dr. Asha Devi K; Rao Ph.D.: 1", "Acme, Inc. Sales: 2", "3: 3"}));
+}
+
+TEST(VCard, PrefersMobileNumbers) {
+    EXPECT_EQ(outcome(card("FN:A\r\nTEL;TYPE=home:1\r\nTEL;TYPE=cell:2\r\nTEL;CELL:3\r\n"
+                           "TEL;TYPE=work;TYPE=CELL:4\r\n")),
+              (Lines{"A: 2", "A: 3", "A: 4"}));
+}
+
+TEST(VCard, TakesEveryNumberOfPeopleWhereThereIsNoMobile) {
+    EXPECT_EQ(outcome(card("FN:A\r\nTEL;TYPE=home,voice:1\r\nTEL;TYPE=fax:2\r\nTEL:3\r\n"
+                           "TEL;TYPE=pager:4\r\nTEL;TYPE=\"fax,voice\":5\r\n")),
+              (Lines{"A: 1", "A: 3", "A: 5"}));
+}
+
+TEST(VCard, KeepsOfATelephoneUriTheNumber) {
+    EXPECT_EQ(outcome(card("FN:A\r\nTEL;VALUE=uri;TYPE=cell:tel:+91-98111-00011;ext=5\r\n"
+                           "TEL;VALUE=URI;TYPE=cell:TEL:98\r\nTEL;VALUE=uri:sip:a1@b\r\n")),
+              (Lines{"A: +91-98111-00011", "A: 98"}));
+}
+
+TEST(VCard, NamesTheLineOfACardWithoutANumber) {
+    EXPECT_EQ(
+        outcome(card("FN:A\r\n") + card("FN:B\r\nTEL;TYPE=fax:1\r\n") +
+                card("FN:C\r\nTEL:none\r\n") + card("FN:D\r\nTEL:1\r\n")),
+        (Lines{"D: 1", "1: the card has no telephone number", "5: the card has no telephone number",
+               "10: the card has no telephone number"}));
+}
+
+TEST(VCard, NamesTheLineOfAnotherVersion) {
+    EXPECT_EQ(outcome("BEGIN:VCARD\nVERSION:2.1\nN;ENCODING=QUOTED-PRINTABLE:=41=\n=42\nTEL:1\n"
+                      "END:VCARD\n"
+                      "BEGIN:VCARD\nFN:A\nTEL:1\nEND:VCARD\n"),
+              (Lines{"2: vCard version 2.1 is not supported, only 3.0 and 4.0 are",
+                     "7: the card has no version"}));
+    EXPECT_EQ(outcome("BEGIN:VCARD\n=42\nVERSION:2.1\nTEL:1\nEND:VCARD\n"),
+              (Lines{"3: vCard version 2.1 is not supported, only 3.0 and 4.0 are"}));
+}
+
+TEST(VCard, NamesTheLineThatIsNone) {
+    EXPECT_EQ(outcome(card("FN:A\r\nTEL\r\n") + card("FN:B\r\nTEL;X=\"1:2\r\n") +
+                      card("FN:C\r\n.TEL:1\r\n") + card("FN:D\r\n\r\nTEL:1\r\n")),
+              (Lines{"D: 1", "4: the line is not one of a vCard",
+                     "9: the line is not one of a vCard", "14: the line is not one of a vCard"}));
+}
+
+TEST(VCard, NamesTheLineThatIsNotInUtf8) {
+    EXPECT_EQ(outcome(card("FN:Ren\xE9\r\nTEL:1\r\n") + card("FN:B\r\nTEL:2\r\n")),
+              (Lines{"B: 2", "3: the line is not in UTF-8"}));
+}
+
+TEST(VCard, NamesACardWithoutAnEnd) {
+    EXPECT_EQ(outcome("BEGIN:VCARD\nVERSION:3.0\nTEL:1\n" + card("FN:B\r\nTEL:2\r\n") +
+                      "BEGIN:VCARD\nVERSION:3.0\nTEL:3\n"),
+              (Lines{"B: 2", "1: the card has no END", "9: the card has no END"}));
+}
+
+TEST(VCard, NamesTextBetweenCardsOnce) {
+    EXPECT_EQ(outcome(card("TEL:1\r\n") + "FN:A\nTEL:2\n\nEND:VCARD\n" + card("TEL:3\r\n")),
+              (Lines{"1: 1", "3: 3", "5: the text belongs to no card"}));
+}
+
+TEST(VCard, RefusesATextWithoutACard) {
+    EXPECT_THROW(static_cast<void>(readVCards("")), std::invalid_argument);
+    EXPECT_THROW(static_cast<void>(readVCards("Name,Mobile\nA,1\n")), std::invalid_argument);
+}
+
+TEST(ContactFile, IsRecognisedByWhatItBeginsWith) {
+    const std::string card = "\xEF\xBB\xBF\r\nBegin:vCard\nVERSION:3.0\nFN:A\nTEL:1\nEND:VCARD\n";
+    EXPECT_EQ(readContactFile(card, false).contacts.size(), 1U);
+    EXPECT_EQ(readContactFile("\xEF\xBB\xBFName,Mobile\nA,1\n", false).contacts.size(), 1U);
+    EXPECT_THROW(static_cast<void>(readContactFile("Name,Mobile\nA,1\n", true)),
+                 std::invalid_argument);
+}
+
+} // namespace
+} // namespace kvex::host
