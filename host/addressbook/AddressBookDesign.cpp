@@ -42,15 +42,15 @@ WindowDesign addressBookDesign(bool multiple) {
                                                : u"Select a contact in the list first")),
                 cancelButton(),
             },
-        .layout = column({
-            row({place(u"Label1"), place(u"txtSearch", 1)}),
-            place(u"lblHint"),
-            place(u"Label2"),
-            place(u"lvwContacts", 1),
-            row({place(u"lblCount"), spring(), place(u"cmdTickAll"), place(u"cmdClear")}),
-            place(u"Frame1"),
-            row({spring(), place(u"cmdSelect"), place(u"cmdCancel")}),
-        }),
+        .layout = aboveButtons(
+            {
+                row({place(u"Label1"), place(u"txtSearch", 1)}),
+                place(u"lblHint"),
+                place(u"Label2"),
+                place(u"lvwContacts", 1),
+                row({place(u"lblCount"), spring(), place(u"cmdTickAll"), place(u"cmdClear")}),
+            },
+            u"cmdSelect"),
         .columns = 64,
         .lines = 26,
     };

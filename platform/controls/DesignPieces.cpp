@@ -59,9 +59,10 @@ ControlDesign cancelButton() {
     return cancel;
 }
 
-Layout aboveOkAndCancel(std::vector<Layout> content, std::u16string cancel) {
+Layout aboveButtons(std::vector<Layout> content, const std::u16string &accept,
+                    const std::u16string &cancel) {
     content.push_back(place(u"Frame1"));
-    content.push_back(row({spring(), place(u"cmdOK"), place(std::move(cancel))}));
+    content.push_back(row({spring(), place(accept), place(cancel)}));
     return column(std::move(content));
 }
 

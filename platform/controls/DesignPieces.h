@@ -26,9 +26,11 @@ namespace kvex::design {
 [[nodiscard]] ControlDesign plainOkButton();
 [[nodiscard]] ControlDesign cancelButton();
 
-/// A window's layout: `content` from top to bottom, and the end that every window has.
-[[nodiscard]] Layout aboveOkAndCancel(std::vector<Layout> content,
-                                      std::u16string cancel = u"cmdCancel");
+/// A window's layout: `content` from top to bottom, and the end that every window has, with these
+/// buttons.
+[[nodiscard]] Layout aboveButtons(std::vector<Layout> content,
+                                  const std::u16string &accept = u"cmdOK",
+                                  const std::u16string &cancel = u"cmdCancel");
 /// Buttons beside what they work on, one below the other.
 [[nodiscard]] Layout buttonColumn(const std::vector<std::u16string> &buttons, int stretch = 0);
 

@@ -32,3 +32,7 @@ ALERT_TEXT = "1. Type the Alert Text"
 ALERT_ACCOUNT = "2. Select the Account to be used for sending the Alert"
 RECIPIENTS = "Alert Recipients"
 SELECTED_RECIPIENTS = "Selected recipients"
+
+# The address book.
+FIND = "Find"
+CONTACTS = "Contacts"

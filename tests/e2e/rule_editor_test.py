@@ -7,7 +7,7 @@ from pathlib import Path
 from accessibility import State
 from desktop import Desktop, wait_for
 from kvexrules import KvexRules, initialise
-from names import ACTIONS, CONDITIONS, NAME, RULES
+from names import ACTIONS, CONDITIONS, CONTACTS, FIND, NAME, RULES, SELECTED_PEOPLE
 from whole_rule import ACTION, LESSER_ACTION, LESSER_QUERY, QUERY, Composer
 
 PROGRAM = Path(os.environ["KVEXRULES"])
@@ -172,10 +172,10 @@ class RuleEditor(unittest.TestCase):
         self.program.window("Select People")
         DESKTOP.press("alt+b")
         book = self.program.window("Address Book")
-        contacts = book.list("Contacts")
+        contacts = book.list(CONTACTS)
         self.assertEqual(contacts.row_names(), ["Asha Rao", "Ravi"])
-        book.text_box("Find").wait_until(State.FOCUSED)
-        book.text_box("Find").replace("9811100011")
+        book.text_box(FIND).wait_until(State.FOCUSED)
+        book.text_box(FIND).replace("9811100011")
         wait_for("the search", lambda: contacts.row_names() == ["Asha Rao"])
         contacts.tab_to().tick("Asha Rao")
         DESKTOP.press("alt+f", "ctrl+a", "BackSpace")
@@ -184,7 +184,7 @@ class RuleEditor(unittest.TestCase):
         wait_for("the count", lambda: book.says("2 contacts selected"))
         DESKTOP.press("Return")
         people = self.program.window("Select People")
-        wait_for("the numbers", lambda: people.list("Selected people").row_names()[1:]
+        wait_for("the numbers", lambda: people.list(SELECTED_PEOPLE).row_names()[1:]
                  == ["    98111-00011", "    9811100022"])
 
     def testForAllMessagesLocksTheOtherConditions(self):

@@ -3,7 +3,7 @@ dialog. On a database with the sample data."""
 
 from accessibility import State
 from names import (ACCOUNTS, ACTIONS, ALERT, ALERT_ACCOUNT, ALERT_TEXT, AS_COMMAND, CONDITIONS,
-                   CONTAINS_WORDS, DELETE, DISTRIBUTE, FROM_PEOPLE, IGNORE_SERVICE, NAME, PEOPLE,
+                   CONTACTS, CONTAINS_WORDS, DELETE, DISTRIBUTE, FROM_PEOPLE, IGNORE_SERVICE, NAME, PEOPLE,
                    RECIPIENTS, REPLY, REPLY_ACCOUNT, REPLY_TEXT, SELECTED_ACCOUNTS,
                    SELECTED_PEOPLE, SELECTED_RECIPIENTS, SELECTED_USERS, SELECTED_WORDS, STOP,
                    THROUGH_ACCOUNTS, USERS, WITHIN_DATES)
@@ -85,8 +85,17 @@ class Composer:
             window.list(added).row(f"    {entry}")
 
     def people(self, window):
-        self.add_typed(window, PEOPLE, ["9811100011", "9811100022"], SELECTED_PEOPLE)
+        self.add_typed(window, PEOPLE, ["9811100011"], SELECTED_PEOPLE)
+        self.desktop.press("alt+b")
+        self.address_book(self.program.window("Address Book"))
+        window.wait_until(State.ACTIVE)
+        window.list(SELECTED_PEOPLE).row("    9811100022")
         self.seen("frmRulePeople")
+
+    def address_book(self, window):
+        window.list(CONTACTS).tab_to().tick("Field engineer")
+        self.seen("frmAddressBook")
+        self.desktop.press("Return")
 
     def accounts(self, window):
         offered = window.list(ACCOUNTS).wait_until(State.FOCUSED)

@@ -43,7 +43,7 @@ WindowDesign frmRuleAlertDesign() {
                 cancelButton(),
                 listIcons(),
             },
-        .layout = aboveOkAndCancel({
+        .layout = aboveButtons({
             place(u"Label2"),
             place(u"rtAlertText", 3),
             row({place(u"Label3"), place(u"txtCharCount"), spring()}),

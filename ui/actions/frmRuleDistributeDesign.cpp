@@ -38,7 +38,7 @@ WindowDesign frmRuleDistributeDesign() {
                  .name = u"imgListIcons",
                  .pictures = {Picture::person}},
             },
-        .layout = aboveOkAndCancel({
+        .layout = aboveButtons({
             row({column({place(u"Label2"), place(u"lvwUsersSource", 1)}, 1),
                  column({spring(), place(u"cmdSelect"), place(u"cmdAll"), place(u"cmdRemove"),
                          spring()}),

@@ -25,7 +25,7 @@ WindowDesign frmRuleReplyDesign() {
                 cancelButton(),
                 listIcons(),
             },
-        .layout = aboveOkAndCancel({
+        .layout = aboveButtons({
             place(u"Label2"),
             place(u"rtReplyText", 3),
             row({place(u"Label1"), place(u"txtCharCount"), spring()}),

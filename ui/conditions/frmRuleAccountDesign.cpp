@@ -35,7 +35,7 @@ WindowDesign frmRuleAccountDesign() {
                 hint(u"Label4", u"Select an Account below and click Add"),
                 label(u"Label1", u"&Accounts", u"lvwAccountSource"),
             },
-        .layout = aboveOkAndCancel({
+        .layout = aboveButtons({
             place(u"Label4"),
             place(u"Label1"),
             row({column({place(u"lvwAccountSource", 1), place(u"lvwAccountSelected", 1)}, 1),

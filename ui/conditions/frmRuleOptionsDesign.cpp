@@ -48,7 +48,7 @@ WindowDesign frmRuleOptionsDesign() {
                 hint(u"Label4", u"You can further customize this condition by setting the options "
                                 u"below"),
             },
-        .layout = aboveOkAndCancel(
+        .layout = aboveButtons(
             {
                 place(u"Label4"),
                 row({place(u"Label2"), place(u"Label3", 1)}),
@@ -59,7 +59,7 @@ WindowDesign frmRuleOptionsDesign() {
                 row({place(u"Label1"), place(u"Label5", 1)}),
                 place(u"lvwRuleCondition", 1),
             },
-            u"cmdcancel"),
+            u"cmdOK", u"cmdcancel"),
         .columns = 64,
         .lines = 28,
     };

@@ -30,7 +30,7 @@ WindowDesign frmRulePeopleDesign() {
                 hint(u"Label4", u"Type one mobile number at a time and click Add, or select "
                                 u"numbers from the Address Book"),
             },
-        .layout = aboveOkAndCancel({
+        .layout = aboveButtons({
             place(u"Label4"),
             place(u"Label1"),
             row({column({place(u"txtMobileNo"), place(u"lvwPeople", 1)}, 1),

@@ -31,7 +31,7 @@ WindowDesign frmRuleWordsDesign() {
                 label(u"Label1", u"&Words", u"txtWord"),
                 hint(u"Label4", u"Type specific words or a phrase and click Add"),
             },
-        .layout = aboveOkAndCancel({
+        .layout = aboveButtons({
             place(u"Label4"),
             place(u"Label1"),
             row({column({place(u"txtWord"), place(u"lvwWords", 1), place(u"chkWordAsCommand")}, 1),

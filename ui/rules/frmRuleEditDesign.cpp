@@ -49,7 +49,7 @@ WindowDesign frmRuleEditDesign() {
                 okButton(),
                 cancelButton(),
             },
-        .layout = aboveOkAndCancel({
+        .layout = aboveButtons({
             place(u"Label1"),
             place(u"lvwRuleConditions", 6),
             row({spring(), place(u"cmdEditCondition")}),

@@ -38,7 +38,7 @@ WindowDesign frmRulesDesign() {
                 okButton(),
                 cancelButton(),
             },
-        .layout = aboveOkAndCancel({
+        .layout = aboveButtons({
             place(u"Label1"),
             row({place(u"lvwRules", 1),
                  buttonColumn({u"cmdNew", u"cmdModify", u"cmdCopy", u"cmdRemove", u"cmdApply",
