@@ -38,8 +38,9 @@ def settings(colours, size):
 
 
 def reduce(picture):
-    """Fewer colours: half the size, and nobody sees a difference."""
-    subprocess.run(["convert", picture, "-strip", "-colors", "64", f"png8:{picture}"], check=True)
+    """Fewer colours: half the size."""
+    subprocess.run(["convert", picture, "-strip", "+dither", "-colors", "128",
+                    f"png8:{picture}"], check=True)
 
 
 def take(kvexrules, folder, colours, size):

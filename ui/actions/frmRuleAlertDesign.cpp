@@ -45,7 +45,7 @@ WindowDesign frmRuleAlertDesign() {
             },
         .layout = aboveButtons({
             place(u"Label2"),
-            place(u"rtAlertText", 3),
+            place(u"rtAlertText", 2),
             row({place(u"Label3"), place(u"txtCharCount"), spring()}),
             place(u"Label6"),
             place(u"Label5"),
@@ -55,7 +55,7 @@ WindowDesign frmRuleAlertDesign() {
             row({column({place(u"txtMobileNo"), place(u"lvwPeople", 1)}, 1),
                  buttonColumn(
                      {u"cmdAdd", u"cmdAddressBook", u"cmdRemove", u"cmdClear", u"cmdOptions"})},
-                3),
+                2),
         }),
         .columns = 68,
         .lines = 38,
