@@ -1,6 +1,6 @@
 #include "host/addressbook/ContactTable.h"
 
-#include "platform/Text.h"
+#include "tests/addressbook/ContactFileLines.h"
 
 #include <gtest/gtest.h>
 
@@ -9,19 +9,8 @@
 namespace kvex::host {
 namespace {
 
-using Lines = std::vector<std::string>;
-
-/// "NAME: NUMBER" of each contact, then "LINE: REASON" of what was skipped.
 Lines outcome(std::string_view text) {
-    const ContactFile file = readContactTable(text);
-    Lines lines;
-    for (const FileContact &contact : file.contacts) {
-        lines.push_back(toUtf8(contact.name + u": " + contact.number));
-    }
-    for (const SkippedEntry &skipped : file.skipped) {
-        lines.push_back(std::to_string(skipped.line) + ": " + skipped.reason);
-    }
-    return lines;
+    return linesOf(readContactTable(text));
 }
 
 TEST(ContactTable, ReadsRowsOfAnyLineEnding) {

@@ -101,4 +101,14 @@ std::string utf8(std::u16string_view text) {
     return toUtf8(text);
 }
 
+std::vector<int> tickedRows(const ListView &list) {
+    std::vector<int> rows;
+    for (int row = 1; row <= list.rowCount(); ++row) {
+        if (list.checked(row)) {
+            rows.push_back(row);
+        }
+    }
+    return rows;
+}
+
 } // namespace kvex::test

@@ -84,4 +84,7 @@ protected:
 /// The database's text as tests compare it.
 [[nodiscard]] std::string utf8(std::u16string_view text);
 
+/// The positions of the rows that are ticked.
+[[nodiscard]] std::vector<int> tickedRows(const ListView &list);
+
 } // namespace kvex::test

@@ -84,14 +84,7 @@ protected:
     }
     static std::u16string count(User &user) { return user.get<TextBox>(u"txtCharCount").text(); }
     static std::vector<int> ticked(User &user) {
-        const auto &list = user.get<ListView>(u"lvwOutAccount");
-        std::vector<int> rows;
-        for (int row = 1; row <= list.rowCount(); ++row) {
-            if (list.checked(row)) {
-                rows.push_back(row);
-            }
-        }
-        return rows;
+        return tickedRows(user.get<ListView>(u"lvwOutAccount"));
     }
     static std::u16string description(User &user) {
         return user.get<RichTextBox>(u"rtRuleDesc").text();

@@ -42,14 +42,7 @@ protected:
         ruleUI.reset();
     }
     static std::vector<int> ticked(QtUser &user) {
-        const auto &list = user.get<ListView>(u"lvwOutAccount");
-        std::vector<int> rows;
-        for (int row = 1; row <= list.rowCount(); ++row) {
-            if (list.checked(row)) {
-                rows.push_back(row);
-            }
-        }
-        return rows;
+        return tickedRows(user.get<ListView>(u"lvwOutAccount"));
     }
     static std::u16string count(QtUser &user) { return user.get<TextBox>(u"txtCharCount").text(); }
     static void clickRowHolding(QtUser &user, const char16_t *list, int row,

@@ -9,14 +9,7 @@ constexpr auto actions = u"lvwRuleActions";
 class RuleEditor : public ComponentTest {
 protected:
     static std::vector<int> ticked(User &user, const char16_t *name) {
-        std::vector<int> rows;
-        auto &list = user.get<ListView>(name);
-        for (int row = 1; row <= list.rowCount(); ++row) {
-            if (list.checked(row)) {
-                rows.push_back(row);
-            }
-        }
-        return rows;
+        return tickedRows(user.get<ListView>(name));
     }
     static std::vector<int> greyed(User &user, const char16_t *name) {
         std::vector<int> rows;

@@ -3,7 +3,6 @@
 #include "component/ErrorTrap.h"
 #include "component/Session.h"
 #include "platform/Text.h"
-#include "platform/controls/CommandButton.h"
 #include "rules/InputHelpers.h"
 #include "rules/RuleState.h"
 #include "rules/StoredMoment.h"
@@ -103,8 +102,8 @@ frmRuleDate::frmRuleDate()
     ToDate.onChange = [this] { ToDate_Change(); };
     FromTime.onChange = [this] { FromTime_Change(); };
     ToTime.onChange = [this] { ToTime_Change(); };
-    control<CommandButton>(u"cmdOK").onClick = [this] { cmdOK_Click(); };
-    control<CommandButton>(u"cmdCancel").onClick = [this] { cmdCancel_Click(); };
+    onClick(u"cmdOK", &frmRuleDate::cmdOK_Click);
+    onClick(u"cmdCancel", &frmRuleDate::cmdCancel_Click);
 }
 
 void frmRuleDate::Form_Load() {

@@ -26,14 +26,14 @@ struct RulePart {
     bool (*held)(const RuleState &rule);
     /// What unticking its row takes from the rule.
     void (*clear)(RuleState &rule);
-    /// For a part with values, which a dialog edits: whether the rule has them all, and what the
-    /// user is told when it has not. Null for a part that is only ticked.
+    /// For a part with values: whether the rule has them all, what the user is told when it has
+    /// not, and what shows the dialog that edits them, until it is closed. Null for a part that is
+    /// only ticked.
     bool (*complete)(const RuleState &rule) = nullptr;
     const char16_t *incompleteText = nullptr;
-    /// Shows the dialog, until it is closed.
     void (*showDialog)() = nullptr;
 
-    [[nodiscard]] bool hasDialog() const { return complete != nullptr; }
+    [[nodiscard]] bool hasDialog() const { return showDialog != nullptr; }
 };
 
 [[nodiscard]] std::span<const RulePart> ruleConditions();

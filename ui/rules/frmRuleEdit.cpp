@@ -203,7 +203,7 @@ void frmRuleEdit::cmdConfigureAction_Click() {
 /// the dialog was left.
 void frmRuleEdit::editSelectedPart(const ListView &list, std::span<const RulePart> parts) {
     const int row = list.selectedRow();
-    if (row > 0 && partOf(parts, row).showDialog != nullptr) {
+    if (row > 0 && partOf(parts, row).hasDialog()) {
         partOf(parts, row).showDialog();
     }
     describeRule();

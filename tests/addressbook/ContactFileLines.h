@@ -1,0 +1,26 @@
+// What a reader of contact files gave, as lines that tests compare.
+#pragma once
+
+#include "host/addressbook/ContactFile.h"
+#include "platform/Text.h"
+
+#include <string>
+#include <vector>
+
+namespace kvex::host {
+
+using Lines = std::vector<std::string>;
+
+/// "NAME: NUMBER" of each contact, then "LINE: REASON" of what was skipped.
+inline Lines linesOf(const ContactFile &file) {
+    Lines lines;
+    for (const FileContact &contact : file.contacts) {
+        lines.push_back(toUtf8(contact.name + u": " + contact.number));
+    }
+    for (const SkippedEntry &skipped : file.skipped) {
+        lines.push_back(std::to_string(skipped.line) + ": " + skipped.reason);
+    }
+    return lines;
+}
+
+} // namespace kvex::host
