@@ -68,6 +68,7 @@ Layout aboveButtons(std::vector<Layout> content, const std::u16string &accept,
 
 Layout buttonColumn(const std::vector<std::u16string> &buttons, int stretch) {
     std::vector<Layout> pieces;
+    pieces.reserve(buttons.size() + 1);
     for (const std::u16string &button : buttons) {
         pieces.push_back(place(button));
     }

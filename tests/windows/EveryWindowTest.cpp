@@ -30,7 +30,7 @@ protected:
 
     /// Shows each window once, in the order in which they open, and leaves it by Esc.
     void walk(const std::map<std::u16string, Check> &checks) {
-        const auto checked = [&](const std::u16string &window, OnScreen further = {}) {
+        const auto checked = [&](const std::u16string &window, const OnScreen &further = {}) {
             play.whenShown(window, [&checks, window, further](QtUser &user) {
                 enableEverything(user);
                 checks.at(window)(user);
@@ -46,9 +46,9 @@ protected:
         };
         checked(u"frmRuleEdit", [&, withOptions](QtUser &editor) {
             const auto open = [&](std::u16string_view list, int row, std::u16string_view button,
-                                  const std::u16string &window, OnScreen further = {}) {
+                                  const std::u16string &window, const OnScreen &further = {}) {
                 editor.clickRow(list, row);
-                checked(window, std::move(further));
+                checked(window, further);
                 editor.click(button);
             };
             open(u"lvwRuleConditions", 2, u"cmdEditCondition", u"frmRulePeople");
@@ -127,8 +127,8 @@ protected:
 
 TEST_F(EveryWindow, EachControlIsReachedByTabInItsPlaceAndSaysWhatItIs) {
     std::map<std::u16string, Check> checks;
-    for (const auto &[window, tabOrder] : tabOrders()) {
-        checks[window] = [&tabOrder](QtUser &user) { expectAccessible(user, tabOrder); };
+    for (const auto &order : tabOrders()) {
+        checks[order.first] = [&order](QtUser &user) { expectAccessible(user, order.second); };
     }
     walk(checks);
 }
