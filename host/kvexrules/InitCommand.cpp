@@ -1,5 +1,5 @@
+#include "adapters/recordset/Schema.h"
 #include "adapters/sqlite/ConnectionSettings.h"
-#include "adapters/sqlite/Schema.h"
 #include "adapters/sqlite/SqliteStatement.h"
 #include "host/kvexrules/Commands.h"
 #include "host/kvexrules/Console.h"
@@ -7,6 +7,7 @@
 #include "host/kvexrules/Failure.h"
 #include "host/kvexrules/SampleData.h"
 #include "host/kvexrules/Settings.h"
+#include "host/suite/Databases.h"
 #include "platform/Text.h"
 
 #include <filesystem>
@@ -35,7 +36,7 @@ void requireOwnTables(const sqlite::Database &database, const Settings &settings
 
 bool createTables(const std::u16string &name, const Settings &settings) {
     try {
-        return sqlite::createSchema(name);
+        return recordset::createSchema(*openOrMakeDatabase(name));
     } catch (const Error &error) {
         failFor(settings, error, exit_status::refused);
     }
