@@ -55,13 +55,14 @@ Database::Database(std::u16string_view name, int busyTimeout, Missing missing)
         }
         openUnchanging();
     }
-    if (missing == Missing::refuse && isEmptyFile()) {
+    const bool isNew = isEmptyFile();
+    if (missing == Missing::refuse && isNew) {
         throw errorWith(SQLITE_NOTADB,
                         u"The file " + name_ +
                             u" is empty: name the server's database file, or create the tables "
                             u"with kvexrules init.");
     }
-    if (holdsRules()) {
+    if (isNew || holdsRules()) {
         writeAhead();
     }
     execute("PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON");
@@ -74,6 +75,17 @@ Error Database::lastError() const {
 void Database::execute(const char *statements) const {
     if (sqlite3_exec(handle(), statements, nullptr, nullptr, nullptr) != SQLITE_OK) {
         throw lastError();
+    }
+}
+
+void Database::requireInPlace() const {
+    int moved = 0;
+    if (sqlite3_file_control(handle(), "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK &&
+        moved != 0) {
+        throw errorWith(SQLITE_READONLY_DBMOVED,
+                        u"The database file " + name_ +
+                            u" was moved, replaced or removed since it was opened: put it back, or "
+                            u"close the window and open it again on the file that is there now.");
     }
 }
 

@@ -81,6 +81,7 @@ void SqliteDriver::query(const recordset::Statement &statement, recordset::RowSi
 }
 
 std::int64_t SqliteDriver::execute(const recordset::Statement &statement) {
+    database_.requireInPlace();
     SqliteStatement command(database_, statement.text);
     command.bind(statement.parameters);
     while (command.step()) {
@@ -91,6 +92,7 @@ std::int64_t SqliteDriver::execute(const recordset::Statement &statement) {
 std::vector<Value> SqliteDriver::insert(std::u16string_view table,
                                         const std::vector<recordset::Assignment> &values,
                                         const std::vector<std::u16string_view> &keyColumns) {
+    database_.requireInPlace();
     recordset::Statement insertion = recordset::insertRow(table, values, u"DEFAULT VALUES");
     insertion.text.append(u" RETURNING ").append(recordset::listed(keyColumns));
     recordset::RowStore inserted;
@@ -107,6 +109,25 @@ std::u16string SqliteDriver::stillHolds(std::u16string_view column, const ValueV
     return std::holds_alternative<std::u16string_view>(read.held())
                ? u"CAST(" + std::u16string(column) + u" AS TEXT) = ? COLLATE BINARY"
                : std::u16string(column) + u" = ?";
+}
+
+recordset::ColumnTypes SqliteDriver::columnTypes() const {
+    // AUTOINCREMENT: the id of a removed row is not given again.
+    return {.key = u"INTEGER PRIMARY KEY AUTOINCREMENT",
+            .name = u"TEXT",
+            .text = u"TEXT",
+            .integer = u"INTEGER",
+            .behindTable = u""};
+}
+
+std::vector<std::u16string> SqliteDriver::columnsOf(std::u16string_view table) {
+    SqliteStatement names(database_, u"SELECT name FROM pragma_table_info(?)");
+    names.bind({ValueView(table)});
+    std::vector<std::u16string> columns;
+    while (names.step()) {
+        columns.push_back(names.text(0));
+    }
+    return columns;
 }
 
 void SqliteDriver::rollback() noexcept {
