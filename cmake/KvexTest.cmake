@@ -1,12 +1,19 @@
-# kvex_test(NAME LABELS label… SOURCES file… LIBRARIES library… [ENVIRONMENT A=B…])
-# One GoogleTest program; each of its tests is a CTest test with these labels.
+# kvex_test(NAME [WHOLE] LABELS label… SOURCES file… LIBRARIES library… [ENVIRONMENT A=B…])
+# One GoogleTest program; each of its tests is a CTest test with these labels. With WHOLE the
+# program is one CTest test: its tests share what is costly to start.
 find_package(GTest REQUIRED)
 include(GoogleTest)
 
 function(kvex_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LABELS;SOURCES;LIBRARIES;ENVIRONMENT")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "WHOLE" "" "LABELS;SOURCES;LIBRARIES;ENVIRONMENT")
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE kvex_options ${arg_LIBRARIES} GTest::gtest_main GTest::gmock)
+  if(arg_WHOLE)
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES
+      LABELS "${arg_LABELS}" ENVIRONMENT "${arg_ENVIRONMENT}")
+    return()
+  endif()
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST NO_PRETTY_VALUES)
   # Set apart: the discovery takes one value a property, not a list.
   set(properties "${CMAKE_CURRENT_BINARY_DIR}/${name}_properties.cmake")

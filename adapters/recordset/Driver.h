@@ -51,6 +51,19 @@ struct Assignment {
     ValueView value;
 };
 
+/// How the database writes the columns of a new table.
+struct ColumnTypes {
+    /// Numbered by the database; the number of a removed row is not given again.
+    std::u16string_view key;
+    /// Text of 255 characters at least.
+    std::u16string_view name;
+    /// Text of 5,000 characters and more.
+    std::u16string_view text;
+    std::u16string_view integer;
+    /// After the closing bracket: a character set, for one; "" for nothing.
+    std::u16string_view behindTable;
+};
+
 /// One open connection to one database; its destruction closes it. Each call is a transaction of
 /// its own, unless begin was called. What the database refuses is thrown as an Error with the
 /// provider's negative number and a description that says what to do; the call wrote nothing then.
@@ -78,6 +91,11 @@ public:
     /// and is not Null: for text every character counts, whatever the column's collation.
     [[nodiscard]] virtual std::u16string stillHolds(std::u16string_view column,
                                                     const ValueView &read) const = 0;
+
+    [[nodiscard]] virtual ColumnTypes columnTypes() const = 0;
+    /// The columns of the table that a statement without a qualifier finds under this name,
+    /// whatever its case; none when there is no such table.
+    [[nodiscard]] virtual std::vector<std::u16string> columnsOf(std::u16string_view table) = 0;
 
     /// What is called from now on is one transaction, up to commit or rollback; see Transaction.h.
     /// Not within another one.

@@ -55,13 +55,14 @@ Database::Database(std::u16string_view name, int busyTimeout, Missing missing)
         }
         openUnchanging();
     }
-    if (missing == Missing::refuse && isEmptyFile()) {
+    const bool isNew = isEmptyFile();
+    if (missing == Missing::refuse && isNew) {
         throw errorWith(SQLITE_NOTADB,
                         u"The file " + name_ +
                             u" is empty: name the server's database file, or create the tables "
                             u"with kvexrules init.");
     }
-    if (holdsRules()) {
+    if (isNew || holdsRules()) {
         writeAhead();
     }
     execute("PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON");

@@ -12,7 +12,8 @@ struct sqlite3;
 namespace kvex::sqlite {
 
 /// Writes ahead to a log with full synchronisation, enforces foreign keys and waits for locks. A
-/// database without the server's rules keeps its way of logging: it is another program's.
+/// database with tables but without the server's rules keeps its way of logging: it is another
+/// program's.
 class Database {
 public:
     enum class Missing { refuse, create };
@@ -29,9 +30,6 @@ public:
     [[nodiscard]] Error lastError() const;
     /// Runs statements without parameters and results.
     void execute(const char *statements) const;
-    /// From now on the file is written ahead to a log; a file that may not be written stays as it
-    /// is.
-    void writeAhead() const;
 
 private:
     struct Closer {
@@ -42,6 +40,8 @@ private:
     void openUnchanging();
     [[nodiscard]] bool isEmptyFile() const;
     [[nodiscard]] bool holdsRules() const;
+    /// A file that may not be written stays as it is.
+    void writeAhead() const;
 
     std::u16string name_;
     int busyTimeout_;

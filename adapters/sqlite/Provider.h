@@ -15,5 +15,7 @@ namespace kvex::sqlite {
 ///
 /// Numbers and texts of the errors: SqliteError.h.
 [[nodiscard]] recordset::Provider provider();
+/// The same, but makes the file when there is none.
+[[nodiscard]] recordset::Provider creatingProvider();
 
 } // namespace kvex::sqlite

@@ -109,6 +109,25 @@ std::u16string SqliteDriver::stillHolds(std::u16string_view column, const ValueV
                : std::u16string(column) + u" = ?";
 }
 
+recordset::ColumnTypes SqliteDriver::columnTypes() const {
+    // AUTOINCREMENT: the id of a removed row is not given again.
+    return {.key = u"INTEGER PRIMARY KEY AUTOINCREMENT",
+            .name = u"TEXT",
+            .text = u"TEXT",
+            .integer = u"INTEGER",
+            .behindTable = u""};
+}
+
+std::vector<std::u16string> SqliteDriver::columnsOf(std::u16string_view table) {
+    SqliteStatement names(database_, u"SELECT name FROM pragma_table_info(?)");
+    names.bind({ValueView(table)});
+    std::vector<std::u16string> columns;
+    while (names.step()) {
+        columns.push_back(names.text(0));
+    }
+    return columns;
+}
+
 void SqliteDriver::rollback() noexcept {
     // Without an error where there is no transaction any more.
     sqlite3_exec(database_.handle(), "ROLLBACK", nullptr, nullptr, nullptr);

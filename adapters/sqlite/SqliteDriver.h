@@ -17,6 +17,8 @@ public:
                               const std::vector<std::u16string_view> &keyColumns) override;
     [[nodiscard]] std::u16string stillHolds(std::u16string_view column,
                                             const ValueView &read) const override;
+    [[nodiscard]] recordset::ColumnTypes columnTypes() const override;
+    [[nodiscard]] std::vector<std::u16string> columnsOf(std::u16string_view table) override;
     void begin() override { database_.execute("BEGIN IMMEDIATE"); }
     void commit() override { database_.execute("COMMIT"); }
     void rollback() noexcept override;

@@ -4,12 +4,25 @@
 #include "adapters/sqlite/Provider.h"
 
 namespace kvex::host {
+namespace {
 
-std::unique_ptr<recordset::ClientConnection> openDatabase(std::u16string_view connectionString) {
-    auto connection = std::make_unique<recordset::ClientConnection>(
-        std::vector<recordset::Provider>{sqlite::provider()});
+std::unique_ptr<recordset::ClientConnection> opened(std::u16string_view connectionString,
+                                                    const recordset::Provider &files) {
+    auto connection =
+        std::make_unique<recordset::ClientConnection>(std::vector<recordset::Provider>{files});
     static_cast<Connection &>(*connection).open(connectionString);
     return connection;
+}
+
+} // namespace
+
+std::unique_ptr<recordset::ClientConnection> openDatabase(std::u16string_view connectionString) {
+    return opened(connectionString, sqlite::provider());
+}
+
+std::unique_ptr<recordset::ClientConnection>
+openOrMakeDatabase(std::u16string_view connectionString) {
+    return opened(connectionString, sqlite::creatingProvider());
 }
 
 std::unique_ptr<Recordset> createRecordset() {

@@ -14,6 +14,10 @@ namespace kvex::host {
 [[nodiscard]] std::unique_ptr<recordset::ClientConnection>
 openDatabase(std::u16string_view connectionString);
 
+/// The same, but makes an SQLite database's file when there is none.
+[[nodiscard]] std::unique_ptr<recordset::ClientConnection>
+openOrMakeDatabase(std::u16string_view connectionString);
+
 [[nodiscard]] std::unique_ptr<Recordset> createRecordset();
 
 /// The record set's field as text, "" for one without value. Fails as Recordset::field does.

@@ -31,6 +31,10 @@ public:
                                             const ValueView & /*read*/) const override {
         return {};
     }
+    [[nodiscard]] recordset::ColumnTypes columnTypes() const override { return {}; }
+    [[nodiscard]] std::vector<std::u16string> columnsOf(std::u16string_view /*table*/) override {
+        return {};
+    }
     void begin() override {}
     void commit() override {}
     void rollback() noexcept override {}

@@ -1,10 +1,10 @@
 // What is SQLite's own: its settings, keys, encodings and loosely typed values.
-#include "adapters/sqlite/Schema.h"
 #include "platform/Database.h"
 #include "platform/Text.h"
 #include "tests/recordset/ErrorNumber.h"
 #include "tests/recordset/SqliteFixture.h"
 #include "tests/recordset/SqliteSession.h"
+#include "tests/support/SqliteSchema.h"
 
 #include <gtest/gtest.h>
 
@@ -219,7 +219,7 @@ TEST(SqliteMemory, ADatabaseInMemoryIsOpenedByItsName) {
 TEST(SqliteMemory, ASharedDatabaseIsOneForAllItsConnections) {
     const std::u16string name = u"file:shared-by-two?mode=memory&cache=shared";
     const OtherProgram keeper("file:shared-by-two?mode=memory&cache=shared");
-    EXPECT_TRUE(sqlite::createSchema(name));
+    EXPECT_TRUE(createSqliteSchema(name));
     SqliteSession first(name);
     SqliteSession second(name);
     const auto rules = first.records();

@@ -3,8 +3,7 @@
 #include "tests/recordset/Faults.h"
 #include "tests/recordset/SqliteFixture.h"
 #include "tests/recordset/SqliteSession.h"
-
-#include "adapters/sqlite/Schema.h"
+#include "tests/support/SqliteSchema.h"
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
@@ -26,7 +25,7 @@ protected:
         return fromUtf8(path(file));
     }
     void makeRules(const std::string &file = "rules.db") const {
-        sqlite::createSchema(name(file));
+        createSqliteSchema(name(file));
         OtherProgram(path(file)).run(u"INSERT INTO SMS_RULES (ID, Name) VALUES (1, 'stored')");
     }
     void write(const std::string &content) const { std::ofstream(path()) << content; }

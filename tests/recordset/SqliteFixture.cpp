@@ -1,8 +1,8 @@
 #include "tests/recordset/SqliteFixture.h"
 
 #include "adapters/sqlite/Provider.h"
-#include "adapters/sqlite/Schema.h"
 #include "platform/Text.h"
+#include "tests/support/SqliteSchema.h"
 
 #include <sqlite3.h>
 
@@ -16,7 +16,7 @@ class SqliteFixture final : public DatabaseFixture {
 public:
     SqliteFixture(std::unique_ptr<TemporaryFolder> folder, const std::string &name)
         : folder_(std::move(folder)), connectionString_(fromUtf8(name)), other_(name) {
-        sqlite::createSchema(connectionString_);
+        createSqliteSchema(connectionString_);
     }
 
     [[nodiscard]] recordset::Provider provider() const override { return sqlite::provider(); }

@@ -1,5 +1,5 @@
 // Creating the server's tables.
-#include "adapters/sqlite/Schema.h"
+#include "tests/support/SqliteSchema.h"
 #include "platform/Text.h"
 #include "tests/recordset/ErrorNumber.h"
 #include "tests/recordset/SqliteFixture.h"
@@ -19,7 +19,7 @@ namespace {
 class SqliteSchema : public testing::Test {
 protected:
     [[nodiscard]] std::string path() const { return folder_.path() / "rules.db"; }
-    bool create() const { return sqlite::createSchema(fromUtf8(path())); }
+    bool create() const { return createSqliteSchema(fromUtf8(path())); }
     [[nodiscard]] OtherProgram other() const { return OtherProgram(path()); }
     [[nodiscard]] std::u16string tableCount() const {
         return other().valueOf(u"SELECT COUNT(*) FROM sqlite_master WHERE name LIKE 'SMS!_%' "
@@ -43,7 +43,7 @@ TEST_F(SqliteSchema, TheFileAndItsSixTablesAreMadeOnce) {
 }
 
 TEST_F(SqliteSchema, AConnectionStringNamesTheDatabaseToo) {
-    EXPECT_TRUE(sqlite::createSchema(u"Provider=SQLite;Data Source=" + fromUtf8(path())));
+    EXPECT_TRUE(createSqliteSchema(u"Provider=SQLite;Data Source=" + fromUtf8(path())));
     EXPECT_EQ(tableCount(), u"6");
 }
 
@@ -93,9 +93,8 @@ TEST_F(SqliteSchema, OtherTablesAndFurtherColumnsAreLeft) {
 
 TEST_F(SqliteSchema, ATableOfAnotherSchemaRefusesTheDatabaseAndChangesNothing) {
     other().run(u"CREATE TABLE SMS_SERVICE (ID INTEGER PRIMARY KEY, NAME, DELETED)");
-    const Refusal refusal = refusalOf([this] { create(); });
-    EXPECT_EQ(refusal.code, SQLITE_SCHEMA);
-    EXPECT_TRUE(refusal.says(u"SMS_SERVICE has no column DISABLED"));
+    EXPECT_EQ(errorNumber([this] { create(); }), error_number::itemNotFound);
+    EXPECT_TRUE(refusalOf([this] { create(); }).says(u"SMS_SERVICE has no column DISABLED"));
     EXPECT_EQ(tableCount(), u"1");
 }
 
@@ -107,14 +106,35 @@ TEST_F(SqliteSchema, AFileOfAnotherKindIsLeftAsItIs) {
 
 TEST_F(SqliteSchema, NoFolderIsCreated) {
     EXPECT_EQ(refusalOf([this] {
-                  sqlite::createSchema(fromUtf8((folder() / "none" / "rules.db").string()));
+                  createSqliteSchema(fromUtf8((folder() / "none" / "rules.db").string()));
               }).code,
               SQLITE_CANTOPEN);
     EXPECT_FALSE(std::filesystem::exists(folder() / "none"));
 }
 
-TEST_F(SqliteSchema, AnotherProvidersDatabaseIsRefused) {
-    EXPECT_EQ(errorNumber([] { sqlite::createSchema(u"DSN=rules"); }), error_number::badArgument);
+TEST_F(SqliteSchema, AConnectionThatIsNotOpenIsRefused) {
+    EXPECT_EQ(errorNumber([] {
+                  recordset::createSchema(recordset::ClientConnection{{sqlite::provider()}});
+              }),
+              error_number::objectClosed);
+}
+
+TEST_F(SqliteSchema, ADatabaseThatMayNotBeWrittenIsLeftAsItIs) {
+    create();
+    EXPECT_FALSE(createSqliteSchema(fromUtf8("file:" + path() + "?mode=ro")));
+}
+
+TEST_F(SqliteSchema, TheColumnsOfATableAreFoundWhateverTheCaseOfItsName) {
+    create();
+    const recordset::ClientConnection connection = [this] {
+        recordset::ClientConnection opened{{sqlite::provider()}};
+        static_cast<Connection &>(opened).open(fromUtf8(path()));
+        return opened;
+    }();
+    const auto driver = connection.driver().lock();
+    EXPECT_EQ(driver->columnsOf(u"sms_Service"),
+              (std::vector<std::u16string>{u"ID", u"NAME", u"DELETED", u"DISABLED"}));
+    EXPECT_TRUE(driver->columnsOf(u"SMS_NONE").empty());
 }
 
 } // namespace kvex::test

@@ -1,7 +1,7 @@
 #include "tests/support/TestDatabase.h"
 
-#include "adapters/sqlite/Schema.h"
 #include "platform/Text.h"
+#include "tests/support/SqliteSchema.h"
 
 #include <sqlite3.h>
 
@@ -35,7 +35,7 @@ TestDatabase::TestDatabase() {
                         nullptr) != SQLITE_OK) {
         giveUp(uri_, "cannot be opened");
     }
-    sqlite::createSchema(fromUtf8(uri_));
+    createSqliteSchema(fromUtf8(uri_));
 }
 
 TestDatabase::~TestDatabase() {

@@ -1,0 +1,116 @@
+#include "adapters/recordset/Schema.h"
+
+#include "adapters/recordset/EqualIgnoringCase.h"
+#include "adapters/recordset/Transaction.h"
+#include "platform/Error.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kvex::recordset {
+namespace {
+
+struct TableColumn {
+    std::u16string_view name;
+    std::u16string_view ColumnTypes::*type;
+    /// "" for Null.
+    std::u16string_view defaultValue;
+};
+
+struct Table {
+    std::u16string_view name;
+    std::vector<TableColumn> columns;
+};
+
+constexpr TableColumn id{u"ID", &ColumnTypes::key, u""};
+constexpr TableColumn name{u"NAME", &ColumnTypes::name, u""};
+constexpr TableColumn deleted{u"DELETED", &ColumnTypes::integer, u"0"};
+
+std::vector<Table> tables() {
+    return {
+        {u"SMS_RULES",
+         {id,
+          {u"Name", &ColumnTypes::name, u""},
+          {u"QueryParam", &ColumnTypes::text, u""},
+          {u"ActionParam", &ColumnTypes::text, u""},
+          {u"PRIORITY", &ColumnTypes::integer, u"0"},
+          {u"ACTIVE", &ColumnTypes::integer, u"1"},
+          deleted}},
+        {u"SMS_USERS", {id, name, deleted}},
+        {u"SMS_ACCOUNT", {id, name, {u"BIND_MODE", &ColumnTypes::name, u""}, deleted}},
+        {u"SMS_SERVICE", {id, name, deleted, {u"DISABLED", &ColumnTypes::integer, u"0"}}},
+        {u"SMS_SERVICECOMMANDS", {id, {u"SERVICE_ID", &ColumnTypes::integer, u""}, name}},
+        {u"SMS_CONTACTS",
+         {id,
+          {u"USER_ID", &ColumnTypes::integer, u""},
+          name,
+          {u"MOBILE", &ColumnTypes::name, u""},
+          deleted}},
+    };
+}
+
+std::u16string creation(const Table &table, const ColumnTypes &types) {
+    std::u16string text = u"CREATE TABLE ";
+    text.append(table.name);
+    std::u16string_view separator = u" (";
+    for (const TableColumn &column : table.columns) {
+        text.append(separator).append(column.name).append(u" ").append(types.*column.type);
+        if (!column.defaultValue.empty()) {
+            text.append(u" DEFAULT ").append(column.defaultValue);
+        }
+        separator = u", ";
+    }
+    text.append(u")");
+    if (!types.behindTable.empty()) {
+        text.append(u" ").append(types.behindTable);
+    }
+    return text;
+}
+
+void requireColumns(const Table &table, const std::vector<std::u16string> &present) {
+    for (const TableColumn &column : table.columns) {
+        const bool found = std::ranges::any_of(present, [&](const std::u16string &other) {
+            return equalIgnoringCase(other, column.name);
+        });
+        if (!found) {
+            throw Error(error_number::itemNotFound,
+                        u"The database's table " + std::u16string(table.name) + u" has no column " +
+                            std::u16string(column.name) +
+                            u", so it is another program's: nothing was changed, name "
+                            u"another database.");
+        }
+    }
+}
+
+std::vector<Table> missingTables(Driver &driver) {
+    std::vector<Table> missing = tables();
+    std::erase_if(missing, [&](const Table &table) {
+        const std::vector<std::u16string> present = driver.columnsOf(table.name);
+        if (!present.empty()) {
+            requireColumns(table, present);
+        }
+        return !present.empty();
+    });
+    return missing;
+}
+
+} // namespace
+
+bool createSchema(const ClientConnection &connection) {
+    const std::shared_ptr<Driver> driver = connection.driver().lock();
+    if (missingTables(*driver).empty()) {
+        return false;
+    }
+    Transaction transaction(connection);
+    // Another program may have made them before the transaction began.
+    const std::vector<Table> missing = missingTables(*driver);
+    for (const Table &table : missing) {
+        driver->execute({creation(table, driver->columnTypes()), {}});
+    }
+    transaction.commit();
+    return !missing.empty();
+}
+
+} // namespace kvex::recordset

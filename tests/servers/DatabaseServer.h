@@ -1,0 +1,93 @@
+// A database server of a test program's own, on the loopback interface.
+#pragma once
+
+#include "tests/servers/ServerClient.h"
+#include "tests/servers/ServerFolder.h"
+#include "tests/servers/ServerProcess.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kvex::test {
+
+/// What every kind of server does. It has one user, all-powerful, with a password of its own.
+/// Statements are UTF-8. Whatever fails raises std::runtime_error; none says the password.
+class DatabaseServer {
+public:
+    virtual ~DatabaseServer();
+    DatabaseServer(const DatabaseServer &) = delete;
+    DatabaseServer &operator=(const DatabaseServer &) = delete;
+
+    [[nodiscard]] std::uint16_t port() const noexcept { return port_; }
+    /// 0 while it does not run.
+    [[nodiscard]] pid_t pid() const;
+
+    /// On the same port and data as before; it accepts connections when this returns.
+    void start();
+    /// As its administrator stops it.
+    void stop();
+    /// As a loss of power does, but for what the system has taken to write.
+    void kill();
+    /// It runs no more, and keeps its connections open.
+    void freeze();
+    void thaw();
+
+    virtual void createDatabase(const std::string &name) = 0;
+    virtual void dropDatabase(const std::string &name) = 0;
+    void run(const std::string &database, std::string_view statements);
+    /// See ServerClient::rows.
+    [[nodiscard]] std::vector<std::string> rows(const std::string &database,
+                                                std::string_view query);
+    /// The first row, "NONE" without one.
+    [[nodiscard]] std::string valueOf(const std::string &database, std::string_view query);
+
+    /// For the server itself, or for the relay of another port before it.
+    [[nodiscard]] std::string odbcConnectionString(const std::string &database) const;
+    [[nodiscard]] std::string odbcConnectionString(const std::string &database,
+                                                   std::uint16_t relayPort) const;
+
+protected:
+    /// What differs from one kind to the other.
+    struct Kind {
+        const char *odbcDriver;
+        /// The database that is always there.
+        const char *ownDatabase;
+        /// Stops it without waiting for those who are connected.
+        int stopSignal;
+    };
+    explicit DatabaseServer(const Kind &kind);
+
+    /// The first start, on a port that is free.
+    void startSomewhere();
+    /// The program with its arguments.
+    [[nodiscard]] virtual std::vector<std::string> command() const = 0;
+    /// Raises std::runtime_error while the server accepts no connection.
+    [[nodiscard]] virtual std::unique_ptr<ServerClient>
+    connect(const std::string &database) const = 0;
+
+    [[nodiscard]] const ServerFolder &folder() const noexcept { return folder_; }
+    [[nodiscard]] const std::string &password() const noexcept { return password_; }
+    [[nodiscard]] std::string ownDatabase() const { return kind_.ownDatabase; }
+    /// Closes the connection that run and rows keep open to a database.
+    void disconnect(const std::string &database);
+
+    static constexpr const char *user = "kvex";
+
+private:
+    ServerClient &client(const std::string &database);
+    void awaitAnswer();
+
+    Kind kind_;
+    ServerFolder folder_;
+    std::string password_;
+    std::uint16_t port_ = 0;
+    std::optional<ServerProcess> process_;
+    std::map<std::string, std::unique_ptr<ServerClient>> clients_;
+};
+
+} // namespace kvex::test

@@ -1,0 +1,140 @@
+#include "tests/servers/PostgreSqlServer.h"
+
+#include <libpq-fe.h>
+
+#include <array>
+#include <csignal>
+#include <stdexcept>
+
+namespace kvex::test {
+namespace {
+
+class PostgreSqlClient final : public ServerClient {
+public:
+    explicit PostgreSqlClient(PGconn *connection) : connection_(connection) {
+        if (PQstatus(connection) != CONNECTION_OK) {
+            throw std::runtime_error(PQerrorMessage(connection));
+        }
+        // Notices belong into no test's output.
+        PQsetNoticeProcessor(
+            connection, [](void *, const char *) {}, nullptr);
+    }
+
+    std::vector<std::string> rows(std::string_view statements) override {
+        const std::unique_ptr<PGresult, Clear> result(
+            PQexec(connection_.get(), std::string(statements).c_str()));
+        switch (PQresultStatus(result.get())) {
+        case PGRES_COMMAND_OK:
+        case PGRES_EMPTY_QUERY:
+            return {};
+        case PGRES_TUPLES_OK:
+            return rowsOf(*result);
+        default:
+            throw std::runtime_error(PQerrorMessage(connection_.get()));
+        }
+    }
+
+private:
+    struct Finish {
+        void operator()(PGconn *connection) const noexcept { PQfinish(connection); }
+    };
+    struct Clear {
+        void operator()(PGresult *result) const noexcept { PQclear(result); }
+    };
+
+    static std::vector<std::string> rowsOf(const PGresult &result) {
+        std::vector<std::string> rows;
+        for (int row = 0; row < PQntuples(&result); ++row) {
+            std::string &text = rows.emplace_back();
+            for (int column = 0; column < PQnfields(&result); ++column) {
+                text.append(column > 0 ? "|" : "");
+                text.append(PQgetisnull(&result, row, column) != 0
+                                ? "NULL"
+                                : PQgetvalue(&result, row, column));
+            }
+        }
+        return rows;
+    }
+
+    std::unique_ptr<PGconn, Finish> connection_;
+};
+
+std::string program(const char *name) {
+    return std::string(KVEX_POSTGRESQL_PROGRAMS "/") + name;
+}
+
+std::string quoted(const std::string &name) {
+    return '"' + name + '"';
+}
+
+} // namespace
+
+PostgreSqlServer::PostgreSqlServer() : DatabaseServer({"PostgreSQL Unicode", "postgres", SIGINT}) {
+    folder().write("password", password());
+    runToEnd({program("initdb"), "--pgdata", folder() / "data", "--username", user, "--pwfile",
+              folder() / "password", "--auth", "scram-sha-256", "--encoding=UTF8",
+              "--locale=C.UTF-8", "--no-sync", "--no-instructions"},
+             folder());
+    std::filesystem::remove(folder() / "password");
+    startSomewhere();
+}
+
+PostgreSqlServer &PostgreSqlServer::shared() {
+    static PostgreSqlServer server;
+    return server;
+}
+
+std::vector<std::string> PostgreSqlServer::command() const {
+    // fsync protects from a crash of the system, not of the server.
+    return {program("postgres"),
+            "-D",
+            folder() / "data",
+            "-p",
+            std::to_string(port()),
+            "-c",
+            "listen_addresses=127.0.0.1",
+            "-c",
+            "unix_socket_directories=",
+            "-c",
+            "fsync=off",
+            "-c",
+            "full_page_writes=off",
+            "-c",
+            "shared_buffers=8MB",
+            "-c",
+            "wal_level=minimal",
+            "-c",
+            "max_wal_senders=0",
+            "-c",
+            "max_connections=30",
+            "-c",
+            "shared_memory_type=mmap",
+            "-c",
+            "dynamic_shared_memory_type=mmap"};
+}
+
+std::unique_ptr<ServerClient> PostgreSqlServer::connect(const std::string &database) const {
+    const std::string portText = std::to_string(port());
+    const std::array<const char *, 8> keys{
+        "host", "port", "dbname", "user", "password", "connect_timeout", "sslmode", nullptr};
+    const std::array<const char *, 8> values{
+        "127.0.0.1", portText.c_str(), database.c_str(), user, password().c_str(),
+        "60",        "disable",        nullptr};
+    return std::make_unique<PostgreSqlClient>(PQconnectdbParams(keys.data(), values.data(), 0));
+}
+
+void PostgreSqlServer::createDatabase(const std::string &name) {
+    createDatabase(name, "template0");
+}
+
+void PostgreSqlServer::createDatabase(const std::string &name, const std::string &original) {
+    disconnect(original);
+    run(ownDatabase(), "CREATE DATABASE " + quoted(name) + " TEMPLATE " + quoted(original));
+}
+
+void PostgreSqlServer::dropDatabase(const std::string &name) {
+    disconnect(name);
+    run(ownDatabase(), "DROP DATABASE " + quoted(name) + " WITH (FORCE)");
+}
+
+} // namespace kvex::test
