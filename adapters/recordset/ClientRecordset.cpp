@@ -21,9 +21,30 @@ Value storable(const Value &value) {
     return value;
 }
 
-[[noreturn]] void failRemoved() {
-    throw Error(rowChangedByAnother, u"Another program has removed this record: close the window "
-                                     u"and open it again.");
+/// Fails when a write or resync met no row.
+void requireMet(bool met) {
+    if (!met) {
+        throw Error(rowChangedByAnother, u"Another user changed or removed it meanwhile: close the "
+                                         u"window and open it again to see what is stored now.");
+    }
+}
+
+/// `error` as it leaves the record set: of the database's the user learns first what it means.
+[[noreturn]] void refuse(const Error &error, const std::u16string &outcome) {
+    if (!error.fromDatabase()) {
+        throw error;
+    }
+    throw Error(error.number(), outcome + u". " + error.description(), error.source());
+}
+
+/// Runs a call that writes; `outcome` is what holds when the database refuses it.
+template <class Call> auto writing(const std::u16string &outcome, const Call &call) {
+    try {
+        return call();
+    } catch (const Error &error) {
+        refuse(error,
+               error.number() == connectionLost ? outcome + u", as far as is known" : outcome);
+    }
 }
 
 auto &required(auto &opened) {
@@ -52,8 +73,13 @@ void ClientRecordset::open(std::u16string_view source, Connection &connection,
     }
     std::weak_ptr<Driver> driver = client->driver();
     RowStore rows;
-    driver.lock()->query({std::u16string(source), {}}, rows);
-    opened_.emplace(Opened{ClientCursor(std::move(rows)), std::move(driver), lock, {}, false});
+    const Statement query{std::u16string(source), {}};
+    driver.lock()->query(query, rows);
+    opened_.emplace(Opened{.cursor = ClientCursor(std::move(rows)),
+                           .driver = std::move(driver),
+                           .source = query.text,
+                           .lock = lock,
+                           .changes = {}});
 }
 
 ObjectState ClientRecordset::state() const {
@@ -139,20 +165,14 @@ void ClientRecordset::update() {
 void ClientRecordset::deleteCurrent() {
     Opened &open = opened();
     open.requireRow();
-    const std::shared_ptr<Driver> driver = open.connected();
-    const BaseTable table = open.writable();
-    if (driver->execute(deleteRow(table.name, open.keyOf(table))) == 0) {
-        failRemoved();
-    }
-    open.discardPending();
-    open.cursor.removeCurrent();
+    open.remove();
 }
 
 void ClientRecordset::resyncCurrent() {
     Opened &open = opened();
     open.requireRow();
     const std::shared_ptr<Driver> driver = open.connected();
-    const BaseTable table = BaseTable::of(open.cursor.columns());
+    const BaseTable table = open.table(*driver);
     std::vector<std::size_t> columns;
     std::vector<std::u16string_view> names;
     for (std::size_t column = 0; column < open.cursor.columns().size(); ++column) {
@@ -163,9 +183,12 @@ void ClientRecordset::resyncCurrent() {
         }
     }
     RowStore row;
-    driver->query(selectRow(table.name, names, open.keyOf(table)), row);
-    if (row.rowCount() == 0) {
-        failRemoved();
+    try {
+        driver->query(selectRow(table.name, names, open.keyOf(table)), row);
+        requireMet(row.rowCount() > 0);
+    } catch (const Error &error) {
+        refuse(error, u"What was stored before stays stored, but " + open.nameOf(table) +
+                          u" could not be read again");
     }
     open.discardPending();
     for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -201,12 +224,22 @@ std::shared_ptr<Driver> ClientRecordset::Opened::connected() const {
     return connected;
 }
 
-BaseTable ClientRecordset::Opened::writable() const {
+BaseTable ClientRecordset::Opened::table(Driver &database) {
+    if (!described) {
+        std::vector<Column> columns = cursor.columns();
+        database.describe(source, columns);
+        cursor.setColumns(std::move(columns));
+        described = true;
+    }
+    return BaseTable::of(cursor.columns());
+}
+
+BaseTable ClientRecordset::Opened::writable(Driver &database) {
     if (lock == LockType::readOnly) {
         throw Error(error_number::badArgument,
                     u"The record set was opened for reading only: open it with another lock.");
     }
-    return BaseTable::of(cursor.columns());
+    return table(database);
 }
 
 RowKey ClientRecordset::Opened::keyOf(const BaseTable &table) const {
@@ -215,6 +248,18 @@ RowKey ClientRecordset::Opened::keyOf(const BaseTable &table) const {
         key.push_back({cursor.columns()[column].baseColumn, cursor.value(column)});
     }
     return key;
+}
+
+std::u16string ClientRecordset::Opened::nameOf(const BaseTable &table) const {
+    std::u16string name = u"record";
+    std::u16string_view separator = u" ";
+    for (const std::size_t column : table.key) {
+        const ValueView value = cursor.value(column);
+        name.append(separator).append(cursor.columns()[column].name).append(u" ");
+        name.append(value.isNull() ? u"Null" : value.text());
+        separator = u", ";
+    }
+    return name;
 }
 
 std::vector<Assignment> ClientRecordset::Opened::assignments() const {
@@ -231,14 +276,28 @@ std::vector<Assignment> ClientRecordset::Opened::assignments() const {
     return assignments;
 }
 
+std::vector<Assignment> ClientRecordset::Opened::known() const {
+    std::vector<Assignment> known;
+    for (std::size_t column = 0; column < cursor.columns().size(); ++column) {
+        const std::u16string_view name = cursor.columns()[column].baseColumn;
+        if (!name.empty() && cursor.columns()[column].keyParts == 0 && cursor.isKnown(column)) {
+            known.push_back({name, cursor.value(column)});
+        }
+    }
+    return known;
+}
+
 void ClientRecordset::Opened::insert() {
     const std::shared_ptr<Driver> database = connected();
-    const BaseTable table = writable();
+    const BaseTable table = writable(*database);
     std::vector<std::u16string_view> keyColumns;
     for (const std::size_t column : table.key) {
         keyColumns.push_back(cursor.columns()[column].baseColumn);
     }
-    const std::vector<Value> key = database->insert(table.name, assignments(), keyColumns);
+    const std::vector<Assignment> values = assignments();
+    const std::vector<Value> key = writing(u"The new record was not stored", [&] {
+        return database->insert(table.name, values, keyColumns);
+    });
     cursor.append();
     holdChanges();
     for (std::size_t i = 0; i < key.size(); ++i) {
@@ -248,18 +307,27 @@ void ClientRecordset::Opened::insert() {
 
 void ClientRecordset::Opened::write() {
     const std::shared_ptr<Driver> database = connected();
-    const BaseTable table = writable();
+    const BaseTable table = writable(*database);
     const std::vector<Assignment> values = assignments();
     std::vector<Assignment> read;
     for (const auto &change : changes) {
         read.push_back({cursor.columns()[change.first].baseColumn, cursor.value(change.first)});
     }
-    if (database->execute(updateRow(*database, table.name, values, keyOf(table), read)) == 0) {
-        throw Error(rowChangedByAnother,
-                    u"Another program has changed or removed this record. Nothing was stored: "
-                    u"close the window, open it again and repeat the change.");
-    }
+    writing(u"The change of " + nameOf(table) + u" was not stored", [&] {
+        requireMet(database->execute(updateRow(*database, table.name, values, keyOf(table), read)) >
+                   0);
+    });
     holdChanges();
+}
+
+void ClientRecordset::Opened::remove() {
+    const std::shared_ptr<Driver> database = connected();
+    const BaseTable table = writable(*database);
+    writing(u"The removal of " + nameOf(table) + u" was not stored", [&] {
+        requireMet(database->execute(deleteRow(*database, table.name, keyOf(table), known())) > 0);
+    });
+    discardPending();
+    cursor.removeCurrent();
 }
 
 void ClientRecordset::Opened::holdChanges() {
