@@ -24,7 +24,7 @@ void OdbcDriver::query(const recordset::Statement &statement, recordset::RowSink
 
 void OdbcDriver::describe(const std::u16string &query, std::vector<recordset::Column> &columns) {
     const OdbcStatement statement(connection_, query);
-    std::vector<recordset::Column> now = originsOf(connection_, statement);
+    std::vector<recordset::Column> now = originsOf(connection_, statement, query);
     if (!std::ranges::equal(now, columns, {}, &recordset::Column::name, &recordset::Column::name)) {
         throw errorWith(refusal::badStatement,
                         u"Another program has changed the table's columns: close the window and "

@@ -25,7 +25,10 @@ struct ServerKind {
     std::u16string_view beforeColumn;
     std::u16string_view afterColumn;
     std::u16string_view parameter;
+    /// Texts with one come back whole. What would not is refused before it is stored.
     bool keepsNulCharacters;
+    /// Its driver says which column of which table a value comes from.
+    bool saysOrigins;
     recordset::ColumnTypes columnTypes;
 
     /// A server of an unknown name is one of the standard's plain ways. `version` is that of
