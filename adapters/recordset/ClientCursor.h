@@ -9,6 +9,7 @@
 #include <map>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace kvex::recordset {
@@ -21,6 +22,8 @@ public:
     explicit ClientCursor(RowStore rows);
 
     [[nodiscard]] const std::vector<Column> &columns() const noexcept { return rows_.columns(); }
+    /// The same columns, better described.
+    void setColumns(std::vector<Column> columns) { rows_.columns(std::move(columns)); }
     /// The first column of that name; fails with itemNotFound.
     [[nodiscard]] std::size_t columnOf(std::u16string_view name) const;
 

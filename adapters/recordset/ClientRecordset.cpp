@@ -52,8 +52,13 @@ void ClientRecordset::open(std::u16string_view source, Connection &connection,
     }
     std::weak_ptr<Driver> driver = client->driver();
     RowStore rows;
-    driver.lock()->query({std::u16string(source), {}}, rows);
-    opened_.emplace(Opened{ClientCursor(std::move(rows)), std::move(driver), lock, {}, false});
+    const Statement query{std::u16string(source), {}};
+    driver.lock()->query(query, rows);
+    opened_.emplace(Opened{.cursor = ClientCursor(std::move(rows)),
+                           .driver = std::move(driver),
+                           .source = query.text,
+                           .lock = lock,
+                           .changes = {}});
 }
 
 ObjectState ClientRecordset::state() const {
@@ -140,7 +145,7 @@ void ClientRecordset::deleteCurrent() {
     Opened &open = opened();
     open.requireRow();
     const std::shared_ptr<Driver> driver = open.connected();
-    const BaseTable table = open.writable();
+    const BaseTable table = open.writable(*driver);
     if (driver->execute(deleteRow(table.name, open.keyOf(table))) == 0) {
         failRemoved();
     }
@@ -152,7 +157,7 @@ void ClientRecordset::resyncCurrent() {
     Opened &open = opened();
     open.requireRow();
     const std::shared_ptr<Driver> driver = open.connected();
-    const BaseTable table = BaseTable::of(open.cursor.columns());
+    const BaseTable table = open.table(*driver);
     std::vector<std::size_t> columns;
     std::vector<std::u16string_view> names;
     for (std::size_t column = 0; column < open.cursor.columns().size(); ++column) {
@@ -201,12 +206,22 @@ std::shared_ptr<Driver> ClientRecordset::Opened::connected() const {
     return connected;
 }
 
-BaseTable ClientRecordset::Opened::writable() const {
+BaseTable ClientRecordset::Opened::table(Driver &database) {
+    if (!described) {
+        std::vector<Column> columns = cursor.columns();
+        database.describe(source, columns);
+        cursor.setColumns(std::move(columns));
+        described = true;
+    }
+    return BaseTable::of(cursor.columns());
+}
+
+BaseTable ClientRecordset::Opened::writable(Driver &database) {
     if (lock == LockType::readOnly) {
         throw Error(error_number::badArgument,
                     u"The record set was opened for reading only: open it with another lock.");
     }
-    return BaseTable::of(cursor.columns());
+    return table(database);
 }
 
 RowKey ClientRecordset::Opened::keyOf(const BaseTable &table) const {
@@ -233,7 +248,7 @@ std::vector<Assignment> ClientRecordset::Opened::assignments() const {
 
 void ClientRecordset::Opened::insert() {
     const std::shared_ptr<Driver> database = connected();
-    const BaseTable table = writable();
+    const BaseTable table = writable(*database);
     std::vector<std::u16string_view> keyColumns;
     for (const std::size_t column : table.key) {
         keyColumns.push_back(cursor.columns()[column].baseColumn);
@@ -248,7 +263,7 @@ void ClientRecordset::Opened::insert() {
 
 void ClientRecordset::Opened::write() {
     const std::shared_ptr<Driver> database = connected();
-    const BaseTable table = writable();
+    const BaseTable table = writable(*database);
     const std::vector<Assignment> values = assignments();
     std::vector<Assignment> read;
     for (const auto &change : changes) {

@@ -10,6 +10,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -44,19 +45,24 @@ private:
     struct Opened {
         ClientCursor cursor;
         std::weak_ptr<Driver> driver;
+        std::u16string source;
         LockType lock;
         /// The values set and not yet written, by column.
         std::map<std::size_t, Value> changes;
         /// They are those of a new record; the cursor stays where it was before.
         bool isNew = false;
+        /// The driver has said where the columns come from.
+        bool described = false;
 
         void discardPending();
         /// Fails with noCurrentRecord unless a row of the table is the current record.
         void requireRow() const;
         /// Fails with objectClosed when the connection has closed.
         [[nodiscard]] std::shared_ptr<Driver> connected() const;
+        /// The table of the rows. Fails with badArgument when there is none.
+        [[nodiscard]] BaseTable table(Driver &database);
         /// Fails with badArgument when the rows cannot be written.
-        [[nodiscard]] BaseTable writable() const;
+        [[nodiscard]] BaseTable writable(Driver &database);
         [[nodiscard]] RowKey keyOf(const BaseTable &table) const;
         /// Of the changes; fails with badArgument when one is to a computed column.
         [[nodiscard]] std::vector<Assignment> assignments() const;

@@ -73,6 +73,13 @@ public:
 
     /// Delivers the whole result. A statement that has none is not run: badArgument.
     virtual void query(const Statement &statement, RowSink &sink) = 0;
+    /// Says of the columns of `query`, a text that was queried before, where their values come
+    /// from. A driver that cannot say it in query without asking its server for more says it
+    /// here, before the first write.
+    virtual void describe(const std::u16string &query, std::vector<Column> &columns) {
+        static_cast<void>(query);
+        static_cast<void>(columns);
+    }
     /// How many rows the statement found to write, changed in fact or not.
     virtual std::int64_t execute(const Statement &statement) = 0;
     /// Inserts a row with these values and the table's defaults; gives the values that

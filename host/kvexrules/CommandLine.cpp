@@ -1,9 +1,12 @@
 #include "host/kvexrules/CommandLine.h"
 
 #include "host/kvexrules/Failure.h"
+#include "host/suite/Passwords.h"
+#include "platform/Text.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 
 namespace kvex::host {
 namespace {
@@ -15,10 +18,17 @@ using Commands = std::span<const CommandDescription>;
     throw Failure(what + " See: kvexrules help");
 }
 
+/// In quotation marks, a connection string whose option was forgotten up to its first sign.
+std::string quoted(std::string_view word) {
+    const std::size_t sign = word.find('=');
+    const bool isWhole = sign == std::string_view::npos;
+    return "\"" + std::string(word.substr(0, sign)) + (isWhole ? "\"" : "=…\"");
+}
+
 const CommandDescription &commandNamed(std::string_view name, Commands commands) {
     const auto found = std::ranges::find(commands, name, &CommandDescription::name);
     if (found == commands.end()) {
-        refuse("There is no command \"" + std::string(name) + "\".");
+        refuse("There is no command " + quoted(name) + ".");
     }
     return *found;
 }
@@ -116,9 +126,18 @@ Request parseArguments(std::span<const char *const> arguments, Commands commands
         }
     }
     if (!request.words.empty() && !request.command->takesWords) {
-        refuse("The command " + name + " takes no word \"" + request.words.front() + "\".");
+        refuse("The command " + name + " takes no word " + quoted(request.words.front()) + ".");
     }
     return request;
+}
+
+void hidePasswords(std::span<char *const> arguments) {
+    for (char *const argument : arguments) {
+        const std::size_t room = std::strlen(argument);
+        std::string shown = toUtf8(withoutPasswords(fromUtf8(argument)));
+        shown.resize(room);
+        std::ranges::copy(shown, argument);
+    }
 }
 
 std::string helpText(Commands commands, Options options) {

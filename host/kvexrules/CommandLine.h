@@ -54,6 +54,10 @@ struct Request {
                                      std::span<const CommandDescription> commands,
                                      std::span<const OptionDescription> options);
 
+/// Writes "***" over the passwords in `arguments`, for which the system lists each process's to
+/// every user. Nothing may refer to them any more but who wants them without.
+void hidePasswords(std::span<char *const> arguments);
+
 /// The text of the command "help".
 [[nodiscard]] std::string helpText(std::span<const CommandDescription> commands,
                                    std::span<const OptionDescription> options);

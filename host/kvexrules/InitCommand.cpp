@@ -1,6 +1,5 @@
 #include "adapters/recordset/Schema.h"
 #include "adapters/sqlite/ConnectionSettings.h"
-#include "adapters/sqlite/SqliteStatement.h"
 #include "host/kvexrules/Commands.h"
 #include "host/kvexrules/Console.h"
 #include "host/kvexrules/Database.h"
@@ -8,52 +7,20 @@
 #include "host/kvexrules/SampleData.h"
 #include "host/kvexrules/Settings.h"
 #include "host/suite/Databases.h"
+#include "host/suite/Passwords.h"
 #include "platform/Text.h"
 
 #include <filesystem>
+#include <memory>
 
 namespace kvex::host {
 namespace {
 
+using recordset::ClientConnection;
+
 [[noreturn]] void refuse(const Settings &settings, const std::string &why) {
     throw Failure(why + " Name another with --database. " + settings.databaseOrigin,
                   exit_status::refused);
-}
-
-bool hasRows(const sqlite::Database &database, std::u16string_view query) {
-    return sqlite::SqliteStatement(database, query).step();
-}
-
-void requireOwnTables(const sqlite::Database &database, const Settings &settings) {
-    if (hasRows(database,
-                u"SELECT 1 FROM sqlite_schema WHERE name NOT LIKE 'sqlite!_%' ESCAPE '!' AND "
-                u"NOT EXISTS (SELECT 1 FROM sqlite_schema WHERE name = 'SMS_RULES' COLLATE "
-                u"NOCASE)")) {
-        refuse(settings,
-               "The database holds the tables of another program, so nothing was changed.");
-    }
-}
-
-bool createTables(const std::u16string &name, const Settings &settings) {
-    try {
-        return recordset::createSchema(*openOrMakeDatabase(name));
-    } catch (const Error &error) {
-        failFor(settings, error, exit_status::refused);
-    }
-}
-
-/// All or nothing.
-void addSampleData(const sqlite::Database &database, const Settings &settings) {
-    database.execute("BEGIN IMMEDIATE");
-    if (hasRows(database, u"SELECT 1 FROM SMS_RULES UNION ALL SELECT 1 FROM SMS_USERS "
-                          u"UNION ALL SELECT 1 FROM SMS_ACCOUNT "
-                          u"UNION ALL SELECT 1 FROM SMS_SERVICE "
-                          u"UNION ALL SELECT 1 FROM SMS_SERVICECOMMANDS "
-                          u"UNION ALL SELECT 1 FROM SMS_CONTACTS")) {
-        refuse(settings, "The database holds data already, so nothing was added.");
-    }
-    database.execute(sampleData());
-    database.execute("COMMIT");
 }
 
 void createFolder(const std::filesystem::path &folder) {
@@ -66,6 +33,41 @@ void createFolder(const std::filesystem::path &folder) {
     }
 }
 
+/// An SQLite file is made where there is none; a server's database must be there.
+std::unique_ptr<ClientConnection> openToFill(const Settings &settings, bool isFile) {
+    try {
+        return openOrMakeDatabase(fromUtf8(settings.database));
+    } catch (const Error &error) {
+        if (isFile || !error.fromDatabase()) {
+            throw;
+        }
+        throw Failure(toUtf8(error.description()) +
+                      " The database itself, and a user who may create tables in it, must be "
+                      "there before kvexrules init: have the server's administrator make them. " +
+                      settings.databaseOrigin);
+    }
+}
+
+void requireOwnFile(ClientConnection &connection, const Settings &settings) {
+    const std::unique_ptr<Recordset> others = createRecordset();
+    others->open(u"SELECT 1 FROM sqlite_schema WHERE name NOT LIKE 'sqlite!_%' ESCAPE '!' AND "
+                 u"NOT EXISTS (SELECT 1 FROM sqlite_schema WHERE name = 'SMS_RULES' COLLATE "
+                 u"NOCASE)",
+                 connection);
+    if (!others->eof()) {
+        refuse(settings,
+               "The database holds the tables of another program, so nothing was changed.");
+    }
+}
+
+bool createTables(const ClientConnection &connection, const Settings &settings) {
+    try {
+        return recordset::createSchema(connection);
+    } catch (const Error &error) {
+        failFor(settings, error, exit_status::refused);
+    }
+}
+
 } // namespace
 
 int initCommand(const Request &request) {
@@ -75,21 +77,23 @@ int initCommand(const Request &request) {
     }
     try {
         const recordset::ConnectionString text(fromUtf8(settings.database));
-        if (!sqlite::namesSqlite(text)) {
-            throw Failure("Tables are created in SQLite databases only. Name one by its file's "
-                          "path. " +
-                          settings.databaseOrigin);
+        const bool isFile = sqlite::namesSqlite(text);
+        const std::unique_ptr<ClientConnection> connection = openToFill(settings, isFile);
+        if (isFile) {
+            requireOwnFile(*connection, settings);
         }
-        const sqlite::Database database =
-            sqlite::openDatabase(text, sqlite::Database::Missing::create);
-        requireOwnTables(database, settings);
-        const bool made = createTables(fromUtf8(settings.database), settings);
-        if (request.has(Option::sample)) {
-            addSampleData(database, settings);
-        } else if (!made) {
-            refuse(settings, "The database has its tables already, so nothing was changed.");
+        const bool made = createTables(*connection, settings);
+        if (!request.has(Option::sample)) {
+            if (!made) {
+                refuse(settings, "The database has its tables already, so nothing was changed.");
+            }
+        } else if (!addSampleData(*connection)) {
+            refuse(settings, "The database holds data already, so nothing was added.");
         }
-        print("ready: " + toUtf8(text.value(u"Data Source")) + "\n");
+        print("ready: " +
+              toUtf8(isFile ? std::u16string(text.value(u"Data Source"))
+                            : withoutPasswords(fromUtf8(settings.database))) +
+              "\n");
         return exit_status::done;
     } catch (const Error &error) {
         failFor(settings, error);

@@ -32,8 +32,8 @@ void readLine(std::string_view line, const std::string &place, Configuration &co
     };
     const std::size_t sign = line.find('=');
     if (sign == std::string_view::npos) {
-        throw Failure(place + "\"" + std::string(line) +
-                      "\" is no setting. Write one as: key = value");
+        // What it says is not repeated: it may be a part of a connection string.
+        throw Failure(place + "this is no setting. Write one as: key = value");
     }
     const std::string key(stripped(line.substr(0, sign)));
     const std::string value(stripped(line.substr(sign + 1)));

@@ -10,9 +10,10 @@ int main(int count, char **arguments) {
     using namespace kvex::host;
     try {
         secureStandardStreams();
-        const std::span<const char *const> words(arguments, static_cast<std::size_t>(count));
-        const Request request =
-            parseArguments(words.subspan(count > 0 ? 1 : 0), commands(), options());
+        const auto words =
+            std::span<char *const>(arguments, static_cast<std::size_t>(count)).subspan(count > 0);
+        const Request request = parseArguments(words, commands(), options());
+        hidePasswords(words);
         return request.command->run(request);
     } catch (const ReaderGone &) {
         return exit_status::done;

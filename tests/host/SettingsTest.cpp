@@ -12,6 +12,7 @@ namespace kvex::host {
 namespace {
 
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 std::string refusal(std::string_view text) {
@@ -37,6 +38,11 @@ TEST(Configuration, KeepsSignsAndHashesOfAValue) {
     EXPECT_EQ(parseConfiguration("database = DSN=sms;PWD=a#b", "a").database, "DSN=sms;PWD=a#b");
 }
 
+TEST(Configuration, RepeatsNothingThatMayBePartOfAPassword) {
+    EXPECT_THAT(refusal("s3cret}\n"), Not(HasSubstr("s3cret")));
+    EXPECT_THAT(refusal("databse = DSN=sms;PWD=s3cret"), Not(HasSubstr("s3cret")));
+}
+
 TEST(Configuration, SkipsCommentsAndBlankLines) {
     const Configuration read = parseConfiguration("# user = 1\n\n \t\r\n  # x\nuser = 2\r\n", "a");
     EXPECT_EQ(read.user, "2");
@@ -51,7 +57,7 @@ TEST(Configuration, MayBeEmpty) {
 }
 
 TEST(Configuration, NamesTheLineThatItCannotRead) {
-    EXPECT_THAT(refusal("user = 1\n\nnonsense\n"), StartsWith("/etc/a.conf:3: \"nonsense\""));
+    EXPECT_THAT(refusal("user = 1\n\nnonsense\n"), StartsWith("/etc/a.conf:3: this is no"));
     EXPECT_THAT(refusal("usr = 1"), StartsWith("/etc/a.conf:1: there is no setting \"usr\""));
     EXPECT_THAT(refusal("= 1"), StartsWith("/etc/a.conf:1: there is no setting \"\""));
     EXPECT_THAT(refusal("user = 1\nuser = 1"), StartsWith("/etc/a.conf:2: user is set a second"));
@@ -127,6 +133,18 @@ TEST_F(Settings, PreferTheOptionsToEverything) {
     EXPECT_THAT(settings.databaseOrigin, HasSubstr("--database"));
     EXPECT_EQ(settings.user, "5");
     EXPECT_EQ(settings.log, std::filesystem::current_path() / "o.log");
+}
+
+TEST_F(Settings, TakeAServersConnectionStringAsItIs) {
+    const std::string text = "Driver={PostgreSQL Unicode};Server=127.0.0.1;Port=5432;"
+                             "Database=sms;UID=app;PWD={a;b}}c}";
+    EXPECT_EQ(chosen({{Option::database, text}}).database, text);
+    environment.set("KVEX_DATABASE", text);
+    EXPECT_EQ(chosen().database, text);
+    environment.set("KVEX_DATABASE", std::nullopt);
+    configure("database = " + text + "\n");
+    EXPECT_EQ(chosen().database, text);
+    EXPECT_FALSE(chosen().isOwnDatabase);
 }
 
 TEST_F(Settings, RefuseAUserWhoIsNoNumber) {

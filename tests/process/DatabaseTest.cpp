@@ -68,6 +68,27 @@ TEST_F(Database, NeverHasItsPasswordTold) {
     EXPECT_THAT(complaint("Driver={None};PWD={s3;cret"), Not(HasSubstr("cret")));
 }
 
+TEST_F(Database, NeverHasItsPasswordToldWhereItsOptionWasForgotten) {
+    EXPECT_THAT(failed(2, {"DSN=sms;PWD=s3cret"}),
+                AllOf(HasSubstr("no command \"DSN=…\". See"), Not(HasSubstr("cret"))));
+    EXPECT_THAT(failed(2, {"list", "DSN=sms;PWD=s3cret"}),
+                AllOf(HasSubstr("takes no word \"DSN=…\". See"), Not(HasSubstr("cret"))));
+}
+
+TEST_F(Database, NeverHasItsPasswordListedWithTheProcess) {
+    // The contacts are a pipe that the program waits for once it has read its arguments.
+    const Outcome outcome = run(
+        "/bin/sh",
+        {"-c",
+         R"(mkfifo contacts.csv; "$0" contacts import contacts.csv --database "$1" & exec 3>contacts.csv; tr '\0' ' ' < /proc/$!/cmdline; exec 3>&-; wait)",
+         program.string(), "Provider=SQLite;Data Source=none.db;Password={s3;cret};UID=app"},
+        environment, folder.path());
+    EXPECT_THAT(outcome.output,
+                AllOf(HasSubstr("--database Provider=SQLite;Data Source=none.db;Password=***;"
+                                "UID=app"),
+                      Not(HasSubstr("cret"))));
+}
+
 TEST_F(Database, IsNamedByAConnectionStringToo) {
     done({"init"});
     EXPECT_EQ(done({"list", "--database", "Provider=SQLite;Data Source=" + database.string()}), "");

@@ -1,0 +1,53 @@
+// The handles of ODBC, each freed with its object, and its text type.
+#pragma once
+
+#include "adapters/odbc/OdbcError.h"
+
+#include <sql.h>
+#include <sqlext.h>
+#include <sqlucode.h>
+
+#include <string>
+#include <utility>
+
+namespace kvex::odbc {
+
+static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "texts pass as they are");
+
+/// ODBC takes texts that it only reads as changeable.
+[[nodiscard]] inline SQLWCHAR *wide(const char16_t *text) {
+    return const_cast<SQLWCHAR *>(reinterpret_cast<const SQLWCHAR *>(text));
+}
+
+template <SQLSMALLINT Type> class Handle {
+public:
+    /// Fails with outOfMemory, or as the owner's diagnostics say.
+    Handle(SQLHANDLE owner, SQLSMALLINT ownerType) {
+        if (!SQL_SUCCEEDED(SQLAllocHandle(Type, owner, &handle_))) {
+            throw owner ? errorOf(diagnosticOf(ownerType, owner))
+                        : Error(error_number::outOfMemory);
+        }
+    }
+    ~Handle() {
+        if (handle_) {
+            SQLFreeHandle(Type, handle_);
+        }
+    }
+    Handle(Handle &&other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
+    Handle(const Handle &) = delete;
+    Handle &operator=(const Handle &) = delete;
+    Handle &operator=(Handle &&) = delete;
+
+    [[nodiscard]] SQLHANDLE get() const noexcept { return handle_; }
+    /// Throws what a call on the handle reported when it failed.
+    void check(SQLRETURN result) const {
+        if (!SQL_SUCCEEDED(result)) {
+            throw errorOf(diagnosticOf(Type, handle_));
+        }
+    }
+
+private:
+    SQLHANDLE handle_ = nullptr;
+};
+
+} // namespace kvex::odbc

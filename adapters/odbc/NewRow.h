@@ -1,0 +1,18 @@
+// Inserts a row and reads the key that the server gave it, each server in its own way.
+#pragma once
+
+#include "adapters/odbc/ServerKind.h"
+#include "adapters/recordset/Driver.h"
+
+#include <vector>
+
+namespace kvex::odbc {
+
+/// As Driver::insert. Where the server says no key, all of it must be among `values`: else it
+/// fails with badStatement, and inserts nothing.
+[[nodiscard]] std::vector<Value> insertNewRow(recordset::Driver &driver, const ServerKind &server,
+                                              std::u16string_view table,
+                                              const std::vector<recordset::Assignment> &values,
+                                              const std::vector<std::u16string_view> &keyColumns);
+
+} // namespace kvex::odbc

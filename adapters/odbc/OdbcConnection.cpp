@@ -1,0 +1,80 @@
+#include "adapters/odbc/OdbcConnection.h"
+
+#include "adapters/odbc/ConnectionText.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+namespace kvex::odbc {
+namespace {
+
+SQLPOINTER number(std::uintptr_t value) {
+    return reinterpret_cast<SQLPOINTER>(value); // NOLINT(performance-no-int-to-ptr)
+}
+
+Handle<SQL_HANDLE_ENV> environment() {
+    Handle<SQL_HANDLE_ENV> made(nullptr, 0);
+    made.check(SQLSetEnvAttr(made.get(), SQL_ATTR_ODBC_VERSION, number(SQL_OV_ODBC3), 0));
+    return made;
+}
+
+} // namespace
+
+OdbcConnection::OdbcConnection(const recordset::ConnectionString &text)
+    : timeout_(timeoutOf(text)), environment_(environment()),
+      connection_(environment_.get(), SQL_HANDLE_ENV), server_(ServerKind::of(u"", u"")) {
+    // Not every driver takes them.
+    const auto seconds = static_cast<std::uintptr_t>(timeout_);
+    SQLSetConnectAttrW(handle(), SQL_ATTR_LOGIN_TIMEOUT, number(seconds), SQL_IS_UINTEGER);
+    SQLSetConnectAttrW(handle(), SQL_ATTR_CONNECTION_TIMEOUT, number(seconds), SQL_IS_UINTEGER);
+    const std::u16string native = nativeText(text);
+    SQLSMALLINT length = 0;
+    std::array<SQLWCHAR, 2> completed{};
+    connection_.check(SQLDriverConnectW(handle(), nullptr, wide(native.c_str()),
+                                        static_cast<SQLSMALLINT>(native.size()), completed.data(),
+                                        static_cast<SQLSMALLINT>(completed.size()), &length,
+                                        SQL_DRIVER_NOPROMPT));
+    server_ = ServerKind::of(info(SQL_DBMS_NAME), info(SQL_DBMS_VER));
+    quote_ = info(SQL_IDENTIFIER_QUOTE_CHAR);
+    if (quote_ == u" ") {
+        quote_.clear();
+    }
+}
+
+OdbcConnection::~OdbcConnection() {
+    if (!SQL_SUCCEEDED(SQLDisconnect(handle()))) {
+        SQLEndTran(SQL_HANDLE_DBC, handle(), SQL_ROLLBACK);
+        SQLDisconnect(handle());
+    }
+}
+
+std::u16string OdbcConnection::quoted(std::u16string_view identifier) const {
+    if (quote_.empty()) {
+        return std::u16string(identifier);
+    }
+    std::u16string result = quote_;
+    for (const char16_t unit : identifier) {
+        result.append(unit == quote_.front() ? 2 : 1, unit);
+    }
+    return result + quote_;
+}
+
+void OdbcConnection::setAutomaticCommit(bool on) const {
+    connection_.check(SQLSetConnectAttrW(handle(), SQL_ATTR_AUTOCOMMIT,
+                                         number(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF),
+                                         SQL_IS_UINTEGER));
+}
+
+void OdbcConnection::end(SQLSMALLINT how) const {
+    connection_.check(SQLEndTran(SQL_HANDLE_DBC, handle(), how));
+}
+
+std::u16string OdbcConnection::info(SQLUSMALLINT what) const {
+    std::array<SQLWCHAR, 256> text{};
+    SQLSMALLINT length = 0;
+    connection_.check(SQLGetInfoW(handle(), what, text.data(), sizeof text, &length));
+    return {text.begin(), std::ranges::find(text, SQLWCHAR{0})};
+}
+
+} // namespace kvex::odbc

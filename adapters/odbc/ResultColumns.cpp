@@ -1,0 +1,132 @@
+#include "adapters/odbc/ResultColumns.h"
+
+#include "adapters/odbc/ResultValues.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <tuple>
+
+namespace kvex::odbc {
+namespace {
+
+ValueKind kindOf(SQLSMALLINT type) {
+    switch (type) {
+    case SQL_BIT:
+    case SQL_TINYINT:
+    case SQL_SMALLINT:
+    case SQL_INTEGER:
+    case SQL_BIGINT:
+        return ValueKind::integer;
+    case SQL_DECIMAL:
+    case SQL_NUMERIC:
+        return ValueKind::decimal;
+    case SQL_REAL:
+    case SQL_FLOAT:
+    case SQL_DOUBLE:
+        return ValueKind::number;
+    default:
+        return ValueKind::text;
+    }
+}
+
+/// "" where the driver does not say it.
+std::u16string attribute(const OdbcStatement &query, SQLUSMALLINT column, SQLUSMALLINT which) {
+    std::array<SQLWCHAR, 512> text{};
+    SQLSMALLINT length = 0;
+    const SQLRETURN result =
+        SQLColAttributeW(query.handle(), column, which, text.data(), sizeof text, &length, nullptr);
+    if (!SQL_SUCCEEDED(result)) {
+        return {};
+    }
+    return {text.begin(), std::ranges::find(text, SQLWCHAR{0})};
+}
+
+struct TableName {
+    std::u16string catalog;
+    std::u16string schema;
+    std::u16string table;
+
+    friend auto operator<=>(const TableName &, const TableName &) = default;
+};
+
+std::u16string qualified(const OdbcConnection &connection, const TableName &name) {
+    std::u16string text;
+    for (const std::u16string &part : {name.schema.empty() ? name.catalog : name.schema}) {
+        if (!part.empty()) {
+            text += connection.quoted(part) + u'.';
+        }
+    }
+    return text + connection.quoted(name.table);
+}
+
+std::vector<std::u16string> keyOf(const OdbcConnection &connection, const TableName &name) {
+    // A part without a text is one that is not asked for.
+    const auto part = [](const std::u16string &text) {
+        return text.empty() ? nullptr : wide(text.c_str());
+    };
+    const Handle<SQL_HANDLE_STMT> keys(connection.handle(), SQL_HANDLE_DBC);
+    keys.check(SQLPrimaryKeysW(keys.get(), part(name.catalog), SQL_NTS, part(name.schema), SQL_NTS,
+                               part(name.table), SQL_NTS));
+    constexpr SQLUSMALLINT columnName = 4;
+    std::vector<std::u16string> key;
+    ValueReader reader;
+    for (SQLRETURN result = SQLFetch(keys.get()); result != SQL_NO_DATA;
+         result = SQLFetch(keys.get())) {
+        keys.check(result);
+        if (const auto read = reader.text(keys, columnName)) {
+            key.emplace_back(*read);
+        }
+    }
+    return key;
+}
+
+} // namespace
+
+std::vector<ResultColumn> resultColumns(const OdbcStatement &query) {
+    std::vector<ResultColumn> columns;
+    const SQLUSMALLINT count = query.columnCount();
+    for (SQLUSMALLINT i = 1; i <= count; ++i) {
+        std::array<SQLWCHAR, 512> name{};
+        SQLSMALLINT length = 0;
+        SQLSMALLINT type = 0;
+        SQLULEN size = 0;
+        SQLSMALLINT digits = 0;
+        SQLSMALLINT nullable = 0;
+        query.check(SQLDescribeColW(query.handle(), i, name.data(),
+                                    static_cast<SQLSMALLINT>(name.size()), &length, &type, &size,
+                                    &digits, &nullable));
+        columns.push_back(
+            {std::u16string(name.begin(), std::ranges::find(name, SQLWCHAR{0})), kindOf(type)});
+    }
+    return columns;
+}
+
+std::vector<recordset::Column> originsOf(const OdbcConnection &connection,
+                                         const OdbcStatement &query) {
+    std::map<TableName, std::vector<std::u16string>> keys;
+    std::vector<recordset::Column> columns;
+    SQLUSMALLINT position = 0;
+    for (ResultColumn &described : resultColumns(query)) {
+        recordset::Column &column = columns.emplace_back();
+        column.name = std::move(described.name);
+        ++position;
+        const TableName table{attribute(query, position, SQL_DESC_CATALOG_NAME),
+                              attribute(query, position, SQL_DESC_SCHEMA_NAME),
+                              attribute(query, position, SQL_DESC_BASE_TABLE_NAME)};
+        const std::u16string origin = attribute(query, position, SQL_DESC_BASE_COLUMN_NAME);
+        if (table.table.empty() || origin.empty()) {
+            continue;
+        }
+        column.table = qualified(connection, table);
+        column.baseColumn = connection.quoted(origin);
+        const auto known = keys.find(table);
+        const std::vector<std::u16string> &key =
+            known != keys.end() ? known->second
+                                : keys.emplace(table, keyOf(connection, table)).first->second;
+        column.keyParts = std::ranges::find(key, origin) == key.end() ? 0 : key.size();
+    }
+    return columns;
+}
+
+} // namespace kvex::odbc

@@ -1,0 +1,26 @@
+// Describes the columns of a query's result: their kinds, where their values come from, the keys.
+#pragma once
+
+#include "adapters/odbc/OdbcStatement.h"
+#include "adapters/recordset/Driver.h"
+
+#include <string>
+#include <vector>
+
+namespace kvex::odbc {
+
+enum class ValueKind { integer, decimal, number, text };
+
+struct ResultColumn {
+    std::u16string name;
+    ValueKind kind;
+};
+
+/// Names and kinds.
+[[nodiscard]] std::vector<ResultColumn> resultColumns(const OdbcStatement &query);
+
+/// Where the values come from, as far as the driver says it. Asks the catalogue for keys.
+[[nodiscard]] std::vector<recordset::Column> originsOf(const OdbcConnection &connection,
+                                                       const OdbcStatement &query);
+
+} // namespace kvex::odbc
