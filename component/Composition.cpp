@@ -2,6 +2,7 @@
 
 #include "adapters/classserver/server/ModulePath.h"
 #include "adapters/headless/LooseTextBox.h"
+#include "adapters/odbc/Provider.h"
 #include "adapters/qt/QtToolkit.h"
 #include "adapters/recordset/ClientConnection.h"
 #include "adapters/recordset/ClientRecordset.h"
@@ -17,7 +18,7 @@ public:
 
     std::unique_ptr<Connection> createConnection() override {
         return std::make_unique<recordset::ClientConnection>(
-            std::vector<recordset::Provider>{sqlite::provider()});
+            std::vector<recordset::Provider>{sqlite::provider(), odbc::provider()});
     }
 
     std::unique_ptr<Recordset> createRecordset() override {

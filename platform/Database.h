@@ -41,6 +41,9 @@ public:
 /// outlives the closing of its connection for reading; a write or resync then fails with
 /// objectClosed.
 ///
+/// What a write or resync says when the database refuses begins with what did not come about
+/// ("The change of record ID 3 was not stored."), then why, then what to do.
+///
 /// Rows can be written when the query is on one table with a primary key, has each of its key
 /// columns once, and was opened with another lock than readOnly; else a write fails with
 /// badArgument. So does one to a column that the query computes.
@@ -105,10 +108,13 @@ public:
     /// rowChangedByAnother when another writer changed these columns or removed the row first;
     /// nothing is written then, and the change stays pending until a move discards it.
     virtual void update() = 0;
-    /// Removes the current row from the table, by its key; it counts no more, moves skip it and
-    /// its fields cannot be read. What is pending in it is discarded. Fails with noCurrentRecord
-    /// on a pending new record, with the provider's number when the database refuses, and with
-    /// rowChangedByAnother when the row is gone already; the record then stays.
+    /// Removes the current row from the table, but only where it still holds what was read, in
+    /// every column that the record set has of it (of a new record, before resync: in those that
+    /// were set). It counts no more, moves skip it and its fields cannot be read. What is pending
+    /// in it is discarded. Fails with noCurrentRecord on a pending new record, with the provider's
+    /// number when the database refuses, and with rowChangedByAnother when another writer changed
+    /// or removed the row first; nothing is removed then, the record stays, and what is pending in
+    /// it stays pending.
     virtual void deleteCurrent() = 0;
     /// Reads the current record's values again from the database, by its key, and discards what
     /// is pending in it; values that the query computes stay. Fails with noCurrentRecord on a
@@ -117,7 +123,8 @@ public:
     virtual void resyncCurrent() = 0;
 };
 
-/// A write or resync that met a row which is gone or not as it was read.
+/// A write or resync that met a row which is gone or not as it was read. Only resync, or a record
+/// set opened anew, takes over what another wrote: repeating the write fails again.
 inline constexpr std::int32_t rowChangedByAnother = -2147217864;
 
 } // namespace kvex

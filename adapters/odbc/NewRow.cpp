@@ -1,6 +1,7 @@
 #include "adapters/odbc/NewRow.h"
 
-#include "adapters/odbc/OdbcError.h"
+#include "adapters/odbc/OdbcStatement.h"
+#include "adapters/odbc/ResultValues.h"
 #include "adapters/recordset/RowStatements.h"
 #include "adapters/recordset/RowStore.h"
 
@@ -14,9 +15,12 @@ namespace {
 using recordset::Assignment;
 using recordset::Statement;
 
-std::vector<Value> firstRow(recordset::Driver &driver, const Statement &statement) {
+/// Of the result of any statement: not every driver knows before it runs that it has one.
+std::vector<Value> firstRow(const OdbcConnection &connection, const Statement &statement) {
+    OdbcStatement command(connection, statement.text);
+    command.execute(statement.parameters);
     recordset::RowStore rows;
-    driver.query(statement, rows);
+    deliverResult(command, rows);
     std::vector<Value> row;
     for (std::size_t column = 0; rows.rowCount() > 0 && column < rows.columns().size(); ++column) {
         row.push_back(rows.value(0, column).owned());
@@ -39,19 +43,20 @@ const Assignment *given(const std::vector<Assignment> &values, std::u16string_vi
 
 } // namespace
 
-std::vector<Value> insertNewRow(recordset::Driver &driver, const ServerKind &server,
-                                std::u16string_view table, const std::vector<Assignment> &values,
+std::vector<Value> insertNewRow(const OdbcConnection &connection, std::u16string_view table,
+                                const std::vector<Assignment> &values,
                                 const std::vector<std::u16string_view> &keyColumns) {
+    const ServerKind &server = connection.server();
     Statement insertion = recordset::insertRow(table, values, server.emptyRow);
     if (server.newKey == NewKey::returning) {
         insertion.text.append(u" RETURNING ").append(recordset::listed(keyColumns));
-        return firstRow(driver, insertion);
+        return firstRow(connection, insertion);
     }
     if (server.newKey == NewKey::output) {
         // Behind the list of columns.
         const std::u16string_view before = values.empty() ? server.emptyRow : u"VALUES (";
         insertion.text.insert(insertion.text.rfind(before), outputOf(keyColumns));
-        return firstRow(driver, insertion);
+        return firstRow(connection, insertion);
     }
     std::vector<Value> key;
     for (const std::u16string_view column : keyColumns) {
@@ -59,14 +64,21 @@ std::vector<Value> insertNewRow(recordset::Driver &driver, const ServerKind &ser
             key.push_back(value->value.owned());
         }
     }
-    const bool numbered = server.newKey == NewKey::lastInsertId && keyColumns.size() == 1;
+    const bool numbered = server.newKey == NewKey::lastNumber && keyColumns.size() == 1;
     if (key.size() < keyColumns.size() && !numbered) {
         throw errorWith(refusal::badStatement,
                         u"This kind of database does not say which key it gives a new record, so "
                         u"nothing was stored: use another database.");
     }
-    driver.execute(insertion);
-    return key.empty() ? firstRow(driver, {u"SELECT LAST_INSERT_ID()", {}}) : key;
+    OdbcStatement(connection, insertion.text).execute(insertion.parameters);
+    if (key.size() == keyColumns.size()) {
+        return key;
+    }
+    const std::u16string_view number =
+        server.rowNumber.empty() ? keyColumns.front() : server.rowNumber;
+    Statement last = recordset::selectRow(table, keyColumns, {});
+    last.text.append(u" WHERE ").append(number).append(u" = ").append(server.lastNumber);
+    return firstRow(connection, last);
 }
 
 } // namespace kvex::odbc

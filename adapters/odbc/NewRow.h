@@ -1,7 +1,7 @@
 // Inserts a row and reads the key that the server gave it, each server in its own way.
 #pragma once
 
-#include "adapters/odbc/ServerKind.h"
+#include "adapters/odbc/OdbcConnection.h"
 #include "adapters/recordset/Driver.h"
 
 #include <vector>
@@ -10,7 +10,7 @@ namespace kvex::odbc {
 
 /// As Driver::insert. Where the server says no key, all of it must be among `values`: else it
 /// fails with badStatement, and inserts nothing.
-[[nodiscard]] std::vector<Value> insertNewRow(recordset::Driver &driver, const ServerKind &server,
+[[nodiscard]] std::vector<Value> insertNewRow(const OdbcConnection &connection,
                                               std::u16string_view table,
                                               const std::vector<recordset::Assignment> &values,
                                               const std::vector<std::u16string_view> &keyColumns);

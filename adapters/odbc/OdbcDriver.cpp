@@ -19,24 +19,12 @@ void OdbcDriver::query(const recordset::Statement &statement, recordset::RowSink
                     u"The statement gives no rows: write a query, SELECT.");
     }
     query.execute(statement.parameters);
-    const std::vector<ResultColumn> described = resultColumns(query);
-    std::vector<recordset::Column> columns(described.size());
-    std::ranges::transform(described, columns.begin(), [](const ResultColumn &column) {
-        return recordset::Column{column.name, {}, {}, 0};
-    });
-    sink.columns(std::move(columns));
-    ValueReader reader;
-    while (query.fetch()) {
-        SQLUSMALLINT position = 0;
-        for (const ResultColumn &column : described) {
-            reader.deliver(query.statement(), ++position, column.kind, sink);
-        }
-    }
+    deliverResult(query, sink);
 }
 
 void OdbcDriver::describe(const std::u16string &query, std::vector<recordset::Column> &columns) {
     const OdbcStatement statement(connection_, query);
-    std::vector<recordset::Column> now = originsOf(connection_, statement);
+    std::vector<recordset::Column> now = originsOf(connection_, statement, query);
     if (!std::ranges::equal(now, columns, {}, &recordset::Column::name, &recordset::Column::name)) {
         throw errorWith(refusal::badStatement,
                         u"Another program has changed the table's columns: close the window and "
@@ -54,7 +42,7 @@ std::int64_t OdbcDriver::execute(const recordset::Statement &statement) {
 std::vector<Value> OdbcDriver::insert(std::u16string_view table,
                                       const std::vector<recordset::Assignment> &values,
                                       const std::vector<std::u16string_view> &keyColumns) {
-    return insertNewRow(*this, connection_.server(), table, values, keyColumns);
+    return insertNewRow(connection_, table, values, keyColumns);
 }
 
 std::u16string OdbcDriver::stillHolds(std::u16string_view column, const ValueView &read) const {
@@ -67,6 +55,24 @@ std::u16string OdbcDriver::stillHolds(std::u16string_view column, const ValueVie
             .append(server.parameter);
     }
     return condition.append(column).append(u" = ?");
+}
+
+std::vector<std::u16string> OdbcDriver::columnsOf(std::u16string_view table) {
+    // The server itself knows best which table a statement finds.
+    std::vector<std::u16string> names;
+    try {
+        OdbcStatement none(connection_,
+                           u"SELECT * FROM " + std::u16string(table) + u" WHERE 1 = 0");
+        none.execute({});
+        for (ResultColumn &column : resultColumns(none)) {
+            names.push_back(std::move(column.name));
+        }
+    } catch (const Error &error) {
+        if (error.number() != refusal::noTable) {
+            throw;
+        }
+    }
+    return names;
 }
 
 void OdbcDriver::commit() {

@@ -18,6 +18,10 @@ public:
                               const std::vector<std::u16string_view> &keyColumns) override;
     [[nodiscard]] std::u16string stillHolds(std::u16string_view column,
                                             const ValueView &read) const override;
+    [[nodiscard]] recordset::ColumnTypes columnTypes() const override {
+        return connection_.server().columnTypes;
+    }
+    [[nodiscard]] std::vector<std::u16string> columnsOf(std::u16string_view table) override;
     void begin() override { connection_.setAutomaticCommit(false); }
     void commit() override;
     void rollback() noexcept override;

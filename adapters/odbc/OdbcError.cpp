@@ -154,17 +154,17 @@ struct Told {
 Told told(Meaning meaning) {
     switch (meaning) {
     case Meaning::cannotConnect:
-        return {refusal::failed, u"The database cannot be reached (",
+        return {refusal::noConnection, u"The database cannot be reached (",
                 u"): check the server, port and database in the connection string and that the "
                 u"server runs, then try again."};
     case Meaning::connectionLost:
-        return {refusal::failed, u"The connection to the database is lost (",
+        return {refusal::noConnection, u"The connection to the database is lost (",
                 u"): close the window, open it again and repeat the change."};
     case Meaning::noDriver:
-        return {refusal::failed, u"The database's ODBC driver cannot be used (",
+        return {refusal::noConnection, u"The database's ODBC driver cannot be used (",
                 u"): install it, and name it in the connection string as odbcinst -q -d does."};
     case Meaning::noDataSource:
-        return {refusal::failed, u"There is no ODBC data source or driver of that name (",
+        return {refusal::noConnection, u"There is no ODBC data source or driver of that name (",
                 u"): name one that odbcinst -q -s or odbcinst -q -d lists."};
     case Meaning::wrongUser:
         return {refusal::wrongUser, u"The database refuses this user or password (",

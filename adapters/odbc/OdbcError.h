@@ -1,6 +1,7 @@
 // Turns what ODBC and its drivers report into the system's errors: the one place that does.
 #pragma once
 
+#include "adapters/recordset/Driver.h"
 #include "platform/Error.h"
 
 #include <cstdint>
@@ -10,8 +11,10 @@ namespace kvex::odbc {
 
 /// The numbers that the platform's own provider for ODBC gives. Their source is "ODBC".
 namespace refusal {
-/// No connection, a lost one, a failure of no other kind.
-inline constexpr std::int32_t failed = -2147467259;
+/// There is none, or it broke.
+inline constexpr std::int32_t noConnection = recordset::connectionLost;
+/// Of no other kind.
+inline constexpr std::int32_t failed = -2147217887;
 inline constexpr std::int32_t wrongUser = -2147217843;
 inline constexpr std::int32_t forbidden = -2147217911;
 inline constexpr std::int32_t noTable = -2147217865;

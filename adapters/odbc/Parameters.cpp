@@ -46,7 +46,8 @@ void Parameters::bind(const Handle<SQL_HANDLE_STMT> &statement,
             data = held.text.data();
         }
         statement.check(SQLBindParameter(statement.get(), ++position, SQL_PARAM_INPUT, from, type,
-                                         size, 0, data, held.length, &held.length));
+                                         size, 0, data, std::max<SQLLEN>(0, held.length),
+                                         &held.length));
     }
 }
 

@@ -1,11 +1,13 @@
 #include "adapters/odbc/ResultColumns.h"
 
+#include "adapters/odbc/QueryText.h"
 #include "adapters/odbc/ResultValues.h"
+#include "adapters/recordset/EqualIgnoringCase.h"
 
 #include <algorithm>
 #include <array>
 #include <map>
-#include <tuple>
+#include <utility>
 
 namespace kvex::odbc {
 namespace {
@@ -51,13 +53,9 @@ struct TableName {
 };
 
 std::u16string qualified(const OdbcConnection &connection, const TableName &name) {
-    std::u16string text;
-    for (const std::u16string &part : {name.schema.empty() ? name.catalog : name.schema}) {
-        if (!part.empty()) {
-            text += connection.quoted(part) + u'.';
-        }
-    }
-    return text + connection.quoted(name.table);
+    const std::u16string &owner = name.schema.empty() ? name.catalog : name.schema;
+    const std::u16string table = connection.quoted(name.table);
+    return owner.empty() ? table : connection.quoted(owner) + u'.' + table;
 }
 
 std::vector<std::u16string> keyOf(const OdbcConnection &connection, const TableName &name) {
@@ -103,28 +101,39 @@ std::vector<ResultColumn> resultColumns(const OdbcStatement &query) {
 }
 
 std::vector<recordset::Column> originsOf(const OdbcConnection &connection,
-                                         const OdbcStatement &query) {
-    std::map<TableName, std::vector<std::u16string>> keys;
+                                         const OdbcStatement &query, std::u16string_view text) {
     std::vector<recordset::Column> columns;
-    SQLUSMALLINT position = 0;
+    std::vector<std::u16string> names;
+    std::vector<std::u16string> origins;
     for (ResultColumn &described : resultColumns(query)) {
-        recordset::Column &column = columns.emplace_back();
-        column.name = std::move(described.name);
-        ++position;
+        names.push_back(described.name);
+        columns.push_back({std::move(described.name), {}, {}, 0});
+        origins.push_back(
+            attribute(query, static_cast<SQLUSMALLINT>(columns.size()), SQL_DESC_BASE_COLUMN_NAME));
+    }
+    if (!connection.server().saysOrigins) {
+        origins = originsIn(text, names);
+        origins.resize(columns.size());
+    }
+    std::map<TableName, std::vector<std::u16string>> keys;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const auto position = static_cast<SQLUSMALLINT>(i + 1);
         const TableName table{attribute(query, position, SQL_DESC_CATALOG_NAME),
                               attribute(query, position, SQL_DESC_SCHEMA_NAME),
                               attribute(query, position, SQL_DESC_BASE_TABLE_NAME)};
-        const std::u16string origin = attribute(query, position, SQL_DESC_BASE_COLUMN_NAME);
-        if (table.table.empty() || origin.empty()) {
+        if (table.table.empty() || origins[i].empty()) {
             continue;
         }
-        column.table = qualified(connection, table);
-        column.baseColumn = connection.quoted(origin);
+        columns[i].table = qualified(connection, table);
+        columns[i].baseColumn = connection.quoted(origins[i]);
         const auto known = keys.find(table);
         const std::vector<std::u16string> &key =
             known != keys.end() ? known->second
                                 : keys.emplace(table, keyOf(connection, table)).first->second;
-        column.keyParts = std::ranges::find(key, origin) == key.end() ? 0 : key.size();
+        const bool isPart = std::ranges::any_of(key, [&](const std::u16string &part) {
+            return recordset::equalIgnoringCase(part, origins[i]);
+        });
+        columns[i].keyParts = isPart ? key.size() : 0;
     }
     return columns;
 }

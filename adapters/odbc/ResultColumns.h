@@ -5,6 +5,7 @@
 #include "adapters/recordset/Driver.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace kvex::odbc {
@@ -19,8 +20,9 @@ struct ResultColumn {
 /// Names and kinds.
 [[nodiscard]] std::vector<ResultColumn> resultColumns(const OdbcStatement &query);
 
-/// Where the values come from, as far as the driver says it. Asks the catalogue for keys.
-[[nodiscard]] std::vector<recordset::Column> originsOf(const OdbcConnection &connection,
-                                                       const OdbcStatement &query);
+/// Where the values come from, as far as the driver says it. Asks the catalogue for keys. `text`
+/// is the query's.
+[[nodiscard]] std::vector<recordset::Column>
+originsOf(const OdbcConnection &connection, const OdbcStatement &query, std::u16string_view text);
 
 } // namespace kvex::odbc

@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cstdint>
 #include <string>
+#include <utility>
 
 namespace kvex::odbc {
 namespace {
@@ -90,6 +91,21 @@ void ValueReader::deliver(const Handle<SQL_HANDLE_STMT> &row, SQLUSMALLINT colum
         break;
     }
     sink.null();
+}
+
+void deliverResult(const OdbcStatement &query, recordset::RowSink &sink) {
+    const std::vector<ResultColumn> described = resultColumns(query);
+    std::vector<recordset::Column> columns(described.size());
+    std::ranges::transform(described, columns.begin(), [](const ResultColumn &column) {
+        return recordset::Column{column.name, {}, {}, 0};
+    });
+    sink.columns(std::move(columns));
+    for (ValueReader reader; query.fetch();) {
+        SQLUSMALLINT position = 0;
+        for (const ResultColumn &column : described) {
+            reader.deliver(query.statement(), ++position, column.kind, sink);
+        }
+    }
 }
 
 } // namespace kvex::odbc

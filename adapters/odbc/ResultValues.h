@@ -24,4 +24,7 @@ private:
     std::u16string buffer_ = std::u16string(2048, u'\0');
 };
 
+/// The whole result of a statement that has run: the columns' names, then the rows.
+void deliverResult(const OdbcStatement &query, recordset::RowSink &sink);
+
 } // namespace kvex::odbc

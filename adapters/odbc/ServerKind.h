@@ -1,18 +1,23 @@
 // What differs from one server to the other.
 #pragma once
 
+#include "adapters/recordset/Driver.h"
+
 #include <string>
 #include <string_view>
 
 namespace kvex::odbc {
 
 /// How the key that a server gave a new row is read.
-enum class NewKey { returning, lastInsertId, output, given };
+enum class NewKey { returning, lastNumber, output, given };
 
 struct ServerKind {
     /// As the driver names the database.
     std::u16string_view name;
     NewKey newKey;
+    /// For lastNumber: the row whose this number is has the new key. "" for the key itself.
+    std::u16string_view rowNumber;
+    std::u16string_view lastNumber;
     /// What stands for the values of a row of defaults alone.
     std::u16string_view emptyRow;
     /// The two sides of a comparison of texts to the last character: around the column, around
@@ -20,12 +25,11 @@ struct ServerKind {
     std::u16string_view beforeColumn;
     std::u16string_view afterColumn;
     std::u16string_view parameter;
+    /// Texts with one come back whole. What would not is refused before it is stored.
     bool keepsNulCharacters;
-    /// How the columns of a new table are written.
-    std::u16string_view key;
-    std::u16string_view shortText;
-    std::u16string_view longText;
-    std::u16string_view behindTable;
+    /// Its driver says which column of which table a value comes from.
+    bool saysOrigins;
+    recordset::ColumnTypes columnTypes;
 
     /// A server of an unknown name is one of the standard's plain ways. `version` is that of
     /// ODBC: "10.11.000006".

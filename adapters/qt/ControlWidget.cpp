@@ -53,16 +53,15 @@ void ControlWidget::giveFocus() {
     focusTarget().setFocus(Qt::OtherFocusReason);
 }
 
-/// To the next control that Tab reaches.
 void ControlWidget::showRefusal(const Error &error) {
     if (error.fromDatabase()) {
         const QWidget *window = QApplication::activeWindow();
         showMessageBox(window != nullptr ? fromQt(window->windowTitle()) : std::u16string(),
-                       u"What you did last was not stored. " + error.description(),
-                       message_box::exclamation);
+                       error.description(), message_box::exclamation);
     }
 }
 
+/// To the next control that Tab reaches.
 void ControlWidget::passFocusOn() {
     const QWidget *const window = widget_.window();
     QWidget *const focused = window->focusWidget();

@@ -44,9 +44,11 @@ public:
     [[nodiscard]] ValueView value(std::size_t column) const {
         return rows_.value(current_, column);
     }
+    /// Whether the current row's value was read or set; see RowStore.
+    [[nodiscard]] bool isKnown(std::size_t column) const { return rows_.isKnown(current_, column); }
     void set(std::size_t column, const ValueView &value);
     void removeCurrent();
-    /// A row of Nulls behind the last one, which becomes the current one.
+    /// A row of unknown values behind the last one, which becomes the current one.
     void append();
 
 private:

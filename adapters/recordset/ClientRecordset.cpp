@@ -21,9 +21,30 @@ Value storable(const Value &value) {
     return value;
 }
 
-[[noreturn]] void failRemoved() {
-    throw Error(rowChangedByAnother, u"Another program has removed this record: close the window "
-                                     u"and open it again.");
+/// Fails when a write or resync met no row.
+void requireMet(bool met) {
+    if (!met) {
+        throw Error(rowChangedByAnother, u"Another user changed or removed it meanwhile: close the "
+                                         u"window and open it again to see what is stored now.");
+    }
+}
+
+/// `error` as it leaves the record set: of the database's the user learns first what it means.
+[[noreturn]] void refuse(const Error &error, const std::u16string &outcome) {
+    if (!error.fromDatabase()) {
+        throw error;
+    }
+    throw Error(error.number(), outcome + u". " + error.description(), error.source());
+}
+
+/// Runs a call that writes; `outcome` is what holds when the database refuses it.
+template <class Call> auto writing(const std::u16string &outcome, const Call &call) {
+    try {
+        return call();
+    } catch (const Error &error) {
+        refuse(error,
+               error.number() == connectionLost ? outcome + u", as far as is known" : outcome);
+    }
 }
 
 auto &required(auto &opened) {
@@ -144,13 +165,7 @@ void ClientRecordset::update() {
 void ClientRecordset::deleteCurrent() {
     Opened &open = opened();
     open.requireRow();
-    const std::shared_ptr<Driver> driver = open.connected();
-    const BaseTable table = open.writable(*driver);
-    if (driver->execute(deleteRow(table.name, open.keyOf(table))) == 0) {
-        failRemoved();
-    }
-    open.discardPending();
-    open.cursor.removeCurrent();
+    open.remove();
 }
 
 void ClientRecordset::resyncCurrent() {
@@ -168,9 +183,12 @@ void ClientRecordset::resyncCurrent() {
         }
     }
     RowStore row;
-    driver->query(selectRow(table.name, names, open.keyOf(table)), row);
-    if (row.rowCount() == 0) {
-        failRemoved();
+    try {
+        driver->query(selectRow(table.name, names, open.keyOf(table)), row);
+        requireMet(row.rowCount() > 0);
+    } catch (const Error &error) {
+        refuse(error, u"What was stored before stays stored, but " + open.nameOf(table) +
+                          u" could not be read again");
     }
     open.discardPending();
     for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -232,6 +250,18 @@ RowKey ClientRecordset::Opened::keyOf(const BaseTable &table) const {
     return key;
 }
 
+std::u16string ClientRecordset::Opened::nameOf(const BaseTable &table) const {
+    std::u16string name = u"record";
+    std::u16string_view separator = u" ";
+    for (const std::size_t column : table.key) {
+        const ValueView value = cursor.value(column);
+        name.append(separator).append(cursor.columns()[column].name).append(u" ");
+        name.append(value.isNull() ? u"Null" : value.text());
+        separator = u", ";
+    }
+    return name;
+}
+
 std::vector<Assignment> ClientRecordset::Opened::assignments() const {
     std::vector<Assignment> assignments;
     for (const auto &[index, value] : changes) {
@@ -246,6 +276,17 @@ std::vector<Assignment> ClientRecordset::Opened::assignments() const {
     return assignments;
 }
 
+std::vector<Assignment> ClientRecordset::Opened::known() const {
+    std::vector<Assignment> known;
+    for (std::size_t column = 0; column < cursor.columns().size(); ++column) {
+        const std::u16string_view name = cursor.columns()[column].baseColumn;
+        if (!name.empty() && cursor.columns()[column].keyParts == 0 && cursor.isKnown(column)) {
+            known.push_back({name, cursor.value(column)});
+        }
+    }
+    return known;
+}
+
 void ClientRecordset::Opened::insert() {
     const std::shared_ptr<Driver> database = connected();
     const BaseTable table = writable(*database);
@@ -253,7 +294,10 @@ void ClientRecordset::Opened::insert() {
     for (const std::size_t column : table.key) {
         keyColumns.push_back(cursor.columns()[column].baseColumn);
     }
-    const std::vector<Value> key = database->insert(table.name, assignments(), keyColumns);
+    const std::vector<Assignment> values = assignments();
+    const std::vector<Value> key = writing(u"The new record was not stored", [&] {
+        return database->insert(table.name, values, keyColumns);
+    });
     cursor.append();
     holdChanges();
     for (std::size_t i = 0; i < key.size(); ++i) {
@@ -269,12 +313,21 @@ void ClientRecordset::Opened::write() {
     for (const auto &change : changes) {
         read.push_back({cursor.columns()[change.first].baseColumn, cursor.value(change.first)});
     }
-    if (database->execute(updateRow(*database, table.name, values, keyOf(table), read)) == 0) {
-        throw Error(rowChangedByAnother,
-                    u"Another program has changed or removed this record. Nothing was stored: "
-                    u"close the window, open it again and repeat the change.");
-    }
+    writing(u"The change of " + nameOf(table) + u" was not stored", [&] {
+        requireMet(database->execute(updateRow(*database, table.name, values, keyOf(table), read)) >
+                   0);
+    });
     holdChanges();
+}
+
+void ClientRecordset::Opened::remove() {
+    const std::shared_ptr<Driver> database = connected();
+    const BaseTable table = writable(*database);
+    writing(u"The removal of " + nameOf(table) + u" was not stored", [&] {
+        requireMet(database->execute(deleteRow(*database, table.name, keyOf(table), known())) > 0);
+    });
+    discardPending();
+    cursor.removeCurrent();
 }
 
 void ClientRecordset::Opened::holdChanges() {

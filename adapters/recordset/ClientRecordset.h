@@ -64,10 +64,15 @@ private:
         /// Fails with badArgument when the rows cannot be written.
         [[nodiscard]] BaseTable writable(Driver &database);
         [[nodiscard]] RowKey keyOf(const BaseTable &table) const;
+        /// The current row, for the user: "record ID 3".
+        [[nodiscard]] std::u16string nameOf(const BaseTable &table) const;
         /// Of the changes; fails with badArgument when one is to a computed column.
         [[nodiscard]] std::vector<Assignment> assignments() const;
+        /// What is known of the current row's columns in the table beside its key.
+        [[nodiscard]] std::vector<Assignment> known() const;
         void insert();
         void write();
+        void remove();
         /// Makes the changes part of the current row.
         void holdChanges();
     };

@@ -5,6 +5,7 @@
 #include "platform/Value.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -67,6 +68,8 @@ struct ColumnTypes {
 /// One open connection to one database; its destruction closes it. Each call is a transaction of
 /// its own, unless begin was called. What the database refuses is thrown as an Error with the
 /// provider's negative number and a description that says what to do; the call wrote nothing then.
+/// The one exception is connectionLost: whether the call wrote is not known then, and every later
+/// one fails with it too.
 class Driver {
 public:
     virtual ~Driver() = default;
@@ -88,7 +91,8 @@ public:
                                       const std::vector<Assignment> &values,
                                       const std::vector<std::u16string_view> &keyColumns) = 0;
     /// The condition, with one "?", that `column` still holds exactly the value that was read
-    /// and is not Null: for text every character counts, whatever the column's collation.
+    /// and is not Null: for text every character counts, whatever the column's collation. It is
+    /// asked for columns of every kind that query delivers, those of long texts too.
     [[nodiscard]] virtual std::u16string stillHolds(std::u16string_view column,
                                                     const ValueView &read) const = 0;
 
@@ -106,13 +110,16 @@ public:
     virtual void rollback() noexcept = 0;
 };
 
+/// The number of an Error when the connection to the database broke.
+inline constexpr std::int32_t connectionLost = -2147467259;
+
 /// A kind of database.
 struct Provider {
     /// How its connection strings are written, for the user: "Provider=SQLite;Data Source=PATH".
     std::u16string_view form;
-    bool (*accepts)(const ConnectionString &connectionString);
+    std::function<bool(const ConnectionString &connectionString)> accepts;
     /// Fails as Connection::open does. User id and password are in the string as UID and PWD.
-    std::unique_ptr<Driver> (*connect)(const ConnectionString &connectionString);
+    std::function<std::unique_ptr<Driver>(const ConnectionString &connectionString)> connect;
 };
 
 } // namespace kvex::recordset

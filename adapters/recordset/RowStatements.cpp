@@ -24,6 +24,16 @@ void appendKey(Statement &statement, const RowKey &key) {
     }
 }
 
+void appendRead(Statement &statement, const Driver &driver, const std::vector<Assignment> &read) {
+    for (const Assignment &held : read) {
+        if (held.value.isNull()) {
+            statement.text.append(u" AND ").append(held.column).append(u" IS NULL");
+        } else {
+            append(statement, u" AND ", driver.stillHolds(held.column, held.value), held.value);
+        }
+    }
+}
+
 } // namespace
 
 std::u16string listed(const std::vector<std::u16string_view> &names) {
@@ -51,19 +61,15 @@ Statement updateRow(const Driver &driver, std::u16string_view table,
         separator = u", ";
     }
     appendKey(statement, key);
-    for (const Assignment &held : read) {
-        if (held.value.isNull()) {
-            statement.text.append(u" AND ").append(held.column).append(u" IS NULL");
-        } else {
-            append(statement, u" AND ", driver.stillHolds(held.column, held.value), held.value);
-        }
-    }
+    appendRead(statement, driver, read);
     return statement;
 }
 
-Statement deleteRow(std::u16string_view table, const RowKey &key) {
+Statement deleteRow(const Driver &driver, std::u16string_view table, const RowKey &key,
+                    const std::vector<Assignment> &read) {
     Statement statement{joined(u"DELETE FROM ", table), {}};
     appendKey(statement, key);
+    appendRead(statement, driver, read);
     return statement;
 }
 

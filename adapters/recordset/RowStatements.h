@@ -18,7 +18,9 @@ using RowKey = std::vector<Assignment>;
 [[nodiscard]] Statement updateRow(const Driver &driver, std::u16string_view table,
                                   const std::vector<Assignment> &changes, const RowKey &key,
                                   const std::vector<Assignment> &read);
-[[nodiscard]] Statement deleteRow(std::u16string_view table, const RowKey &key);
+/// Removes the row where the key matches and each column of `read` still holds its value.
+[[nodiscard]] Statement deleteRow(const Driver &driver, std::u16string_view table,
+                                  const RowKey &key, const std::vector<Assignment> &read);
 /// For drivers. `emptyRow` is what the database writes for a row of defaults alone.
 [[nodiscard]] Statement insertRow(std::u16string_view table, const std::vector<Assignment> &values,
                                   std::u16string_view emptyRow);

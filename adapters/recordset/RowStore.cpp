@@ -51,6 +51,7 @@ ValueView RowStore::value(std::size_t row, std::size_t column) const {
     case Kind::text:
         return ValueView(std::u16string_view(cell.text, cell.length));
     case Kind::null:
+    case Kind::unknown:
         break;
     }
     return {};

@@ -25,12 +25,16 @@ public:
         return columns_.empty() ? 0 : cells_.size() / columns_.size();
     }
     [[nodiscard]] ValueView value(std::size_t row, std::size_t column) const;
+    /// Whether it was read or set; an unknown one reads as Null.
+    [[nodiscard]] bool isKnown(std::size_t row, std::size_t column) const {
+        return cells_[row * columns_.size() + column].kind != Kind::unknown;
+    }
     void set(std::size_t row, std::size_t column, const ValueView &value);
-    /// A row of Nulls behind the last one.
-    void appendRow() { cells_.resize(cells_.size() + columns_.size()); }
+    /// A row of unknown values behind the last one.
+    void appendRow() { cells_.resize(cells_.size() + columns_.size(), unknownCell()); }
 
 private:
-    enum class Kind : std::uint32_t { null, integer, number, text };
+    enum class Kind : std::uint32_t { null, integer, number, text, unknown };
     struct Cell {
         Kind kind = Kind::null;
         std::uint32_t length = 0;
@@ -42,6 +46,11 @@ private:
     };
     static_assert(sizeof(Cell) == 16);
 
+    static Cell unknownCell() {
+        Cell cell;
+        cell.kind = Kind::unknown;
+        return cell;
+    }
     static Cell cellOf(Null /*null*/) { return {}; }
     static Cell cellOf(std::int64_t number);
     static Cell cellOf(double number);

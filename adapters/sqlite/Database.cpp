@@ -78,6 +78,17 @@ void Database::execute(const char *statements) const {
     }
 }
 
+void Database::requireInPlace() const {
+    int moved = 0;
+    if (sqlite3_file_control(handle(), "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK &&
+        moved != 0) {
+        throw errorWith(SQLITE_READONLY_DBMOVED,
+                        u"The database file " + name_ +
+                            u" was moved, replaced or removed since it was opened: put it back, or "
+                            u"close the window and open it again on the file that is there now.");
+    }
+}
+
 void Database::open(const std::string &path, int flags) {
     sqlite3 *opened = nullptr;
     const int code = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);

@@ -30,6 +30,9 @@ public:
     [[nodiscard]] Error lastError() const;
     /// Runs statements without parameters and results.
     void execute(const char *statements) const;
+    /// Fails with the provider's number when the file that is open no longer lies under its name:
+    /// it was moved, replaced or removed, and nobody would ever read what is written to it.
+    void requireInPlace() const;
 
 private:
     struct Closer {

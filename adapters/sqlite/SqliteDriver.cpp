@@ -81,6 +81,7 @@ void SqliteDriver::query(const recordset::Statement &statement, recordset::RowSi
 }
 
 std::int64_t SqliteDriver::execute(const recordset::Statement &statement) {
+    database_.requireInPlace();
     SqliteStatement command(database_, statement.text);
     command.bind(statement.parameters);
     while (command.step()) {
@@ -91,6 +92,7 @@ std::int64_t SqliteDriver::execute(const recordset::Statement &statement) {
 std::vector<Value> SqliteDriver::insert(std::u16string_view table,
                                         const std::vector<recordset::Assignment> &values,
                                         const std::vector<std::u16string_view> &keyColumns) {
+    database_.requireInPlace();
     recordset::Statement insertion = recordset::insertRow(table, values, u"DEFAULT VALUES");
     insertion.text.append(u" RETURNING ").append(recordset::listed(keyColumns));
     recordset::RowStore inserted;

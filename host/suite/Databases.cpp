@@ -1,5 +1,6 @@
 #include "host/suite/Databases.h"
 
+#include "adapters/odbc/Provider.h"
 #include "adapters/recordset/ClientRecordset.h"
 #include "adapters/sqlite/Provider.h"
 
@@ -8,8 +9,8 @@ namespace {
 
 std::unique_ptr<recordset::ClientConnection> opened(std::u16string_view connectionString,
                                                     const recordset::Provider &files) {
-    auto connection =
-        std::make_unique<recordset::ClientConnection>(std::vector<recordset::Provider>{files});
+    auto connection = std::make_unique<recordset::ClientConnection>(
+        std::vector<recordset::Provider>{files, odbc::provider()});
     static_cast<Connection &>(*connection).open(connectionString);
     return connection;
 }

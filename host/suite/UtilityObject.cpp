@@ -24,11 +24,11 @@ HRESULT give(const std::u16string &text, BSTR *target) noexcept {
 
 std::u16string userText(const Error &error) {
     const std::filesystem::path &file = suiteState().log.lastFile();
-    std::u16string text = u"The database reported an error. What you did last was not stored."
-                          u"\r\n\r\n" +
-                          withoutPasswords(error.description()) +
-                          u"\r\n\r\nPut that right, open the rules again to see what is stored, "
-                          u"and repeat what you did.";
+    std::u16string text =
+        u"The database reported an error.\r\n\r\n" + withoutPasswords(error.description()) +
+        u"\r\n\r\nWhat was stored before this error stays stored; nothing after it "
+        u"was. Put that right, open the rules again to see what is stored, and "
+        u"repeat what is missing.";
     if (!file.empty()) {
         text += u" The error is logged in " + fromUtf8(file.string()) + u".";
     }

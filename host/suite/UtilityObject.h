@@ -11,7 +11,7 @@
 namespace kvex::host {
 
 /// Works on suiteState(). The user is told of an error that comes from the database as well,
-/// because what he did was not stored; every other one is only logged.
+/// because not all that he did was stored; every other one is only logged.
 class UtilityObject : public ComObject<IUtility> {
 public:
     HRESULT GetConnectionString(BSTR *connectionString) noexcept final;

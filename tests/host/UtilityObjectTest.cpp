@@ -80,13 +80,13 @@ TEST_F(Utility, OnlyLogsAnErrorOfTheRuntime) {
 }
 
 TEST_F(Utility, ShowsAnErrorOfTheDatabaseAsWell) {
-    EXPECT_EQ(logError(-2147217864, u"Another program changed the rule."), S_OK);
+    EXPECT_EQ(logError(-2147217864, u"The change was not stored. Another user was first."), S_OK);
     EXPECT_THAT(readFile(file), HasSubstr("\t-2147217864\t"));
     ASSERT_EQ(utility->shown.size(), 1U);
     EXPECT_EQ(utility->shown[0].style, message_box::exclamation);
     const std::string told = toUtf8(utility->shown[0].text);
-    EXPECT_THAT(told, HasSubstr("not stored"));
-    EXPECT_THAT(told, HasSubstr("Another program changed the rule."));
+    EXPECT_THAT(told, HasSubstr("The change was not stored. Another user was first."));
+    EXPECT_THAT(told, HasSubstr("What was stored before this error stays stored"));
     EXPECT_THAT(told, HasSubstr("open the rules again"));
     EXPECT_THAT(told, HasSubstr(file.string()));
 }

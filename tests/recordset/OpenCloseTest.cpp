@@ -105,7 +105,11 @@ TEST_P(RecordsetConformance, AMissingTableIsTheDatabasesErrorAndNamesTheTable) {
         FAIL() << "it opened";
     } catch (const Error &error) {
         EXPECT_TRUE(error.fromDatabase());
-        EXPECT_NE(error.description().find(u"SMS_NOTHING"), std::u16string::npos);
+        // A server may fold the case of names.
+        const auto names = [&](std::u16string_view table) {
+            return error.description().find(table) != std::u16string::npos;
+        };
+        EXPECT_TRUE(names(u"SMS_NOTHING") || names(u"sms_nothing"));
     }
     EXPECT_EQ(rules.state(), ObjectState::closed);
 }

@@ -109,7 +109,14 @@ void frmRuleEdit::saveRule(const std::u16string &queryParam, const std::u16strin
     rsRules.setField(u"QueryParam", std::u16string(trimmed(queryParam)));
     rsRules.setField(u"ActionParam", std::u16string(trimmed(actionParam)));
     rsRules.update();
-    rsRules.resyncCurrent();
+    try {
+        rsRules.resyncCurrent();
+    } catch (...) {
+        // Stored it is: the next OK goes on with this rule and adds no second one.
+        RuleID = rsRules.field(u"ID").text();
+        loadedName_ = typedName();
+        throw;
+    }
 }
 
 } // namespace kvex

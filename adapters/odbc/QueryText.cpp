@@ -1,0 +1,115 @@
+#include "adapters/odbc/QueryText.h"
+
+#include "adapters/recordset/EqualIgnoringCase.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+namespace kvex::odbc {
+namespace {
+
+using Words = std::vector<std::u16string_view>;
+
+bool isLetter(char16_t unit) {
+    return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z') || unit == u'_' ||
+           unit >= 0x80;
+}
+
+bool isInWord(char16_t unit) {
+    return isLetter(unit) || (unit >= u'0' && unit <= u'9');
+}
+
+bool isName(std::u16string_view word) {
+    return !word.empty() && isLetter(word.front());
+}
+
+/// Names and numbers whole, texts from apostrophe to apostrophe, everything else character by
+/// character, blanks left out.
+Words wordsOf(std::u16string_view query) {
+    Words words;
+    for (std::size_t at = 0; at < query.size();) {
+        std::size_t end = at + 1;
+        if (isInWord(query[at])) {
+            while (end < query.size() && isInWord(query[end])) {
+                ++end;
+            }
+        } else if (query[at] == u'\'') {
+            end = std::min(query.find(u'\'', end), query.size() - 1) + 1;
+        }
+        if (query[at] > u' ') {
+            words.push_back(query.substr(at, end - at));
+        }
+        at = end;
+    }
+    return words;
+}
+
+bool is(std::u16string_view word, std::u16string_view keyword) {
+    return recordset::equalIgnoringCase(word, keyword);
+}
+
+/// The item's own column; "*" for all of them, "" for an expression.
+std::u16string originOf(const Words &item) {
+    const bool plain = item.size() == 1 && (item[0] == u"*" || isName(item[0]));
+    const bool renamed = item.size() == 3 && isName(item[0]) && is(item[1], u"AS");
+    return plain || renamed ? std::u16string(item[0]) : std::u16string();
+}
+
+/// Whether what stands behind a table's name leaves its rows what they are.
+bool leavesRows(const Words &words, std::size_t at) {
+    constexpr std::array<std::u16string_view, 5> others{u"UNION", u"EXCEPT", u"INTERSECT", u"GROUP",
+                                                        u"HAVING"};
+    if (at < words.size() && !is(words[at], u"WHERE") && !is(words[at], u"ORDER")) {
+        return false;
+    }
+    return std::none_of(words.begin() + static_cast<std::ptrdiff_t>(std::min(at, words.size())),
+                        words.end(), [&](std::u16string_view word) {
+                            return std::ranges::any_of(
+                                others, [&](std::u16string_view other) { return is(word, other); });
+                        });
+}
+
+} // namespace
+
+std::vector<std::u16string> originsIn(std::u16string_view query,
+                                      const std::vector<std::u16string> &names) {
+    const Words words = wordsOf(query);
+    if (words.empty() || !is(words[0], u"SELECT")) {
+        return {};
+    }
+    std::vector<std::u16string> items;
+    Words item;
+    int depth = 0;
+    std::size_t at = 1;
+    for (; at < words.size() && (depth > 0 || !is(words[at], u"FROM")); ++at) {
+        depth += words[at] == u"(" ? 1 : 0;
+        depth -= words[at] == u")" ? 1 : 0;
+        if (depth == 0 && words[at] == u",") {
+            items.push_back(originOf(item));
+            item.clear();
+        } else {
+            item.push_back(words[at]);
+        }
+    }
+    items.push_back(originOf(item));
+    if (at + 1 >= words.size() || !isName(words[at + 1]) || !leavesRows(words, at + 2)) {
+        return {};
+    }
+    std::vector<std::u16string> origins;
+    for (const std::u16string &origin : items) {
+        if (origin != u"*") {
+            origins.push_back(origin);
+        } else if (names.size() + 1 >= items.size()) {
+            const auto first = names.begin() + static_cast<std::ptrdiff_t>(origins.size());
+            const auto all = static_cast<std::ptrdiff_t>(names.size() + 1 - items.size());
+            if (all > names.end() - first) {
+                return {};
+            }
+            origins.insert(origins.end(), first, first + all);
+        }
+    }
+    return origins.size() == names.size() ? origins : std::vector<std::u16string>();
+}
+
+} // namespace kvex::odbc

@@ -1,0 +1,114 @@
+// Two users who order the rules, or of whom one adds or removes some meanwhile.
+#include "tests/editors/Editors.h"
+
+namespace kvex::test {
+namespace {
+
+/// Moves the row up by so many places.
+void moveUp(User &user, int row, int places) {
+    user.clickRow(u"lvwRules", row);
+    for (; places > 0; --places) {
+        user.click(u"cmdMoveUp");
+    }
+}
+
+} // namespace
+
+TEST_P(Editors, TheSecondOfTwoOrdersStopsWhereTheFirstHasChangedAPriority) {
+    addThree();
+    mine.inRulesWindow([this](User &user) {
+        moveUp(user, 3, 2); // C A B
+        meanwhile([this] {
+            theirs.inRulesWindow([](User &other) {
+                moveUp(other, 2, 1); // B A C
+                other.click(u"cmdOK");
+                EXPECT_FALSE(other.isOpen());
+            });
+        });
+        EXPECT_EQ(priorities(), (Texts{u"2", u"1", u"3"}));
+        for (int attempt = 1; attempt <= 2; ++attempt) {
+            user.click(u"cmdOK");
+            mine.expectTold({orderFailed}, rowChangedByAnother,
+                            u"The change of record ID " + idOf(u"A") + u" was not stored. ");
+            EXPECT_TRUE(user.isOpen());
+            EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"C", u"A", u"B"}));
+            // What came before stays stored; nothing of the other's was overwritten.
+            EXPECT_EQ(priorities(), (Texts{u"2", u"1", u"1"}));
+        }
+        user.click(u"cmdCancel");
+    });
+    mine.inRulesWindow([](User &user) { user.click(u"cmdOK"); });
+    EXPECT_EQ(stored(u"PRIORITY", u"A"), u"3");
+}
+
+TEST_P(Editors, WhoIsStoppedIsToldThatTheFirstPartStaysStored) {
+    addThree(10, 10);
+    mine.inRulesWindow([this](User &user) {
+        run(u"UPDATE SMS_RULES SET PRIORITY = 5 WHERE Name = 'C'");
+        user.click(u"cmdOK");
+        mine.expectTold({orderFailed}, rowChangedByAnother,
+                        u"What was stored before this error stays stored; nothing after it was.");
+        EXPECT_EQ(priorities(), (Texts{u"1", u"2", u"5"}));
+        user.click(u"cmdCancel");
+    });
+}
+
+TEST_P(Editors, OrdersThatTouchDifferentRulesAreBothStored) {
+    addThree();
+    addRule(u"D", 4);
+    mine.inRulesWindow([this](User &user) {
+        moveUp(user, 2, 1); // B A C D
+        meanwhile([this] {
+            theirs.inRulesWindow([](User &other) {
+                moveUp(other, 4, 1); // A B D C
+                other.click(u"cmdOK");
+            });
+        });
+        user.click(u"cmdOK");
+        EXPECT_FALSE(user.isOpen());
+    });
+    EXPECT_EQ(priorities(), (Texts{u"2", u"1", u"4"}));
+    EXPECT_EQ(stored(u"PRIORITY", u"D"), u"3");
+}
+
+TEST_P(Editors, ARemovedRuleThatIsMovedIsToldAndOneThatKeepsItsPlaceIsNot) {
+    addThree();
+    mine.inRulesWindow([this](User &user) {
+        run(u"DELETE FROM SMS_RULES WHERE Name = 'C'");
+        moveUp(user, 2, 1); // B A C
+        user.click(u"cmdOK");
+        EXPECT_FALSE(user.isOpen());
+    });
+    EXPECT_EQ(priorities(), (Texts{u"2", u"1", u"NONE"}));
+    mine.inRulesWindow([this](User &user) {
+        run(u"DELETE FROM SMS_RULES WHERE Name = 'A'");
+        moveUp(user, 2, 1); // A B
+        user.click(u"cmdOK");
+        mine.expectTold({orderFailed}, rowChangedByAnother, u"Another user changed or removed it");
+        EXPECT_TRUE(user.isOpen());
+        user.click(u"cmdCancel");
+    });
+    EXPECT_EQ(ruleCount(), u"1");
+}
+
+TEST_P(Editors, ARuleThatAnotherAddedStandsFirstAfterTheOrderIsStored) {
+    addThree();
+    mine.inRulesWindow([this](User &user) {
+        meanwhile([this] {
+            theirs.inEditor(u"", [](User &other) {
+                completeRule(other);
+                rename(other, u"New");
+                other.click(u"cmdOK");
+            });
+        });
+        moveUp(user, 2, 1);
+        user.click(u"cmdOK");
+    });
+    EXPECT_EQ(priorities(), (Texts{u"2", u"1", u"3"}));
+    mine.inRulesWindow([](User &user) {
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"New", u"B", u"A", u"C"}));
+        user.click(u"cmdCancel");
+    });
+}
+
+} // namespace kvex::test

@@ -1,0 +1,166 @@
+#include "tests/editors/Editor.h"
+
+#include "adapters/recordset/ClientConnection.h"
+#include "host/suite/UtilityObject.h"
+#include "platform/Text.h"
+
+#include <thread>
+
+namespace kvex::test {
+namespace {
+
+/// The suite's utility object before a user who reads every message.
+class ShownUtility final : public host::UtilityObject {
+public:
+    explicit ShownUtility(UtilityRecord &record) : shown_(record) {}
+
+private:
+    ~ShownUtility() final = default;
+    std::int32_t showMessage(const std::u16string &text, std::int32_t style) final {
+        return shown_.showMessageBox(text, style);
+    }
+
+    TestUtility shown_;
+};
+
+/// Records what the component asks, and has the suite's object do it.
+class SuiteUtility final : public Utility {
+public:
+    explicit SuiteUtility(UtilityRecord &record)
+        : recorder_(record), suite_(makeComObject<ShownUtility>(record)) {}
+
+    std::u16string connectionString() override { return recorder_.connectionString(); }
+    std::u16string secondText() override { return recorder_.secondText(); }
+    void writeErrorLog(const std::u16string &logFile, const Error &error,
+                       const std::u16string &text, std::int32_t reserved,
+                       std::int16_t flag) override {
+        recorder_.writeErrorLog(logFile, error, text, reserved, flag);
+        Bstr file(logFile);
+        const Bstr description(error.description());
+        const Bstr source(error.source());
+        ErrorRecord record{error.number(), description.get(), source.get()};
+        EXPECT_EQ(suite_->WriteErrorLog(file.inOut(), &record, Bstr(text).get(), reserved, &flag,
+                                        nullptr),
+                  S_OK);
+    }
+    void reportMessage(const std::u16string &logFile, const std::u16string &text, bool first,
+                       bool second) override {
+        recorder_.reportMessage(logFile, text, first, second);
+    }
+    std::int32_t showMessageBox(const std::u16string &text, std::int32_t style) override {
+        return recorder_.showMessageBox(text, style);
+    }
+
+private:
+    TestUtility recorder_;
+    ComPointer<ShownUtility> suite_;
+};
+
+} // namespace
+
+std::unique_ptr<Utility> Editor::OwnPlatform::createUtility() {
+    return std::make_unique<SuiteUtility>(editor_.utility);
+}
+
+std::unique_ptr<Connection> Editor::OwnPlatform::createConnection() {
+    return std::make_unique<recordset::ClientConnection>(
+        std::vector<recordset::Provider>{provider_});
+}
+
+Editor::Editor(recordset::Provider provider, std::u16string connectionString)
+    : platform_(*this, std::move(provider)) {
+    utility.connectionString = std::move(connectionString);
+}
+
+std::int32_t Editor::showRules(const std::u16string &ruleId) {
+    RuleUI ruleUI(platform_);
+    const std::int32_t result = ruleUI.ShowRules(u"1", ruleId);
+    ruleUI.release();
+    return result;
+}
+
+std::int32_t Editor::inRulesWindow(Script script) {
+    toolkit.whenShown(u"frmRuleEdit", [](User &user) { user.press(Key::escape); });
+    toolkit.whenShown(u"frmRules", std::move(script));
+    return showRules();
+}
+
+std::int32_t Editor::inEditor(const std::u16string &ruleId, Script script) {
+    toolkit.whenShown(u"frmRuleEdit", std::move(script));
+    toolkit.whenShown(u"frmRules", [](User &user) { user.click(u"cmdCancel"); });
+    return showRules(ruleId);
+}
+
+void Editor::expectTold(const std::vector<std::u16string> &subsAndModules, std::int32_t number,
+                        std::u16string_view words) {
+    Texts expected;
+    for (const std::u16string &text : subsAndModules) {
+        expected.push_back(u"KVEXMessageRules: Error occured. " + text);
+    }
+    EXPECT_EQ(utility.logTexts(), expected);
+    for (const LogEntry &entry : utility.log) {
+        EXPECT_EQ(entry.number, number) << toUtf8(entry.description);
+    }
+    std::erase_if(utility.messages,
+                  [](const Message &message) { return message.style == message_box::yesNo; });
+    EXPECT_EQ(utility.messages.size(), subsAndModules.size());
+    for (const Message &message : utility.messages) {
+        EXPECT_EQ(message.style, message_box::exclamation);
+        EXPECT_NE(message.text.find(words), std::u16string::npos) << toUtf8(message.text);
+        EXPECT_NE(message.text.find(u"open the rules again"), std::u16string::npos);
+    }
+    utility.log.clear();
+    utility.messages.clear();
+}
+
+void Editor::expectNothingTold() {
+    expectTold({}, 0, u"");
+}
+
+void Editor::expectLeftHandler(std::int32_t number, std::u16string_view words) {
+    expectNothingTold();
+    ASSERT_EQ(toolkit.unhandledErrors().size(), ++leftHandlers_);
+    const Error &error = toolkit.unhandledErrors().back();
+    EXPECT_EQ(error.number(), number);
+    EXPECT_NE(error.description().find(words), std::u16string::npos) << error.what();
+}
+
+void Editor::expectPlayedWhole() {
+    EXPECT_EQ(toolkit.problems(), std::vector<std::string>());
+    EXPECT_EQ(toolkit.pendingScripts(), 0U);
+    EXPECT_EQ(toolkit.unhandledErrors().size(), leftHandlers_);
+    expectNothingTold();
+}
+
+void meanwhile(const std::function<void()> &body) {
+    std::thread(body).join();
+}
+
+void rename(User &editor, std::u16string_view name) {
+    editor.focusOn(u"txtRuleName");
+    editor.press(Key::selectAll);
+    editor.type(name);
+}
+
+std::u16string typedName(User &editor) {
+    return editor.get<TextBox>(u"txtRuleName").text();
+}
+
+void completeRule(User &editor) {
+    editor.tickRow(u"lvwRuleConditions", 6);
+    editor.tickRow(u"lvwRuleActions", 5);
+}
+
+void setWord(User &editor, const std::u16string &word) {
+    editor.tickRow(u"lvwRuleConditions", 6);
+    editor.tickRow(u"lvwRuleConditions", 4);
+    ruleState().strWords = word;
+}
+
+void confirmRemoval(Editor &user, User &window, int row) {
+    window.clickRow(u"lvwRules", row);
+    user.utility.answers.push_back(message_box::yes);
+    window.click(u"cmdRemove");
+}
+
+} // namespace kvex::test

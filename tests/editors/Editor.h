@@ -1,0 +1,70 @@
+// One user who edits rules: a session of the component with the suite's own utility object, on
+// the headless toolkit and any database.
+#pragma once
+
+#include "adapters/recordset/Driver.h"
+#include "tests/support/ComponentTest.h"
+
+#include <functional>
+#include <string>
+
+namespace kvex::test {
+
+class Editor {
+public:
+    Editor(recordset::Provider provider, std::u16string connectionString);
+
+    /// A whole session: opened, shown on the rule, closed. What ShowRules gave.
+    std::int32_t showRules(const std::u16string &ruleId = u"");
+    /// A whole session, played in the rules window; the editor that opens first is cancelled.
+    std::int32_t inRulesWindow(Script script);
+    /// A whole session, played in the editor of a rule ("" for a new one); the rules window is
+    /// left by Cancel.
+    std::int32_t inEditor(const std::u16string &ruleId, Script script);
+
+    /// The database's errors since the last time: in the log with the text of this procedure and
+    /// this number, each shown in exactly one message that holds these words. None else.
+    void expectTold(const std::vector<std::u16string> &subsAndModules, std::int32_t number,
+                    std::u16string_view words);
+    /// Nothing was logged and nothing shown since the last time.
+    void expectNothingTold();
+    /// Since the last time an error of this number left a handler, with these words; the toolkit
+    /// tells the user of it, the log does not hear of it.
+    void expectLeftHandler(std::int32_t number, std::u16string_view words);
+    /// No window was left open, none came unexpectedly, and every error was expected.
+    void expectPlayedWhole();
+
+    UtilityRecord utility;
+    headless::HeadlessToolkit toolkit;
+
+private:
+    class OwnPlatform final : public TestPlatform {
+    public:
+        OwnPlatform(Editor &editor, recordset::Provider provider)
+            : TestPlatform(editor.utility, editor.toolkit), editor_(editor),
+              provider_(std::move(provider)) {}
+        std::unique_ptr<Utility> createUtility() override;
+        std::unique_ptr<Connection> createConnection() override;
+
+    private:
+        Editor &editor_;
+        recordset::Provider provider_;
+    };
+
+    OwnPlatform platform_;
+    std::size_t leftHandlers_ = 0;
+};
+
+/// Runs `body` as another user's program would, beside the session of this thread.
+void meanwhile(const std::function<void()> &body);
+
+/// What users do.
+void rename(User &editor, std::u16string_view name);
+[[nodiscard]] std::u16string typedName(User &editor);
+/// Ticks what makes a new rule whole.
+void completeRule(User &editor);
+/// Makes the rule one for messages with this word.
+void setWord(User &editor, const std::u16string &word);
+void confirmRemoval(Editor &user, User &window, int row);
+
+} // namespace kvex::test

@@ -1,0 +1,75 @@
+// The suite of editing that every kind of database passes: Editors.
+#pragma once
+
+#include "host/suite/SuiteState.h"
+#include "platform/Database.h"
+#include "platform/Text.h"
+#include "tests/editors/Editor.h"
+#include "tests/host/TemporaryFolder.h"
+#include "tests/recordset/DatabaseFixture.h"
+#include "tests/support/WatchedDatabase.h"
+
+#include <gtest/gtest.h>
+
+namespace kvex::test {
+
+inline const std::u16string saveFailed = u"Sub: cmdOK_Click, Module: frmRuleEdit";
+inline const std::u16string orderFailed = u"Sub: cmdOK_Click, Module: frmRules";
+inline const std::u16string removalFailed = u"Sub: cmdRemove_Click, Module: frmRules";
+inline const std::u16string newEditorFailed = u"Sub: Form_Load, Module: frmRuleEdit";
+inline const std::u16string openingFailed = u"Sub: ShowRuleUI, Module: RuleUI";
+
+/// A test for each kind of database, with two users on it. What asks the database is portable.
+class Editors : public testing::TestWithParam<DatabaseKind> {
+protected:
+    Editors() {
+        host::suiteState() = host::SuiteState{{}, {}, host::ErrorLog(folder_ / "log"), {}};
+    }
+    ~Editors() override { host::suiteState() = host::SuiteState(); }
+    void TearDown() override {
+        mine.expectPlayedWhole();
+        theirs.expectPlayedWhole();
+    }
+
+    /// A rule for all messages; its id.
+    std::u16string addRule(const std::u16string &name, int priority = 0) {
+        run(u"INSERT INTO SMS_RULES (Name, QueryParam, ActionParam, PRIORITY) VALUES ('" + name +
+            u"', '<ALLMESSAGES>', '<DELETE>YES</DELETE><IGNOREFURTHERRULES>YES"
+            u"</IGNOREFURTHERRULES>', " +
+            toText(std::int64_t{priority}) + u")");
+        return idOf(name);
+    }
+    /// "A", "B", "C" with these priorities.
+    void addThree(int first = 1, int step = 1) {
+        for (const char16_t *name : {u"A", u"B", u"C"}) {
+            addRule(name, first);
+            first += step;
+        }
+    }
+    /// As another program.
+    void run(const std::u16string &statement) { database_->run(statement); }
+    std::u16string idOf(const std::u16string &name) {
+        return database_->valueOf(u"SELECT ID FROM SMS_RULES WHERE Name = '" + name + u"'");
+    }
+    std::u16string stored(const std::u16string &column, const std::u16string &name) {
+        return database_->valueOf(u"SELECT " + column + u" FROM SMS_RULES WHERE Name = '" + name +
+                                  u"'");
+    }
+    /// The stored priorities of "A", "B" and "C".
+    Texts priorities() {
+        return {stored(u"PRIORITY", u"A"), stored(u"PRIORITY", u"B"), stored(u"PRIORITY", u"C")};
+    }
+    std::u16string ruleCount() { return database_->valueOf(u"SELECT COUNT(*) FROM SMS_RULES"); }
+
+private:
+    host::TemporaryFolder folder_;
+    std::unique_ptr<DatabaseFixture> database_ = GetParam().make();
+
+protected:
+    /// Watches `mine`.
+    WatchedDatabase watched{database_->provider()};
+    Editor mine{watched.provider(), database_->connectionString()};
+    Editor theirs{database_->provider(), database_->connectionString()};
+};
+
+} // namespace kvex::test

@@ -1,0 +1,190 @@
+// The server goes away in the midst of a session, or refuses one call.
+#include "tests/editors/Editors.h"
+
+namespace kvex::test {
+namespace {
+
+using recordset::connectionLost;
+
+constexpr std::u16string_view broke = u"The connection to the server broke: check the network.";
+
+} // namespace
+
+TEST_P(Editors, AServerThatGoesAwayWhileASessionOpensIsToldAndANewSessionWorks) {
+    addRule(u"A");
+    for (int calls = 0; calls <= 5; ++calls) {
+        watched.loseAfter(calls);
+        EXPECT_EQ(mine.showRules(), 0);
+        mine.expectTold({openingFailed}, connectionLost, broke);
+        watched.comeBack();
+        EXPECT_EQ(mine.inRulesWindow([](User &user) { user.click(u"cmdCancel"); }), 1);
+    }
+}
+
+TEST_P(Editors, ANewRulesEditorOpensWithoutANameWhenTheServerIsGone) {
+    addRule(u"A");
+    mine.inRulesWindow([this](User &user) {
+        watched.loseAfter(0);
+        mine.toolkit.whenShown(u"frmRuleEdit", [this](User &editor) {
+            mine.expectTold({newEditorFailed}, connectionLost, broke);
+            editor.click(u"cmdCancel");
+        });
+        user.click(u"cmdNew");
+        EXPECT_EQ(user.rows(u"lvwRules"), Texts{u"A"});
+        user.click(u"cmdCancel");
+    });
+}
+
+TEST_P(Editors, WithoutAServerATickIsToldAndTheWindowStaysUsable) {
+    addThree();
+    mine.inRulesWindow([this](User &user) {
+        watched.loseAfter(0);
+        user.tickRow(u"lvwRules", 2);
+        mine.expectLeftHandler(connectionLost, u"was not stored, as far as is known. The "
+                                               u"connection to the server broke");
+        user.clickRow(u"lvwRules", 3);
+        EXPECT_EQ(ruleState().strRuleName, u"C");
+        user.click(u"cmdCancel");
+    });
+    EXPECT_EQ(stored(u"ACTIVE", u"B"), u"1");
+}
+
+TEST_P(Editors, WithoutAServerASaveIsToldAndTheInputStays) {
+    const std::u16string id = addRule(u"A");
+    for (const std::u16string &rule : {id, std::u16string()}) {
+        mine.inEditor(rule, [&](User &user) {
+            if (rule.empty()) {
+                completeRule(user);
+            }
+            rename(user, u"Mine");
+            watched.loseAfter(0);
+            for (int attempt = 1; attempt <= 2; ++attempt) {
+                user.click(u"cmdOK");
+                mine.expectTold({saveFailed}, connectionLost,
+                                u"was not stored, as far as is known. " + std::u16string(broke));
+                EXPECT_TRUE(user.isOpen());
+                EXPECT_EQ(typedName(user), u"Mine");
+                // What has gone stays gone for this session.
+                watched.comeBack();
+            }
+            user.click(u"cmdCancel");
+        });
+        EXPECT_EQ(ruleCount(), u"1");
+        EXPECT_EQ(idOf(u"A"), id);
+    }
+    mine.inEditor(id, [](User &user) {
+        rename(user, u"Mine");
+        user.click(u"cmdOK");
+    });
+    EXPECT_EQ(idOf(u"Mine"), id);
+}
+
+TEST_P(Editors, AServerLostBehindTheWriteIsToldAsOneThatStored) {
+    const std::u16string id = addRule(u"A");
+    for (const std::u16string &rule : {id, std::u16string()}) {
+        const std::u16string name = rule.empty() ? u"New" : u"Changed";
+        mine.inEditor(rule, [&](User &user) {
+            if (rule.empty()) {
+                completeRule(user);
+            }
+            rename(user, name);
+            watched.loseAfter(1);
+            for (int attempt = 1; attempt <= 2; ++attempt) {
+                user.click(u"cmdOK");
+                mine.expectTold({saveFailed}, connectionLost,
+                                u"What was stored before stays stored, but record ID " +
+                                    idOf(name) + u" could not be read again. ");
+                EXPECT_TRUE(user.isOpen());
+                EXPECT_EQ(typedName(user), name);
+            }
+            user.click(u"cmdCancel");
+        });
+        // A new rule whose defaults are unknown cannot be listed; of that the log alone hears.
+        const Texts logged = rule.empty() ? Texts{u"KVEXMessageRules: Error occured. Sub: "
+                                                  u"ListRules, Module: frmRules"}
+                                          : Texts{};
+        EXPECT_EQ(mine.utility.logTexts(), logged);
+        mine.utility.log.clear();
+        watched.comeBack();
+    }
+    EXPECT_EQ(idOf(u"Changed"), id);
+    EXPECT_EQ(ruleCount(), u"2");
+    mine.inRulesWindow([](User &user) {
+        EXPECT_EQ(user.get<ListView>(u"lvwRules").rowCount(), 2);
+        user.click(u"cmdCancel");
+    });
+}
+
+TEST_P(Editors, ARuleThatWasStoredButNotReadAgainIsStoredOnceHoweverOftenOkIsPressed) {
+    for (const bool hadRules : {false, true}) {
+        mine.inRulesWindow([&](User &user) {
+            mine.toolkit.whenShown(u"frmRuleEdit", [&](User &editor) {
+                completeRule(editor);
+                rename(editor, hadRules ? u"Second" : u"First");
+                watched.refuseAfter(1, -5);
+                editor.click(u"cmdOK");
+                mine.expectTold({saveFailed}, -5, u"could not be read again. The server refused");
+                EXPECT_TRUE(editor.isOpen());
+                rename(editor, hadRules ? u"Second b" : u"First b");
+                editor.click(u"cmdOK");
+                EXPECT_FALSE(editor.isOpen());
+            });
+            user.click(u"cmdNew");
+            user.click(u"cmdCancel");
+        });
+    }
+    EXPECT_EQ(ruleCount(), u"2");
+    EXPECT_EQ(stored(u"Name", u"First b"), u"First b");
+    EXPECT_EQ(stored(u"Name", u"Second b"), u"Second b");
+}
+
+TEST_P(Editors, WithoutAServerARemovalIsToldAndTheRowStays) {
+    addThree();
+    mine.inRulesWindow([this](User &user) {
+        watched.loseAfter(0);
+        for (int attempt = 1; attempt <= 2; ++attempt) {
+            confirmRemoval(mine, user, 2);
+            mine.expectTold({removalFailed}, connectionLost,
+                            u"The removal of record ID " + idOf(u"B") +
+                                u" was not stored, as far as is known. " + std::u16string(broke));
+            EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"B", u"C"}));
+        }
+        user.click(u"cmdCancel");
+    });
+    EXPECT_EQ(ruleCount(), u"3");
+}
+
+TEST_P(Editors, AnOrderThatIsCutOffInTheMiddleIsToldAndFinishedInANewSession) {
+    addThree(10, 10);
+    mine.inRulesWindow([this](User &user) {
+        watched.loseAfter(2);
+        for (int attempt = 1; attempt <= 2; ++attempt) {
+            user.click(u"cmdOK");
+            mine.expectTold({orderFailed}, connectionLost,
+                            u"The change of record ID " + idOf(u"C") + u" was not stored");
+            EXPECT_TRUE(user.isOpen());
+            EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"B", u"C"}));
+            EXPECT_EQ(priorities(), (Texts{u"1", u"2", u"30"}));
+        }
+        user.click(u"cmdCancel");
+    });
+    watched.comeBack();
+    mine.inRulesWindow([](User &user) { user.click(u"cmdOK"); });
+    EXPECT_EQ(priorities(), (Texts{u"1", u"2", u"3"}));
+}
+
+TEST_P(Editors, AnOrderOfWhichOneRuleWasRefusedIsFinishedByTheNextOk) {
+    addThree(10, 10);
+    mine.inRulesWindow([this](User &user) {
+        watched.refuseAfter(2, -5);
+        user.click(u"cmdOK");
+        mine.expectTold({orderFailed}, -5, u"was not stored. The server refused: ask why.");
+        EXPECT_EQ(priorities(), (Texts{u"1", u"2", u"30"}));
+        static_cast<void>(watched.takeCalls());
+        user.click(u"cmdOK");
+        EXPECT_EQ(watched.takeCalls(), DriverCalls{.executes = 1});
+    });
+    EXPECT_EQ(priorities(), (Texts{u"1", u"2", u"3"}));
+}
+
+} // namespace kvex::test

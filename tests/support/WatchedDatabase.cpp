@@ -1,0 +1,123 @@
+#include "tests/support/WatchedDatabase.h"
+
+#include "platform/Error.h"
+
+#include <optional>
+#include <utility>
+
+namespace kvex::test {
+
+struct WatchedDatabase::State {
+    recordset::Provider real;
+    DriverCalls calls;
+    std::optional<int> callsUntilLoss;
+    std::optional<int> callsUntilRefusal;
+    std::int32_t refusal = 0;
+    bool lost = false;
+    /// How often the server went away; a connection lives in the time in which it was made.
+    int losses = 0;
+
+    void admit(int lossesBefore) {
+        if (callsUntilLoss && (*callsUntilLoss)-- == 0) {
+            callsUntilLoss.reset();
+            lost = true;
+            ++losses;
+        }
+        if (lost || lossesBefore != losses) {
+            throw Error(recordset::connectionLost,
+                        u"The connection to the server broke: check the network.", u"Watched");
+        }
+        if (callsUntilRefusal && (*callsUntilRefusal)-- == 0) {
+            callsUntilRefusal.reset();
+            throw Error(refusal, u"The server refused: ask why.", u"Watched");
+        }
+    }
+};
+
+namespace {
+
+class WatchedDriver final : public recordset::Driver {
+public:
+    WatchedDriver(std::shared_ptr<WatchedDatabase::State> state,
+                  std::unique_ptr<recordset::Driver> real)
+        : state_(std::move(state)), losses_(state_->losses), real_(std::move(real)) {}
+
+    void query(const recordset::Statement &statement, recordset::RowSink &sink) override {
+        count(&DriverCalls::queries);
+        real_->query(statement, sink);
+    }
+    std::int64_t execute(const recordset::Statement &statement) override {
+        count(&DriverCalls::executes);
+        return real_->execute(statement);
+    }
+    std::vector<Value> insert(std::u16string_view table,
+                              const std::vector<recordset::Assignment> &values,
+                              const std::vector<std::u16string_view> &keyColumns) override {
+        count(&DriverCalls::inserts);
+        return real_->insert(table, values, keyColumns);
+    }
+    [[nodiscard]] std::u16string stillHolds(std::u16string_view column,
+                                            const ValueView &read) const override {
+        return real_->stillHolds(column, read);
+    }
+    void begin() override {
+        count(&DriverCalls::transactions);
+        real_->begin();
+    }
+    void commit() override {
+        count(&DriverCalls::transactions);
+        real_->commit();
+    }
+    void rollback() noexcept override { real_->rollback(); }
+
+private:
+    void count(int DriverCalls::*kind) {
+        ++(state_->calls.*kind);
+        state_->admit(losses_);
+    }
+
+    std::shared_ptr<WatchedDatabase::State> state_;
+    int losses_;
+    std::unique_ptr<recordset::Driver> real_;
+};
+
+} // namespace
+
+std::ostream &operator<<(std::ostream &out, const DriverCalls &calls) {
+    return out << calls.connects << " connects, " << calls.queries << " queries, " << calls.executes
+               << " executes, " << calls.inserts << " inserts, " << calls.transactions
+               << " transactions";
+}
+
+WatchedDatabase::WatchedDatabase(recordset::Provider real)
+    : state_(std::make_shared<State>(State{std::move(real), {}, {}, {}})) {}
+
+recordset::Provider WatchedDatabase::provider() const {
+    return {state_->real.form, state_->real.accepts,
+            [state = state_](const recordset::ConnectionString &connectionString)
+                -> std::unique_ptr<recordset::Driver> {
+                ++state->calls.connects;
+                state->admit(state->losses);
+                return std::make_unique<WatchedDriver>(state,
+                                                       state->real.connect(connectionString));
+            }};
+}
+
+DriverCalls WatchedDatabase::takeCalls() {
+    return std::exchange(state_->calls, {});
+}
+
+void WatchedDatabase::loseAfter(int calls) {
+    state_->callsUntilLoss = calls;
+}
+
+void WatchedDatabase::comeBack() {
+    state_->lost = false;
+}
+
+void WatchedDatabase::refuseAfter(int calls, std::int32_t number) {
+    state_->callsUntilRefusal = calls;
+    state_->refusal = number;
+}
+
+} // namespace kvex::test
