@@ -9,13 +9,12 @@ from pathlib import Path
 from accessibility import State
 from desktop import Desktop
 from kvexrules import KvexRules, initialise
-from names import NAME, RULES
+from names import ACTIONS, NAME, RULES
 from whole_rule import ACTION, QUERY, Composer
 
 PROGRAM = Path(os.environ["KVEXRULES"])
 SERVE = Path(os.environ["SERVE"])
 DESKTOP = Desktop()
-HINDI = "दिल्ली के संदेश 🌙 O'Neill"
 
 
 def setUpModule():  # pylint: disable=invalid-name
@@ -44,7 +43,7 @@ class Server:
 
 class Servers(unittest.TestCase):
     def play(self, kind):
-        """The sample rules, one more that is composed by keys alone, and one that is renamed."""
+        """On the sample rules: one more is composed by keys alone, another moves and is changed."""
         server = Server(kind)
         self.addCleanup(server.stop)
         database = initialise(PROGRAM, server.connection, "--sample")
@@ -60,13 +59,21 @@ class Servers(unittest.TestCase):
         self.assertEqual(
             server.rows("SELECT ActionParam FROM SMS_RULES WHERE Name = 'Whole'"), [ACTION])
 
-        DESKTOP.press("alt+m")
-        program.window("Modify Rule").text_box(NAME).tab_to().replace(HINDI)
-        DESKTOP.press("Return")
-        program.window("SMS Rules").list(RULES).row(HINDI).wait_until(State.SELECTED)
+        rules.tab_to().go_to("दिल्ली के संदेश")
+        DESKTOP.press("alt+u", "alt+m")
+        editor = program.window("Modify Rule")
+        self.assertEqual(editor.text_box(NAME).text, "दिल्ली के संदेश")
+        editor.list(ACTIONS).tab_to().tick("Delete it")
+        DESKTOP.press("alt+o")
+        program.window("SMS Rules")
         DESKTOP.press("alt+o")
         self.assertEqual(program.finish(), (0, "result: 99"))
-        self.assertEqual(server.rows("SELECT Name FROM SMS_RULES WHERE PRIORITY = 1"), [HINDI])
+        self.assertEqual(
+            server.rows("SELECT Name FROM SMS_RULES WHERE DELETED = 0 ORDER BY PRIORITY")[:4],
+            ["Whole", "Not stopped in March", "दिल्ली के संदेश", "Help 🌙 at night"])
+        self.assertEqual(
+            server.rows("SELECT Name FROM SMS_RULES WHERE ActionParam LIKE"
+                        " '%<DELETE>YES</DELETE>%' AND PRIORITY = 3"), ["दिल्ली के संदेश"])
         self.assertEqual(program.log(), "")
 
     def testAWholeRuleIsComposedOnPostgreSql(self):
