@@ -9,7 +9,7 @@ from desktop import PATIENCE, TimedOut
 
 
 class Database:
-    """Read and written with the database's own client."""
+    """An SQLite file, read and written with the database's own client."""
 
     def __init__(self, path):
         self.path = path
@@ -41,9 +41,8 @@ class KvexRules(Application):
         self.errors = desktop.home / "kvexrules.err"
         with self.output.open("wb") as out, self.errors.open("wb") as err:
             super().__init__(desktop, subprocess.Popen(
-                [program, "edit", "--database", database.path,
-                 "--log", desktop.home / "kvexrules.log", *arguments],
-                stdin=subprocess.DEVNULL, stdout=out, stderr=err))
+                [program, "edit", "--log", desktop.home / "kvexrules.log", *arguments],
+                env=environment(database.path), stdin=subprocess.DEVNULL, stdout=out, stderr=err))
 
     def finish(self):
         """Waits for its end: the exit status and the last line it printed."""
@@ -67,8 +66,13 @@ class KvexRules(Application):
             "log:", self.log()])
 
 
+def environment(path):
+    """Names the database where no list of processes shows it: it may hold a password."""
+    return {**os.environ, "KVEX_DATABASE": str(path)}
+
+
 def initialise(program, path, *arguments):
-    """A new database made by the program itself."""
-    subprocess.run([program, "init", "--database", path, *arguments], check=True,
-                   stdout=subprocess.DEVNULL, env={**os.environ})
+    """A new database made by the program itself; of a server its tables."""
+    subprocess.run([program, "init", *arguments], check=True, stdout=subprocess.DEVNULL,
+                   env=environment(path))
     return Database(path)
