@@ -78,8 +78,9 @@ TEST_F(Database, NeverHasItsPasswordToldWhereItsOptionWasForgotten) {
 TEST_F(Database, NeverHasItsPasswordListedWithTheProcess) {
     // The contacts are a pipe that the program waits for once it has read its arguments.
     const Outcome outcome = run(
-        "/bin/sh",
-        {"-c",
+        // The limit only ends a hang.
+        "/usr/bin/timeout",
+        {"60", "/bin/sh", "-c",
          R"(mkfifo contacts.csv; "$0" contacts import contacts.csv --database "$1" & exec 3>contacts.csv; tr '\0' ' ' < /proc/$!/cmdline; exec 3>&-; wait)",
          program.string(), "Provider=SQLite;Data Source=none.db;Password={s3;cret};UID=app"},
         environment, folder.path());
