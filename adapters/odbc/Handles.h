@@ -16,6 +16,7 @@ static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "texts pass as they are");
 
 /// ODBC takes texts that it only reads as changeable.
 [[nodiscard]] inline SQLWCHAR *wide(const char16_t *text) {
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast)
     return const_cast<SQLWCHAR *>(reinterpret_cast<const SQLWCHAR *>(text));
 }
 

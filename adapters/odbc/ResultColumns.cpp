@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <tuple>
 #include <utility>
 
 namespace kvex::odbc {
@@ -49,7 +50,10 @@ struct TableName {
     std::u16string schema;
     std::u16string table;
 
-    friend auto operator<=>(const TableName &, const TableName &) = default;
+    friend bool operator<(const TableName &left, const TableName &right) {
+        return std::tie(left.catalog, left.schema, left.table) <
+               std::tie(right.catalog, right.schema, right.table);
+    }
 };
 
 std::u16string qualified(const OdbcConnection &connection, const TableName &name) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace kvex::odbc {
 namespace {
@@ -107,11 +108,8 @@ constexpr ServerKind other{
                     .behindTable = u""},
 };
 
-struct Version {
-    int major = 0;
-    int minor = 0;
-    friend auto operator<=>(const Version &, const Version &) = default;
-};
+/// Major and minor.
+using Version = std::pair<int, int>;
 
 int leadingNumber(std::u16string_view &text) {
     int number = 0;
@@ -124,10 +122,8 @@ int leadingNumber(std::u16string_view &text) {
 }
 
 Version versionOf(std::u16string_view text) {
-    Version version;
-    version.major = leadingNumber(text);
-    version.minor = leadingNumber(text);
-    return version;
+    const int major = leadingNumber(text);
+    return {major, leadingNumber(text)};
 }
 
 } // namespace

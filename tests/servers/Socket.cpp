@@ -54,6 +54,14 @@ Socket Socket::connected(std::uint16_t port) {
     return socket;
 }
 
+void Socket::refuse() const {
+    shutdown(handle_, SHUT_RDWR);
+}
+
+void Socket::listenAgain() const {
+    listen(handle_, SOMAXCONN);
+}
+
 Socket Socket::accepted() const {
     return Socket(accept4(handle_, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
 }

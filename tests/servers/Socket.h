@@ -24,6 +24,9 @@ public:
     [[nodiscard]] static Socket listening(std::uint16_t port);
     [[nodiscard]] static Socket connected(std::uint16_t port);
     [[nodiscard]] Socket accepted() const;
+    /// A listening one refuses from now on, and listens again; it keeps its port meanwhile.
+    void refuse() const;
+    void listenAgain() const;
 
     [[nodiscard]] explicit operator bool() const noexcept { return handle_ >= 0; }
     [[nodiscard]] int handle() const noexcept { return handle_; }

@@ -9,7 +9,6 @@
 #include <list>
 #include <mutex>
 #include <poll.h>
-#include <stdexcept>
 #include <string>
 #include <sys/eventfd.h>
 #include <sys/socket.h>
@@ -98,14 +97,16 @@ public:
     }
     void refuse() {
         change([this] {
-            listener_ = {};
+            listener_.refuse();
+            accepts_ = false;
             links_.clear();
         });
     }
     void restore() {
         change([this] {
-            if (!listener_ && !(listener_ = Socket::listening(port_))) {
-                throw std::runtime_error("another program has taken the relay's port");
+            if (!accepts_) {
+                listener_.listenAgain();
+                accepts_ = true;
             }
             forwards_ = true;
         });
@@ -135,7 +136,7 @@ private:
 
     [[nodiscard]] std::vector<pollfd> awaited() const {
         std::vector<pollfd> events{{wake_.handle(), POLLIN, 0}};
-        if (forwards_ && listener_) {
+        if (forwards_ && accepts_) {
             events.push_back({listener_.handle(), POLLIN, 0});
             for (const Link &link : links_) {
                 for (const Direction &direction : link.directions) {
@@ -147,7 +148,7 @@ private:
     }
 
     void forward() {
-        while (Socket client = listener_ ? listener_.accepted() : Socket()) {
+        while (Socket client = accepts_ ? listener_.accepted() : Socket()) {
             if (Socket server = Socket::connected(serverPort_)) {
                 links_.emplace_back(std::move(client), std::move(server));
             }
@@ -161,6 +162,7 @@ private:
     Socket wake_{eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)};
     std::mutex mutex_;
     bool forwards_ = true;
+    bool accepts_ = true;
     bool ended_ = false;
     /// In their places: the directions point into them.
     std::list<Link> links_;

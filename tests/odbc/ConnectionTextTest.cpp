@@ -1,0 +1,102 @@
+// The text that the driver manager gets.
+#include "adapters/odbc/ConnectionText.h"
+
+#include "platform/Text.h"
+#include "tests/recordset/ErrorNumber.h"
+
+#include <gmock/gmock.h>
+
+#include <string>
+
+namespace kvex::test {
+namespace {
+
+using odbc::namesOdbc;
+using odbc::nativeText;
+using odbc::timeoutOf;
+using recordset::ConnectionString;
+using testing::HasSubstr;
+using testing::Not;
+
+std::u16string native(std::u16string_view text) {
+    return nativeText(ConnectionString(text));
+}
+
+std::string utf8(std::u16string_view text) {
+    return toUtf8(native(text));
+}
+
+TEST(ConnectionText, StringsWithADriverOrDataSourceAreOdbcs) {
+    for (const std::u16string_view text :
+         {u"Driver={Some Driver};Server=h", u"DSN=rules", u"dsn=rules;UID=u",
+          u"Provider=MSDASQL;DSN=rules", u"Provider=msdasql;Data Source=rules"}) {
+        EXPECT_TRUE(namesOdbc(ConnectionString(text)));
+    }
+    for (const std::u16string_view text :
+         {u"/data/rules.db", u"Provider=SQLite;Data Source=rules.db", u"Server=h;Database=d"}) {
+        EXPECT_FALSE(namesOdbc(ConnectionString(text)));
+    }
+}
+
+TEST(ConnectionText, TheProviderIsDroppedAndEveryOtherKeyPasses) {
+    EXPECT_EQ(native(u"Provider=MSDASQL;Driver={Some Driver};Server=h;Unheard Of=5"),
+              u"Driver={Some Driver};Server=h;Unheard Of=5;");
+}
+
+TEST(ConnectionText, ValuesThatNeedItAreInBraces) {
+    EXPECT_EQ(native(u"DSN=rules;PWD={a;b}}c}"), u"DSN=rules;PWD={a;b}}c};");
+    EXPECT_EQ(native(u"DSN=rules;PWD=\" x \""), u"DSN=rules;PWD={ x };");
+    EXPECT_EQ(native(u"DSN=rules;Database=plain text"), u"DSN=rules;Database=plain text;");
+}
+
+TEST(ConnectionText, TheProvidersNamesOfKeysBecomeOdbcs) {
+    EXPECT_EQ(native(u"Provider=MSDASQL;Data Source=rules;User ID=u;Password=p;Initial Catalog=d"),
+              u"DSN=rules;UID=u;PWD=p;DATABASE=d;");
+}
+
+TEST(ConnectionText, TheTimeoutIsOursAndFifteenSecondsWithoutOne) {
+    EXPECT_EQ(timeoutOf(ConnectionString(u"DSN=rules")), 15);
+    EXPECT_EQ(timeoutOf(ConnectionString(u"DSN=rules;connect timeout=4")), 4);
+    EXPECT_EQ(timeoutOf(ConnectionString(u"DSN=rules;Connection Timeout=3600")), 3600);
+    EXPECT_EQ(native(u"DSN=rules;Connect Timeout=4"), u"DSN=rules;");
+}
+
+TEST(ConnectionText, ATimeoutThatIsNoneIsRefused) {
+    for (const std::u16string_view value : {u"", u"0", u"-1", u"soon", u"1.5", u"3601", u"99999"}) {
+        const ConnectionString text(u"DSN=rules;Connect Timeout=" + std::u16string(value));
+        EXPECT_EQ(errorNumber([&] { static_cast<void>(timeoutOf(text)); }),
+                  error_number::badArgument);
+    }
+}
+
+TEST(ConnectionText, PostgreSqlKeepsLineBreaksAndNeverWaitsForADeadServer) {
+    const std::string text = utf8(u"Driver={PostgreSQL Unicode};Server=h;Connect Timeout=9");
+    EXPECT_THAT(text, HasSubstr("LFConversion=0;"));
+    EXPECT_THAT(text, HasSubstr("BoolsAsChar=0;"));
+    EXPECT_THAT(text, HasSubstr("connect_timeout=9 tcp_user_timeout=9000 "));
+    EXPECT_THAT(text, HasSubstr("lock_timeout=6s"));
+}
+
+TEST(ConnectionText, MariaDbCountsFoundRowsInUtf8AndRefusesWhatDoesNotFit) {
+    const std::string text = utf8(u"Driver=/usr/lib/odbc/libmaodbc.so;Server=h");
+    EXPECT_THAT(text, HasSubstr("CHARSET=utf8mb4;"));
+    EXPECT_THAT(text, HasSubstr("OPTION=2;"));
+    EXPECT_THAT(text, HasSubstr("READ_TIMEOUT=15;"));
+    EXPECT_THAT(text, HasSubstr("STRICT_ALL_TABLES"));
+}
+
+TEST(ConnectionText, WhatTheStringSaysIsNotChanged) {
+    const std::string maria =
+        utf8(u"Driver={MariaDB Unicode};charset=utf8;OPTIONS=67108866;READ_TIMEOUT=3");
+    EXPECT_THAT(maria, Not(HasSubstr("utf8mb4;")));
+    EXPECT_THAT(maria, Not(HasSubstr("OPTION=")));
+    EXPECT_THAT(maria, Not(HasSubstr("READ_TIMEOUT=15")));
+    const std::string postgres =
+        utf8(u"Driver={PostgreSQL Unicode};LFConversion=1;pqopt={sslmode=require}");
+    EXPECT_THAT(postgres, Not(HasSubstr("LFConversion=0")));
+    EXPECT_THAT(postgres, HasSubstr(" sslmode=require};"));
+    EXPECT_THAT(postgres, Not(HasSubstr("{sslmode=require}")));
+}
+
+} // namespace
+} // namespace kvex::test
