@@ -6,11 +6,12 @@
 namespace kvex::odbc {
 
 recordset::Provider provider() {
-    return {u"Driver={NAME};Server=HOST;Database=NAME;UID=USER;PWD=PASSWORD, or DSN=NAME for ODBC",
-            &namesOdbc,
-            [](const recordset::ConnectionString &text) -> std::unique_ptr<recordset::Driver> {
-                return std::make_unique<OdbcDriver>(text);
-            }};
+    return {
+        u"Driver={NAME};Server=HOST;Database=NAME;UID=USER;PWD={PASSWORD}, or DSN=NAME for ODBC",
+        &namesOdbc,
+        [](const recordset::ConnectionString &text) -> std::unique_ptr<recordset::Driver> {
+            return std::make_unique<OdbcDriver>(text);
+        }};
 }
 
 } // namespace kvex::odbc

@@ -78,6 +78,11 @@ kvex/rules.db in $XDG_DATA_HOME (~/.local/share). That file holds lines of
 "key = value" with the keys database, user and log, and comments after "#" at
 the beginning of a line.
 
+A server's database is named by an ODBC connection string, as in
+  Driver={PostgreSQL Unicode};Server=db;Database=sms;UID=editor;PWD=...
+A password belongs in that file, or in $KVEX_DATABASE: other users may see it
+after --database.
+
 "list" separates its columns by blanks; the name is the rest of the line, and
 what could break the line is written as \n, \t, \\ or \u{HEX}. "contacts list"
 separates them by tabs, and lists the contacts that belong to nobody as well.

@@ -2,12 +2,12 @@
 #include "tests/editors/Editor.h"
 
 #include "adapters/sqlite/Provider.h"
-#include "adapters/sqlite/Schema.h"
 #include "adapters/sqlite/SqliteError.h"
 #include "host/suite/SuiteState.h"
 #include "platform/Text.h"
 #include "tests/recordset/Faults.h"
 #include "tests/recordset/SqliteFixture.h"
+#include "tests/support/SqliteSchema.h"
 
 #include <sqlite3.h>
 
@@ -26,7 +26,7 @@ protected:
         std::filesystem::permissions(root_.path(), std::filesystem::perms::all);
         std::filesystem::create_directory(folder());
         host::suiteState() = host::SuiteState{{}, {}, host::ErrorLog(root_.path() / "log"), {}};
-        sqlite::createSchema(fromUtf8(file().string()));
+        createSqliteSchema(fromUtf8(file().string()));
         OtherProgram other(file());
         for (const char16_t *name : {u"A", u"B", u"C"}) {
             other.run(std::u16string(u"INSERT INTO SMS_RULES (Name, QueryParam, ActionParam, "

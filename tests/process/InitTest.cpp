@@ -129,9 +129,10 @@ TEST_F(Init, TellsWhenTheUsersFolderCannotBeMade) {
                 AllOf(HasSubstr("cannot be created"), HasSubstr("--database")));
 }
 
-TEST_F(Init, NeedsAFile) {
-    EXPECT_THAT(failed(2, {"init", "--database", "DSN=sms;PWD=s3cret"}),
-                AllOf(HasSubstr("SQLite"), testing::Not(HasSubstr("s3cret"))));
+TEST_F(Init, MakesNoServersDatabase) {
+    EXPECT_THAT(failed(2, {"init", "--database", "DSN=none;PWD=s3cret"}),
+                AllOf(HasSubstr("no ODBC data source"), HasSubstr("administrator"),
+                      HasSubstr("named by --database"), testing::Not(HasSubstr("s3cret"))));
 }
 
 } // namespace

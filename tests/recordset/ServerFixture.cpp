@@ -14,53 +14,80 @@
 namespace kvex::test {
 namespace {
 
-class ServerFixture final : public DatabaseFixture {
+/// A database on a server; it is dropped with the object.
+class ServerFixture : public DatabaseFixture {
 public:
-    ServerFixture(DatabaseServer &server, bool numbersBlindly,
-                  std::map<Deviation, std::string> deviations)
-        : server_(server), numbersBlindly_(numbersBlindly), deviations_(std::move(deviations)) {
-        static int number = 0;
-        name_ = "conformance" + std::to_string(++number);
-        server_.createDatabase(name_);
-        recordset::ClientConnection connection({odbc::provider()});
-        static_cast<Connection &>(connection).open(connectionString());
-        recordset::createSchema(connection);
-    }
-
     ~ServerFixture() override { server_.dropDatabase(name_); }
     ServerFixture(const ServerFixture &) = delete;
     ServerFixture &operator=(const ServerFixture &) = delete;
 
     [[nodiscard]] recordset::Provider provider() const override { return odbc::provider(); }
     [[nodiscard]] std::u16string connectionString() const override {
-        return fromUtf8(server_.odbcConnectionString(name_));
+        return connectionString(server_, name_);
     }
-    void run(std::u16string_view statement) override {
-        server_.run(name_, toUtf8(statement) + afterRun(statement));
-    }
+    void run(std::u16string_view statement) override { server_.run(name_, toUtf8(statement)); }
     [[nodiscard]] std::u16string valueOf(std::u16string_view query) override {
         return fromUtf8(server_.valueOf(name_, toUtf8(query)));
     }
-    [[nodiscard]] std::map<Deviation, std::string> deviations() const override {
-        return deviations_;
+
+protected:
+    explicit ServerFixture(DatabaseServer &server) : server_(server) {
+        static int number = 0;
+        name_ = "conformance" + std::to_string(++number);
     }
 
+    static void createTables(const DatabaseServer &server, const std::string &database) {
+        recordset::ClientConnection connection({odbc::provider()});
+        static_cast<Connection &>(connection).open(connectionString(server, database));
+        recordset::createSchema(connection);
+    }
+    [[nodiscard]] const std::string &name() const { return name_; }
+
 private:
-    /// PostgreSQL numbers rows without regard to the numbers that others gave: a program that
-    /// gives them itself moves the counter on.
-    [[nodiscard]] std::string afterRun(std::u16string_view statement) const {
-        if (!numbersBlindly_ || !statement.starts_with(u"INSERT INTO SMS_RULES ")) {
-            return {};
-        }
-        return "; SELECT setval(pg_get_serial_sequence('sms_rules', 'id'), GREATEST("
-               "nextval(pg_get_serial_sequence('sms_rules', 'id')), "
-               "(SELECT MAX(id) FROM sms_rules)))";
+    static std::u16string connectionString(const DatabaseServer &server,
+                                           const std::string &database) {
+        return fromUtf8(server.odbcConnectionString(database));
     }
 
     DatabaseServer &server_;
-    bool numbersBlindly_;
-    std::map<Deviation, std::string> deviations_;
     std::string name_;
+};
+
+class PostgreSqlFixture final : public ServerFixture {
+public:
+    PostgreSqlFixture() : ServerFixture(PostgreSqlServer::shared()) {
+        static const std::string original = originalOn(PostgreSqlServer::shared());
+        PostgreSqlServer::shared().createDatabase(name(), original);
+    }
+
+    [[nodiscard]] std::map<Deviation, std::string> deviations() const override {
+        return {{Deviation::refusesNulCharacters, "its texts hold every character but NUL"}};
+    }
+
+private:
+    /// The database that the others are copies of: its tables are made once.
+    static std::string originalOn(PostgreSqlServer &server) {
+        std::string database = "original";
+        server.createDatabase(database);
+        createTables(server, database);
+        // The numbers that it gives know nothing of those that a statement gives; they begin
+        // above the suite's.
+        server.run(database, "ALTER TABLE SMS_RULES ALTER COLUMN ID RESTART WITH 1000");
+        return database;
+    }
+};
+
+class MariaDbFixture final : public ServerFixture {
+public:
+    MariaDbFixture() : ServerFixture(MariaDbServer::shared()) {
+        MariaDbServer::shared().createDatabase(name());
+        createTables(MariaDbServer::shared(), name());
+    }
+
+    [[nodiscard]] std::map<Deviation, std::string> deviations() const override {
+        return {{Deviation::refusesNulCharacters,
+                 "its ODBC driver reads a text up to its first NUL character"}};
+    }
 };
 
 class OdbcSqliteFixture final : public DatabaseFixture {
@@ -88,32 +115,22 @@ private:
     OtherProgram other_;
 };
 
+template <class Fixture> std::unique_ptr<DatabaseFixture> make() {
+    return std::make_unique<Fixture>();
+}
+
 } // namespace
 
 DatabaseKind postgreSqlServer() {
-    return {"PostgreSql", []() -> std::unique_ptr<DatabaseFixture> {
-                return std::make_unique<ServerFixture>(
-                    PostgreSqlServer::shared(), true,
-                    std::map<Deviation, std::string>{{Deviation::refusesNulCharacters,
-                                                      "its texts hold every character but "
-                                                      "NUL"}});
-            }};
+    return {"PostgreSql", &make<PostgreSqlFixture>};
 }
 
 DatabaseKind mariaDbServer() {
-    return {"MariaDb", []() -> std::unique_ptr<DatabaseFixture> {
-                return std::make_unique<ServerFixture>(
-                    MariaDbServer::shared(), false,
-                    std::map<Deviation, std::string>{
-                        {Deviation::refusesNulCharacters,
-                         "its ODBC driver reads a text up to its first NUL character"}});
-            }};
+    return {"MariaDb", &make<MariaDbFixture>};
 }
 
 DatabaseKind odbcSqlite() {
-    return {"OdbcSqlite", []() -> std::unique_ptr<DatabaseFixture> {
-                return std::make_unique<OdbcSqliteFixture>();
-            }};
+    return {"OdbcSqlite", &make<OdbcSqliteFixture>};
 }
 
 } // namespace kvex::test

@@ -6,22 +6,8 @@
 #include <stdexcept>
 
 namespace kvex::test {
-namespace {
-
-std::string randomPassword() {
-    constexpr std::string_view characters = "0123456789abcdefghijklmnopqrstuvwxyz";
-    std::random_device random;
-    std::uniform_int_distribution<std::size_t> positions(0, characters.size() - 1);
-    std::string password;
-    while (password.size() < 24) {
-        password += characters[positions(random)];
-    }
-    return password;
-}
-
-} // namespace
-
-DatabaseServer::DatabaseServer(const Kind &kind) : kind_(kind), password_(randomPassword()) {}
+DatabaseServer::DatabaseServer(const Kind &kind, std::string password)
+    : kind_(kind), password_(std::move(password)) {}
 
 DatabaseServer::~DatabaseServer() {
     stop();
@@ -31,12 +17,17 @@ pid_t DatabaseServer::pid() const {
     return process_ ? process_->pid() : 0;
 }
 
-void DatabaseServer::startSomewhere() {
+void DatabaseServer::start() {
+    if (port_ != 0) {
+        startOnPort();
+        return;
+    }
+    // Another program may take the port before the server does.
     constexpr int attempts = 5;
     for (int attempt = 1;; ++attempt) {
         port_ = freePort();
         try {
-            start();
+            startOnPort();
             return;
         } catch (const std::runtime_error &) {
             if (attempt == attempts) {
@@ -46,7 +37,7 @@ void DatabaseServer::startSomewhere() {
     }
 }
 
-void DatabaseServer::start() {
+void DatabaseServer::startOnPort() {
     process_.emplace(command(), folder_);
     try {
         awaitAnswer();
@@ -130,6 +121,17 @@ ServerClient &DatabaseServer::client(const std::string &database) {
         client = connect(database);
     }
     return *client;
+}
+
+std::string DatabaseServer::randomPassword() {
+    constexpr std::string_view characters = "0123456789abcdefghijklmnopqrstuvwxyz";
+    std::random_device random;
+    std::uniform_int_distribution<std::size_t> positions(0, characters.size() - 1);
+    std::string password;
+    while (password.size() < 24) {
+        password += characters[positions(random)];
+    }
+    return password;
 }
 
 } // namespace kvex::test

@@ -27,7 +27,8 @@ public:
     /// 0 while it does not run.
     [[nodiscard]] pid_t pid() const;
 
-    /// On the same port and data as before; it accepts connections when this returns.
+    /// On the same data, and the same port but for the first time; it accepts connections when this
+    /// returns.
     void start();
     /// As its administrator stops it.
     void stop();
@@ -60,10 +61,9 @@ protected:
         /// Stops it without waiting for those who are connected.
         int stopSignal;
     };
-    explicit DatabaseServer(const Kind &kind);
+    explicit DatabaseServer(const Kind &kind, std::string password = randomPassword());
 
-    /// The first start, on a port that is free.
-    void startSomewhere();
+    [[nodiscard]] static std::string randomPassword();
     /// The program with its arguments.
     [[nodiscard]] virtual std::vector<std::string> command() const = 0;
     /// Raises std::runtime_error while the server accepts no connection.
@@ -80,6 +80,7 @@ protected:
 
 private:
     ServerClient &client(const std::string &database);
+    void startOnPort();
     void awaitAnswer();
 
     Kind kind_;

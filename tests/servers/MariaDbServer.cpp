@@ -85,7 +85,10 @@ std::string quoted(const std::string &name) {
 
 } // namespace
 
-MariaDbServer::MariaDbServer() : DatabaseServer({"MariaDB Unicode", "mysql", SIGTERM}) {
+MariaDbServer::MariaDbServer(const std::string &password)
+    : DatabaseServer({"MariaDB Unicode", "mysql", SIGTERM}, password) {}
+
+MariaDbServer::MariaDbServer() : MariaDbServer(randomPassword()) {
     std::vector<std::string> installation{
         KVEX_MARIADB_INSTALL, "--no-defaults", "--datadir=" + (folder() / "data").string(),
         "--auth-root-authentication-method=normal", "--skip-test-db"};
@@ -101,9 +104,17 @@ MariaDbServer::MariaDbServer() : DatabaseServer({"MariaDB Unicode", "mysql", SIG
                                     "GRANT ALL ON *.* TO '" +
                                     user + "'@'%' WITH GRANT OPTION;\n");
     setFurtherArguments({"--init-file=" + (folder() / "users.sql").string()});
-    startSomewhere();
+    start();
     setFurtherArguments({});
     std::filesystem::remove(folder() / "users.sql");
+}
+
+std::unique_ptr<MariaDbServer> MariaDbServer::copyOf(const MariaDbServer &original) {
+    std::unique_ptr<MariaDbServer> copy(new MariaDbServer(original.password()));
+    std::filesystem::copy(original.folder() / "data", copy->folder() / "data",
+                          std::filesystem::copy_options::recursive);
+    copy->folder().handOver();
+    return copy;
 }
 
 MariaDbServer &MariaDbServer::shared() {

@@ -9,16 +9,22 @@ class MariaDbServer final : public DatabaseServer {
 public:
     /// Runs, with an empty set of databases, when this returns.
     MariaDbServer();
+    /// A further server with the databases and the user of one that is stopped; it does not run
+    /// yet.
+    [[nodiscard]] static std::unique_ptr<MariaDbServer> copyOf(const MariaDbServer &original);
+
     /// The one server of a test program, started when it is first asked for.
     [[nodiscard]] static MariaDbServer &shared();
 
     void createDatabase(const std::string &name) override;
     void dropDatabase(const std::string &name) override;
 
-    /// What its next start gets besides its own arguments.
+    /// What its starts from now on get besides its own arguments.
     void setFurtherArguments(std::vector<std::string> arguments);
 
 private:
+    explicit MariaDbServer(const std::string &password);
+
     [[nodiscard]] std::vector<std::string> command() const override;
     [[nodiscard]] std::unique_ptr<ServerClient> connect(const std::string &database) const override;
 

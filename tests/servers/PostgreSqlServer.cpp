@@ -76,7 +76,7 @@ PostgreSqlServer::PostgreSqlServer() : DatabaseServer({"PostgreSQL Unicode", "po
               "--locale=C.UTF-8", "--no-sync", "--no-instructions"},
              folder());
     std::filesystem::remove(folder() / "password");
-    startSomewhere();
+    start();
 }
 
 PostgreSqlServer &PostgreSqlServer::shared() {

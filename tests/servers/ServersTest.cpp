@@ -4,13 +4,34 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <csignal>
+#include <cstdlib>
+#include <fstream>
+#include <poll.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+// The header of glibc 2.36 names no linkage.
+extern "C" {
+#include <sys/pidfd.h>
+}
 
 namespace kvex::test {
 namespace {
 
 bool runs(pid_t pid) {
     return ::kill(pid, 0) == 0;
+}
+
+/// "T" for a process that is stopped.
+std::string stateOf(pid_t pid) {
+    std::ifstream status("/proc/" + std::to_string(pid) + "/stat");
+    std::string number;
+    std::string program;
+    std::string state;
+    status >> number >> program >> state;
+    return state;
 }
 
 template <class Server> class Servers : public testing::Test {
@@ -61,6 +82,52 @@ TYPED_TEST(Servers, AKilledServerKeepsWhatWasStored) {
 TYPED_TEST(Servers, ADroppedDatabaseIsGone) {
     this->server.dropDatabase("rules");
     EXPECT_THROW(this->server.run("rules", "SELECT 1"), std::runtime_error);
+}
+
+TYPED_TEST(Servers, AFrozenServerDoesNothingUntilItIsThawed) {
+    this->server.freeze();
+    EXPECT_EQ(stateOf(this->server.pid()), "T");
+    this->server.thaw();
+    EXPECT_EQ(this->server.valueOf("rules", "SELECT COUNT(*) FROM t"), "2");
+}
+
+TYPED_TEST(Servers, AFrozenServerIsStoppedAndKilled) {
+    this->server.freeze();
+    this->server.stop();
+    this->server.start();
+    this->server.freeze();
+    this->server.kill();
+    this->server.start();
+    EXPECT_EQ(this->server.valueOf("rules", "SELECT COUNT(*) FROM t"), "2");
+}
+
+TYPED_TEST(Servers, AServerEndsWithATestProgramThatCrashes) {
+    // What the server leaves behind goes with it.
+    const ServerFolder folder;
+    std::array<int, 2> ends{};
+    ASSERT_EQ(pipe(ends.data()), 0);
+    const pid_t crashing = fork();
+    if (crashing == 0) {
+        setenv("TMPDIR", folder.path().c_str(), 1);
+        const TypeParam crashed;
+        const pid_t pid = crashed.pid();
+        if (write(ends[1], &pid, sizeof pid) == sizeof pid) {
+            pause();
+        }
+        _exit(1);
+    }
+    pid_t pid = 0;
+    ASSERT_EQ(read(ends[0], &pid, sizeof pid), static_cast<ssize_t>(sizeof pid));
+    const int handle = pidfd_open(pid, 0);
+    ASSERT_GE(handle, 0);
+    ::kill(crashing, SIGKILL);
+    waitpid(crashing, nullptr, 0);
+    pollfd ended{handle, POLLIN, 0};
+    constexpr int hang = 120'000;
+    EXPECT_EQ(poll(&ended, 1, hang), 1);
+    for (const int end : {handle, ends[0], ends[1]}) {
+        close(end);
+    }
 }
 
 } // namespace

@@ -60,6 +60,13 @@ public:
                                             const ValueView &read) const override {
         return real_->stillHolds(column, read);
     }
+    [[nodiscard]] recordset::ColumnTypes columnTypes() const override {
+        return real_->columnTypes();
+    }
+    [[nodiscard]] std::vector<std::u16string> columnsOf(std::u16string_view table) override {
+        count(&DriverCalls::queries);
+        return real_->columnsOf(table);
+    }
     void begin() override {
         count(&DriverCalls::transactions);
         real_->begin();

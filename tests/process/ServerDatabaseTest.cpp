@@ -1,0 +1,202 @@
+// The program on databases of servers.
+#include "tests/process/KvexrulesTest.h"
+#include "tests/servers/MariaDbServer.h"
+#include "tests/servers/PostgreSqlServer.h"
+
+namespace kvex::process {
+namespace {
+
+using test::DatabaseServer;
+using test::MariaDbServer;
+using test::PostgreSqlServer;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+
+struct ServerKind {
+    const char *name;
+    DatabaseServer &(*server)();
+    /// What the administrator says so that there is a user "editor",
+    std::vector<std::string> login;
+    /// so that he may open the database,
+    std::vector<std::string> entry;
+    /// and so that he may edit rules.
+    std::vector<std::string> grants;
+};
+
+DatabaseServer &postgreSql() {
+    return PostgreSqlServer::shared();
+}
+
+DatabaseServer &mariaDb() {
+    return MariaDbServer::shared();
+}
+
+/// With a database of its own, without tables, on the server.
+class ServerDatabase : public KvexrulesTest, public testing::WithParamInterface<ServerKind> {
+protected:
+    ServerDatabase() {
+        server().createDatabase(name);
+        environment["KVEX_DATABASE"] = server().odbcConnectionString(name);
+    }
+    ~ServerDatabase() override { server().dropDatabase(name); }
+
+    [[nodiscard]] static DatabaseServer &server() { return GetParam().server(); }
+    [[nodiscard]] static std::string valueOf(const std::string &query) {
+        return server().valueOf(name, query);
+    }
+    /// The connection string up to where the user stands, of the program's messages too.
+    [[nodiscard]] static std::string place() {
+        const std::string whole = server().odbcConnectionString(name);
+        return whole.substr(0, whole.find("UID="));
+    }
+    void become(const std::string &user, const std::string &password) {
+        environment["KVEX_DATABASE"] = place() + "UID=" + user + ";PWD=" + password;
+    }
+    static void run(const std::vector<std::string> &statements) {
+        for (const std::string &statement : statements) {
+            server().run(name, statement);
+        }
+    }
+
+    static constexpr const char *name = "rules";
+};
+
+TEST_P(ServerDatabase, GetsItsTablesOnce) {
+    EXPECT_EQ(done({"init"}), "ready: " + place() + "UID=kvex;PWD=***\n");
+    EXPECT_EQ(done({"list"}), "");
+    EXPECT_THAT(failed(1, {"init"}), HasSubstr("has its tables already"));
+}
+
+TEST_P(ServerDatabase, HoldsTheSampleThatAFileHolds) {
+    const std::string file = database.string();
+    done({"init", "--sample", "--database", file});
+    done({"init", "--sample"});
+    EXPECT_EQ(done({"list"}), done({"list", "--database", file}));
+    EXPECT_EQ(done({"show", "--all"}), done({"show", "--all", "--database", file}));
+    EXPECT_EQ(done({"contacts", "list"}), done({"contacts", "list", "--database", file}));
+}
+
+TEST_P(ServerDatabase, HoldsASampleWhoseRulesNameItsOwnRows) {
+    done({"init"});
+    // The numbers of removed rows are not given again: those of the sample are others.
+    server().run(name, "INSERT INTO SMS_USERS (NAME) VALUES ('gone')");
+    server().run(name, "INSERT INTO SMS_ACCOUNT (NAME) VALUES ('gone')");
+    server().run(name, "DELETE FROM SMS_USERS");
+    server().run(name, "DELETE FROM SMS_ACCOUNT");
+    done({"init", "--sample"});
+    EXPECT_THAT(valueOf("SELECT ActionParam FROM SMS_RULES WHERE PRIORITY = 1"),
+                AllOf(HasSubstr("<DIST>4;8</DIST>"), HasSubstr("<REPLY>Received;3</REPLY>")));
+    EXPECT_EQ(valueOf("SELECT NAME FROM SMS_USERS WHERE ID = 4"), "Ravi Kumar");
+    EXPECT_EQ(valueOf("SELECT USER_ID FROM SMS_CONTACTS WHERE MOBILE = '9811100011'"), "2");
+    EXPECT_THAT(done({"show", "--all"}), HasSubstr("Ravi Kumar"));
+}
+
+TEST_P(ServerDatabase, KeepsItsDataWhenASampleIsRefused) {
+    done({"init", "--sample"});
+    const std::string before = done({"list"});
+    EXPECT_THAT(failed(1, {"init", "--sample"}), HasSubstr("holds data already"));
+    EXPECT_EQ(done({"list"}), before);
+}
+
+TEST_P(ServerDatabase, GivesNewRulesHigherIdsThanTheSamples) {
+    done({"init", "--sample"});
+    server().run(name, "DELETE FROM SMS_RULES WHERE ID = 7");
+    server().run(name, "INSERT INTO SMS_RULES (Name) VALUES ('n')");
+    EXPECT_EQ(valueOf("SELECT ID, PRIORITY, ACTIVE, DELETED FROM SMS_RULES WHERE Name = 'n'"),
+              "8|0|1|0");
+}
+
+TEST_P(ServerDatabase, GetsATableThatIsMissing) {
+    done({"init"});
+    server().run(name, "DROP TABLE SMS_CONTACTS");
+    done({"init"});
+    EXPECT_EQ(valueOf("SELECT COUNT(*) FROM SMS_CONTACTS"), "0");
+}
+
+TEST_P(ServerDatabase, WithATableOfAnotherShapeIsRefused) {
+    server().run(name, "CREATE TABLE SMS_RULES (A INTEGER)");
+    EXPECT_THAT(failed(1, {"init"}), HasSubstr("SMS_RULES has no column ID"));
+    EXPECT_THAT(failed(2, {"list"}), Not(HasSubstr("PWD=k")));
+    server().run(name, "DROP TABLE SMS_RULES");
+    done({"init"});
+}
+
+TEST_P(ServerDatabase, MustBeThereBeforeItsTables) {
+    const std::string missing = server().odbcConnectionString("nowhere");
+    const std::string password = missing.substr(missing.find("PWD=") + 4);
+    EXPECT_THAT(failed(2, {"init", "--database", missing}),
+                AllOf(HasSubstr("administrator"), HasSubstr("nowhere"), Not(HasSubstr(password))));
+    EXPECT_THAT(failed(2, {"list", "--database", missing}), Not(HasSubstr(password)));
+}
+
+TEST_P(ServerDatabase, RefusesAWrongPasswordWithoutTellingIt) {
+    become("kvex", "{wr;ong}");
+    for (const char *command : {"init", "list"}) {
+        EXPECT_THAT(failed(2, {command}), AllOf(HasSubstr("correct UID and PWD"),
+                                                Not(HasSubstr("ong")), Not(HasSubstr("wr;"))));
+    }
+}
+
+TEST_P(ServerDatabase, IsEnoughForAnEditorWithFewRights) {
+    done({"init", "--sample"});
+    const std::string list = done({"list"});
+    const std::string shown = done({"show", "--all"});
+    run(GetParam().login);
+    run(GetParam().grants);
+    become("editor", "ed1t");
+    EXPECT_EQ(done({"list"}), list);
+    EXPECT_EQ(done({"show", "--all"}), shown);
+    EXPECT_THAT(failed(1, {"init"}), HasSubstr("has its tables already"));
+}
+
+TEST_P(ServerDatabase, TellsAUserWhoMayNotMakeTables) {
+    run(GetParam().login);
+    run(GetParam().entry);
+    become("editor", "ed1t");
+    EXPECT_THAT(failed(1, {"init"}), AllOf(HasSubstr("ask its administrator"), HasSubstr("permit"),
+                                           Not(HasSubstr("ed1t"))));
+}
+
+class FileThroughOdbc : public KvexrulesTest {};
+
+TEST_F(FileThroughOdbc, IsFilledAsAFileIsAndNotMade) {
+    const std::string file = (folder / "odbc.db").string();
+    const std::string odbc = "Driver={SQLite3};Database=" + file;
+    EXPECT_THAT(failed(2, {"init", "--database", odbc}), HasSubstr("cannot be reached"));
+    EXPECT_FALSE(std::filesystem::exists(file));
+    writeFile(file, "");
+    EXPECT_EQ(done({"init", "--sample", "--database", odbc}), "ready: " + odbc + "\n");
+    done({"init", "--sample"});
+    EXPECT_EQ(done({"show", "--all", "--database", odbc}), done({"show", "--all"}));
+    const std::string rows = "SELECT * FROM SMS_RULES; SELECT * FROM SMS_CONTACTS";
+    EXPECT_EQ(sqlite3(file, rows), sqlite3(database, rows));
+}
+
+std::vector<std::string> grantsOn(const std::string &prefix, const std::string &user) {
+    std::vector<std::string> grants{"GRANT SELECT, INSERT, UPDATE, DELETE ON " + prefix +
+                                    "SMS_RULES TO " + user};
+    for (const char *table :
+         {"SMS_USERS", "SMS_ACCOUNT", "SMS_SERVICE", "SMS_SERVICECOMMANDS", "SMS_CONTACTS"}) {
+        grants.push_back("GRANT SELECT ON " + prefix + table + " TO " + user);
+    }
+    return grants;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , ServerDatabase,
+    testing::Values(ServerKind{"PostgreSql",
+                               &postgreSql,
+                               {"DROP ROLE IF EXISTS editor",
+                                "CREATE ROLE editor LOGIN PASSWORD 'ed1t'"},
+                               {},
+                               grantsOn("", "editor")},
+                    ServerKind{"MariaDb",
+                               &mariaDb,
+                               {"CREATE OR REPLACE USER editor@'%' IDENTIFIED BY 'ed1t'"},
+                               {"GRANT SELECT ON rules.* TO editor@'%'"},
+                               grantsOn("rules.", "editor@'%'")}),
+    [](const auto &instance) { return std::string(instance.param.name); });
+
+} // namespace
+} // namespace kvex::process

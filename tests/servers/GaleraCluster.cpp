@@ -1,0 +1,98 @@
+#include "tests/servers/GaleraCluster.h"
+
+#include "tests/servers/FreePort.h"
+
+#include <chrono>
+#include <stdexcept>
+#include <thread>
+
+namespace kvex::test {
+namespace {
+
+/// Beside the port for clients: the one of the group, and those where a node that joins gets what
+/// it lacks, as single writes or as a whole.
+struct NodePorts {
+    std::uint16_t group = freePort();
+    std::uint16_t writes = freePort();
+    std::uint16_t state = freePort();
+};
+using ClusterPorts = std::array<NodePorts, GaleraCluster::size>;
+
+std::vector<std::string> arguments(const ClusterPorts &ports, const NodePorts &own) {
+    std::string members;
+    for (const NodePorts &node : ports) {
+        members.append(members.empty() ? "gcomm://" : ",")
+            .append("127.0.0.1:" + std::to_string(node.group));
+    }
+    return {"--wsrep-on=ON",
+            std::string("--wsrep-provider=") + KVEX_GALERA,
+            "--wsrep-cluster-address=" + members,
+            "--wsrep-node-address=127.0.0.1:" + std::to_string(own.group),
+            "--wsrep-provider-options=gcache.size=8M;gmcast.listen_addr=tcp://127.0.0.1:" +
+                std::to_string(own.group) +
+                ";ist.recv_addr=127.0.0.1:" + std::to_string(own.writes) +
+                ";evs.keepalive_period=PT0.5S;evs.suspect_timeout=PT2S;evs.inactive_timeout=PT6S",
+            "--wsrep-sst-method=rsync",
+            "--wsrep-sst-receive-address=127.0.0.1:" + std::to_string(own.state),
+            "--binlog-format=ROW",
+            "--innodb-autoinc-lock-mode=2"};
+}
+
+constexpr std::string_view clusterState =
+    "SELECT GROUP_CONCAT(VARIABLE_VALUE ORDER BY VARIABLE_NAME SEPARATOR '|') "
+    "FROM information_schema.GLOBAL_STATUS WHERE VARIABLE_NAME IN "
+    "('WSREP_CLUSTER_SIZE', 'WSREP_LOCAL_STATE_COMMENT', 'WSREP_READY')";
+
+} // namespace
+
+GaleraCluster::GaleraCluster() {
+    const ClusterPorts ports;
+    std::vector<std::string> founder = arguments(ports, ports[0]);
+    founder.emplace_back("--wsrep-new-cluster");
+    nodes_[0] = std::make_unique<MariaDbServer>();
+    nodes_[0]->stop();
+    nodes_[0]->setFurtherArguments(founder);
+    // The others begin as copies of a cluster of one: they lack only what was written since.
+    nodes_[0]->start();
+    waitUntilSynced(1);
+    nodes_[0]->stop();
+    for (std::size_t index = 1; index < size; ++index) {
+        nodes_.at(index) = MariaDbServer::copyOf(*nodes_[0]);
+        nodes_.at(index)->setFurtherArguments(arguments(ports, ports.at(index)));
+    }
+    for (std::size_t index = 0; index < size; ++index) {
+        nodes_.at(index)->start();
+        waitUntilSynced(index + 1);
+    }
+    nodes_[0]->setFurtherArguments(arguments(ports, ports[0]));
+}
+
+void GaleraCluster::waitUntilSynced(std::size_t nodes) {
+    constexpr std::chrono::milliseconds pause{20};
+    constexpr int attempts = 6000;
+    const std::string wanted = std::to_string(nodes) + "|Synced|ON";
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        bool synced = true;
+        for (const auto &node : nodes_) {
+            if (node && node->pid() != 0 && node->valueOf("mysql", clusterState) != wanted) {
+                synced = false;
+            }
+        }
+        if (synced) {
+            return;
+        }
+        std::this_thread::sleep_for(pause);
+    }
+    throw std::runtime_error("the cluster does not get in sync");
+}
+
+void GaleraCluster::killNode(std::size_t index) {
+    node(index).kill();
+    std::size_t left = 0;
+    for (const auto &node : nodes_) {
+        left += node->pid() != 0 ? 1 : 0;
+    }
+    waitUntilSynced(left);
+}
+
+} // namespace kvex::test

@@ -1,0 +1,30 @@
+// A Galera cluster of three MariaDB servers for tests.
+#pragma once
+
+#include "tests/servers/MariaDbServer.h"
+
+#include <array>
+#include <memory>
+
+namespace kvex::test {
+
+class GaleraCluster {
+public:
+    static constexpr std::size_t size = 3;
+
+    /// All nodes run and are synced when this returns.
+    GaleraCluster();
+
+    [[nodiscard]] MariaDbServer &node(std::size_t index) { return *nodes_.at(index); }
+
+    /// Waits until so many nodes make the cluster and the running ones are synced. With a limit
+    /// that only ends a hang, by a std::runtime_error.
+    void waitUntilSynced(std::size_t nodes = size);
+    /// The node is gone as by a loss of power; the others go on when this returns.
+    void killNode(std::size_t index);
+
+private:
+    std::array<std::unique_ptr<MariaDbServer>, size> nodes_;
+};
+
+} // namespace kvex::test
