@@ -3,6 +3,7 @@
 #include "adapters/recordset/ClientConnection.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
+#include "platform/Unicode.h"
 
 #include <utility>
 
@@ -255,7 +256,8 @@ std::u16string ClientRecordset::Opened::nameOf(const BaseTable &table) const {
     std::u16string_view separator = u" ";
     for (const std::size_t column : table.key) {
         const ValueView value = cursor.value(column);
-        name.append(separator).append(cursor.columns()[column].name).append(u" ");
+        // Some databases lower the names of columns.
+        name.append(separator).append(upperCase(cursor.columns()[column].name)).append(u" ");
         name.append(value.isNull() ? u"Null" : value.text());
         separator = u", ";
     }

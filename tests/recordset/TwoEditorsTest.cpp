@@ -1,5 +1,4 @@
 // Two connections that edit the same records: who comes second overwrites nothing unseen.
-#include "adapters/recordset/EqualIgnoringCase.h"
 #include "tests/recordset/RecordsetConformance.h"
 
 namespace kvex::test {
@@ -205,13 +204,13 @@ TEST_P(RecordsetConformance, ARefusalSaysWhatWasNotStoredAndWhyAndWhatToDo) {
     const auto rules = openRules();
     database().run(u"DELETE FROM SMS_RULES");
     rules->setField(u"Name", u"mine");
-    EXPECT_PRED2(recordset::equalIgnoringCase, description([&] { rules->update(); }),
-                 u"The change of record ID 7 was not stored" + why);
-    EXPECT_PRED2(recordset::equalIgnoringCase, description([&] { rules->deleteCurrent(); }),
-                 u"The removal of record ID 7 was not stored" + why);
-    EXPECT_PRED2(recordset::equalIgnoringCase, description([&] { rules->resyncCurrent(); }),
-                 u"What was stored before stays stored, but record ID 7 could not be read again" +
-                     why);
+    EXPECT_EQ(description([&] { rules->update(); }),
+              u"The change of record ID 7 was not stored" + why);
+    EXPECT_EQ(description([&] { rules->deleteCurrent(); }),
+              u"The removal of record ID 7 was not stored" + why);
+    EXPECT_EQ(description([&] { rules->resyncCurrent(); }),
+              u"What was stored before stays stored, but record ID 7 could not be read again" +
+                  why);
 }
 
 TEST_P(RecordsetConformance, ARefusedNewRecordIsSaidToBeNotStored) {

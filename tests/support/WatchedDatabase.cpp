@@ -56,6 +56,9 @@ public:
         count(&DriverCalls::inserts);
         return real_->insert(table, values, keyColumns);
     }
+    void describe(const std::u16string &query, std::vector<recordset::Column> &columns) override {
+        real_->describe(query, columns);
+    }
     [[nodiscard]] std::u16string stillHolds(std::u16string_view column,
                                             const ValueView &read) const override {
         return real_->stillHolds(column, read);
