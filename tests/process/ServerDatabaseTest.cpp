@@ -3,6 +3,8 @@
 #include "tests/servers/MariaDbServer.h"
 #include "tests/servers/PostgreSqlServer.h"
 
+#include <cstdlib>
+
 namespace kvex::process {
 namespace {
 
@@ -38,6 +40,12 @@ protected:
     ServerDatabase() {
         server().createDatabase(name);
         environment["KVEX_DATABASE"] = server().odbcConnectionString(name);
+        // What the sanitizers are told of the databases' drivers.
+        for (const char *variable : {"ASAN_OPTIONS", "LSAN_OPTIONS"}) {
+            if (const char *options = std::getenv(variable)) {
+                environment[variable] = options;
+            }
+        }
     }
     ~ServerDatabase() override { server().dropDatabase(name); }
 
