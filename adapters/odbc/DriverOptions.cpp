@@ -1,11 +1,13 @@
 #include "adapters/odbc/DriverOptions.h"
 
 #include "platform/Text.h"
+#include "platform/Unicode.h"
 
 #include <odbcinst.h>
 
 #include <algorithm>
 #include <array>
+#include <string>
 #include <string_view>
 
 namespace kvex::odbc {
@@ -25,13 +27,8 @@ std::u16string ofDataSource(const ConnectionString &text, const char *key) {
     return fromUtf8(value.data());
 }
 
-std::string driverName(const ConnectionString &text) {
-    std::string name =
-        toUtf8(text.has(u"Driver") ? text.value(u"Driver") : ofDataSource(text, "Driver"));
-    std::ranges::transform(name, name.begin(), [](char unit) {
-        return unit >= 'A' && unit <= 'Z' ? static_cast<char>(unit - 'A' + 'a') : unit;
-    });
-    return name;
+std::u16string driverName(const ConnectionString &text) {
+    return foldCase(text.has(u"Driver") ? text.value(u"Driver") : ofDataSource(text, "Driver"));
 }
 
 /// Collects what the string leaves open.
@@ -110,16 +107,18 @@ void addSqlite(Options &options, int timeout) {
 } // namespace
 
 std::vector<DriverOption> driverOptions(const ConnectionString &text, int timeout) {
-    const std::string driver = driverName(text);
-    const auto is = [&](std::string_view part) { return driver.find(part) != std::string::npos; };
+    const std::u16string driver = driverName(text);
+    const auto is = [&](std::u16string_view part) {
+        return driver.find(part) != std::u16string::npos;
+    };
     Options options(text);
-    if (is("postgres") || is("psqlodbc")) {
+    if (is(u"postgres") || is(u"psqlodbc")) {
         addPostgres(options, text, timeout);
-    } else if (is("maria") || is("maodbc")) {
+    } else if (is(u"maria") || is(u"maodbc")) {
         addMariaDb(options, text, timeout, true);
-    } else if (is("mysql") || is("myodbc")) {
+    } else if (is(u"mysql") || is(u"myodbc")) {
         addMariaDb(options, text, timeout, false);
-    } else if (is("sqlite")) {
+    } else if (is(u"sqlite")) {
         addSqlite(options, timeout);
     }
     return options.take();

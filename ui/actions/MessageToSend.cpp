@@ -28,7 +28,7 @@ void MessageToSend::listAccounts(AccountUse use, const std::u16string &storedAcc
     }
 }
 
-/// Counted are characters as the message server counts them; there is no limit.
+/// Counts UTF-16 units, a line break as two. There is no limit: the count is shown only.
 void MessageToSend::textChanged() {
     session().blnChanged = true;
     const std::size_t length = text_.text().size();
