@@ -1,8 +1,13 @@
 // A server goes away in the middle of what a user does: he is told and keeps his input, nothing
 // is claimed to be stored that is not, and a new session works once the server is back.
 #include "tests/editors/Editors.h"
+#include "tests/faults/OtherSession.h"
+#include "tests/faults/OwnNetwork.h"
 #include "tests/faults/ServerUnderTest.h"
 
+#include <atomic>
+#include <chrono>
+#include <thread>
 #include <tuple>
 
 namespace kvex::test {
@@ -20,10 +25,8 @@ constexpr std::u16string_view notStored = u"was not stored, as far as is known. 
 class GoneServer : public TwoEditors, public testing::WithParamInterface<Loss> {
 protected:
     GoneServer() : TwoEditors(std::get<ServerKindUnderTest>(GetParam()).database) {
-        for (Editor *editor : {&mine, &theirs}) {
-            std::u16string &text = editor->utility.connectionString;
-            text = (way_.relayed ? place_.relayed(text) : text) + u";Connect Timeout=2";
-        }
+        std::u16string &text = mine.utility.connectionString;
+        text = (way_.relayed ? place_.relayed(text) : text) + u";Connect Timeout=2";
     }
     /// Also after a test that failed in the middle.
     ~GoneServer() override { comeBack(); }
@@ -35,6 +38,25 @@ protected:
     void goAwayAfter(int calls) {
         watched.interruptAfter(calls, [this] { goAway(); });
     }
+    /// Once a statement waits for a lock, while this thread is in `step`. It has arrived then, so
+    /// the client waits for its answer alone.
+    template <class Step> void goAwayDuring(const Step &step) {
+        std::atomic<bool> ended = false;
+        std::thread other([&] {
+            const auto await = [&](const auto &state) {
+                while (!ended && !state()) {
+                    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+                }
+            };
+            await([this] { return waits(); });
+            await([this] { return hasArrived(place_.server.port()); });
+            goAway();
+        });
+        step();
+        ended = true;
+        other.join();
+    }
+    bool waits() { return place_.server.valueOf(kind_.ownDatabase, kind_.waitingQuery) != "0"; }
     void comeBack() {
         if (isGone_) {
             isGone_ = false;
@@ -43,8 +65,9 @@ protected:
     }
 
 private:
+    const ServerKindUnderTest &kind_ = std::get<ServerKindUnderTest>(GetParam());
     const WayToGo &way_ = std::get<WayToGo>(GetParam());
-    ServerUnderTest place_{std::get<ServerKindUnderTest>(GetParam()).server()};
+    ServerUnderTest place_{kind_.server()};
     bool isGone_ = false;
 };
 
@@ -78,6 +101,32 @@ TEST_P(GoneServer, AtATickLeavesTheRuleAndTheWindow) {
         user.click(u"cmdCancel");
     });
     EXPECT_EQ(stored(u"ACTIVE", u"B") + stored(u"ACTIVE", u"C"), u"11");
+    mine.inRulesWindow([](User &user) {
+        user.tickRow(u"lvwRules", 2);
+        user.click(u"cmdCancel");
+    });
+    EXPECT_EQ(stored(u"ACTIVE", u"B"), u"0");
+}
+
+TEST_P(GoneServer, WhileAStatementIsUnderWayEndsItAndSaysThatItsOutcomeIsNotKnown) {
+    addThree();
+    // Neither through the relay nor as impatient.
+    OtherSession other(theirs.utility.connectionString);
+    mine.inRulesWindow([&](User &user) {
+        // The first write asks the server more than the later ones.
+        user.tickRow(u"lvwRules", 1);
+        other.lock(u"B");
+        goAwayDuring([&] { user.tickRow(u"lvwRules", 2); });
+        mine.expectLeftHandler(connectionLost, notStored);
+        comeBack();
+        // A server that does not know that its client has gone gives up, too.
+        while (waits()) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+        user.click(u"cmdCancel");
+    });
+    other.release();
+    EXPECT_EQ(stored(u"ACTIVE", u"A") + stored(u"ACTIVE", u"B"), u"01");
     mine.inRulesWindow([](User &user) {
         user.tickRow(u"lvwRules", 2);
         user.click(u"cmdCancel");

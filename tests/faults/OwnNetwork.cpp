@@ -7,8 +7,10 @@
 #include <fstream>
 #include <net/if.h>
 #include <sched.h>
+#include <sstream>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -73,6 +75,27 @@ void cutNetwork() {
 
 void restoreNetwork() {
     setLoopback(true);
+}
+
+bool hasArrived(std::uint16_t port) {
+    constexpr std::string_view established = "01";
+    constexpr std::string_view nothing = "00000000";
+    std::ifstream connections("/proc/thread-self/net/tcp");
+    std::string line;
+    std::getline(connections, line);
+    while (std::getline(connections, line)) {
+        std::istringstream columns(line);
+        std::string ignored;
+        std::string to;
+        std::string state;
+        std::string unacknowledged;
+        columns >> ignored >> ignored >> to >> state >> unacknowledged;
+        if (state == established && !unacknowledged.starts_with(nothing) &&
+            std::stoi(to.substr(to.find(':') + 1), nullptr, 16) == port) {
+            return false;
+        }
+    }
+    return true;
 }
 
 } // namespace kvex::test

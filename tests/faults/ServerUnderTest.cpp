@@ -29,8 +29,11 @@ std::u16string ServerUnderTest::relayed(const std::u16string &connectionString) 
 }
 
 std::vector<ServerKindUnderTest> serversUnderTest() {
-    return {{postgreSqlServer(), &shared<PostgreSqlServer>},
-            {mariaDbServer(), &shared<MariaDbServer>}};
+    return {{postgreSqlServer(), &shared<PostgreSqlServer>, "postgres",
+             "SELECT COUNT(*) FROM pg_stat_activity WHERE wait_event_type = 'Lock'"},
+            {mariaDbServer(), &shared<MariaDbServer>, "mysql",
+             "SELECT VARIABLE_VALUE FROM information_schema.GLOBAL_STATUS WHERE VARIABLE_NAME = "
+             "'INNODB_ROW_LOCK_CURRENT_WAITS'"}};
 }
 
 std::vector<WayToGo> waysToGo() {

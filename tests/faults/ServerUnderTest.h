@@ -22,6 +22,9 @@ struct ServerUnderTest {
 struct ServerKindUnderTest {
     DatabaseKind database;
     DatabaseServer &(*server)();
+    /// A database that is always there, and how many statements wait for a lock.
+    std::string ownDatabase;
+    std::string waitingQuery;
 };
 
 /// PostgreSQL and MariaDB.
