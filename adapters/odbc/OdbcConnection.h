@@ -12,7 +12,9 @@ namespace kvex::odbc {
 
 class OdbcConnection {
 public:
-    /// Fails with badArgument for a timeout that is none, and with the provider's number.
+    /// To the first of the servers that can be used. Fails with badArgument for a timeout that is
+    /// none, and with the provider's number: that of the last server, or of the first that can be
+    /// reached and refuses.
     explicit OdbcConnection(const recordset::ConnectionString &text);
     ~OdbcConnection();
     OdbcConnection(const OdbcConnection &) = delete;
@@ -32,6 +34,8 @@ public:
     void end(SQLSMALLINT how) const;
 
 private:
+    void connect(const std::u16string &native) const;
+    void learnAbout(const recordset::ConnectionString &text);
     [[nodiscard]] std::u16string info(SQLUSMALLINT what) const;
 
     int timeout_;
