@@ -99,7 +99,8 @@ int timeoutOf(const recordset::ConnectionString &text) {
 }
 
 int loginTimeoutOf(const recordset::ConnectionString &text) {
-    return std::max(1, timeoutOf(text) / static_cast<int>(serverCount(text)));
+    const auto servers = static_cast<int>(serversToTry(text).size());
+    return std::max(1, timeoutOf(text) / std::max(1, servers));
 }
 
 std::vector<std::u16string> nativeTexts(const recordset::ConnectionString &text) {

@@ -4,6 +4,7 @@
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string_view>
 
 namespace kvex::odbc {
@@ -11,7 +12,8 @@ namespace {
 
 std::vector<std::u16string> listed(const recordset::ConnectionString &text) {
     std::u16string list = setting(text, u"Server");
-    if (list.empty()) {
+    // What data sources of PostgreSQL call it.
+    if (list.empty() && !text.has(u"Servername")) {
         list = setting(text, u"Servername");
     }
     std::vector<std::u16string> hosts;
@@ -44,19 +46,16 @@ ServerAddress addressOf(std::u16string_view host) {
 
 } // namespace
 
-std::size_t serverCount(const recordset::ConnectionString &text) {
-    const DriverFamily family = driverFamily(text);
-    const bool lists = family == DriverFamily::postgres || family == DriverFamily::mariaDb ||
-                       family == DriverFamily::mySql;
-    return lists ? std::max<std::size_t>(1, listed(text).size()) : 1;
-}
-
 std::vector<ServerAddress> serversToTry(const recordset::ConnectionString &text) {
-    std::vector<ServerAddress> servers;
-    if (serverCount(text) > 1 && driverFamily(text) != DriverFamily::postgres) {
-        std::ranges::transform(listed(text), std::back_inserter(servers), addressOf);
+    const DriverFamily family = driverFamily(text);
+    if (family != DriverFamily::postgres && family != DriverFamily::mariaDb &&
+        family != DriverFamily::mySql) {
+        return {};
     }
-    return servers;
+    std::vector<ServerAddress> servers;
+    std::ranges::transform(listed(text), std::back_inserter(servers), addressOf);
+    const bool isPlain = servers.size() == 1 && servers.front().port.empty();
+    return isPlain ? std::vector<ServerAddress>() : servers;
 }
 
 } // namespace kvex::odbc

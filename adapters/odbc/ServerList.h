@@ -3,7 +3,6 @@
 
 #include "adapters/recordset/ConnectionString.h"
 
-#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -16,11 +15,8 @@ struct ServerAddress {
     friend bool operator==(const ServerAddress &, const ServerAddress &) = default;
 };
 
-/// How many servers PostgreSQL's, MariaDB's and MySQL's drivers are given; 1 for any other.
-[[nodiscard]] std::size_t serverCount(const recordset::ConnectionString &text);
-
-/// Those of "Server=HOST,HOST:PORT,[IPV6]:PORT" that are to be tried one after the other. None
-/// where a single one is named, or the driver goes through the list itself.
+/// Those of "Server=HOST,HOST:PORT,[IPV6]:PORT" for PostgreSQL, MariaDB and MySQL. None where a
+/// single one is named as drivers know it, or comma and colon are the driver's own.
 [[nodiscard]] std::vector<ServerAddress> serversToTry(const recordset::ConnectionString &text);
 
 } // namespace kvex::odbc
