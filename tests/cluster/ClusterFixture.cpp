@@ -18,10 +18,12 @@ public:
         recordset::ClientConnection connection({odbc::provider()});
         static_cast<Connection &>(connection).open(connectionString());
         recordset::createSchema(connection);
-        constexpr std::string_view seeAll = "SET SESSION wsrep_sync_wait = 15; SELECT 1";
-        for (const std::string &database : {std::string("mysql"), name_}) {
-            cluster_.node(2).run(database, seeAll);
+        // Before anyone opens the database every node has it; the third sees all from then on.
+        const std::string seeAll = "SET SESSION wsrep_sync_wait = 15; SELECT 1";
+        for (std::size_t node = 0; node < GaleraCluster::size; ++node) {
+            cluster_.node(node).run("mysql", seeAll + "; SET SESSION wsrep_sync_wait = 0");
         }
+        cluster_.node(2).run(name_, seeAll);
     }
     ~ClusterFixture() override { cluster_.node(2).dropDatabase(name_); }
     ClusterFixture(const ClusterFixture &) = delete;
