@@ -73,6 +73,8 @@ constexpr std::array natives = std::to_array<Native>({
     {u"HY000", 2006, Meaning::connectionLost},
     {u"HY000", 2013, Meaning::connectionLost},
     {u"HY000", 2026, Meaning::cannotConnect},
+    {u"HY000", 5013, Meaning::connectionLost},
+    {u"HY000", 5014, Meaning::connectionLost},
 });
 
 /// By the beginning of the state: the first one that fits.
@@ -106,7 +108,9 @@ Meaning meaningOf(const Diagnostic &diagnostic) {
     if (contains(diagnostic.text, u"server closed the connection") ||
         contains(diagnostic.text, u"no connection to the server") ||
         contains(diagnostic.text, u"could not receive data from server") ||
-        contains(diagnostic.text, u"could not send data to server")) {
+        contains(diagnostic.text, u"could not send data to server") ||
+        contains(diagnostic.text, u"SSL SYSCALL error") ||
+        contains(diagnostic.text, u"SSL connection has been closed")) {
         return Meaning::connectionLost;
     }
     if (contains(diagnostic.text, u"password authentication failed")) {
