@@ -27,6 +27,7 @@ enum class Meaning {
     tooLong,
     badValue,
     locked,
+    lockedOrCutOff,
     noAnswer,
     diskFull,
     damaged,
@@ -58,7 +59,7 @@ constexpr std::array natives = std::to_array<Native>({
     {u"42000", 1143, Meaning::forbidden},
     {u"HY000", 1021, Meaning::diskFull},
     {u"HY000", 1114, Meaning::diskFull},
-    {u"HY000", 1205, Meaning::locked},
+    {u"HY000", 1205, Meaning::lockedOrCutOff},
     {u"HY000", 1213, Meaning::locked},
     {u"HY000", 1290, Meaning::forbidden},
     {u"HY000", 1364, Meaning::constraint},
@@ -72,6 +73,8 @@ constexpr std::array natives = std::to_array<Native>({
     {u"HY000", 2006, Meaning::connectionLost},
     {u"HY000", 2013, Meaning::connectionLost},
     {u"HY000", 2026, Meaning::cannotConnect},
+    {u"HY000", 5013, Meaning::connectionLost},
+    {u"HY000", 5014, Meaning::connectionLost},
 });
 
 /// By the beginning of the state: the first one that fits.
@@ -105,7 +108,9 @@ Meaning meaningOf(const Diagnostic &diagnostic) {
     if (contains(diagnostic.text, u"server closed the connection") ||
         contains(diagnostic.text, u"no connection to the server") ||
         contains(diagnostic.text, u"could not receive data from server") ||
-        contains(diagnostic.text, u"could not send data to server")) {
+        contains(diagnostic.text, u"could not send data to server") ||
+        contains(diagnostic.text, u"SSL SYSCALL error") ||
+        contains(diagnostic.text, u"SSL connection has been closed")) {
         return Meaning::connectionLost;
     }
     if (contains(diagnostic.text, u"password authentication failed")) {
@@ -189,6 +194,13 @@ Told told(Meaning meaning) {
     case Meaning::locked:
         return {refusal::timeout, u"The record is locked by another program (",
                 u"): wait until that has finished and try again."};
+    case Meaning::lockedOrCutOff:
+        // Nodes of a cluster say no more than that they waited in vain.
+        return {refusal::timeout,
+                u"The record is locked by another program, or the server is cut off from its "
+                u"cluster (",
+                u"): try again, and if that does not help close the window, open it again and "
+                u"repeat the change."};
     case Meaning::noAnswer:
         return {refusal::timeout, u"The database did not answer in time (",
                 u"): try again, or give it longer with Connect Timeout=SECONDS."};

@@ -19,13 +19,13 @@ inline const std::u16string removalFailed = u"Sub: cmdRemove_Click, Module: frmR
 inline const std::u16string newEditorFailed = u"Sub: Form_Load, Module: frmRuleEdit";
 inline const std::u16string openingFailed = u"Sub: ShowRuleUI, Module: RuleUI";
 
-/// A test for each kind of database, with two users on it. What asks the database is portable.
-class Editors : public testing::TestWithParam<DatabaseKind> {
+/// A database of any kind with two users on it. What asks the database is portable.
+class TwoEditors : public testing::Test {
 protected:
-    Editors() {
+    explicit TwoEditors(const DatabaseKind &kind) : database_(kind.make()) {
         host::suiteState() = host::SuiteState{{}, {}, host::ErrorLog(folder_ / "log"), {}};
     }
-    ~Editors() override { host::suiteState() = host::SuiteState(); }
+    ~TwoEditors() override { host::suiteState() = host::SuiteState(); }
     void TearDown() override {
         mine.expectPlayedWhole();
         theirs.expectPlayedWhole();
@@ -63,13 +63,19 @@ protected:
 
 private:
     host::TemporaryFolder folder_;
-    std::unique_ptr<DatabaseFixture> database_ = GetParam().make();
+    std::unique_ptr<DatabaseFixture> database_;
 
 protected:
     /// Watches `mine`.
     WatchedDatabase watched{database_->provider()};
     Editor mine{watched.provider(), database_->connectionString()};
-    Editor theirs{database_->provider(), database_->connectionString()};
+    Editor theirs{database_->provider(), database_->otherConnectionString()};
+};
+
+/// A test for each kind of database.
+class Editors : public TwoEditors, public testing::WithParamInterface<DatabaseKind> {
+protected:
+    Editors() : TwoEditors(GetParam()) {}
 };
 
 } // namespace kvex::test

@@ -23,6 +23,10 @@ public:
 
     [[nodiscard]] virtual recordset::Provider provider() const = 0;
     [[nodiscard]] virtual std::u16string connectionString() const = 0;
+    /// Another user's way to it: through another server, where there are several.
+    [[nodiscard]] virtual std::u16string otherConnectionString() const {
+        return connectionString();
+    }
     /// Runs a statement as another program would, without the record sets.
     virtual void run(std::u16string_view statement) = 0;
     /// The first value of a query's first row as text, "NULL" for Null, "NONE" without a row.

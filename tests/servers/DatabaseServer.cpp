@@ -106,9 +106,14 @@ std::string DatabaseServer::odbcConnectionString(const std::string &database) co
 
 std::string DatabaseServer::odbcConnectionString(const std::string &database,
                                                  std::uint16_t relayPort) const {
-    return std::string("Driver={") + kind_.odbcDriver +
-           "};Server=127.0.0.1;Port=" + std::to_string(relayPort) + ";Database=" + database +
-           ";UID=" + user + ";PWD=" + password_;
+    return std::string("Driver={") + kind_.odbcDriver + "};Server=" + address_ +
+           ";Port=" + std::to_string(relayPort) + ";Database=" + database + ";UID=" + user +
+           ";PWD=" + password_;
+}
+
+void DatabaseServer::listenAt(const std::string &address, std::uint16_t port) {
+    address_ = address;
+    port_ = port;
 }
 
 void DatabaseServer::disconnect(const std::string &database) {
