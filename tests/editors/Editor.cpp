@@ -1,6 +1,5 @@
 #include "tests/editors/Editor.h"
 
-#include "adapters/recordset/ClientConnection.h"
 #include "host/suite/UtilityObject.h"
 #include "platform/Text.h"
 
@@ -60,11 +59,6 @@ private:
 
 std::unique_ptr<Utility> Editor::OwnPlatform::createUtility() {
     return std::make_unique<SuiteUtility>(editor_.utility);
-}
-
-std::unique_ptr<Connection> Editor::OwnPlatform::createConnection() {
-    return std::make_unique<recordset::ClientConnection>(
-        std::vector<recordset::Provider>{provider_});
 }
 
 Editor::Editor(recordset::Provider provider, std::u16string connectionString)

@@ -41,14 +41,11 @@ private:
     class OwnPlatform final : public TestPlatform {
     public:
         OwnPlatform(Editor &editor, recordset::Provider provider)
-            : TestPlatform(editor.utility, editor.toolkit), editor_(editor),
-              provider_(std::move(provider)) {}
+            : TestPlatform(editor.utility, editor.toolkit, std::move(provider)), editor_(editor) {}
         std::unique_ptr<Utility> createUtility() override;
-        std::unique_ptr<Connection> createConnection() override;
 
     private:
         Editor &editor_;
-        recordset::Provider provider_;
     };
 
     OwnPlatform platform_;

@@ -6,7 +6,7 @@
 #include "platform/Text.h"
 #include "tests/editors/Editor.h"
 #include "tests/host/TemporaryFolder.h"
-#include "tests/recordset/DatabaseFixture.h"
+#include "tests/databases/DatabaseFixture.h"
 #include "tests/support/WatchedDatabase.h"
 
 #include <gtest/gtest.h>

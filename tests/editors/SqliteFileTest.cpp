@@ -6,8 +6,8 @@
 #include "host/suite/SuiteState.h"
 #include "platform/Text.h"
 #include "tests/recordset/Faults.h"
-#include "tests/recordset/SqliteFixture.h"
-#include "tests/support/SqliteSchema.h"
+#include "tests/databases/SqliteFixture.h"
+#include "tests/databases/SqliteSchema.h"
 
 #include <sqlite3.h>
 

@@ -2,9 +2,9 @@
 #include "platform/Database.h"
 #include "platform/Text.h"
 #include "tests/recordset/ErrorNumber.h"
-#include "tests/recordset/SqliteFixture.h"
+#include "tests/databases/SqliteFixture.h"
 #include "tests/recordset/SqliteSession.h"
-#include "tests/support/SqliteSchema.h"
+#include "tests/databases/SqliteSchema.h"
 
 #include <gtest/gtest.h>
 

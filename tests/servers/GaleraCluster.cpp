@@ -67,6 +67,11 @@ GaleraCluster::GaleraCluster() {
     nodes_[0]->setFurtherArguments(arguments(ports, ports[0]));
 }
 
+GaleraCluster &GaleraCluster::shared() {
+    static GaleraCluster cluster;
+    return cluster;
+}
+
 void GaleraCluster::waitUntilSynced(std::size_t nodes) {
     constexpr std::chrono::milliseconds pause{20};
     constexpr int attempts = 6000;
