@@ -43,19 +43,6 @@ std::unique_ptr<DatabaseFixture> makeMemory() {
 
 } // namespace
 
-TemporaryFolder::TemporaryFolder() {
-    std::string pattern = std::filesystem::temp_directory_path() / "kvex-XXXXXX";
-    if (!mkdtemp(pattern.data())) {
-        throw std::runtime_error("no temporary folder " + pattern);
-    }
-    path_ = pattern;
-}
-
-TemporaryFolder::~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-}
-
 OtherProgram::OtherProgram(const std::string &name) {
     sqlite3 *opened = nullptr;
     const int code =

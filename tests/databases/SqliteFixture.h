@@ -2,8 +2,8 @@
 #pragma once
 
 #include "tests/databases/DatabaseFixture.h"
+#include "tests/host/TemporaryFolder.h"
 
-#include <filesystem>
 #include <memory>
 #include <string>
 
@@ -11,19 +11,7 @@ struct sqlite3;
 
 namespace kvex::test {
 
-/// A folder that goes with the object.
-class TemporaryFolder {
-public:
-    TemporaryFolder();
-    ~TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder &) = delete;
-    TemporaryFolder &operator=(const TemporaryFolder &) = delete;
-
-    [[nodiscard]] const std::filesystem::path &path() const { return path_; }
-
-private:
-    std::filesystem::path path_;
-};
+using host::TemporaryFolder;
 
 /// Another program's connection to an SQLite database.
 class OtherProgram {

@@ -1,12 +1,10 @@
 // The suite of editing that every kind of database passes: Editors.
 #pragma once
 
-#include "host/suite/SuiteState.h"
 #include "platform/Database.h"
 #include "platform/Text.h"
-#include "tests/editors/Editor.h"
-#include "tests/host/TemporaryFolder.h"
 #include "tests/databases/DatabaseFixture.h"
+#include "tests/editors/Editor.h"
 #include "tests/support/WatchedDatabase.h"
 
 #include <gtest/gtest.h>
@@ -22,10 +20,6 @@ inline const std::u16string openingFailed = u"Sub: ShowRuleUI, Module: RuleUI";
 /// A test for each kind of database, with two users on it. What asks the database is portable.
 class Editors : public testing::TestWithParam<DatabaseKind> {
 protected:
-    Editors() {
-        host::suiteState() = host::SuiteState{{}, {}, host::ErrorLog(folder_ / "log"), {}};
-    }
-    ~Editors() override { host::suiteState() = host::SuiteState(); }
     void TearDown() override {
         mine.expectPlayedWhole();
         theirs.expectPlayedWhole();
@@ -62,7 +56,7 @@ protected:
     std::u16string ruleCount() { return database_->valueOf(u"SELECT COUNT(*) FROM SMS_RULES"); }
 
 private:
-    host::TemporaryFolder folder_;
+    OwnLog log_;
     std::unique_ptr<DatabaseFixture> database_ = GetParam().make();
 
 protected:

@@ -1,11 +1,12 @@
 // Editing passes its suite on every database through ODBC.
-#include "tests/editors/Editors.h"
 #include "tests/databases/ServerFixture.h"
+#include "tests/editors/Editors.h"
 
 namespace kvex::test {
 
 INSTANTIATE_TEST_SUITE_P(Odbc, Editors,
-                         testing::Values(odbcSqlite(), postgreSqlServer(), mariaDbServer(), galeraCluster()),
+                         testing::Values(odbcSqlite(), postgreSqlServer(), mariaDbServer(),
+                                         galeraCluster()),
                          kindName);
 
 } // namespace kvex::test

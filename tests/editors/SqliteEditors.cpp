@@ -1,6 +1,6 @@
 // Editing passes its suite on SQLite, in a file and in memory.
-#include "tests/editors/Editors.h"
 #include "tests/databases/SqliteFixture.h"
+#include "tests/editors/Editors.h"
 
 namespace kvex::test {
 
