@@ -70,11 +70,16 @@ void addPostgres(Options &options, const ConnectionString &text, int timeout) {
     // Of an option given twice the later counts: the user's own.
     const std::u16string own =
         text.has(u"pqopt") ? std::u16string(text.value(u"pqopt")) : ofDataSource(text, "pqopt");
-    const std::u16string seconds = number(timeout);
-    std::u16string library =
-        u"connect_timeout=" + seconds + u" tcp_user_timeout=" + seconds + u"000 keepalives_idle=" +
-        seconds + u" keepalives_interval=5 keepalives_count=2 options='-c lock_timeout=" +
-        number(lockTimeout(timeout)) + u"s'";
+    // What was sent and not acknowledged counts from when it is first repeated, half a second
+    // later. While an answer is waited for, the second question whether the server's computer is
+    // there that gets no answer is the last.
+    const int interval = std::max(1, timeout / 3);
+    const int idle = std::max(1, timeout - 2 * interval);
+    std::u16string library = u"connect_timeout=" + number(timeout) + u" tcp_user_timeout=" +
+                             number(timeout * 1000 - 500) + u" keepalives_idle=" + number(idle) +
+                             u" keepalives_interval=" + number(interval) +
+                             u" keepalives_count=2 options='-c lock_timeout=" +
+                             number(lockTimeout(timeout)) + u"s'";
     options.replace(u"pqopt", own.empty() ? library : library + u' ' + own);
 }
 

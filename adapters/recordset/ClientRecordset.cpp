@@ -240,7 +240,11 @@ BaseTable ClientRecordset::Opened::writable(Driver &database) {
         throw Error(error_number::badArgument,
                     u"The record set was opened for reading only: open it with another lock.");
     }
-    return table(database);
+    try {
+        return table(database);
+    } catch (const Error &error) {
+        refuse(error, u"Nothing was stored");
+    }
 }
 
 RowKey ClientRecordset::Opened::keyOf(const BaseTable &table) const {

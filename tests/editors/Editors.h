@@ -17,9 +17,10 @@ inline const std::u16string removalFailed = u"Sub: cmdRemove_Click, Module: frmR
 inline const std::u16string newEditorFailed = u"Sub: Form_Load, Module: frmRuleEdit";
 inline const std::u16string openingFailed = u"Sub: ShowRuleUI, Module: RuleUI";
 
-/// A test for each kind of database, with two users on it. What asks the database is portable.
-class Editors : public testing::TestWithParam<DatabaseKind> {
+/// A database of any kind with two users on it. What asks the database is portable.
+class TwoEditors : public testing::Test {
 protected:
+    explicit TwoEditors(const DatabaseKind &kind) : database_(kind.make()) {}
     void TearDown() override {
         mine.expectPlayedWhole();
         theirs.expectPlayedWhole();
@@ -57,13 +58,19 @@ protected:
 
 private:
     OwnLog log_;
-    std::unique_ptr<DatabaseFixture> database_ = GetParam().make();
+    std::unique_ptr<DatabaseFixture> database_;
 
 protected:
     /// Watches `mine`.
     WatchedDatabase watched{database_->provider()};
     Editor mine{watched.provider(), database_->connectionString()};
     Editor theirs{database_->provider(), database_->connectionString()};
+};
+
+/// A test for each kind of database.
+class Editors : public TwoEditors, public testing::WithParamInterface<DatabaseKind> {
+protected:
+    Editors() : TwoEditors(GetParam()) {}
 };
 
 } // namespace kvex::test

@@ -73,7 +73,8 @@ TEST(ConnectionText, PostgreSqlKeepsLineBreaksAndNeverWaitsForADeadServer) {
     const std::string text = utf8(u"Driver={PostgreSQL Unicode};Server=h;Connect Timeout=9");
     EXPECT_THAT(text, HasSubstr("LFConversion=0;"));
     EXPECT_THAT(text, HasSubstr("BoolsAsChar=0;"));
-    EXPECT_THAT(text, HasSubstr("connect_timeout=9 tcp_user_timeout=9000 "));
+    EXPECT_THAT(text, HasSubstr("connect_timeout=9 tcp_user_timeout=8500 keepalives_idle=3 "
+                                "keepalives_interval=3 keepalives_count=2 "));
     EXPECT_THAT(text, HasSubstr("lock_timeout=6s"));
 }
 

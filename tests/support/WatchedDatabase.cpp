@@ -13,11 +13,17 @@ struct WatchedDatabase::State {
     std::optional<int> callsUntilLoss;
     std::optional<int> callsUntilRefusal;
     std::int32_t refusal = 0;
+    std::optional<int> callsUntilEvent{};
+    std::function<void()> event{};
     bool lost = false;
     /// How often the server went away; a connection lives in the time in which it was made.
     int losses = 0;
 
     void admit(int lossesBefore) {
+        if (callsUntilEvent && (*callsUntilEvent)-- == 0) {
+            callsUntilEvent.reset();
+            event();
+        }
         if (callsUntilLoss && (*callsUntilLoss)-- == 0) {
             callsUntilLoss.reset();
             lost = true;
@@ -123,6 +129,11 @@ void WatchedDatabase::loseAfter(int calls) {
 
 void WatchedDatabase::comeBack() {
     state_->lost = false;
+}
+
+void WatchedDatabase::interruptAfter(int calls, std::function<void()> event) {
+    state_->callsUntilEvent = calls;
+    state_->event = std::move(event);
 }
 
 void WatchedDatabase::refuseAfter(int calls, std::int32_t number) {

@@ -3,6 +3,7 @@
 
 #include "adapters/recordset/Driver.h"
 
+#include <functional>
 #include <memory>
 #include <ostream>
 
@@ -34,6 +35,8 @@ public:
     void loseAfter(int calls);
     /// New connections are made again; those that were there stay lost.
     void comeBack();
+    /// After `calls` further ones `event` comes to pass; what is asked then is asked behind it.
+    void interruptAfter(int calls, std::function<void()> event);
     /// After `calls` further ones a single one is refused with `number`.
     void refuseAfter(int calls, std::int32_t number);
 

@@ -1,0 +1,217 @@
+// A server goes away in the middle of what a user does: he is told and keeps his input, nothing
+// is claimed to be stored that is not, and a new session works once the server is back.
+#include "tests/editors/Editors.h"
+#include "tests/faults/OtherSession.h"
+#include "tests/faults/OwnNetwork.h"
+#include "tests/faults/ServerUnderTest.h"
+
+#include <atomic>
+#include <chrono>
+#include <thread>
+#include <tuple>
+
+namespace kvex::test {
+namespace {
+
+using recordset::connectionLost;
+using Loss = std::tuple<ServerKindUnderTest, WayToGo>;
+
+constexpr std::u16string_view notStored = u"was not stored, as far as is known. The ";
+
+} // namespace
+
+/// That a call ends is all that is tested of time: a driver that is not told to give up waits for
+/// a quarter of an hour, far beyond the limit of this test program.
+class GoneServer : public TwoEditors, public testing::WithParamInterface<Loss> {
+protected:
+    GoneServer() : TwoEditors(std::get<ServerKindUnderTest>(GetParam()).database) {
+        std::u16string &text = mine.utility.connectionString;
+        text = (way_.relayed ? place_.relayed(text) : text) + u";Connect Timeout=2";
+    }
+    /// Also after a test that failed in the middle.
+    ~GoneServer() override { comeBack(); }
+
+    void goAway() {
+        isGone_ = true;
+        way_.go(place_);
+    }
+    void goAwayAfter(int calls) {
+        watched.interruptAfter(calls, [this] { goAway(); });
+    }
+    /// Once a statement waits for a lock, while this thread is in `step`. It has arrived then, so
+    /// the client waits for its answer alone.
+    template <class Step> void goAwayDuring(const Step &step) {
+        std::atomic<bool> ended = false;
+        std::thread other([&] {
+            const auto await = [&](const auto &state) {
+                while (!ended && !state()) {
+                    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+                }
+            };
+            await([this] { return waits(); });
+            await([this] { return hasArrived(place_.server.port()); });
+            goAway();
+        });
+        step();
+        ended = true;
+        other.join();
+    }
+    bool waits() { return place_.server.valueOf(kind_.ownDatabase, kind_.waitingQuery) != "0"; }
+    void comeBack() {
+        if (isGone_) {
+            isGone_ = false;
+            way_.comeBack(place_);
+        }
+    }
+
+private:
+    const ServerKindUnderTest &kind_ = std::get<ServerKindUnderTest>(GetParam());
+    const WayToGo &way_ = std::get<WayToGo>(GetParam());
+    ServerUnderTest place_{kind_.server()};
+    bool isGone_ = false;
+};
+
+TEST_P(GoneServer, BeforeOrWhileTheRulesAreReadEndsTheOpening) {
+    addThree();
+    // The connection, the first query and one in the middle.
+    for (const int calls : {0, 1, 3}) {
+        goAwayAfter(calls);
+        EXPECT_EQ(mine.showRules(), 0);
+        mine.expectTold({openingFailed}, connectionLost, u"The ");
+        comeBack();
+        mine.inRulesWindow([](User &user) {
+            EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"B", u"C"}));
+            user.click(u"cmdCancel");
+        });
+    }
+}
+
+TEST_P(GoneServer, AtATickLeavesTheRuleAndTheWindow) {
+    addThree();
+    mine.inRulesWindow([this](User &user) {
+        goAway();
+        user.tickRow(u"lvwRules", 2);
+        mine.expectLeftHandler(connectionLost, u"Nothing was stored. The ");
+        comeBack();
+        // What is lost stays lost for this session.
+        user.tickRow(u"lvwRules", 3);
+        mine.expectLeftHandler(connectionLost, u"Nothing was stored. The ");
+        user.clickRow(u"lvwRules", 1);
+        EXPECT_EQ(ruleState().strRuleName, u"A");
+        user.click(u"cmdCancel");
+    });
+    EXPECT_EQ(stored(u"ACTIVE", u"B") + stored(u"ACTIVE", u"C"), u"11");
+    mine.inRulesWindow([](User &user) {
+        user.tickRow(u"lvwRules", 2);
+        user.click(u"cmdCancel");
+    });
+    EXPECT_EQ(stored(u"ACTIVE", u"B"), u"0");
+}
+
+TEST_P(GoneServer, WhileAStatementIsUnderWayEndsItAndSaysThatItsOutcomeIsNotKnown) {
+    addThree();
+    // Neither through the relay nor as impatient.
+    OtherSession other(theirs.utility.connectionString);
+    mine.inRulesWindow([&](User &user) {
+        // The first write asks the server more than the later ones.
+        user.tickRow(u"lvwRules", 1);
+        other.lock(u"B");
+        goAwayDuring([&] { user.tickRow(u"lvwRules", 2); });
+        mine.expectLeftHandler(connectionLost, notStored);
+        comeBack();
+        // A server that does not know that its client has gone gives up, too.
+        while (waits()) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+        user.click(u"cmdCancel");
+    });
+    other.release();
+    EXPECT_EQ(stored(u"ACTIVE", u"A") + stored(u"ACTIVE", u"B"), u"01");
+    mine.inRulesWindow([](User &user) {
+        user.tickRow(u"lvwRules", 2);
+        user.click(u"cmdCancel");
+    });
+    EXPECT_EQ(stored(u"ACTIVE", u"B"), u"0");
+}
+
+TEST_P(GoneServer, AtASaveLeavesTheEditorWithItsInput) {
+    const std::u16string id = addRule(u"A");
+    for (const std::u16string &rule : {id, std::u16string()}) {
+        const auto save = [&](User &user) {
+            if (rule.empty()) {
+                completeRule(user);
+            }
+            rename(user, rule.empty() ? u"New" : u"Changed");
+            user.click(u"cmdOK");
+        };
+        mine.inEditor(rule, [&](User &user) {
+            const std::u16string_view name = rule.empty() ? u"New" : u"Changed";
+            goAwayAfter(0);
+            save(user);
+            mine.expectTold({saveFailed}, connectionLost, notStored);
+            EXPECT_TRUE(user.isOpen());
+            EXPECT_EQ(typedName(user), name);
+            comeBack();
+            user.click(u"cmdOK");
+            mine.expectTold({saveFailed}, connectionLost, notStored);
+            EXPECT_TRUE(user.isOpen());
+            EXPECT_EQ(typedName(user), name);
+            user.click(u"cmdCancel");
+        });
+        EXPECT_EQ(idOf(u"Changed"), rule.empty() ? id : u"NONE");
+        EXPECT_EQ(ruleCount(), u"1");
+        mine.inEditor(rule, [&](User &user) {
+            save(user);
+            EXPECT_FALSE(user.isOpen());
+        });
+    }
+    EXPECT_EQ(idOf(u"Changed"), id);
+    EXPECT_EQ(ruleCount(), u"2");
+}
+
+TEST_P(GoneServer, BetweenTheWriteAndTheReadingOfASaveIsToldAsStored) {
+    const std::u16string id = addRule(u"A");
+    mine.inEditor(id, [&](User &user) {
+        rename(user, u"Changed");
+        goAwayAfter(1);
+        user.click(u"cmdOK");
+        mine.expectTold({saveFailed}, connectionLost,
+                        u"What was stored before stays stored, but record ID " + id +
+                            u" could not be read again. ");
+        EXPECT_TRUE(user.isOpen());
+        EXPECT_EQ(typedName(user), u"Changed");
+        comeBack();
+        user.click(u"cmdCancel");
+    });
+    EXPECT_EQ(idOf(u"Changed"), id);
+}
+
+TEST_P(GoneServer, InTheMiddleOfAnOrderLeavesTheFirstPartAndTheWindow) {
+    addThree(10, 10);
+    mine.inRulesWindow([this](User &user) {
+        goAwayAfter(1);
+        user.click(u"cmdOK");
+        mine.expectTold({orderFailed}, connectionLost,
+                        u"What was stored before this error stays stored; nothing after it was.");
+        EXPECT_TRUE(user.isOpen());
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"B", u"C"}));
+        comeBack();
+        user.click(u"cmdOK");
+        mine.expectTold({orderFailed}, connectionLost, notStored);
+        EXPECT_TRUE(user.isOpen());
+        user.click(u"cmdCancel");
+    });
+    EXPECT_EQ(priorities(), (Texts{u"1", u"20", u"30"}));
+    mine.inRulesWindow([](User &user) { user.click(u"cmdOK"); });
+    EXPECT_EQ(priorities(), (Texts{u"1", u"2", u"3"}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Faults, GoneServer,
+                         testing::Combine(testing::ValuesIn(serversUnderTest()),
+                                          testing::ValuesIn(waysToGo())),
+                         [](const auto &loss) {
+                             return std::get<ServerKindUnderTest>(loss.param).database.name +
+                                    std::get<WayToGo>(loss.param).name;
+                         });
+
+} // namespace kvex::test

@@ -1,0 +1,34 @@
+// Another program's session that holds a lock on a rule.
+#pragma once
+
+#include "adapters/odbc/Provider.h"
+#include "adapters/recordset/Transaction.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kvex::test {
+
+class OtherSession {
+public:
+    explicit OtherSession(const std::u16string &connectionString) {
+        static_cast<Connection &>(connection_).open(connectionString);
+    }
+
+    /// The rule of this name, up to release.
+    void lock(const std::u16string &rule) {
+        transaction_.emplace(connection_);
+        const std::u16string statement =
+            u"UPDATE SMS_RULES SET ACTIVE = ACTIVE WHERE Name = '" + rule + u"'";
+        connection_.driver().lock()->execute({statement, {}});
+    }
+    /// Nothing was changed.
+    void release() { transaction_.reset(); }
+
+private:
+    recordset::ClientConnection connection_{{odbc::provider()}};
+    std::optional<recordset::Transaction> transaction_;
+};
+
+} // namespace kvex::test
