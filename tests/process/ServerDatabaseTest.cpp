@@ -126,7 +126,9 @@ TEST_P(ServerDatabase, MustBeThereBeforeItsTables) {
     const std::string password = missing.substr(missing.find("PWD=") + 4);
     EXPECT_THAT(failed(2, {"init", "--database", missing}),
                 AllOf(HasSubstr("administrator"), HasSubstr("nowhere"), Not(HasSubstr(password))));
-    EXPECT_THAT(failed(2, {"list", "--database", missing}), Not(HasSubstr(password)));
+    EXPECT_THAT(failed(2, {"list", "--database", missing}),
+                AllOf(HasSubstr("nowhere"), HasSubstr("check the server, port and database"),
+                      Not(HasSubstr(password))));
 }
 
 TEST_P(ServerDatabase, RefusesAWrongPasswordWithoutTellingIt) {

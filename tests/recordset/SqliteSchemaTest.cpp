@@ -1,8 +1,8 @@
 // Creating the server's tables.
 #include "tests/databases/SqliteSchema.h"
 #include "platform/Text.h"
-#include "tests/recordset/ErrorNumber.h"
 #include "tests/databases/SqliteFixture.h"
+#include "tests/recordset/ErrorNumber.h"
 #include "tests/recordset/SqliteSession.h"
 
 #include <gtest/gtest.h>

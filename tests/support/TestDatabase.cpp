@@ -47,11 +47,7 @@ std::vector<std::string> TestDatabase::rows(std::string_view sql) {
 }
 
 std::string TestDatabase::value(std::string_view sql) {
-    const auto found = rows(sql);
-    if (found.empty()) {
-        giveUp(sql, "gave no row");
-    }
-    return found.front();
+    return toUtf8(orGiveUp(sql, [&] { return fixture_->valueOf(fromUtf8(sql)); }));
 }
 
 std::int64_t TestDatabase::addRule(std::string_view name, std::string_view queryParam,

@@ -23,7 +23,7 @@ public:
     void execute(std::string_view sql);
     /// The rows of a query, columns joined by "|", Null as "NULL".
     [[nodiscard]] std::vector<std::string> rows(std::string_view sql);
-    /// The first row; there must be one.
+    /// The first row, "NONE" without one.
     [[nodiscard]] std::string value(std::string_view sql);
 
     /// A rule with these columns; its id.
