@@ -1,6 +1,7 @@
 #include "adapters/odbc/ConnectionText.h"
 
 #include "adapters/odbc/DriverOptions.h"
+#include "adapters/odbc/ServerList.h"
 #include "adapters/recordset/EqualIgnoringCase.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
@@ -52,6 +53,26 @@ std::u16string written(std::u16string_view key, std::u16string_view value) {
     return std::u16string(key) + u'=' + result + u';';
 }
 
+/// The options in place of what the string says under their keys.
+std::u16string nativeText(const recordset::ConnectionString &text,
+                          const std::vector<DriverOption> &options) {
+    const auto isOption = [&](std::u16string_view key) {
+        return std::ranges::any_of(options, [&](const DriverOption &option) {
+            return equalIgnoringCase(option.key, key);
+        });
+    };
+    std::u16string native;
+    for (const auto &[key, value] : text.entries()) {
+        if (!isOurs(key) && !isOption(key)) {
+            native += written(nativeKey(key), value);
+        }
+    }
+    for (const DriverOption &option : options) {
+        native += written(option.key, option.value);
+    }
+    return native;
+}
+
 } // namespace
 
 bool namesOdbc(const recordset::ConnectionString &text) {
@@ -77,23 +98,28 @@ int timeoutOf(const recordset::ConnectionString &text) {
     return seconds;
 }
 
-std::u16string nativeText(const recordset::ConnectionString &text) {
-    const std::vector<DriverOption> options = driverOptions(text, timeoutOf(text));
-    const auto isOption = [&](std::u16string_view key) {
-        return std::ranges::any_of(options, [&](const DriverOption &option) {
-            return equalIgnoringCase(option.key, key);
-        });
-    };
-    std::u16string native;
-    for (const auto &[key, value] : text.entries()) {
-        if (!isOurs(key) && !isOption(key)) {
-            native += written(nativeKey(key), value);
+int loginTimeoutOf(const recordset::ConnectionString &text) {
+    const auto servers = static_cast<int>(serversToTry(text).size());
+    return std::max(1, timeoutOf(text) / std::max(1, servers));
+}
+
+std::vector<std::u16string> nativeTexts(const recordset::ConnectionString &text) {
+    const std::vector<DriverOption> options =
+        driverOptions(text, {.login = loginTimeoutOf(text), .call = timeoutOf(text)});
+    std::vector<ServerAddress> servers = serversToTry(text);
+    if (servers.empty()) {
+        return {nativeText(text, options)};
+    }
+    std::vector<std::u16string> texts;
+    for (ServerAddress &server : servers) {
+        std::vector<DriverOption> own = options;
+        own.push_back({u"Server", std::move(server.host)});
+        if (!server.port.empty()) {
+            own.push_back({u"Port", std::move(server.port)});
         }
+        texts.push_back(nativeText(text, own));
     }
-    for (const DriverOption &option : options) {
-        native += written(option.key, option.value);
-    }
-    return native;
+    return texts;
 }
 
 } // namespace kvex::odbc

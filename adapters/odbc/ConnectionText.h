@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kvex::odbc {
 
@@ -15,8 +16,12 @@ namespace kvex::odbc {
 /// badArgument unless it is a whole number from 1 to 3600.
 [[nodiscard]] int timeoutOf(const recordset::ConnectionString &text);
 
+/// The share that each of the servers has which the string names; 1 at least.
+[[nodiscard]] int loginTimeoutOf(const recordset::ConnectionString &text);
+
 /// Everything but what is for the provider, in the order given, values in braces where they need
-/// them; then what the driver needs (DriverOptions.h) and the string does not say.
-[[nodiscard]] std::u16string nativeText(const recordset::ConnectionString &text);
+/// them; then what the driver needs (DriverOptions.h) and the string does not say. One text for
+/// each server to try (ServerList.h).
+[[nodiscard]] std::vector<std::u16string> nativeTexts(const recordset::ConnectionString &text);
 
 } // namespace kvex::odbc

@@ -1,12 +1,9 @@
 #include "adapters/odbc/DriverOptions.h"
 
+#include "adapters/odbc/DriverName.h"
 #include "platform/Text.h"
-#include "platform/Unicode.h"
-
-#include <odbcinst.h>
 
 #include <algorithm>
-#include <array>
 #include <string>
 #include <string_view>
 
@@ -14,22 +11,6 @@ namespace kvex::odbc {
 namespace {
 
 using recordset::ConnectionString;
-
-/// What the data source's section of the system's or user's file says.
-std::u16string ofDataSource(const ConnectionString &text, const char *key) {
-    const std::string source = toUtf8(text.value(text.has(u"DSN") ? u"DSN" : u"Data Source"));
-    std::array<char, 1024> value{};
-    if (source.empty() ||
-        SQLGetPrivateProfileString(source.c_str(), key, "", value.data(),
-                                   static_cast<int>(value.size()), "odbc.ini") <= 0) {
-        return {};
-    }
-    return fromUtf8(value.data());
-}
-
-std::u16string driverName(const ConnectionString &text) {
-    return foldCase(text.has(u"Driver") ? text.value(u"Driver") : ofDataSource(text, "Driver"));
-}
 
 /// Collects what the string leaves open.
 class Options {
@@ -60,22 +41,24 @@ int lockTimeout(int timeout) {
     return std::max(1, timeout * 2 / 3);
 }
 
-void addPostgres(Options &options, const ConnectionString &text, int timeout) {
+void addPostgres(Options &options, const ConnectionString &text, const Timeouts &timeouts) {
     // Line breaks as they are, truth values as numbers, statements prepared by the server.
     options.add(u"LFConversion", u"0");
     options.add(u"BoolsAsChar", u"0");
     options.add(u"TrueIsMinus1", u"0");
     options.add(u"UseDeclareFetch", u"0");
     options.add(u"UseServerSidePrepare", u"1");
+    // What is a long text is one of characters, and so can be had as UTF-8 (ServerKind.h).
+    options.replace(u"UnknownsAsLongVarchar", u"0");
     // Of an option given twice the later counts: the user's own.
-    const std::u16string own =
-        text.has(u"pqopt") ? std::u16string(text.value(u"pqopt")) : ofDataSource(text, "pqopt");
+    const std::u16string own = setting(text, u"pqopt");
     // What was sent and not acknowledged counts from when it is first repeated, half a second
     // later. While an answer is waited for, the second question whether the server's computer is
     // there that gets no answer is the last.
+    const int timeout = timeouts.call;
     const int interval = std::max(1, timeout / 3);
     const int idle = std::max(1, timeout - 2 * interval);
-    std::u16string library = u"connect_timeout=" + number(timeout) + u" tcp_user_timeout=" +
+    std::u16string library = u"connect_timeout=" + number(timeouts.login) + u" tcp_user_timeout=" +
                              number(timeout * 1000 - 500) + u" keepalives_idle=" + number(idle) +
                              u" keepalives_interval=" + number(interval) +
                              u" keepalives_count=2 options='-c lock_timeout=" +
@@ -83,7 +66,9 @@ void addPostgres(Options &options, const ConnectionString &text, int timeout) {
     options.replace(u"pqopt", own.empty() ? library : library + u' ' + own);
 }
 
-void addMariaDb(Options &options, const ConnectionString &text, int timeout, bool isMariaDb) {
+void addMariaDb(Options &options, const ConnectionString &text, const Timeouts &timeouts,
+                bool isMariaDb) {
+    const int timeout = timeouts.call;
     options.add(u"CHARSET", u"utf8mb4");
     // The rows that a statement found, changed in fact or not, are counted.
     if (!text.has(u"OPTIONS")) {
@@ -91,7 +76,7 @@ void addMariaDb(Options &options, const ConnectionString &text, int timeout, boo
     }
     const std::u16string seconds = number(std::max(2, timeout));
     if (isMariaDb) {
-        options.add(u"CONN_TIMEOUT", number(timeout));
+        options.add(u"CONN_TIMEOUT", number(timeouts.login));
     }
     options.add(isMariaDb ? u"READ_TIMEOUT" : u"READTIMEOUT", seconds);
     options.add(isMariaDb ? u"WRITE_TIMEOUT" : u"WRITETIMEOUT", seconds);
@@ -111,20 +96,21 @@ void addSqlite(Options &options, int timeout) {
 
 } // namespace
 
-std::vector<DriverOption> driverOptions(const ConnectionString &text, int timeout) {
-    const std::u16string driver = driverName(text);
-    const auto is = [&](std::u16string_view part) {
-        return driver.find(part) != std::u16string::npos;
-    };
+std::vector<DriverOption> driverOptions(const ConnectionString &text, const Timeouts &timeouts) {
     Options options(text);
-    if (is(u"postgres") || is(u"psqlodbc")) {
-        addPostgres(options, text, timeout);
-    } else if (is(u"maria") || is(u"maodbc")) {
-        addMariaDb(options, text, timeout, true);
-    } else if (is(u"mysql") || is(u"myodbc")) {
-        addMariaDb(options, text, timeout, false);
-    } else if (is(u"sqlite")) {
-        addSqlite(options, timeout);
+    switch (const DriverFamily family = driverFamily(text)) {
+    case DriverFamily::postgres:
+        addPostgres(options, text, timeouts);
+        break;
+    case DriverFamily::mariaDb:
+    case DriverFamily::mySql:
+        addMariaDb(options, text, timeouts, family == DriverFamily::mariaDb);
+        break;
+    case DriverFamily::sqlite:
+        addSqlite(options, timeouts.call);
+        break;
+    case DriverFamily::other:
+        break;
     }
     return options.take();
 }

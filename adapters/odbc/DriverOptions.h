@@ -14,9 +14,15 @@ struct DriverOption {
     std::u16string value;
 };
 
+/// In seconds: for a server to let the user in, and to answer a call.
+struct Timeouts {
+    int login;
+    int call;
+};
+
 /// Those of the driver that the string, or its data source, names. What the string says itself is
 /// not among them, or is joined with what the driver needs.
 [[nodiscard]] std::vector<DriverOption> driverOptions(const recordset::ConnectionString &text,
-                                                      int timeout);
+                                                      const Timeouts &timeouts);
 
 } // namespace kvex::odbc

@@ -1,10 +1,13 @@
 #include "adapters/odbc/OdbcConnection.h"
 
+#include "adapters/odbc/ClusterNode.h"
 #include "adapters/odbc/ConnectionText.h"
+#include "platform/Unicode.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <vector>
 
 namespace kvex::odbc {
 namespace {
@@ -19,27 +22,62 @@ Handle<SQL_HANDLE_ENV> environment() {
     return made;
 }
 
+/// Unless the user wants another character set of the driver.
+bool speaksUtf8(const recordset::ConnectionString &text) {
+    return !text.has(u"CHARSET") || foldCase(text.value(u"CHARSET")).starts_with(u"utf8");
+}
+
 } // namespace
 
 OdbcConnection::OdbcConnection(const recordset::ConnectionString &text)
     : timeout_(timeoutOf(text)), environment_(environment()),
       connection_(environment_.get(), SQL_HANDLE_ENV), server_(ServerKind::of(u"", u"")) {
     // Not every driver takes them.
-    const auto seconds = static_cast<std::uintptr_t>(timeout_);
-    SQLSetConnectAttrW(handle(), SQL_ATTR_LOGIN_TIMEOUT, number(seconds), SQL_IS_UINTEGER);
-    SQLSetConnectAttrW(handle(), SQL_ATTR_CONNECTION_TIMEOUT, number(seconds), SQL_IS_UINTEGER);
-    const std::u16string native = nativeText(text);
+    const auto set = [this](SQLINTEGER attribute, int seconds) {
+        SQLSetConnectAttrW(handle(), attribute, number(static_cast<std::uintptr_t>(seconds)),
+                           SQL_IS_UINTEGER);
+    };
+    set(SQL_ATTR_LOGIN_TIMEOUT, loginTimeoutOf(text));
+    set(SQL_ATTR_CONNECTION_TIMEOUT, timeout_);
+    const std::vector<std::u16string> natives = nativeTexts(text);
+    for (const std::u16string &native : natives) {
+        try {
+            connect(native);
+            learnAbout(text);
+            joinCluster(*this);
+            return;
+        } catch (const Error &error) {
+            SQLDisconnect(handle());
+            if (error.number() != refusal::noConnection || &native == &natives.back()) {
+                throw;
+            }
+        }
+    }
+}
+
+void OdbcConnection::connect(const std::u16string &native) const {
     SQLSMALLINT length = 0;
     std::array<SQLWCHAR, 2> completed{};
     connection_.check(SQLDriverConnectW(handle(), nullptr, wide(native.c_str()),
                                         static_cast<SQLSMALLINT>(native.size()), completed.data(),
                                         static_cast<SQLSMALLINT>(completed.size()), &length,
                                         SQL_DRIVER_NOPROMPT));
+}
+
+void OdbcConnection::learnAbout(const recordset::ConnectionString &text) {
     server_ = ServerKind::of(info(SQL_DBMS_NAME), info(SQL_DBMS_VER));
     quote_ = info(SQL_IDENTIFIER_QUOTE_CHAR);
     if (quote_ == u" ") {
         quote_.clear();
     }
+    if (info(SQL_DRIVER_NAME) == server_.utf8Driver && speaksUtf8(text)) {
+        utf8Texts_ = server_.utf8Texts;
+    }
+    SQLUINTEGER extensions = 0;
+    constexpr SQLUINTEGER needed = SQL_GD_ANY_COLUMN | SQL_GD_BOUND;
+    readsBoundAgain_ = SQL_SUCCEEDED(SQLGetInfoW(handle(), SQL_GETDATA_EXTENSIONS, &extensions,
+                                                 sizeof extensions, nullptr)) &&
+                       (extensions & needed) == needed;
 }
 
 OdbcConnection::~OdbcConnection() {

@@ -12,7 +12,9 @@ namespace kvex::odbc {
 
 class OdbcConnection {
 public:
-    /// Fails with badArgument for a timeout that is none, and with the provider's number.
+    /// To the first of the servers that can be used. Fails with badArgument for a timeout that is
+    /// none, and with the provider's number: that of the last server, or of the first that can be
+    /// reached and refuses.
     explicit OdbcConnection(const recordset::ConnectionString &text);
     ~OdbcConnection();
     OdbcConnection(const OdbcConnection &) = delete;
@@ -21,6 +23,10 @@ public:
     [[nodiscard]] SQLHANDLE handle() const noexcept { return connection_.get(); }
     [[nodiscard]] const ServerKind &server() const noexcept { return server_; }
     [[nodiscard]] int timeout() const noexcept { return timeout_; }
+    /// What the driver in use does of ServerKind::utf8Texts.
+    [[nodiscard]] Utf8Texts utf8Texts() const noexcept { return utf8Texts_; }
+    /// Whether SQLGetData gives the value of any column of a row, of a bound one too.
+    [[nodiscard]] bool readsBoundAgain() const noexcept { return readsBoundAgain_; }
     /// An identifier as statements must write it.
     [[nodiscard]] std::u16string quoted(std::u16string_view identifier) const;
 
@@ -28,6 +34,8 @@ public:
     void end(SQLSMALLINT how) const;
 
 private:
+    void connect(const std::u16string &native) const;
+    void learnAbout(const recordset::ConnectionString &text);
     [[nodiscard]] std::u16string info(SQLUSMALLINT what) const;
 
     int timeout_;
@@ -35,6 +43,8 @@ private:
     Handle<SQL_HANDLE_DBC> connection_;
     ServerKind server_;
     std::u16string quote_;
+    Utf8Texts utf8Texts_ = Utf8Texts::none;
+    bool readsBoundAgain_ = false;
 };
 
 } // namespace kvex::odbc

@@ -24,6 +24,10 @@ public:
 
     [[nodiscard]] virtual recordset::Provider provider() const = 0;
     [[nodiscard]] virtual std::u16string connectionString() const = 0;
+    /// Another user's way to it: through another server, where there are several.
+    [[nodiscard]] virtual std::u16string otherConnectionString() const {
+        return connectionString();
+    }
     /// Runs a statement as another program would, without the record sets.
     virtual void run(std::u16string_view statement) = 0;
     /// The rows of a query, columns joined by "|", Null as "NULL".

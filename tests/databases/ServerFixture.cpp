@@ -20,7 +20,7 @@ class ServerFixture : public DatabaseFixture {
 public:
     [[nodiscard]] recordset::Provider provider() const override { return odbc::provider(); }
     [[nodiscard]] std::u16string connectionString() const override {
-        return fromUtf8(server_.odbcConnectionString(name));
+        return connectionStringOf(server_);
     }
     void run(std::u16string_view statement) override { server_.run(name, toUtf8(statement)); }
     [[nodiscard]] std::vector<std::u16string> rows(std::u16string_view query) override {
@@ -37,9 +37,13 @@ protected:
         if (prepared.insert(&server).second) {
             server.createDatabase(name);
             recordset::ClientConnection connection({odbc::provider()});
-            static_cast<Connection &>(connection).open(ServerFixture::connectionString());
+            static_cast<Connection &>(connection).open(connectionStringOf(server));
             recordset::createSchema(connection);
         }
+    }
+
+    [[nodiscard]] static std::u16string connectionStringOf(const DatabaseServer &server) {
+        return fromUtf8(server.odbcConnectionString(name));
     }
 
 private:
@@ -75,10 +79,11 @@ public:
     }
 };
 
-class MariaDbFixture final : public ServerFixture {
+class MariaDbFixture : public ServerFixture {
 public:
-    explicit MariaDbFixture(MariaDbServer &server) : ServerFixture(server) {
-        permit();
+    explicit MariaDbFixture(MariaDbServer &server = MariaDbServer::shared())
+        : ServerFixture(server) {
+        MariaDbFixture::permit();
         for (const std::u16string &table :
              rows(u"SELECT TABLE_NAME FROM information_schema.TABLES "
                   u"WHERE TABLE_SCHEMA = DATABASE() AND AUTO_INCREMENT > 1")) {
@@ -101,6 +106,42 @@ public:
     }
 };
 
+/// The first user is on the first node, the other on the second; other programs are on the third,
+/// and see what was stored before on any.
+class GaleraFixture final : public MariaDbFixture {
+public:
+    GaleraFixture() : MariaDbFixture(thirdNode()) { reachEveryNode(); }
+
+    [[nodiscard]] std::u16string connectionString() const override {
+        return connectionStringOf(GaleraCluster::shared().node(0));
+    }
+    [[nodiscard]] std::u16string otherConnectionString() const override {
+        return connectionStringOf(GaleraCluster::shared().node(1));
+    }
+    void refuse(std::u16string_view event, std::u16string_view condition) override {
+        MariaDbFixture::refuse(event, condition);
+        reachEveryNode();
+    }
+    void permit() override {
+        MariaDbFixture::permit();
+        reachEveryNode();
+    }
+
+private:
+    static MariaDbServer &thirdNode() {
+        MariaDbServer &node = GaleraCluster::shared().node(2);
+        node.run("mysql", "SET GLOBAL wsrep_sync_wait = 15");
+        return node;
+    }
+    static void reachEveryNode() {
+        for (std::size_t node = 0; node < GaleraCluster::size; ++node) {
+            GaleraCluster::shared().node(node).run(
+                "mysql",
+                "SET SESSION wsrep_sync_wait = 15; SELECT 1; SET SESSION wsrep_sync_wait = 0");
+        }
+    }
+};
+
 class OdbcSqliteFixture final : public SqliteFixture {
 public:
     [[nodiscard]] recordset::Provider provider() const override { return odbc::provider(); }
@@ -113,12 +154,8 @@ public:
     }
 };
 
-template <class Fixture, auto... servers> std::unique_ptr<DatabaseFixture> make() {
-    return std::make_unique<Fixture>(servers()...);
-}
-
-MariaDbServer &firstNode() {
-    return GaleraCluster::shared().node(0);
+template <class Fixture> std::unique_ptr<DatabaseFixture> make() {
+    return std::make_unique<Fixture>();
 }
 
 } // namespace
@@ -128,11 +165,11 @@ DatabaseKind postgreSqlServer() {
 }
 
 DatabaseKind mariaDbServer() {
-    return {"MariaDb", &make<MariaDbFixture, &MariaDbServer::shared>};
+    return {"MariaDb", &make<MariaDbFixture>};
 }
 
 DatabaseKind galeraCluster() {
-    return {"Galera", &make<MariaDbFixture, &firstNode>};
+    return {"Galera", &make<GaleraFixture>};
 }
 
 DatabaseKind odbcSqlite() {

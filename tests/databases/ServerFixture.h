@@ -7,7 +7,7 @@ namespace kvex::test {
 
 [[nodiscard]] DatabaseKind postgreSqlServer();
 [[nodiscard]] DatabaseKind mariaDbServer();
-/// The first node of a cluster.
+/// Each user is on a node of his own.
 [[nodiscard]] DatabaseKind galeraCluster();
 [[nodiscard]] DatabaseKind odbcSqlite();
 

@@ -67,6 +67,13 @@ Editor::Editor(recordset::Provider provider, std::u16string connectionString)
     utility.connectionString = std::move(connectionString);
 }
 
+void Editor::setServers(const std::u16string &servers, int connectTimeout) {
+    std::u16string &text = utility.connectionString;
+    const std::size_t begin = text.find(u"Server=");
+    text.replace(begin, text.find(u';', begin) - begin, u"Server=" + servers);
+    text += u";Connect Timeout=" + toText(std::int64_t{connectTimeout});
+}
+
 std::int32_t Editor::showRules(const std::u16string &ruleId) {
     RuleUI ruleUI(platform_);
     const std::int32_t result = ruleUI.ShowRules(u"1", ruleId);

@@ -15,6 +15,10 @@ class Editor {
 public:
     Editor(recordset::Provider provider, std::u16string connectionString);
 
+    /// From the next session on: "HOST,HOST:PORT" in place of the server of the connection string,
+    /// and so many seconds for it to answer.
+    void setServers(const std::u16string &servers, int connectTimeout);
+
     /// A whole session: opened, shown on the rule, closed. What ShowRules gave.
     std::int32_t showRules(const std::u16string &ruleId = u"");
     /// A whole session, played in the rules window; the editor that opens first is cancelled.

@@ -64,7 +64,7 @@ protected:
     /// Watches `mine`.
     WatchedDatabase watched{database_->provider()};
     Editor mine{watched.provider(), database_->connectionString()};
-    Editor theirs{database_->provider(), database_->connectionString()};
+    Editor theirs{database_->provider(), database_->otherConnectionString()};
 };
 
 /// A test for each kind of database.

@@ -5,8 +5,7 @@
 namespace kvex::test {
 
 INSTANTIATE_TEST_SUITE_P(Odbc, Editors,
-                         testing::Values(odbcSqlite(), postgreSqlServer(), mariaDbServer(),
-                                         galeraCluster()),
+                         testing::Values(odbcSqlite(), postgreSqlServer(), mariaDbServer()),
                          kindName);
 
 } // namespace kvex::test

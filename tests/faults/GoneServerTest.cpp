@@ -25,8 +25,7 @@ constexpr std::u16string_view notStored = u"was not stored, as far as is known. 
 class GoneServer : public TwoEditors, public testing::WithParamInterface<Loss> {
 protected:
     GoneServer() : TwoEditors(std::get<ServerKindUnderTest>(GetParam()).database) {
-        std::u16string &text = mine.utility.connectionString;
-        text = (way_.relayed ? place_.relayed(text) : text) + u";Connect Timeout=2";
+        mine.setServers(addressOf(way_.relayed ? place_.relay.port() : place_.server.port()), 2);
     }
     /// Also after a test that failed in the middle.
     ~GoneServer() override { comeBack(); }

@@ -19,13 +19,8 @@ void start(ServerUnderTest &test) {
 
 } // namespace
 
-std::u16string ServerUnderTest::relayed(const std::u16string &connectionString) const {
-    const auto port = [](std::uint16_t number) {
-        return u";Port=" + toText(std::int64_t{number}) + u";";
-    };
-    std::u16string changed = connectionString;
-    const std::u16string own = port(server.port());
-    return changed.replace(changed.find(own), own.size(), port(relay.port()));
+std::u16string addressOf(std::uint16_t port) {
+    return u"127.0.0.1:" + toText(std::int64_t{port});
 }
 
 std::vector<ServerKindUnderTest> serversUnderTest() {

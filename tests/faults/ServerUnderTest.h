@@ -5,18 +5,19 @@
 #include "tests/servers/DatabaseServer.h"
 #include "tests/servers/TcpRelay.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
 namespace kvex::test {
 
+/// As a connection string names a server.
+[[nodiscard]] std::u16string addressOf(std::uint16_t port);
+
 /// One of a test program's servers, with a relay before it.
 struct ServerUnderTest {
     DatabaseServer &server;
     TcpRelay relay{server.port()};
-
-    /// The string of one of the server's databases, changed to go through the relay.
-    [[nodiscard]] std::u16string relayed(const std::u16string &connectionString) const;
 };
 
 struct ServerKindUnderTest {

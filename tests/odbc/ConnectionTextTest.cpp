@@ -11,15 +11,16 @@
 namespace kvex::test {
 namespace {
 
+using odbc::loginTimeoutOf;
 using odbc::namesOdbc;
-using odbc::nativeText;
+using odbc::nativeTexts;
 using odbc::timeoutOf;
 using recordset::ConnectionString;
 using testing::HasSubstr;
 using testing::Not;
 
 std::u16string native(std::u16string_view text) {
-    return nativeText(ConnectionString(text));
+    return nativeTexts(ConnectionString(text)).front();
 }
 
 std::string utf8(std::u16string_view text) {
@@ -84,6 +85,47 @@ TEST(ConnectionText, MariaDbCountsFoundRowsInUtf8AndRefusesWhatDoesNotFit) {
     EXPECT_THAT(text, HasSubstr("OPTION=2;"));
     EXPECT_THAT(text, HasSubstr("READ_TIMEOUT=15;"));
     EXPECT_THAT(text, HasSubstr("STRICT_ALL_TABLES"));
+}
+
+TEST(ConnectionText, EachServerOfAListIsTriedByItself) {
+    std::vector<std::u16string> texts;
+    const auto expect = [&](std::size_t index, const char *server, const char *port) {
+        const std::string native = toUtf8(texts.at(index));
+        EXPECT_THAT(native, HasSubstr(std::string("Server=") + server + ";"));
+        EXPECT_THAT(native, HasSubstr(std::string("Port=") + port + ";"));
+        EXPECT_THAT(native, Not(HasSubstr("db1, db2")));
+    };
+    for (const std::u16string driver : {u"MariaDB Unicode", u"PostgreSQL Unicode"}) {
+        texts = nativeTexts(ConnectionString(
+            u"Driver={" + driver + u"};Server=db1, db2:3307,[::1]:3308,fe80::1,;Port=3306"));
+        ASSERT_EQ(texts.size(), 4U);
+        expect(0, "db1", "3306");
+        expect(1, "db2", "3307");
+        expect(2, "::1", "3308");
+        expect(3, "fe80::1", "3306");
+    }
+}
+
+TEST(ConnectionText, OneServerAndAnotherDriversCommaStayAsTheyAre) {
+    for (const char16_t *text :
+         {u"Driver={MariaDB Unicode};Server=db1", u"Driver={PostgreSQL Unicode};Server=::1",
+          u"Driver={Some Driver};Server=db1:5,1433"}) {
+        const auto texts = nativeTexts(ConnectionString(text));
+        ASSERT_EQ(texts.size(), 1U);
+        EXPECT_TRUE(texts.front().starts_with(text));
+    }
+}
+
+TEST(ConnectionText, SeveralServersShareTheTimeThatLettingInMayTake) {
+    const auto seconds = [](const char16_t *text) {
+        return loginTimeoutOf(ConnectionString(text));
+    };
+    EXPECT_EQ(seconds(u"Driver={MariaDB Unicode};Server=a,b,c"), 5);
+    EXPECT_EQ(seconds(u"Driver={PostgreSQL Unicode};Server=a,b;Connect Timeout=9"), 4);
+    EXPECT_EQ(seconds(u"Driver={MariaDB Unicode};Server=a,b,c;Connect Timeout=2"), 1);
+    EXPECT_EQ(seconds(u"Driver={Some Driver};Server=a,1433"), 15);
+    EXPECT_THAT(utf8(u"Driver={PostgreSQL Unicode};Server=a,b;Connect Timeout=8"),
+                HasSubstr("connect_timeout=4 tcp_user_timeout=7500 "));
 }
 
 TEST(ConnectionText, WhatTheStringSaysIsNotChanged) {

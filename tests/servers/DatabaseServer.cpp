@@ -118,9 +118,14 @@ std::string DatabaseServer::odbcConnectionString(const std::string &database,
 std::string DatabaseServer::odbcConnectionString(const std::string &database, std::uint16_t port,
                                                  const std::string &name,
                                                  const std::string &itsPassword) const {
-    return std::string("Driver={") + kind_.odbcDriver +
-           "};Server=127.0.0.1;Port=" + std::to_string(port) + ";Database=" + database +
-           ";UID=" + name + ";PWD=" + itsPassword;
+    return std::string("Driver={") + kind_.odbcDriver + "};Server=" + address_ +
+           ";Port=" + std::to_string(port) + ";Database=" + database + ";UID=" + name +
+           ";PWD=" + itsPassword;
+}
+
+void DatabaseServer::listenAt(const std::string &address, std::uint16_t port) {
+    address_ = address;
+    port_ = port;
 }
 
 void DatabaseServer::disconnect(const std::string &database) {

@@ -23,6 +23,8 @@ public:
     DatabaseServer(const DatabaseServer &) = delete;
     DatabaseServer &operator=(const DatabaseServer &) = delete;
 
+    /// Of the loopback interface.
+    [[nodiscard]] const std::string &address() const noexcept { return address_; }
     [[nodiscard]] std::uint16_t port() const noexcept { return port_; }
     /// 0 while it does not run.
     [[nodiscard]] pid_t pid() const;
@@ -79,6 +81,8 @@ protected:
     [[nodiscard]] const ServerFolder &folder() const noexcept { return folder_; }
     [[nodiscard]] const std::string &password() const noexcept { return password_; }
     [[nodiscard]] std::string ownDatabase() const { return kind_.ownDatabase; }
+    /// Where it listens from its first start on, in place of 127.0.0.1 and a port of its choice.
+    void listenAt(const std::string &address, std::uint16_t port);
     /// Closes the connection that run and rows keep open to a database.
     void disconnect(const std::string &database);
 
@@ -95,6 +99,7 @@ private:
     Kind kind_;
     ServerFolder folder_;
     std::string password_;
+    std::string address_ = "127.0.0.1";
     std::uint16_t port_ = 0;
     std::optional<ServerProcess> process_;
     std::map<std::string, std::unique_ptr<ServerClient>> clients_;

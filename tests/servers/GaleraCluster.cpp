@@ -57,7 +57,8 @@ GaleraCluster::GaleraCluster() {
     waitUntilSynced(1);
     nodes_[0]->stop();
     for (std::size_t index = 1; index < size; ++index) {
-        nodes_.at(index) = MariaDbServer::copyOf(*nodes_[0]);
+        nodes_.at(index) =
+            MariaDbServer::copyOf(*nodes_[0], "127.0.0." + std::to_string(index + 1));
         nodes_.at(index)->setFurtherArguments(arguments(ports, ports.at(index)));
     }
     for (std::size_t index = 0; index < size; ++index) {

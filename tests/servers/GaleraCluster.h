@@ -12,7 +12,8 @@ class GaleraCluster {
 public:
     static constexpr std::size_t size = 3;
 
-    /// All nodes run and are synced when this returns.
+    /// All nodes run and are synced when this returns. They listen on one port, at addresses of
+    /// their own.
     GaleraCluster();
 
     /// The one cluster of a test program, started when it is first asked for.

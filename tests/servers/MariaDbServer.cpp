@@ -10,13 +10,13 @@ namespace {
 
 class MariaDbClient final : public ServerClient {
 public:
-    MariaDbClient(std::uint16_t port, const std::string &database, const char *user,
-                  const std::string &password)
+    MariaDbClient(const std::string &address, std::uint16_t port, const std::string &database,
+                  const char *user, const std::string &password)
         : connection_(mysql_init(nullptr)) {
         constexpr unsigned int limit = 60;
         mysql_options(connection_.get(), MYSQL_OPT_CONNECT_TIMEOUT, &limit);
         mysql_options(connection_.get(), MYSQL_SET_CHARSET_NAME, "utf8mb4");
-        if (!mysql_real_connect(connection_.get(), "127.0.0.1", user, password.c_str(),
+        if (!mysql_real_connect(connection_.get(), address.c_str(), user, password.c_str(),
                                 database.c_str(), port, nullptr, CLIENT_MULTI_STATEMENTS)) {
             fail();
         }
@@ -109,8 +109,10 @@ MariaDbServer::MariaDbServer() : MariaDbServer(randomPassword()) {
     std::filesystem::remove(folder() / "users.sql");
 }
 
-std::unique_ptr<MariaDbServer> MariaDbServer::copyOf(const MariaDbServer &original) {
+std::unique_ptr<MariaDbServer> MariaDbServer::copyOf(const MariaDbServer &original,
+                                                     const std::string &address) {
     std::unique_ptr<MariaDbServer> copy(new MariaDbServer(original.password()));
+    copy->listenAt(address, original.port());
     std::filesystem::copy(original.folder() / "data", copy->folder() / "data",
                           std::filesystem::copy_options::recursive);
     copy->folder().handOver();
@@ -133,7 +135,7 @@ std::vector<std::string> MariaDbServer::command() const {
                                      "--tmpdir=" + folder().path().string(),
                                      "--socket=" + (folder() / "socket").string(),
                                      "--pid-file=" + (folder() / "pid").string(),
-                                     "--bind-address=127.0.0.1",
+                                     "--bind-address=" + address(),
                                      "--port=" + std::to_string(port()),
                                      "--character-set-server=utf8mb4",
                                      "--skip-log-bin"};
@@ -143,7 +145,7 @@ std::vector<std::string> MariaDbServer::command() const {
 }
 
 std::unique_ptr<ServerClient> MariaDbServer::connect(const std::string &database) const {
-    return std::make_unique<MariaDbClient>(port(), database, user, password());
+    return std::make_unique<MariaDbClient>(address(), port(), database, user, password());
 }
 
 void MariaDbServer::createDatabase(const std::string &name) {

@@ -9,9 +9,10 @@ class MariaDbServer final : public DatabaseServer {
 public:
     /// Runs, with an empty set of databases, when this returns.
     MariaDbServer();
-    /// A further server with the databases and the user of one that is stopped; it does not run
-    /// yet.
-    [[nodiscard]] static std::unique_ptr<MariaDbServer> copyOf(const MariaDbServer &original);
+    /// A further server with the databases, the user and the port of one that is stopped, at
+    /// another address of the loopback interface; it does not run yet.
+    [[nodiscard]] static std::unique_ptr<MariaDbServer> copyOf(const MariaDbServer &original,
+                                                               const std::string &address);
 
     /// The one server of a test program, started when it is first asked for.
     [[nodiscard]] static MariaDbServer &shared();

@@ -92,7 +92,7 @@ std::vector<std::string> PostgreSqlServer::command() const {
             "-p",
             std::to_string(port()),
             "-c",
-            "listen_addresses=127.0.0.1",
+            "listen_addresses=" + address(),
             "-c",
             "unix_socket_directories=",
             "-c",

@@ -1,0 +1,68 @@
+// A session takes the first server of its list that can be used.
+#include "tests/editors/Editors.h"
+#include "tests/faults/ServerUnderTest.h"
+#include "tests/servers/FreePort.h"
+
+namespace kvex::test {
+namespace {
+
+using recordset::connectionLost;
+
+} // namespace
+
+class ServerList : public TwoEditors, public testing::WithParamInterface<ServerKindUnderTest> {
+protected:
+    ServerList() : TwoEditors(GetParam().database) { addRule(u"A"); }
+
+    void listServers(const std::vector<std::uint16_t> &ports) {
+        std::u16string list;
+        for (const std::uint16_t port : ports) {
+            list += list.empty() ? u"" : u",";
+            list += addressOf(port);
+        }
+        mine.setServers(list, static_cast<int>(ports.size()) * 2);
+    }
+    void expectRules() {
+        mine.inRulesWindow([](User &user) {
+            EXPECT_EQ(user.rows(u"lvwRules"), Texts{u"A"});
+            user.click(u"cmdCancel");
+        });
+    }
+
+    DatabaseServer &server = GetParam().server();
+};
+
+TEST_P(ServerList, ServersThatRefuseOrDoNotAnswerArePassedOver) {
+    TcpRelay silent(server.port());
+    silent.cut();
+    listServers({freePort(), silent.port(), server.port()});
+    expectRules();
+}
+
+TEST_P(ServerList, ALostServersSessionEndsAndTheNextTakesAnother) {
+    TcpRelay first(server.port());
+    listServers({first.port(), server.port()});
+    const std::u16string id = idOf(u"A");
+    mine.inEditor(id, [&](User &user) {
+        rename(user, u"Mine");
+        first.refuse();
+        user.click(u"cmdOK");
+        mine.expectTold({saveFailed}, connectionLost, u"Nothing was stored. The connection");
+        EXPECT_TRUE(user.isOpen());
+        EXPECT_EQ(typedName(user), u"Mine");
+        user.click(u"cmdCancel");
+    });
+    expectRules();
+}
+
+TEST_P(ServerList, WithoutAnyServerTheLastOnesErrorIsTold) {
+    const std::uint16_t last = freePort();
+    listServers({freePort(), last});
+    EXPECT_EQ(mine.showRules(), 0);
+    mine.expectTold({openingFailed}, connectionLost, u"The database cannot be reached (");
+}
+
+INSTANTIATE_TEST_SUITE_P(Faults, ServerList, testing::ValuesIn(serversUnderTest()),
+                         [](const auto &kind) { return kind.param.database.name; });
+
+} // namespace kvex::test
