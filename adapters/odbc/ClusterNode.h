@@ -5,9 +5,9 @@
 
 namespace kvex::odbc {
 
-/// Has a session on a node see what was stored on any other one before each of its statements.
-/// Fails with noConnection on a node that the cluster has left behind: it lets users in, and
-/// refuses their statements. Nothing on any other server.
+/// A session on a node sees, and its changes meet, what was stored on any other one before. Fails
+/// with noConnection on a node that the others have lost sight of: it lets users in, and refuses
+/// their statements. Nothing on any other server.
 void joinCluster(const OdbcConnection &connection);
 
 } // namespace kvex::odbc

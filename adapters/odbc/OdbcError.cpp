@@ -27,6 +27,7 @@ enum class Meaning {
     tooLong,
     badValue,
     locked,
+    lockedOrCutOff,
     noAnswer,
     diskFull,
     damaged,
@@ -59,7 +60,7 @@ constexpr std::array natives = std::to_array<Native>({
     {u"42000", 1143, Meaning::forbidden},
     {u"HY000", 1021, Meaning::diskFull},
     {u"HY000", 1114, Meaning::diskFull},
-    {u"HY000", 1205, Meaning::locked},
+    {u"HY000", 1205, Meaning::lockedOrCutOff},
     {u"HY000", 1213, Meaning::locked},
     {u"HY000", 1290, Meaning::forbidden},
     {u"HY000", 1364, Meaning::constraint},
@@ -191,6 +192,13 @@ Told told(Meaning meaning) {
     case Meaning::locked:
         return {refusal::timeout, u"The record is locked by another program (",
                 u"): wait until that has finished and try again."};
+    case Meaning::lockedOrCutOff:
+        // Nodes of a cluster say no more than that they waited in vain.
+        return {refusal::timeout,
+                u"The record is locked by another program, or the server is cut off from its "
+                u"cluster (",
+                u"): try again, and if that does not help close the window, open it again and "
+                u"repeat the change."};
     case Meaning::noAnswer:
         return {refusal::timeout, u"The database did not answer in time (",
                 u"): try again, or give it longer with Connect Timeout=SECONDS."};

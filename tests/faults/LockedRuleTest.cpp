@@ -7,8 +7,7 @@
 namespace kvex::test {
 namespace {
 
-constexpr std::u16string_view locked =
-    u" was not stored. The record is locked by another program (";
+constexpr std::u16string_view locked = u" was not stored. The record is locked by another program";
 
 } // namespace
 

@@ -2,6 +2,7 @@
 
 #include "tests/servers/FreePort.h"
 
+#include <algorithm>
 #include <chrono>
 #include <stdexcept>
 #include <thread>
@@ -36,6 +37,18 @@ std::vector<std::string> arguments(const ClusterPorts &ports, const NodePorts &o
             "--wsrep-sst-receive-address=127.0.0.1:" + std::to_string(own.state),
             "--binlog-format=ROW",
             "--innodb-autoinc-lock-mode=2"};
+}
+
+template <class State> void waitUntil(const State &reached) {
+    constexpr std::chrono::milliseconds pause{20};
+    constexpr int attempts = 6000;
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        if (reached()) {
+            return;
+        }
+        std::this_thread::sleep_for(pause);
+    }
+    throw std::runtime_error("the cluster does not get in sync");
 }
 
 constexpr std::string_view clusterState =
@@ -74,22 +87,22 @@ GaleraCluster &GaleraCluster::shared() {
 }
 
 void GaleraCluster::waitUntilSynced(std::size_t nodes) {
-    constexpr std::chrono::milliseconds pause{20};
-    constexpr int attempts = 6000;
     const std::string wanted = std::to_string(nodes) + "|Synced|ON";
-    for (int attempt = 0; attempt < attempts; ++attempt) {
-        bool synced = true;
-        for (const auto &node : nodes_) {
-            if (node && node->pid() != 0 && node->valueOf("mysql", clusterState) != wanted) {
-                synced = false;
-            }
-        }
-        if (synced) {
-            return;
-        }
-        std::this_thread::sleep_for(pause);
-    }
-    throw std::runtime_error("the cluster does not get in sync");
+    waitUntil([&] {
+        return std::ranges::all_of(nodes_, [&](const auto &node) {
+            return !node || node->pid() == 0 || node->valueOf("mysql", clusterState) == wanted;
+        });
+    });
+}
+
+void GaleraCluster::isolate(std::size_t index) {
+    node(index).run("mysql", "SET GLOBAL wsrep_provider_options = 'gmcast.isolate=1'");
+    waitUntil([&] { return node(index).valueOf("mysql", clusterState).ends_with("|OFF"); });
+}
+
+void GaleraCluster::rejoin(std::size_t index) {
+    node(index).run("mysql", "SET GLOBAL wsrep_provider_options = 'gmcast.isolate=0'");
+    waitUntilSynced();
 }
 
 void GaleraCluster::killNode(std::size_t index) {

@@ -26,6 +26,10 @@ public:
     void waitUntilSynced(std::size_t nodes = size);
     /// The node is gone as by a loss of power; the others go on when this returns.
     void killNode(std::size_t index);
+    /// The node runs, but the others have lost sight of it: it knows when this returns.
+    void isolate(std::size_t index);
+    /// It is one of them again when this returns.
+    void rejoin(std::size_t index);
 
 private:
     std::array<std::unique_ptr<MariaDbServer>, size> nodes_;

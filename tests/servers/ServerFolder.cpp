@@ -1,10 +1,16 @@
 #include "tests/servers/ServerFolder.h"
 
+#include <array>
+#include <chrono>
+#include <csignal>
 #include <cstdlib>
+#include <fcntl.h>
 #include <fstream>
 #include <pwd.h>
 #include <stdexcept>
 #include <string>
+#include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace kvex::test {
@@ -16,6 +22,31 @@ void giveTo(const ServerUser &owner, const fs::path &path) {
     if (lchown(path.c_str(), owner.user, owner.group) != 0) {
         throw std::runtime_error("cannot give away " + path.string());
     }
+}
+
+/// Until nobody holds the pipe's other end any more; then the folder is removed.
+[[noreturn]] void keep(const fs::path &folder, int pipe) {
+    // What ends the test program is not to end this process, nor is anybody to wait for it.
+    setsid();
+    for (const int deadly : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) {
+        static_cast<void>(signal(deadly, SIG_IGN));
+    }
+    dup2(pipe, STDIN_FILENO);
+    close_range(STDIN_FILENO + 1, ~0U, 0);
+    char ignored = 0;
+    while (read(STDIN_FILENO, &ignored, 1) > 0) {
+    }
+    // A server that is just being killed may write yet.
+    constexpr int attempts = 500;
+    constexpr std::chrono::milliseconds pause{20};
+    std::error_code error;
+    for (int attempt = 0; attempt < attempts && fs::exists(folder, error); ++attempt) {
+        fs::remove_all(folder, error);
+        if (error) {
+            std::this_thread::sleep_for(pause);
+        }
+    }
+    _exit(0);
 }
 
 } // namespace
@@ -37,12 +68,26 @@ ServerFolder::ServerFolder() {
         throw std::runtime_error("no temporary folder " + pattern);
     }
     path_ = pattern;
+    startKeeper();
     handOver();
 }
 
 ServerFolder::~ServerFolder() {
-    std::error_code ignored;
-    fs::remove_all(path_, ignored);
+    close(keepersPipe_);
+    waitpid(keeper_, nullptr, 0);
+}
+
+void ServerFolder::startKeeper() {
+    std::array<int, 2> ends{};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0) {
+        throw std::runtime_error("no pipe for the keeper of a temporary folder");
+    }
+    keeper_ = fork();
+    if (keeper_ == 0) {
+        keep(path_, ends[0]);
+    }
+    close(ends[0]);
+    keepersPipe_ = ends[1];
 }
 
 void ServerFolder::write(const char *name, std::string_view text) const {

@@ -17,7 +17,8 @@ struct ServerUser {
     [[nodiscard]] static std::optional<ServerUser> instead();
 };
 
-/// A temporary folder that belongs to the server's user; it goes with the object.
+/// A temporary folder that belongs to the server's user; it goes with the object, or with the test
+/// program, however that ends.
 class ServerFolder {
 public:
     ServerFolder();
@@ -33,7 +34,12 @@ public:
     void handOver() const;
 
 private:
+    void startKeeper();
+
     std::filesystem::path path_;
+    /// A process that removes the folder when this end of its pipe is closed.
+    pid_t keeper_ = -1;
+    int keepersPipe_ = -1;
 };
 
 } // namespace kvex::test

@@ -7,6 +7,7 @@
 #include <grp.h>
 #include <iterator>
 #include <poll.h>
+#include <sched.h>
 #include <stdexcept>
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -36,6 +37,9 @@ bool endsWithin(int handle, std::chrono::milliseconds limit) {
 
 [[noreturn]] void become(const std::vector<char *> &command, const char *folder, int log,
                          const std::optional<ServerUser> &user, pid_t parent) {
+    // Memory that the server shares with its processes goes with them then, however they end.
+    // Where the system does not permit it, some bytes stay behind a server that was killed.
+    static_cast<void>(unshare(CLONE_NEWIPC));
     if (user &&
         (setgroups(0, nullptr) != 0 || setgid(user->group) != 0 || setuid(user->user) != 0)) {
         _exit(126);

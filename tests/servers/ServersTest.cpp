@@ -5,11 +5,14 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <poll.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 // The header of glibc 2.36 names no linkage.
@@ -102,7 +105,7 @@ TYPED_TEST(Servers, AFrozenServerIsStoppedAndKilled) {
 }
 
 TYPED_TEST(Servers, AServerEndsWithATestProgramThatCrashes) {
-    // What the server leaves behind goes with it.
+    // What the server leaves behind stands in it.
     const ServerFolder folder;
     std::array<int, 2> ends{};
     ASSERT_EQ(pipe(ends.data()), 0);
@@ -125,6 +128,9 @@ TYPED_TEST(Servers, AServerEndsWithATestProgramThatCrashes) {
     pollfd ended{handle, POLLIN, 0};
     constexpr int hang = 120'000;
     EXPECT_EQ(poll(&ended, 1, hang), 1);
+    while (!std::filesystem::is_empty(folder.path())) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
     for (const int end : {handle, ends[0], ends[1]}) {
         close(end);
     }

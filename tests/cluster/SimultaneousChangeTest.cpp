@@ -1,0 +1,94 @@
+// One rule is changed on two nodes before either knows of the other's change.
+#include "adapters/odbc/OdbcError.h"
+#include "adapters/odbc/Provider.h"
+#include "adapters/recordset/ClientConnection.h"
+#include "tests/databases/ServerFixture.h"
+#include "tests/editors/Editors.h"
+#include "tests/servers/GaleraCluster.h"
+
+#include <atomic>
+#include <chrono>
+#include <thread>
+
+namespace kvex::test {
+
+class SimultaneousChange : public TwoEditors {
+protected:
+    SimultaneousChange() : TwoEditors(galeraCluster()) {}
+
+    /// As by a change that was seen, or by one that the node met when it stored its own.
+    void expectRefused() {
+        ASSERT_EQ(mine.utility.log.size(), 1U);
+        const bool seen = mine.utility.log.front().number == rowChangedByAnother;
+        mine.expectTold({saveFailed}, seen ? rowChangedByAnother : odbc::refusal::timeout,
+                        seen ? u"Another user changed or removed it"
+                             : u"The record is locked by another program (Deadlock");
+    }
+
+    GaleraCluster &cluster = GaleraCluster::shared();
+};
+
+TEST_F(SimultaneousChange, WhatAnotherNodeStoredBeforeIsSeenByASessionThatOpens) {
+    addRule(u"A");
+    cluster.node(0).run("mysql", "FLUSH TABLES WITH READ LOCK");
+    addRule(u"B", 1);
+    // The node takes over no change until the session waits for it.
+    constexpr std::string_view othersQueries =
+        "SELECT COUNT(*) FROM information_schema.PROCESSLIST WHERE INFO LIKE 'SELECT%' AND "
+        "ID <> CONNECTION_ID()";
+    std::atomic<bool> ended = false;
+    std::thread release([&] {
+        while (!ended && cluster.node(0).valueOf("mysql", othersQueries) == "0") {
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+        cluster.node(0).run("mysql", "UNLOCK TABLES");
+    });
+    mine.inRulesWindow([](User &user) {
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"B"}));
+        user.click(u"cmdCancel");
+    });
+    ended = true;
+    release.join();
+}
+
+/// Who comes first differs from round to round; that one does, and the other is told, does not.
+TEST_F(SimultaneousChange, IsStoredOnceAndTheLoserIsTold) {
+    const std::u16string id = addRule(u"A");
+    // Else a node repeats a change that came second, and finds that nothing is left to change.
+    cluster.node(0).run("mysql", "SET GLOBAL wsrep_retry_autocommit = 0");
+    recordset::ClientConnection other({odbc::provider()});
+    static_cast<Connection &>(other).open(theirs.utility.connectionString);
+    const std::u16string change = u"UPDATE SMS_RULES SET Name = 'Theirs' WHERE Name = 'A'";
+    for (int round = 1; round <= 40; ++round) {
+        run(u"UPDATE SMS_RULES SET Name = 'A'");
+        std::atomic<bool> begins = false;
+        bool theirsStored = false;
+        std::thread theirChange([&] {
+            begins.wait(false);
+            try {
+                theirsStored = other.driver().lock()->execute({change, {}}) == 1;
+            } catch (const Error &error) {
+                EXPECT_EQ(error.number(), odbc::refusal::timeout) << error.what();
+            }
+        });
+        watched.interruptAfter(6, [&] {
+            begins = true;
+            begins.notify_one();
+        });
+        mine.inEditor(id, [&](User &user) {
+            rename(user, u"Mine");
+            user.click(u"cmdOK");
+            theirChange.join();
+            EXPECT_EQ(user.isOpen(), theirsStored);
+            EXPECT_EQ(idOf(theirsStored ? u"Theirs" : u"Mine"), id);
+            if (user.isOpen()) {
+                expectRefused();
+                EXPECT_EQ(typedName(user), u"Mine");
+                user.click(u"cmdCancel");
+            }
+        });
+    }
+    cluster.node(0).run("mysql", "SET GLOBAL wsrep_retry_autocommit = DEFAULT");
+}
+
+} // namespace kvex::test
