@@ -74,6 +74,8 @@ constexpr std::array natives = std::to_array<Native>({
     {u"HY000", 2006, Meaning::connectionLost},
     {u"HY000", 2013, Meaning::connectionLost},
     {u"HY000", 2026, Meaning::cannotConnect},
+    {u"HY000", 5013, Meaning::connectionLost},
+    {u"HY000", 5014, Meaning::connectionLost},
 });
 
 /// By the beginning of the state: the first one that fits.

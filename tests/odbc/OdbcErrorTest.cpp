@@ -23,6 +23,7 @@ TEST(OdbcError, EveryMeaningHasItsNumber) {
              Report{{u"08S01", 2013, u"x"}, refusal::noConnection},
              Report{{u"IM002", 0, u"x"}, refusal::noConnection},
              Report{{u"HY000", 2006, u"x"}, refusal::noConnection},
+             Report{{u"HY000", 5014, u"Write error: x (32)"}, refusal::noConnection},
              Report{{u"42000", 1049, u"x"}, refusal::noConnection},
              Report{{u"28000", 1045, u"x"}, refusal::wrongUser},
              Report{{u"42000", 1142, u"x"}, refusal::forbidden},
