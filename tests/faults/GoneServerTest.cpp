@@ -95,6 +95,8 @@ TEST_P(GoneServer, AtATickLeavesTheRuleAndTheWindow) {
         // What is lost stays lost for this session.
         user.tickRow(u"lvwRules", 3);
         mine.expectLeftHandler(connectionLost, u"Nothing was stored. The ");
+        const auto &rules = user.get<ListView>(u"lvwRules");
+        EXPECT_EQ(tickedRows(rules), std::vector{1});
         user.clickRow(u"lvwRules", 1);
         EXPECT_EQ(ruleState().strRuleName, u"A");
         user.click(u"cmdCancel");

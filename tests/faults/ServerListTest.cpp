@@ -1,4 +1,5 @@
 // A session takes the first server of its list that can be used.
+#include "adapters/odbc/OdbcError.h"
 #include "tests/editors/Editors.h"
 #include "tests/faults/ServerUnderTest.h"
 #include "tests/servers/FreePort.h"
@@ -60,6 +61,15 @@ TEST_P(ServerList, WithoutAnyServerTheLastOnesErrorIsTold) {
     listServers({freePort(), last});
     EXPECT_EQ(mine.showRules(), 0);
     mine.expectTold({openingFailed}, connectionLost, u"The database cannot be reached (");
+}
+
+TEST_P(ServerList, AServerThatRefusesTheUserIsNotPassedOver) {
+    listServers({server.port(), freePort()});
+    std::u16string &text = mine.utility.connectionString;
+    text.replace(text.find(u"PWD="), 4, u"PWD=no");
+    EXPECT_EQ(mine.showRules(), 0);
+    mine.expectTold({openingFailed}, odbc::refusal::wrongUser,
+                    u"The database refuses this user or password (");
 }
 
 INSTANTIATE_TEST_SUITE_P(Faults, ServerList, testing::ValuesIn(serversUnderTest()),
