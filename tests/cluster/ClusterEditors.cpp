@@ -1,10 +1,9 @@
 // Editing passes its suite with two users on different nodes of a cluster.
-#include "tests/cluster/ClusterFixture.h"
+#include "tests/databases/ServerFixture.h"
 #include "tests/editors/Editors.h"
 
 namespace kvex::test {
 
-INSTANTIATE_TEST_SUITE_P(Cluster, Editors, testing::Values(galeraCluster()),
-                         [](const auto &kind) { return kind.param.name; });
+INSTANTIATE_TEST_SUITE_P(Cluster, Editors, testing::Values(galeraCluster()), kindName);
 
 } // namespace kvex::test

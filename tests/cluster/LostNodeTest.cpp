@@ -1,7 +1,8 @@
 // A node of the cluster goes away, or is cut off from the others: the next session takes another.
 #include "adapters/odbc/OdbcError.h"
-#include "tests/cluster/ClusterFixture.h"
+#include "tests/databases/ServerFixture.h"
 #include "tests/editors/Editors.h"
+#include "tests/servers/GaleraCluster.h"
 
 namespace kvex::test {
 namespace {
@@ -44,7 +45,7 @@ protected:
         EXPECT_EQ(idOf(u"Mine"), id);
     }
 
-    GaleraCluster &cluster = sharedCluster();
+    GaleraCluster &cluster = GaleraCluster::shared();
     std::u16string id;
 };
 

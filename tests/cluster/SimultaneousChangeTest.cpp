@@ -2,8 +2,9 @@
 #include "adapters/odbc/OdbcError.h"
 #include "adapters/odbc/Provider.h"
 #include "adapters/recordset/ClientConnection.h"
-#include "tests/cluster/ClusterFixture.h"
+#include "tests/databases/ServerFixture.h"
 #include "tests/editors/Editors.h"
+#include "tests/servers/GaleraCluster.h"
 
 #include <atomic>
 #include <chrono>
@@ -24,7 +25,7 @@ protected:
                              : u"The record is locked by another program (Deadlock");
     }
 
-    GaleraCluster &cluster = sharedCluster();
+    GaleraCluster &cluster = GaleraCluster::shared();
 };
 
 TEST_F(SimultaneousChange, WhatAnotherNodeStoredBeforeIsSeenByASessionThatOpens) {

@@ -207,7 +207,7 @@ TEST_F(SessionLife, AWindowThatCannotBeShownIsLoggedAndGivesZero) {
         }
         Clipboard &clipboard() override { throw Error(error_number::cannotCreateObject); }
     } noDisplay;
-    TestPlatform blind(utility, noDisplay);
+    TestPlatform blind(utility, noDisplay, database.provider());
     ruleUI = std::make_unique<RuleUI>(blind);
     EXPECT_EQ(showRules(u""), 0);
     expectLog({showFailed});

@@ -3,6 +3,8 @@
 import json
 import os
 import subprocess
+import unittest
+from pathlib import Path
 
 from accessibility import Application
 from desktop import PATIENCE, TimedOut
@@ -64,6 +66,25 @@ class KvexRules(Application):
             "printed:", self.output.read_text(encoding="utf-8", errors="replace"),
             "errors:", self.errors.read_text(encoding="utf-8", errors="replace"),
             "log:", self.log()])
+
+
+class ProgramTest(unittest.TestCase):
+    """Of a program that runs as self.program, and is ended with the test. A failure leaves a
+    picture of the screen beside the program's file, and prints what its reader wants to see."""
+
+    program = None
+
+    def tearDown(self):
+        if not self.program:
+            return
+        result = self._outcome.result
+        if result.errors or result.failures:
+            program = Path(self.program.process.args[0])
+            self.program.desktop.screenshot(program.with_name(f"{self.id()}.png"))
+            print(self.program.report())
+        if self.program.process.poll() is None:
+            self.program.process.kill()
+            self.program.process.wait()
 
 
 def environment(path):

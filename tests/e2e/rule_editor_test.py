@@ -6,7 +6,7 @@ from pathlib import Path
 
 from accessibility import State
 from desktop import Desktop, wait_for
-from kvexrules import KvexRules, initialise
+from kvexrules import KvexRules, ProgramTest, initialise
 from names import ACTIONS, CONDITIONS, CONTACTS, FIND, NAME, RULES, SELECTED_PEOPLE
 from whole_rule import ACTION, LESSER_ACTION, LESSER_QUERY, QUERY, Composer
 
@@ -22,25 +22,15 @@ def setUpModule():  # pylint: disable=invalid-name
     unittest.enterModuleContext(DESKTOP)
 
 
-class RuleEditor(unittest.TestCase):
+class RuleEditor(ProgramTest):
     """Three rules stand in the database: Boss, Weather and, switched off, Night."""
 
     def setUp(self):
-        self.program = None
         self.database = initialise(PROGRAM, DESKTOP.home / f"{self.id()}.db")
         for number, (name, active) in enumerate([("Boss", 1), ("Weather", 1), ("Night", 0)], 1):
             self.database.run(
                 "INSERT INTO SMS_RULES (Name, QueryParam, ActionParam, PRIORITY, ACTIVE)"
                 f" VALUES ('{name}', '{ALL_MESSAGES}', '{STOP}', {number}, {active})")
-
-    def tearDown(self):
-        result = self._outcome.result
-        if self.program and (result.errors or result.failures):
-            DESKTOP.screenshot(f"{self.id()}.png")
-            print(self.program.report())
-        if self.program and self.program.process.poll() is None:
-            self.program.process.kill()
-            self.program.process.wait()
 
     def start(self, *arguments):
         self.program = KvexRules(DESKTOP, PROGRAM, self.database, *arguments)

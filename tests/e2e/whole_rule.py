@@ -8,14 +8,26 @@ from names import (ACCOUNTS, ACTIONS, ALERT, ALERT_ACCOUNT, ALERT_TEXT, AS_COMMA
                    SELECTED_PEOPLE, SELECTED_RECIPIENTS, SELECTED_USERS, SELECTED_WORDS, STOP,
                    THROUGH_ACCOUNTS, USERS, WITHIN_DATES)
 
-QUERY = ("<IGNOREIFSERVICE>YES</IGNOREIFSERVICE>"
-         "<PEOPLE><CON><ANY>9811100011;9811100022</PEOPLE>"
-         "<ACCOUNT><CON><ANY>1;4</ACCOUNT>"
-         "<WORD><NOT><ALL><ASCOMMAND>STOP;HALT</WORD>"
-         "<DATETIME>20240301 09:00:00,20240331 18:30:00</DATETIME>")
-ACTION = ("<DIST>3;7</DIST><REPLY>Received;2</REPLY>"
-          "<ALERT>New message;2;9811100033;9811100044</ALERT>"
-          "<DELETE>YES</DELETE><IGNOREFURTHERRULES>YES</IGNOREFURTHERRULES>")
+
+def whole_query(accounts):
+    """Through the accounts of these ids."""
+    return ("<IGNOREIFSERVICE>YES</IGNOREIFSERVICE>"
+            "<PEOPLE><CON><ANY>9811100011;9811100022</PEOPLE>"
+            f"<ACCOUNT><CON><ANY>{accounts}</ACCOUNT>"
+            "<WORD><NOT><ALL><ASCOMMAND>STOP;HALT</WORD>"
+            "<DATETIME>20240301 09:00:00,20240331 18:30:00</DATETIME>")
+
+
+def whole_action(users, account):
+    """To the users of these ids; reply and alert through one account."""
+    return (f"<DIST>{users}</DIST><REPLY>Received;{account}</REPLY>"
+            f"<ALERT>New message;{account};9811100033;9811100044</ALERT>"
+            "<DELETE>YES</DELETE><IGNOREFURTHERRULES>YES</IGNOREFURTHERRULES>")
+
+
+# Where the ids of the sample count from 1.
+QUERY = whole_query("1;4")
+ACTION = whole_action("3;7", "2")
 
 # Without its service and account conditions and its deletion.
 LESSER_QUERY = ("<IGNOREIFSERVICE>NO</IGNOREIFSERVICE>"

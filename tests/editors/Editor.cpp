@@ -1,6 +1,6 @@
 #include "tests/editors/Editor.h"
 
-#include "adapters/recordset/ClientConnection.h"
+#include "host/suite/SuiteState.h"
 #include "host/suite/UtilityObject.h"
 #include "platform/Text.h"
 
@@ -60,11 +60,6 @@ private:
 
 std::unique_ptr<Utility> Editor::OwnPlatform::createUtility() {
     return std::make_unique<SuiteUtility>(editor_.utility);
-}
-
-std::unique_ptr<Connection> Editor::OwnPlatform::createConnection() {
-    return std::make_unique<recordset::ClientConnection>(
-        std::vector<recordset::Provider>{provider_});
 }
 
 Editor::Editor(recordset::Provider provider, std::u16string connectionString)
@@ -139,6 +134,16 @@ void Editor::expectPlayedWhole() {
     expectNothingTold();
 }
 
+OwnLog::OwnLog() {
+    // Whichever user the test becomes.
+    std::filesystem::permissions(folder_.path(), std::filesystem::perms::all);
+    host::suiteState() = host::SuiteState{{}, {}, host::ErrorLog(folder_ / "log"), {}};
+}
+
+OwnLog::~OwnLog() {
+    host::suiteState() = host::SuiteState();
+}
+
 void meanwhile(const std::function<void()> &body) {
     std::thread(body).join();
 }
@@ -168,6 +173,32 @@ void confirmRemoval(Editor &user, User &window, int row) {
     window.clickRow(u"lvwRules", row);
     user.utility.answers.push_back(message_box::yes);
     window.click(u"cmdRemove");
+}
+
+void expectNoWay(Editor &user, std::int32_t number, std::u16string_view words,
+                 const std::function<void()> &harm, const std::function<void()> &repair) {
+    user.inRulesWindow([&](User &window) {
+        harm();
+        window.tickRow(u"lvwRules", 2);
+        user.expectLeftHandler(number, words);
+        confirmRemoval(user, window, 3);
+        user.expectTold({u"Sub: cmdRemove_Click, Module: frmRules"}, number, words);
+        window.click(u"cmdOK");
+        user.expectTold({u"Sub: cmdOK_Click, Module: frmRules"}, number, words);
+        EXPECT_EQ(window.rows(u"lvwRules"), (Texts{u"A", u"B", u"C"}));
+        user.toolkit.whenShown(u"frmRuleEdit", [&](User &editor) {
+            rename(editor, u"Mine");
+            for (int attempt = 1; attempt <= 2; ++attempt) {
+                editor.click(u"cmdOK");
+                user.expectTold({u"Sub: cmdOK_Click, Module: frmRuleEdit"}, number, words);
+                EXPECT_EQ(typedName(editor), u"Mine");
+            }
+            editor.click(u"cmdCancel");
+        });
+        window.click(u"cmdModify");
+        repair();
+        window.click(u"cmdCancel");
+    });
 }
 
 } // namespace kvex::test

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "adapters/recordset/Driver.h"
+#include "tests/host/TemporaryFolder.h"
 #include "tests/support/ComponentTest.h"
 
 #include <functional>
@@ -45,18 +46,27 @@ private:
     class OwnPlatform final : public TestPlatform {
     public:
         OwnPlatform(Editor &editor, recordset::Provider provider)
-            : TestPlatform(editor.utility, editor.toolkit), editor_(editor),
-              provider_(std::move(provider)) {}
+            : TestPlatform(editor.utility, editor.toolkit, std::move(provider)), editor_(editor) {}
         std::unique_ptr<Utility> createUtility() override;
-        std::unique_ptr<Connection> createConnection() override;
 
     private:
         Editor &editor_;
-        recordset::Provider provider_;
     };
 
     OwnPlatform platform_;
     std::size_t leftHandlers_ = 0;
+};
+
+/// While it lives, the suite writes its log into a folder of its own.
+class OwnLog {
+public:
+    OwnLog();
+    ~OwnLog();
+    OwnLog(const OwnLog &) = delete;
+    OwnLog &operator=(const OwnLog &) = delete;
+
+private:
+    host::TemporaryFolder folder_;
 };
 
 /// Runs `body` as another user's program would, beside the session of this thread.
@@ -70,5 +80,12 @@ void completeRule(User &editor);
 /// Makes the rule one for messages with this word.
 void setWord(User &editor, const std::u16string &word);
 void confirmRemoval(Editor &user, User &window, int row);
+
+/// In one session on the rules "A", "B" and "C", which OK would number anew: from the moment of
+/// `harm` on every way to write is refused with this error, told once with these words, and leaves
+/// what the user sees and has typed; `repair` undoes the harm before the session ends.
+void expectNoWay(
+    Editor &user, std::int32_t number, std::u16string_view words,
+    const std::function<void()> &harm = [] {}, const std::function<void()> &repair = [] {});
 
 } // namespace kvex::test

@@ -1,12 +1,10 @@
 // The suite of editing that every kind of database passes: Editors.
 #pragma once
 
-#include "host/suite/SuiteState.h"
 #include "platform/Database.h"
 #include "platform/Text.h"
+#include "tests/databases/DatabaseFixture.h"
 #include "tests/editors/Editor.h"
-#include "tests/host/TemporaryFolder.h"
-#include "tests/recordset/DatabaseFixture.h"
 #include "tests/support/WatchedDatabase.h"
 
 #include <gtest/gtest.h>
@@ -22,10 +20,7 @@ inline const std::u16string openingFailed = u"Sub: ShowRuleUI, Module: RuleUI";
 /// A database of any kind with two users on it. What asks the database is portable.
 class TwoEditors : public testing::Test {
 protected:
-    explicit TwoEditors(const DatabaseKind &kind) : database_(kind.make()) {
-        host::suiteState() = host::SuiteState{{}, {}, host::ErrorLog(folder_ / "log"), {}};
-    }
-    ~TwoEditors() override { host::suiteState() = host::SuiteState(); }
+    explicit TwoEditors(const DatabaseKind &kind) : database_(kind.make()) {}
     void TearDown() override {
         mine.expectPlayedWhole();
         theirs.expectPlayedWhole();
@@ -62,7 +57,7 @@ protected:
     std::u16string ruleCount() { return database_->valueOf(u"SELECT COUNT(*) FROM SMS_RULES"); }
 
 private:
-    host::TemporaryFolder folder_;
+    OwnLog log_;
     std::unique_ptr<DatabaseFixture> database_;
 
 protected:

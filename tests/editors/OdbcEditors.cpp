@@ -1,11 +1,11 @@
 // Editing passes its suite on every database through ODBC.
+#include "tests/databases/ServerFixture.h"
 #include "tests/editors/Editors.h"
-#include "tests/recordset/ServerFixture.h"
 
 namespace kvex::test {
 
 INSTANTIATE_TEST_SUITE_P(Odbc, Editors,
                          testing::Values(odbcSqlite(), postgreSqlServer(), mariaDbServer()),
-                         [](const auto &kind) { return kind.param.name; });
+                         kindName);
 
 } // namespace kvex::test

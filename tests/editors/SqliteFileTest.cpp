@@ -3,16 +3,14 @@
 
 #include "adapters/sqlite/Provider.h"
 #include "adapters/sqlite/SqliteError.h"
-#include "host/suite/SuiteState.h"
 #include "platform/Text.h"
+#include "tests/databases/SqliteFixture.h"
+#include "tests/databases/SqliteSchema.h"
 #include "tests/recordset/Faults.h"
-#include "tests/recordset/SqliteFixture.h"
-#include "tests/support/SqliteSchema.h"
 
 #include <sqlite3.h>
 
 #include <filesystem>
-#include <functional>
 #include <optional>
 
 namespace kvex::test {
@@ -20,12 +18,12 @@ namespace {
 
 class SqliteFile : public testing::Test {
     TemporaryFolder root_;
+    OwnLog log_;
 
 protected:
     SqliteFile() {
         std::filesystem::permissions(root_.path(), std::filesystem::perms::all);
         std::filesystem::create_directory(folder());
-        host::suiteState() = host::SuiteState{{}, {}, host::ErrorLog(root_.path() / "log"), {}};
         createSqliteSchema(fromUtf8(file().string()));
         OtherProgram other(file());
         for (const char16_t *name : {u"A", u"B", u"C"}) {
@@ -36,7 +34,6 @@ protected:
                       u"</IGNOREFURTHERRULES>', 10)");
         }
     }
-    ~SqliteFile() override { host::suiteState() = host::SuiteState(); }
     void TearDown() override { user_.expectPlayedWhole(); }
 
     [[nodiscard]] std::filesystem::path folder() const { return root_.path() / "data"; }
@@ -47,34 +44,6 @@ protected:
     }
     static constexpr std::u16string_view unchanged = u"A101,B101,C101";
 
-    /// In one session, from the moment of `harm` on: every way to write is refused with this
-    /// primary code and words, told once, and leaves what the user sees and has typed; `repair`
-    /// undoes the harm before the session ends.
-    void expectNoWay(int code, std::u16string_view words, const std::function<void()> &harm,
-                     const std::function<void()> &repair) {
-        user_.inRulesWindow([&](User &window) {
-            harm();
-            window.tickRow(u"lvwRules", 2);
-            user_.expectLeftHandler(code, words);
-            confirmRemoval(user_, window, 3);
-            user_.expectTold({u"Sub: cmdRemove_Click, Module: frmRules"}, code, words);
-            window.click(u"cmdOK");
-            user_.expectTold({u"Sub: cmdOK_Click, Module: frmRules"}, code, words);
-            EXPECT_EQ(window.rows(u"lvwRules"), (Texts{u"A", u"B", u"C"}));
-            user_.toolkit.whenShown(u"frmRuleEdit", [&](User &editor) {
-                rename(editor, u"Mine");
-                for (int attempt = 1; attempt <= 2; ++attempt) {
-                    editor.click(u"cmdOK");
-                    user_.expectTold({u"Sub: cmdOK_Click, Module: frmRuleEdit"}, code, words);
-                    EXPECT_EQ(typedName(editor), u"Mine");
-                }
-                editor.click(u"cmdCancel");
-            });
-            window.click(u"cmdModify");
-            repair();
-            window.click(u"cmdCancel");
-        });
-    }
     /// Closing and opening again is enough.
     void expectNewSessionWorks() {
         user_.inRulesWindow([](User &window) { window.click(u"cmdOK"); });
@@ -94,7 +63,7 @@ std::int32_t number(int code) {
 TEST_F(SqliteFile, LockedByAnotherProgramIsNotWritten) {
     OtherProgram other(file());
     expectNoWay(
-        number(SQLITE_BUSY),
+        user_, number(SQLITE_BUSY),
         u"was not stored. The database " + fromUtf8(file().string()) +
             u" is locked by another program",
         [&] { other.run(u"BEGIN EXCLUSIVE"); }, [&] { other.run(u"ROLLBACK"); });
@@ -105,7 +74,7 @@ TEST_F(SqliteFile, LockedByAnotherProgramIsNotWritten) {
 TEST_F(SqliteFile, ReplacedIsNotWrittenNorIsWhatItWas) {
     const auto old = folder() / "old.db";
     expectNoWay(
-        number(SQLITE_READONLY_DBMOVED), u"was not stored. The database file ",
+        user_, number(SQLITE_READONLY_DBMOVED), u"was not stored. The database file ",
         [&] {
             std::filesystem::copy_file(file(), folder() / "new.db");
             std::filesystem::rename(file(), old);
@@ -118,7 +87,8 @@ TEST_F(SqliteFile, ReplacedIsNotWrittenNorIsWhatItWas) {
 
 TEST_F(SqliteFile, WhoseFolderWasRemovedIsNotWritten) {
     expectNoWay(
-        number(SQLITE_READONLY_DBMOVED), u"was moved, replaced or removed since it was opened",
+        user_, number(SQLITE_READONLY_DBMOVED),
+        u"was moved, replaced or removed since it was opened",
         [&] { std::filesystem::remove_all(folder()); }, [] {});
     EXPECT_EQ(user_.showRules(), 0);
     user_.expectTold({u"Sub: ShowRuleUI, Module: RuleUI"}, number(SQLITE_CANTOPEN),
@@ -129,7 +99,7 @@ TEST_F(SqliteFile, ThatMayOnlyBeReadIsNotWritten) {
     std::optional<WithoutRights> guard;
     guard.emplace(folder(), file(), FolderRights::write);
     expectNoWay(
-        number(SQLITE_READONLY), u"is read-only", [] {}, [&] { guard.reset(); });
+        user_, number(SQLITE_READONLY), u"is read-only", [] {}, [&] { guard.reset(); });
     EXPECT_EQ(stored(), unchanged);
     expectNewSessionWorks();
 }

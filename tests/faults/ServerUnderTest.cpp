@@ -1,8 +1,8 @@
 #include "tests/faults/ServerUnderTest.h"
 
 #include "platform/Text.h"
+#include "tests/databases/ServerFixture.h"
 #include "tests/faults/OwnNetwork.h"
-#include "tests/recordset/ServerFixture.h"
 #include "tests/servers/MariaDbServer.h"
 #include "tests/servers/PostgreSqlServer.h"
 

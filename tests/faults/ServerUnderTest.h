@@ -1,7 +1,7 @@
 // A database server that goes away in one of several ways, and comes back.
 #pragma once
 
-#include "tests/recordset/DatabaseFixture.h"
+#include "tests/databases/DatabaseFixture.h"
 #include "tests/servers/DatabaseServer.h"
 #include "tests/servers/TcpRelay.h"
 

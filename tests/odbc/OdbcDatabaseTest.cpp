@@ -5,7 +5,7 @@
 #include "adapters/recordset/ClientRecordset.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
-#include "tests/recordset/ServerFixture.h"
+#include "tests/databases/ServerFixture.h"
 #include "tests/servers/FreePort.h"
 #include "tests/servers/MariaDbServer.h"
 #include "tests/servers/PostgreSqlServer.h"
@@ -109,7 +109,7 @@ TEST_P(OdbcDatabase, AnEmptyStatementIsNone) {
 
 INSTANTIATE_TEST_SUITE_P(Odbc, OdbcDatabase,
                          testing::Values(odbcSqlite(), postgreSqlServer(), mariaDbServer()),
-                         [](const auto &kind) { return kind.param.name; });
+                         kindName);
 
 template <class Server> class OdbcServer : public testing::Test {
 protected:

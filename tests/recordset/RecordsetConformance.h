@@ -5,7 +5,7 @@
 #include "adapters/recordset/ClientRecordset.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
-#include "tests/recordset/DatabaseFixture.h"
+#include "tests/databases/DatabaseFixture.h"
 #include "tests/recordset/ErrorNumber.h"
 
 #include <gtest/gtest.h>
@@ -19,6 +19,8 @@ namespace kvex::test {
 /// A test for each kind of database. It starts with an open connection and empty tables.
 class RecordsetConformance : public testing::TestWithParam<DatabaseKind> {
 protected:
+    using Deviation = DatabaseFixture::Deviation;
+
     RecordsetConformance();
 
     [[nodiscard]] DatabaseFixture &database() { return *database_; }

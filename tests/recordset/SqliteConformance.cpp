@@ -1,11 +1,10 @@
 // SQLite passes the conformance suite in a file and in memory.
+#include "tests/databases/SqliteFixture.h"
 #include "tests/recordset/RecordsetConformance.h"
-#include "tests/recordset/SqliteFixture.h"
 
 namespace kvex::test {
 
 INSTANTIATE_TEST_SUITE_P(Databases, RecordsetConformance,
-                         testing::Values(sqliteFile(), sqliteMemory()),
-                         [](const auto &kind) { return kind.param.name; });
+                         testing::Values(sqliteFile(), sqliteMemory()), kindName);
 
 } // namespace kvex::test

@@ -1,10 +1,10 @@
 // What is SQLite's own: its settings, keys, encodings and loosely typed values.
 #include "platform/Database.h"
 #include "platform/Text.h"
+#include "tests/databases/SqliteFixture.h"
+#include "tests/databases/SqliteSchema.h"
 #include "tests/recordset/ErrorNumber.h"
-#include "tests/recordset/SqliteFixture.h"
 #include "tests/recordset/SqliteSession.h"
-#include "tests/support/SqliteSchema.h"
 
 #include <gtest/gtest.h>
 

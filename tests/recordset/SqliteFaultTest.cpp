@@ -1,9 +1,9 @@
 // SQLite databases that cannot be opened, read or written.
 #include "platform/Text.h"
+#include "tests/databases/SqliteFixture.h"
+#include "tests/databases/SqliteSchema.h"
 #include "tests/recordset/Faults.h"
-#include "tests/recordset/SqliteFixture.h"
 #include "tests/recordset/SqliteSession.h"
-#include "tests/support/SqliteSchema.h"
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>

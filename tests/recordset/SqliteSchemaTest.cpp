@@ -1,8 +1,8 @@
 // Creating the server's tables.
-#include "tests/support/SqliteSchema.h"
+#include "tests/databases/SqliteSchema.h"
 #include "platform/Text.h"
+#include "tests/databases/SqliteFixture.h"
 #include "tests/recordset/ErrorNumber.h"
-#include "tests/recordset/SqliteFixture.h"
 #include "tests/recordset/SqliteSession.h"
 
 #include <gtest/gtest.h>

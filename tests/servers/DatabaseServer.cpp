@@ -106,9 +106,21 @@ std::string DatabaseServer::odbcConnectionString(const std::string &database) co
 
 std::string DatabaseServer::odbcConnectionString(const std::string &database,
                                                  std::uint16_t relayPort) const {
+    return odbcConnectionString(database, relayPort, user, password_);
+}
+
+std::string DatabaseServer::odbcConnectionString(const std::string &database,
+                                                 const std::string &name,
+                                                 const std::string &itsPassword) const {
+    return odbcConnectionString(database, port_, name, itsPassword);
+}
+
+std::string DatabaseServer::odbcConnectionString(const std::string &database, std::uint16_t port,
+                                                 const std::string &name,
+                                                 const std::string &itsPassword) const {
     return std::string("Driver={") + kind_.odbcDriver + "};Server=" + address_ +
-           ";Port=" + std::to_string(relayPort) + ";Database=" + database + ";UID=" + user +
-           ";PWD=" + password_;
+           ";Port=" + std::to_string(port) + ";Database=" + database + ";UID=" + name +
+           ";PWD=" + itsPassword;
 }
 
 void DatabaseServer::listenAt(const std::string &address, std::uint16_t port) {

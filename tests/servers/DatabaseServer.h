@@ -15,8 +15,8 @@
 
 namespace kvex::test {
 
-/// What every kind of server does. It has one user, all-powerful, with a password of its own.
-/// Statements are UTF-8. Whatever fails raises std::runtime_error; none says the password.
+/// What every kind of server does. It begins with one user, all-powerful, with a password of its
+/// own. Statements are UTF-8. Whatever fails raises std::runtime_error; none says the password.
 class DatabaseServer {
 public:
     virtual ~DatabaseServer();
@@ -42,6 +42,8 @@ public:
 
     virtual void createDatabase(const std::string &name) = 0;
     virtual void dropDatabase(const std::string &name) = 0;
+    /// A further user, without rights; one of that name that owns nothing is replaced.
+    virtual void createUser(const std::string &name, const std::string &itsPassword) = 0;
     void run(const std::string &database, std::string_view statements);
     /// See ServerClient::rows.
     [[nodiscard]] std::vector<std::string> rows(const std::string &database,
@@ -53,6 +55,10 @@ public:
     [[nodiscard]] std::string odbcConnectionString(const std::string &database) const;
     [[nodiscard]] std::string odbcConnectionString(const std::string &database,
                                                    std::uint16_t relayPort) const;
+    /// For another user.
+    [[nodiscard]] std::string odbcConnectionString(const std::string &database,
+                                                   const std::string &name,
+                                                   const std::string &itsPassword) const;
 
 protected:
     /// What differs from one kind to the other.
@@ -83,6 +89,9 @@ protected:
     static constexpr const char *user = "kvex";
 
 private:
+    [[nodiscard]] std::string odbcConnectionString(const std::string &database, std::uint16_t port,
+                                                   const std::string &name,
+                                                   const std::string &itsPassword) const;
     ServerClient &client(const std::string &database);
     void startOnPort();
     void awaitAnswer();

@@ -81,6 +81,11 @@ GaleraCluster::GaleraCluster() {
     nodes_[0]->setFurtherArguments(arguments(ports, ports[0]));
 }
 
+GaleraCluster &GaleraCluster::shared() {
+    static GaleraCluster cluster;
+    return cluster;
+}
+
 void GaleraCluster::waitUntilSynced(std::size_t nodes) {
     const std::string wanted = std::to_string(nodes) + "|Synced|ON";
     waitUntil([&] {

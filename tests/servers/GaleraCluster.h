@@ -16,6 +16,9 @@ public:
     /// their own.
     GaleraCluster();
 
+    /// The one cluster of a test program, started when it is first asked for.
+    [[nodiscard]] static GaleraCluster &shared();
+
     [[nodiscard]] MariaDbServer &node(std::size_t index) { return *nodes_.at(index); }
 
     /// Waits until so many nodes make the cluster and the running ones are synced. With a limit

@@ -157,4 +157,9 @@ void MariaDbServer::dropDatabase(const std::string &name) {
     run(ownDatabase(), "DROP DATABASE " + quoted(name));
 }
 
+void MariaDbServer::createUser(const std::string &name, const std::string &itsPassword) {
+    run(ownDatabase(),
+        "CREATE OR REPLACE USER " + quoted(name) + "@'%' IDENTIFIED BY '" + itsPassword + "'");
+}
+
 } // namespace kvex::test

@@ -19,6 +19,7 @@ public:
 
     void createDatabase(const std::string &name) override;
     void dropDatabase(const std::string &name) override;
+    void createUser(const std::string &name, const std::string &itsPassword) override;
 
     /// What its starts from now on get besides its own arguments.
     void setFurtherArguments(std::vector<std::string> arguments);

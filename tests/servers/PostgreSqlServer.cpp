@@ -124,17 +124,19 @@ std::unique_ptr<ServerClient> PostgreSqlServer::connect(const std::string &datab
 }
 
 void PostgreSqlServer::createDatabase(const std::string &name) {
-    createDatabase(name, "template0");
-}
-
-void PostgreSqlServer::createDatabase(const std::string &name, const std::string &original) {
-    disconnect(original);
-    run(ownDatabase(), "CREATE DATABASE " + quoted(name) + " TEMPLATE " + quoted(original));
+    // As files: through the log it takes several times as long.
+    run(ownDatabase(),
+        "CREATE DATABASE " + quoted(name) + " TEMPLATE template0 STRATEGY FILE_COPY");
 }
 
 void PostgreSqlServer::dropDatabase(const std::string &name) {
     disconnect(name);
     run(ownDatabase(), "DROP DATABASE " + quoted(name) + " WITH (FORCE)");
+}
+
+void PostgreSqlServer::createUser(const std::string &name, const std::string &itsPassword) {
+    run(ownDatabase(), "DROP ROLE IF EXISTS " + quoted(name) + "; CREATE ROLE " + quoted(name) +
+                           " LOGIN PASSWORD '" + itsPassword + "'");
 }
 
 } // namespace kvex::test

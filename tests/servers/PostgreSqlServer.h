@@ -14,10 +14,9 @@ public:
     [[nodiscard]] static PostgreSqlServer &shared();
 
     void createDatabase(const std::string &name) override;
-    /// A copy of another database, which nobody may be connected to.
-    void createDatabase(const std::string &name, const std::string &original);
     /// Whoever is connected to it is thrown out.
     void dropDatabase(const std::string &name) override;
+    void createUser(const std::string &name, const std::string &itsPassword) override;
 
 private:
     [[nodiscard]] std::vector<std::string> command() const override;

@@ -3,7 +3,6 @@
 #include "adapters/headless/LooseTextBox.h"
 #include "adapters/recordset/ClientConnection.h"
 #include "adapters/recordset/ClientRecordset.h"
-#include "adapters/sqlite/Provider.h"
 #include "platform/Text.h"
 
 namespace kvex::test {
@@ -17,7 +16,7 @@ std::unique_ptr<Utility> TestPlatform::createUtility() {
 
 std::unique_ptr<Connection> TestPlatform::createConnection() {
     return std::make_unique<recordset::ClientConnection>(
-        std::vector<recordset::Provider>{sqlite::provider()});
+        std::vector<recordset::Provider>{provider_});
 }
 
 std::unique_ptr<Recordset> TestPlatform::createRecordset() {
@@ -32,7 +31,7 @@ std::unique_ptr<RichTextBox> TestPlatform::createTextBox() {
     return headless::createRichTextBox();
 }
 
-ComponentTest::ComponentTest() {
+ComponentTest::ComponentTest(const DatabaseKind &kind) : database(kind) {
     utility.connectionString = database.connectionString();
     session().blnChanged = false;
     ruleState() = RuleState();

@@ -1,4 +1,4 @@
-// The component on a headless toolkit and a database in memory, for tests that play a user.
+// The component on a headless toolkit and a database, for tests that play a user.
 #pragma once
 
 #include "adapters/headless/HeadlessToolkit.h"
@@ -14,6 +14,7 @@
 
 #include <memory>
 #include <ostream>
+#include <utility>
 
 namespace kvex::test {
 
@@ -24,7 +25,8 @@ using Texts = std::vector<std::u16string>;
 
 class TestPlatform : public Platform {
 public:
-    TestPlatform(UtilityRecord &record, Toolkit &toolkit) : record_(record), toolkit_(toolkit) {}
+    TestPlatform(UtilityRecord &record, Toolkit &toolkit, recordset::Provider provider)
+        : record_(record), toolkit_(toolkit), provider_(std::move(provider)) {}
 
     std::unique_ptr<Utility> createUtility() override;
     std::unique_ptr<Connection> createConnection() override;
@@ -40,13 +42,14 @@ public:
 private:
     UtilityRecord &record_;
     Toolkit &toolkit_;
+    recordset::Provider provider_;
 };
 
 /// Every test begins without a session and with a cleared rule; it ends with its play whole: no
 /// unexpected window, none left open, no script unplayed, no error that left a handler.
 class ComponentTest : public testing::Test {
 protected:
-    ComponentTest();
+    explicit ComponentTest(const DatabaseKind &kind = sqliteMemory());
     ~ComponentTest() override;
     void TearDown() override;
 
@@ -75,7 +78,7 @@ protected:
     TestDatabase database;
     UtilityRecord utility;
     headless::HeadlessToolkit toolkit;
-    TestPlatform platform{utility, toolkit};
+    TestPlatform platform{utility, toolkit, database.provider()};
     std::unique_ptr<RuleUI> ruleUI;
     /// What left a handler and was meant to.
     std::size_t expectedUnhandledErrors = 0;

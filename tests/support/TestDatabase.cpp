@@ -1,13 +1,10 @@
 #include "tests/support/TestDatabase.h"
 
 #include "platform/Text.h"
-#include "tests/support/SqliteSchema.h"
 
-#include <sqlite3.h>
-
-#include <atomic>
 #include <cstdlib>
 #include <iostream>
+#include <stdexcept>
 
 namespace kvex::test {
 namespace {
@@ -25,57 +22,32 @@ std::string quoted(std::string_view text) {
     std::abort();
 }
 
+template <class Call> auto orGiveUp(std::string_view sql, const Call &call) {
+    try {
+        return call();
+    } catch (const std::runtime_error &error) {
+        giveUp(sql, error.what());
+    }
+}
+
 } // namespace
 
-TestDatabase::TestDatabase() {
-    static std::atomic<int> count = 0;
-    uri_ = "file:kvex-test-" + std::to_string(++count) + "?mode=memory&cache=shared";
-    if (sqlite3_open_v2(uri_.c_str(), &handle_,
-                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_URI,
-                        nullptr) != SQLITE_OK) {
-        giveUp(uri_, "cannot be opened");
-    }
-    createSqliteSchema(fromUtf8(uri_));
-}
-
-TestDatabase::~TestDatabase() {
-    sqlite3_close(handle_);
-}
-
-std::u16string TestDatabase::connectionString() const {
-    return u"Provider=SQLite;Data Source=" + fromUtf8(uri_);
-}
+TestDatabase::TestDatabase(const DatabaseKind &kind) : fixture_(kind.make()) {}
 
 void TestDatabase::execute(std::string_view sql) {
-    char *why = nullptr;
-    if (sqlite3_exec(handle_, std::string(sql).c_str(), nullptr, nullptr, &why) != SQLITE_OK) {
-        giveUp(sql, why);
-    }
+    orGiveUp(sql, [&] { fixture_->run(fromUtf8(sql)); });
 }
 
 std::vector<std::string> TestDatabase::rows(std::string_view sql) {
     std::vector<std::string> result;
-    char *why = nullptr;
-    const auto collect = [](void *target, int columns, char **values, char **) {
-        std::string row;
-        for (int column = 0; column < columns; ++column) {
-            row.append(column > 0 ? "|" : "").append(values[column] ? values[column] : "NULL");
-        }
-        static_cast<std::vector<std::string> *>(target)->push_back(row);
-        return 0;
-    };
-    if (sqlite3_exec(handle_, std::string(sql).c_str(), collect, &result, &why) != SQLITE_OK) {
-        giveUp(sql, why);
+    for (const auto &row : orGiveUp(sql, [&] { return fixture_->rows(fromUtf8(sql)); })) {
+        result.push_back(toUtf8(row));
     }
     return result;
 }
 
 std::string TestDatabase::value(std::string_view sql) {
-    const auto found = rows(sql);
-    if (found.empty()) {
-        giveUp(sql, "gave no row");
-    }
-    return found.front();
+    return toUtf8(orGiveUp(sql, [&] { return fixture_->valueOf(fromUtf8(sql)); }));
 }
 
 std::int64_t TestDatabase::addRule(std::string_view name, std::string_view queryParam,
@@ -83,7 +55,7 @@ std::int64_t TestDatabase::addRule(std::string_view name, std::string_view query
     execute("INSERT INTO SMS_RULES (Name, QueryParam, ActionParam, PRIORITY, ACTIVE) VALUES (" +
             quoted(name) + "," + quoted(queryParam) + "," + quoted(actionParam) + "," +
             std::to_string(priority) + "," + std::to_string(active) + ")");
-    return sqlite3_last_insert_rowid(handle_);
+    return std::stoll(value("SELECT MAX(ID) FROM SMS_RULES"));
 }
 
 void TestDatabase::addUser(int id, std::string_view name) {
@@ -94,6 +66,19 @@ void TestDatabase::addUser(int id, std::string_view name) {
 void TestDatabase::addAccount(int id, std::string_view name, std::string_view bindMode) {
     execute("INSERT INTO SMS_ACCOUNT (ID, NAME, BIND_MODE) VALUES (" + std::to_string(id) + "," +
             quoted(name) + "," + quoted(bindMode) + ")");
+}
+
+void TestDatabase::refuseNewRules() {
+    orGiveUp("refuse INSERT", [&] { fixture_->refuse(u"INSERT", u""); });
+}
+
+void TestDatabase::refuseChanges(std::string_view ofRules) {
+    const std::string condition = ofRules.empty() ? "" : "OLD.Name = " + quoted(ofRules);
+    orGiveUp("refuse UPDATE", [&] { fixture_->refuse(u"UPDATE", fromUtf8(condition)); });
+}
+
+void TestDatabase::permit() {
+    orGiveUp("permit", [&] { fixture_->permit(); });
 }
 
 } // namespace kvex::test

@@ -1,31 +1,29 @@
-// A database in memory with the server's schema, and a second way into it beside the component.
+// A database with the server's tables, and a second way into it beside the component.
 #pragma once
 
+#include "tests/databases/SqliteFixture.h"
+
 #include <cstdint>
-#include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
-struct sqlite3;
-
 namespace kvex::test {
 
+/// A statement that fails ends the test program with the database's words: the component would
+/// take it for its own. Texts are UTF-8.
 class TestDatabase {
 public:
-    /// Of its own name; lives as long as this.
-    TestDatabase();
-    ~TestDatabase();
-    TestDatabase(const TestDatabase &) = delete;
-    TestDatabase &operator=(const TestDatabase &) = delete;
+    explicit TestDatabase(const DatabaseKind &kind = sqliteMemory());
 
-    [[nodiscard]] std::u16string connectionString() const;
+    [[nodiscard]] recordset::Provider provider() const { return fixture_->provider(); }
+    [[nodiscard]] std::u16string connectionString() const { return fixture_->connectionString(); }
 
-    /// Runs statements; a failure ends the test program with the database's words.
     void execute(std::string_view sql);
     /// The rows of a query, columns joined by "|", Null as "NULL".
     [[nodiscard]] std::vector<std::string> rows(std::string_view sql);
-    /// The first column of the first row.
+    /// The first row, "NONE" without one.
     [[nodiscard]] std::string value(std::string_view sql);
 
     /// A rule with these columns; its id.
@@ -35,12 +33,17 @@ public:
     void addUser(int id, std::string_view name);
     void addAccount(int id, std::string_view name, std::string_view bindMode = "TRANSCEIVER");
 
+    /// The database refuses new rules, or changes of rules (of those of a name), until it permits
+    /// everything again.
+    void refuseNewRules();
+    void refuseChanges(std::string_view ofRules = {});
+    void permit();
+
     static constexpr std::string_view deleteNothing =
         "<DELETE>NO</DELETE><IGNOREFURTHERRULES>NO</IGNOREFURTHERRULES>";
 
 private:
-    std::string uri_;
-    sqlite3 *handle_ = nullptr;
+    std::unique_ptr<DatabaseFixture> fixture_;
 };
 
 } // namespace kvex::test

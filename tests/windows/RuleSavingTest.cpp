@@ -1,39 +1,12 @@
 #include "platform/Text.h"
-#include "tests/support/ComponentTest.h"
+#include "tests/windows/RuleScenarios.h"
 
 namespace kvex::test {
 namespace {
 
-constexpr auto conditions = u"lvwRuleConditions";
-constexpr auto actions = u"lvwRuleActions";
-constexpr std::int32_t warning = 48;
 const std::u16string saveFailed = u"Sub: cmdOK_Click, Module: frmRuleEdit";
 
-class RuleSaving : public ComponentTest {
-protected:
-    static void name(User &user, std::u16string_view text) {
-        user.focusOn(u"txtRuleName");
-        user.press(Key::selectAll);
-        user.press(Key::deleteKey);
-        user.type(text);
-    }
-    static void completeRule(User &user) {
-        user.tickRow(conditions, 6);
-        user.tickRow(actions, 5);
-    }
-    /// OK is refused with this message and the editor stays.
-    void expectRefused(User &user, const std::u16string &message) {
-        utility.messages.clear();
-        user.click(u"cmdOK");
-        EXPECT_EQ(utility.messages, (std::vector<Message>{{message, warning}}));
-        EXPECT_TRUE(user.isOpen());
-    }
-    std::vector<std::string> rules() {
-        return database.rows("SELECT Name, QueryParam, ActionParam FROM SMS_RULES ORDER BY ID");
-    }
-};
-
-TEST_F(RuleSaving, TheChecksRunInTheirOrder) {
+TEST_P(RuleSaving, TheChecksRunInTheirOrder) {
     playNewRule([this](User &user) {
         name(user, u"");
         expectRefused(user, u"Please select some conditions for this Rule.");
@@ -87,7 +60,7 @@ TEST_F(RuleSaving, TheChecksRunInTheirOrder) {
                   "<IGNOREFURTHERRULES>NO</IGNOREFURTHERRULES>"}));
 }
 
-TEST_F(RuleSaving, ARuleWithoutActionsIsToldSoEvenWithoutAName) {
+TEST_P(RuleSaving, ARuleWithoutActionsIsToldSoEvenWithoutAName) {
     playNewRule([this](User &user) {
         name(user, u"");
         user.tickRow(conditions, 6);
@@ -96,7 +69,7 @@ TEST_F(RuleSaving, ARuleWithoutActionsIsToldSoEvenWithoutAName) {
     });
 }
 
-TEST_F(RuleSaving, ANameOfBlanksIsNoName) {
+TEST_P(RuleSaving, ANameOfBlanksIsNoName) {
     playNewRule([this](User &user) {
         completeRule(user);
         name(user, u"   ");
@@ -106,7 +79,7 @@ TEST_F(RuleSaving, ANameOfBlanksIsNoName) {
     EXPECT_EQ(rules(), std::vector<std::string>());
 }
 
-TEST_F(RuleSaving, ANameIsSavedTrimmed) {
+TEST_P(RuleSaving, ANameIsSavedTrimmed) {
     playNewRule([](User &user) {
         completeRule(user);
         name(user, u"  Boss sms ");
@@ -115,7 +88,7 @@ TEST_F(RuleSaving, ANameIsSavedTrimmed) {
     EXPECT_EQ(database.value("SELECT Name FROM SMS_RULES"), "Boss sms");
 }
 
-TEST_F(RuleSaving, ForAllMessagesAndDeleteItAreWrittenToTheCharacter) {
+TEST_P(RuleSaving, ForAllMessagesAndDeleteItAreWrittenToTheCharacter) {
     playNewRule([](User &user) {
         user.tickRow(conditions, 6);
         user.tickRow(actions, 4);
@@ -125,19 +98,19 @@ TEST_F(RuleSaving, ForAllMessagesAndDeleteItAreWrittenToTheCharacter) {
                                                  "<IGNOREFURTHERRULES>YES</IGNOREFURTHERRULES>"}));
 }
 
-TEST_F(RuleSaving, TheDatabaseGivesANewRuleItsIdAndDefaults) {
-    playNewRule([](User &user) {
+TEST_P(RuleSaving, TheDatabaseGivesANewRuleItsIdAndDefaults) {
+    playNewRule([this](User &user) {
         completeRule(user);
         user.click(u"cmdOK");
-        EXPECT_EQ(session().rsRules->field(u"ID").int32(), 1);
+        EXPECT_EQ(std::to_string(session().rsRules->field(u"ID").int32()), idOf("New Rule #1"));
         EXPECT_EQ(session().rsRules->field(u"PRIORITY").int32(), 0);
         EXPECT_EQ(session().rsRules->field(u"ACTIVE").int16(), 1);
         EXPECT_EQ(session().rsRules->recordCount(), 1);
     });
-    EXPECT_EQ(database.value("SELECT ID, PRIORITY, ACTIVE, DELETED FROM SMS_RULES"), "1|0|1|0");
+    EXPECT_EQ(database.value("SELECT PRIORITY, ACTIVE, DELETED FROM SMS_RULES"), "0|1|0");
 }
 
-TEST_F(RuleSaving, AnExistingRuleIsOverwrittenInPlace) {
+TEST_P(RuleSaving, AnExistingRuleIsOverwrittenInPlace) {
     database.addRule("Other", "<ALLMESSAGES>", TestDatabase::deleteNothing, 5);
     const auto id = database.addRule("Mine", "<ALLMESSAGES>", TestDatabase::deleteNothing, 7, 0);
     playRule(id, [](User &user) {
@@ -146,14 +119,15 @@ TEST_F(RuleSaving, AnExistingRuleIsOverwrittenInPlace) {
         user.tickRow(actions, 5);
         user.click(u"cmdOK");
     });
-    EXPECT_EQ(database.value("SELECT Name, QueryParam, ActionParam, PRIORITY, ACTIVE FROM "
-                             "SMS_RULES WHERE ID = 2"),
-              "Mine|<IGNOREIFSERVICE>YES</IGNOREIFSERVICE>|<DELETE>NO</DELETE>"
-              "<IGNOREFURTHERRULES>YES</IGNOREFURTHERRULES>|7|0");
+    EXPECT_EQ(database.value("SELECT ID, Name, QueryParam, ActionParam, PRIORITY, ACTIVE FROM "
+                             "SMS_RULES WHERE PRIORITY = 7"),
+              std::to_string(id) +
+                  "|Mine|<IGNOREIFSERVICE>YES</IGNOREIFSERVICE>|<DELETE>NO</DELETE>"
+                  "<IGNOREFURTHERRULES>YES</IGNOREFURTHERRULES>|7|0");
     EXPECT_EQ(database.value("SELECT COUNT(*) FROM SMS_RULES"), "2");
 }
 
-TEST_F(RuleSaving, TheNameOfAnotherRuleIsRefusedWhateverItsCase) {
+TEST_P(RuleSaving, TheNameOfAnotherRuleIsRefusedWhateverItsCase) {
     database.addRule("Boss sms");
     const auto id = database.addRule("Mine", "<ALLMESSAGES>", "<DELETE>YES</DELETE>");
     playRule(id, [this](User &user) {
@@ -165,10 +139,10 @@ TEST_F(RuleSaving, TheNameOfAnotherRuleIsRefusedWhateverItsCase) {
         }
         user.press(Key::escape);
     });
-    EXPECT_EQ(database.value("SELECT Name FROM SMS_RULES WHERE ID = 2"), "Mine");
+    EXPECT_EQ(idOf("Mine"), std::to_string(id));
 }
 
-TEST_F(RuleSaving, NamesInOtherScriptsAreComparedWithoutCaseToo) {
+TEST_P(RuleSaving, NamesInOtherScriptsAreComparedWithoutCaseToo) {
     database.addRule("ÄRGER straße");
     database.addRule("नियम");
     playNewRule([this](User &user) {
@@ -183,7 +157,7 @@ TEST_F(RuleSaving, NamesInOtherScriptsAreComparedWithoutCaseToo) {
     });
 }
 
-TEST_F(RuleSaving, AnUnchangedNameIsNotTested) {
+TEST_P(RuleSaving, AnUnchangedNameIsNotTested) {
     database.addRule("Same", "<ALLMESSAGES>", "<DELETE>YES</DELETE>");
     const auto id = database.addRule("Same", "<ALLMESSAGES>", "<DELETE>YES</DELETE>");
     playRule(id, [](User &user) {
@@ -192,7 +166,7 @@ TEST_F(RuleSaving, AnUnchangedNameIsNotTested) {
     });
 }
 
-TEST_F(RuleSaving, AChangeOfCaseAloneFindsTheRuleItself) {
+TEST_P(RuleSaving, AChangeOfCaseAloneFindsTheRuleItself) {
     const auto id = database.addRule("Mine", "<ALLMESSAGES>", "<DELETE>YES</DELETE>");
     playRule(id, [this](User &user) {
         name(user, u"MINE");
@@ -201,7 +175,7 @@ TEST_F(RuleSaving, AChangeOfCaseAloneFindsTheRuleItself) {
     });
 }
 
-TEST_F(RuleSaving, AnApostropheBreaksTheSearchAndIsLogged) {
+TEST_P(RuleSaving, AnApostropheBreaksTheSearchAndIsLogged) {
     const auto id = database.addRule("Mine", "<ALLMESSAGES>", "<DELETE>YES</DELETE>");
     playRule(id, [this](User &user) {
         name(user, u"O'Brien");
@@ -216,7 +190,7 @@ TEST_F(RuleSaving, AnApostropheBreaksTheSearchAndIsLogged) {
     EXPECT_EQ(database.value("SELECT Name FROM SMS_RULES"), "OBrien");
 }
 
-TEST_F(RuleSaving, ASessionThatBeganEmptyTestsNoNames) {
+TEST_P(RuleSaving, ASessionThatBeganEmptyTestsNoNames) {
     const auto save = [](User &editor) {
         completeRule(editor);
         name(editor, u"O'Brien");
@@ -234,7 +208,7 @@ TEST_F(RuleSaving, ASessionThatBeganEmptyTestsNoNames) {
     expectLog({});
 }
 
-TEST_F(RuleSaving, AConditionStringOf5000CharactersIsSavedAndOneMoreRefused) {
+TEST_P(RuleSaving, AConditionStringOf5000CharactersIsSavedAndOneMoreRefused) {
     const std::size_t overhead = std::string_view("<IGNOREIFSERVICE>NO</IGNOREIFSERVICE><PEOPLE>"
                                                   "<CON><ANY></PEOPLE>")
                                      .size();
@@ -250,7 +224,7 @@ TEST_F(RuleSaving, AConditionStringOf5000CharactersIsSavedAndOneMoreRefused) {
     EXPECT_EQ(database.value("SELECT LENGTH(QueryParam) FROM SMS_RULES"), "5000");
 }
 
-TEST_F(RuleSaving, AnActionStringOf2500CharactersIsSavedAndOneMoreRefused) {
+TEST_P(RuleSaving, AnActionStringOf2500CharactersIsSavedAndOneMoreRefused) {
     const std::size_t overhead = std::string_view("<REPLY>;2</REPLY><DELETE>NO</DELETE>"
                                                   "<IGNOREFURTHERRULES>NO</IGNOREFURTHERRULES>")
                                      .size();
@@ -267,7 +241,7 @@ TEST_F(RuleSaving, AnActionStringOf2500CharactersIsSavedAndOneMoreRefused) {
     EXPECT_EQ(database.value("SELECT LENGTH(ActionParam) FROM SMS_RULES"), "2500");
 }
 
-TEST_F(RuleSaving, LengthsCountUtf16Units) {
+TEST_P(RuleSaving, LengthsCountUtf16Units) {
     playNewRule([this](User &user) {
         user.tickRow(conditions, 4);
         user.tickRow(actions, 5);
@@ -279,7 +253,7 @@ TEST_F(RuleSaving, LengthsCountUtf16Units) {
     });
 }
 
-TEST_F(RuleSaving, ARefusedNewRuleKeepsTheEditorsInputAndCanBeSavedLater) {
+TEST_P(RuleSaving, ARefusedNewRuleKeepsTheEditorsInputAndCanBeSavedLater) {
     for (const bool hadRules : {false, true}) {
         database.execute("DELETE FROM SMS_RULES");
         if (hadRules) {
@@ -289,13 +263,12 @@ TEST_F(RuleSaving, ARefusedNewRuleKeepsTheEditorsInputAndCanBeSavedLater) {
         playNewRule([this](User &user) {
             completeRule(user);
             name(user, u"Kept");
-            database.execute("CREATE TRIGGER refuse BEFORE INSERT ON SMS_RULES BEGIN "
-                             "SELECT RAISE(ABORT, 'refused'); END");
+            database.refuseNewRules();
             user.click(u"cmdOK");
             user.click(u"cmdOK");
             EXPECT_TRUE(user.isOpen());
             EXPECT_EQ(user.get<TextBox>(u"txtRuleName").text(), u"Kept");
-            database.execute("DROP TRIGGER refuse");
+            database.permit();
             user.click(u"cmdOK");
             EXPECT_FALSE(user.isOpen());
         });
@@ -306,11 +279,10 @@ TEST_F(RuleSaving, ARefusedNewRuleKeepsTheEditorsInputAndCanBeSavedLater) {
     }
 }
 
-TEST_F(RuleSaving, ACancelledEditorAfterARefusedSaveLeavesNoPendingRule) {
+TEST_P(RuleSaving, ACancelledEditorAfterARefusedSaveLeavesNoPendingRule) {
     database.addRule("A", "<ALLMESSAGES>", "", 1);
     playRules([this](User &user) {
-        database.execute("CREATE TRIGGER refuse BEFORE INSERT ON SMS_RULES BEGIN "
-                         "SELECT RAISE(ABORT, 'refused'); END");
+        database.refuseNewRules();
         whenShown(u"frmRuleEdit", [](User &editor) {
             completeRule(editor);
             editor.click(u"cmdOK");
@@ -318,7 +290,7 @@ TEST_F(RuleSaving, ACancelledEditorAfterARefusedSaveLeavesNoPendingRule) {
         });
         user.click(u"cmdNew");
         EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A"}));
-        database.execute("DROP TRIGGER refuse");
+        database.permit();
         user.clickRow(u"lvwRules", 1);
         user.click(u"cmdOK");
     });
@@ -326,7 +298,7 @@ TEST_F(RuleSaving, ACancelledEditorAfterARefusedSaveLeavesNoPendingRule) {
     expectLog({saveFailed});
 }
 
-TEST_F(RuleSaving, ARuleThatAnotherChangedIsNotOverwritten) {
+TEST_P(RuleSaving, ARuleThatAnotherChangedIsNotOverwritten) {
     const auto id = database.addRule("Mine", "<ALLMESSAGES>", "<DELETE>YES</DELETE>");
     playRule(id, [this](User &user) {
         database.execute("UPDATE SMS_RULES SET Name = 'Theirs'");
@@ -340,7 +312,7 @@ TEST_F(RuleSaving, ARuleThatAnotherChangedIsNotOverwritten) {
     EXPECT_EQ(utility.log.at(0).number, rowChangedByAnother);
 }
 
-TEST_F(RuleSaving, ARuleThatAnotherRemovedIsLogged) {
+TEST_P(RuleSaving, ARuleThatAnotherRemovedIsLogged) {
     const auto id = database.addRule("Mine", "<ALLMESSAGES>", "<DELETE>YES</DELETE>");
     playRule(id, [this](User &user) {
         database.execute("DELETE FROM SMS_RULES");
@@ -353,33 +325,55 @@ TEST_F(RuleSaving, ARuleThatAnotherRemovedIsLogged) {
     EXPECT_EQ(database.value("SELECT COUNT(*) FROM SMS_RULES"), "0");
 }
 
-TEST_F(RuleSaving, SavingAnUnchangedRuleWritesNothing) {
+TEST_P(RuleSaving, SavingAnUnchangedRuleWritesNothing) {
     const auto id = database.addRule("Mine", "<ALLMESSAGES>",
                                      "<DELETE>NO</DELETE><IGNOREFURTHERRULES>YES"
                                      "</IGNOREFURTHERRULES>");
     playRule(id, [this](User &user) {
         user.tickRow(actions, 5);
         user.tickRow(actions, 5);
-        database.execute("CREATE TRIGGER refuse BEFORE UPDATE ON SMS_RULES BEGIN "
-                         "SELECT RAISE(ABORT, 'refused'); END");
+        database.refuseChanges();
         user.click(u"cmdOK");
         EXPECT_FALSE(user.isOpen());
     });
     expectLog({});
 }
 
-TEST_F(RuleSaving, TheSaveItselfLeavesTheFlagAlone) {
+TEST_P(RuleSaving, TheSaveItselfLeavesTheFlagAlone) {
     const auto id = database.addRule("Mine", "<ALLMESSAGES>", "<DELETE>YES</DELETE>");
     EXPECT_EQ(playRule(id, [](User &user) { user.click(u"cmdOK"); }), 1);
 }
 
-TEST_F(RuleSaving, NamesAndTextsOfEveryScriptAreStoredAsTyped) {
-    playNewRule([](User &user) {
-        completeRule(user);
-        name(user, u"नियम \U0001F4F1 \"quoted\" <b>");
+TEST_P(RuleSaving, NamesAndTextsOfEveryScriptAreStoredAsTypedAndReadAgain) {
+    const std::u16string typed = u"नियम \U0001F4F1 \"quoted\" <b>";
+    const std::u16string words = u"मदद;\U0001F319\U0001F4F1;ÄRGER";
+    const std::u16string reply =
+        u"नमस्ते \U0001F469\u200D\U0001F33E!\r\nफिर मिलेंगे \U0001F1EE\U0001F1F3";
+    playNewRule([&](User &user) {
+        user.tickRow(conditions, 4);
+        ruleState().strWords = words;
+        user.tickRow(actions, 2);
+        ruleState().strReplyText = reply;
+        name(user, typed);
         user.click(u"cmdOK");
+        EXPECT_FALSE(user.isOpen());
     });
-    EXPECT_EQ(database.value("SELECT Name FROM SMS_RULES"), "नियम \xF0\x9F\x93\xB1 \"quoted\" <b>");
+    EXPECT_EQ(rules(),
+              std::vector{utf8(typed) + "|<IGNOREIFSERVICE>NO</IGNOREIFSERVICE><WORD><CON><ANY>" +
+                          utf8(words) + "</WORD>|<REPLY>" + utf8(reply) +
+                          ";</REPLY><DELETE>NO</DELETE><IGNOREFURTHERRULES>NO"
+                          "</IGNOREFURTHERRULES>"});
+    closeSession();
+    playRule(std::stoll(idOf(utf8(typed))), [&](User &user) {
+        EXPECT_EQ(user.get<TextBox>(u"txtRuleName").text(), typed);
+        EXPECT_EQ(ruleState().strWords, words);
+        EXPECT_EQ(ruleState().strReplyText, reply);
+        // The row is found again by what was read of it.
+        name(user, typed + u" \U0001F4A1");
+        user.click(u"cmdOK");
+        EXPECT_FALSE(user.isOpen());
+    });
+    EXPECT_EQ(database.value("SELECT Name FROM SMS_RULES"), utf8(typed) + " \xF0\x9F\x92\xA1");
 }
 
 } // namespace

@@ -1,11 +1,12 @@
-#include "tests/windows/RulesWindowFixture.h"
+#include "platform/Text.h"
+#include "tests/windows/RuleScenarios.h"
 
 namespace kvex::test {
 namespace {
 
 const Message removeQuestion{u"Are you sure you want to remove this rule?", 4};
 
-TEST_F(RulesWindow, NewAndCancelInTheEditorLeaveTheListUntouched) {
+TEST_P(RulesWindow, NewAndCancelInTheEditorLeaveTheListUntouched) {
     addThree();
     playRules([this](User &user) {
         user.clickRow(u"lvwRules", 3);
@@ -17,9 +18,10 @@ TEST_F(RulesWindow, NewAndCancelInTheEditorLeaveTheListUntouched) {
     });
 }
 
-TEST_F(RulesWindow, NewAndASaveListAllRulesAgainAndSelectTheFirst) {
+TEST_P(RulesWindow, NewAndASaveListAllRulesAgainAndSelectTheFirst) {
     addThree();
-    playRules([this](User &user) {
+    const std::string newName = "New Rule #" + std::to_string(std::stoi(idOf("C")) + 1);
+    playRules([&](User &user) {
         user.clickRow(u"lvwRules", 3);
         whenShown(u"frmRuleEdit", [](User &editor) {
             editor.tickRow(u"lvwRuleConditions", 6);
@@ -27,18 +29,19 @@ TEST_F(RulesWindow, NewAndASaveListAllRulesAgainAndSelectTheFirst) {
             editor.click(u"cmdOK");
         });
         user.click(u"cmdNew");
-        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"New Rule #4", u"A", u"B", u"C"}));
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{fromUtf8(newName), u"A", u"B", u"C"}));
         EXPECT_EQ(list(user).selectedRow(), 1);
         EXPECT_EQ(description(user), appliedToAll +
                                          u"\r\nThen Delete it\r\nand do not process any more "
                                          u"Rules");
         user.click(u"cmdOK");
     });
-    EXPECT_EQ(storedOrder(), (std::vector<std::string>{"New Rule #4 1", "A 2", "B 3", "C 4"}));
+    EXPECT_EQ(storedOrder(), (std::vector<std::string>{newName + "|1", "A|2", "B|3", "C|4"}));
 }
 
-TEST_F(RulesWindow, ModifyShowsTheNewNameAndLeavesPlaceAndTickAlone) {
+TEST_P(RulesWindow, ModifyShowsTheNewNameAndLeavesPlaceAndTickAlone) {
     addThree();
+    const std::string id = idOf("B");
     playRules([this](User &user) {
         user.clickRow(u"lvwRules", 2);
         whenShown(u"frmRuleEdit", [](User &editor) {
@@ -54,10 +57,10 @@ TEST_F(RulesWindow, ModifyShowsTheNewNameAndLeavesPlaceAndTickAlone) {
         EXPECT_EQ(description(user), appliedToAll + u"\r\nThen do not process any more Rules");
         user.click(u"cmdCancel");
     });
-    EXPECT_EQ(database.value("SELECT Name FROM SMS_RULES WHERE ID = 2"), "Renamed");
+    EXPECT_EQ(idOf("Renamed"), id);
 }
 
-TEST_F(RulesWindow, AfterACancelledModifyTheUnsavedRuleIsDescribedUntilTheNextClick) {
+TEST_P(RulesWindow, AfterACancelledModifyTheUnsavedRuleIsDescribedUntilTheNextClick) {
     addThree();
     playRules([this](User &user) {
         user.clickRow(u"lvwRules", 2);
@@ -73,7 +76,7 @@ TEST_F(RulesWindow, AfterACancelledModifyTheUnsavedRuleIsDescribedUntilTheNextCl
     });
 }
 
-TEST_F(RulesWindow, RemoveAnsweredYesDeletesTheRowItself) {
+TEST_P(RulesWindow, RemoveAnsweredYesDeletesTheRowItself) {
     addThree();
     const std::int32_t result = playRules([this](User &user) {
         user.clickRow(u"lvwRules", 2);
@@ -91,7 +94,7 @@ TEST_F(RulesWindow, RemoveAnsweredYesDeletesTheRowItself) {
     expectLog({});
 }
 
-TEST_F(RulesWindow, RemoveAnsweredNoEndsWithALoggedErrorAndNoVisibleChange) {
+TEST_P(RulesWindow, RemoveAnsweredNoEndsWithALoggedErrorAndNoVisibleChange) {
     addThree();
     playRules([](User &user) {
         user.clickRow(u"lvwRules", 2);
@@ -106,7 +109,7 @@ TEST_F(RulesWindow, RemoveAnsweredNoEndsWithALoggedErrorAndNoVisibleChange) {
     EXPECT_EQ(utility.log.at(0).number, error_number::indexOutOfBounds);
 }
 
-TEST_F(RulesWindow, RemovingTheLastOfSeveralRulesIsLoggedAndSelectsNone) {
+TEST_P(RulesWindow, RemovingTheLastOfSeveralRulesIsLoggedAndSelectsNone) {
     addThree();
     playRules([this](User &user) {
         user.clickRow(u"lvwRules", 3);
@@ -120,8 +123,8 @@ TEST_F(RulesWindow, RemovingTheLastOfSeveralRulesIsLoggedAndSelectsNone) {
     expectLog({u"Sub: cmdRemove_Click, Module: frmRules"});
 }
 
-TEST_F(RulesWindow, RemovingTheOnlyRuleClearsTheDescription) {
-    database.addRule("A");
+TEST_P(RulesWindow, RemovingTheOnlyRuleClearsTheDescription) {
+    const auto removed = database.addRule("A");
     playRules([this](User &user) {
         utility.answers = {6};
         user.click(u"cmdRemove");
@@ -138,11 +141,12 @@ TEST_F(RulesWindow, RemovingTheOnlyRuleClearsTheDescription) {
         user.click(u"cmdOK");
     });
     expectLog({});
-    EXPECT_EQ(database.rows("SELECT ID, Name FROM SMS_RULES"),
-              (std::vector<std::string>{"2|New Rule #1"}));
+    EXPECT_EQ(database.rows("SELECT Name FROM SMS_RULES"),
+              (std::vector<std::string>{"New Rule #1"}));
+    EXPECT_GT(std::stoll(idOf("New Rule #1")), removed);
 }
 
-TEST_F(RulesWindow, RemovingARuleThatAnotherRemovedIsLoggedAndItsRowStays) {
+TEST_P(RulesWindow, RemovingARuleThatAnotherRemovedIsLoggedAndItsRowStays) {
     addThree();
     playRules([this](User &user) {
         user.clickRow(u"lvwRules", 2);
@@ -154,6 +158,27 @@ TEST_F(RulesWindow, RemovingARuleThatAnotherRemovedIsLoggedAndItsRowStays) {
     });
     expectLog({u"Sub: cmdRemove_Click, Module: frmRules"});
     EXPECT_LT(utility.log.at(0).number, 0);
+}
+
+TEST_P(RulesWindow, RulesWithNamesOfEveryScriptAreOrderedSwitchedAndRemoved) {
+    int priority = 0;
+    for (const char *name : {"दिल्ली के संदेश", "\xF0\x9F\x8C\x99 रात", "\xF0\x9F\x93\xB1"}) {
+        database.addRule(name, "<ALLMESSAGES>", "", ++priority);
+    }
+    playRules([this](User &user) {
+        user.tickRow(u"lvwRules", 2);
+        user.clickRow(u"lvwRules", 3);
+        user.click(u"cmdMoveUp");
+        user.click(u"cmdMoveUp");
+        user.clickRow(u"lvwRules", 2);
+        utility.answers = {6};
+        user.click(u"cmdRemove");
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"\U0001F4F1", u"\U0001F319 रात"}));
+        user.click(u"cmdOK");
+    });
+    expectLog({});
+    EXPECT_EQ(database.rows("SELECT Name, PRIORITY, ACTIVE FROM SMS_RULES ORDER BY PRIORITY"),
+              (std::vector<std::string>{"\xF0\x9F\x93\xB1|1|1", "\xF0\x9F\x8C\x99 रात|2|0"}));
 }
 
 } // namespace

@@ -51,7 +51,7 @@ protected:
     UtilityRecord utility;
     QtPlay play;
     qt::QtToolkit toolkit;
-    TestPlatform platform{utility, toolkit};
+    TestPlatform platform{utility, toolkit, database.provider()};
     std::unique_ptr<RuleUI> ruleUI;
 };
 
