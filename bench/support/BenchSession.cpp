@@ -36,7 +36,16 @@ void BenchSession::showRules() {
     requireNoError();
 }
 
+void BenchSession::playRules(test::Script script) {
+    headless.whenShown(u"frmRuleEdit", [](test::User &editor) { editor.press(test::Key::escape); });
+    headless.whenShown(u"frmRules", std::move(script));
+    showRules();
+}
+
 void BenchSession::requireNoError() const {
+    if (!headless.problems().empty()) {
+        throw std::runtime_error(headless.problems().front());
+    }
     if (!utility_.log.empty()) {
         const test::LogEntry &entry = utility_.log.front();
         throw std::runtime_error(toUtf8(entry.text) + ": " + toUtf8(entry.description));

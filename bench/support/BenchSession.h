@@ -22,6 +22,9 @@ public:
     void open();
     /// Shows the rules window until it is closed. Throws where an error was logged.
     void showRules();
+    /// The same on the headless toolkit, played by `script`; the rule editor that opens first is
+    /// cancelled.
+    void playRules(test::Script script);
 
     headless::HeadlessToolkit headless;
 
