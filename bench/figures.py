@@ -39,7 +39,7 @@ FIGURES = [
     ),
     Figure(
         "session_memory",
-        "memory of the open session",
+        "memory of the open session (bytes)",
         "1.5 × the bytes of text read + 64 bytes a field",
         ratio=1,
     ),
@@ -113,4 +113,24 @@ FIGURES = [
         growth=1.2 * linear(5_000, 50_000),
         sizes=(5_000, 50_000),
     ),
+    Figure(
+        "rules_window_memory",
+        "resident memory of the process that shows the rules (bytes)",
+        "QTableView on QSqlTableModel, all rows fetched",
+        ratio=0.8,
+    ),
+    Figure(
+        "list",
+        "kvexrules list, whole process",
+        "sqlite3 FILE 'SELECT …' of the same columns",
+        ratio=2,
+    ),
+    Figure(
+        "first_window",
+        "process start to the first window painted",
+        "a Qt program with one empty dialog",
+        ratio=1.3,
+        more=40,
+    ),
+    Figure("component_size", "the stripped component (bytes)"),
 ]

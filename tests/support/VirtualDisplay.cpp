@@ -62,8 +62,7 @@ VirtualDisplay::VirtualDisplay() {
     constexpr int attempts = 10;
     std::string display;
     for (int attempt = 0; server_ <= 0 && attempt < attempts; ++attempt) {
-        display = std::to_string(1000 + (getpid() * attempts + attempt) % 50000);
-        display.insert(display.begin(), ':');
+        display.assign(":").append(std::to_string(1000 + (getpid() * attempts + attempt) % 50000));
         server_ = startServer(display);
     }
     if (server_ <= 0) {
