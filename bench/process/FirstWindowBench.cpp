@@ -2,14 +2,9 @@
 #include "bench/process/Processes.h"
 #include "bench/support/RuleDatabase.h"
 #include "bench/support/Timing.h"
-#include "tests/support/VirtualDisplay.h"
 
 namespace kvex::bench {
 namespace {
-
-void requireDisplay() {
-    static const test::VirtualDisplay display;
-}
 
 /// The program ends as soon as its first window is painted, and prints when that was.
 void timeFirstPainting(benchmark::State &state, const std::filesystem::path &program,
@@ -21,7 +16,7 @@ void timeFirstPainting(benchmark::State &state, const std::filesystem::path &pro
 }
 
 void editor(benchmark::State &state) {
-    requireDisplay();
+    requireVirtualDisplay();
     const std::string file = readOnlyDatabase(sizeOf(state)).file();
     for (auto _ : state) {
         timeFirstPainting(state, KVEX_RULES_PROGRAM, {"edit", "--database", file});
@@ -29,7 +24,7 @@ void editor(benchmark::State &state) {
 }
 
 void emptyDialog(benchmark::State &state) {
-    requireDisplay();
+    requireVirtualDisplay();
     for (auto _ : state) {
         timeFirstPainting(state, besideBenchmarks("empty_dialog"), {});
     }

@@ -2,13 +2,12 @@
 #include "bench/process/Processes.h"
 #include "bench/support/RuleDatabase.h"
 #include "bench/support/Timing.h"
-#include "tests/support/VirtualDisplay.h"
 
 namespace kvex::bench {
 namespace {
 
 void reportMemory(benchmark::State &state, const char *kind) {
-    static const test::VirtualDisplay display;
+    requireVirtualDisplay();
     const std::string file = readOnlyDatabase(sizeOf(state)).file();
     for (auto _ : state) {
         const Run run = runProgram(besideBenchmarks("window_memory"), {kind, file});

@@ -1,5 +1,7 @@
 #include "bench/process/Processes.h"
 
+#include "tests/support/VirtualDisplay.h"
+
 #include <array>
 #include <chrono>
 #include <spawn.h>
@@ -73,6 +75,10 @@ Run runProgram(const std::filesystem::path &program, std::vector<std::string> ar
 
 std::filesystem::path besideBenchmarks(const char *name) {
     return std::filesystem::read_symlink("/proc/self/exe").parent_path() / name;
+}
+
+void requireVirtualDisplay() {
+    static const test::VirtualDisplay display;
 }
 
 double now() {

@@ -23,6 +23,9 @@ struct Run {
 /// A program or library that is built beside the benchmarks.
 [[nodiscard]] std::filesystem::path besideBenchmarks(const char *name);
 
+/// Gives the programs a virtual display; it stays until this one ends.
+void requireVirtualDisplay();
+
 /// In seconds, on the clock that all processes share.
 [[nodiscard]] double now();
 
