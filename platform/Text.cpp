@@ -134,35 +134,12 @@ template <class Number> std::u16string printed(Number number) {
     return {buffer, end};
 }
 
-/// How many characters at the beginning are ASCII, counted in blocks: most texts are nothing else.
-std::size_t asciiLength(std::string_view text) {
-    constexpr std::size_t block = 16;
-    std::size_t length = 0;
-    for (; length + block <= text.size(); length += block) {
-        unsigned char together = 0;
-        for (std::size_t i = 0; i < block; ++i) {
-            together |= static_cast<unsigned char>(text[length + i]);
-        }
-        if (together >= 0x80) {
-            break;
-        }
-    }
-    return length;
-}
-
 } // namespace
 
 std::u16string fromUtf8(std::string_view text) {
     std::u16string result;
     result.reserve(text.size());
     for (std::size_t at = 0; at < text.size();) {
-        if (const std::size_t ascii = asciiLength(text.substr(at)); ascii > 0) {
-            const std::size_t before = result.size();
-            result.resize(before + ascii);
-            std::copy_n(text.begin() + at, ascii, result.begin() + before);
-            at += ascii;
-            continue;
-        }
         const auto lead = static_cast<unsigned char>(text[at]);
         const std::size_t length = sequenceLength(lead);
         char32_t code = length == 1 ? lead : lead & (0x7FU >> length);
