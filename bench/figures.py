@@ -30,8 +30,6 @@ def log_linear(small, large):
     return large * log(large) / (small * log(small))
 
 
-RULES = (10_000, 100_000)
-
 FIGURES = [
     Figure(
         "session",
@@ -44,5 +42,75 @@ FIGURES = [
         "memory of the open session",
         "1.5 × the bytes of text read + 64 bytes a field",
         ratio=1,
+    ),
+    Figure(
+        "describe_all",
+        "loading and describing all rules",
+        "one find of each tag, one copy of what is shown",
+        ratio=3,
+    ),
+    Figure(
+        "renumber",
+        "OK that renumbers every rule (SQLite), file in memory",
+        "SQLite's C API: one prepared UPDATE by key a row",
+        ratio=1.2,
+    ),
+    Figure(
+        "renumber_on_disk",
+        "the same, file on the disk",
+        "the same, file on the disk",
+        ratio=1.2,
+    ),
+    Figure(
+        "save",
+        "saving one rule of 5,000 characters (SQLite), file on the disk",
+        "SQLite's C API: the same INSERT and SELECT",
+        ratio=1.5,
+    ),
+    Figure(
+        "save_in_memory",
+        "the same, file in memory",
+        "the same, file in memory",
+    ),
+    Figure(
+        "rules_window",
+        "ListRules and first painting of the rules window",
+        "QTableView on QSqlTableModel, all rows fetched",
+        ratio=0.5,
+    ),
+    Figure(
+        "session_and_rules_window",
+        "the same with the opening of the session",
+        "the same",
+    ),
+    Figure(
+        "row_click",
+        "ten clicks on rows: find, load, describe, paint",
+        "the same texts set into a bare QTextEdit and painted",
+        ratio=1.5,
+        growth=1.2,
+    ),
+    Figure(
+        "move_up",
+        "99 steps of Move Up, each painted",
+        growth=1.2 * log_linear(10_000, 100_000),
+    ),
+    Figure(
+        "people_dialog",
+        "people dialog with n numbers: open, add, remove, OK",
+        growth=1.2 * linear(500, 5_000),
+        sizes=(500, 5_000),
+    ),
+    Figure(
+        "account_dialog",
+        "account dialog with n accounts: open, add, remove, OK",
+        growth=1.2 * linear(500, 5_000),
+        sizes=(500, 5_000),
+    ),
+    Figure(
+        "address_book",
+        "address book with n contacts: open, add, remove, Select",
+        growth=1.2 * linear(5_000, 50_000),
+        sizes=(5_000, 50_000),
     ),
 ]

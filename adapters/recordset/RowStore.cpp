@@ -1,5 +1,7 @@
 #include "adapters/recordset/RowStore.h"
 
+#include "platform/Text.h"
+
 #include <algorithm>
 #include <variant>
 
@@ -25,19 +27,31 @@ RowStore::Cell RowStore::cellOf(double number) {
 }
 
 RowStore::Cell RowStore::cellOf(std::u16string_view text) {
-    if (text.size() > freeLength_) {
-        const std::size_t length = std::max(text.size(), chunkLength);
-        chunks_.push_back(std::make_unique_for_overwrite<char16_t[]>(length));
+    provide(text.size());
+    return takeText(std::ranges::copy(text, free_).out);
+}
+
+void RowStore::utf8(std::string_view text) {
+    // No text has more units than bytes.
+    provide(text.size());
+    cells_.push_back(takeText(fromUtf8(text, free_)));
+}
+
+void RowStore::provide(std::size_t length) {
+    if (length > freeLength_) {
+        freeLength_ = std::max(length, chunkLength);
+        chunks_.push_back(std::make_unique_for_overwrite<char16_t[]>(freeLength_));
         free_ = chunks_.back().get();
-        freeLength_ = length;
     }
+}
+
+RowStore::Cell RowStore::takeText(const char16_t *end) {
     Cell cell;
     cell.kind = Kind::text;
-    cell.length = static_cast<std::uint32_t>(text.size());
+    cell.length = static_cast<std::uint32_t>(end - free_);
     cell.text = free_;
-    std::ranges::copy(text, free_);
-    free_ += text.size();
-    freeLength_ -= text.size();
+    free_ += cell.length;
+    freeLength_ -= cell.length;
     return cell;
 }
 

@@ -4,6 +4,7 @@
 #include "adapters/recordset/Driver.h"
 
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -19,6 +20,7 @@ public:
     void integer(std::int64_t number) override { cells_.push_back(cellOf(number)); }
     void number(double number) override { cells_.push_back(cellOf(number)); }
     void text(std::u16string_view text) override { cells_.push_back(cellOf(text)); }
+    void utf8(std::string_view text) override;
 
     [[nodiscard]] const std::vector<Column> &columns() const noexcept { return columns_; }
     [[nodiscard]] std::size_t rowCount() const noexcept {
@@ -55,9 +57,13 @@ private:
     static Cell cellOf(std::int64_t number);
     static Cell cellOf(double number);
     Cell cellOf(std::u16string_view text);
+    /// Room for a text of that length at `free_`.
+    void provide(std::size_t length);
+    /// The text that was written there.
+    Cell takeText(const char16_t *end);
 
     std::vector<Column> columns_;
-    std::vector<Cell> cells_;
+    std::deque<Cell> cells_;
     std::vector<std::unique_ptr<char16_t[]>> chunks_;
     char16_t *free_ = nullptr;
     std::size_t freeLength_ = 0;

@@ -1,7 +1,8 @@
 // Opening the session on a server: the connection and the five record sets.
+#include "adapters/odbc/Provider.h"
 #include "bench/servers/BenchedServer.h"
-#include "bench/servers/ServerSession.h"
 #include "bench/session/SessionQueries.h"
+#include "bench/support/BenchSession.h"
 #include "bench/support/Timing.h"
 
 namespace kvex::bench {
@@ -10,7 +11,7 @@ namespace {
 template <class Server> void open(benchmark::State &state) {
     const RulesOnServer &rules = Server::rules(sizeOf(state));
     for (auto _ : state) {
-        ServerSession session(rules);
+        BenchSession session(rules.connectionString(), odbc::provider());
         Stopwatch watch(state);
         session.open();
         watch.stop();

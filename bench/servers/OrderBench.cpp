@@ -1,6 +1,7 @@
 // OK in the rules window, on a server, when every rule has another place than is stored.
+#include "adapters/odbc/Provider.h"
 #include "bench/servers/BenchedServer.h"
-#include "bench/servers/ServerSession.h"
+#include "bench/support/BenchSession.h"
 #include "bench/support/Timing.h"
 
 #include <stdexcept>
@@ -20,7 +21,7 @@ template <class Server> void renumberByOk(benchmark::State &state) {
     RulesOnServer &rules = Server::rules(sizeOf(state));
     for (auto _ : state) {
         shiftPriorities<Server>(rules);
-        ServerSession session(rules);
+        BenchSession session(rules.connectionString(), odbc::provider());
         session.playRules([&state](test::User &user) {
             Stopwatch watch(state);
             user.click(u"cmdOK");

@@ -23,7 +23,7 @@ constexpr std::u16string_view vocabulary[]{u"STOP",     u"HELP",   u"BALANCE", u
 constexpr std::u16string_view replies[]{
     u"Thank you, your message was received. We call back during office hours.", u"Received.",
     u"आपका संदेश मिला। We call back in the morning.",
-    u"Your request has been handed to the technician on duty; he will call you within two hours "
+    u"Your request has been handed to the technician on duty, who will call you within two hours "
     u"of your message. In an emergency dial the number on your meter."};
 
 std::u16string text(std::size_t number) {

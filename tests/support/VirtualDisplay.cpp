@@ -62,7 +62,8 @@ VirtualDisplay::VirtualDisplay() {
     constexpr int attempts = 10;
     std::string display;
     for (int attempt = 0; server_ <= 0 && attempt < attempts; ++attempt) {
-        display.assign(":").append(std::to_string(1000 + (getpid() * attempts + attempt) % 50000));
+        display = std::to_string(1000 + (getpid() * attempts + attempt) % 50000);
+        display.insert(display.begin(), ':');
         server_ = startServer(display);
     }
     if (server_ <= 0) {
