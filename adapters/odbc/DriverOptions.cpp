@@ -67,6 +67,8 @@ void addPostgres(Options &options, const ConnectionString &text, int timeout) {
     options.add(u"TrueIsMinus1", u"0");
     options.add(u"UseDeclareFetch", u"0");
     options.add(u"UseServerSidePrepare", u"1");
+    // What is a long text is one of characters, and so can be had as UTF-8 (ServerKind.h).
+    options.replace(u"UnknownsAsLongVarchar", u"0");
     // Of an option given twice the later counts: the user's own.
     const std::u16string own =
         text.has(u"pqopt") ? std::u16string(text.value(u"pqopt")) : ofDataSource(text, "pqopt");

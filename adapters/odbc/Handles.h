@@ -40,6 +40,8 @@ public:
     Handle &operator=(Handle &&) = delete;
 
     [[nodiscard]] SQLHANDLE get() const noexcept { return handle_; }
+    /// Leaves it to its owner to free it, as a connection does when it closes.
+    void leaveToOwner() noexcept { handle_ = nullptr; }
     /// Throws what a call on the handle reported when it failed.
     void check(SQLRETURN result) const {
         if (!SQL_SUCCEEDED(result)) {

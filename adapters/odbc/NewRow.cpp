@@ -1,11 +1,11 @@
 #include "adapters/odbc/NewRow.h"
 
-#include "adapters/odbc/OdbcStatement.h"
 #include "adapters/odbc/ResultValues.h"
 #include "adapters/recordset/RowStatements.h"
 #include "adapters/recordset/RowStore.h"
 
 #include <algorithm>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -16,16 +16,16 @@ using recordset::Assignment;
 using recordset::Statement;
 
 /// Of the result of any statement: not every driver knows before it runs that it has one.
-std::vector<Value> firstRow(const OdbcConnection &connection, const Statement &statement) {
-    OdbcStatement command(connection, statement.text);
-    command.execute(statement.parameters);
-    recordset::RowStore rows;
-    deliverResult(command, rows);
-    std::vector<Value> row;
-    for (std::size_t column = 0; rows.rowCount() > 0 && column < rows.columns().size(); ++column) {
-        row.push_back(rows.value(0, column).owned());
-    }
-    return row;
+std::vector<Value> firstRow(PreparedStatements &statements, const Statement &statement) {
+    return statements.run(Purpose::writing, statement, [](const OdbcStatement &command) {
+        recordset::RowStore rows;
+        deliverResult(command, rows);
+        std::vector<Value> row;
+        for (std::size_t i = 0; rows.rowCount() > 0 && i < rows.columns().size(); ++i) {
+            row.push_back(rows.value(0, i).owned());
+        }
+        return row;
+    });
 }
 
 std::u16string outputOf(const std::vector<std::u16string_view> &keyColumns) {
@@ -43,20 +43,19 @@ const Assignment *given(const std::vector<Assignment> &values, std::u16string_vi
 
 } // namespace
 
-std::vector<Value> insertNewRow(const OdbcConnection &connection, std::u16string_view table,
-                                const std::vector<Assignment> &values,
+std::vector<Value> insertNewRow(const ServerKind &server, PreparedStatements &statements,
+                                std::u16string_view table, const std::vector<Assignment> &values,
                                 const std::vector<std::u16string_view> &keyColumns) {
-    const ServerKind &server = connection.server();
     Statement insertion = recordset::insertRow(table, values, server.emptyRow);
     if (server.newKey == NewKey::returning) {
         insertion.text.append(u" RETURNING ").append(recordset::listed(keyColumns));
-        return firstRow(connection, insertion);
+        return firstRow(statements, insertion);
     }
     if (server.newKey == NewKey::output) {
         // Behind the list of columns.
         const std::u16string_view before = values.empty() ? server.emptyRow : u"VALUES (";
         insertion.text.insert(insertion.text.rfind(before), outputOf(keyColumns));
-        return firstRow(connection, insertion);
+        return firstRow(statements, insertion);
     }
     std::vector<Value> key;
     for (const std::u16string_view column : keyColumns) {
@@ -70,7 +69,7 @@ std::vector<Value> insertNewRow(const OdbcConnection &connection, std::u16string
                         u"This kind of database does not say which key it gives a new record, so "
                         u"nothing was stored: use another database.");
     }
-    OdbcStatement(connection, insertion.text).execute(insertion.parameters);
+    statements.run(Purpose::writing, insertion, std::mem_fn(&OdbcStatement::rowCount));
     if (key.size() == keyColumns.size()) {
         return key;
     }
@@ -78,7 +77,7 @@ std::vector<Value> insertNewRow(const OdbcConnection &connection, std::u16string
         server.rowNumber.empty() ? keyColumns.front() : server.rowNumber;
     Statement last = recordset::selectRow(table, keyColumns, {});
     last.text.append(u" WHERE ").append(number).append(u" = ").append(server.lastNumber);
-    return firstRow(connection, last);
+    return firstRow(statements, last);
 }
 
 } // namespace kvex::odbc

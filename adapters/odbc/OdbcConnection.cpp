@@ -1,6 +1,7 @@
 #include "adapters/odbc/OdbcConnection.h"
 
 #include "adapters/odbc/ConnectionText.h"
+#include "platform/Unicode.h"
 
 #include <algorithm>
 #include <array>
@@ -17,6 +18,11 @@ Handle<SQL_HANDLE_ENV> environment() {
     Handle<SQL_HANDLE_ENV> made(nullptr, 0);
     made.check(SQLSetEnvAttr(made.get(), SQL_ATTR_ODBC_VERSION, number(SQL_OV_ODBC3), 0));
     return made;
+}
+
+/// Unless the user wants another character set of the driver.
+bool speaksUtf8(const recordset::ConnectionString &text) {
+    return !text.has(u"CHARSET") || foldCase(text.value(u"CHARSET")).starts_with(u"utf8");
 }
 
 } // namespace
@@ -40,6 +46,14 @@ OdbcConnection::OdbcConnection(const recordset::ConnectionString &text)
     if (quote_ == u" ") {
         quote_.clear();
     }
+    if (info(SQL_DRIVER_NAME) == server_.utf8Driver && speaksUtf8(text)) {
+        utf8Texts_ = server_.utf8Texts;
+    }
+    SQLUINTEGER extensions = 0;
+    constexpr SQLUINTEGER needed = SQL_GD_ANY_COLUMN | SQL_GD_BOUND;
+    readsBoundAgain_ = SQL_SUCCEEDED(SQLGetInfoW(handle(), SQL_GETDATA_EXTENSIONS, &extensions,
+                                                 sizeof extensions, nullptr)) &&
+                       (extensions & needed) == needed;
 }
 
 OdbcConnection::~OdbcConnection() {

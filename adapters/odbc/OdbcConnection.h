@@ -21,6 +21,10 @@ public:
     [[nodiscard]] SQLHANDLE handle() const noexcept { return connection_.get(); }
     [[nodiscard]] const ServerKind &server() const noexcept { return server_; }
     [[nodiscard]] int timeout() const noexcept { return timeout_; }
+    /// What the driver in use does of ServerKind::utf8Texts.
+    [[nodiscard]] Utf8Texts utf8Texts() const noexcept { return utf8Texts_; }
+    /// Whether SQLGetData gives the value of any column of a row, of a bound one too.
+    [[nodiscard]] bool readsBoundAgain() const noexcept { return readsBoundAgain_; }
     /// An identifier as statements must write it.
     [[nodiscard]] std::u16string quoted(std::u16string_view identifier) const;
 
@@ -35,6 +39,8 @@ private:
     Handle<SQL_HANDLE_DBC> connection_;
     ServerKind server_;
     std::u16string quote_;
+    Utf8Texts utf8Texts_ = Utf8Texts::none;
+    bool readsBoundAgain_ = false;
 };
 
 } // namespace kvex::odbc

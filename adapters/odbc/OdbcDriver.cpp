@@ -2,28 +2,33 @@
 
 #include "adapters/odbc/NewRow.h"
 #include "adapters/odbc/OdbcStatement.h"
+#include "adapters/odbc/QueryText.h"
 #include "adapters/odbc/ResultColumns.h"
 #include "adapters/odbc/ResultValues.h"
 #include "platform/Error.h"
 
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <utility>
 
 namespace kvex::odbc {
 
 void OdbcDriver::query(const recordset::Statement &statement, recordset::RowSink &sink) {
-    OdbcStatement query(connection_, statement.text);
-    if (query.columnCount() == 0) {
-        throw Error(error_number::badArgument,
-                    u"The statement gives no rows: write a query, SELECT.");
+    if (statement.parameters.empty() && isPlainQuery(statement.text)) {
+        const OdbcStatement query(connection_, statement.text);
+        query.executeDirectly();
+        return deliverResult(query, sink);
     }
-    query.execute(statement.parameters);
-    deliverResult(query, sink);
+    statements_.run(Purpose::reading, statement, [&](const OdbcStatement &query) {
+        deliverResult(query, sink);
+        return true;
+    });
 }
 
 void OdbcDriver::describe(const std::u16string &query, std::vector<recordset::Column> &columns) {
     const OdbcStatement statement(connection_, query);
+    statement.prepare();
     std::vector<recordset::Column> now = originsOf(connection_, statement, query);
     if (!std::ranges::equal(now, columns, {}, &recordset::Column::name, &recordset::Column::name)) {
         throw errorWith(refusal::badStatement,
@@ -34,15 +39,13 @@ void OdbcDriver::describe(const std::u16string &query, std::vector<recordset::Co
 }
 
 std::int64_t OdbcDriver::execute(const recordset::Statement &statement) {
-    OdbcStatement command(connection_, statement.text);
-    command.execute(statement.parameters);
-    return command.rowCount();
+    return statements_.run(Purpose::writing, statement, std::mem_fn(&OdbcStatement::rowCount));
 }
 
 std::vector<Value> OdbcDriver::insert(std::u16string_view table,
                                       const std::vector<recordset::Assignment> &values,
                                       const std::vector<std::u16string_view> &keyColumns) {
-    return insertNewRow(connection_, table, values, keyColumns);
+    return insertNewRow(connection_.server(), statements_, table, values, keyColumns);
 }
 
 std::u16string OdbcDriver::stillHolds(std::u16string_view column, const ValueView &read) const {
@@ -61,9 +64,9 @@ std::vector<std::u16string> OdbcDriver::columnsOf(std::u16string_view table) {
     // The server itself knows best which table a statement finds.
     std::vector<std::u16string> names;
     try {
-        OdbcStatement none(connection_,
-                           u"SELECT * FROM " + std::u16string(table) + u" WHERE 1 = 0");
-        none.execute({});
+        const OdbcStatement none(connection_,
+                                 u"SELECT * FROM " + std::u16string(table) + u" WHERE 1 = 0");
+        none.executeDirectly();
         for (ResultColumn &column : resultColumns(none)) {
             names.push_back(std::move(column.name));
         }

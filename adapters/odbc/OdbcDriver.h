@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/odbc/OdbcConnection.h"
+#include "adapters/odbc/PreparedStatements.h"
 #include "adapters/recordset/Driver.h"
 
 namespace kvex::odbc {
@@ -28,6 +29,7 @@ public:
 
 private:
     OdbcConnection connection_;
+    PreparedStatements statements_{connection_};
 };
 
 } // namespace kvex::odbc

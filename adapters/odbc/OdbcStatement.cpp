@@ -15,18 +15,13 @@ bool hasNulCharacter(const ValueView &value) {
 } // namespace
 
 OdbcStatement::OdbcStatement(const OdbcConnection &connection, std::u16string_view text)
-    : connection_(connection), statement_(connection.handle(), SQL_HANDLE_DBC) {
-    if (trimmed(text).empty()) {
+    : connection_(connection), text_(text), statement_(connection.handle(), SQL_HANDLE_DBC) {}
+
+void OdbcStatement::prepare() const {
+    if (trimmed(text_).empty()) {
         throw Error(error_number::badArgument, u"There is no statement to run: the text is empty.");
     }
-    const std::u16string owned(text);
-    check(SQLPrepareW(handle(), wide(owned.c_str()), static_cast<SQLINTEGER>(owned.size())));
-}
-
-SQLUSMALLINT OdbcStatement::columnCount() const {
-    SQLSMALLINT count = 0;
-    check(SQLNumResultCols(handle(), &count));
-    return static_cast<SQLUSMALLINT>(count);
+    check(SQLPrepareW(handle(), wide(text_.c_str()), static_cast<SQLINTEGER>(text_.size())));
 }
 
 void OdbcStatement::execute(const std::vector<ValueView> &parameters) {
@@ -42,6 +37,20 @@ void OdbcStatement::execute(const std::vector<ValueView> &parameters) {
     if (result != SQL_NO_DATA) {
         check(result);
     }
+}
+
+void OdbcStatement::executeDirectly() const {
+    check(SQLExecDirectW(handle(), wide(text_.c_str()), static_cast<SQLINTEGER>(text_.size())));
+}
+
+void OdbcStatement::close() const {
+    check(SQLFreeStmt(handle(), SQL_CLOSE));
+}
+
+SQLUSMALLINT OdbcStatement::columnCount() const {
+    SQLSMALLINT count = 0;
+    check(SQLNumResultCols(handle(), &count));
+    return static_cast<SQLUSMALLINT>(count);
 }
 
 bool OdbcStatement::fetch() const {

@@ -16,6 +16,7 @@ constexpr std::size_t shortText = 4000;
 
 void Parameters::bind(const Handle<SQL_HANDLE_STMT> &statement,
                       const std::vector<ValueView> &values) {
+    held_.clear();
     SQLUSMALLINT position = 0;
     for (const ValueView &value : values) {
         Held &held = held_.emplace_back();

@@ -1,6 +1,7 @@
 #include "adapters/odbc/QueryText.h"
 
 #include "adapters/recordset/EqualIgnoringCase.h"
+#include "platform/Unicode.h"
 
 #include <algorithm>
 #include <array>
@@ -71,6 +72,13 @@ bool leavesRows(const Words &words, std::size_t at) {
 }
 
 } // namespace
+
+bool isPlainQuery(std::u16string_view text) {
+    // What a server takes for a word or for a text is not asked: these stand nowhere.
+    const std::u16string upper = upperCase(text);
+    return upper.starts_with(u"SELECT") && upper.find(u"INTO") == std::u16string::npos &&
+           upper.find(u';') == std::u16string::npos;
+}
 
 std::vector<std::u16string> originsIn(std::u16string_view query,
                                       const std::vector<std::u16string> &names) {

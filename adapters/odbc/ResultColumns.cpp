@@ -1,11 +1,12 @@
 #include "adapters/odbc/ResultColumns.h"
 
 #include "adapters/odbc/QueryText.h"
-#include "adapters/odbc/ResultValues.h"
+#include "adapters/odbc/TextReader.h"
 #include "adapters/recordset/EqualIgnoringCase.h"
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <map>
 #include <tuple>
 #include <utility>
@@ -13,7 +14,7 @@
 namespace kvex::odbc {
 namespace {
 
-ValueKind kindOf(SQLSMALLINT type) {
+ValueKind kindOf(SQLLEN type, Utf8Texts utf8) {
     switch (type) {
     case SQL_BIT:
     case SQL_TINYINT:
@@ -28,9 +29,23 @@ ValueKind kindOf(SQLSMALLINT type) {
     case SQL_FLOAT:
     case SQL_DOUBLE:
         return ValueKind::number;
+    case SQL_CHAR:
+    case SQL_VARCHAR:
+    case SQL_WCHAR:
+    case SQL_WVARCHAR:
+        return utf8 == Utf8Texts::all ? ValueKind::utf8 : ValueKind::text;
+    case SQL_LONGVARCHAR:
+    case SQL_WLONGVARCHAR:
+        return utf8 == Utf8Texts::none ? ValueKind::text : ValueKind::utf8;
     default:
         return ValueKind::text;
     }
+}
+
+SQLLEN numberOf(const OdbcStatement &query, SQLUSMALLINT column, SQLUSMALLINT which) {
+    SQLLEN number = 0;
+    query.check(SQLColAttributeW(query.handle(), column, which, nullptr, 0, nullptr, &number));
+    return number;
 }
 
 /// "" where the driver does not say it.
@@ -72,11 +87,11 @@ std::vector<std::u16string> keyOf(const OdbcConnection &connection, const TableN
                                part(name.table), SQL_NTS));
     constexpr SQLUSMALLINT columnName = 4;
     std::vector<std::u16string> key;
-    ValueReader reader;
+    TextReader reader;
     for (SQLRETURN result = SQLFetch(keys.get()); result != SQL_NO_DATA;
          result = SQLFetch(keys.get())) {
         keys.check(result);
-        if (const auto read = reader.text(keys, columnName)) {
+        if (const auto read = reader.read(keys, columnName)) {
             key.emplace_back(*read);
         }
     }
@@ -88,18 +103,14 @@ std::vector<std::u16string> keyOf(const OdbcConnection &connection, const TableN
 std::vector<ResultColumn> resultColumns(const OdbcStatement &query) {
     std::vector<ResultColumn> columns;
     const SQLUSMALLINT count = query.columnCount();
+    const Utf8Texts utf8 = query.connection().utf8Texts();
     for (SQLUSMALLINT i = 1; i <= count; ++i) {
-        std::array<SQLWCHAR, 512> name{};
-        SQLSMALLINT length = 0;
-        SQLSMALLINT type = 0;
-        SQLULEN size = 0;
-        SQLSMALLINT digits = 0;
-        SQLSMALLINT nullable = 0;
-        query.check(SQLDescribeColW(query.handle(), i, name.data(),
-                                    static_cast<SQLSMALLINT>(name.size()), &length, &type, &size,
-                                    &digits, &nullable));
-        columns.push_back(
-            {std::u16string(name.begin(), std::ranges::find(name, SQLWCHAR{0})), kindOf(type)});
+        // For a column's whole description PostgreSQL's driver asks its server; not for these.
+        const SQLLEN length = numberOf(query, i, SQL_DESC_LENGTH);
+        columns.push_back({.name = attribute(query, i, SQL_DESC_LABEL),
+                           .kind = kindOf(numberOf(query, i, SQL_DESC_TYPE), utf8),
+                           .length = length > 0 ? static_cast<std::size_t>(length)
+                                                : std::numeric_limits<std::size_t>::max()});
     }
     return columns;
 }

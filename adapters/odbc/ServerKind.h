@@ -11,6 +11,10 @@ namespace kvex::odbc {
 /// How the key that a server gave a new row is read.
 enum class NewKey { returning, lastNumber, output, given };
 
+/// Which texts a driver hands on as the server's bytes, UTF-8, when it is asked for bytes. It is
+/// asked for wide characters for the others: the drivers take their time to make them.
+enum class Utf8Texts { none, longOnes, all };
+
 struct ServerKind {
     /// As the driver names the database.
     std::u16string_view name;
@@ -29,6 +33,9 @@ struct ServerKind {
     bool keepsNulCharacters;
     /// Its driver says which column of which table a value comes from.
     bool saysOrigins;
+    /// Holds for the driver of this name.
+    std::u16string_view utf8Driver;
+    Utf8Texts utf8Texts;
     recordset::ColumnTypes columnTypes;
 
     /// A server of an unknown name is one of the standard's plain ways. `version` is that of

@@ -1,8 +1,11 @@
 #include "bench/support/BenchSession.h"
 
+#include "adapters/recordset/ClientConnection.h"
+#include "adapters/sqlite/Provider.h"
 #include "platform/Text.h"
 
 #include <stdexcept>
+#include <vector>
 
 namespace kvex::bench {
 namespace {
@@ -15,12 +18,24 @@ test::UtilityRecord recordFor(std::u16string connectionString) {
 
 } // namespace
 
+std::unique_ptr<Connection> BenchSession::AnyDatabase::createConnection() {
+    return std::make_unique<recordset::ClientConnection>(
+        std::vector<recordset::Provider>{provider_});
+}
+
 BenchSession::BenchSession(std::u16string connectionString)
-    : BenchSession(std::move(connectionString), headless) {}
+    : BenchSession(std::move(connectionString), headless, sqlite::provider()) {}
 
 BenchSession::BenchSession(std::u16string connectionString, Toolkit &toolkit)
-    : utility_(recordFor(std::move(connectionString))), platform_(utility_, toolkit),
-      ruleUI_(platform_) {}
+    : BenchSession(std::move(connectionString), toolkit, sqlite::provider()) {}
+
+BenchSession::BenchSession(std::u16string connectionString, recordset::Provider provider)
+    : BenchSession(std::move(connectionString), headless, std::move(provider)) {}
+
+BenchSession::BenchSession(std::u16string connectionString, Toolkit &toolkit,
+                           recordset::Provider provider)
+    : utility_(recordFor(std::move(connectionString))),
+      platform_(utility_, toolkit, std::move(provider)), ruleUI_(platform_) {}
 
 BenchSession::~BenchSession() {
     ruleUI_.release();
