@@ -21,6 +21,9 @@ public:
     void dropDatabase(const std::string &name) override;
     void createUser(const std::string &name, const std::string &itsPassword) override;
 
+    void listen(const std::string &database) override;
+    [[nodiscard]] std::vector<Asked> heard() override;
+
     /// What its starts from now on get besides its own arguments.
     void setFurtherArguments(std::vector<std::string> arguments);
 

@@ -3,6 +3,8 @@
 
 #include "tests/servers/DatabaseServer.h"
 
+#include <ios>
+
 namespace kvex::test {
 
 class PostgreSqlServer final : public DatabaseServer {
@@ -18,9 +20,15 @@ public:
     void dropDatabase(const std::string &name) override;
     void createUser(const std::string &name, const std::string &itsPassword) override;
 
+    void listen(const std::string &database) override;
+    [[nodiscard]] std::vector<Asked> heard() override;
+
 private:
     [[nodiscard]] std::vector<std::string> command() const override;
     [[nodiscard]] std::unique_ptr<ServerClient> connect(const std::string &database) const override;
+
+    /// Of the log, in bytes.
+    std::streamoff heard_ = 0;
 };
 
 } // namespace kvex::test
