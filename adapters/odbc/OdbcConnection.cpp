@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cwchar>
+#include <string_view>
 #include <vector>
 
 namespace kvex::odbc {
@@ -25,6 +27,15 @@ Handle<SQL_HANDLE_ENV> environment() {
 /// Unless the user wants another character set of the driver.
 bool speaksUtf8(const recordset::ConnectionString &text) {
     return !text.has(u"CHARSET") || foldCase(text.value(u"CHARSET")).starts_with(u"utf8");
+}
+
+/// PostgreSQL's driver hands texts on in the locale's characters even where bytes are asked for.
+bool localeSpeaksUtf8() {
+    constexpr std::string_view character = "\xE0\xA4\x95";
+    std::mbstate_t state{};
+    wchar_t read = 0;
+    return std::mbrtowc(&read, character.data(), character.size(), &state) == character.size() &&
+           read == L'\u0915';
 }
 
 } // namespace
@@ -70,7 +81,7 @@ void OdbcConnection::learnAbout(const recordset::ConnectionString &text) {
     if (quote_ == u" ") {
         quote_.clear();
     }
-    if (info(SQL_DRIVER_NAME) == server_.utf8Driver && speaksUtf8(text)) {
+    if (info(SQL_DRIVER_NAME) == server_.utf8Driver && speaksUtf8(text) && localeSpeaksUtf8()) {
         utf8Texts_ = server_.utf8Texts;
     }
     SQLUINTEGER extensions = 0;

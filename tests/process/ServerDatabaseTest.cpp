@@ -36,11 +36,10 @@ protected:
     ServerDatabase() {
         server().createDatabase(name);
         environment["KVEX_DATABASE"] = server().odbcConnectionString(name);
-        // What the sanitizers are told of the databases' drivers.
-        for (const char *variable : {"ASAN_OPTIONS", "LSAN_OPTIONS"}) {
-            if (const char *options = std::getenv(variable)) {
-                environment[variable] = options;
-            }
+        // What the sanitizer is told of the databases' drivers. The leak check crashes where a
+        // driver manager has unloaded one.
+        if (const char *options = std::getenv("ASAN_OPTIONS")) {
+            environment["ASAN_OPTIONS"] = std::string(options) + ":detect_leaks=0";
         }
     }
     ~ServerDatabase() override { server().dropDatabase(name); }

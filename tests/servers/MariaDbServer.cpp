@@ -92,7 +92,9 @@ MariaDbServer::MariaDbServer(const std::string &password)
 MariaDbServer::MariaDbServer() : MariaDbServer(randomPassword()) {
     std::vector<std::string> installation{
         KVEX_MARIADB_INSTALL, "--no-defaults", "--datadir=" + (folder() / "data").string(),
-        "--auth-root-authentication-method=normal", "--skip-test-db"};
+        // Whoever starts in a folder removes the temporary tables of all there.
+        "--tmpdir=" + folder().path().string(), "--auth-root-authentication-method=normal",
+        "--skip-test-db"};
     installation.insert(installation.end(), fastSettings.begin(), fastSettings.end());
     runToEnd(installation, folder());
     // The server runs it before it accepts a connection.
