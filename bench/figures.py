@@ -50,6 +50,11 @@ FIGURES = [
         ratio=3,
     ),
     Figure(
+        "describe_all_first",
+        "the same for the first time in a session",
+        "the same",
+    ),
+    Figure(
         "renumber",
         "OK that renumbers every rule (SQLite), file in memory",
         "SQLite's C API: one prepared UPDATE by key a row",

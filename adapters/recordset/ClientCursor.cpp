@@ -31,16 +31,22 @@ void ClientCursor::moveNext() {
 void ClientCursor::find(const FindCriterion &criterion, std::size_t skip) {
     const std::size_t column = columnOf(criterion.column());
     std::size_t row = firstKept(current_);
-    for (; skip > 0 && row < rows_.rowCount(); --skip) {
+    for (; skip > 0 && row < rowCount(); --skip) {
         row = firstKept(row + 1);
     }
     if (const auto *number = std::get_if<std::int64_t>(&criterion.wanted())) {
         if (const auto &index = indexOf(column)) {
-            current_ = index->find(*number, row).value_or(rows_.rowCount());
+            current_ = index->find(*number, row).value_or(rowCount());
             return;
         }
     }
-    while (row < rows_.rowCount() && !criterion.matches(rows_.value(row, column))) {
+    const auto matches = [&](std::size_t candidate) {
+        const auto *text = std::get_if<std::u16string_view>(&criterion.wanted());
+        // Texts that are equal but for their case are equally long.
+        return (text == nullptr || rows_.canBeText(candidate, column, text->size())) &&
+               criterion.matches(rows_.value(candidate, column));
+    };
+    while (row < rowCount() && !matches(row)) {
         row = firstKept(row + 1);
     }
     current_ = row;
@@ -66,13 +72,13 @@ void ClientCursor::removeCurrent() {
 }
 
 void ClientCursor::append() {
-    current_ = rows_.rowCount();
+    current_ = rowCount();
     rows_.appendRow();
     removed_.push_back(false);
 }
 
 std::size_t ClientCursor::firstKept(std::size_t from) const {
-    while (from < rows_.rowCount() && removed_[from]) {
+    while (from < rowCount() && removed_[from]) {
         ++from;
     }
     return from;

@@ -27,9 +27,9 @@ public:
     /// The first column of that name; fails with itemNotFound.
     [[nodiscard]] std::size_t columnOf(std::u16string_view name) const;
 
-    [[nodiscard]] bool atEnd() const noexcept { return current_ == rows_.rowCount(); }
+    [[nodiscard]] bool atEnd() const noexcept { return current_ == rowCount(); }
     /// Rows that are not removed.
-    [[nodiscard]] std::size_t count() const noexcept { return rows_.rowCount() - removedCount_; }
+    [[nodiscard]] std::size_t count() const noexcept { return rowCount() - removedCount_; }
 
     void moveFirst() { current_ = firstKept(0); }
     /// Fails with noCurrentRecord at the end.
@@ -52,6 +52,8 @@ public:
     void append();
 
 private:
+    /// With the removed ones.
+    [[nodiscard]] std::size_t rowCount() const noexcept { return removed_.size(); }
     [[nodiscard]] std::size_t firstKept(std::size_t from) const;
     [[nodiscard]] const std::optional<IntegerIndex> &indexOf(std::size_t column);
     /// To be called before the value changes.

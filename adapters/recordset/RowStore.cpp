@@ -67,6 +67,14 @@ RowStore::Cell RowStore::takeText(const char16_t *end) const {
     return cell;
 }
 
+bool RowStore::canBeText(std::size_t row, std::size_t column, std::size_t length) const {
+    constexpr std::size_t mostBytesForUnit = 3;
+    const Cell &cell = cells_[row * columns_.size() + column];
+    return cell.kind == Kind::text ? cell.length == length
+                                   : cell.kind == Kind::utf8 && cell.length >= length &&
+                                         cell.length <= length * mostBytesForUnit;
+}
+
 ValueView RowStore::value(std::size_t row, std::size_t column) const {
     Cell &cell = cells_[row * columns_.size() + column];
     if (cell.kind == Kind::utf8) {

@@ -28,6 +28,8 @@ public:
         return columns_.empty() ? 0 : cells_.size() / columns_.size();
     }
     [[nodiscard]] ValueView value(std::size_t row, std::size_t column) const;
+    /// Whether the value can be a text of so many units: told without reading it.
+    [[nodiscard]] bool canBeText(std::size_t row, std::size_t column, std::size_t length) const;
     /// Whether it was read or set; an unknown one reads as Null.
     [[nodiscard]] bool isKnown(std::size_t row, std::size_t column) const {
         return cells_[row * columns_.size() + column].kind != Kind::unknown;
