@@ -4,7 +4,7 @@ file(GLOB_RECURSE kvex_headers CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}
   ${PROJECT_SOURCE_DIR}/platform/*.h ${PROJECT_SOURCE_DIR}/rules/*.h
   ${PROJECT_SOURCE_DIR}/ui/*.h ${PROJECT_SOURCE_DIR}/component/*.h
   ${PROJECT_SOURCE_DIR}/adapters/*.h ${PROJECT_SOURCE_DIR}/host/*.h
-  ${PROJECT_SOURCE_DIR}/tests/*.h)
+  ${PROJECT_SOURCE_DIR}/tests/*.h ${PROJECT_SOURCE_DIR}/bench/*.h)
 
 foreach(header IN LISTS kvex_headers)
   set(source "${PROJECT_BINARY_DIR}/headers/${header}.cpp")
@@ -14,4 +14,5 @@ endforeach()
 
 find_package(Qt6 REQUIRED COMPONENTS Widgets Test)
 add_library(headers OBJECT EXCLUDE_FROM_ALL ${kvex_header_sources})
-target_link_libraries(headers PRIVATE kvex_options Qt6::Widgets Qt6::Test GTest::gtest GTest::gmock)
+target_link_libraries(headers PRIVATE kvex_options Qt6::Widgets Qt6::Test GTest::gtest GTest::gmock
+  benchmark::benchmark)

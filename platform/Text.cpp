@@ -7,6 +7,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstring>
 #include <limits>
 #include <optional>
 
@@ -52,6 +53,41 @@ bool isWellFormed(char32_t code, std::size_t length) {
     constexpr char32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};
     return code >= smallest[length] && code <= 0x10FFFF && !isHighSurrogate(code) &&
            !isLowSurrogate(code);
+}
+
+/// How many units at the beginning are ASCII; eight bytes at a time, because most texts are nothing
+/// else.
+template <class Unit> std::size_t asciiLength(std::basic_string_view<Unit> text) {
+    constexpr std::uint64_t others = sizeof(Unit) == 1 ? 0x8080808080808080 : 0xFF80FF80FF80FF80;
+    constexpr std::size_t count = sizeof others / sizeof(Unit);
+    std::size_t at = 0;
+    for (std::uint64_t units = 0; at + count <= text.size(); at += count) {
+        std::memcpy(&units, text.data() + at, sizeof units);
+        if ((units & others) != 0) {
+            break;
+        }
+    }
+    while (at < text.size() && (text[at] & ~0x7F) == 0) {
+        ++at;
+    }
+    return at;
+}
+
+/// The character that begins at `at`, which moves behind it; or behind the one byte that cannot be
+/// read.
+char32_t readCharacter(std::string_view text, std::size_t &at) {
+    const auto lead = static_cast<unsigned char>(text[at]);
+    const std::size_t length = sequenceLength(lead);
+    char32_t code = length == 1 ? lead : lead & (0x7FU >> length);
+    bool whole = length > 0 && at + length <= text.size();
+    for (std::size_t i = 1; whole && i < length; ++i) {
+        const auto next = static_cast<unsigned char>(text[at + i]);
+        whole = (next & 0xC0) == 0x80;
+        code = (code << 6) | (next & 0x3F);
+    }
+    const bool readable = whole && isWellFormed(code, length);
+    at += readable ? length : 1;
+    return readable ? code : replacement;
 }
 
 /// The ASCII form of a decimal number, "" for anything else.
@@ -134,58 +170,42 @@ template <class Number> std::u16string printed(Number number) {
     return {buffer, end};
 }
 
-/// How many characters at the beginning are ASCII, counted in blocks: most texts are nothing else.
-std::size_t asciiLength(std::string_view text) {
-    constexpr std::size_t block = 16;
-    std::size_t length = 0;
-    for (; length + block <= text.size(); length += block) {
-        unsigned char together = 0;
-        for (std::size_t i = 0; i < block; ++i) {
-            together |= static_cast<unsigned char>(text[length + i]);
-        }
-        if (together >= 0x80) {
-            break;
-        }
-    }
-    return length;
-}
-
 } // namespace
 
 std::u16string fromUtf8(std::string_view text) {
-    std::u16string result;
-    result.reserve(text.size());
-    for (std::size_t at = 0; at < text.size();) {
-        if (const std::size_t ascii = asciiLength(text.substr(at)); ascii > 0) {
-            const std::size_t before = result.size();
-            result.resize(before + ascii);
-            std::copy_n(text.begin() + at, ascii, result.begin() + before);
-            at += ascii;
-            continue;
-        }
-        const auto lead = static_cast<unsigned char>(text[at]);
-        const std::size_t length = sequenceLength(lead);
-        char32_t code = length == 1 ? lead : lead & (0x7FU >> length);
-        bool whole = length > 0 && at + length <= text.size();
-        for (std::size_t i = 1; whole && i < length; ++i) {
-            const auto next = static_cast<unsigned char>(text[at + i]);
-            whole = (next & 0xC0) == 0x80;
-            code = (code << 6) | (next & 0x3F);
-        }
-        const bool readable = whole && isWellFormed(code, length);
-        appendCharacter(result, readable ? code : replacement);
-        at += readable ? length : 1;
-    }
+    std::u16string result(text.size(), u'\0');
+    const char16_t *end = fromUtf8(text, result.data());
+    result.resize(static_cast<std::size_t>(end - result.data()));
     return result;
+}
+
+char16_t *fromUtf8(std::string_view text, char16_t *target) noexcept {
+    for (std::size_t at = 0; at < text.size();) {
+        for (const std::size_t ascii = at + asciiLength(text.substr(at)); at < ascii; ++at) {
+            *target++ = static_cast<unsigned char>(text[at]);
+        }
+        if (at < text.size()) {
+            target = putCharacter(target, readCharacter(text, at));
+        }
+    }
+    return target;
 }
 
 std::string toUtf8(std::u16string_view text) {
     std::string result;
     result.reserve(text.size());
     for (std::size_t at = 0; at < text.size();) {
-        const char32_t code = nextCharacter(text, at);
-        const bool isUnpaired = isHighSurrogate(code) || isLowSurrogate(code);
-        appendUtf8(result, isUnpaired ? replacement : code);
+        const std::size_t ascii = asciiLength(text.substr(at));
+        result.resize(result.size() + ascii);
+        std::ranges::transform(text.substr(at, ascii),
+                               result.end() - static_cast<std::ptrdiff_t>(ascii),
+                               [](char16_t unit) { return static_cast<char>(unit); });
+        at += ascii;
+        if (at < text.size()) {
+            const char32_t code = nextCharacter(text, at);
+            const bool isUnpaired = isHighSurrogate(code) || isLowSurrogate(code);
+            appendUtf8(result, isUnpaired ? replacement : code);
+        }
     }
     return result;
 }
@@ -200,6 +220,7 @@ std::u16string_view trimmed(std::u16string_view text) noexcept {
 
 std::vector<std::u16string_view> split(std::u16string_view text, char16_t separator) {
     std::vector<std::u16string_view> items;
+    items.reserve(static_cast<std::size_t>(std::ranges::count(text, separator)) + 1);
     for (;;) {
         const std::size_t at = text.find(separator);
         items.push_back(text.substr(0, at));

@@ -10,6 +10,9 @@ namespace kvex {
 
 /// Ill-formed input becomes U+FFFD, one for each code unit that cannot be read.
 [[nodiscard]] std::u16string fromUtf8(std::string_view text);
+/// The same, written to `target`, which has room for as many units as `text` has bytes. Gives the
+/// place behind it.
+char16_t *fromUtf8(std::string_view text, char16_t *target) noexcept;
 [[nodiscard]] std::string toUtf8(std::u16string_view text);
 
 /// `text` without the blanks at both ends. The view is into `text`.

@@ -11,7 +11,8 @@ namespace kvex {
 [[nodiscard]] std::u16string upperCase(std::u16string_view text);
 
 /// Every character replaced by its simple case folding: two texts are equal without regard to
-/// case exactly when their foldings are equal. Unpaired surrogates stay.
+/// case exactly when their foldings are equal. The length in UTF-16 units stays, and so do
+/// unpaired surrogates.
 [[nodiscard]] std::u16string foldCase(std::u16string_view text);
 
 /// Whether the character is a letter or a decimal digit, of whatever script.

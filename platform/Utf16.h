@@ -24,14 +24,21 @@ namespace kvex {
     return first;
 }
 
-inline void appendCharacter(std::u16string &target, char32_t character) {
+/// Writes the character at `target`; gives the place behind it.
+constexpr char16_t *putCharacter(char16_t *target, char32_t character) noexcept {
     if (character < 0x10000) {
-        target.push_back(static_cast<char16_t>(character));
-        return;
+        *target++ = static_cast<char16_t>(character);
+    } else {
+        character -= 0x10000;
+        *target++ = static_cast<char16_t>(0xD800 + (character >> 10));
+        *target++ = static_cast<char16_t>(0xDC00 + (character & 0x3FF));
     }
-    character -= 0x10000;
-    target.push_back(static_cast<char16_t>(0xD800 + (character >> 10)));
-    target.push_back(static_cast<char16_t>(0xDC00 + (character & 0x3FF)));
+    return target;
+}
+
+inline void appendCharacter(std::u16string &target, char32_t character) {
+    char16_t units[2];
+    target.append(units, putCharacter(units, character));
 }
 
 } // namespace kvex

@@ -7,6 +7,8 @@
 #include "rules/RuleState.h"
 #include "rules/StoredMoment.h"
 
+#include <vector>
+
 namespace kvex {
 namespace {
 
@@ -25,9 +27,12 @@ std::u16string joinedList(std::u16string_view sub, std::u16string_view list,
         if (list.empty()) {
             return;
         }
+        const std::vector<std::u16string_view> items = split(list, u';');
+        result.reserve(list.size() + items.size() * separator.size());
         bool first = true;
-        for (const auto item : split(list, u';')) {
-            const std::u16string text(shown(item));
+        for (const auto item : items) {
+            // Before the separator: what fails leaves none behind.
+            const auto text = shown(item);
             result.append(first ? u"" : separator).append(text);
             first = false;
         }

@@ -3,8 +3,10 @@
 #include "rules/ParameterStrings.h"
 #include "rules/ParameterTags.h"
 
+#include <algorithm>
 #include <limits>
 #include <optional>
+#include <vector>
 
 namespace kvex {
 namespace {
@@ -22,20 +24,45 @@ std::int16_t position(std::size_t found, std::size_t beyond = 0) {
     return static_cast<std::int16_t>(found + 1 + beyond);
 }
 
-/// What stands between the tag's first opening and its first closing; none where it does not
-/// open.
-std::optional<std::u16string_view> contentOf(std::u16string_view field, const ParameterTag &tag) {
-    const std::size_t opening = field.find(tag.opening);
-    if (opening == npos) {
-        return std::nullopt;
+/// A parameter string with the places where a tag can begin: few, so that all tags are found on one
+/// way through the text.
+class TaggedText {
+public:
+    explicit TaggedText(std::u16string_view text) : text_(text) {
+        constexpr std::size_t usualCount = 24;
+        places_.reserve(usualCount);
+        for (std::size_t at = text.find(u'<'); at != npos; at = text.find(u'<', at + 1)) {
+            places_.push_back(at);
+        }
     }
-    const std::int16_t start = position(opening, tag.opening.size());
-    const std::int16_t end = position(field.find(tag.closing));
-    if (end < start) {
-        throw Error(error_number::invalidCall);
+
+    /// As std::u16string_view::find.
+    [[nodiscard]] std::size_t find(std::u16string_view tag) const {
+        const auto found = std::ranges::find_if(
+            places_, [&](std::size_t at) { return text_.substr(at, tag.size()) == tag; });
+        return found == places_.end() ? npos : *found;
     }
-    return field.substr(static_cast<std::size_t>(start - 1), static_cast<std::size_t>(end - start));
-}
+
+    /// What stands between the tag's first opening and its first closing; none where it does not
+    /// open.
+    [[nodiscard]] std::optional<std::u16string_view> contentOf(const ParameterTag &tag) const {
+        const std::size_t opening = find(tag.opening);
+        if (opening == npos) {
+            return std::nullopt;
+        }
+        const std::int16_t start = position(opening, tag.opening.size());
+        const std::int16_t end = position(find(tag.closing));
+        if (end < start) {
+            throw Error(error_number::invalidCall);
+        }
+        return text_.substr(static_cast<std::size_t>(start - 1),
+                            static_cast<std::size_t>(end - start));
+    }
+
+private:
+    std::u16string_view text_;
+    std::vector<std::size_t> places_;
+};
 
 std::int16_t flag(std::u16string_view head, std::u16string_view mark) {
     return head.find(mark) == npos ? 0 : 1;
@@ -81,12 +108,13 @@ std::u16string_view takePart(std::u16string_view &text) {
 } // namespace
 
 void readQueryParam(std::u16string_view queryParam, RuleState &rule) {
-    rule.blnAllMessages = queryParam.find(parameter_tag::allMessages) != npos;
+    const TaggedText text(queryParam);
+    rule.blnAllMessages = text.find(parameter_tag::allMessages) != npos;
     if (rule.blnAllMessages) {
         return;
     }
     const auto listOf = [&](const ParameterTag &tag) {
-        auto content = contentOf(queryParam, tag);
+        auto content = text.contentOf(tag);
         if (content) {
             content = withoutTrailingSeparator(*content);
         }
@@ -110,24 +138,25 @@ void readQueryParam(std::u16string_view queryParam, RuleState &rule) {
 }
 
 void readActionParam(std::u16string_view actionParam, RuleState &rule) {
-    if (const auto content = contentOf(actionParam, parameter_tag::distribute)) {
+    const TaggedText text(actionParam);
+    if (const auto content = text.contentOf(parameter_tag::distribute)) {
         rule.strDistribution = withoutTrailingSeparator(*content);
     }
-    if (const auto content = contentOf(actionParam, parameter_tag::reply)) {
+    if (const auto content = text.contentOf(parameter_tag::reply)) {
         auto rest = trimmed(*content);
         rule.strReplyText = withoutTrailingSeparator(takePart(rest));
         rule.strReplyAccount = withoutTrailingSeparator(rest);
     }
-    if (const auto content = contentOf(actionParam, parameter_tag::alert)) {
+    if (const auto content = text.contentOf(parameter_tag::alert)) {
         auto rest = trimmed(*content);
         rule.strAlertText = takePart(rest);
         rule.strAlertAccount = withoutTrailingSeparator(takePart(rest));
         rule.strAlertRecipients = withoutTrailingSeparator(rest);
     }
-    if (const auto content = contentOf(actionParam, parameter_tag::deleteIt)) {
+    if (const auto content = text.contentOf(parameter_tag::deleteIt)) {
         rule.varDelete = withoutTrailingSeparator(trimmed(*content));
     }
-    if (const auto content = contentOf(actionParam, parameter_tag::ignoreFurtherRules)) {
+    if (const auto content = text.contentOf(parameter_tag::ignoreFurtherRules)) {
         rule.strIgnoreFurtherRules = withoutTrailingSeparator(trimmed(*content));
     }
 }

@@ -6,6 +6,8 @@
 #include "rules/Lookups.h"
 #include "rules/RuleState.h"
 
+#include <vector>
+
 namespace kvex {
 namespace {
 
@@ -13,26 +15,20 @@ const std::u16string lineBreak = u"\r\n";
 
 class DescriptionWriter {
 public:
-    explicit DescriptionWriter(RichTextBox &target) : target_(target) {
-        target_.setText({});
-        target_.setSelectionColour(colour::black);
+    void write(const std::u16string &text, Colour shade = colour::black) {
+        runs_.push_back({text, shade});
     }
-
-    void write(const std::u16string &text) { target_.insertText(text); }
-
-    void write(const std::u16string &text, Colour shade) {
-        target_.setSelectionColour(shade);
-        target_.insertText(text);
-        target_.setSelectionColour(colour::black);
-    }
-
     void writeQuoted(const std::u16string &value) { write(u"'" + value + u"'", colour::blue); }
 
+    void writeRule(const RuleState &rule);
+
+    [[nodiscard]] const std::vector<TextRun> &runs() const { return runs_; }
+
+private:
     void writeConditions(const RuleState &rule);
     void writeActions(const RuleState &rule);
 
-private:
-    RichTextBox &target_;
+    std::vector<TextRun> runs_;
 };
 
 std::u16string notIf(std::int16_t negated) {
@@ -110,16 +106,26 @@ void DescriptionWriter::writeActions(const RuleState &rule) {
     }
 }
 
+void DescriptionWriter::writeRule(const RuleState &rule) {
+    write(rule.intRuleActive == 1 ? u"Apply this Rule after the message arrives"
+                                  : u"This Rule is disabled");
+    writeConditions(rule);
+    writeActions(rule);
+}
+
 } // namespace
 
 void BuildRuleDescription(RichTextBox &target) {
     trapErrors(u"BuildRuleDescription", u"General", [&] {
-        const RuleState &rule = ruleState();
-        DescriptionWriter writer(target);
-        writer.write(rule.intRuleActive == 1 ? u"Apply this Rule after the message arrives"
-                                             : u"This Rule is disabled");
-        writer.writeConditions(rule);
-        writer.writeActions(rule);
+        DescriptionWriter writer;
+        try {
+            writer.writeRule(ruleState());
+        } catch (...) {
+            // As far as it went.
+            target.setRuns(writer.runs());
+            throw;
+        }
+        target.setRuns(writer.runs());
     });
 }
 

@@ -129,6 +129,7 @@ void ListRows::setSubItem(int row, int index, const std::u16string &text) {
     requireColumnOf(index);
     Row &changed = at(row);
     if (changed.subItems.size() < static_cast<std::size_t>(index)) {
+        changed.subItems.reserve(columns_.size() - 1);
         changed.subItems.resize(static_cast<std::size_t>(index));
     }
     changed.subItems[static_cast<std::size_t>(index) - 1] = text;

@@ -11,8 +11,14 @@ void HeadlessRichTextBox::setText(const std::u16string &text) {
     replace(0, content().size(), controls::withCrLf(text));
 }
 
-void HeadlessRichTextBox::insertText(const std::u16string &text) {
-    replaceSelection(controls::withCrLf(text));
+void HeadlessRichTextBox::setRuns(const std::vector<TextRun> &runs) {
+    std::u16string whole;
+    coming_.clear();
+    for (const TextRun &run : runs) {
+        whole.append(controls::withCrLf(run.text));
+        coming_.resize(whole.size(), run.colour);
+    }
+    replace(0, content().size(), whole);
 }
 
 bool HeadlessRichTextBox::press(Key key) {
@@ -24,8 +30,11 @@ bool HeadlessRichTextBox::press(Key key) {
 }
 
 void HeadlessRichTextBox::replaced(std::size_t from, std::size_t length, std::size_t added) {
+    coming_.resize(added, colour::black);
     const auto at = colours_.begin() + static_cast<std::ptrdiff_t>(from);
-    colours_.insert(colours_.erase(at, at + static_cast<std::ptrdiff_t>(length)), added, inserted_);
+    colours_.insert(colours_.erase(at, at + static_cast<std::ptrdiff_t>(length)), coming_.begin(),
+                    coming_.end());
+    coming_.clear();
 }
 
 std::u16string HeadlessRichTextBox::pasteable(std::u16string_view text) const {

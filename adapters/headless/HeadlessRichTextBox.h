@@ -14,8 +14,7 @@ public:
     [[nodiscard]] std::u16string text() const override { return content(); }
     [[nodiscard]] std::vector<TextRun> runs() const override;
     void setText(const std::u16string &text) override;
-    void setSelectionColour(Colour colour) override { inserted_ = colour; }
-    void insertText(const std::u16string &text) override;
+    void setRuns(const std::vector<TextRun> &runs) override;
 
     bool press(Key key) override;
 
@@ -27,7 +26,8 @@ private:
 
     /// One for each unit of the text.
     std::vector<Colour> colours_;
-    Colour inserted_ = colour::black;
+    /// Of the text that is being set; what is typed is black.
+    std::vector<Colour> coming_;
 };
 
 } // namespace kvex::headless

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <charconv>
 #include <iterator>
+#include <optional>
 #include <string_view>
 
 namespace kvex::odbc {
@@ -68,10 +69,13 @@ BoundRow::Place BoundRow::placeFor(const ResultColumn &column) {
 BoundRow::BoundRow(const OdbcStatement &query, const std::vector<ResultColumn> &columns)
     : query_(query), isBound_(query.connection().readsBoundAgain()) {
     std::ranges::transform(columns, std::back_inserter(places_), &placeFor);
-    for (SQLUSMALLINT column = 1; isBound_ && column <= places_.size(); ++column) {
-        Place &place = places_[column - 1U];
-        query.check(SQLBindCol(query.handle(), column, place.type, place.data(), place.size(),
-                               &place.length));
+    SQLUSMALLINT column = 0;
+    for (Place &place : places_) {
+        ++column;
+        if (isBound_) {
+            query.check(SQLBindCol(query.handle(), column, place.type, place.data(), place.size(),
+                                   &place.length));
+        }
     }
 }
 
@@ -80,16 +84,13 @@ BoundRow::~BoundRow() {
 }
 
 void BoundRow::deliver(recordset::RowSink &sink) {
-    for (SQLUSMALLINT column = 1; column <= places_.size(); ++column) {
-        Place &place = places_[column - 1U];
+    SQLUSMALLINT column = 0;
+    for (Place &place : places_) {
+        ++column;
         if (place.kind == ValueKind::integer || place.kind == ValueKind::number) {
             deliverNumber(column, place, sink);
-        } else if (const auto read = text(column, place); !read) {
-            sink.null();
-        } else if (place.kind == ValueKind::decimal) {
-            deliverDecimal(*read, sink);
         } else {
-            sink.text(*read);
+            deliverText(column, place, sink);
         }
     }
 }
@@ -108,20 +109,27 @@ void BoundRow::deliverNumber(SQLUSMALLINT column, Place &place, recordset::RowSi
     }
 }
 
-std::optional<std::u16string_view> BoundRow::text(SQLUSMALLINT column, const Place &place) {
+void BoundRow::deliverText(SQLUSMALLINT column, const Place &place, recordset::RowSink &sink) {
     if (isBound_ && place.length == SQL_NULL_DATA) {
-        return std::nullopt;
+        return sink.null();
     }
-    // A place that is filled to its last characters may hold a part.
     const auto length = static_cast<std::size_t>(place.length);
-    if (!isBound_ || place.length < 0 || length > (place.text.size() - 2) * sizeof(char16_t)) {
-        return reader_.read(query_.statement(), column);
+    const bool isHeld = isBound_ && place.length >= 0 &&
+                        // Filled to its last characters it may hold a part.
+                        length <= (place.text.size() - 2) * sizeof(char16_t);
+    if (isHeld && place.kind == ValueKind::utf8) {
+        return sink.utf8({reinterpret_cast<const char *>(place.text.data()), length});
     }
-    if (place.kind == ValueKind::utf8) {
-        converted_ = fromUtf8({reinterpret_cast<const char *>(place.text.data()), length});
-        return converted_;
+    const std::optional<std::u16string_view> read =
+        isHeld ? std::u16string_view(place.text).substr(0, length / sizeof(char16_t))
+               : reader_.read(query_.statement(), column);
+    if (!read) {
+        sink.null();
+    } else if (place.kind == ValueKind::decimal) {
+        deliverDecimal(*read, sink);
+    } else {
+        sink.text(*read);
     }
-    return std::u16string_view(place.text).substr(0, length / sizeof(char16_t));
 }
 
 } // namespace kvex::odbc

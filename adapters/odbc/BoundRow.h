@@ -7,9 +7,7 @@
 #include "adapters/recordset/Driver.h"
 
 #include <cstdint>
-#include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace kvex::odbc {
@@ -45,14 +43,12 @@ private:
     static Place placeFor(const ResultColumn &column);
 
     void deliverNumber(SQLUSMALLINT column, Place &place, recordset::RowSink &sink);
-    /// Nothing for Null. The view is valid until the next call.
-    std::optional<std::u16string_view> text(SQLUSMALLINT column, const Place &place);
+    void deliverText(SQLUSMALLINT column, const Place &place, recordset::RowSink &sink);
 
     const OdbcStatement &query_;
     bool isBound_;
     std::vector<Place> places_;
     TextReader reader_;
-    std::u16string converted_;
 };
 
 } // namespace kvex::odbc

@@ -44,8 +44,7 @@ ValueKind kindOf(SQLLEN type, Utf8Texts utf8) {
 
 SQLLEN numberOf(const OdbcStatement &query, SQLUSMALLINT column, SQLUSMALLINT which) {
     SQLLEN number = 0;
-    query.check(
-        SQLColAttributeW(query.handle(), column, which, nullptr, 0, nullptr, &number));
+    query.check(SQLColAttributeW(query.handle(), column, which, nullptr, 0, nullptr, &number));
     return number;
 }
 

@@ -149,6 +149,11 @@ void ListTree::resizeEvent(QResizeEvent *event) {
     resized();
 }
 
+void ListTree::showEvent(QShowEvent *event) {
+    aboutToShow();
+    QTreeView::showEvent(event);
+}
+
 bool ListTree::isOnRow(const QMouseEvent &event) const {
     const QModelIndex index = indexAt(event.position().toPoint());
     return index.isValid() && index == pressed_;

@@ -19,6 +19,7 @@ public:
     std::function<void(int row)> rowTicked;
     std::function<void()> rowDoubleClicked;
     std::function<void()> resized;
+    std::function<void()> aboutToShow;
 
     /// The user's selection changed; the row's tick.
     void noteSelection();
@@ -37,6 +38,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     bool viewportEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     /// What the user did since the last time it was told.

@@ -36,6 +36,7 @@ QtListView::QtListView(const ControlDesign &design, const std::u16string &window
     tree.rowPicked = [this] { tellPicked(); };
     tree.rowDoubleClicked = [this] { run(onDoubleClick); };
     tree.resized = [this] { divideWidth(); };
+    tree.aboutToShow = [this] { settle(); };
     QObject::connect(tree.selectionModel(), &QItemSelectionModel::selectionChanged, &tree,
                      [this](const auto &selected, const auto &deselected) {
                          takeSelection(selected, deselected);
@@ -43,16 +44,27 @@ QtListView::QtListView(const ControlDesign &design, const std::u16string &window
 }
 
 void QtListView::aboutToInsertRow(int row) {
+    if (filling_) {
+        return;
+    }
     showing_ = true;
-    model_.aboutToInsertRow(row);
+    if (shown().isVisible()) {
+        model_.aboutToInsertRow(row);
+    } else {
+        filling_ = true;
+        model_.aboutToReset();
+    }
 }
 
 void QtListView::rowInserted() {
-    model_.rowInserted();
-    showing_ = false;
+    if (!filling_) {
+        model_.rowInserted();
+        showing_ = false;
+    }
 }
 
 void QtListView::aboutToRemoveRow(int row) {
+    settle();
     showing_ = true;
     model_.aboutToRemoveRow(row);
 }
@@ -63,17 +75,23 @@ void QtListView::rowRemoved() {
 }
 
 void QtListView::aboutToReorder() {
+    if (filling_) {
+        return;
+    }
     showing_ = true;
     shown().selectionModel()->clear();
     model_.aboutToReorder();
 }
 
 void QtListView::reordered() {
-    model_.reordered();
-    showSelection();
+    if (!filling_) {
+        model_.reordered();
+        showSelection();
+    }
 }
 
 void QtListView::aboutToReset() {
+    settle();
     showing_ = true;
     model_.aboutToReset();
 }
@@ -84,15 +102,31 @@ void QtListView::reset() {
     showSelection();
 }
 
+void QtListView::rowChanged(int row) {
+    if (!filling_) {
+        model_.rowChanged(row);
+    }
+}
+
 void QtListView::rowSelectedByCode(int row) {
+    settle();
     if (!taking_) {
         shown().scrollTo(model_.index(row - 1, 0));
     }
 }
 
+/// Shows the rows that came before the view was shown.
+void QtListView::settle() {
+    if (filling_) {
+        filling_ = false;
+        model_.reset();
+        showSelection();
+    }
+}
+
 /// Makes the view show the rows' selection.
 void QtListView::showSelection() {
-    if (taking_) {
+    if (taking_ || filling_) {
         return;
     }
     showing_ = true;

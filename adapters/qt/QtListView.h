@@ -27,11 +27,12 @@ private:
     void reordered() override;
     void aboutToReset() override;
     void reset() override;
-    void rowChanged(int row) override { model_.rowChanged(row); }
+    void rowChanged(int row) override;
     void columnIconChanged(int column) override { model_.columnIconChanged(column); }
     void selectionChanged() override { showSelection(); }
     void rowSelectedByCode(int row) override;
 
+    void settle();
     void showSelection();
     void takeSelection(const QItemSelection &selected, const QItemSelection &deselected);
     void tellPicked();
@@ -39,6 +40,8 @@ private:
     void divideWidth();
 
     ListModel model_;
+    /// Rows come before the view is shown: it learns of them all at once, when it is to show them.
+    bool filling_ = false;
     /// The view's selection is made to follow the rows', not the other way round.
     bool showing_ = false;
     /// The rows' selection is made to follow the view's.

@@ -19,8 +19,8 @@ void QtRichTextBox::setText(const std::u16string &text) {
     shown().setContent(text);
 }
 
-void QtRichTextBox::insertText(const std::u16string &text) {
-    shown().insert(text, colour_);
+void QtRichTextBox::setRuns(const std::vector<TextRun> &runs) {
+    shown().setContent(runs);
 }
 
 void QtRichTextBox::textMayHaveChanged() {

@@ -14,13 +14,11 @@ public:
     [[nodiscard]] std::u16string text() const override { return shown().content(); }
     [[nodiscard]] std::vector<TextRun> runs() const override { return shown().runs(); }
     void setText(const std::u16string &text) override;
-    void setSelectionColour(Colour colour) override { colour_ = colour; }
-    void insertText(const std::u16string &text) override;
+    void setRuns(const std::vector<TextRun> &runs) override;
 
 private:
     void textMayHaveChanged();
 
-    Colour colour_ = colour::black;
     /// What the last change event told of.
     std::u16string told_;
 };

@@ -75,22 +75,25 @@ void TextView::setContent(const std::u16string &text) {
     // Else the text would come in the colour of what it replaces.
     setCurrentCharFormat({});
     setPlainText(toQt(text));
-    moveCursor(isReadOnly() ? QTextCursor::Start : QTextCursor::End);
+    placeCaret();
 }
 
-void TextView::insert(const std::u16string &text, Colour colour) {
-    if (isReadOnly()) {
-        // What is only read is read from its beginning: the view stays there.
-        QTextCursor end(document());
-        end.movePosition(QTextCursor::End);
-        end.insertText(toQt(text), formatFor(colour, palette()));
-        moveCursor(QTextCursor::Start);
-        return;
+void TextView::setContent(const std::vector<TextRun> &runs) {
+    QTextCursor cursor(document());
+    // One change: the text is laid out once.
+    cursor.beginEditBlock();
+    cursor.select(QTextCursor::Document);
+    cursor.removeSelectedText();
+    for (const TextRun &run : runs) {
+        cursor.insertText(toQt(run.text), formatFor(run.colour, palette()));
     }
-    QTextCursor caret = textCursor();
-    caret.clearSelection();
-    caret.insertText(toQt(text), formatFor(colour, palette()));
-    setTextCursor(caret);
+    cursor.endEditBlock();
+    placeCaret();
+}
+
+/// What is only read is read from its beginning: the view stays there.
+void TextView::placeCaret() {
+    moveCursor(isReadOnly() ? QTextCursor::Start : QTextCursor::End);
 }
 
 QSize TextView::sizeHint() const {

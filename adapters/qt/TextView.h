@@ -17,7 +17,7 @@ public:
     /// In the colours that were asked for.
     [[nodiscard]] std::vector<TextRun> runs() const;
     void setContent(const std::u16string &text);
-    void insert(const std::u16string &text, Colour colour);
+    void setContent(const std::vector<TextRun> &runs);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -28,6 +28,7 @@ protected:
 
 private:
     [[nodiscard]] QSize roomFor(int lines) const;
+    void placeCaret();
     void adaptColours();
 
     int columns_;

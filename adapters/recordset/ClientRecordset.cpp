@@ -38,13 +38,13 @@ void requireMet(bool met) {
     throw Error(error.number(), outcome + u". " + error.description(), error.source());
 }
 
-/// Runs a call that writes; `outcome` is what holds when the database refuses it.
-template <class Call> auto writing(const std::u16string &outcome, const Call &call) {
+/// Runs a call that writes; `outcome` gives what holds when the database refuses it.
+template <class Outcome, class Call> auto writing(const Outcome &outcome, const Call &call) {
     try {
         return call();
     } catch (const Error &error) {
         refuse(error,
-               error.number() == connectionLost ? outcome + u", as far as is known" : outcome);
+               error.number() == connectionLost ? outcome() + u", as far as is known" : outcome());
     }
 }
 
@@ -80,7 +80,8 @@ void ClientRecordset::open(std::u16string_view source, Connection &connection,
                            .driver = std::move(driver),
                            .source = query.text,
                            .lock = lock,
-                           .changes = {}});
+                           .changes = {},
+                           .base = {}});
 }
 
 ObjectState ClientRecordset::state() const {
@@ -173,7 +174,7 @@ void ClientRecordset::resyncCurrent() {
     Opened &open = opened();
     open.requireRow();
     const std::shared_ptr<Driver> driver = open.connected();
-    const BaseTable table = open.table(*driver);
+    const BaseTable &table = open.table(*driver);
     std::vector<std::size_t> columns;
     std::vector<std::u16string_view> names;
     for (std::size_t column = 0; column < open.cursor.columns().size(); ++column) {
@@ -225,17 +226,17 @@ std::shared_ptr<Driver> ClientRecordset::Opened::connected() const {
     return connected;
 }
 
-BaseTable ClientRecordset::Opened::table(Driver &database) {
-    if (!described) {
+const BaseTable &ClientRecordset::Opened::table(Driver &database) {
+    if (!base) {
         std::vector<Column> columns = cursor.columns();
         database.describe(source, columns);
         cursor.setColumns(std::move(columns));
-        described = true;
+        base = BaseTable::of(cursor.columns());
     }
-    return BaseTable::of(cursor.columns());
+    return *base;
 }
 
-BaseTable ClientRecordset::Opened::writable(Driver &database) {
+const BaseTable &ClientRecordset::Opened::writable(Driver &database) {
     if (lock == LockType::readOnly) {
         throw Error(error_number::badArgument,
                     u"The record set was opened for reading only: open it with another lock.");
@@ -295,15 +296,15 @@ std::vector<Assignment> ClientRecordset::Opened::known() const {
 
 void ClientRecordset::Opened::insert() {
     const std::shared_ptr<Driver> database = connected();
-    const BaseTable table = writable(*database);
+    const BaseTable &table = writable(*database);
     std::vector<std::u16string_view> keyColumns;
     for (const std::size_t column : table.key) {
         keyColumns.push_back(cursor.columns()[column].baseColumn);
     }
     const std::vector<Assignment> values = assignments();
-    const std::vector<Value> key = writing(u"The new record was not stored", [&] {
-        return database->insert(table.name, values, keyColumns);
-    });
+    const std::vector<Value> key =
+        writing([] { return std::u16string(u"The new record was not stored"); },
+                [&] { return database->insert(table.name, values, keyColumns); });
     cursor.append();
     holdChanges();
     for (std::size_t i = 0; i < key.size(); ++i) {
@@ -313,13 +314,14 @@ void ClientRecordset::Opened::insert() {
 
 void ClientRecordset::Opened::write() {
     const std::shared_ptr<Driver> database = connected();
-    const BaseTable table = writable(*database);
+    const BaseTable &table = writable(*database);
     const std::vector<Assignment> values = assignments();
     std::vector<Assignment> read;
     for (const auto &change : changes) {
         read.push_back({cursor.columns()[change.first].baseColumn, cursor.value(change.first)});
     }
-    writing(u"The change of " + nameOf(table) + u" was not stored", [&] {
+    const auto outcome = [&] { return u"The change of " + nameOf(table) + u" was not stored"; };
+    writing(outcome, [&] {
         requireMet(database->execute(updateRow(*database, table.name, values, keyOf(table), read)) >
                    0);
     });
@@ -328,8 +330,9 @@ void ClientRecordset::Opened::write() {
 
 void ClientRecordset::Opened::remove() {
     const std::shared_ptr<Driver> database = connected();
-    const BaseTable table = writable(*database);
-    writing(u"The removal of " + nameOf(table) + u" was not stored", [&] {
+    const BaseTable &table = writable(*database);
+    const auto outcome = [&] { return u"The removal of " + nameOf(table) + u" was not stored"; };
+    writing(outcome, [&] {
         requireMet(database->execute(deleteRow(*database, table.name, keyOf(table), known())) > 0);
     });
     discardPending();

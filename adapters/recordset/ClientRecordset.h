@@ -51,8 +51,8 @@ private:
         std::map<std::size_t, Value> changes;
         /// They are those of a new record; the cursor stays where it was before.
         bool isNew = false;
-        /// The driver has said where the columns come from.
-        bool described = false;
+        /// The table of the rows, once the driver has said where the columns come from.
+        std::optional<BaseTable> base;
 
         void discardPending();
         /// Fails with noCurrentRecord unless a row of the table is the current record.
@@ -60,9 +60,9 @@ private:
         /// Fails with objectClosed when the connection has closed.
         [[nodiscard]] std::shared_ptr<Driver> connected() const;
         /// The table of the rows. Fails with badArgument when there is none.
-        [[nodiscard]] BaseTable table(Driver &database);
+        [[nodiscard]] const BaseTable &table(Driver &database);
         /// Fails with badArgument when the rows cannot be written.
-        [[nodiscard]] BaseTable writable(Driver &database);
+        [[nodiscard]] const BaseTable &writable(Driver &database);
         [[nodiscard]] RowKey keyOf(const BaseTable &table) const;
         /// The current row, for the user: "record ID 3".
         [[nodiscard]] std::u16string nameOf(const BaseTable &table) const;

@@ -35,6 +35,8 @@ public:
     virtual void number(double number) = 0;
     /// Copies `text`.
     virtual void text(std::u16string_view text) = 0;
+    /// The same text in UTF-8, read as fromUtf8 does.
+    virtual void utf8(std::string_view text) = 0;
 
 protected:
     ~RowSink() = default;

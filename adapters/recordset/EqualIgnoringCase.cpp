@@ -2,8 +2,6 @@
 
 #include "platform/Unicode.h"
 
-#include <algorithm>
-
 namespace kvex::recordset {
 namespace {
 
@@ -16,9 +14,12 @@ char16_t asciiLower(char16_t unit) {
 } // namespace
 
 bool equalIgnoringCase(std::u16string_view left, std::u16string_view right) {
+    // A folding is as long as its text: most texts differ in that already.
+    if (left.size() != right.size()) {
+        return false;
+    }
     // Folding goes character by character, so the first two ASCII characters that differ decide.
-    const std::size_t common = std::min(left.size(), right.size());
-    for (std::size_t i = 0; i < common; ++i) {
+    for (std::size_t i = 0; i < left.size(); ++i) {
         if (left[i] >= asciiEnd || right[i] >= asciiEnd) {
             return foldCase(left.substr(i)) == foldCase(right.substr(i));
         }
@@ -26,7 +27,7 @@ bool equalIgnoringCase(std::u16string_view left, std::u16string_view right) {
             return false;
         }
     }
-    return left.size() == right.size();
+    return true;
 }
 
 } // namespace kvex::recordset

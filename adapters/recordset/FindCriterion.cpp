@@ -6,6 +6,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <optional>
 #include <string>
 #include <type_traits>
 
@@ -32,16 +33,24 @@ std::u16string_view quotedText(std::u16string_view operand, std::u16string_view 
     return text;
 }
 
+std::optional<std::int64_t> wholeNumber(std::u16string_view operand) {
+    const std::string digits = toUtf8(operand);
+    std::int64_t whole = 0;
+    const char *end = digits.data() + digits.size();
+    const auto read = std::from_chars(digits.data(), end, whole);
+    return read.ec == std::errc() && read.ptr == end ? std::optional(whole) : std::nullopt;
+}
+
 FindCriterion::Wanted number(std::u16string_view operand, std::u16string_view criterion) {
+    // Ids are nothing else, and are searched most.
+    if (const auto whole = wholeNumber(operand)) {
+        return *whole;
+    }
     if (!isNumeric(operand)) {
         refuse(criterion);
     }
-    const std::string digits = toUtf8(operand.front() == u'+' ? operand.substr(1) : operand);
-    std::int64_t whole = 0;
-    const char *end = digits.data() + digits.size();
-    if (const auto read = std::from_chars(digits.data(), end, whole);
-        read.ec == std::errc() && read.ptr == end) {
-        return whole;
+    if (operand.front() == u'+') {
+        return number(operand.substr(1), criterion);
     }
     const double value = toDouble(operand);
     constexpr double integersEnd = 0x1p63;

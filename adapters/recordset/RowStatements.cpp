@@ -6,30 +6,34 @@ namespace {
 /// The texts one behind the other.
 template <class... Texts> std::u16string joined(const Texts &...texts) {
     std::u16string text;
+    text.reserve((std::u16string_view(texts).size() + ...));
     (text.append(texts), ...);
     return text;
 }
 
-void append(Statement &statement, std::u16string_view separator, std::u16string_view text,
-            const ValueView &parameter) {
-    statement.text.append(separator).append(text);
-    statement.parameters.push_back(parameter);
+/// "`separator`COLUMN = ?"
+void appendEqual(Statement &statement, std::u16string_view separator,
+                 const Assignment &assignment) {
+    statement.text.append(separator).append(assignment.column).append(u" = ?");
+    statement.parameters.push_back(assignment.value);
 }
 
 void appendKey(Statement &statement, const RowKey &key) {
     std::u16string_view separator = u" WHERE ";
     for (const Assignment &part : key) {
-        append(statement, separator, joined(part.column, u" = ?"), part.value);
+        appendEqual(statement, separator, part);
         separator = u" AND ";
     }
 }
 
 void appendRead(Statement &statement, const Driver &driver, const std::vector<Assignment> &read) {
     for (const Assignment &held : read) {
+        statement.text.append(u" AND ");
         if (held.value.isNull()) {
-            statement.text.append(u" AND ").append(held.column).append(u" IS NULL");
+            statement.text.append(held.column).append(u" IS NULL");
         } else {
-            append(statement, u" AND ", driver.stillHolds(held.column, held.value), held.value);
+            statement.text.append(driver.stillHolds(held.column, held.value));
+            statement.parameters.push_back(held.value);
         }
     }
 }
@@ -57,7 +61,7 @@ Statement updateRow(const Driver &driver, std::u16string_view table,
     Statement statement{joined(u"UPDATE ", table), {}};
     std::u16string_view separator = u" SET ";
     for (const Assignment &change : changes) {
-        append(statement, separator, joined(change.column, u" = ?"), change.value);
+        appendEqual(statement, separator, change);
         separator = u", ";
     }
     appendKey(statement, key);

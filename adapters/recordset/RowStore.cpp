@@ -1,5 +1,7 @@
 #include "adapters/recordset/RowStore.h"
 
+#include "platform/Text.h"
+
 #include <algorithm>
 #include <variant>
 
@@ -25,24 +27,51 @@ RowStore::Cell RowStore::cellOf(double number) {
 }
 
 RowStore::Cell RowStore::cellOf(std::u16string_view text) {
-    if (text.size() > freeLength_) {
-        const std::size_t length = std::max(text.size(), chunkLength);
-        chunks_.push_back(std::make_unique_for_overwrite<char16_t[]>(length));
+    provide(text.size());
+    return takeText(std::ranges::copy(text, free_).out);
+}
+
+void RowStore::utf8(std::string_view text) {
+    provide((text.size() + 1) / 2);
+    Cell &cell = cells_.emplace_back();
+    cell.kind = Kind::utf8;
+    cell.length = static_cast<std::uint32_t>(text.size());
+    auto *const bytes = reinterpret_cast<char *>(free_);
+    std::ranges::copy(text, bytes);
+    cell.utf8 = bytes;
+    free_ += (text.size() + 1) / 2;
+    freeLength_ -= (text.size() + 1) / 2;
+}
+
+RowStore::Cell RowStore::fromUtf8(const Cell &cell) const {
+    // No text has more units than bytes.
+    provide(cell.length);
+    return takeText(kvex::fromUtf8({cell.utf8, cell.length}, free_));
+}
+
+void RowStore::provide(std::size_t length) const {
+    if (length > freeLength_) {
+        freeLength_ = std::max(length, chunkLength);
+        chunks_.push_back(std::make_unique_for_overwrite<char16_t[]>(freeLength_));
         free_ = chunks_.back().get();
-        freeLength_ = length;
     }
+}
+
+RowStore::Cell RowStore::takeText(const char16_t *end) const {
     Cell cell;
     cell.kind = Kind::text;
-    cell.length = static_cast<std::uint32_t>(text.size());
+    cell.length = static_cast<std::uint32_t>(end - free_);
     cell.text = free_;
-    std::ranges::copy(text, free_);
-    free_ += text.size();
-    freeLength_ -= text.size();
+    free_ += cell.length;
+    freeLength_ -= cell.length;
     return cell;
 }
 
 ValueView RowStore::value(std::size_t row, std::size_t column) const {
-    const Cell &cell = cells_[row * columns_.size() + column];
+    Cell &cell = cells_[row * columns_.size() + column];
+    if (cell.kind == Kind::utf8) {
+        cell = fromUtf8(cell);
+    }
     switch (cell.kind) {
     case Kind::integer:
         return ValueView(cell.integer);
@@ -51,6 +80,7 @@ ValueView RowStore::value(std::size_t row, std::size_t column) const {
     case Kind::text:
         return ValueView(std::u16string_view(cell.text, cell.length));
     case Kind::null:
+    case Kind::utf8:
     case Kind::unknown:
         break;
     }

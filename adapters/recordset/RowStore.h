@@ -4,6 +4,7 @@
 #include "adapters/recordset/Driver.h"
 
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -11,7 +12,8 @@
 namespace kvex::recordset {
 
 /// A value takes 16 bytes; texts lie one behind the other in chunks. A text stays where it is,
-/// replaced ones too, until the store goes.
+/// replaced ones too, until the store goes. One that came as UTF-8 is kept so until it is asked
+/// for, as most never are. For one thread.
 class RowStore final : public RowSink {
 public:
     void columns(std::vector<Column> columns) override { columns_ = std::move(columns); }
@@ -19,6 +21,7 @@ public:
     void integer(std::int64_t number) override { cells_.push_back(cellOf(number)); }
     void number(double number) override { cells_.push_back(cellOf(number)); }
     void text(std::u16string_view text) override { cells_.push_back(cellOf(text)); }
+    void utf8(std::string_view text) override;
 
     [[nodiscard]] const std::vector<Column> &columns() const noexcept { return columns_; }
     [[nodiscard]] std::size_t rowCount() const noexcept {
@@ -34,7 +37,7 @@ public:
     void appendRow() { cells_.resize(cells_.size() + columns_.size(), unknownCell()); }
 
 private:
-    enum class Kind : std::uint32_t { null, integer, number, text, unknown };
+    enum class Kind : std::uint32_t { null, integer, number, text, utf8, unknown };
     struct Cell {
         Kind kind = Kind::null;
         std::uint32_t length = 0;
@@ -42,6 +45,7 @@ private:
             std::int64_t integer = 0;
             double number;
             const char16_t *text;
+            const char *utf8;
         };
     };
     static_assert(sizeof(Cell) == 16);
@@ -55,12 +59,18 @@ private:
     static Cell cellOf(std::int64_t number);
     static Cell cellOf(double number);
     Cell cellOf(std::u16string_view text);
+    [[nodiscard]] Cell fromUtf8(const Cell &cell) const;
+    /// Room for a text of that length at `free_`.
+    void provide(std::size_t length) const;
+    /// The text that was written there.
+    [[nodiscard]] Cell takeText(const char16_t *end) const;
 
     std::vector<Column> columns_;
-    std::vector<Cell> cells_;
-    std::vector<std::unique_ptr<char16_t[]>> chunks_;
-    char16_t *free_ = nullptr;
-    std::size_t freeLength_ = 0;
+    // What a text that is asked for changes.
+    mutable std::deque<Cell> cells_;
+    mutable std::vector<std::unique_ptr<char16_t[]>> chunks_;
+    mutable char16_t *free_ = nullptr;
+    mutable std::size_t freeLength_ = 0;
 };
 
 } // namespace kvex::recordset

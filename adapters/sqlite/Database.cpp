@@ -91,7 +91,9 @@ void Database::requireInPlace() const {
 
 void Database::open(const std::string &path, int flags) {
     sqlite3 *opened = nullptr;
-    const int code = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
+    // One thread at a time uses it: no call, of which there are several for each value, needs a
+    // lock.
+    const int code = sqlite3_open_v2(path.c_str(), &opened, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     handle_.reset(opened);
     if (code != SQLITE_OK) {
         throw errorOf(code, name_, fromUtf8(sqlite3_errstr(code)));

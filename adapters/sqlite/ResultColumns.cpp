@@ -25,44 +25,61 @@ std::u16string textOf(const char *utf8) {
     return utf8 ? fromUtf8(utf8) : std::u16string();
 }
 
-using KeyColumns = std::vector<std::u16string>;
+/// As a statement must write it.
+std::u16string tableOf(sqlite3_stmt *query, int column) {
+    const std::u16string table = textOf(sqlite3_column_table_name(query, column));
+    return table.empty()
+               ? table
+               : quoted(textOf(sqlite3_column_database_name(query, column))) + u'.' + quoted(table);
+}
 
-KeyColumns keyColumns(const Database &database, const std::u16string &schema,
-                      const std::u16string &table) {
+std::u16string baseColumnOf(sqlite3_stmt *query, int column) {
+    const std::u16string origin = textOf(sqlite3_column_origin_name(query, column));
+    return origin.empty() ? origin : quoted(origin);
+}
+
+/// Of the table that the query's column comes from.
+std::vector<std::u16string> keyColumns(const Database &database, sqlite3_stmt *query, int column) {
+    const std::u16string table = textOf(sqlite3_column_table_name(query, column));
+    const std::u16string schema = textOf(sqlite3_column_database_name(query, column));
     SqliteStatement columns(database, u"SELECT name FROM pragma_table_info(?, ?) WHERE pk > 0");
     columns.bind({ValueView(table), ValueView(schema)});
-    KeyColumns key;
+    std::vector<std::u16string> key;
     while (columns.step()) {
-        key.push_back(columns.text(0));
+        key.push_back(quoted(columns.text(0)));
     }
     return key;
 }
 
 } // namespace
 
-std::vector<recordset::Column> resultColumns(const Database &database,
-                                             const SqliteStatement &query) {
-    std::map<std::u16string, KeyColumns> keys;
+std::vector<recordset::Column> resultColumns(const SqliteStatement &query) {
     std::vector<recordset::Column> columns;
-    sqlite3_stmt *statement = query.handle();
-    for (int i = 0; i < sqlite3_column_count(statement); ++i) {
-        recordset::Column column;
-        column.name = textOf(sqlite3_column_name(statement, i));
-        const std::u16string table = textOf(sqlite3_column_table_name(statement, i));
-        if (!table.empty()) {
-            const std::u16string schema = textOf(sqlite3_column_database_name(statement, i));
-            const std::u16string origin = textOf(sqlite3_column_origin_name(statement, i));
-            column.table = quoted(schema) + u'.' + quoted(table);
-            column.baseColumn = quoted(origin);
-            if (!keys.contains(column.table)) {
-                keys.emplace(column.table, keyColumns(database, schema, table));
-            }
-            const KeyColumns &key = keys.at(column.table);
-            column.keyParts = std::ranges::count(key, origin) > 0 ? key.size() : 0;
-        }
-        columns.push_back(std::move(column));
+    for (int i = 0; i < sqlite3_column_count(query.handle()); ++i) {
+        columns.push_back({.name = textOf(sqlite3_column_name(query.handle(), i)),
+                           .table = tableOf(query.handle(), i),
+                           .baseColumn = baseColumnOf(query.handle(), i)});
     }
     return columns;
+}
+
+void describeKeys(const Database &database, const SqliteStatement &query,
+                  std::vector<recordset::Column> &columns) {
+    std::map<std::u16string, std::vector<std::u16string>> keys;
+    const auto count = static_cast<std::size_t>(sqlite3_column_count(query.handle()));
+    for (std::size_t i = 0; i < std::min(count, columns.size()); ++i) {
+        recordset::Column &column = columns[i];
+        const auto position = static_cast<int>(i);
+        if (column.table.empty() || column.table != tableOf(query.handle(), position) ||
+            column.baseColumn != baseColumnOf(query.handle(), position)) {
+            continue;
+        }
+        if (!keys.contains(column.table)) {
+            keys.emplace(column.table, keyColumns(database, query.handle(), position));
+        }
+        const std::vector<std::u16string> &key = keys.at(column.table);
+        column.keyParts = std::ranges::count(key, column.baseColumn) > 0 ? key.size() : 0;
+    }
 }
 
 } // namespace kvex::sqlite

@@ -3,7 +3,6 @@
 #include "adapters/recordset/RowStatements.h"
 #include "adapters/recordset/RowStore.h"
 #include "adapters/sqlite/ResultColumns.h"
-#include "adapters/sqlite/SqliteStatement.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
 
@@ -14,34 +13,12 @@
 namespace kvex::sqlite {
 namespace {
 
-/// Hands UTF-8 on as UTF-16. Most texts are ASCII, for which one buffer serves all.
-class Utf16Converter {
-public:
-    void deliver(std::string_view utf8, recordset::RowSink &sink) {
-        ascii_.resize(utf8.size());
-        unsigned char seen = 0;
-        for (std::size_t i = 0; i < utf8.size(); ++i) {
-            const auto byte = static_cast<unsigned char>(utf8[i]);
-            seen = static_cast<unsigned char>(seen | byte);
-            ascii_[i] = byte;
-        }
-        if (seen < 0x80) {
-            sink.text(ascii_);
-        } else {
-            sink.text(fromUtf8(utf8));
-        }
-    }
-
-private:
-    std::u16string ascii_;
-};
-
 std::string_view bytesOf(const void *data, sqlite3_stmt *row, int column) {
     return {static_cast<const char *>(data),
             static_cast<std::size_t>(sqlite3_column_bytes(row, column))};
 }
 
-void deliver(sqlite3_stmt *row, int column, Utf16Converter &converter, recordset::RowSink &sink) {
+void deliver(sqlite3_stmt *row, int column, recordset::RowSink &sink) {
     switch (sqlite3_column_type(row, column)) {
     case SQLITE_INTEGER:
         sink.integer(sqlite3_column_int64(row, column));
@@ -50,10 +27,10 @@ void deliver(sqlite3_stmt *row, int column, Utf16Converter &converter, recordset
         sink.number(sqlite3_column_double(row, column));
         break;
     case SQLITE_TEXT:
-        converter.deliver(bytesOf(sqlite3_column_text(row, column), row, column), sink);
+        sink.utf8(bytesOf(sqlite3_column_text(row, column), row, column));
         break;
     case SQLITE_BLOB:
-        converter.deliver(bytesOf(sqlite3_column_blob(row, column), row, column), sink);
+        sink.utf8(bytesOf(sqlite3_column_blob(row, column), row, column));
         break;
     default:
         sink.null();
@@ -71,22 +48,41 @@ void SqliteDriver::query(const recordset::Statement &statement, recordset::RowSi
     query.bind(statement.parameters);
     // The columns are those of the schema that the first step finds.
     bool row = query.step();
-    sink.columns(resultColumns(database_, query));
+    sink.columns(resultColumns(query));
     const int count = sqlite3_column_count(query.handle());
-    for (Utf16Converter converter; row; row = query.step()) {
+    for (; row; row = query.step()) {
         for (int column = 0; column < count; ++column) {
-            deliver(query.handle(), column, converter, sink);
+            deliver(query.handle(), column, sink);
         }
     }
 }
 
+void SqliteDriver::describe(const std::u16string &query, std::vector<recordset::Column> &columns) {
+    describeKeys(database_, SqliteStatement(database_, query), columns);
+}
+
 std::int64_t SqliteDriver::execute(const recordset::Statement &statement) {
     database_.requireInPlace();
-    SqliteStatement command(database_, statement.text);
-    command.bind(statement.parameters);
-    while (command.step()) {
+    SqliteStatement &run = command(statement.text);
+    run.bind(statement.parameters);
+    try {
+        while (run.step()) {
+        }
+    } catch (...) {
+        command_.reset();
+        throw;
     }
+    run.reset();
     return sqlite3_changes64(database_.handle());
+}
+
+SqliteStatement &SqliteDriver::command(const std::u16string &text) {
+    if (!command_ || commandText_ != text) {
+        command_.reset();
+        command_.emplace(database_, text);
+        commandText_ = text;
+    }
+    return *command_;
 }
 
 std::vector<Value> SqliteDriver::insert(std::u16string_view table,

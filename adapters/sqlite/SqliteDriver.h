@@ -3,6 +3,9 @@
 
 #include "adapters/recordset/Driver.h"
 #include "adapters/sqlite/Database.h"
+#include "adapters/sqlite/SqliteStatement.h"
+
+#include <optional>
 
 namespace kvex::sqlite {
 
@@ -11,6 +14,7 @@ public:
     explicit SqliteDriver(Database database) : database_(std::move(database)) {}
 
     void query(const recordset::Statement &statement, recordset::RowSink &sink) override;
+    void describe(const std::u16string &query, std::vector<recordset::Column> &columns) override;
     std::int64_t execute(const recordset::Statement &statement) override;
     std::vector<Value> insert(std::u16string_view table,
                               const std::vector<recordset::Assignment> &values,
@@ -24,7 +28,13 @@ public:
     void rollback() noexcept override;
 
 private:
+    /// The statement of this text, kept from the last time where it is the same.
+    SqliteStatement &command(const std::u16string &text);
+
     Database database_;
+    /// What execute ran last: one change after the other has the same text.
+    std::u16string commandText_;
+    std::optional<SqliteStatement> command_;
 };
 
 } // namespace kvex::sqlite

@@ -65,6 +65,10 @@ bool SqliteStatement::step() {
     }
 }
 
+void SqliteStatement::reset() noexcept {
+    sqlite3_reset(handle());
+}
+
 std::u16string SqliteStatement::text(int column) const {
     const auto *utf8 = reinterpret_cast<const char *>(sqlite3_column_text(handle(), column));
     return utf8 ? fromUtf8(utf8) : std::u16string();

@@ -22,6 +22,8 @@ public:
     void bind(const std::vector<ValueView> &parameters);
     /// Goes to the next row; false when there is none, and the statement has ended.
     bool step();
+    /// Ends it; it can be bound and run anew.
+    void reset() noexcept;
     /// The row's column as text, "" for Null.
     [[nodiscard]] std::u16string text(int column) const;
     [[nodiscard]] sqlite3_stmt *handle() const noexcept { return handle_.get(); }

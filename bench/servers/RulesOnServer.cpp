@@ -3,73 +3,86 @@
 #include "adapters/odbc/Provider.h"
 #include "adapters/recordset/ClientConnection.h"
 #include "adapters/recordset/Schema.h"
-#include "bench/servers/SampleRules.h"
+#include "bench/support/RuleSet.h"
 #include "platform/Text.h"
 
-#include <algorithm>
 #include <map>
 #include <utility>
 
 namespace kvex::bench {
 namespace {
 
-void createTables(const std::string &connectionString) {
-    recordset::ClientConnection connection({odbc::provider()});
-    static_cast<Connection &>(connection).open(fromUtf8(connectionString));
-    recordset::createSchema(connection);
+std::string literal(std::u16string_view text) {
+    return " '" + toUtf8(text) + "',";
 }
 
-void addRules(test::DatabaseServer &server, const std::string &database, std::int64_t count) {
-    constexpr std::int64_t atOnce = 500;
-    for (std::int64_t first = 1; first <= count; first += atOnce) {
-        std::string statement =
-            "INSERT INTO SMS_RULES (Name, QueryParam, ActionParam, PRIORITY) VALUES ";
-        for (std::int64_t number = first; number < std::min(first + atOnce, count + 1); ++number) {
-            const SampleRule rule = sampleRule(number);
-            statement += number > first ? ", ('" : "('";
-            statement += rule.name + "', '" + rule.queryParam + "', '" + rule.actionParam + "', " +
-                         std::to_string(number) + ")";
-        }
-        server.run(database, statement);
-    }
-}
-
-void addOthers(test::DatabaseServer &server, const std::string &database) {
-    for (int i = 1; i <= 20; ++i) {
-        const std::string number = std::to_string(i);
-        server.run(database, "INSERT INTO SMS_USERS (NAME) VALUES ('User " + number +
-                                 "');"
-                                 "INSERT INTO SMS_ACCOUNT (NAME, BIND_MODE) VALUES ('Account " +
-                                 number +
-                                 "', 'TRANSCEIVER');"
-                                 "INSERT INTO SMS_SERVICE (NAME) VALUES ('Service " +
-                                 number +
-                                 "');"
-                                 "INSERT INTO SMS_SERVICECOMMANDS (SERVICE_ID, NAME) VALUES (" +
-                                 number + ", 'COMMAND" + number + "')");
-    }
+std::string valueOfKey(std::u16string_view connectionString, std::u16string_view key) {
+    return toUtf8(recordset::ConnectionString(connectionString).value(key));
 }
 
 } // namespace
 
-Login loginOf(const test::DatabaseServer &server, const std::string &database) {
-    const std::u16string text = fromUtf8(server.odbcConnectionString(database));
-    const recordset::ConnectionString parsed(text);
-    return {std::to_string(server.port()), toUtf8(parsed.value(u"UID")),
-            toUtf8(parsed.value(u"PWD"))};
+RulesOnServer &RulesOnServer::on(test::DatabaseServer &server, std::size_t rules) {
+    static std::map<std::pair<test::DatabaseServer *, std::size_t>, RulesOnServer> made;
+    return made.try_emplace({&server, rules}, server, rules).first->second;
 }
 
-const std::string &rulesOn(test::DatabaseServer &server, std::int64_t count) {
-    static std::map<std::pair<const test::DatabaseServer *, std::int64_t>, std::string> made;
-    std::string &name = made[{&server, count}];
-    if (name.empty()) {
-        name = "rules" + std::to_string(count);
-        server.createDatabase(name);
-        createTables(server.odbcConnectionString(name));
-        addRules(server, name, count);
-        addOthers(server, name);
+RulesOnServer::RulesOnServer(test::DatabaseServer &server, std::size_t rules)
+    : server_(server), database_("rules" + std::to_string(rules)) {
+    server.createDatabase(database_);
+    {
+        recordset::ClientConnection connection({odbc::provider()});
+        static_cast<Connection &>(connection).open(connectionString());
+        recordset::createSchema(connection);
     }
-    return name;
+    addNamed(userCount, "SMS_USERS");
+    addNamed(accountCount, "SMS_ACCOUNT", ", BIND_MODE", ", 'TRANSCEIVER'");
+    addNamed(serviceCount, "SMS_SERVICE");
+    addNamed(commandCount, "SMS_SERVICECOMMANDS", ", SERVICE_ID", ", 1");
+    addRules(rules);
+}
+
+std::u16string RulesOnServer::connectionString() const {
+    return fromUtf8(server_.odbcConnectionString(database_));
+}
+
+std::string RulesOnServer::user() const {
+    return valueOfKey(connectionString(), u"UID");
+}
+
+std::string RulesOnServer::password() const {
+    return valueOfKey(connectionString(), u"PWD");
+}
+
+void RulesOnServer::addRules(std::size_t count) {
+    constexpr std::size_t atOnce = 500;
+    RuleSet rules;
+    while (count > 0) {
+        std::string statement =
+            "INSERT INTO SMS_RULES (Name, QueryParam, ActionParam, PRIORITY, ACTIVE) VALUES";
+        std::string_view separator = " (";
+        for (std::size_t i = 0; i < atOnce && count > 0; ++i, --count) {
+            const RuleRow rule = rules.next();
+            statement.append(separator)
+                .append(literal(rule.name))
+                .append(literal(rule.queryParam))
+                .append(literal(rule.actionParam))
+                .append(std::to_string(rule.priority) + ", " + std::to_string(rule.active) + ")");
+            separator = ", (";
+        }
+        run(statement);
+    }
+}
+
+void RulesOnServer::addNamed(int count, const std::string &table, const std::string &columns,
+                             const std::string &rest) {
+    std::string statement = "INSERT INTO " + table + " (NAME" + columns + ") VALUES";
+    for (int i = 1; i <= count; ++i) {
+        statement.append(i > 1 ? ", ('" : " ('");
+        statement.append(table).append(" ").append(std::to_string(i)).append("'");
+        statement.append(rest).append(")");
+    }
+    run(statement);
 }
 
 } // namespace kvex::bench

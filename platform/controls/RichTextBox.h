@@ -35,15 +35,13 @@ public:
     /// The text in pieces, neighbours of one colour joined, in the colours that were set, whatever
     /// the theme makes of them.
     [[nodiscard]] virtual std::vector<TextRun> runs() const = 0;
-    /// Replaces the whole text and puts the caret at its end. A lone CR or LF in `text` is a
-    /// line break, too.
+    /// Replaces the whole text and puts the caret at its end; in a read-only box the view stays at
+    /// its beginning. A lone CR or LF in `text` is a line break, too. The text is black, which is
+    /// the theme's text colour.
     virtual void setText(const std::u16string &text) = 0;
-    /// The colour of what insertText adds next. Toolkits keep a colour's meaning and give it a
-    /// contrast of at least 4.5 to 1 on the theme's background; black is the theme's text colour.
-    virtual void setSelectionColour(Colour colour) = 0;
-    /// Inserts at the caret and leaves the caret behind it. In a read-only box that is the end of
-    /// the text, and the view stays at its beginning.
-    virtual void insertText(const std::u16string &text) = 0;
+    /// The same with the pieces one behind the other, in one change. Toolkits keep a colour's
+    /// meaning and give it a contrast of at least 4.5 to 1 on the theme's background.
+    virtual void setRuns(const std::vector<TextRun> &runs) = 0;
 };
 
 } // namespace kvex

@@ -3,6 +3,8 @@
 #include "adapters/odbc/Provider.h"
 #include "adapters/recordset/ClientConnection.h"
 #include "adapters/recordset/ClientRecordset.h"
+#include "adapters/recordset/Schema.h"
+#include "adapters/recordset/Transaction.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
 #include "tests/recordset/ServerFixture.h"
@@ -16,6 +18,8 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <tuple>
 
 namespace kvex::test {
 namespace {
@@ -64,9 +68,8 @@ TEST_P(OdbcDatabase, TextsAreKeptWholeWhateverTheirLength) {
     std::u16string repeated;
     for (const std::u16string_view unit :
          {u"x", u"क", u"\U0001F4F1", u"a\r\n", u"'", u"é\U0001F4F1क"}) {
-        for (const std::size_t length :
-             {std::size_t{2046}, std::size_t{2047}, std::size_t{2048}, std::size_t{4093},
-              std::size_t{5001}, std::size_t{1000000}}) {
+        for (const unsigned length : {2046U, 2047U, 2048U, 4093U, 5001U, 10001U, 10002U, 10003U,
+                                      20003U, 20004U, 20005U, 20008U, 1000000U}) {
             repeated.clear();
             while (repeated.size() < length) {
                 repeated += unit;
@@ -75,6 +78,46 @@ TEST_P(OdbcDatabase, TextsAreKeptWholeWhateverTheirLength) {
             EXPECT_TRUE(kept(repeated) == repeated) << repeated.size();
         }
     }
+}
+
+TEST_P(OdbcDatabase, RowsWithSeveralLongTextsAreReadWhole) {
+    const auto insert = [&](const std::u16string &id, std::size_t query, std::size_t action) {
+        database->run(u"INSERT INTO SMS_RULES (ID, Name, QueryParam, ActionParam, PRIORITY) "
+                      u"VALUES (" +
+                      id + u", 'name " + id + u"', '" + std::u16string(query, u'q') + u"', '" +
+                      std::u16string(action, u'a') + u"', " + id + u")");
+    };
+    insert(u"2", 300000, 40000);
+    insert(u"3", 10, 30000);
+    insert(u"4", 30000, 0);
+    recordset::ClientRecordset read;
+    Recordset &rules = read;
+    rules.open(u"SELECT * FROM SMS_RULES WHERE ID > 1 ORDER BY ID", connection);
+    for (const auto &[id, query, action] :
+         {std::tuple{2, 300000, 40000}, {3, 10, 30000}, {4, 30000, 0}}) {
+        ASSERT_FALSE(rules.eof());
+        EXPECT_EQ(rules.field(u"ID").int32(), id);
+        EXPECT_EQ(rules.field(u"Name").text(), u"name " + toText(std::int64_t{id}));
+        EXPECT_TRUE(rules.field(u"QueryParam").text() ==
+                    std::u16string(static_cast<std::size_t>(query), u'q'));
+        EXPECT_TRUE(rules.field(u"ActionParam").text() ==
+                    std::u16string(static_cast<std::size_t>(action), u'a'));
+        EXPECT_EQ(rules.field(u"PRIORITY").int32(), id);
+        EXPECT_EQ(rules.field(u"ACTIVE").int32(), 1);
+        rules.moveNext();
+    }
+    EXPECT_TRUE(rules.eof());
+}
+
+TEST_P(OdbcDatabase, AStatementThatMakesATableGivesNoRowsAndIsNotRun) {
+    recordset::ClientRecordset records;
+    const auto error = errorOf([&] {
+        static_cast<Recordset &>(records).open(u"CREATE TABLE made (ID INTEGER)", connection);
+    });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->number(), error_number::badArgument);
+    // It would fail if it was there.
+    database->run(u"CREATE TABLE made (ID INTEGER)");
 }
 
 TEST_P(OdbcDatabase, ATextTooLongForItsColumnIsRefusedAndNothingIsCut) {
@@ -90,6 +133,29 @@ TEST_P(OdbcDatabase, ATextTooLongForItsColumnIsRefusedAndNothingIsCut) {
     } else {
         EXPECT_EQ(database->valueOf(u"SELECT Name FROM SMS_RULES"), text);
     }
+}
+
+TEST_P(OdbcDatabase, WhatRanInATransactionThatWasUndoneRunsAgain) {
+    recordset::ClientRecordset stored;
+    Recordset &rules = stored;
+    rules.open(u"SELECT * FROM SMS_RULES", connection, CursorType::dynamic, LockType::optimistic);
+    const auto rename = [&](const char16_t *name) {
+        rules.setField(u"Name", std::u16string(name));
+        rules.update();
+        rules.resyncCurrent();
+    };
+    {
+        const recordset::Transaction undone(client);
+        rename(u"undone");
+    }
+    EXPECT_EQ(database->valueOf(u"SELECT Name FROM SMS_RULES"), u"rule");
+    rules.resyncCurrent();
+    rename(u"kept");
+    EXPECT_EQ(database->valueOf(u"SELECT Name FROM SMS_RULES"), u"kept");
+    recordset::Transaction committed(client);
+    rename(u"committed");
+    committed.commit();
+    EXPECT_EQ(database->valueOf(u"SELECT Name FROM SMS_RULES"), u"committed");
 }
 
 TEST_P(OdbcDatabase, DecimalsAreIntegersWhereTheyAreWhole) {
@@ -175,6 +241,93 @@ TYPED_TEST(OdbcServer, AConnectionThatBreaksIsLostForEveryLaterCall) {
         ASSERT_TRUE(error);
         EXPECT_EQ(error->number(), recordset::connectionLost) << error->what();
     }
+}
+
+/// What was run before is run again after another program has changed the type of a column.
+template <class Server> void expectToFitAChangedTable(Server &server, const char *change) {
+    server.createDatabase("changed");
+    {
+        recordset::ClientConnection client({odbc::provider()});
+        Connection &connection = client;
+        connection.open(fromUtf8(server.odbcConnectionString("changed")));
+        recordset::createSchema(client);
+        server.run("changed", "INSERT INTO SMS_RULES (Name, QueryParam) VALUES ('A', 'x')");
+        recordset::ClientRecordset stored;
+        Recordset &rules = stored;
+        rules.open(u"SELECT * FROM SMS_RULES", connection, CursorType::dynamic,
+                   LockType::optimistic);
+        for (const char16_t *name : {u"B", u"C"}) {
+            rules.setField(u"Name", std::u16string(name));
+            rules.update();
+            rules.resyncCurrent();
+            EXPECT_EQ(rules.field(u"Name").text(), name);
+            server.run("changed", change);
+        }
+    }
+    server.dropDatabase("changed");
+}
+
+TEST(OdbcPostgreSql, WhatRanBeforeFitsAChangedTable) {
+    expectToFitAChangedTable(PostgreSqlServer::shared(),
+                             "ALTER TABLE SMS_RULES ALTER COLUMN Name TYPE text");
+}
+
+TEST(OdbcMariaDb, WhatRanBeforeFitsAChangedTable) {
+    expectToFitAChangedTable(MariaDbServer::shared(), "ALTER TABLE SMS_RULES MODIFY Name TEXT");
+}
+
+// A type that the driver makes no bytes of, and texts of other kinds.
+TEST(OdbcPostgreSql, ValuesOfEveryTypeAreRead) {
+    PostgreSqlServer &server = PostgreSqlServer::shared();
+    server.createDatabase("types");
+    server.run("types", "CREATE TYPE mood AS ENUM ('fine')");
+    {
+        recordset::ClientConnection client({odbc::provider()});
+        Connection &connection = client;
+        connection.open(fromUtf8(server.odbcConnectionString("types")));
+        recordset::ClientRecordset read;
+        Recordset &values = read;
+        values.open(u"SELECT 'fine'::mood AS a, '{\"b\": \"ü\"}'::json AS b, 'ü'::name AS c, "
+                    u"'<d>ü</d>'::xml AS d, 'ü'::char(3) AS e, true AS f, '2024-03-01'::date AS g, "
+                    u"1.5::numeric AS h, NULL::text AS i, ''::text AS j",
+                    connection);
+        EXPECT_EQ(values.field(u"a").text(), u"fine");
+        EXPECT_EQ(values.field(u"b").text(), u"{\"b\": \"ü\"}");
+        EXPECT_EQ(values.field(u"c").text(), u"ü");
+        EXPECT_EQ(values.field(u"d").text(), u"<d>ü</d>");
+        EXPECT_EQ(values.field(u"e").text(), u"ü  ");
+        EXPECT_EQ(values.field(u"f").int32(), 1);
+        EXPECT_EQ(values.field(u"g").text(), u"2024-03-01");
+        EXPECT_EQ(values.field(u"h").text(), u"1.5");
+        EXPECT_TRUE(values.field(u"i").isNull());
+        EXPECT_EQ(values.field(u"j").text(), u"");
+    }
+    server.dropDatabase("types");
+}
+
+TEST(OdbcMariaDb, TextsAreTheSameInWhateverCharacterSet) {
+    MariaDbServer &server = MariaDbServer::shared();
+    server.createDatabase("texts");
+    server.run("texts", "CREATE TABLE t (a VARCHAR(9) CHARACTER SET latin1, b ENUM('ü'), "
+                        "c TEXT CHARACTER SET utf16, d JSON, e YEAR, f DECIMAL(5,2), g DATE);"
+                        "INSERT INTO t VALUES ('ü', 'ü', '📱', '[\"ü\"]', 2024, 1.5, '2024-03-01')");
+    for (const char *charset : {"", ";CHARSET=utf8mb4", ";CHARSET=latin1"}) {
+        recordset::ClientConnection client({odbc::provider()});
+        Connection &connection = client;
+        connection.open(fromUtf8(server.odbcConnectionString("texts") + charset));
+        recordset::ClientRecordset read;
+        Recordset &values = read;
+        values.open(u"SELECT * FROM t", connection);
+        EXPECT_EQ(values.field(u"a").text(), u"ü") << charset;
+        EXPECT_EQ(values.field(u"b").text(), u"ü") << charset;
+        EXPECT_EQ(values.field(u"d").text(), u"[\"ü\"]") << charset;
+        EXPECT_EQ(values.field(u"f").text(), u"1.5") << charset;
+        EXPECT_EQ(values.field(u"g").text(), u"2024-03-01") << charset;
+        if (!std::string_view(charset).ends_with("latin1")) {
+            EXPECT_EQ(values.field(u"c").text(), u"📱") << charset;
+        }
+    }
+    server.dropDatabase("texts");
 }
 
 // PostgreSQL's client library ends a call when the server's host does not answer any more; it

@@ -1,4 +1,4 @@
-// Which columns of its table a plain query reads.
+// What the text of a query says without the server.
 #include "adapters/odbc/QueryText.h"
 
 #include <gtest/gtest.h>
@@ -6,6 +6,7 @@
 namespace kvex::test {
 namespace {
 
+using odbc::isPlainQuery;
 using odbc::originsIn;
 using Names = std::vector<std::u16string>;
 
@@ -34,6 +35,17 @@ TEST(QueryText, OtherQueriesAreNotRead) {
           u"SELECT *, * FROM T", u"SELECT DISTINCT A, B FROM T"}) {
         EXPECT_EQ(originsIn(query, {u"A"}), Names{});
     }
+}
+
+TEST(QueryText, APlainQueryIsOneSelectThatMakesNothing) {
+    EXPECT_TRUE(isPlainQuery(u"SELECT * FROM SMS_RULES WHERE DELETED = 0 ORDER BY PRIORITY"));
+    EXPECT_TRUE(isPlainQuery(u"select max(ID) from SMS_RULES"));
+    EXPECT_FALSE(isPlainQuery(u""));
+    EXPECT_FALSE(isPlainQuery(u"DELETE FROM SMS_RULES"));
+    EXPECT_FALSE(isPlainQuery(u"SELECT * INTO copy FROM SMS_RULES"));
+    EXPECT_FALSE(isPlainQuery(u"SELECT 1; DELETE FROM SMS_RULES"));
+    EXPECT_FALSE(isPlainQuery(u"SELECT '; into '"));
+    EXPECT_FALSE(isPlainQuery(u"WITH gone AS (DELETE FROM SMS_RULES) SELECT 1"));
 }
 
 } // namespace

@@ -109,8 +109,7 @@ TEST_F(RuleDescription, ValuesAreBlueTheCommandRemarkRedAndAllElseBlack) {
 }
 
 TEST_F(RuleDescription, WhatStoodInTheBoxIsReplaced) {
-    box->setSelectionColour(colour::red);
-    box->setText(u"old");
+    box->setRuns({{u"old", colour::red}});
     EXPECT_EQ(described(), head);
     EXPECT_EQ(box->runs(), (std::vector<TextRun>{{head, colour::black}}));
 }

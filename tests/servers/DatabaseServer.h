@@ -15,6 +15,15 @@
 
 namespace kvex::test {
 
+/// A statement as a server met it. One that is run with values is prepared first, and executed
+/// any number of times.
+struct Asked {
+    enum class How { prepared, executed };
+    How how;
+    /// When it was executed, with its values or the marks for them.
+    std::string text;
+};
+
 /// What every kind of server does. It has one user, all-powerful, with a password of its own.
 /// Statements are UTF-8. Whatever fails raises std::runtime_error; none says the password.
 class DatabaseServer {
@@ -48,6 +57,12 @@ public:
                                                 std::string_view query);
     /// The first row, "NONE" without one.
     [[nodiscard]] std::string valueOf(const std::string &database, std::string_view query);
+
+    /// From now on it writes down what is asked on connections to the database that are made later,
+    /// those of run and rows left out.
+    virtual void listen(const std::string &database) = 0;
+    /// What it has written down since the last time, of all databases that it listens to.
+    [[nodiscard]] virtual std::vector<Asked> heard() = 0;
 
     /// For the server itself, or for the relay of another port before it.
     [[nodiscard]] std::string odbcConnectionString(const std::string &database) const;

@@ -16,6 +16,7 @@ public:
         constexpr unsigned int limit = 60;
         mysql_options(connection_.get(), MYSQL_OPT_CONNECT_TIMEOUT, &limit);
         mysql_options(connection_.get(), MYSQL_SET_CHARSET_NAME, "utf8mb4");
+        mysql_options(connection_.get(), MYSQL_INIT_COMMAND, "SET sql_log_off = 1");
         if (!mysql_real_connect(connection_.get(), address.c_str(), user, password.c_str(),
                                 database.c_str(), port, nullptr, CLIENT_MULTI_STATEMENTS)) {
             fail();
@@ -155,6 +156,24 @@ void MariaDbServer::createDatabase(const std::string &name) {
 void MariaDbServer::dropDatabase(const std::string &name) {
     disconnect(name);
     run(ownDatabase(), "DROP DATABASE " + quoted(name));
+}
+
+void MariaDbServer::listen(const std::string & /*database*/) {
+    // It cannot be told to listen to one alone.
+    run(ownDatabase(), "SET GLOBAL log_output = 'TABLE', GLOBAL general_log = 1");
+    static_cast<void>(heard());
+}
+
+std::vector<Asked> MariaDbServer::heard() {
+    std::vector<Asked> asked;
+    for (const std::string &row :
+         rows(ownDatabase(), "SELECT IF(command_type = 'Prepare', 'P', 'E'), argument FROM "
+                             "general_log WHERE command_type IN ('Prepare', 'Execute', 'Query')")) {
+        asked.push_back(
+            {row.front() == 'P' ? Asked::How::prepared : Asked::How::executed, row.substr(2)});
+    }
+    run(ownDatabase(), "TRUNCATE general_log");
+    return asked;
 }
 
 } // namespace kvex::test

@@ -20,6 +20,9 @@ public:
     void createDatabase(const std::string &name) override;
     void dropDatabase(const std::string &name) override;
 
+    void listen(const std::string &database) override;
+    [[nodiscard]] std::vector<Asked> heard() override;
+
     /// What its starts from now on get besides its own arguments.
     void setFurtherArguments(std::vector<std::string> arguments);
 

@@ -4,6 +4,8 @@
 
 #include <array>
 #include <csignal>
+#include <fstream>
+#include <regex>
 #include <stdexcept>
 
 namespace kvex::test {
@@ -115,11 +117,18 @@ std::vector<std::string> PostgreSqlServer::command() const {
 
 std::unique_ptr<ServerClient> PostgreSqlServer::connect(const std::string &database) const {
     const std::string portText = std::to_string(port());
-    const std::array<const char *, 8> keys{
-        "host", "port", "dbname", "user", "password", "connect_timeout", "sslmode", nullptr};
-    const std::array<const char *, 8> values{
-        "127.0.0.1", portText.c_str(), database.c_str(), user, password().c_str(),
-        "60",        "disable",        nullptr};
+    const std::array<const char *, 9> keys{"host",    "port",     "dbname",
+                                           "user",    "password", "connect_timeout",
+                                           "sslmode", "options",  nullptr};
+    const std::array<const char *, 9> values{"127.0.0.1",
+                                             portText.c_str(),
+                                             database.c_str(),
+                                             user,
+                                             password().c_str(),
+                                             "60",
+                                             "disable",
+                                             "-c log_min_duration_statement=-1",
+                                             nullptr};
     return std::make_unique<PostgreSqlClient>(PQconnectdbParams(keys.data(), values.data(), 0));
 }
 
@@ -135,6 +144,29 @@ void PostgreSqlServer::createDatabase(const std::string &name, const std::string
 void PostgreSqlServer::dropDatabase(const std::string &name) {
     disconnect(name);
     run(ownDatabase(), "DROP DATABASE " + quoted(name) + " WITH (FORCE)");
+}
+
+void PostgreSqlServer::listen(const std::string &database) {
+    run(ownDatabase(),
+        "ALTER DATABASE " + quoted(database) + " SET log_min_duration_statement = 0");
+    static_cast<void>(heard());
+}
+
+std::vector<Asked> PostgreSqlServer::heard() {
+    static const std::regex line(
+        "LOG:  duration: [0-9.]+ ms  (statement|parse|execute)( [^:]*)?: (.*)");
+    std::ifstream log(folder() / "log");
+    log.seekg(heard_);
+    std::vector<Asked> asked;
+    std::smatch found;
+    for (std::string text; std::getline(log, text);) {
+        heard_ += static_cast<std::streamoff>(text.size()) + 1;
+        if (std::regex_search(text, found, line)) {
+            asked.push_back(
+                {found[1] == "parse" ? Asked::How::prepared : Asked::How::executed, found[3]});
+        }
+    }
+    return asked;
 }
 
 } // namespace kvex::test

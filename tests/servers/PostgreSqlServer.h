@@ -3,6 +3,8 @@
 
 #include "tests/servers/DatabaseServer.h"
 
+#include <ios>
+
 namespace kvex::test {
 
 class PostgreSqlServer final : public DatabaseServer {
@@ -19,9 +21,15 @@ public:
     /// Whoever is connected to it is thrown out.
     void dropDatabase(const std::string &name) override;
 
+    void listen(const std::string &database) override;
+    [[nodiscard]] std::vector<Asked> heard() override;
+
 private:
     [[nodiscard]] std::vector<std::string> command() const override;
     [[nodiscard]] std::unique_ptr<ServerClient> connect(const std::string &database) const override;
+
+    /// Of the log, in bytes.
+    std::streamoff heard_ = 0;
 };
 
 } // namespace kvex::test

@@ -16,8 +16,7 @@ TEST_P(ToolkitConformance, RichTextBoxEndsEveryLineInCrLf) {
     EXPECT_EQ(box.text(), u"a\r\nb\r\nc\r\nd\r\n\r\ne");
     box.setText(u"\r\n");
     EXPECT_EQ(box.text(), u"\r\n");
-    box.setText(u"");
-    box.insertText(u"x\ny\r");
+    box.setRuns({{u"x\ny\r", colour::black}});
     EXPECT_EQ(box.text(), u"x\r\ny\r\n");
 }
 
@@ -28,26 +27,24 @@ TEST_P(ToolkitConformance, RichTextBoxGivesTheTextAsSet) {
                                       u"\U0001F600 x", u"a\tb", u"\r\n\r\n", u"@@SMS@@;"}) {
         box.setText(text);
         EXPECT_EQ(box.text(), text);
-        box.setText(u"");
-        box.insertText(text);
+        box.setRuns({{text, colour::blue}});
         EXPECT_EQ(box.text(), text);
     }
 }
 
-TEST_P(ToolkitConformance, RichTextBoxInsertsAtTheCaretAndLeavesItBehind) {
+TEST_P(ToolkitConformance, RichTextBoxReplacesWhatItHeldAndIsBlackWhereItHasNoPieces) {
     const auto shown = window({richTextBox()});
     auto &box = shown->get<RichTextBox>(u"rt");
     box.setText(u"one");
-    box.setSelectionColour(colour::blue);
-    box.insertText(u" two");
-    box.setSelectionColour(colour::red);
-    box.insertText(u"\r\nthree");
-    box.setSelectionColour(0x336699);
-    box.insertText(u"!");
-    EXPECT_EQ(box.text(), u"one two\r\nthree!");
-    box.setText(u"again");
-    box.insertText(u"+");
-    EXPECT_EQ(box.text(), u"again+");
+    box.setRuns({{u"two", colour::blue}, {u"\r\nthree", colour::red}});
+    EXPECT_EQ(box.text(), u"two\r\nthree");
+    show(*shown, [&](Hands &user) {
+        box.setText(u"again");
+        user.type(u"+");
+    });
+    EXPECT_EQ(box.runs(), (std::vector<TextRun>{{u"again+", colour::black}}));
+    box.setRuns({});
+    EXPECT_EQ(box.text(), u"");
 }
 
 TEST_P(ToolkitConformance, RichTextBoxTellsItsPiecesInTheColoursSet) {
@@ -55,16 +52,11 @@ TEST_P(ToolkitConformance, RichTextBoxTellsItsPiecesInTheColoursSet) {
     auto &box = shown->get<RichTextBox>(u"rt");
     EXPECT_TRUE(box.runs().empty());
     const auto check = [&] {
-        box.setText(u"");
-        box.setSelectionColour(colour::black);
-        box.insertText(u"Apply ");
-        box.setSelectionColour(colour::blue);
-        box.insertText(u"this");
-        box.insertText(u" rule\n");
-        box.setSelectionColour(colour::red);
-        box.insertText(u"  now\u00A0\r\n\r\n");
-        box.setSelectionColour(0x336699);
-        box.insertText(u"and then");
+        box.setRuns({{u"Apply ", colour::black},
+                     {u"this", colour::blue},
+                     {u" rule\n", colour::blue},
+                     {u"  now\u00A0\r\n\r\n", colour::red},
+                     {u"and then", 0x336699}});
         EXPECT_EQ(box.runs(), (std::vector<TextRun>{{u"Apply ", colour::black},
                                                     {u"this rule\r\n", colour::blue},
                                                     {u"  now\u00A0\r\n\r\n", colour::red},
@@ -86,9 +78,8 @@ TEST_P(ToolkitConformance, RichTextBoxSetByCodeRunsTheChangeHandlerForAnotherTex
     box.setText(u"a");
     box.setText(u"a\nb");
     box.setText(u"a\r\nb");
-    box.insertText(u"");
-    box.setSelectionColour(colour::red);
-    box.insertText(u"c");
+    box.setRuns({{u"a\r\n", colour::blue}, {u"b", colour::red}});
+    box.setRuns({{u"a\r\nb", colour::black}, {u"", colour::blue}, {u"c", colour::red}});
     show(*shown, [&](Hands &) {
         box.setText(u"");
         box.setText(u"");
@@ -140,8 +131,7 @@ TEST_P(ToolkitConformance, RichTextBoxReadOnlyIsChangedByCodeOnly) {
         user.press(Key::paste);
         EXPECT_EQ(box.text(), u"one\r\ntwo");
         user.press(Key::copy);
-        box.setText(u"");
-        box.insertText(u"three");
+        box.setRuns({{u"three", colour::black}});
         EXPECT_EQ(box.text(), u"three");
         EXPECT_EQ(clicks, 0);
         user.press(Key::enter);

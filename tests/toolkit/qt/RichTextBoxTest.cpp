@@ -20,10 +20,6 @@ protected:
     static QTextEdit &edit(const QtUser &user) {
         return dynamic_cast<QTextEdit &>(*user.widget(u"rt"));
     }
-    void write(Colour colour, const std::u16string &text) {
-        box().setSelectionColour(colour);
-        box().insertText(text);
-    }
     /// The colour drawn for the character at `position`.
     static QColor drawnAt(const QtUser &user, int position) {
         QTextCursor cursor(edit(user).document());
@@ -38,9 +34,7 @@ protected:
 };
 
 TEST_F(QtRichTextBoxTest, ColoursCanBeReadOnEveryTheme) {
-    write(colour::black, u"a");
-    write(colour::blue, u"b");
-    write(colour::red, u"c");
+    box().setRuns({{u"a", colour::black}, {u"b", colour::blue}, {u"c", colour::red}});
     const std::vector<TextRun> runs = box().runs();
     int changes = 0;
     box().onChange = [&] { ++changes; };
@@ -62,7 +56,7 @@ TEST_F(QtRichTextBoxTest, ColoursCanBeReadOnEveryTheme) {
 }
 
 TEST_F(QtRichTextBoxTest, ATextSetAfterColoursIsInTheThemesColour) {
-    write(colour::red, u"c");
+    box().setRuns({{u"c", colour::red}});
     box().setText(u"x");
     show(*shown, [&](QtUser &user) {
         EXPECT_EQ(drawnAt(user, 0), edit(user).palette().color(QPalette::Text));

@@ -1,11 +1,11 @@
-#include "bench/servers/Peer.h"
+#include "bench/servers/Client.h"
 
-#include "bench/servers/RulesOnServer.h"
-
+#include <benchmark/benchmark.h>
 #include <mysql.h>
 
 #include <array>
 #include <stdexcept>
+#include <string>
 #include <string_view>
 
 namespace kvex::bench {
@@ -17,51 +17,53 @@ struct Close {
     void operator()(MYSQL_RES *result) const noexcept { mysql_free_result(result); }
 };
 
-class MariaDbPeer final : public Peer {
+class MariaDbClient final : public Client {
 public:
-    MariaDbPeer(const Login &login, const std::string &database)
-        : connection_(mysql_init(nullptr)) {
+    explicit MariaDbClient(const RulesOnServer &rules) : connection_(mysql_init(nullptr)) {
         mysql_options(connection_.get(), MYSQL_SET_CHARSET_NAME, "utf8mb4");
-        check(mysql_real_connect(connection_.get(), "127.0.0.1", login.user.c_str(),
-                                 login.password.c_str(), database.c_str(),
-                                 static_cast<unsigned int>(std::stoul(login.port)), nullptr,
-                                 CLIENT_FOUND_ROWS) != nullptr);
+        check(mysql_real_connect(connection_.get(), "127.0.0.1", rules.user().c_str(),
+                                 rules.password().c_str(), rules.database().c_str(), rules.port(),
+                                 nullptr, CLIENT_FOUND_ROWS) != nullptr);
     }
 
-    std::size_t read(const std::string &query) override {
+    std::size_t read(std::string_view query) override {
         check(mysql_real_query(connection_.get(), query.data(), query.size()) == 0);
         const std::unique_ptr<MYSQL_RES, Close> result(mysql_store_result(connection_.get()));
         check(result != nullptr);
         const unsigned int columns = mysql_num_fields(result.get());
-        std::size_t sum = 0;
-        while (mysql_fetch_row(result.get())) {
+        std::string value;
+        while (MYSQL_ROW row = mysql_fetch_row(result.get())) {
             const unsigned long *lengths = mysql_fetch_lengths(result.get());
             for (unsigned int column = 0; column < columns; ++column) {
-                sum += lengths[column];
+                if (row[column] != nullptr) {
+                    value.assign(row[column], lengths[column]);
+                    benchmark::DoNotOptimize(value.data());
+                }
             }
         }
-        return sum;
+        return mysql_num_rows(result.get()) * columns;
     }
 
-    std::size_t renumber(const std::vector<Renumbering> &rows) override {
+    std::int64_t renumber(std::int64_t lastId, std::int64_t shift) override {
         const std::unique_ptr<MYSQL_STMT, Close> statement(mysql_stmt_init(connection_.get()));
-        constexpr std::string_view text =
-            "UPDATE SMS_RULES SET `PRIORITY` = ? WHERE `ID` = ? AND `PRIORITY` = ?";
+        const std::string text = "UPDATE `" + std::string(connection_->db) +
+                                 "`.`SMS_RULES` SET `PRIORITY` = ? WHERE `ID` = ? AND "
+                                 "`PRIORITY` = ?";
         check(mysql_stmt_prepare(statement.get(), text.data(), text.size()) == 0);
-        Renumbering row{};
+        std::int64_t id = 1;
+        std::int64_t before = 0;
         std::array<MYSQL_BIND, 3> parameters{};
-        parameters[0].buffer = &row.to;
-        parameters[1].buffer = &row.id;
-        parameters[2].buffer = &row.from;
         for (MYSQL_BIND &parameter : parameters) {
             parameter.buffer_type = MYSQL_TYPE_LONGLONG;
+            parameter.buffer = &id;
         }
+        parameters.back().buffer = &before;
         check(mysql_stmt_bind_param(statement.get(), parameters.data()) == 0);
-        std::size_t found = 0;
-        for (const Renumbering &next : rows) {
-            row = next;
+        std::int64_t found = 0;
+        for (; id <= lastId; ++id) {
+            before = id + shift;
             check(mysql_stmt_execute(statement.get()) == 0);
-            found += mysql_stmt_affected_rows(statement.get());
+            found += static_cast<std::int64_t>(mysql_stmt_affected_rows(statement.get()));
         }
         return found;
     }
@@ -78,8 +80,8 @@ private:
 
 } // namespace
 
-std::unique_ptr<Peer> mariaDbPeer(const test::DatabaseServer &server, const std::string &database) {
-    return std::make_unique<MariaDbPeer>(loginOf(server, database), database);
+std::unique_ptr<Client> mariaDbClient(const RulesOnServer &rules) {
+    return std::make_unique<MariaDbClient>(rules);
 }
 
 } // namespace kvex::bench

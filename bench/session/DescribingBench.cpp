@@ -1,0 +1,89 @@
+// Loading and describing every rule, without a window.
+#include "adapters/headless/LooseTextBox.h"
+#include "bench/support/BenchSession.h"
+#include "bench/support/RuleDatabase.h"
+#include "bench/support/Timing.h"
+#include "platform/Text.h"
+#include "rules/ParameterTags.h"
+
+namespace kvex::bench {
+namespace {
+
+std::vector<std::u16string> ruleIds(std::size_t count) {
+    std::vector<std::u16string> ids;
+    for (std::size_t id = 1; id <= count; ++id) {
+        ids.push_back(toText(static_cast<std::int64_t>(id)));
+    }
+    return ids;
+}
+
+void require(bool described) {
+    if (!described) {
+        throw std::runtime_error("a rule is missing");
+    }
+}
+
+void describeAll(benchmark::State &state) {
+    BenchSession session(readOnlyDatabase(sizeOf(state)).connectionString());
+    session.open();
+    const std::vector<std::u16string> ids = ruleIds(sizeOf(state));
+    const auto box = headless::createRichTextBox();
+    for (auto _ : state) {
+        Stopwatch watch(state);
+        for (const std::u16string &id : ids) {
+            require(describeRule(id, *box));
+        }
+        watch.stop();
+    }
+}
+BENCHMARK(describeAll)->Name("describe_all")->Apply(atEverySize);
+
+struct Texts {
+    std::u16string queryParam;
+    std::u16string actionParam;
+    std::u16string shown;
+};
+
+std::vector<Texts> textsOf(std::size_t rules) {
+    BenchSession opened(readOnlyDatabase(rules).connectionString());
+    opened.open();
+    const auto box = headless::createRichTextBox();
+    std::vector<Texts> texts;
+    for (const std::u16string &id : ruleIds(rules)) {
+        require(describeRule(id, *box));
+        const Recordset &rsRules = *session().rsRules;
+        texts.push_back({rsRules.field(u"QueryParam").text(), rsRules.field(u"ActionParam").text(),
+                         box->text()});
+    }
+    return texts;
+}
+
+void findEachTag(const Texts &rule) {
+    using namespace parameter_tag;
+    for (const std::u16string_view tag : {allMessages, ignoreIfService.opening, people.opening,
+                                          account.opening, word.opening, dateTime.opening}) {
+        benchmark::DoNotOptimize(rule.queryParam.find(tag));
+    }
+    for (const std::u16string_view tag : {distribute.opening, reply.opening, alert.opening,
+                                          deleteIt.opening, ignoreFurtherRules.opening}) {
+        benchmark::DoNotOptimize(rule.actionParam.find(tag));
+    }
+}
+
+/// What cannot be done without: one find of each tag, and one copy of what is shown.
+void findAndCopy(benchmark::State &state) {
+    const std::vector<Texts> rules = textsOf(sizeOf(state));
+    for (auto _ : state) {
+        Stopwatch watch(state);
+        for (const Texts &rule : rules) {
+            findEachTag(rule);
+            const std::u16string copy = rule.shown;
+            benchmark::DoNotOptimize(copy.data());
+        }
+        watch.stop();
+    }
+}
+BENCHMARK(findAndCopy)->Name("describe_all.peer")->Apply(atEverySize);
+
+} // namespace
+} // namespace kvex::bench

@@ -1,0 +1,57 @@
+// OK in the rules window when every rule has another place than is stored.
+#include "bench/support/BenchSession.h"
+#include "bench/support/RuleDatabase.h"
+#include "bench/support/Timing.h"
+
+namespace kvex::bench {
+namespace {
+
+/// The order as it is shown stays, but OK renumbers every rule.
+void shiftPriorities(const RuleDatabase &database) {
+    database.execute("UPDATE SMS_RULES SET PRIORITY = ID + 1000000; "
+                     "PRAGMA wal_checkpoint(TRUNCATE)");
+}
+
+template <Place place> void renumberByOk(benchmark::State &state) {
+    const RuleDatabase database(sizeOf(state), place);
+    for (auto _ : state) {
+        shiftPriorities(database);
+        BenchSession session(database.connectionString());
+        session.playRules([&state](test::User &user) {
+            Stopwatch watch(state);
+            user.click(u"cmdOK");
+            watch.stop();
+        });
+    }
+}
+
+template <Place place> void renumberByApi(benchmark::State &state) {
+    const RuleDatabase database(sizeOf(state), place);
+    for (auto _ : state) {
+        shiftPriorities(database);
+        const SqliteHandle handle = openSqlite(database.file());
+        const auto last = static_cast<std::int64_t>(sizeOf(state));
+        Stopwatch watch(state);
+        const SqliteQuery update =
+            prepared(handle.get(), "UPDATE SMS_RULES SET PRIORITY = ? WHERE ID = ?");
+        for (std::int64_t id = 1; id <= last; ++id) {
+            bindNumber(update.get(), 1, id);
+            bindNumber(update.get(), 2, id);
+            run(update.get());
+        }
+        watch.stop();
+    }
+}
+
+BENCHMARK(renumberByOk<Place::memory>)->Name("renumber")->Apply(atEverySize)->Iterations(1);
+BENCHMARK(renumberByApi<Place::memory>)->Name("renumber.peer")->Apply(atEverySize)->Iterations(1);
+
+/// Each row is a transaction, and waits for the disk.
+void atSmallSizes(benchmark::internal::Benchmark *benchmark) {
+    benchmark->UseManualTime()->Unit(benchmark::kMillisecond)->Arg(100)->Iterations(1);
+}
+BENCHMARK(renumberByOk<Place::disk>)->Name("renumber_on_disk")->Apply(atSmallSizes);
+BENCHMARK(renumberByApi<Place::disk>)->Name("renumber_on_disk.peer")->Apply(atSmallSizes);
+
+} // namespace
+} // namespace kvex::bench

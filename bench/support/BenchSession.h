@@ -1,0 +1,55 @@
+// A session of the component on whatever database and toolkit.
+#pragma once
+
+#include "adapters/headless/HeadlessToolkit.h"
+#include "adapters/recordset/Driver.h"
+#include "component/RuleUIClass.h"
+#include "tests/support/ComponentTest.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace kvex::bench {
+
+/// One at a time on a thread. Closed when it goes.
+class BenchSession {
+public:
+    /// On SQLite, where no other provider is named, and the headless toolkit.
+    explicit BenchSession(std::u16string connectionString);
+    BenchSession(std::u16string connectionString, Toolkit &toolkit);
+    BenchSession(std::u16string connectionString, recordset::Provider provider);
+    ~BenchSession();
+    BenchSession(const BenchSession &) = delete;
+    BenchSession &operator=(const BenchSession &) = delete;
+
+    /// Throws what went wrong.
+    void open();
+    /// Shows the rules window until it is closed. Throws where an error was logged.
+    void showRules();
+    /// The same on the headless toolkit, played by `script`; the rule editor that opens first is
+    /// cancelled.
+    void playRules(test::Script script);
+
+    headless::HeadlessToolkit headless;
+
+private:
+    class AnyDatabase final : public test::TestPlatform {
+    public:
+        AnyDatabase(test::UtilityRecord &record, Toolkit &toolkit, recordset::Provider provider)
+            : TestPlatform(record, toolkit), provider_(std::move(provider)) {}
+        std::unique_ptr<Connection> createConnection() override;
+
+    private:
+        recordset::Provider provider_;
+    };
+
+    BenchSession(std::u16string connectionString, Toolkit &toolkit, recordset::Provider provider);
+    void requireNoError() const;
+
+    test::UtilityRecord utility_;
+    AnyDatabase platform_;
+    RuleUI ruleUI_;
+};
+
+} // namespace kvex::bench

@@ -1,0 +1,64 @@
+#include "bench/support/RuleDatabase.h"
+
+#include "bench/support/RuleSet.h"
+#include "platform/Text.h"
+#include "tests/support/SqliteSchema.h"
+
+#include <map>
+
+namespace kvex::bench {
+namespace {
+
+void addRules(sqlite3 *database, std::size_t count) {
+    const SqliteQuery insertion = prepared(
+        database, "INSERT INTO SMS_RULES (Name, QueryParam, ActionParam, PRIORITY, ACTIVE) VALUES "
+                  "(?, ?, ?, ?, ?)");
+    RuleSet rules;
+    for (; count > 0; --count) {
+        const RuleRow rule = rules.next();
+        const std::string texts[]{toUtf8(rule.name), toUtf8(rule.queryParam),
+                                  toUtf8(rule.actionParam)};
+        int parameter = 0;
+        for (const std::string &text : texts) {
+            bindText(insertion.get(), ++parameter, text);
+        }
+        bindNumber(insertion.get(), ++parameter, std::int64_t{rule.priority});
+        bindNumber(insertion.get(), ++parameter, std::int64_t{rule.active});
+        run(insertion.get());
+    }
+}
+
+/// Rows of names, with the same `rest` in each.
+void addNamed(sqlite3 *database, int count, const std::string &table, const std::string &columns,
+              const std::string &rest) {
+    execute(database, ("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
+                       std::to_string(count) + ") INSERT INTO " + table + " (ID, NAME" + columns +
+                       ") SELECT i, '" + table + " ' || i" + rest + " FROM n")
+                          .c_str());
+}
+
+} // namespace
+
+RuleDatabase::RuleDatabase(std::size_t rules, Place place) : folder_(place) {
+    test::createSqliteSchema(connectionString());
+    const SqliteHandle database = openSqlite(file());
+    bench::execute(database.get(), "BEGIN");
+    addNamed(database.get(), userCount, "SMS_USERS", "", "");
+    addNamed(database.get(), accountCount, "SMS_ACCOUNT", ", BIND_MODE", ", 'TRANSCEIVER'");
+    addNamed(database.get(), serviceCount, "SMS_SERVICE", "", "");
+    addNamed(database.get(), commandCount, "SMS_SERVICECOMMANDS", ", SERVICE_ID",
+             ", i % " + std::to_string(serviceCount) + " + 1");
+    addRules(database.get(), rules);
+    bench::execute(database.get(), "COMMIT; PRAGMA wal_checkpoint(TRUNCATE)");
+}
+
+std::u16string RuleDatabase::connectionString() const {
+    return u"Provider=SQLite;Data Source=" + fromUtf8(file());
+}
+
+const RuleDatabase &readOnlyDatabase(std::size_t rules) {
+    static std::map<std::size_t, RuleDatabase> databases;
+    return databases.try_emplace(rules, rules, Place::memory).first->second;
+}
+
+} // namespace kvex::bench

@@ -1,0 +1,235 @@
+// What a server is asked at each step of an editor, as it writes it down itself: each of these is
+// a way to the server and back.
+#include "adapters/odbc/Provider.h"
+#include "adapters/recordset/ClientConnection.h"
+#include "adapters/recordset/Schema.h"
+#include "platform/Text.h"
+#include "tests/editors/Editor.h"
+#include "tests/servers/MariaDbServer.h"
+#include "tests/servers/PostgreSqlServer.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <cctype>
+#include <string>
+#include <vector>
+
+namespace kvex::test {
+namespace {
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::Ge;
+using testing::IsEmpty;
+using testing::Le;
+using testing::SizeIs;
+using Lines = std::vector<std::string>;
+
+const std::string commandsQuery =
+    "SELECT * FROM SMS_SERVICECOMMANDS WHERE SERVICE_ID IN (SELECT ID FROM SMS_SERVICE WHERE "
+    "DELETED = 0 AND DISABLED = 0)";
+const Lines sessionQueries{
+    "SELECT * FROM SMS_RULES WHERE DELETED = 0 ORDER BY PRIORITY",
+    "SELECT * FROM SMS_USERS WHERE DELETED = 0", "SELECT * FROM SMS_ACCOUNT WHERE DELETED = 0",
+    "SELECT * FROM SMS_SERVICE WHERE DELETED = 0 AND DISABLED = 0", commandsQuery};
+
+/// `part` is in capitals.
+bool contains(const std::string &text, std::string_view part) {
+    const auto isSame = [](unsigned char unit, unsigned char wanted) {
+        return std::toupper(unit) == wanted;
+    };
+    return std::search(text.begin(), text.end(), part.begin(), part.end(), isSame) != text.end();
+}
+
+/// Of the rules' tables; everything else is the driver's own.
+bool isOurs(const Asked &asked) {
+    return contains(asked.text, "SMS_") && !contains(asked.text, "PG_CATALOG") &&
+           !contains(asked.text, "INFORMATION_SCHEMA");
+}
+
+struct Heard {
+    /// What was executed of ours, whole; its first words; how often one was prepared before.
+    Lines ours;
+    Lines verbs;
+    int prepared = 0;
+    /// What the driver asked, prepared or executed.
+    Lines ofDriver;
+};
+
+template <class Server> class Wire : public testing::Test {
+protected:
+    Wire() {
+        server.createDatabase("wire");
+        {
+            recordset::ClientConnection connection({odbc::provider()});
+            static_cast<Connection &>(connection).open(connectionString());
+            recordset::createSchema(connection);
+        }
+        for (const char *name : {"A", "B", "C"}) {
+            server.run("wire", std::string("INSERT INTO SMS_RULES (Name, QueryParam, ActionParam, "
+                                           "PRIORITY) VALUES ('") +
+                                   name +
+                                   "', '<ALLMESSAGES>', '<DELETE>YES</DELETE><IGNOREFURTHERRULES>"
+                                   "YES</IGNOREFURTHERRULES>', " +
+                                   std::to_string(name[0] - 'A' + 1) + ")");
+        }
+        server.listen("wire");
+    }
+    ~Wire() override { server.dropDatabase("wire"); }
+    void TearDown() override {
+        editor.expectNothingTold();
+        editor.expectPlayedWhole();
+    }
+
+    std::u16string connectionString() { return fromUtf8(server.odbcConnectionString("wire")); }
+    std::u16string idOf(const std::string &name) {
+        return fromUtf8(
+            server.valueOf("wire", "SELECT ID FROM SMS_RULES WHERE Name = '" + name + "'"));
+    }
+
+    /// Since the last time.
+    Heard heard() {
+        Heard heard;
+        for (const Asked &asked : server.heard()) {
+            if (!isOurs(asked)) {
+                heard.ofDriver.push_back(asked.text);
+            } else if (asked.how == Asked::How::prepared) {
+                ++heard.prepared;
+            } else {
+                heard.ours.push_back(asked.text);
+                heard.verbs.push_back(asked.text.substr(0, asked.text.find(' ')));
+            }
+        }
+        return heard;
+    }
+
+    /// The rules window's rows, from 1 on.
+    static void moveUp(User &user, int row) {
+        user.clickRow(u"lvwRules", row);
+        user.click(u"cmdMoveUp");
+    }
+
+    Server &server = Server::shared();
+    Editor editor{odbc::provider(), connectionString()};
+};
+
+using Servers = testing::Types<PostgreSqlServer, MariaDbServer>;
+TYPED_TEST_SUITE(Wire, Servers);
+
+TYPED_TEST(Wire, ASessionIsOpenedWithItsFiveQueriesBehindTheConnection) {
+    this->editor.inEditor(this->idOf("A"), [this](User &user) {
+        const Heard opening = this->heard();
+        EXPECT_EQ(opening.ours, sessionQueries);
+        for (const std::string &text : opening.ofDriver) {
+            EXPECT_TRUE(text.starts_with("SET ") || text.starts_with("show ") ||
+                        contains(text, "TYPNAME = 'LO'"))
+                << text;
+        }
+        user.click(u"cmdCancel");
+    });
+    const Heard closing = this->heard();
+    EXPECT_THAT(closing.ours, IsEmpty());
+    EXPECT_THAT(closing.ofDriver, IsEmpty());
+}
+
+TYPED_TEST(Wire, ATickIsOneStatementAndTheFirstOneAsksForTheKey) {
+    this->editor.inRulesWindow([this](User &user) {
+        static_cast<void>(this->heard());
+        user.tickRow(u"lvwRules", 2);
+        const Heard first = this->heard();
+        EXPECT_THAT(first.verbs, ElementsAre("UPDATE"));
+        // At most the table's columns, its key, and the end of what it prepared for that.
+        EXPECT_THAT(first.ofDriver, SizeIs(AllOf(Ge(1U), Le(3U))));
+        for (const int row : {2, 1}) {
+            user.tickRow(u"lvwRules", row);
+            const Heard tick = this->heard();
+            EXPECT_THAT(tick.verbs, ElementsAre("UPDATE"));
+            EXPECT_EQ(tick.prepared, 0);
+            EXPECT_THAT(tick.ofDriver, IsEmpty());
+        }
+        user.click(u"cmdCancel");
+    });
+    EXPECT_THAT(this->heard().ofDriver, IsEmpty());
+}
+
+TYPED_TEST(Wire, ASaveIsOneStatementAndOneReading) {
+    this->editor.inRulesWindow([this](User &user) {
+        user.tickRow(u"lvwRules", 1);
+        for (const bool again : {false, true}) {
+            this->editor.toolkit.whenShown(u"frmRuleEdit", [&](User &rule) {
+                rename(rule, again ? u"Renamed again" : u"Renamed");
+                static_cast<void>(this->heard());
+                rule.click(u"cmdOK");
+                const Heard save = this->heard();
+                EXPECT_THAT(save.verbs, ElementsAre("UPDATE", "SELECT"));
+                EXPECT_EQ(save.prepared, again ? 0 : 2);
+                EXPECT_THAT(save.ofDriver, IsEmpty());
+            });
+            user.clickRow(u"lvwRules", 1);
+            user.click(u"cmdModify");
+        }
+        user.click(u"cmdCancel");
+    });
+}
+
+TYPED_TEST(Wire, ANewRuleIsOneStatementAndOneReading) {
+    this->editor.inRulesWindow([this](User &user) {
+        user.tickRow(u"lvwRules", 1);
+        for (const bool again : {false, true}) {
+            this->editor.toolkit.whenShown(u"frmRuleEdit", [&](User &rule) {
+                completeRule(rule);
+                rename(rule, again ? u"Another" : u"New");
+                static_cast<void>(this->heard());
+                rule.click(u"cmdOK");
+                const Heard save = this->heard();
+                EXPECT_THAT(save.verbs, ElementsAre("INSERT", "SELECT"));
+                EXPECT_EQ(save.prepared, again ? 0 : 2);
+                EXPECT_THAT(save.ofDriver, IsEmpty());
+            });
+            user.click(u"cmdNew");
+        }
+        user.click(u"cmdCancel");
+    });
+}
+
+TYPED_TEST(Wire, AnOrderIsOneStatementForEachRuleWhoseNumberChanged) {
+    this->editor.inRulesWindow([this](User &user) {
+        user.tickRow(u"lvwRules", 1);
+        this->moveUp(user, 3);
+        static_cast<void>(this->heard());
+        user.click(u"cmdOK");
+        const Heard order = this->heard();
+        EXPECT_THAT(order.verbs, ElementsAre("UPDATE", "UPDATE"));
+        EXPECT_EQ(order.prepared, 1);
+        EXPECT_THAT(order.ofDriver, IsEmpty());
+    });
+}
+
+TYPED_TEST(Wire, AnOrderThatIsStoredAlreadySendsNothing) {
+    this->editor.inRulesWindow([this](User &user) {
+        static_cast<void>(this->heard());
+        user.click(u"cmdOK");
+        const Heard order = this->heard();
+        EXPECT_THAT(order.ours, IsEmpty());
+        EXPECT_EQ(order.prepared, 0);
+        EXPECT_THAT(order.ofDriver, IsEmpty());
+    });
+}
+
+TYPED_TEST(Wire, ARemovalIsOneStatement) {
+    this->editor.inRulesWindow([this](User &user) {
+        user.tickRow(u"lvwRules", 1);
+        static_cast<void>(this->heard());
+        confirmRemoval(this->editor, user, 2);
+        const Heard removal = this->heard();
+        EXPECT_THAT(removal.verbs, ElementsAre("DELETE"));
+        EXPECT_EQ(removal.prepared, 1);
+        EXPECT_THAT(removal.ofDriver, IsEmpty());
+        user.click(u"cmdCancel");
+    });
+    this->editor.utility.messages.clear();
+}
+
+} // namespace
+} // namespace kvex::test
