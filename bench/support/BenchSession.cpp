@@ -1,11 +1,10 @@
 #include "bench/support/BenchSession.h"
 
-#include "adapters/recordset/ClientConnection.h"
 #include "adapters/sqlite/Provider.h"
 #include "platform/Text.h"
 
 #include <stdexcept>
-#include <vector>
+#include <utility>
 
 namespace kvex::bench {
 namespace {
@@ -17,11 +16,6 @@ test::UtilityRecord recordFor(std::u16string connectionString) {
 }
 
 } // namespace
-
-std::unique_ptr<Connection> BenchSession::AnyDatabase::createConnection() {
-    return std::make_unique<recordset::ClientConnection>(
-        std::vector<recordset::Provider>{provider_});
-}
 
 BenchSession::BenchSession(std::u16string connectionString)
     : BenchSession(std::move(connectionString), headless, sqlite::provider()) {}

@@ -6,9 +6,7 @@
 #include "component/RuleUIClass.h"
 #include "tests/support/ComponentTest.h"
 
-#include <memory>
 #include <string>
-#include <utility>
 
 namespace kvex::bench {
 
@@ -34,21 +32,11 @@ public:
     headless::HeadlessToolkit headless;
 
 private:
-    class AnyDatabase final : public test::TestPlatform {
-    public:
-        AnyDatabase(test::UtilityRecord &record, Toolkit &toolkit, recordset::Provider provider)
-            : TestPlatform(record, toolkit), provider_(std::move(provider)) {}
-        std::unique_ptr<Connection> createConnection() override;
-
-    private:
-        recordset::Provider provider_;
-    };
-
     BenchSession(std::u16string connectionString, Toolkit &toolkit, recordset::Provider provider);
     void requireNoError() const;
 
     test::UtilityRecord utility_;
-    AnyDatabase platform_;
+    test::TestPlatform platform_;
     RuleUI ruleUI_;
 };
 

@@ -2,7 +2,7 @@
 
 #include "bench/support/RuleSet.h"
 #include "platform/Text.h"
-#include "tests/support/SqliteSchema.h"
+#include "tests/databases/SqliteSchema.h"
 
 #include <map>
 

@@ -83,6 +83,9 @@ TEST_F(SimultaneousChange, IsStoredOnceAndTheLoserIsTold) {
             EXPECT_EQ(idOf(theirsStored ? u"Theirs" : u"Mine"), id);
             if (user.isOpen()) {
                 expectRefused();
+                user.click(u"cmdOK");
+                mine.expectTold({saveFailed}, rowChangedByAnother,
+                                u"Another user changed or removed it");
                 EXPECT_EQ(typedName(user), u"Mine");
                 user.click(u"cmdCancel");
             }

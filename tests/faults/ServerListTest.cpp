@@ -2,6 +2,7 @@
 #include "adapters/odbc/OdbcError.h"
 #include "tests/editors/Editors.h"
 #include "tests/faults/ServerUnderTest.h"
+#include "tests/host/EnvironmentVariables.h"
 #include "tests/servers/FreePort.h"
 
 namespace kvex::test {
@@ -37,6 +38,22 @@ TEST_P(ServerList, ServersThatRefuseOrDoNotAnswerArePassedOver) {
     TcpRelay silent(server.port());
     silent.cut();
     listServers({freePort(), silent.port(), server.port()});
+    expectRules();
+}
+
+TEST_P(ServerList, ADataSourcesListIsOneToo) {
+    // Of a name of its own: the driver manager keeps for a while what it has read of one.
+    host::TemporaryFolder folder;
+    std::u16string &text = mine.utility.connectionString;
+    const std::string driver = toUtf8(text.substr(8, text.find(u'}') - 8));
+    const bool isPostgreSql = driver.starts_with("Postgre");
+    host::writeFile(folder / "odbc.ini",
+                    "[" + GetParam().database.name + "]\nDriver=" + driver +
+                        (isPostgreSql ? "\nServername=" : "\nServer=") +
+                        toUtf8(addressOf(freePort()) + u"," + addressOf(server.port())) + "\n");
+    host::EnvironmentVariables variables;
+    variables.set("ODBCINI", (folder / "odbc.ini").string());
+    text = u"DSN=" + fromUtf8(GetParam().database.name) + text.substr(text.find(u";Database="));
     expectRules();
 }
 

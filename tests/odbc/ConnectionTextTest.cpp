@@ -95,7 +95,8 @@ TEST(ConnectionText, EachServerOfAListIsTriedByItself) {
         EXPECT_THAT(native, HasSubstr(std::string("Port=") + port + ";"));
         EXPECT_THAT(native, Not(HasSubstr("db1, db2")));
     };
-    for (const std::u16string driver : {u"MariaDB Unicode", u"PostgreSQL Unicode"}) {
+    for (const std::u16string driver :
+         {u"MariaDB Unicode", u"PostgreSQL Unicode", u"MySQL ODBC 8.0 Unicode Driver"}) {
         texts = nativeTexts(ConnectionString(
             u"Driver={" + driver + u"};Server=db1, db2:3307,[::1]:3308,fe80::1,;Port=3306"));
         ASSERT_EQ(texts.size(), 4U);
