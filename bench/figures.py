@@ -78,6 +78,30 @@ FIGURES = [
         "the same, file in memory",
     ),
     Figure(
+        "postgresql_session",
+        "opening the session (PostgreSQL)",
+        "libpq: the five queries, every value read",
+        ratio=1.5,
+    ),
+    Figure(
+        "postgresql_renumber",
+        "OK that renumbers every rule (PostgreSQL)",
+        "libpq: the same statement, prepared once",
+        ratio=1.5,
+    ),
+    Figure(
+        "mariadb_session",
+        "opening the session (MariaDB)",
+        "libmariadb: the five queries, every value read",
+        ratio=1.5,
+    ),
+    Figure(
+        "mariadb_renumber",
+        "OK that renumbers every rule (MariaDB)",
+        "libmariadb: the same statement, prepared once",
+        ratio=1.5,
+    ),
+    Figure(
         "rules_window",
         "ListRules and first painting of the rules window",
         "QTableView on QSqlTableModel, all rows fetched",

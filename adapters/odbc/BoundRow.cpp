@@ -69,10 +69,13 @@ BoundRow::Place BoundRow::placeFor(const ResultColumn &column) {
 BoundRow::BoundRow(const OdbcStatement &query, const std::vector<ResultColumn> &columns)
     : query_(query), isBound_(query.connection().readsBoundAgain()) {
     std::ranges::transform(columns, std::back_inserter(places_), &placeFor);
-    for (SQLUSMALLINT column = 1; isBound_ && column <= places_.size(); ++column) {
-        Place &place = places_[column - 1U];
-        query.check(SQLBindCol(query.handle(), column, place.type, place.data(), place.size(),
-                               &place.length));
+    SQLUSMALLINT column = 0;
+    for (Place &place : places_) {
+        ++column;
+        if (isBound_) {
+            query.check(SQLBindCol(query.handle(), column, place.type, place.data(), place.size(),
+                                   &place.length));
+        }
     }
 }
 
@@ -81,8 +84,9 @@ BoundRow::~BoundRow() {
 }
 
 void BoundRow::deliver(recordset::RowSink &sink) {
-    for (SQLUSMALLINT column = 1; column <= places_.size(); ++column) {
-        Place &place = places_[column - 1U];
+    SQLUSMALLINT column = 0;
+    for (Place &place : places_) {
+        ++column;
         if (place.kind == ValueKind::integer || place.kind == ValueKind::number) {
             deliverNumber(column, place, sink);
         } else {

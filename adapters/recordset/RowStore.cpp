@@ -3,7 +3,6 @@
 #include "platform/Text.h"
 
 #include <algorithm>
-#include <cstring>
 #include <variant>
 
 namespace kvex::recordset {
@@ -37,8 +36,9 @@ void RowStore::utf8(std::string_view text) {
     Cell &cell = cells_.emplace_back();
     cell.kind = Kind::utf8;
     cell.length = static_cast<std::uint32_t>(text.size());
-    cell.utf8 = reinterpret_cast<const char *>(free_);
-    std::memcpy(free_, text.data(), text.size());
+    auto *const bytes = reinterpret_cast<char *>(free_);
+    std::ranges::copy(text, bytes);
+    cell.utf8 = bytes;
     free_ += (text.size() + 1) / 2;
     freeLength_ -= (text.size() + 1) / 2;
 }

@@ -47,15 +47,10 @@ template <class Server> void renumberByClient(benchmark::State &state) {
     }
 }
 
-/// Rows are written one by one.
-void aFewTimes(benchmark::internal::Benchmark *benchmark) {
-    atEverySize(benchmark);
-    benchmark->Iterations(1);
-}
-BENCHMARK(renumberByOk<PostgreSql>)->Name("postgresql_renumber")->Apply(aFewTimes);
-BENCHMARK(renumberByClient<PostgreSql>)->Name("postgresql_renumber.peer")->Apply(aFewTimes);
-BENCHMARK(renumberByOk<MariaDb>)->Name("mariadb_renumber")->Apply(aFewTimes);
-BENCHMARK(renumberByClient<MariaDb>)->Name("mariadb_renumber.peer")->Apply(aFewTimes);
+BENCHMARK(renumberByOk<PostgreSql>)->Name("postgresql_renumber")->Apply(atEverySize);
+BENCHMARK(renumberByClient<PostgreSql>)->Name("postgresql_renumber.peer")->Apply(atEverySize);
+BENCHMARK(renumberByOk<MariaDb>)->Name("mariadb_renumber")->Apply(atEverySize);
+BENCHMARK(renumberByClient<MariaDb>)->Name("mariadb_renumber.peer")->Apply(atEverySize);
 
 } // namespace
 } // namespace kvex::bench

@@ -4,6 +4,7 @@
 #include "adapters/recordset/ClientConnection.h"
 #include "adapters/recordset/ClientRecordset.h"
 #include "adapters/recordset/Schema.h"
+#include "adapters/recordset/Transaction.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
 #include "tests/recordset/ServerFixture.h"
@@ -132,6 +133,29 @@ TEST_P(OdbcDatabase, ATextTooLongForItsColumnIsRefusedAndNothingIsCut) {
     } else {
         EXPECT_EQ(database->valueOf(u"SELECT Name FROM SMS_RULES"), text);
     }
+}
+
+TEST_P(OdbcDatabase, WhatRanInATransactionThatWasUndoneRunsAgain) {
+    recordset::ClientRecordset stored;
+    Recordset &rules = stored;
+    rules.open(u"SELECT * FROM SMS_RULES", connection, CursorType::dynamic, LockType::optimistic);
+    const auto rename = [&](const char16_t *name) {
+        rules.setField(u"Name", std::u16string(name));
+        rules.update();
+        rules.resyncCurrent();
+    };
+    {
+        const recordset::Transaction undone(client);
+        rename(u"undone");
+    }
+    EXPECT_EQ(database->valueOf(u"SELECT Name FROM SMS_RULES"), u"rule");
+    rules.resyncCurrent();
+    rename(u"kept");
+    EXPECT_EQ(database->valueOf(u"SELECT Name FROM SMS_RULES"), u"kept");
+    recordset::Transaction committed(client);
+    rename(u"committed");
+    committed.commit();
+    EXPECT_EQ(database->valueOf(u"SELECT Name FROM SMS_RULES"), u"committed");
 }
 
 TEST_P(OdbcDatabase, DecimalsAreIntegersWhereTheyAreWhole) {

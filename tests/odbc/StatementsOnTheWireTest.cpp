@@ -26,17 +26,20 @@ using testing::Le;
 using testing::SizeIs;
 using Lines = std::vector<std::string>;
 
+const std::string commandsQuery =
+    "SELECT * FROM SMS_SERVICECOMMANDS WHERE SERVICE_ID IN (SELECT ID FROM SMS_SERVICE WHERE "
+    "DELETED = 0 AND DISABLED = 0)";
 const Lines sessionQueries{
     "SELECT * FROM SMS_RULES WHERE DELETED = 0 ORDER BY PRIORITY",
     "SELECT * FROM SMS_USERS WHERE DELETED = 0", "SELECT * FROM SMS_ACCOUNT WHERE DELETED = 0",
-    "SELECT * FROM SMS_SERVICE WHERE DELETED = 0 AND DISABLED = 0",
-    "SELECT * FROM SMS_SERVICECOMMANDS WHERE SERVICE_ID IN (SELECT ID FROM SMS_SERVICE WHERE "
-    "DELETED = 0 AND DISABLED = 0)"};
+    "SELECT * FROM SMS_SERVICE WHERE DELETED = 0 AND DISABLED = 0", commandsQuery};
 
+/// `part` is in capitals.
 bool contains(const std::string &text, std::string_view part) {
-    return std::ranges::search(text, part, {}, [](unsigned char unit) {
-               return std::toupper(unit);
-           }).begin() != text.end();
+    const auto isSame = [](unsigned char unit, unsigned char wanted) {
+        return std::toupper(unit) == wanted;
+    };
+    return std::search(text.begin(), text.end(), part.begin(), part.end(), isSame) != text.end();
 }
 
 /// Of the rules' tables; everything else is the driver's own.
