@@ -12,7 +12,7 @@ foreach(header IN LISTS kvex_headers)
   list(APPEND kvex_header_sources "${source}")
 endforeach()
 
-find_package(Qt6 REQUIRED COMPONENTS Widgets Test)
+find_package(Qt6 REQUIRED COMPONENTS Sql Test Widgets)
 add_library(headers OBJECT EXCLUDE_FROM_ALL ${kvex_header_sources})
-target_link_libraries(headers PRIVATE kvex_options Qt6::Widgets Qt6::Test GTest::gtest GTest::gmock
+target_link_libraries(headers PRIVATE kvex_options Qt6::Sql Qt6::Test Qt6::Widgets GTest::gtest GTest::gmock
   benchmark::benchmark)

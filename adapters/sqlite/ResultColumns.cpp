@@ -55,7 +55,9 @@ std::vector<std::u16string> keyColumns(const Database &database, sqlite3_stmt *q
 
 std::vector<recordset::Column> resultColumns(const SqliteStatement &query) {
     std::vector<recordset::Column> columns;
-    for (int i = 0; i < sqlite3_column_count(query.handle()); ++i) {
+    const int count = sqlite3_column_count(query.handle());
+    columns.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
         columns.push_back({.name = textOf(sqlite3_column_name(query.handle(), i)),
                            .table = tableOf(query.handle(), i),
                            .baseColumn = baseColumnOf(query.handle(), i)});

@@ -74,7 +74,7 @@ Run runProgram(const std::filesystem::path &program, std::vector<std::string> ar
 }
 
 std::filesystem::path besideBenchmarks(const char *name) {
-    const std::filesystem::path file =
+    std::filesystem::path file =
         std::filesystem::read_symlink("/proc/self/exe").parent_path() / name;
     if (!std::filesystem::exists(file)) {
         throw std::runtime_error(file.string() + " is missing");
