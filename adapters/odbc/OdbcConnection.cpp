@@ -29,7 +29,6 @@ bool speaksUtf8(const recordset::ConnectionString &text) {
     return !text.has(u"CHARSET") || foldCase(text.value(u"CHARSET")).starts_with(u"utf8");
 }
 
-/// PostgreSQL's driver hands texts on in the locale's characters even where bytes are asked for.
 bool localeSpeaksUtf8() {
     constexpr std::string_view character = "\xE0\xA4\x95";
     std::mbstate_t state{};
@@ -81,7 +80,8 @@ void OdbcConnection::learnAbout(const recordset::ConnectionString &text) {
     if (quote_ == u" ") {
         quote_.clear();
     }
-    if (info(SQL_DRIVER_NAME) == server_.utf8Driver && speaksUtf8(text) && localeSpeaksUtf8()) {
+    if (info(SQL_DRIVER_NAME) == server_.utf8Driver && speaksUtf8(text) &&
+        (!server_.utf8InUtf8Locales || localeSpeaksUtf8())) {
         utf8Texts_ = server_.utf8Texts;
     }
     SQLUINTEGER extensions = 0;

@@ -36,6 +36,8 @@ struct ServerKind {
     /// Holds for the driver of this name.
     std::u16string_view utf8Driver;
     Utf8Texts utf8Texts;
+    /// It does so only while the process runs in a locale of UTF-8.
+    bool utf8InUtf8Locales;
     recordset::ColumnTypes columnTypes;
 
     /// A server of an unknown name is one of the standard's plain ways. `version` is that of

@@ -33,7 +33,7 @@ RowStore::Cell RowStore::cellOf(std::u16string_view text) {
 
 void RowStore::utf8(std::string_view text) {
     provide((text.size() + 1) / 2);
-    Cell &cell = cells_.emplace_back();
+    Cell cell;
     cell.kind = Kind::utf8;
     cell.length = static_cast<std::uint32_t>(text.size());
     auto *const bytes = reinterpret_cast<char *>(free_);
@@ -41,6 +41,26 @@ void RowStore::utf8(std::string_view text) {
     cell.utf8 = bytes;
     free_ += (text.size() + 1) / 2;
     freeLength_ -= (text.size() + 1) / 2;
+    add(cell);
+}
+
+void RowStore::add(const Cell &cell) {
+    if (begun_ == 0 && rowCount_ % rowsOfPiece == 0) {
+        pieces_.push_back(std::make_unique<Cell[]>(rowsOfPiece * columns_.size()));
+    }
+    cellAt(rowCount_, begun_) = cell;
+    if (++begun_ == columns_.size()) {
+        begun_ = 0;
+        ++rowCount_;
+    }
+}
+
+void RowStore::appendRow() {
+    Cell unknown;
+    unknown.kind = Kind::unknown;
+    for (std::size_t column = 0; column < columns_.size(); ++column) {
+        add(unknown);
+    }
 }
 
 RowStore::Cell RowStore::fromUtf8(const Cell &cell) const {
@@ -69,14 +89,14 @@ RowStore::Cell RowStore::takeText(const char16_t *end) const {
 
 bool RowStore::canBeText(std::size_t row, std::size_t column, std::size_t length) const {
     constexpr std::size_t mostBytesForUnit = 3;
-    const Cell &cell = cells_[row * columns_.size() + column];
+    const Cell &cell = cellAt(row, column);
     return cell.kind == Kind::text ? cell.length == length
                                    : cell.kind == Kind::utf8 && cell.length >= length &&
                                          cell.length <= length * mostBytesForUnit;
 }
 
 ValueView RowStore::value(std::size_t row, std::size_t column) const {
-    Cell &cell = cells_[row * columns_.size() + column];
+    Cell &cell = cellAt(row, column);
     if (cell.kind == Kind::utf8) {
         cell = fromUtf8(cell);
     }
@@ -96,8 +116,7 @@ ValueView RowStore::value(std::size_t row, std::size_t column) const {
 }
 
 void RowStore::set(std::size_t row, std::size_t column, const ValueView &value) {
-    cells_[row * columns_.size() + column] =
-        std::visit([&](auto held) { return cellOf(held); }, value.held());
+    cellAt(row, column) = std::visit([&](auto held) { return cellOf(held); }, value.held());
 }
 
 } // namespace kvex::recordset

@@ -3,8 +3,8 @@
 
 #include "adapters/recordset/Driver.h"
 
+#include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -13,30 +13,29 @@ namespace kvex::recordset {
 
 /// A value takes 16 bytes; texts lie one behind the other in chunks. A text stays where it is,
 /// replaced ones too, until the store goes. One that came as UTF-8 is kept so until it is asked
-/// for, as most never are. For one thread.
+/// for, as most never are. The values of a column lie side by side, for searches. For one thread.
 class RowStore final : public RowSink {
 public:
     void columns(std::vector<Column> columns) override { columns_ = std::move(columns); }
-    void null() override { cells_.emplace_back(); }
-    void integer(std::int64_t number) override { cells_.push_back(cellOf(number)); }
-    void number(double number) override { cells_.push_back(cellOf(number)); }
-    void text(std::u16string_view text) override { cells_.push_back(cellOf(text)); }
+    void null() override { add({}); }
+    void integer(std::int64_t number) override { add(cellOf(number)); }
+    void number(double number) override { add(cellOf(number)); }
+    void text(std::u16string_view text) override { add(cellOf(text)); }
     void utf8(std::string_view text) override;
 
     [[nodiscard]] const std::vector<Column> &columns() const noexcept { return columns_; }
-    [[nodiscard]] std::size_t rowCount() const noexcept {
-        return columns_.empty() ? 0 : cells_.size() / columns_.size();
-    }
+    /// The whole ones.
+    [[nodiscard]] std::size_t rowCount() const noexcept { return rowCount_; }
     [[nodiscard]] ValueView value(std::size_t row, std::size_t column) const;
     /// Whether the value can be a text of so many units: told without reading it.
     [[nodiscard]] bool canBeText(std::size_t row, std::size_t column, std::size_t length) const;
     /// Whether it was read or set; an unknown one reads as Null.
     [[nodiscard]] bool isKnown(std::size_t row, std::size_t column) const {
-        return cells_[row * columns_.size() + column].kind != Kind::unknown;
+        return cellAt(row, column).kind != Kind::unknown;
     }
     void set(std::size_t row, std::size_t column, const ValueView &value);
     /// A row of unknown values behind the last one.
-    void appendRow() { cells_.resize(cells_.size() + columns_.size(), unknownCell()); }
+    void appendRow();
 
 private:
     enum class Kind : std::uint32_t { null, integer, number, text, utf8, unknown };
@@ -52,24 +51,30 @@ private:
     };
     static_assert(sizeof(Cell) == 16);
 
-    static Cell unknownCell() {
-        Cell cell;
-        cell.kind = Kind::unknown;
-        return cell;
-    }
     static Cell cellOf(Null /*null*/) { return {}; }
     static Cell cellOf(std::int64_t number);
     static Cell cellOf(double number);
     Cell cellOf(std::u16string_view text);
+    /// Behind the last value.
+    void add(const Cell &cell);
+    [[nodiscard]] Cell &cellAt(std::size_t row, std::size_t column) const {
+        return pieces_[row / rowsOfPiece][column * rowsOfPiece + row % rowsOfPiece];
+    }
     [[nodiscard]] Cell fromUtf8(const Cell &cell) const;
     /// Room for a text of that length at `free_`.
     void provide(std::size_t length) const;
     /// The text that was written there.
     [[nodiscard]] Cell takeText(const char16_t *end) const;
 
+    static constexpr std::size_t rowsOfPiece = 64;
+
     std::vector<Column> columns_;
-    // What a text that is asked for changes.
-    mutable std::deque<Cell> cells_;
+    /// Each of so many rows, column after column. A text that is asked for changes its cell.
+    std::vector<std::unique_ptr<Cell[]>> pieces_;
+    std::size_t rowCount_ = 0;
+    /// The values of the row behind the last whole one that have come.
+    std::size_t begun_ = 0;
+    // What a text that is asked for takes up.
     mutable std::vector<std::unique_ptr<char16_t[]>> chunks_;
     mutable char16_t *free_ = nullptr;
     mutable std::size_t freeLength_ = 0;

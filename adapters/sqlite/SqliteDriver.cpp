@@ -55,6 +55,8 @@ void SqliteDriver::query(const recordset::Statement &statement, recordset::RowSi
             deliver(query.handle(), column, sink);
         }
     }
+    // What was read is held by whoever asked: SQLite need not hold its pages as well.
+    sqlite3_db_release_memory(database_.handle());
 }
 
 void SqliteDriver::describe(const std::u16string &query, std::vector<recordset::Column> &columns) {
