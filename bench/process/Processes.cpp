@@ -1,5 +1,6 @@
 #include "bench/process/Processes.h"
 
+#include "tests/support/ArgumentPointers.h"
 #include "tests/support/VirtualDisplay.h"
 
 #include <array>
@@ -11,16 +12,6 @@
 
 namespace kvex::bench {
 namespace {
-
-std::vector<char *> pointers(std::vector<std::string> &texts) {
-    std::vector<char *> result;
-    result.reserve(texts.size() + 1);
-    for (std::string &text : texts) {
-        result.push_back(text.data());
-    }
-    result.push_back(nullptr);
-    return result;
-}
 
 std::vector<std::string> environmentWith(const std::map<std::string, std::string> &variables) {
     std::vector<std::string> all;
@@ -60,7 +51,8 @@ Run runProgram(const std::filesystem::path &program, std::vector<std::string> ar
     pid_t child = 0;
     const double start = now();
     const int failure = posix_spawnp(&child, program.c_str(), &actions, nullptr,
-                                     pointers(arguments).data(), pointers(environment).data());
+                                     test::argumentPointers(arguments).data(),
+                                     test::argumentPointers(environment).data());
     posix_spawn_file_actions_destroy(&actions);
     close(ends[1]);
     Run run{readAll(ends[0]), 0};

@@ -80,6 +80,14 @@ TEST_P(OdbcDatabase, TextsAreKeptWholeWhateverTheirLength) {
     }
 }
 
+TEST_P(OdbcDatabase, TheProviderOfOdbcMayStandBeforeTheDriver) {
+    recordset::ClientConnection other({database->provider()});
+    static_cast<Connection &>(other).open(u"Provider=MSDASQL;" + database->connectionString());
+    recordset::ClientRecordset read;
+    static_cast<Recordset &>(read).open(u"SELECT * FROM SMS_RULES", other);
+    EXPECT_EQ(static_cast<Recordset &>(read).field(u"Name").text(), u"rule");
+}
+
 TEST_P(OdbcDatabase, RowsWithSeveralLongTextsAreReadWhole) {
     const auto insert = [&](const std::u16string &id, std::size_t query, std::size_t action) {
         database->run(u"INSERT INTO SMS_RULES (ID, Name, QueryParam, ActionParam, PRIORITY) "

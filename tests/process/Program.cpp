@@ -1,5 +1,7 @@
 #include "tests/process/Program.h"
 
+#include "tests/support/ArgumentPointers.h"
+
 #include <array>
 #include <cerrno>
 #include <fcntl.h>
@@ -30,16 +32,6 @@ struct Pipe {
     Pipe(const Pipe &) = delete;
     Pipe &operator=(const Pipe &) = delete;
 };
-
-std::vector<char *> pointers(std::vector<std::string> &texts) {
-    std::vector<char *> result;
-    result.reserve(texts.size() + 1);
-    for (std::string &text : texts) {
-        result.push_back(text.data());
-    }
-    result.push_back(nullptr);
-    return result;
-}
 
 void connectOutput(Output output, int captured) {
     switch (output) {
@@ -89,8 +81,8 @@ Outcome run(const std::filesystem::path &program, const std::vector<std::string>
     for (const auto &[name, value] : environment) {
         variables.push_back(std::string(name).append("=").append(value));
     }
-    const std::vector<char *> argumentPointers = pointers(words);
-    const std::vector<char *> variablePointers = pointers(variables);
+    const std::vector<char *> argumentPointers = test::argumentPointers(words);
+    const std::vector<char *> variablePointers = test::argumentPointers(variables);
     Pipe outputPipe;
     Pipe errorPipe;
     if (output == Output::withoutReader) {

@@ -1,5 +1,7 @@
 #include "tests/servers/ServerProcess.h"
 
+#include "tests/support/ArgumentPointers.h"
+
 #include <csignal>
 #include <cstdint>
 #include <fcntl.h>
@@ -74,12 +76,7 @@ void stopAndAwait(pid_t pid) {
 
 ServerProcess::ServerProcess(const std::vector<std::string> &command, const ServerFolder &folder) {
     std::vector<std::string> words = command;
-    std::vector<char *> pointers;
-    pointers.reserve(words.size() + 1);
-    for (std::string &word : words) {
-        pointers.push_back(word.data());
-    }
-    pointers.push_back(nullptr);
+    const std::vector<char *> pointers = argumentPointers(words);
     const auto user = ServerUser::instead();
     const int log = open((folder / "log").c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC,
                          S_IRUSR | S_IWUSR);
