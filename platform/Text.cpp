@@ -218,6 +218,23 @@ std::u16string_view trimmed(std::u16string_view text) noexcept {
     return text.substr(first, text.find_last_not_of(u' ') - first + 1);
 }
 
+std::size_t findUnit(std::u16string_view text, char16_t unit, std::size_t from) noexcept {
+    // The C library looks at many bytes at a time. Either byte of another unit can be the same.
+    const auto *bytes = reinterpret_cast<const unsigned char *>(text.data());
+    const std::size_t size = text.size() * sizeof(char16_t);
+    for (std::size_t at = from * sizeof(char16_t); at < size; ++at) {
+        const void *found = std::memchr(bytes + at, static_cast<unsigned char>(unit), size - at);
+        if (found == nullptr) {
+            break;
+        }
+        at = static_cast<std::size_t>(static_cast<const unsigned char *>(found) - bytes);
+        if (text[at / sizeof(char16_t)] == unit) {
+            return at / sizeof(char16_t);
+        }
+    }
+    return std::u16string_view::npos;
+}
+
 std::vector<std::u16string_view> split(std::u16string_view text, char16_t separator) {
     std::vector<std::u16string_view> items;
     items.reserve(static_cast<std::size_t>(std::ranges::count(text, separator)) + 1);

@@ -18,6 +18,10 @@ char16_t *fromUtf8(std::string_view text, char16_t *target) noexcept;
 /// `text` without the blanks at both ends. The view is into `text`.
 [[nodiscard]] std::u16string_view trimmed(std::u16string_view text) noexcept;
 
+/// As text.find(unit, from), for texts that are long to where it stands.
+[[nodiscard]] std::size_t findUnit(std::u16string_view text, char16_t unit,
+                                   std::size_t from = 0) noexcept;
+
 /// The items between the separators, empty ones included; at least one. Views into `text`.
 [[nodiscard]] std::vector<std::u16string_view> split(std::u16string_view text, char16_t separator);
 

@@ -7,7 +7,7 @@
 #include "rules/RuleState.h"
 #include "rules/StoredMoment.h"
 
-#include <vector>
+#include <algorithm>
 
 namespace kvex {
 namespace {
@@ -16,6 +16,21 @@ constexpr std::u16string_view andSeparator = u" and ";
 
 std::u16string_view separatorFor(std::int16_t all) {
     return all == 1 ? andSeparator : u" or ";
+}
+
+/// The items of `list`, joined.
+std::u16string joinedList(std::u16string_view list, std::u16string_view separator) {
+    const auto items = static_cast<std::size_t>(std::ranges::count(list, u';')) + 1;
+    std::u16string result(list.size() - (items - 1) + (items - 1) * separator.size(), u'\0');
+    auto end = result.begin();
+    for (const char16_t unit : list) {
+        if (unit == u';') {
+            end = std::ranges::copy(separator, end).out;
+        } else {
+            *end++ = unit;
+        }
+    }
+    return result;
 }
 
 /// The items of `list` as `shown` gives them, joined. What `shown` raises is trapped under `sub`.
@@ -27,10 +42,8 @@ std::u16string joinedList(std::u16string_view sub, std::u16string_view list,
         if (list.empty()) {
             return;
         }
-        const std::vector<std::u16string_view> items = split(list, u';');
-        result.reserve(list.size() + items.size() * separator.size());
         bool first = true;
-        for (const auto item : items) {
+        for (const std::u16string_view item : split(list, u';')) {
             // Before the separator: what fails leaves none behind.
             const auto text = shown(item);
             result.append(first ? u"" : separator).append(text);
@@ -40,7 +53,6 @@ std::u16string joinedList(std::u16string_view sub, std::u16string_view list,
     return result;
 }
 
-constexpr auto asWritten = [](std::u16string_view item) { return item; };
 constexpr auto accountName = [](std::u16string_view id) { return GetAccountName(toInt32(id)); };
 constexpr auto userName = [](std::u16string_view id) { return GetUserName(toInt32(id)); };
 
@@ -48,8 +60,7 @@ constexpr auto userName = [](std::u16string_view id) { return GetUserName(toInt3
 
 std::u16string BuildPeopleList() {
     const RuleState &rule = ruleState();
-    return joinedList(u"BuildPeopleList", rule.strPeople, separatorFor(rule.intPeopleAll),
-                      asWritten);
+    return joinedList(rule.strPeople, separatorFor(rule.intPeopleAll));
 }
 
 std::u16string BuildAccountList() {
@@ -60,7 +71,7 @@ std::u16string BuildAccountList() {
 
 std::u16string BuildWordList() {
     const RuleState &rule = ruleState();
-    return joinedList(u"BuildWordList", rule.strWords, separatorFor(rule.intWordsAll), asWritten);
+    return joinedList(rule.strWords, separatorFor(rule.intWordsAll));
 }
 
 std::u16string BuildDistributionList() {
@@ -69,7 +80,7 @@ std::u16string BuildDistributionList() {
 }
 
 std::u16string BuildAlertList() {
-    return joinedList(u"BuildAlertList", ruleState().strAlertRecipients, andSeparator, asWritten);
+    return joinedList(ruleState().strAlertRecipients, andSeparator);
 }
 
 std::u16string BuildDateTimeList() {

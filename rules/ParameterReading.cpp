@@ -31,15 +31,19 @@ public:
     explicit TaggedText(std::u16string_view text) : text_(text) {
         constexpr std::size_t usualCount = 24;
         places_.reserve(usualCount);
-        for (std::size_t at = text.find(u'<'); at != npos; at = text.find(u'<', at + 1)) {
+        for (std::size_t at = findUnit(text, u'<'); at != npos; at = findUnit(text, u'<', at + 1)) {
             places_.push_back(at);
         }
     }
 
     /// As std::u16string_view::find.
     [[nodiscard]] std::size_t find(std::u16string_view tag) const {
-        const auto found = std::ranges::find_if(
-            places_, [&](std::size_t at) { return text_.substr(at, tag.size()) == tag; });
+        const auto stands = [&](std::size_t at) {
+            const auto candidate = text_.substr(at, tag.size());
+            // Most other tags have another length.
+            return candidate.back() == tag.back() && candidate == tag;
+        };
+        const auto found = std::ranges::find_if(places_, stands);
         return found == places_.end() ? npos : *found;
     }
 

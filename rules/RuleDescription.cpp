@@ -6,17 +6,21 @@
 #include "rules/Lookups.h"
 #include "rules/RuleState.h"
 
+#include <utility>
 #include <vector>
 
 namespace kvex {
 namespace {
 
-const std::u16string lineBreak = u"\r\n";
-
 class DescriptionWriter {
 public:
-    void write(const std::u16string &text, Colour shade = colour::black) {
-        runs_.push_back({text, shade});
+    DescriptionWriter() {
+        constexpr std::size_t usualCount = 24;
+        runs_.reserve(usualCount);
+    }
+
+    void write(std::u16string text, Colour shade = colour::black) {
+        runs_.push_back({std::move(text), shade});
     }
     void writeQuoted(const std::u16string &value) { write(u"'" + value + u"'", colour::blue); }
 
@@ -41,14 +45,11 @@ std::u16string accountOf(const std::u16string &id) {
 
 void DescriptionWriter::writeConditions(const RuleState &rule) {
     if (rule.blnAllMessages) {
-        write(lineBreak + u"For ALL Messages");
+        write(u"\r\nFor ALL Messages");
         return;
     }
-    bool more = false;
-    const auto lead = [&] {
-        const std::u16string words = more ? u"and the message" : u"If the message";
-        more = true;
-        return lineBreak + words;
+    auto lead = [more = false]() mutable -> std::u16string {
+        return std::exchange(more, true) ? u"\r\nand the message" : u"\r\nIf the message";
     };
     if (rule.strIgnoreIfService == u"YES") {
         write(lead() + u" is not a Service message ");
@@ -74,11 +75,8 @@ void DescriptionWriter::writeConditions(const RuleState &rule) {
 }
 
 void DescriptionWriter::writeActions(const RuleState &rule) {
-    bool more = false;
-    const auto lead = [&] {
-        const std::u16string words = more ? u"and" : u"Then";
-        more = true;
-        return lineBreak + words;
+    auto lead = [more = false]() mutable -> std::u16string {
+        return std::exchange(more, true) ? u"\r\nand" : u"\r\nThen";
     };
     if (!rule.strDistribution.empty()) {
         write(lead() + u" distribute the message to ");

@@ -12,10 +12,16 @@ void HeadlessRichTextBox::setText(const std::u16string &text) {
 }
 
 void HeadlessRichTextBox::setRuns(const std::vector<TextRun> &runs) {
-    std::u16string whole;
-    coming_.clear();
+    std::size_t length = 0;
     for (const TextRun &run : runs) {
-        whole.append(controls::withCrLf(run.text));
+        length += run.text.size();
+    }
+    std::u16string whole;
+    whole.reserve(length);
+    coming_.clear();
+    coming_.reserve(length);
+    for (const TextRun &run : runs) {
+        controls::appendWithCrLf(whole, run.text);
         coming_.resize(whole.size(), run.colour);
     }
     replace(0, content().size(), whole);
@@ -31,6 +37,11 @@ bool HeadlessRichTextBox::press(Key key) {
 
 void HeadlessRichTextBox::replaced(std::size_t from, std::size_t length, std::size_t added) {
     coming_.resize(added, colour::black);
+    if (length == colours_.size()) {
+        colours_.swap(coming_);
+        coming_.clear();
+        return;
+    }
     const auto at = colours_.begin() + static_cast<std::ptrdiff_t>(from);
     colours_.insert(colours_.erase(at, at + static_cast<std::ptrdiff_t>(length)), coming_.begin(),
                     coming_.end());

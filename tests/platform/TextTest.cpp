@@ -68,6 +68,21 @@ TEST(Trimmed, TakesBlanksFromBothEndsAndNothingElse) {
     EXPECT_EQ(kvex::trimmed(u""), u"");
 }
 
+TEST(FindUnit, FindsTheFirstFromAPlaceOn) {
+    EXPECT_EQ(kvex::findUnit(u"a<b<", u'<'), 1U);
+    EXPECT_EQ(kvex::findUnit(u"a<b<", u'<', 1), 1U);
+    EXPECT_EQ(kvex::findUnit(u"a<b<", u'<', 2), 3U);
+    EXPECT_EQ(kvex::findUnit(u"a<b<", u'<', 4), std::u16string_view::npos);
+    EXPECT_EQ(kvex::findUnit(u"", u'<'), std::u16string_view::npos);
+}
+
+TEST(FindUnit, PassesOverUnitsThatShareAByte) {
+    // "<" is 3C: the nukta ends in it, the ideograph begins with it.
+    EXPECT_EQ(kvex::findUnit(u"\u093C\u3C3C\u3C00<", u'<'), 3U);
+    EXPECT_EQ(kvex::findUnit(u"\u093C\u3C3C\u3C00", u'<'), std::u16string_view::npos);
+    EXPECT_EQ(kvex::findUnit(u"<\u093C", u'\u093C'), 1U);
+}
+
 TEST(Split, GivesTheItemsBetweenTheSeparators) {
     EXPECT_THAT(kvex::split(u"a;b;c", u';'), ElementsAre(u"a", u"b", u"c"));
     EXPECT_THAT(kvex::split(u"a,b", u';'), ElementsAre(u"a,b"));
