@@ -161,5 +161,10 @@ FIGURES = [
         ratio=1.3,
         more=40,
     ),
+    Figure(
+        "same_widgets",
+        "a Qt program with one dialog of the same widgets and texts",
+        "a Qt program with one empty dialog",
+    ),
     Figure("component_size", "the stripped component (bytes)"),
 ]

@@ -27,6 +27,9 @@ target_compile_options(kvex_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror
   # Optimising, GCC 12 takes what std::string does for overlapping copies.
   $<$<AND:$<CXX_COMPILER_ID:GNU>,$<CONFIG:Release>>:-Wno-restrict>)
+# A release leaves out what nothing calls: of the headless toolkit the component needs one text box.
+add_compile_options($<$<CONFIG:Release>:-ffunction-sections> $<$<CONFIG:Release>:-fdata-sections>)
+add_link_options($<$<CONFIG:Release>:LINKER:--gc-sections>)
 if(KVEX_SANITIZE)
   add_compile_options(-fsanitize=${KVEX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${KVEX_SANITIZE})

@@ -23,10 +23,10 @@ void editor(benchmark::State &state) {
     }
 }
 
-void emptyDialog(benchmark::State &state) {
+void bareProgram(benchmark::State &state, const char *name) {
     requireVirtualDisplay();
     for (auto _ : state) {
-        timeFirstPainting(state, besideBenchmarks("empty_dialog"), {});
+        timeFirstPainting(state, besideBenchmarks(name), {});
     }
 }
 
@@ -34,7 +34,13 @@ void tenRules(benchmark::internal::Benchmark *benchmark) {
     benchmark->UseManualTime()->Unit(benchmark::kMillisecond)->Arg(10)->Iterations(5);
 }
 BENCHMARK(editor)->Name("first_window")->Apply(tenRules);
-BENCHMARK(emptyDialog)->Name("first_window.peer")->Apply(tenRules);
+BENCHMARK_CAPTURE(bareProgram, emptyDialog, "empty_dialog")
+    ->Name("first_window.peer")
+    ->Apply(tenRules);
+BENCHMARK_CAPTURE(bareProgram, sameWidgets, "same_widgets")->Name("same_widgets")->Apply(tenRules);
+BENCHMARK_CAPTURE(bareProgram, emptyDialog, "empty_dialog")
+    ->Name("same_widgets.peer")
+    ->Apply(tenRules);
 
 } // namespace
 } // namespace kvex::bench
