@@ -13,11 +13,14 @@ namespace kvex::sqlite {
 namespace {
 
 std::u16string quoted(std::u16string_view identifier) {
-    std::u16string result = u"\"";
+    std::u16string result;
+    result.reserve(identifier.size() + 2);
+    result.push_back(u'"');
     for (const char16_t unit : identifier) {
         result.append(unit == u'"' ? 2 : 1, unit);
     }
-    return result + u'"';
+    result.push_back(u'"');
+    return result;
 }
 
 /// "" for a null pointer.
