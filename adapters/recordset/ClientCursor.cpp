@@ -40,16 +40,15 @@ void ClientCursor::find(const FindCriterion &criterion, std::size_t skip) {
             return;
         }
     }
-    const auto matches = [&](std::size_t candidate) {
-        const auto *text = std::get_if<std::u16string_view>(&criterion.wanted());
-        // Texts that are equal but for their case are equally long.
-        return (text == nullptr || rows_.canBeText(candidate, column, text->size())) &&
-               criterion.matches(rows_.value(candidate, column));
+    const auto *text = std::get_if<std::u16string_view>(&criterion.wanted());
+    const auto candidate = [&](std::size_t from) {
+        return text != nullptr ? rows_.nextLike(*text, column, from) : from;
     };
-    while (row < rowCount() && !matches(row)) {
-        row = firstKept(row + 1);
+    row = candidate(row);
+    while (row < rowCount() && (removed_[row] || !criterion.matches(rows_.value(row, column)))) {
+        row = candidate(row + 1);
     }
-    current_ = row;
+    current_ = std::min(row, rowCount());
 }
 
 void ClientCursor::requireCurrent() const {

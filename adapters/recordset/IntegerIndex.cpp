@@ -7,7 +7,9 @@ namespace kvex::recordset {
 std::optional<IntegerIndex> IntegerIndex::of(const RowStore &rows, std::size_t column,
                                              const std::vector<bool> &removed) {
     IntegerIndex index;
-    index.entries_.reserve(rows.rowCount());
+    // Rows that are added soon must not make all of it move.
+    constexpr std::size_t addedSoon = 64;
+    index.entries_.reserve(rows.rowCount() + addedSoon);
     for (std::size_t row = 0; row < rows.rowCount(); ++row) {
         if (removed[row]) {
             continue;

@@ -3,6 +3,9 @@
 namespace kvex::recordset {
 namespace {
 
+/// Of a change of one column.
+constexpr std::size_t usualLength = 128;
+
 /// The texts one behind the other.
 template <class... Texts> std::u16string joined(const Texts &...texts) {
     std::u16string text;
@@ -58,7 +61,11 @@ Statement selectRow(std::u16string_view table, const std::vector<std::u16string_
 Statement updateRow(const Driver &driver, std::u16string_view table,
                     const std::vector<Assignment> &changes, const RowKey &key,
                     const std::vector<Assignment> &read) {
-    Statement statement{joined(u"UPDATE ", table), {}};
+    Statement statement;
+    // Room for all of it: one change of a rule set's order follows the other.
+    statement.text.reserve(usualLength);
+    statement.parameters.reserve(changes.size() + key.size() + read.size());
+    statement.text.append(u"UPDATE ").append(table);
     std::u16string_view separator = u" SET ";
     for (const Assignment &change : changes) {
         appendEqual(statement, separator, change);

@@ -1,5 +1,6 @@
 #include "adapters/recordset/RowStore.h"
 
+#include "adapters/recordset/EqualIgnoringCase.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -8,9 +9,16 @@
 namespace kvex::recordset {
 namespace {
 
-constexpr std::size_t chunkLength = 0x8000;
+/// Each chunk is twice as long as the one before it, up to the longest.
+constexpr std::size_t firstChunk = 0x400;
+constexpr std::size_t doublings = 5;
 
 } // namespace
+
+void RowStore::columns(std::vector<Column> columns) {
+    columns_ = std::move(columns);
+    fingerprints_.resize(columns_.size());
+}
 
 RowStore::Cell RowStore::cellOf(std::int64_t number) {
     Cell cell;
@@ -48,7 +56,8 @@ void RowStore::add(const Cell &cell) {
     if (begun_ == 0 && rowCount_ % rowsOfPiece == 0) {
         pieces_.push_back(std::make_unique<Cell[]>(rowsOfPiece * columns_.size()));
     }
-    cellAt(rowCount_, begun_) = cell;
+    fingerprints_[begun_].push_back(0);
+    put(rowCount_, begun_, cell);
     if (++begun_ == columns_.size()) {
         begun_ = 0;
         ++rowCount_;
@@ -71,7 +80,7 @@ RowStore::Cell RowStore::fromUtf8(const Cell &cell) const {
 
 void RowStore::provide(std::size_t length) const {
     if (length > freeLength_) {
-        freeLength_ = std::max(length, chunkLength);
+        freeLength_ = std::max(length, firstChunk << std::min(chunks_.size(), doublings));
         chunks_.push_back(std::make_unique_for_overwrite<char16_t[]>(freeLength_));
         free_ = chunks_.back().get();
     }
@@ -87,18 +96,51 @@ RowStore::Cell RowStore::takeText(const char16_t *end) const {
     return cell;
 }
 
-bool RowStore::canBeText(std::size_t row, std::size_t column, std::size_t length) const {
+void RowStore::put(std::size_t row, std::size_t column, const Cell &cell) const {
+    cellAt(row, column) = cell;
+    fingerprints_[column][row] =
+        cell.kind == Kind::text ? fingerprintIgnoringCase({cell.text, cell.length}) : 0;
+}
+
+std::size_t RowStore::nextLike(std::u16string_view text, std::size_t column,
+                               std::size_t from) const {
+    constexpr std::size_t block = 64;
+    const std::vector<Fingerprint> &held = fingerprints_[column];
+    const Fingerprint wanted = fingerprintIgnoringCase(text);
+    const auto isLike = [&](std::size_t row) {
+        return static_cast<unsigned>(held[row] == wanted) | static_cast<unsigned>(held[row] == 0);
+    };
+    std::size_t row = from;
+    while (row < rowCount_) {
+        const std::size_t end = std::min(rowCount_, (row / block + 1) * block);
+        // Most blocks hold none. A loop without an early end takes several rows at a time.
+        unsigned any = 0;
+        for (std::size_t next = row; next < end; ++next) {
+            any |= isLike(next);
+        }
+        if (any == 0) {
+            row = end;
+        }
+        for (; row < end; ++row) {
+            if (isLike(row) != 0 && canBeText(cellAt(row, column), text.size())) {
+                return row;
+            }
+        }
+    }
+    return row;
+}
+
+bool RowStore::canBeText(const Cell &cell, std::size_t length) {
     constexpr std::size_t mostBytesForUnit = 3;
-    const Cell &cell = cellAt(row, column);
     return cell.kind == Kind::text ? cell.length == length
                                    : cell.kind == Kind::utf8 && cell.length >= length &&
                                          cell.length <= length * mostBytesForUnit;
 }
 
 ValueView RowStore::value(std::size_t row, std::size_t column) const {
-    Cell &cell = cellAt(row, column);
+    const Cell &cell = cellAt(row, column);
     if (cell.kind == Kind::utf8) {
-        cell = fromUtf8(cell);
+        put(row, column, fromUtf8(cell));
     }
     switch (cell.kind) {
     case Kind::integer:
@@ -116,7 +158,7 @@ ValueView RowStore::value(std::size_t row, std::size_t column) const {
 }
 
 void RowStore::set(std::size_t row, std::size_t column, const ValueView &value) {
-    cellAt(row, column) = std::visit([&](auto held) { return cellOf(held); }, value.held());
+    put(row, column, std::visit([&](auto held) { return cellOf(held); }, value.held()));
 }
 
 } // namespace kvex::recordset

@@ -13,10 +13,11 @@ namespace kvex::recordset {
 
 /// A value takes 16 bytes; texts lie one behind the other in chunks. A text stays where it is,
 /// replaced ones too, until the store goes. One that came as UTF-8 is kept so until it is asked
-/// for, as most never are. The values of a column lie side by side, for searches. For one thread.
+/// for, as most never are. Beside each value lies the fingerprint of its text, for searches. For
+/// one thread.
 class RowStore final : public RowSink {
 public:
-    void columns(std::vector<Column> columns) override { columns_ = std::move(columns); }
+    void columns(std::vector<Column> columns) override;
     void null() override { add({}); }
     void integer(std::int64_t number) override { add(cellOf(number)); }
     void number(double number) override { add(cellOf(number)); }
@@ -27,8 +28,10 @@ public:
     /// The whole ones.
     [[nodiscard]] std::size_t rowCount() const noexcept { return rowCount_; }
     [[nodiscard]] ValueView value(std::size_t row, std::size_t column) const;
-    /// Whether the value can be a text of so many units: told without reading it.
-    [[nodiscard]] bool canBeText(std::size_t row, std::size_t column, std::size_t length) const;
+    /// The first row from `from` on whose value can be this text, its case aside; without one
+    /// rowCount() or more. No row before it can, and most are told apart without being read.
+    [[nodiscard]] std::size_t nextLike(std::u16string_view text, std::size_t column,
+                                       std::size_t from) const;
     /// Whether it was read or set; an unknown one reads as Null.
     [[nodiscard]] bool isKnown(std::size_t row, std::size_t column) const {
         return cellAt(row, column).kind != Kind::unknown;
@@ -50,6 +53,8 @@ private:
         };
     };
     static_assert(sizeof(Cell) == 16);
+    /// fingerprintIgnoringCase of a text; 0 for any other value, and UTF-8 that nobody asked for.
+    using Fingerprint = std::uint16_t;
 
     static Cell cellOf(Null /*null*/) { return {}; }
     static Cell cellOf(std::int64_t number);
@@ -60,6 +65,10 @@ private:
     [[nodiscard]] Cell &cellAt(std::size_t row, std::size_t column) const {
         return pieces_[row / rowsOfPiece][column * rowsOfPiece + row % rowsOfPiece];
     }
+    /// The one place where a text gets into its cell, or out of it.
+    void put(std::size_t row, std::size_t column, const Cell &cell) const;
+    /// Whether the value can be a text of so many units: told without reading it.
+    static bool canBeText(const Cell &cell, std::size_t length);
     [[nodiscard]] Cell fromUtf8(const Cell &cell) const;
     /// Room for a text of that length at `free_`.
     void provide(std::size_t length) const;
@@ -69,8 +78,11 @@ private:
     static constexpr std::size_t rowsOfPiece = 64;
 
     std::vector<Column> columns_;
-    /// Each of so many rows, column after column. A text that is asked for changes its cell.
+    /// Each of so many rows, column after column. A text that is asked for changes its cell, and
+    /// its fingerprint.
     std::vector<std::unique_ptr<Cell[]>> pieces_;
+    /// Of each column those of its rows.
+    mutable std::vector<std::vector<Fingerprint>> fingerprints_;
     std::size_t rowCount_ = 0;
     /// The values of the row behind the last whole one that have come.
     std::size_t begun_ = 0;

@@ -8,6 +8,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <string>
 
 namespace kvex::sqlite {
@@ -50,13 +51,18 @@ void SqliteDriver::query(const recordset::Statement &statement, recordset::RowSi
     bool row = query.step();
     sink.columns(resultColumns(query));
     const int count = sqlite3_column_count(query.handle());
+    int rows = 0;
     for (; row; row = query.step()) {
         for (int column = 0; column < count; ++column) {
             deliver(query.handle(), column, sink);
         }
+        ++rows;
     }
-    // What was read is held by whoever asked: SQLite need not hold its pages as well.
-    sqlite3_db_release_memory(database_.handle());
+    // What was read is held by whoever asked: SQLite need not hold its pages as well. Those of a
+    // single row are few, and the ones that the next change needs.
+    if (rows > 1) {
+        sqlite3_db_release_memory(database_.handle());
+    }
 }
 
 void SqliteDriver::describe(const std::u16string &query, std::vector<recordset::Column> &columns) {
@@ -79,7 +85,8 @@ std::int64_t SqliteDriver::execute(const recordset::Statement &statement) {
 }
 
 SqliteStatement &SqliteDriver::command(const std::u16string &text) {
-    if (!command_ || commandText_ != text) {
+    // As bytes: the operator compares character by character.
+    if (!command_ || !std::ranges::equal(commandText_, text)) {
         command_.reset();
         command_.emplace(database_, text);
         commandText_ = text;

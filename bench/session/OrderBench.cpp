@@ -50,8 +50,15 @@ BENCHMARK(renumberByApi<Place::memory>)->Name("renumber.peer")->Apply(atEverySiz
 void atSmallSizes(benchmark::internal::Benchmark *benchmark) {
     benchmark->UseManualTime()->Unit(benchmark::kMillisecond)->Arg(100)->Arg(1'000)->Iterations(1);
 }
+/// For a hundred seconds, where the disk takes a millisecond: no more than twice.
+void atLargeSizes(benchmark::internal::Benchmark *benchmark) {
+    benchmark->UseManualTime()->Unit(benchmark::kMillisecond)->Arg(10'000)->Arg(100'000);
+    benchmark->Iterations(1)->Repetitions(2);
+}
 BENCHMARK(renumberByOk<Place::disk>)->Name("renumber_on_disk")->Apply(atSmallSizes);
 BENCHMARK(renumberByApi<Place::disk>)->Name("renumber_on_disk.peer")->Apply(atSmallSizes);
+BENCHMARK(renumberByOk<Place::disk>)->Name("renumber_on_disk")->Apply(atLargeSizes);
+BENCHMARK(renumberByApi<Place::disk>)->Name("renumber_on_disk.peer")->Apply(atLargeSizes);
 
 } // namespace
 } // namespace kvex::bench

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace kvex::test {
 namespace {
@@ -38,6 +39,54 @@ TEST(RowStore, ATextStaysWhereItIs) {
     rows.set(0, 0, ValueView(ValueView::Held(u"another")));
     EXPECT_EQ(first, std::u16string(1000, u'x'));
     EXPECT_EQ(rows.value(0, 0).textOrEmpty(), u"another");
+}
+
+/// The rows that can be `text`, as a search comes by them.
+std::vector<std::size_t> like(const RowStore &rows, std::u16string_view text) {
+    std::vector<std::size_t> found;
+    for (std::size_t row = rows.nextLike(text, 0, 0); row < rows.rowCount();
+         row = rows.nextLike(text, 0, row + 1)) {
+        found.push_back(row);
+    }
+    return found;
+}
+
+using Rows = std::vector<std::size_t>;
+
+TEST(RowStore, RowsThatCanBeATextAreFoundInWhateverFormTheyCame) {
+    RowStore rows;
+    rows.columns({{u"A", {}, {}, 0}});
+    rows.text(u"Zürich");
+    rows.utf8("ZÜRICH");
+    rows.utf8("zürich");
+    rows.null();
+    rows.integer(6);
+    rows.number(6.5);
+    rows.appendRow();
+    rows.text(u"Zurich!");
+    static_cast<void>(rows.value(2, 0));
+    EXPECT_EQ(like(rows, u"züRICH"), (Rows{0, 1, 2}));
+    EXPECT_EQ(like(rows, u""), Rows{});
+}
+
+TEST(RowStore, ARowThatChangesIsFoundAsWhatItHoldsNow) {
+    RowStore rows;
+    rows.columns({{u"A", {}, {}, 0}});
+    for (int row = 0; row < 200; ++row) {
+        rows.text(u"old");
+    }
+    for (const std::size_t row : {0U, 63U, 64U, 199U}) {
+        rows.set(row, 0, ValueView(ValueView::Held(u"new")));
+    }
+    EXPECT_EQ(like(rows, u"NEW"), (Rows{0, 63, 64, 199}));
+    EXPECT_EQ(like(rows, u"old").size(), 196U);
+    rows.set(64, 0, ValueView());
+    rows.set(199, 0, ValueView(ValueView::Held(std::int64_t{1})));
+    EXPECT_EQ(like(rows, u"new"), (Rows{0, 63}));
+    rows.appendRow();
+    rows.set(200, 0, ValueView(ValueView::Held(u"new")));
+    EXPECT_EQ(like(rows, u"new"), (Rows{0, 63, 200}));
+    EXPECT_GE(rows.nextLike(u"new", 0, 201), rows.rowCount());
 }
 
 } // namespace
