@@ -8,7 +8,9 @@
 namespace kvex::recordset {
 namespace {
 
-constexpr std::size_t chunkLength = 0x8000;
+/// Each chunk is twice as long as the one before, until the longest: small tables take little.
+constexpr std::size_t longestChunk = 0x8000;
+constexpr std::size_t doublings = 6;
 
 } // namespace
 
@@ -71,7 +73,8 @@ RowStore::Cell RowStore::fromUtf8(const Cell &cell) const {
 
 void RowStore::provide(std::size_t length) const {
     if (length > freeLength_) {
-        freeLength_ = std::max(length, chunkLength);
+        const std::size_t halvings = doublings - std::min(doublings, chunks_.size());
+        freeLength_ = std::max(length, longestChunk >> halvings);
         chunks_.push_back(std::make_unique_for_overwrite<char16_t[]>(freeLength_));
         free_ = chunks_.back().get();
     }
