@@ -46,7 +46,7 @@ void ListRows::clearRows() {
     const bool hadSelection = !selection_.empty();
     tell(&ListRowsListener::aboutToReset);
     selection_.clear();
-    keys_.clear();
+    keyed_.clear();
     rows_.clear();
     numbered_ = 0;
     tell(&ListRowsListener::reset);
@@ -56,18 +56,18 @@ void ListRows::clearRows() {
 }
 
 int ListRows::addRow(const std::u16string &text, const std::u16string &key) {
-    if (keys_.contains(key)) {
+    if (keyed_.contains(std::u16string_view(key))) {
         throw Error(error_number::keyNotUnique);
     }
     auto added = std::make_unique<Row>();
-    added->text = text;
-    added->key = key;
+    added->texts.set(0, key);
+    added->texts.set(1, text);
     const std::size_t place = sorted_ ? placeFor(*added) : rows_.size();
     if (rows_.size() == rows_.capacity()) {
         rows_.reserve(rows_.size() * 2 + 16);
     }
     if (!key.empty()) {
-        keys_.emplace(added->key, added.get());
+        keyed_.insert(added.get());
     }
     tell(&ListRowsListener::aboutToInsertRow, static_cast<int>(place) + 1);
     rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(place), std::move(added));
@@ -84,9 +84,7 @@ void ListRows::removeRow(int row) {
         drop(removed);
     }
     tell(&ListRowsListener::aboutToRemoveRow, row);
-    if (!removed.key.empty()) {
-        keys_.erase(removed.key);
-    }
+    keyed_.erase(&removed);
     const auto place = static_cast<std::size_t>(row) - 1;
     rows_.erase(rows_.begin() + row - 1);
     numbered_ = std::min(numbered_, place);
@@ -100,24 +98,24 @@ void ListRows::removeRow(int row) {
 }
 
 std::u16string ListRows::text(int row) const {
-    return at(row).text;
+    return std::u16string(at(row).texts[1]);
 }
 
 void ListRows::setText(int row, const std::u16string &text) {
-    at(row).text = text;
+    at(row).texts.set(1, text);
     tell(&ListRowsListener::rowChanged, row);
 }
 
 std::u16string ListRows::key(int row) const {
-    return at(row).key;
+    return std::u16string(keyOf(&at(row)));
 }
 
 int ListRows::rowOfKey(std::u16string_view key) const {
-    const auto found = keys_.find(key);
-    if (found == keys_.end()) {
+    const auto found = keyed_.find(key);
+    if (found == keyed_.end()) {
         throw Error(error_number::elementNotFound);
     }
-    return positionOf(*found->second);
+    return positionOf(**found);
 }
 
 std::u16string ListRows::subItem(int row, int index) const {
@@ -127,23 +125,14 @@ std::u16string ListRows::subItem(int row, int index) const {
 
 void ListRows::setSubItem(int row, int index, const std::u16string &text) {
     requireColumnOf(index);
-    Row &changed = at(row);
-    if (changed.subItems.size() < static_cast<std::size_t>(index)) {
-        changed.subItems.reserve(columns_.size() - 1);
-        changed.subItems.resize(static_cast<std::size_t>(index));
-    }
-    changed.subItems[static_cast<std::size_t>(index) - 1] = text;
+    at(row).texts.set(static_cast<std::size_t>(index) + 1, text);
     tell(&ListRowsListener::rowChanged, row);
 }
 
 std::u16string_view ListRows::cell(int row, int column) const {
     const Row &shown = at(row);
     numbered(columns_, column);
-    const auto index = static_cast<std::size_t>(column) - 1;
-    if (index == 0) {
-        return shown.text;
-    }
-    return index <= shown.subItems.size() ? shown.subItems[index - 1] : std::u16string_view();
+    return shown.texts[static_cast<std::size_t>(column)];
 }
 
 bool ListRows::checked(int row) const {
@@ -165,8 +154,8 @@ void ListRows::setRowColour(int row, RowColour colour) {
 }
 
 int ListRows::findItem(std::u16string_view text, FindMatch match) const {
-    const auto found = std::ranges::find_if(
-        rows_, ListMatch(text, match), [](const auto &row) -> const auto & { return row->text; });
+    const auto found = std::ranges::find_if(rows_, ListMatch(text, match),
+                                            [](const auto &row) { return row->texts[1]; });
     return found == rows_.end() ? 0 : static_cast<int>(found - rows_.begin()) + 1;
 }
 
@@ -196,11 +185,7 @@ void ListRows::sort() {
 }
 
 std::u16string_view ListRows::sortText(const Row &row) const {
-    const auto key = static_cast<std::size_t>(sortKey_);
-    if (key == 0) {
-        return row.text;
-    }
-    return key <= row.subItems.size() ? row.subItems[key - 1] : std::u16string_view();
+    return row.texts[static_cast<std::size_t>(sortKey_) + 1];
 }
 
 /// Behind the rows that sort before it or alike. Keys that changed since the last sort can leave
@@ -226,7 +211,7 @@ ListRows::Row &ListRows::at(int row) const {
 int ListRows::positionOf(const Row &row) const {
     if (row.place >= numbered_ || rows_[row.place].get() != &row) {
         for (; numbered_ < rows_.size(); ++numbered_) {
-            rows_[numbered_]->place = numbered_;
+            rows_[numbered_]->place = static_cast<std::uint32_t>(numbered_);
         }
     }
     return static_cast<int>(row.place) + 1;

@@ -3,12 +3,16 @@
 #pragma once
 
 #include "adapters/controls/ListRowsListener.h"
+#include "adapters/controls/PackedTexts.h"
 #include "platform/controls/ListView.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace kvex::controls {
@@ -75,14 +79,28 @@ protected:
 
 private:
     struct Row {
-        std::u16string text;
-        std::u16string key;
-        std::vector<std::u16string> subItems;
-        bool checked = false;
-        RowColour colour = RowColour::windowText;
-        bool selected = false;
+        /// The key, then what each column shows.
+        PackedTexts texts;
         /// Its place from 0; good below numbered_.
-        std::size_t place = 0;
+        std::uint32_t place = 0;
+        bool checked = false;
+        bool selected = false;
+        RowColour colour = RowColour::windowText;
+    };
+
+    static std::u16string_view keyOf(std::u16string_view key) { return key; }
+    static std::u16string_view keyOf(const Row *row) { return row->texts[0]; }
+    struct KeyHash {
+        using is_transparent = void;
+        std::size_t operator()(const auto &item) const {
+            return std::hash<std::u16string_view>()(keyOf(item));
+        }
+    };
+    struct KeyEqual {
+        using is_transparent = void;
+        bool operator()(const auto &one, const auto &other) const {
+            return keyOf(one) == keyOf(other);
+        }
     };
 
     [[nodiscard]] Row &at(int row) const;
@@ -104,8 +122,8 @@ private:
 
     std::vector<Column> columns_;
     std::vector<std::unique_ptr<Row>> rows_;
-    /// By key; the views are into the rows.
-    std::unordered_map<std::u16string_view, Row *> keys_;
+    /// Those with a key.
+    std::unordered_set<Row *, KeyHash, KeyEqual> keyed_;
     /// In the order in which they were selected.
     std::vector<Row *> selection_;
     /// The places of the rows before this one are known.

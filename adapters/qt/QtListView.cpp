@@ -25,6 +25,8 @@ QtListView::QtListView(const ControlDesign &design, const std::u16string &window
     ListTree &tree = shown();
     tree.setHeaderHidden(!design.columnHeaders);
     tree.setModel(&model_);
+    // With the rows' selection it would be painted again whenever that changes.
+    tree.header()->setSelectionModel(new QItemSelectionModel(&model_, tree.header()));
     setListener(this);
 
     model_.tick = [this](int row, bool checked) { tick(row, checked); };

@@ -9,6 +9,8 @@ QtRichTextBox::QtRichTextBox(const ControlDesign &design, const std::u16string &
     : WidgetControl(design, window, *new TextView(&parent, design.columns, design.lines)) {
     if (design.readOnly) {
         shown().setReadOnly(true);
+        // Nothing in it can be undone: what it showed before need not be kept.
+        shown().setUndoRedoEnabled(false);
         shown().setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     }
     // Qt tells of changed formats and of unfinished input, too.

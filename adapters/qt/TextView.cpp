@@ -10,6 +10,8 @@
 #include <QStyle>
 #include <QTextBlock>
 
+#include <map>
+
 namespace kvex::qt {
 namespace {
 
@@ -84,8 +86,13 @@ void TextView::setContent(const std::vector<TextRun> &runs) {
     cursor.beginEditBlock();
     cursor.select(QTextCursor::Document);
     cursor.removeSelectedText();
+    std::map<Colour, QTextCharFormat> formats;
     for (const TextRun &run : runs) {
-        cursor.insertText(toQt(run.text), formatFor(run.colour, palette()));
+        const auto [format, isNew] = formats.try_emplace(run.colour);
+        if (isNew) {
+            format->second = formatFor(run.colour, palette());
+        }
+        cursor.insertText(toQt(run.text), format->second);
     }
     cursor.endEditBlock();
     placeCaret();

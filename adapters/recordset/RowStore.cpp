@@ -9,7 +9,7 @@
 namespace kvex::recordset {
 namespace {
 
-/// Each chunk is twice as long as the one before it, up to the longest.
+/// Each chunk is twice as long as the one before it, up to the longest: small tables take little.
 constexpr std::size_t firstChunk = 0x400;
 constexpr std::size_t doublings = 5;
 

@@ -12,11 +12,23 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+#include <map>
+
 namespace kvex::bench {
 namespace {
 
-/// So many rows are clicked one after the other: what they say is long and short.
+/// So many rows are clicked one after the other.
 constexpr int clicks = 10;
+
+/// The rules that are clicked say the same at every size: what every tenth of the first hundred
+/// says, long and short.
+constexpr const char *sameTexts =
+    "WITH told AS MATERIALIZED ("
+    "  SELECT ID / 10 AS place, Name, QueryParam, ActionParam FROM SMS_RULES"
+    "  WHERE ID <= 100 AND ID % 10 = 1) "
+    "UPDATE SMS_RULES SET Name = told.Name, QueryParam = told.QueryParam,"
+    " ActionParam = told.ActionParam FROM told "
+    "WHERE ID = (SELECT COUNT(*) FROM SMS_RULES) / 2 + 1 + place";
 
 const QString description = QStringLiteral("rtRuleDesc");
 
@@ -39,9 +51,18 @@ int scrollToMiddle(QTreeView &list) {
     return row;
 }
 
+const RuleDatabase &databaseOf(std::size_t rules) {
+    static std::map<std::size_t, RuleDatabase> databases;
+    const auto [database, isNew] = databases.try_emplace(rules, rules, Place::memory);
+    if (isNew) {
+        database->second.execute(sameTexts);
+    }
+    return database->second;
+}
+
 void clickRows(benchmark::State &state) {
     requireDisplay();
-    QtSession session(readOnlyDatabase(sizeOf(state)).connectionString());
+    QtSession session(databaseOf(sizeOf(state)).connectionString());
     session.open();
     session.showRulesWindow([&state] {
         auto &list = shown<QTreeView>(QStringLiteral("lvwRules"));
@@ -58,36 +79,41 @@ void clickRows(benchmark::State &state) {
 }
 BENCHMARK(clickRows)->Name("row_click")->Apply(atEverySize);
 
-std::vector<QString> describedRows(std::size_t rules) {
+struct Descriptions {
     std::vector<QString> texts;
-    QtSession session(readOnlyDatabase(rules).connectionString());
+    QSize box;
+};
+
+Descriptions describedRows(std::size_t rules) {
+    Descriptions described;
+    QtSession session(databaseOf(rules).connectionString());
     session.open();
-    session.showRulesWindow([&texts] {
+    session.showRulesWindow([&described] {
         auto &list = shown<QTreeView>(QStringLiteral("lvwRules"));
         const int first = scrollToMiddle(list);
         for (int row = first; row < first + clicks; ++row) {
             click(list, row);
-            texts.push_back(shown<QTextEdit>(description).toPlainText());
+            described.texts.push_back(shown<QTextEdit>(description).toPlainText());
         }
+        described.box = shownWidget(description).size();
         closeWindow();
     });
-    return texts;
+    return described;
 }
 
 void setTexts(benchmark::State &state) {
     requireDisplay();
-    const std::vector<QString> texts = describedRows(sizeOf(state));
+    const Descriptions described = describedRows(sizeOf(state));
     QDialog window;
     auto *box = new QTextEdit(&window);
     box->setObjectName(description);
     (new QVBoxLayout(&window))->addWidget(box);
-    // As large as the rules window's box.
-    window.resize(740, 160);
+    box->setFixedSize(described.box);
     window.setModal(true);
     untilPainted(description, [&window] { window.show(); });
     for (auto _ : state) {
         Stopwatch watch(state);
-        for (const QString &text : texts) {
+        for (const QString &text : described.texts) {
             untilPainted(description, [&] { box->setPlainText(text); });
         }
         watch.stop();
