@@ -41,7 +41,7 @@ public:
         const auto stands = [&](std::size_t at) {
             const auto candidate = text_.substr(at, tag.size());
             // Most other tags have another length.
-            return candidate.back() == tag.back() && candidate == tag;
+            return candidate.back() == tag.back() && std::ranges::equal(candidate, tag);
         };
         const auto found = std::ranges::find_if(places_, stands);
         return found == places_.end() ? npos : *found;

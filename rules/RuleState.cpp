@@ -8,9 +8,10 @@ RuleState &ruleState() noexcept {
 }
 
 void ClearRuleData() {
-    RuleState empty;
-    empty.intAsCommand = ruleState().intAsCommand;
+    static const RuleState empty;
+    const std::int16_t asCommand = ruleState().intAsCommand;
     ruleState() = empty;
+    ruleState().intAsCommand = asCommand;
 }
 
 } // namespace kvex

@@ -5,6 +5,7 @@
 #include "platform/Text.h"
 #include "platform/Unicode.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace kvex::recordset {
@@ -340,10 +341,11 @@ void ClientRecordset::Opened::remove() {
 }
 
 void ClientRecordset::Opened::holdChanges() {
+    const std::vector<Column> &columns = cursor.columns();
     for (const auto &[changed, value] : changes) {
         // A query can name one column twice.
-        for (std::size_t column = 0; column < cursor.columns().size(); ++column) {
-            if (cursor.columns()[column].baseColumn == cursor.columns()[changed].baseColumn) {
+        for (std::size_t column = 0; column < columns.size(); ++column) {
+            if (std::ranges::equal(columns[column].baseColumn, columns[changed].baseColumn)) {
                 cursor.set(column, viewOf(value));
             }
         }

@@ -30,6 +30,10 @@ bool equalIgnoringCase(std::u16string_view left, std::u16string_view right) {
     if (left.size() != right.size()) {
         return false;
     }
+    // As bytes: the operator compares character by character.
+    if (std::ranges::equal(left, right)) {
+        return true;
+    }
     // Folding goes character by character, so the first two ASCII characters that differ decide.
     for (std::size_t i = 0; i < left.size(); ++i) {
         if (left[i] >= asciiEnd || right[i] >= asciiEnd) {
