@@ -15,8 +15,8 @@ char16_t asciiLower(char16_t unit) {
     return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + (u'a' - u'A')) : unit;
 }
 
-/// The same for all that one unit can become when case is ignored. What lies beyond ASCII is not
-/// looked up, and so is one with k and s, to which the Kelvin sign and the long s fold.
+/// The same for all that one unit can become when case is ignored. What lies beyond ASCII counts
+/// as one; so do k and s, to which the Kelvin sign and the long s fold.
 std::uint32_t withoutCase(char16_t unit) {
     constexpr char16_t caseBit = u'a' ^ u'A';
     const auto lower = static_cast<char16_t>(unit | caseBit);
