@@ -19,12 +19,11 @@ endif()
 
 set(KVEX_SANITIZE "" CACHE STRING "Sanitizers to build with: address,undefined or thread")
 
-# Every library and program of the project includes from the project's root and compiles
-# without a warning.
+# Every library and program includes from the project's root and compiles without a warning.
 add_library(kvex_options INTERFACE)
 target_include_directories(kvex_options INTERFACE "${PROJECT_SOURCE_DIR}")
 target_compile_options(kvex_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion $<$<BOOL:${KVEX_WERROR}>:-Werror>
   # Optimising, GCC 12 takes what std::string does for overlapping copies.
   $<$<AND:$<CXX_COMPILER_ID:GNU>,$<CONFIG:Release>>:-Wno-restrict>)
 # A release leaves out what nothing calls: of the headless toolkit the component needs one text box.
