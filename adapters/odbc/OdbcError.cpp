@@ -41,8 +41,8 @@ struct Native {
     Meaning meaning;
 };
 
-/// Where the state says less than the server's own code. Those of SQLite's driver lie below 100,
-/// those of the client and server of MariaDB and MySQL above 1000.
+/// Native codes that tell more than the state. SQLite's driver reports codes below 100; MariaDB and
+/// MySQL, client and server, report codes above 1000.
 constexpr std::array natives = std::to_array<Native>({
     {u"HY000", 1, Meaning::badStatement},
     {u"HY000", 5, Meaning::locked},
@@ -78,7 +78,7 @@ constexpr std::array natives = std::to_array<Native>({
     {u"HY000", 5014, Meaning::connectionLost},
 });
 
-/// By the beginning of the state: the first one that fits.
+/// Beginnings of states; the first that fits decides.
 constexpr std::array states = std::to_array<std::pair<std::u16string_view, Meaning>>({
     {u"08001", Meaning::cannotConnect}, {u"08004", Meaning::cannotConnect},
     {u"3D000", Meaning::cannotConnect}, {u"08", Meaning::connectionLost},
@@ -106,7 +106,7 @@ Meaning meaningOf(const Diagnostic &diagnostic) {
     if (contains(diagnostic.text, u"no such table")) {
         return Meaning::noTable;
     }
-    // The client library's own words: it reports a broken connection without a code.
+    // PostgreSQL's client library reports a broken connection by these words, without a code.
     if (contains(diagnostic.text, u"server closed the connection") ||
         contains(diagnostic.text, u"no connection to the server") ||
         contains(diagnostic.text, u"could not receive data from server") ||
@@ -130,7 +130,7 @@ Meaning meaningOf(const Diagnostic &diagnostic) {
     return state == states.end() ? Meaning::failed : state->second;
 }
 
-/// The first sentence of a report, without the names in brackets that drivers put before it.
+/// The first line of a report, without the names in brackets that drivers put before it.
 std::u16string cleaned(std::u16string_view text) {
     while (text.starts_with(u'[')) {
         const std::size_t end = text.find(u']');
@@ -151,13 +151,13 @@ std::u16string cleaned(std::u16string_view text) {
     return std::u16string(text);
 }
 
+/// The parts of a description before and after the driver's own words.
 struct Told {
     std::int32_t number;
     std::u16string_view before;
     std::u16string_view after;
 };
 
-/// The driver's own words stand between the two parts.
 Told told(Meaning meaning) {
     switch (meaning) {
     case Meaning::cannotConnect:
@@ -197,7 +197,7 @@ Told told(Meaning meaning) {
         return {refusal::timeout, u"The record is locked by another program (",
                 u"): wait until that has finished and try again."};
     case Meaning::lockedOrCutOff:
-        // Nodes of a cluster say no more than that they waited in vain.
+        // A cluster's node reports the same code in both cases.
         return {refusal::timeout,
                 u"The record is locked by another program, or the server is cut off from its "
                 u"cluster (",
