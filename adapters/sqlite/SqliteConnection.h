@@ -1,6 +1,7 @@
-// An open SQLite database, set up as the system wants it.
+// An open SQLite database, with the settings that the system needs.
 #pragma once
 
+#include "adapters/recordset/ConnectionString.h"
 #include "platform/Error.h"
 
 #include <memory>
@@ -11,27 +12,32 @@ struct sqlite3;
 
 namespace kvex::sqlite {
 
-/// Writes ahead to a log with full synchronisation, enforces foreign keys and waits for locks. A
-/// database with tables but without the server's rules keeps its way of logging: it is another
-/// program's.
-class Database {
+/// True for a bare path and for "Provider=SQLite".
+[[nodiscard]] bool namesSqlite(const recordset::ConnectionString &text);
+
+/// Enforces foreign keys, waits for locks, and synchronises each change with the disk. Uses a
+/// write-ahead log for the server's rules and for a new file. Another program's database keeps its
+/// journal mode.
+class SqliteConnection {
 public:
     enum class Missing { refuse, create };
 
-    /// Opens the file, "file:" URI or ":memory:" that `name` is. Fails with the provider's number
-    /// for a file that is missing (unless `missing` creates it) or empty (likewise), is no
-    /// database, is damaged or locked. What may not be written opens for reading; where its
-    /// folder may not be written either and no log lies there, the file is taken as one that
-    /// nobody changes.
-    Database(std::u16string_view name, int busyTimeout, Missing missing = Missing::refuse);
+    /// Opens the string's "Data Source": a file, a "file:" URI or ":memory:". Fails with
+    /// badArgument when there is none, and when "Busy Timeout" is not a whole number of
+    /// milliseconds. Fails with the provider's number when the file is no database, is damaged or
+    /// locked; also when it is missing or empty, unless `missing` is create.
+    ///
+    /// A file that may not be written opens for reading. When its folder may not be written either
+    /// and holds no log of the file, SQLite treats the file as one that nobody changes.
+    SqliteConnection(const recordset::ConnectionString &text, Missing missing);
 
     [[nodiscard]] sqlite3 *handle() const noexcept { return handle_.get(); }
-    /// What the last failed call on the handle reported.
+    /// The error that the last failed call on the handle reported.
     [[nodiscard]] Error lastError() const;
     /// Runs statements without parameters and results.
     void execute(const char *statements) const;
-    /// Fails with the provider's number when the file that is open no longer lies under its name:
-    /// it was moved, replaced or removed, and nobody would ever read what is written to it.
+    /// Fails with the provider's number when the open file was moved, replaced or removed: nobody
+    /// would ever read what is written to it.
     void requireInPlace() const;
 
 private:
@@ -43,7 +49,7 @@ private:
     void openUnchanging();
     [[nodiscard]] bool isEmptyFile() const;
     [[nodiscard]] bool holdsRules() const;
-    /// A file that may not be written stays as it is.
+    /// Does nothing when the file may not be written.
     void writeAhead() const;
 
     std::u16string name_;

@@ -1,18 +1,20 @@
-// Describes the columns of a query's result: where their values come from, and the keys.
+// Reads a query's result, and finds the keys of the tables that its columns come from.
 #pragma once
 
 #include "adapters/recordset/Driver.h"
-#include "adapters/sqlite/SqliteStatement.h"
 
 #include <vector>
 
 namespace kvex::sqlite {
 
-/// But for the keys.
-[[nodiscard]] std::vector<recordset::Column> resultColumns(const SqliteStatement &query);
-/// Says which of the columns, those of an earlier run of `query`, are parts of which key. A column
-/// that the query has no more is left as it is.
-void describeKeys(const Database &database, const SqliteStatement &query,
-                  std::vector<recordset::Column> &columns);
+class SqliteStatement;
+
+/// Runs the query and delivers its result: the columns without their keys, then all rows. Returns
+/// the number of rows.
+int deliverResult(SqliteStatement &query, recordset::RowSink &sink);
+
+/// Sets `keyParts` in the columns of an earlier run of `query`. A column that the query no longer
+/// has stays as it is.
+void describeKeys(const SqliteStatement &query, std::vector<recordset::Column> &columns);
 
 } // namespace kvex::sqlite
