@@ -1,4 +1,4 @@
-// The text that the driver manager gets.
+// The connection string as the driver manager gets it.
 #include "adapters/odbc/ConnectionText.h"
 
 #include "platform/Text.h"
