@@ -1,13 +1,15 @@
 #include "adapters/odbc/ConnectionText.h"
 
-#include "adapters/odbc/DriverOptions.h"
-#include "adapters/odbc/ServerList.h"
+#include "adapters/odbc/ServerKind.h"
 #include "adapters/recordset/EqualIgnoringCase.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
 
+#include <odbcinst.h>
+
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <utility>
 
 namespace kvex::odbc {
@@ -18,7 +20,7 @@ using recordset::equalIgnoringCase;
 constexpr int defaultTimeout = 15;
 constexpr std::array<std::u16string_view, 2> timeoutKeys{u"Connect Timeout", u"Connection Timeout"};
 
-/// The keys of a provider, and what they are called in ODBC.
+/// The keys of a provider, and their names in ODBC.
 constexpr std::array nativeKeys =
     std::to_array<std::pair<std::u16string_view, std::u16string_view>>(
         {{u"User ID", u"UID"},
@@ -26,7 +28,7 @@ constexpr std::array nativeKeys =
          {u"Data Source", u"DSN"},
          {u"Initial Catalog", u"DATABASE"}});
 
-bool isOurs(std::u16string_view key) {
+bool isForProvider(std::u16string_view key) {
     return equalIgnoringCase(key, u"Provider") || std::ranges::any_of(timeoutKeys, [&](auto ours) {
                return equalIgnoringCase(key, ours);
            });
@@ -39,7 +41,7 @@ std::u16string_view nativeKey(std::u16string_view key) {
 }
 
 std::u16string written(std::u16string_view key, std::u16string_view value) {
-    // Drivers that know no braces meet them only where nothing else can be meant.
+    // Some drivers do not understand braces, so only values that need them get them.
     const bool plain = !equalIgnoringCase(key, u"Driver") && trimmed(value) == value &&
                        value.find_first_of(u";{}'\"") == std::u16string_view::npos;
     std::u16string result(value);
@@ -53,7 +55,95 @@ std::u16string written(std::u16string_view key, std::u16string_view value) {
     return std::u16string(key) + u'=' + result + u';';
 }
 
-/// The options in place of what the string says under their keys.
+/// The string's value for the key, else the value of its data source; "" when neither has one.
+std::u16string setting(const recordset::ConnectionString &text, std::u16string_view key) {
+    if (text.has(key)) {
+        return std::u16string(text.value(key));
+    }
+    const std::string source = toUtf8(text.value(text.has(u"DSN") ? u"DSN" : u"Data Source"));
+    std::array<char, 1024> value{};
+    if (source.empty() ||
+        SQLGetPrivateProfileString(source.c_str(), toUtf8(key).c_str(), "", value.data(),
+                                   static_cast<int>(value.size()), "odbc.ini") <= 0) {
+        return {};
+    }
+    return fromUtf8(value.data());
+}
+
+const ServerKind &kindOf(const recordset::ConnectionString &text) {
+    return ServerKind::ofDriver(setting(text, u"Driver"));
+}
+
+struct ServerAddress {
+    std::u16string host;
+    /// "" for the port that the string gives for all servers.
+    std::u16string port;
+};
+
+std::vector<std::u16string> listed(const recordset::ConnectionString &text) {
+    std::u16string list = setting(text, u"Server");
+    // In PostgreSQL's data sources, this key names the server.
+    if (list.empty() && !text.has(u"Servername")) {
+        list = setting(text, u"Servername");
+    }
+    std::vector<std::u16string> hosts;
+    for (std::size_t at = 0; at <= list.size();) {
+        const std::size_t end = std::min(list.find(u',', at), list.size());
+        if (const auto host = trimmed(std::u16string_view(list).substr(at, end - at));
+            !host.empty()) {
+            hosts.emplace_back(host);
+        }
+        at = end + 1;
+    }
+    return hosts;
+}
+
+ServerAddress addressOf(std::u16string_view host) {
+    std::u16string_view port;
+    const std::size_t colon = host.rfind(u':');
+    const bool inBrackets = host.starts_with(u'[');
+    // An IPv6 address without brackets has several colons, and no port.
+    if (colon != std::u16string_view::npos &&
+        (inBrackets ? host[colon - 1] == u']' : host.find(u':') == colon)) {
+        port = host.substr(colon + 1);
+        host = host.substr(0, colon);
+    }
+    if (inBrackets && host.ends_with(u']')) {
+        host = host.substr(1, host.size() - 2);
+    }
+    return {std::u16string(host), std::u16string(port)};
+}
+
+/// Empty when the string names one server without a port, and when its driver takes no list.
+std::vector<ServerAddress> serversToTry(const recordset::ConnectionString &text) {
+    if (!kindOf(text).takesServerList) {
+        return {};
+    }
+    std::vector<ServerAddress> servers;
+    std::ranges::transform(listed(text), std::back_inserter(servers), addressOf);
+    const bool isPlain = servers.size() == 1 && servers.front().port.empty();
+    return isPlain ? std::vector<ServerAddress>() : servers;
+}
+
+/// The options to add to the native text, after a comparison with the user's own values.
+std::vector<DriverOption> optionsFor(const recordset::ConnectionString &text) {
+    std::vector<DriverOption> options =
+        kindOf(text).options({.login = loginTimeoutOf(text), .call = timeoutOf(text)});
+    std::erase_if(options, [&](const DriverOption &option) {
+        return option.usersValue == UsersValue::replacesOurs &&
+               (text.has(option.key) || text.has(option.otherKey));
+    });
+    for (DriverOption &option : options) {
+        if (option.usersValue == UsersValue::followsOurs) {
+            if (const std::u16string own = setting(text, option.key); !own.empty()) {
+                option.value.append(u" ").append(own);
+            }
+        }
+    }
+    return options;
+}
+
+/// An option replaces the string's value for the same key.
 std::u16string nativeText(const recordset::ConnectionString &text,
                           const std::vector<DriverOption> &options) {
     const auto isOption = [&](std::u16string_view key) {
@@ -63,7 +153,7 @@ std::u16string nativeText(const recordset::ConnectionString &text,
     };
     std::u16string native;
     for (const auto &[key, value] : text.entries()) {
-        if (!isOurs(key) && !isOption(key)) {
+        if (!isForProvider(key) && !isOption(key)) {
             native += written(nativeKey(key), value);
         }
     }
@@ -104,8 +194,7 @@ int loginTimeoutOf(const recordset::ConnectionString &text) {
 }
 
 std::vector<std::u16string> nativeTexts(const recordset::ConnectionString &text) {
-    const std::vector<DriverOption> options =
-        driverOptions(text, {.login = loginTimeoutOf(text), .call = timeoutOf(text)});
+    const std::vector<DriverOption> options = optionsFor(text);
     std::vector<ServerAddress> servers = serversToTry(text);
     if (servers.empty()) {
         return {nativeText(text, options)};
@@ -113,9 +202,9 @@ std::vector<std::u16string> nativeTexts(const recordset::ConnectionString &text)
     std::vector<std::u16string> texts;
     for (ServerAddress &server : servers) {
         std::vector<DriverOption> own = options;
-        own.push_back({u"Server", std::move(server.host)});
+        own.push_back({.key = u"Server", .value = std::move(server.host)});
         if (!server.port.empty()) {
-            own.push_back({u"Port", std::move(server.port)});
+            own.push_back({.key = u"Port", .value = std::move(server.port)});
         }
         texts.push_back(nativeText(text, own));
     }

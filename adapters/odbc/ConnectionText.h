@@ -1,4 +1,4 @@
-// What a connection string says to ODBC: the text for the driver manager, and the timeout.
+// Turns a connection string into the text that the ODBC driver manager takes.
 #pragma once
 
 #include "adapters/recordset/ConnectionString.h"
@@ -12,16 +12,17 @@ namespace kvex::odbc {
 /// True for a string with "Driver" or "DSN", and for "Provider=MSDASQL".
 [[nodiscard]] bool namesOdbc(const recordset::ConnectionString &text);
 
-/// The seconds of "Connect Timeout" (or "Connection Timeout"): 15 without it. Fails with
-/// badArgument unless it is a whole number from 1 to 3600.
+/// The seconds of "Connect Timeout" or "Connection Timeout"; 15 when the string has neither.
+/// Fails with badArgument unless the value is a whole number from 1 to 3600.
 [[nodiscard]] int timeoutOf(const recordset::ConnectionString &text);
 
-/// The share that each of the servers has which the string names; 1 at least.
+/// How many seconds one server may take to let the user in: the timeout divided by the number of
+/// servers, but at least 1.
 [[nodiscard]] int loginTimeoutOf(const recordset::ConnectionString &text);
 
-/// Everything but what is for the provider, in the order given, values in braces where they need
-/// them; then what the driver needs (DriverOptions.h) and the string does not say. One text for
-/// each server to try (ServerList.h).
+/// One text for each server to try, in the order of "Server=HOST,HOST:PORT,[IPV6]:PORT"; one text
+/// for a string without such a list. Each text has the string's keys in their order, without those
+/// that only the provider reads. The options that the driver needs (ServerKind.h) follow.
 [[nodiscard]] std::vector<std::u16string> nativeTexts(const recordset::ConnectionString &text);
 
 } // namespace kvex::odbc

@@ -1,4 +1,4 @@
-// The handles of ODBC, each freed with its object, and its text type.
+// ODBC's handles, which free themselves, and its type of text.
 #pragma once
 
 #include "adapters/odbc/OdbcError.h"
@@ -12,9 +12,9 @@
 
 namespace kvex::odbc {
 
-static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "texts pass as they are");
+static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "texts pass without conversion");
 
-/// ODBC takes texts that it only reads as changeable.
+/// ODBC declares even the texts that it only reads as changeable.
 [[nodiscard]] inline SQLWCHAR *wide(const char16_t *text) {
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast)
     return const_cast<SQLWCHAR *>(reinterpret_cast<const SQLWCHAR *>(text));
@@ -22,7 +22,7 @@ static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "texts pass as they are");
 
 template <SQLSMALLINT Type> class Handle {
 public:
-    /// Fails with outOfMemory, or as the owner's diagnostics say.
+    /// Fails with outOfMemory, or with the error that the owner's diagnostics report.
     Handle(SQLHANDLE owner, SQLSMALLINT ownerType) {
         if (!SQL_SUCCEEDED(SQLAllocHandle(Type, owner, &handle_))) {
             throw owner ? errorOf(diagnosticOf(ownerType, owner))
@@ -40,9 +40,9 @@ public:
     Handle &operator=(Handle &&) = delete;
 
     [[nodiscard]] SQLHANDLE get() const noexcept { return handle_; }
-    /// Leaves it to its owner to free it, as a connection does when it closes.
+    /// Lets the owner free the handle: a connection does so when it closes.
     void leaveToOwner() noexcept { handle_ = nullptr; }
-    /// Throws what a call on the handle reported when it failed.
+    /// Throws the reported error when `result`, from a call on this handle, is a failure.
     void check(SQLRETURN result) const {
         if (!SQL_SUCCEEDED(result)) {
             throw errorOf(diagnosticOf(Type, handle_));

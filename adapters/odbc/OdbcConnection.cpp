@@ -1,6 +1,5 @@
 #include "adapters/odbc/OdbcConnection.h"
 
-#include "adapters/odbc/ClusterNode.h"
 #include "adapters/odbc/ConnectionText.h"
 #include "platform/Unicode.h"
 
@@ -24,7 +23,7 @@ Handle<SQL_HANDLE_ENV> environment() {
     return made;
 }
 
-/// Unless the user wants another character set of the driver.
+/// False when the user chose another character set for the driver.
 bool speaksUtf8(const recordset::ConnectionString &text) {
     return !text.has(u"CHARSET") || foldCase(text.value(u"CHARSET")).starts_with(u"utf8");
 }
@@ -37,24 +36,40 @@ bool localeSpeaksUtf8() {
            read == L'\u0915';
 }
 
+/// A short value of the first row that the statement gives; "" when it gives no row.
+std::u16string firstValue(const OdbcConnection &connection, const char16_t *text,
+                          SQLUSMALLINT column) {
+    const Handle<SQL_HANDLE_STMT> query(connection.handle(), SQL_HANDLE_DBC);
+    query.check(SQLExecDirectW(query.get(), wide(text), SQL_NTS));
+    const SQLRETURN row = SQLFetch(query.get());
+    if (row == SQL_NO_DATA) {
+        return {};
+    }
+    query.check(row);
+    std::array<SQLWCHAR, 64> value{};
+    SQLLEN length = 0;
+    query.check(SQLGetData(query.get(), column, SQL_C_WCHAR, value.data(), sizeof value, &length));
+    return {value.begin(), std::ranges::find(value, SQLWCHAR{0})};
+}
+
 } // namespace
 
 OdbcConnection::OdbcConnection(const recordset::ConnectionString &text)
-    : timeout_(timeoutOf(text)), environment_(environment()),
-      connection_(environment_.get(), SQL_HANDLE_ENV), server_(ServerKind::of(u"", u"")) {
-    // Not every driver takes them.
+    : environment_(environment()), connection_(environment_.get(), SQL_HANDLE_ENV),
+      server_(ServerKind::of(u"", u"")) {
+    // A driver that refuses these attributes works without them.
     const auto set = [this](SQLINTEGER attribute, int seconds) {
         SQLSetConnectAttrW(handle(), attribute, number(static_cast<std::uintptr_t>(seconds)),
                            SQL_IS_UINTEGER);
     };
     set(SQL_ATTR_LOGIN_TIMEOUT, loginTimeoutOf(text));
-    set(SQL_ATTR_CONNECTION_TIMEOUT, timeout_);
+    set(SQL_ATTR_CONNECTION_TIMEOUT, timeoutOf(text));
     const std::vector<std::u16string> natives = nativeTexts(text);
     for (const std::u16string &native : natives) {
         try {
             connect(native);
             learnAbout(text);
-            joinCluster(*this);
+            joinCluster();
             return;
         } catch (const Error &error) {
             SQLDisconnect(handle());
@@ -89,6 +104,29 @@ void OdbcConnection::learnAbout(const recordset::ConnectionString &text) {
     readsBoundAgain_ = SQL_SUCCEEDED(SQLGetInfoW(handle(), SQL_GETDATA_EXTENSIONS, &extensions,
                                                  sizeof extensions, nullptr)) &&
                        (extensions & needed) == needed;
+}
+
+void OdbcConnection::joinCluster() const {
+    if (server_.name != u"MariaDB" ||
+        firstValue(*this, u"SHOW GLOBAL VARIABLES LIKE 'wsrep_on'", 2) != u"ON") {
+        return;
+    }
+    const Handle<SQL_HANDLE_STMT> wait(handle(), SQL_HANDLE_DBC);
+    // From now on queries (1), changes and removals (2) wait for the other nodes' changes.
+    wait.check(SQLExecDirectW(
+        wait.get(), wide(u"SET SESSION wsrep_sync_wait = @@GLOBAL.wsrep_sync_wait | 3"), SQL_NTS));
+    // A node without its cluster lets users in, but refuses their statements.
+    try {
+        static_cast<void>(firstValue(*this, u"SELECT 1", 1));
+    } catch (const Error &error) {
+        if (error.number() != refusal::timeout) {
+            throw;
+        }
+        throw errorWith(refusal::noConnection,
+                        u"This node of the database's cluster is cut off from the others and takes "
+                        u"no statements: wait until it is back, or name another node as Server in "
+                        u"the connection string.");
+    }
 }
 
 OdbcConnection::~OdbcConnection() {

@@ -10,11 +10,13 @@
 
 namespace kvex::odbc {
 
+/// On a node of a Galera cluster, its statements wait until the node has what the other nodes have
+/// committed before.
 class OdbcConnection {
 public:
-    /// To the first of the servers that can be used. Fails with badArgument for a timeout that is
-    /// none, and with the provider's number: that of the last server, or of the first that can be
-    /// reached and refuses.
+    /// Tries the servers of the string in their order. A server that cannot be reached, or a node
+    /// that its cluster has lost, is skipped; any other error ends the search and is thrown. When
+    /// no server is left, throws the last one's error. Fails with badArgument for a bad timeout.
     explicit OdbcConnection(const recordset::ConnectionString &text);
     ~OdbcConnection();
     OdbcConnection(const OdbcConnection &) = delete;
@@ -22,23 +24,23 @@ public:
 
     [[nodiscard]] SQLHANDLE handle() const noexcept { return connection_.get(); }
     [[nodiscard]] const ServerKind &server() const noexcept { return server_; }
-    [[nodiscard]] int timeout() const noexcept { return timeout_; }
-    /// What the driver in use does of ServerKind::utf8Texts.
+    /// ServerKind::utf8Texts when it applies to the driver and the character set in use; else none.
     [[nodiscard]] Utf8Texts utf8Texts() const noexcept { return utf8Texts_; }
-    /// Whether SQLGetData gives the value of any column of a row, of a bound one too.
+    /// SQLGetData reads every column of a row, also a bound one.
     [[nodiscard]] bool readsBoundAgain() const noexcept { return readsBoundAgain_; }
-    /// An identifier as statements must write it.
+    /// The identifier in the server's quotation marks.
     [[nodiscard]] std::u16string quoted(std::u16string_view identifier) const;
 
     void setAutomaticCommit(bool on) const;
+    /// Ends the transaction: SQL_COMMIT or SQL_ROLLBACK.
     void end(SQLSMALLINT how) const;
 
 private:
     void connect(const std::u16string &native) const;
     void learnAbout(const recordset::ConnectionString &text);
+    void joinCluster() const;
     [[nodiscard]] std::u16string info(SQLUSMALLINT what) const;
 
-    int timeout_;
     Handle<SQL_HANDLE_ENV> environment_;
     Handle<SQL_HANDLE_DBC> connection_;
     ServerKind server_;

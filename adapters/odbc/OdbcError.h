@@ -1,4 +1,4 @@
-// Turns what ODBC and its drivers report into the system's errors: the one place that does.
+// Turns the reports of ODBC and its drivers into the system's errors.
 #pragma once
 
 #include "adapters/recordset/Driver.h"
@@ -9,11 +9,12 @@
 
 namespace kvex::odbc {
 
-/// The numbers that the platform's own provider for ODBC gives. Their source is "ODBC".
+/// The numbers of the errors; they are those of the platform's own ODBC provider. The errors'
+/// source is "ODBC".
 namespace refusal {
-/// There is none, or it broke.
+/// The connection cannot be made, or it broke.
 inline constexpr std::int32_t noConnection = recordset::connectionLost;
-/// Of no other kind.
+/// Any failure without a number of its own.
 inline constexpr std::int32_t failed = -2147217887;
 inline constexpr std::int32_t wrongUser = -2147217843;
 inline constexpr std::int32_t forbidden = -2147217911;
@@ -22,11 +23,11 @@ inline constexpr std::int32_t badStatement = -2147217900;
 inline constexpr std::int32_t constraint = -2147217873;
 inline constexpr std::int32_t tooLong = -2147217833;
 inline constexpr std::int32_t badValue = -2147217913;
-/// Locked by another program, or no answer in time.
+/// Another program holds a lock, or the server did not answer in time.
 inline constexpr std::int32_t timeout = -2147217871;
 } // namespace refusal
 
-/// One report of a driver or of the driver manager.
+/// One report from a driver or from the driver manager.
 struct Diagnostic {
     std::u16string state;
     std::int32_t native = 0;
@@ -35,7 +36,8 @@ struct Diagnostic {
 
 /// The first report on a handle (SQL_HANDLE_...).
 [[nodiscard]] Diagnostic diagnosticOf(std::int16_t handleType, void *handle);
-/// A sentence that says what happened and what to do. Memory that ran out is outOfMemory.
+/// The error for the report; its description says what happened and what to do. The number is
+/// outOfMemory when memory ran out.
 [[nodiscard]] Error errorOf(const Diagnostic &diagnostic);
 [[nodiscard]] Error errorWith(std::int32_t number, std::u16string description);
 

@@ -1,16 +1,17 @@
-// Every database with an ODBC driver as a provider of record sets.
+// Provides record sets on every database that has an ODBC driver.
 #pragma once
 
 #include "adapters/recordset/Driver.h"
 
 namespace kvex::odbc {
 
-/// Accepts "Driver={NAME};KEY=VALUE;...", "DSN=NAME;..." and both with "Provider=MSDASQL;" before
-/// it. Keys other than "Connect Timeout" (ConnectionText.h) are the driver's own. Numbers of the
-/// errors: OdbcError.h. What a driver is told beyond the string: DriverOptions.h.
+/// Accepts "Driver={NAME};KEY=VALUE;..." and "DSN=NAME;...", also after "Provider=MSDASQL;". The
+/// driver gets all keys except "Connect Timeout" (ConnectionText.h), and the options that it needs
+/// (ServerKind.h). OdbcError.h has the numbers of the errors.
 ///
-/// Known are PostgreSQL, MariaDB, MySQL, SQLite and Microsoft SQL Server (ServerKind.h); on any
-/// other database records can be read and changed, and added with keys of one's own.
+/// PostgreSQL, MariaDB, MySQL, SQLite and Microsoft SQL Server are known (ServerKind.h). On other
+/// databases records can be read and changed; a new record must bring its own key, else insert
+/// fails with badStatement and stores nothing.
 [[nodiscard]] recordset::Provider provider();
 
 } // namespace kvex::odbc

@@ -25,8 +25,8 @@ bool isName(std::u16string_view word) {
     return !word.empty() && isLetter(word.front());
 }
 
-/// Names and numbers whole, texts from apostrophe to apostrophe, everything else character by
-/// character, blanks left out.
+/// Splits the query into names, numbers, texts in apostrophes, and single characters. Leaves out
+/// blanks.
 Words wordsOf(std::u16string_view query) {
     Words words;
     for (std::size_t at = 0; at < query.size();) {
@@ -50,14 +50,14 @@ bool is(std::u16string_view word, std::u16string_view keyword) {
     return recordset::equalIgnoringCase(word, keyword);
 }
 
-/// The item's own column; "*" for all of them, "" for an expression.
+/// The column that an item of the list names; "*" for all columns, "" for an expression.
 std::u16string originOf(const Words &item) {
     const bool plain = item.size() == 1 && (item[0] == u"*" || isName(item[0]));
     const bool renamed = item.size() == 3 && isName(item[0]) && is(item[1], u"AS");
     return plain || renamed ? std::u16string(item[0]) : std::u16string();
 }
 
-/// Whether what stands behind a table's name leaves its rows what they are.
+/// True when the words after a table's name neither join, group nor combine its rows.
 bool leavesRows(const Words &words, std::size_t at) {
     constexpr std::array<std::u16string_view, 5> others{u"UNION", u"EXCEPT", u"INTERSECT", u"GROUP",
                                                         u"HAVING"};
@@ -74,7 +74,7 @@ bool leavesRows(const Words &words, std::size_t at) {
 } // namespace
 
 bool isPlainQuery(std::u16string_view text) {
-    // What a server takes for a word or for a text is not asked: these stand nowhere.
+    // Servers differ in where a text ends, so INTO and ";" are refused even inside one.
     const std::u16string upper = upperCase(text);
     return upper.starts_with(u"SELECT") && upper.find(u"INTO") == std::u16string::npos &&
            upper.find(u';') == std::u16string::npos;

@@ -1,47 +1,81 @@
-// What differs from one server to the other.
+// The kinds of servers: what each one's driver must be told, and how each one's SQL differs.
 #pragma once
 
 #include "adapters/recordset/Driver.h"
 
+#include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kvex::odbc {
 
-/// How the key that a server gave a new row is read.
+/// In seconds: how long a server may take to let the user in, and to answer a call.
+struct Timeouts {
+    int login;
+    int call;
+};
+
+/// What happens to a value that the user gave under the key of an option.
+enum class UsersValue { replacesOurs, isReplaced, followsOurs };
+
+/// A key and a value that a driver needs in its connection string.
+struct DriverOption {
+    std::u16string_view key;
+    std::u16string value;
+    UsersValue usersValue = UsersValue::replacesOurs;
+    /// Another key by which the user can set the same option; "" when there is none.
+    std::u16string_view otherKey{};
+};
+
+/// How a session learns the key that the server gave a new row.
 enum class NewKey { returning, lastNumber, output, given };
 
-/// Which texts a driver hands on as the server's bytes, UTF-8, when it is asked for bytes. It is
-/// asked for wide characters for the others: the drivers take their time to make them.
+/// Which texts the driver returns as UTF-8 when it is asked for bytes. All others are read as wide
+/// characters, which these drivers convert slowly.
 enum class Utf8Texts { none, longOnes, all };
 
 struct ServerKind {
-    /// As the driver names the database.
+    /// The server's name, as the driver reports it; "" for an unknown server.
     std::u16string_view name;
-    NewKey newKey;
-    /// For lastNumber: the row whose this number is has the new key. "" for the key itself.
-    std::u16string_view rowNumber;
-    std::u16string_view lastNumber;
-    /// What stands for the values of a row of defaults alone.
-    std::u16string_view emptyRow;
-    /// The two sides of a comparison of texts to the last character: around the column, around
-    /// the parameter.
-    std::u16string_view beforeColumn;
-    std::u16string_view afterColumn;
-    std::u16string_view parameter;
-    /// Texts with one come back whole. What would not is refused before it is stored.
-    bool keepsNulCharacters;
-    /// Its driver says which column of which table a value comes from.
-    bool saysOrigins;
-    /// Holds for the driver of this name.
-    std::u16string_view utf8Driver;
-    Utf8Texts utf8Texts;
-    /// It does so only while the process runs in a locale of UTF-8.
-    bool utf8InUtf8Locales;
+
+    // What is known before the connection.
+    /// Words in lower case; the driver belongs to this kind when its name holds one of them.
+    std::array<std::u16string_view, 2> driverNames{};
+    /// "Server" may list several servers.
+    bool takesServerList = false;
+    std::vector<DriverOption> (*options)(const Timeouts &timeouts);
+
+    // How a new row is inserted, and its key read.
+    NewKey newKey = NewKey::given;
+    /// For lastNumber: an SQL expression for the number of the row inserted last.
+    std::u16string_view lastNumber{};
+    /// For lastNumber: the column that holds this number; "" for the key itself.
+    std::u16string_view rowNumber{};
+    /// Replaces the list of values when a row has defaults only.
+    std::u16string_view emptyRow = u"DEFAULT VALUES";
+
+    /// The SQL that compares a text column with a parameter, character by character: the parts
+    /// before and after the column, and the parameter's.
+    std::u16string_view beforeColumn{};
+    std::u16string_view afterColumn = u" = ";
+    std::u16string_view parameter = u"?";
+
+    /// The server can store a NUL character, and its driver returns it.
+    bool keepsNulCharacters = false;
+    /// The driver reports the table and the column that a value comes from.
+    bool saysOrigins = true;
+    /// The file name of the driver that `utf8Texts` describes.
+    std::u16string_view utf8Driver{};
+    Utf8Texts utf8Texts = Utf8Texts::none;
+    /// The driver returns UTF-8 only while the process has a UTF-8 locale.
+    bool utf8InUtf8Locales = false;
     recordset::ColumnTypes columnTypes;
 
-    /// A server of an unknown name is one of the standard's plain ways. `version` is that of
-    /// ODBC: "10.11.000006".
+    /// The kind that a driver's name (or file name) indicates, before the connection.
+    [[nodiscard]] static const ServerKind &ofDriver(std::u16string_view driver);
+    /// The kind that the connected server reports; standard SQL for an unknown name. `version` has
+    /// ODBC's form: "10.11.000006".
     [[nodiscard]] static ServerKind of(std::u16string_view name, std::u16string_view version);
 };
 

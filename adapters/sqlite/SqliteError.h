@@ -1,4 +1,4 @@
-// Turns what SQLite reports into the system's errors: the one place that does.
+// Turns SQLite's result codes into the system's errors.
 #pragma once
 
 #include "platform/Error.h"
@@ -8,16 +8,16 @@
 
 namespace kvex::sqlite {
 
-/// The number of an error is this one with SQLite's extended result code in its low 16 bits,
-/// the primary code in the lowest 8: -2147221499 for a locked database (5). Its source is
-/// "SQLite".
+/// An error's number is this base plus SQLite's extended result code, whose lowest 8 bits are the
+/// primary code: -2147221499 for a locked database (5). The error's source is "SQLite".
 inline constexpr std::int32_t errorBase = -2147221504;
 
-/// A refusal by the database `name` (as the user wrote it), as a sentence that says what to do.
-/// `message` is SQLite's own. Memory that ran out is outOfMemory.
+/// The error for a result code; its description says what happened and what to do. `name` is the
+/// database as the user wrote it, `message` is SQLite's. The number is outOfMemory when memory ran
+/// out.
 [[nodiscard]] Error errorOf(int code, std::u16string_view name, std::u16string_view message);
 
-/// A refusal with a description of its own.
+/// An error with its own description.
 [[nodiscard]] Error errorWith(int code, std::u16string description);
 
 } // namespace kvex::sqlite

@@ -31,14 +31,14 @@ void SqliteStatement::Finalizer::operator()(sqlite3_stmt *handle) const noexcept
     sqlite3_finalize(handle);
 }
 
-SqliteStatement::SqliteStatement(const Database &database, std::u16string_view text)
-    : database_(database) {
+SqliteStatement::SqliteStatement(const SqliteConnection &connection, std::u16string_view text)
+    : connection_(connection) {
     const std::string utf8 = toUtf8(text);
     sqlite3_stmt *prepared = nullptr;
-    const int code = sqlite3_prepare_v2(database.handle(), utf8.c_str(), -1, &prepared, nullptr);
+    const int code = sqlite3_prepare_v2(connection.handle(), utf8.c_str(), -1, &prepared, nullptr);
     handle_.reset(prepared);
     if (code != SQLITE_OK) {
-        throw database.lastError();
+        throw connection.lastError();
     }
     if (!prepared) {
         throw Error(error_number::badArgument, u"There is no statement to run: the text is empty.");
@@ -49,7 +49,7 @@ void SqliteStatement::bind(const std::vector<ValueView> &parameters) {
     int position = 0;
     for (const ValueView &parameter : parameters) {
         if (std::visit(Binder{handle(), ++position}, parameter.held()) != SQLITE_OK) {
-            throw database_.lastError();
+            throw connection_.lastError();
         }
     }
 }
@@ -61,7 +61,7 @@ bool SqliteStatement::step() {
     case SQLITE_DONE:
         return false;
     default:
-        throw database_.lastError();
+        throw connection_.lastError();
     }
 }
 

@@ -1,7 +1,7 @@
 // One prepared statement of SQLite.
 #pragma once
 
-#include "adapters/sqlite/Database.h"
+#include "adapters/sqlite/SqliteConnection.h"
 #include "platform/Value.h"
 
 #include <memory>
@@ -14,18 +14,19 @@ namespace kvex::sqlite {
 
 class SqliteStatement {
 public:
-    /// Fails with the provider's number when SQLite does not understand it, with badArgument
-    /// when `text` holds no statement. `database` is the caller's.
-    SqliteStatement(const Database &database, std::u16string_view text);
+    /// Fails with badArgument when the text holds no statement, and with the provider's number when
+    /// SQLite refuses it. The connection must outlive the statement.
+    SqliteStatement(const SqliteConnection &connection, std::u16string_view text);
 
     /// One value for each "?".
     void bind(const std::vector<ValueView> &parameters);
-    /// Goes to the next row; false when there is none, and the statement has ended.
+    /// Goes to the next row; false when there is none, which ends the statement.
     bool step();
-    /// Ends it; it can be bound and run anew.
+    /// Ends the statement, so that it can be bound and run again.
     void reset() noexcept;
-    /// The row's column as text, "" for Null.
+    /// The column's value as text, "" for Null; columns are numbered from 0.
     [[nodiscard]] std::u16string text(int column) const;
+    [[nodiscard]] const SqliteConnection &connection() const noexcept { return connection_; }
     [[nodiscard]] sqlite3_stmt *handle() const noexcept { return handle_.get(); }
 
 private:
@@ -33,7 +34,7 @@ private:
         void operator()(sqlite3_stmt *handle) const noexcept;
     };
 
-    const Database &database_;
+    const SqliteConnection &connection_;
     std::unique_ptr<sqlite3_stmt, Finalizer> handle_;
 };
 

@@ -1,5 +1,5 @@
 #include "adapters/recordset/Schema.h"
-#include "adapters/sqlite/ConnectionSettings.h"
+#include "adapters/sqlite/SqliteConnection.h"
 #include "host/kvexrules/Commands.h"
 #include "host/kvexrules/Console.h"
 #include "host/kvexrules/Database.h"

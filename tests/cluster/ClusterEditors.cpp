@@ -1,4 +1,4 @@
-// Editing passes its suite with two users on different nodes of a cluster.
+// Runs the suite of editing with two users on different nodes of a cluster.
 #include "tests/databases/ServerFixture.h"
 #include "tests/editors/Editors.h"
 

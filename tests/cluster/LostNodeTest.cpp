@@ -1,4 +1,4 @@
-// A node of the cluster goes away, or is cut off from the others: the next session takes another.
+// When a node goes away or is cut off from the others, the next session uses another node.
 #include "adapters/odbc/OdbcError.h"
 #include "tests/databases/ServerFixture.h"
 #include "tests/editors/Editors.h"
@@ -16,11 +16,11 @@ const std::u16string everyNode = u"127.0.0.1,127.0.0.2,127.0.0.3";
 class LostNode : public TwoEditors {
 protected:
     LostNode() : TwoEditors(galeraCluster()), id(addRule(u"A")) {
-        // More than the others need to see that a node is gone.
+        // The timeout is longer than the other nodes need to notice that a node is gone.
         mine.setServers(everyNode, 30);
     }
 
-    /// Renames "A" while the node of the session goes away; the user is told.
+    /// Renames "A" while the session's node goes away, and expects the user to be told.
     template <class Event>
     void loseNodeBeforeTheSave(std::int32_t number, std::u16string_view words, const Event &event) {
         mine.inEditor(id, [&](User &user) {
@@ -52,7 +52,7 @@ protected:
 TEST_F(LostNode, ThatIsKilledInASessionIsToldAndTheNextSessionTakesAnother) {
     loseNodeBeforeTheSave(connectionLost, u"The connection to the database is lost (",
                           [this] { cluster.node(0).kill(); });
-    // At once: the others may not know it yet.
+    // The next session starts at once, when the other nodes may not have noticed yet.
     expectNextSessionWorks();
     cluster.node(0).start();
     cluster.waitUntilSynced();
@@ -62,7 +62,7 @@ TEST_F(LostNode, ThatIsCutOffFromTheOthersInASessionIsToldAndTheNextSessionTakes
     loseNodeBeforeTheSave(odbc::refusal::timeout, u"or the server is cut off from its cluster (",
                           [this] { cluster.isolate(0); });
     expectNextSessionWorks();
-    // Where nothing else is named, the node says what it lacks.
+    // Without another node in the list, the error tells that this node is cut off.
     mine.setServers(u"127.0.0.1", 30);
     EXPECT_EQ(mine.showRules(), 0);
     mine.expectTold({openingFailed}, connectionLost,

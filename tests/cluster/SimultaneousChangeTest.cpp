@@ -1,4 +1,4 @@
-// One rule is changed on two nodes before either knows of the other's change.
+// Two nodes change one rule before either knows of the other's change.
 #include "adapters/odbc/OdbcError.h"
 #include "adapters/odbc/Provider.h"
 #include "adapters/recordset/ClientConnection.h"
@@ -16,7 +16,7 @@ class SimultaneousChange : public TwoEditors {
 protected:
     SimultaneousChange() : TwoEditors(galeraCluster()) {}
 
-    /// As by a change that was seen, or by one that the node met when it stored its own.
+    /// The node may have seen the other change before its own, or only at its own commit.
     void expectRefused() {
         ASSERT_EQ(mine.utility.log.size(), 1U);
         const bool seen = mine.utility.log.front().number == rowChangedByAnother;
@@ -32,7 +32,7 @@ TEST_F(SimultaneousChange, WhatAnotherNodeStoredBeforeIsSeenByASessionThatOpens)
     addRule(u"A");
     cluster.node(0).run("mysql", "FLUSH TABLES WITH READ LOCK");
     addRule(u"B", 1);
-    // The node takes over no change until the session waits for it.
+    // The node applies no change until the session waits for it.
     constexpr std::string_view othersQueries =
         "SELECT COUNT(*) FROM information_schema.PROCESSLIST WHERE INFO LIKE 'SELECT%' AND "
         "ID <> CONNECTION_ID()";
@@ -51,10 +51,11 @@ TEST_F(SimultaneousChange, WhatAnotherNodeStoredBeforeIsSeenByASessionThatOpens)
     release.join();
 }
 
-/// Who comes first differs from round to round; that one does, and the other is told, does not.
+/// The winner differs from round to round. In each round one change is stored, and the other user
+/// is told.
 TEST_F(SimultaneousChange, IsStoredOnceAndTheLoserIsTold) {
     const std::u16string id = addRule(u"A");
-    // Else a node repeats a change that came second, and finds that nothing is left to change.
+    // With this retry, the node would repeat the loser's change, which then finds no row.
     cluster.node(0).run("mysql", "SET GLOBAL wsrep_retry_autocommit = 0");
     recordset::ClientConnection other({odbc::provider()});
     static_cast<Connection &>(other).open(theirs.utility.connectionString);

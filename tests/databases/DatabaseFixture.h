@@ -1,4 +1,4 @@
-// What a kind of database brings to the tests that run on every one.
+// The interface between the tests that run on every database and a kind of database.
 #pragma once
 
 #include "adapters/recordset/Driver.h"
@@ -11,12 +11,12 @@
 
 namespace kvex::test {
 
-/// Empty tables of the server's for a test of its own.
+/// Gives one test the server's tables, empty.
 class DatabaseFixture {
 public:
-    /// What a kind of database may do otherwise. The suites then test what is written here.
+    /// How a kind of database may differ from the others. The suites test the difference.
     enum class Deviation {
-        /// A text with a NUL character is refused, and stays pending.
+        /// The database refuses a text with a NUL character; the change stays pending.
         refusesNulCharacters,
     };
 
@@ -24,27 +24,27 @@ public:
 
     [[nodiscard]] virtual recordset::Provider provider() const = 0;
     [[nodiscard]] virtual std::u16string connectionString() const = 0;
-    /// Another user's way to it: through another server, where there are several.
+    /// For another user, who uses another server where there are several.
     [[nodiscard]] virtual std::u16string otherConnectionString() const {
         return connectionString();
     }
-    /// Runs a statement as another program would, without the record sets.
+    /// Runs a statement as another program does, without the record sets.
     virtual void run(std::u16string_view statement) = 0;
-    /// The rows of a query, columns joined by "|", Null as "NULL".
+    /// The rows of a query, with "|" between columns and "NULL" for Null.
     [[nodiscard]] virtual std::vector<std::u16string> rows(std::u16string_view query) = 0;
-    /// The first row, "NONE" without one.
+    /// The first row of a query; "NONE" when there is none.
     [[nodiscard]] std::u16string valueOf(std::u16string_view query) {
         const std::vector<std::u16string> found = rows(query);
         return found.empty() ? u"NONE" : found.front();
     }
 
-    /// Rules can be stored no more from now on, by INSERT or by UPDATE as `event` says; where
-    /// there is a condition on the stored row, OLD, only those that meet it.
+    /// Refuses every `event`, INSERT or UPDATE, on the rules from now on. A condition on the stored
+    /// row, OLD, limits this to the rows that meet it.
     virtual void refuse(std::u16string_view event, std::u16string_view condition) = 0;
-    /// What was refused can be stored again.
+    /// Ends what `refuse` began.
     virtual void permit() = 0;
 
-    /// With the reason for each.
+    /// Each deviation with its reason.
     [[nodiscard]] virtual std::map<Deviation, std::string> deviations() const { return {}; }
 };
 
@@ -53,7 +53,7 @@ struct DatabaseKind {
     std::unique_ptr<DatabaseFixture> (*make)();
 };
 
-/// Names the tests on each kind.
+/// Names the tests after the kind of database.
 inline const auto kindName = [](const auto &kind) { return kind.param.name; };
 
 } // namespace kvex::test

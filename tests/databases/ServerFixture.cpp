@@ -14,8 +14,8 @@
 namespace kvex::test {
 namespace {
 
-/// The one test database of a server, for one test at a time. It is made once, and emptied for
-/// each test: that takes a tenth of the time.
+/// The one test database of a server, for one test at a time. It is created once and emptied for
+/// each test, which takes a tenth of the time.
 class ServerFixture : public DatabaseFixture {
 public:
     [[nodiscard]] recordset::Provider provider() const override { return odbc::provider(); }
@@ -106,8 +106,8 @@ public:
     }
 };
 
-/// The first user is on the first node, the other on the second; other programs are on the third,
-/// and see what was stored before on any.
+/// The first user is on the first node and the other user on the second. Other programs are on the
+/// third node, and see what any node has committed before.
 class GaleraFixture final : public MariaDbFixture {
 public:
     GaleraFixture() : MariaDbFixture(thirdNode()) { reachEveryNode(); }

@@ -1,4 +1,4 @@
-// Databases through ODBC for tests: on the test program's own servers, and in a file of SQLite.
+// Databases behind ODBC for tests: the test program's own servers, and an SQLite file.
 #pragma once
 
 #include "tests/databases/DatabaseFixture.h"
@@ -7,7 +7,7 @@ namespace kvex::test {
 
 [[nodiscard]] DatabaseKind postgreSqlServer();
 [[nodiscard]] DatabaseKind mariaDbServer();
-/// Each user is on a node of his own.
+/// Each user is on another node.
 [[nodiscard]] DatabaseKind galeraCluster();
 [[nodiscard]] DatabaseKind odbcSqlite();
 

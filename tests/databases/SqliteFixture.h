@@ -20,7 +20,7 @@ public:
     explicit OtherProgram(const std::string &name);
 
     void run(std::u16string_view statement);
-    /// As those of DatabaseFixture.
+    /// See DatabaseFixture.
     [[nodiscard]] std::vector<std::u16string> rows(std::u16string_view query);
     [[nodiscard]] std::u16string valueOf(std::u16string_view query);
 
@@ -33,9 +33,9 @@ private:
 
 class SqliteFixture : public DatabaseFixture {
 public:
-    /// In a file of its own.
+    /// Creates a new file.
     SqliteFixture();
-    /// In memory, under this URI.
+    /// Creates a database in memory, under this URI.
     explicit SqliteFixture(const std::string &uri);
 
     [[nodiscard]] recordset::Provider provider() const override;

@@ -1,4 +1,4 @@
-// Makes an SQLite database with the server's tables.
+// Creates the server's tables in an SQLite database.
 #pragma once
 
 #include "adapters/recordset/ClientConnection.h"
@@ -9,7 +9,7 @@
 
 namespace kvex::test {
 
-/// As recordset::createSchema; makes the database's file when there is none.
+/// Like recordset::createSchema, but creates a missing file.
 inline bool createSqliteSchema(std::u16string_view connectionString) {
     recordset::ClientConnection connection{{sqlite::creatingProvider()}};
     static_cast<Connection &>(connection).open(connectionString);

@@ -1,4 +1,4 @@
-// Two users who change one rule: who comes second overwrites nothing unseen, and is told.
+// Two users change one rule. The second overwrites nothing that he has not seen, and is told.
 #include "tests/editors/Editors.h"
 
 namespace kvex::test {
@@ -112,7 +112,7 @@ TEST_P(Editors, ANameAndTheConditionsChangedByTwoAreBothStored) {
         });
         user.click(u"cmdModify");
         EXPECT_EQ(user.rows(u"lvwRules"), Texts{u"Mine"});
-        // The record was read again: the next opening shows what the other stored.
+        // The save has read the record again, so the editor shows what the other user stored.
         mine.toolkit.whenShown(u"frmRuleEdit", [](User &editor) {
             EXPECT_EQ(ruleState().strWords, u"THEIRS");
             editor.click(u"cmdCancel");
@@ -148,7 +148,7 @@ TEST_P(Editors, ATickIsRefusedWhenAnotherHasSwitchedTheRuleAlready) {
         for (int attempt = 1; attempt <= 2; ++attempt) {
             user.tickRow(u"lvwRules", 1);
             mine.expectLeftHandler(rowChangedByAnother, changedByAnother);
-            // Back to what was read: nothing to send.
+            // This tick returns to the value that was read, so nothing is sent.
             user.tickRow(u"lvwRules", 1);
             EXPECT_EQ(stored(u"ACTIVE", u"A"), u"0");
         }
@@ -169,7 +169,7 @@ TEST_P(Editors, TwoWhoAddARuleOfOneNameAddTwo) {
         save(user);
     });
     EXPECT_EQ(ruleCount(), u"3");
-    // From the next session on the name is taken.
+    // The next session refuses the name, which is taken now.
     mine.inEditor(u"", [this](User &user) {
         completeRule(user);
         rename(user, u"Same");

@@ -1,10 +1,10 @@
-// Two users who order the rules, or of whom one adds or removes some meanwhile.
+// One user orders the rules while another one orders, adds or removes some.
 #include "tests/editors/Editors.h"
 
 namespace kvex::test {
 namespace {
 
-/// Moves the row up by so many places.
+/// Moves the row up by this number of places.
 void moveUp(User &user, int row, int places) {
     user.clickRow(u"lvwRules", row);
     for (; places > 0; --places) {
@@ -32,7 +32,7 @@ TEST_P(Editors, TheSecondOfTwoOrdersStopsWhereTheFirstHasChangedAPriority) {
                             u"The change of record ID " + idOf(u"A") + u" was not stored. ");
             EXPECT_TRUE(user.isOpen());
             EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"C", u"A", u"B"}));
-            // What came before stays stored; nothing of the other's was overwritten.
+            // The changes before A stay stored, and the other user's changes are intact.
             EXPECT_EQ(priorities(), (Texts{u"2", u"1", u"1"}));
         }
         user.click(u"cmdCancel");

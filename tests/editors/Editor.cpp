@@ -9,7 +9,7 @@
 namespace kvex::test {
 namespace {
 
-/// The suite's utility object before a user who reads every message.
+/// The suite's utility object, whose messages the test records.
 class ShownUtility final : public host::UtilityObject {
 public:
     explicit ShownUtility(UtilityRecord &record) : shown_(record) {}
@@ -23,7 +23,7 @@ private:
     TestUtility shown_;
 };
 
-/// Records what the component asks, and has the suite's object do it.
+/// Records the component's calls, and passes errors on to the suite's object.
 class SuiteUtility final : public Utility {
 public:
     explicit SuiteUtility(UtilityRecord &record)
@@ -135,7 +135,7 @@ void Editor::expectPlayedWhole() {
 }
 
 OwnLog::OwnLog() {
-    // Whichever user the test becomes.
+    // A test may continue as another user, who must write here too.
     std::filesystem::permissions(folder_.path(), std::filesystem::perms::all);
     host::suiteState() = host::SuiteState{{}, {}, host::ErrorLog(folder_ / "log"), {}};
 }

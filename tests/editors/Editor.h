@@ -1,5 +1,5 @@
-// One user who edits rules: a session of the component with the suite's own utility object, on
-// the headless toolkit and any database.
+// One user who edits rules. He uses the component with the suite's own utility object, the headless
+// toolkit and any database.
 #pragma once
 
 #include "adapters/recordset/Driver.h"
@@ -15,28 +15,28 @@ class Editor {
 public:
     Editor(recordset::Provider provider, std::u16string connectionString);
 
-    /// From the next session on: "HOST,HOST:PORT" in place of the server of the connection string,
-    /// and so many seconds for it to answer.
+    /// Changes the connection string for later sessions: the list of servers, "HOST,HOST:PORT", and
+    /// the timeout in seconds.
     void setServers(const std::u16string &servers, int connectTimeout);
 
-    /// A whole session: opened, shown on the rule, closed. What ShowRules gave.
+    /// Runs a session that opens the rule, and returns what ShowRules returned.
     std::int32_t showRules(const std::u16string &ruleId = u"");
-    /// A whole session, played in the rules window; the editor that opens first is cancelled.
+    /// Runs a session with the script in the rules window. Cancels the editor that opens first.
     std::int32_t inRulesWindow(Script script);
-    /// A whole session, played in the editor of a rule ("" for a new one); the rules window is
-    /// left by Cancel.
+    /// Runs a session with the script in the editor of a rule, "" for a new one. Leaves the rules
+    /// window with Cancel.
     std::int32_t inEditor(const std::u16string &ruleId, Script script);
 
-    /// The database's errors since the last time: in the log with the text of this procedure and
-    /// this number, each shown in exactly one message that holds these words. None else.
+    /// Expects exactly these errors since the last call. Each is in the log with its Sub and Module
+    /// and this number. One message shows each error, with these words.
     void expectTold(const std::vector<std::u16string> &subsAndModules, std::int32_t number,
                     std::u16string_view words);
-    /// Nothing was logged and nothing shown since the last time.
+    /// Expects that nothing was logged or shown since the last call.
     void expectNothingTold();
-    /// Since the last time an error of this number left a handler, with these words; the toolkit
-    /// tells the user of it, the log does not hear of it.
+    /// Expects one error since the last call that left a handler, with this number and these words.
+    /// The toolkit shows such an error; the log does not have it.
     void expectLeftHandler(std::int32_t number, std::u16string_view words);
-    /// No window was left open, none came unexpectedly, and every error was expected.
+    /// Expects that every script has run, no window is open and no error is unexpected.
     void expectPlayedWhole();
 
     UtilityRecord utility;
@@ -57,7 +57,7 @@ private:
     std::size_t leftHandlers_ = 0;
 };
 
-/// While it lives, the suite writes its log into a folder of its own.
+/// Sends the suite's log to a temporary folder while the object lives.
 class OwnLog {
 public:
     OwnLog();
@@ -69,21 +69,21 @@ private:
     host::TemporaryFolder folder_;
 };
 
-/// Runs `body` as another user's program would, beside the session of this thread.
+/// Runs `body` in another thread, as another user's program, and waits for its end.
 void meanwhile(const std::function<void()> &body);
 
-/// What users do.
+/// Steps of a user.
 void rename(User &editor, std::u16string_view name);
 [[nodiscard]] std::u16string typedName(User &editor);
-/// Ticks what makes a new rule whole.
+/// Ticks the condition and the action that a new rule needs.
 void completeRule(User &editor);
-/// Makes the rule one for messages with this word.
+/// Gives the rule the condition that a message has this word.
 void setWord(User &editor, const std::u16string &word);
 void confirmRemoval(Editor &user, User &window, int row);
 
-/// In one session on the rules "A", "B" and "C", which OK would number anew: from the moment of
-/// `harm` on every way to write is refused with this error, told once with these words, and leaves
-/// what the user sees and has typed; `repair` undoes the harm before the session ends.
+/// Runs one session on the rules "A", "B" and "C", whose priorities OK would change. After `harm`
+/// it expects every write to fail with this error, shown once with these words. The windows and the
+/// input must stay as they are. `repair` undoes the harm before the session ends.
 void expectNoWay(
     Editor &user, std::int32_t number, std::u16string_view words,
     const std::function<void()> &harm = [] {}, const std::function<void()> &repair = [] {});

@@ -1,4 +1,4 @@
-// The suite of editing that every kind of database passes: Editors.
+// The suite Editors: two users edit rules, on every kind of database.
 #pragma once
 
 #include "platform/Database.h"
@@ -17,7 +17,7 @@ inline const std::u16string removalFailed = u"Sub: cmdRemove_Click, Module: frmR
 inline const std::u16string newEditorFailed = u"Sub: Form_Load, Module: frmRuleEdit";
 inline const std::u16string openingFailed = u"Sub: ShowRuleUI, Module: RuleUI";
 
-/// A database of any kind with two users on it. What asks the database is portable.
+/// A database of any kind with two users. All statements here run on every kind.
 class TwoEditors : public testing::Test {
 protected:
     explicit TwoEditors(const DatabaseKind &kind) : database_(kind.make()) {}
@@ -26,7 +26,7 @@ protected:
         theirs.expectPlayedWhole();
     }
 
-    /// A rule for all messages; its id.
+    /// Adds a rule for all messages, and returns its id.
     std::u16string addRule(const std::u16string &name, int priority = 0) {
         run(u"INSERT INTO SMS_RULES (Name, QueryParam, ActionParam, PRIORITY) VALUES ('" + name +
             u"', '<ALLMESSAGES>', '<DELETE>YES</DELETE><IGNOREFURTHERRULES>YES"
@@ -34,14 +34,14 @@ protected:
             toText(std::int64_t{priority}) + u")");
         return idOf(name);
     }
-    /// "A", "B", "C" with these priorities.
+    /// Adds the rules "A", "B" and "C" with these priorities.
     void addThree(int first = 1, int step = 1) {
         for (const char16_t *name : {u"A", u"B", u"C"}) {
             addRule(name, first);
             first += step;
         }
     }
-    /// As another program.
+    /// Runs a statement as another program.
     void run(const std::u16string &statement) { database_->run(statement); }
     std::u16string idOf(const std::u16string &name) {
         return database_->valueOf(u"SELECT ID FROM SMS_RULES WHERE Name = '" + name + u"'");
@@ -61,13 +61,13 @@ private:
     std::unique_ptr<DatabaseFixture> database_;
 
 protected:
-    /// Watches `mine`.
+    /// Counts the calls of `mine`, and makes them fail on demand.
     WatchedDatabase watched{database_->provider()};
     Editor mine{watched.provider(), database_->connectionString()};
     Editor theirs{database_->provider(), database_->otherConnectionString()};
 };
 
-/// A test for each kind of database.
+/// Each test runs on each kind of database.
 class Editors : public TwoEditors, public testing::WithParamInterface<DatabaseKind> {
 protected:
     Editors() : TwoEditors(GetParam()) {}

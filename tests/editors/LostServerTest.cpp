@@ -1,4 +1,4 @@
-// The server goes away in the midst of a session, or refuses one call.
+// The server goes away during a session, or refuses one call.
 #include "tests/editors/Editors.h"
 
 namespace kvex::test {
@@ -64,7 +64,7 @@ TEST_P(Editors, WithoutAServerASaveIsToldAndTheInputStays) {
                                 u"was not stored, as far as is known. " + std::u16string(broke));
                 EXPECT_TRUE(user.isOpen());
                 EXPECT_EQ(typedName(user), u"Mine");
-                // What has gone stays gone for this session.
+                // For this session the connection stays lost.
                 watched.comeBack();
             }
             user.click(u"cmdCancel");
@@ -99,7 +99,7 @@ TEST_P(Editors, AServerLostBehindTheWriteIsToldAsOneThatStored) {
             }
             user.click(u"cmdCancel");
         });
-        // A new rule whose defaults are unknown cannot be listed; of that the log alone hears.
+        // The list cannot show a new rule whose defaults are unknown; only the log tells that.
         const Texts logged = rule.empty() ? Texts{u"KVEXMessageRules: Error occured. Sub: "
                                                   u"ListRules, Module: frmRules"}
                                           : Texts{};

@@ -1,4 +1,4 @@
-// Editing passes its suite on every database through ODBC.
+// Runs the suite of editing on every database behind ODBC.
 #include "tests/databases/ServerFixture.h"
 #include "tests/editors/Editors.h"
 

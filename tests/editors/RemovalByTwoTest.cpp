@@ -1,4 +1,4 @@
-// One user removes the rule that another one changes.
+// One user removes a rule that another one changes.
 #include "tests/editors/Editors.h"
 
 #include <algorithm>
@@ -69,7 +69,7 @@ TEST_P(Editors, ARuleThatAnotherChangedIsNotRemovedUnseen) {
         }
         user.click(u"cmdCancel");
     });
-    // Having seen the change, its user can remove the rule.
+    // A session that has read the change can remove the rule.
     mine.inRulesWindow([this](User &user) {
         user.clickRow(u"lvwRules", 1);
         EXPECT_EQ(ruleState().strWords, u"THEIRS");

@@ -1,5 +1,5 @@
-// What a server refuses, by its rights, its mode or its tables: the user is told why, and nothing
-// is lost.
+// A server refuses a change because of rights, a read-only mode or its tables. The user is told
+// why, and nothing is lost.
 #include "tests/editors/Editor.h"
 
 #include "adapters/odbc/OdbcError.h"
@@ -18,12 +18,12 @@ namespace refusal = odbc::refusal;
 struct RefusingServer {
     std::string name;
     DatabaseServer &(*server)();
-    /// What makes the database "refusals" read-only for whoever comes from now on, and undoes it.
+    /// Statements that make the database read-only for later sessions, and writable again.
     std::string closed;
     std::string open;
 };
 
-/// A database with three rules, and its user "editor" with the rights that suffice.
+/// A database with three rules, and its user "editor" with sufficient rights.
 class ServerRefusals : public testing::TestWithParam<RefusingServer> {
     OwnLog log_;
 
@@ -46,7 +46,7 @@ protected:
     }
     ~ServerRefusals() override { server_.dropDatabase(database); }
 
-    /// As the administrator.
+    /// Runs a statement as the administrator.
     void run(const std::string &statement) { server_.run(database, statement); }
     [[nodiscard]] std::vector<std::string> stored() {
         return server_.rows(database, "SELECT Name, PRIORITY, ACTIVE FROM SMS_RULES ORDER BY ID");
@@ -58,7 +58,7 @@ protected:
         return fromUtf8(server_.odbcConnectionString(database, "editor", "ed1t"));
     }
 
-    /// No session begins on the database; the user is told so once, in these words.
+    /// Expects that no session starts, and that one message with these words tells why.
     static void expectNoSession(const std::u16string &connectionString, std::int32_t number,
                                 std::u16string_view words) {
         Editor user(odbc::provider(), connectionString);
@@ -66,7 +66,7 @@ protected:
         user.expectTold({u"Sub: ShowRuleUI, Module: RuleUI"}, number, words);
         user.expectPlayedWhole();
     }
-    /// A session shows the rules as they were, and can re-order them.
+    /// Expects a session to show the unchanged rules, and to store a new order.
     void expectSessionWorks(const std::u16string &connectionString) {
         EXPECT_EQ(stored(), unchanged);
         Editor user(odbc::provider(), connectionString);
@@ -164,7 +164,8 @@ TEST_P(ServerRefusals, WithoutAColumnThatTheListShowsTheLogNamesItAndOkStoresNot
             EXPECT_EQ(window.rows(u"lvwRules"), Texts());
             window.click(u"cmdOK");
         });
-        // At the start and behind the cancelled editor. The database reported no error.
+        // The list is filled at the start, and again after the cancelled editor. The query itself
+        // succeeds.
         ASSERT_EQ(user.utility.log.size(), 2U);
         for (const LogEntry &entry : user.utility.log) {
             EXPECT_EQ(entry.number, error_number::itemNotFound);

@@ -1,4 +1,4 @@
-// Editing passes its suite on SQLite, in a file and in memory.
+// Runs the suite of editing on SQLite, in a file and in memory.
 #include "tests/databases/SqliteFixture.h"
 #include "tests/editors/Editors.h"
 

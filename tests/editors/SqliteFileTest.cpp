@@ -1,4 +1,4 @@
-// An SQLite file that is locked, replaced, removed or made read-only in the midst of a session.
+// An SQLite file is locked, replaced, removed or made read-only during a session.
 #include "tests/editors/Editor.h"
 
 #include "adapters/sqlite/Provider.h"
@@ -44,7 +44,7 @@ protected:
     }
     static constexpr std::u16string_view unchanged = u"A101,B101,C101";
 
-    /// Closing and opening again is enough.
+    /// Expects that a new session stores a new order.
     void expectNewSessionWorks() {
         user_.inRulesWindow([](User &window) { window.click(u"cmdOK"); });
         EXPECT_EQ(stored(), u"A11,B21,C31");

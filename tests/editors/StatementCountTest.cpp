@@ -1,4 +1,4 @@
-// How often each step asks the database: every time is a way to the server and back.
+// How often each step asks the database; each time costs a round trip to the server.
 #include "tests/editors/Editors.h"
 
 namespace kvex::test {

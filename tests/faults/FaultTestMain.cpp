@@ -1,4 +1,4 @@
-// The main of test programs that cut the network: they have one of their own.
+// The main function of test programs that cut the network; it gives them their own network.
 #include "tests/faults/OwnNetwork.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-// A server goes away in the middle of what a user does: he is told and keeps his input, nothing
-// is claimed to be stored that is not, and a new session works once the server is back.
+// The server goes away while a user works. The user is told and keeps his input; no message claims
+// more than was stored. A new session works when the server is back.
 #include "tests/editors/Editors.h"
 #include "tests/faults/OtherSession.h"
 #include "tests/faults/OwnNetwork.h"
@@ -20,14 +20,14 @@ constexpr std::u16string_view notStored = u"was not stored, as far as is known. 
 
 } // namespace
 
-/// That a call ends is all that is tested of time: a driver that is not told to give up waits for
-/// a quarter of an hour, far beyond the limit of this test program.
+/// These tests check only that a call ends. Without a timeout a driver waits for a quarter of an
+/// hour, far longer than this test program may run.
 class GoneServer : public TwoEditors, public testing::WithParamInterface<Loss> {
 protected:
     GoneServer() : TwoEditors(std::get<ServerKindUnderTest>(GetParam()).database) {
         mine.setServers(addressOf(way_.relayed ? place_.relay.port() : place_.server.port()), 2);
     }
-    /// Also after a test that failed in the middle.
+    /// Brings the server back, also after a test that failed half-way.
     ~GoneServer() override { comeBack(); }
 
     void goAway() {
@@ -37,8 +37,8 @@ protected:
     void goAwayAfter(int calls) {
         watched.interruptAfter(calls, [this] { goAway(); });
     }
-    /// Once a statement waits for a lock, while this thread is in `step`. It has arrived then, so
-    /// the client waits for its answer alone.
+    /// Takes the server away while `step` has a statement that waits for a lock. The server has
+    /// received the statement by then, so the client only waits for the answer.
     template <class Step> void goAwayDuring(const Step &step) {
         std::atomic<bool> ended = false;
         std::thread other([&] {
@@ -72,7 +72,7 @@ private:
 
 TEST_P(GoneServer, BeforeOrWhileTheRulesAreReadEndsTheOpening) {
     addThree();
-    // The connection, and a query in the middle.
+    // The server goes away before the connection, or before one of the queries.
     for (const int calls : {0, 3}) {
         goAwayAfter(calls);
         EXPECT_EQ(mine.showRules(), 0);
@@ -92,7 +92,7 @@ TEST_P(GoneServer, AtATickLeavesTheRuleAndTheWindow) {
         user.tickRow(u"lvwRules", 2);
         mine.expectLeftHandler(connectionLost, u"Nothing was stored. The ");
         comeBack();
-        // What is lost stays lost for this session.
+        // For this session the connection stays lost.
         user.tickRow(u"lvwRules", 3);
         mine.expectLeftHandler(connectionLost, u"Nothing was stored. The ");
         const auto &rules = user.get<ListView>(u"lvwRules");
@@ -111,16 +111,16 @@ TEST_P(GoneServer, AtATickLeavesTheRuleAndTheWindow) {
 
 TEST_P(GoneServer, WhileAStatementIsUnderWayEndsItAndSaysThatItsOutcomeIsNotKnown) {
     addThree();
-    // Neither through the relay nor as impatient.
+    // This session does not use the relay, and has a longer timeout.
     OtherSession other(theirs.utility.connectionString);
     mine.inRulesWindow([&](User &user) {
-        // The first write asks the server more than the later ones.
+        // The first write also asks for the table's key, so it happens before the lock.
         user.tickRow(u"lvwRules", 1);
         other.lock(u"B");
         goAwayDuring([&] { user.tickRow(u"lvwRules", 2); });
         mine.expectLeftHandler(connectionLost, notStored);
         comeBack();
-        // A server that does not know that its client has gone gives up, too.
+        // The server gives up as well, though it does not know that its client has gone.
         while (waits()) {
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
         }

@@ -1,4 +1,4 @@
-// A rule that another program has locked is waited for, but not for ever.
+// A write waits for a rule that another program has locked, but not for ever.
 #include "adapters/odbc/OdbcError.h"
 #include "tests/editors/Editors.h"
 #include "tests/faults/OtherSession.h"
@@ -11,7 +11,7 @@ constexpr std::u16string_view locked = u" was not stored. The record is locked b
 
 } // namespace
 
-/// The server gives up first: were the connection lost, the number would say so.
+/// The server must give up before the client: a lost connection has another error number.
 class LockedRule : public TwoEditors, public testing::WithParamInterface<ServerKindUnderTest> {
 protected:
     LockedRule() : TwoEditors(GetParam().database), id(addRule(u"A")) {
@@ -29,7 +29,7 @@ TEST_P(LockedRule, ATickIsRefusedAndStoredOnceTheLockIsGone) {
         mine.expectLeftHandler(odbc::refusal::timeout, locked);
         EXPECT_EQ(stored(u"ACTIVE", u"A"), u"1");
         other.release();
-        // Back to what is stored, which sends nothing, and again.
+        // The first tick returns to the stored value and sends nothing; the second one writes.
         user.tickRow(u"lvwRules", 1);
         user.tickRow(u"lvwRules", 1);
         EXPECT_EQ(stored(u"ACTIVE", u"A"), u"0");

@@ -16,14 +16,14 @@ public:
         static_cast<Connection &>(connection_).open(connectionString);
     }
 
-    /// The rule of this name, up to release.
+    /// Locks the rule of this name until release.
     void lock(const std::u16string &rule) {
         transaction_.emplace(connection_);
         const std::u16string statement =
             u"UPDATE SMS_RULES SET ACTIVE = ACTIVE WHERE Name = '" + rule + u"'";
         connection_.driver().lock()->execute({statement, {}});
     }
-    /// Nothing was changed.
+    /// Ends the lock; the rule is unchanged.
     void release() { transaction_.reset(); }
 
 private:

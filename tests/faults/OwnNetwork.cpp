@@ -30,7 +30,7 @@ void write(const char *file, const std::string &text) {
     }
 }
 
-/// Whoever may make no network of his own may do it among users of his own.
+/// A user without the right to create a network has it in his own user namespace.
 void enterOwnUsers() {
     const std::string user = std::to_string(geteuid());
     const std::string group = std::to_string(getegid());

@@ -1,21 +1,21 @@
-// The network of a test program alone: its loopback interface can go dead for both sides.
+// A test program's own network, whose loopback interface can be cut.
 #pragma once
 
 #include <cstdint>
 
 namespace kvex::test {
 
-/// The program, and what it starts, see no other network from now on. To be called while the
-/// program has one thread; raises std::runtime_error where the system does not permit it.
+/// Moves the program, and all that it starts later, into a network of its own. Call this while the
+/// program has one thread. Raises std::runtime_error when the system forbids it.
 void enterOwnNetwork();
 
-/// What is sent is lost, and nobody is told: existing connections stay, and who makes one waits
-/// for an answer. Raises std::runtime_error before enterOwnNetwork.
+/// Loses all that is sent, without telling either side. Connections stay open; a new one waits for
+/// an answer. Raises std::runtime_error before enterOwnNetwork.
 void cutNetwork();
-/// What the ends of a connection still want to send arrives.
+/// Lets data arrive again, also what both ends have kept for sending.
 void restoreNetwork();
 
-/// Whether all that was sent to the port has been acknowledged by the other side's system.
+/// True when the receiving system has acknowledged everything that was sent to the port.
 [[nodiscard]] bool hasArrived(std::uint16_t port);
 
 } // namespace kvex::test

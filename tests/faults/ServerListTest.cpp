@@ -1,4 +1,4 @@
-// A session takes the first server of its list that can be used.
+// A session uses the first usable server of its list.
 #include "adapters/odbc/OdbcError.h"
 #include "tests/editors/Editors.h"
 #include "tests/faults/ServerUnderTest.h"
@@ -42,7 +42,7 @@ TEST_P(ServerList, ServersThatRefuseOrDoNotAnswerArePassedOver) {
 }
 
 TEST_P(ServerList, ADataSourcesListIsOneToo) {
-    // Of a name of its own: the driver manager keeps for a while what it has read of one.
+    // The driver manager caches data sources for a while, so each has another name.
     host::TemporaryFolder folder;
     std::u16string &text = mine.utility.connectionString;
     const std::string driver = toUtf8(text.substr(8, text.find(u'}') - 8));

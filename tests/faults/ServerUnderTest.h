@@ -11,10 +11,10 @@
 
 namespace kvex::test {
 
-/// As a connection string names a server.
+/// A local server's address, as a connection string has it.
 [[nodiscard]] std::u16string addressOf(std::uint16_t port);
 
-/// One of a test program's servers, with a relay before it.
+/// One of the test program's servers, with a relay in front of it.
 struct ServerUnderTest {
     DatabaseServer &server;
     TcpRelay relay{server.port()};
@@ -23,7 +23,7 @@ struct ServerUnderTest {
 struct ServerKindUnderTest {
     DatabaseKind database;
     DatabaseServer &(*server)();
-    /// A database that is always there, and how many statements wait for a lock.
+    /// A database that always exists, and a query that counts the statements waiting for a lock.
     std::string ownDatabase;
     std::string waitingQuery;
 };
@@ -33,13 +33,13 @@ struct ServerKindUnderTest {
 
 struct WayToGo {
     std::string name;
-    /// Only who comes through the relay loses the server.
+    /// Only clients of the relay lose the server.
     bool relayed;
     void (*go)(ServerUnderTest &);
     void (*comeBack)(ServerUnderTest &);
 };
 
-/// Stopped, killed, the connection closed, the network dead.
+/// The server is stopped or killed, its connections are closed, or the network is cut.
 [[nodiscard]] std::vector<WayToGo> waysToGo();
 
 } // namespace kvex::test

@@ -1,4 +1,4 @@
-// What the suite of all databases does not ask: long texts, refusals, servers that are not there.
+// What the suite for all databases leaves out: long texts, refusals and missing servers.
 #include "adapters/odbc/OdbcError.h"
 #include "adapters/odbc/Provider.h"
 #include "adapters/recordset/ClientConnection.h"
@@ -44,7 +44,7 @@ protected:
         database->run(u"INSERT INTO SMS_RULES (ID, Name) VALUES (1, 'rule')");
     }
 
-    /// Stores it, and reads it on a new connection.
+    /// Stores the text, and returns what a new connection reads.
     std::u16string kept(const std::u16string &text) {
         recordset::ClientRecordset stored;
         Recordset &rules = stored;
@@ -74,7 +74,7 @@ TEST_P(OdbcDatabase, TextsAreKeptWholeWhateverTheirLength) {
             while (repeated.size() < length) {
                 repeated += unit;
             }
-            // A failure would print both.
+            // EXPECT_EQ would print both long texts.
             EXPECT_TRUE(kept(repeated) == repeated) << repeated.size();
         }
     }
@@ -124,7 +124,7 @@ TEST_P(OdbcDatabase, AStatementThatMakesATableGivesNoRowsAndIsNotRun) {
     });
     ASSERT_TRUE(error);
     EXPECT_EQ(error->number(), error_number::badArgument);
-    // It would fail if it was there.
+    // This fails if the table exists already.
     database->run(u"CREATE TABLE made (ID INTEGER)");
 }
 
@@ -251,7 +251,7 @@ TYPED_TEST(OdbcServer, AConnectionThatBreaksIsLostForEveryLaterCall) {
     }
 }
 
-/// What was run before is run again after another program has changed the type of a column.
+/// Repeats each statement after another program has changed the type of a column.
 template <class Server> void expectToFitAChangedTable(Server &server, const char *change) {
     server.createDatabase("changed");
     {
@@ -284,7 +284,7 @@ TEST(OdbcMariaDb, WhatRanBeforeFitsAChangedTable) {
     expectToFitAChangedTable(MariaDbServer::shared(), "ALTER TABLE SMS_RULES MODIFY Name TEXT");
 }
 
-// A type that the driver makes no bytes of, and texts of other kinds.
+// The driver does not return an enumeration as bytes; the other types are further kinds of text.
 TEST(OdbcPostgreSql, ValuesOfEveryTypeAreRead) {
     PostgreSqlServer &server = PostgreSqlServer::shared();
     server.createDatabase("types");
@@ -338,8 +338,8 @@ TEST(OdbcMariaDb, TextsAreTheSameInWhateverCharacterSet) {
     server.dropDatabase("texts");
 }
 
-// PostgreSQL's client library ends a call when the server's host does not answer any more; it
-// waits for one that answers and does nothing, as the relay does.
+// The relay's host still acknowledges what is sent. PostgreSQL's client library then waits without
+// a limit, so it has no such test.
 TEST(OdbcMariaDb, ASilentServerEndsACall) {
     MariaDbServer &server = MariaDbServer::shared();
     server.createDatabase("silent");

@@ -1,4 +1,4 @@
-// What drivers report, as the system's errors.
+// The system's errors for the reports of drivers.
 #include "adapters/odbc/OdbcError.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// What the text of a query says without the server.
+// What the text of a query tells without the server.
 #include "adapters/odbc/QueryText.h"
 
 #include <gtest/gtest.h>

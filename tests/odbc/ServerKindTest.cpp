@@ -1,4 +1,4 @@
-// What is known of each server.
+// How the kinds of servers are told apart.
 #include "adapters/odbc/ServerKind.h"
 
 #include <gtest/gtest.h>

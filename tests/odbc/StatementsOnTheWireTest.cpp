@@ -1,5 +1,5 @@
-// What a server is asked at each step of an editor, as it writes it down itself: each of these is
-// a way to the server and back.
+// Which statements each step of an editor sends, as the server's own log shows them. Each statement
+// costs a round trip.
 #include "adapters/odbc/Provider.h"
 #include "adapters/recordset/ClientConnection.h"
 #include "adapters/recordset/Schema.h"
@@ -34,7 +34,7 @@ const Lines sessionQueries{
     "SELECT * FROM SMS_USERS WHERE DELETED = 0", "SELECT * FROM SMS_ACCOUNT WHERE DELETED = 0",
     "SELECT * FROM SMS_SERVICE WHERE DELETED = 0 AND DISABLED = 0", commandsQuery};
 
-/// `part` is in capitals.
+/// Ignores the case of `text`; `part` must be in capitals.
 bool contains(const std::string &text, std::string_view part) {
     const auto isSame = [](unsigned char unit, unsigned char wanted) {
         return std::toupper(unit) == wanted;
@@ -42,18 +42,19 @@ bool contains(const std::string &text, std::string_view part) {
     return std::search(text.begin(), text.end(), part.begin(), part.end(), isSame) != text.end();
 }
 
-/// Of the rules' tables; everything else is the driver's own.
+/// True for a statement on the tables of the rules; the driver itself sends all others.
 bool isOurs(const Asked &asked) {
     return contains(asked.text, "SMS_") && !contains(asked.text, "PG_CATALOG") &&
            !contains(asked.text, "INFORMATION_SCHEMA");
 }
 
 struct Heard {
-    /// What was executed of ours, whole; its first words; how often one was prepared before.
+    /// The editor's executed statements: whole, and their first words.
     Lines ours;
     Lines verbs;
+    /// How many of the editor's statements were prepared.
     int prepared = 0;
-    /// What the driver asked, prepared or executed.
+    /// The driver's own statements, prepared or executed.
     Lines ofDriver;
 };
 
@@ -88,7 +89,7 @@ protected:
             server.valueOf("wire", "SELECT ID FROM SMS_RULES WHERE Name = '" + name + "'"));
     }
 
-    /// Since the last time.
+    /// The statements since the last call.
     Heard heard() {
         Heard heard;
         for (const Asked &asked : server.heard()) {
@@ -104,7 +105,7 @@ protected:
         return heard;
     }
 
-    /// The rules window's rows, from 1 on.
+    /// The rows of the rules window are numbered from 1.
     static void moveUp(User &user, int row) {
         user.clickRow(u"lvwRules", row);
         user.click(u"cmdMoveUp");
@@ -122,7 +123,7 @@ TYPED_TEST(Wire, ASessionIsOpenedWithItsFiveQueriesBehindTheConnection) {
         const Heard opening = this->heard();
         EXPECT_EQ(opening.ours, sessionQueries);
         for (const std::string &text : opening.ofDriver) {
-            // MariaDB is asked once whether it is a cluster's node.
+            // One query asks MariaDB whether it is a node of a cluster.
             EXPECT_TRUE(text.starts_with("SET ") || text.starts_with("show ") ||
                         contains(text, "TYPNAME = 'LO'") || contains(text, "'WSREP_ON'"))
                 << text;
@@ -140,7 +141,7 @@ TYPED_TEST(Wire, ATickIsOneStatementAndTheFirstOneAsksForTheKey) {
         user.tickRow(u"lvwRules", 2);
         const Heard first = this->heard();
         EXPECT_THAT(first.verbs, ElementsAre("UPDATE"));
-        // At most the table's columns, its key, and the end of what it prepared for that.
+        // The driver asks for the table's columns and key, and may drop the prepared query.
         EXPECT_THAT(first.ofDriver, SizeIs(AllOf(Ge(1U), Le(3U))));
         for (const int row : {2, 1}) {
             user.tickRow(u"lvwRules", row);

@@ -48,7 +48,7 @@ void DatabaseServer::startOnPort() {
 }
 
 void DatabaseServer::awaitAnswer() {
-    // The limit ends a hang only; the server's end, or its answer, end the wait.
+    // The wait ends when the server answers or exits. The limit only ends a hang.
     constexpr std::chrono::milliseconds pause{10};
     constexpr int attempts = 12000;
     std::string why;

@@ -1,4 +1,4 @@
-// A database server of a test program's own, on the loopback interface.
+// A test program's own database server, on the loopback interface.
 #pragma once
 
 #include "tests/servers/ServerClient.h"
@@ -15,73 +15,72 @@
 
 namespace kvex::test {
 
-/// A statement as a server met it. One that is run with values is prepared first, and executed
-/// any number of times.
+/// A statement in a server's log. A statement with values is prepared once, and executed any number
+/// of times.
 struct Asked {
     enum class How { prepared, executed };
     How how;
-    /// When it was executed, with its values or the marks for them.
+    /// An executed statement shows its values, or the marks for them.
     std::string text;
 };
 
-/// What every kind of server does. It begins with one user, all-powerful, with a password of its
-/// own. Statements are UTF-8. Whatever fails raises std::runtime_error; none says the password.
+/// What all kinds of servers have in common. A new server has one user, who has all rights and a
+/// random password. Statements are UTF-8. Failures raise std::runtime_error, without the password.
 class DatabaseServer {
 public:
     virtual ~DatabaseServer();
     DatabaseServer(const DatabaseServer &) = delete;
     DatabaseServer &operator=(const DatabaseServer &) = delete;
 
-    /// Of the loopback interface.
+    /// An address of the loopback interface.
     [[nodiscard]] const std::string &address() const noexcept { return address_; }
     [[nodiscard]] std::uint16_t port() const noexcept { return port_; }
-    /// 0 while it does not run.
+    /// 0 while the server does not run.
     [[nodiscard]] pid_t pid() const;
 
-    /// On the same data, and the same port but for the first time; it accepts connections when this
+    /// Keeps the data, and the port of the first start. The server accepts connections when this
     /// returns.
     void start();
-    /// As its administrator stops it.
+    /// Stops the server as its administrator does.
     void stop();
-    /// As a loss of power does, but for what the system has taken to write.
+    /// Ends the server as a loss of power does, but the system still writes what it has accepted.
     void kill();
-    /// It runs no more, and keeps its connections open.
+    /// Pauses the server, which keeps its connections open.
     void freeze();
     void thaw();
 
     virtual void createDatabase(const std::string &name) = 0;
     virtual void dropDatabase(const std::string &name) = 0;
-    /// A further user, without rights; one of that name that owns nothing is replaced.
+    /// Creates a user without rights. Replaces a user of that name who owns nothing.
     virtual void createUser(const std::string &name, const std::string &itsPassword) = 0;
     void run(const std::string &database, std::string_view statements);
     /// See ServerClient::rows.
     [[nodiscard]] std::vector<std::string> rows(const std::string &database,
                                                 std::string_view query);
-    /// The first row, "NONE" without one.
+    /// The first row of a query; "NONE" when there is none.
     [[nodiscard]] std::string valueOf(const std::string &database, std::string_view query);
 
-    /// From now on it writes down what is asked on connections to the database that are made later,
-    /// those of run and rows left out.
+    /// Logs the statements of all later connections to the database, except those of run and rows.
     virtual void listen(const std::string &database) = 0;
-    /// What it has written down since the last time, of all databases that it listens to.
+    /// The statements logged since the last call, of all databases with a log.
     [[nodiscard]] virtual std::vector<Asked> heard() = 0;
 
-    /// For the server itself, or for the relay of another port before it.
+    /// A connection string for the server, or for a relay in front of it.
     [[nodiscard]] std::string odbcConnectionString(const std::string &database) const;
     [[nodiscard]] std::string odbcConnectionString(const std::string &database,
                                                    std::uint16_t relayPort) const;
-    /// For another user.
+    /// A connection string for another user.
     [[nodiscard]] std::string odbcConnectionString(const std::string &database,
                                                    const std::string &name,
                                                    const std::string &itsPassword) const;
 
 protected:
-    /// What differs from one kind to the other.
+    /// How one kind of server differs from another.
     struct Kind {
         const char *odbcDriver;
-        /// The database that is always there.
+        /// A database that always exists.
         const char *ownDatabase;
-        /// Stops it without waiting for those who are connected.
+        /// Stops the server without waiting for its clients.
         int stopSignal;
     };
     explicit DatabaseServer(const Kind &kind, std::string password = randomPassword());
@@ -96,9 +95,9 @@ protected:
     [[nodiscard]] const ServerFolder &folder() const noexcept { return folder_; }
     [[nodiscard]] const std::string &password() const noexcept { return password_; }
     [[nodiscard]] std::string ownDatabase() const { return kind_.ownDatabase; }
-    /// Where it listens from its first start on, in place of 127.0.0.1 and a port of its choice.
+    /// Sets where the server listens, instead of 127.0.0.1 and a free port. Call before its start.
     void listenAt(const std::string &address, std::uint16_t port);
-    /// Closes the connection that run and rows keep open to a database.
+    /// Closes the connection to the database that run and rows keep open.
     void disconnect(const std::string &database);
 
     static constexpr const char *user = "kvex";

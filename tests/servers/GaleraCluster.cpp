@@ -10,8 +10,8 @@
 namespace kvex::test {
 namespace {
 
-/// Beside the port for clients: the one of the group, and those where a node that joins gets what
-/// it lacks, as single writes or as a whole.
+/// A node's ports besides the one for clients. A joining node receives missing writes at `writes`,
+/// or a copy of all data at `state`.
 struct NodePorts {
     std::uint16_t group = freePort();
     std::uint16_t writes = freePort();
@@ -65,7 +65,7 @@ GaleraCluster::GaleraCluster() {
     nodes_[0] = std::make_unique<MariaDbServer>();
     nodes_[0]->stop();
     nodes_[0]->setFurtherArguments(founder);
-    // The others begin as copies of a cluster of one: they lack only what was written since.
+    // The other nodes start as copies of this first one, so they lack only later writes.
     nodes_[0]->start();
     waitUntilSynced(1);
     nodes_[0]->stop();

@@ -12,23 +12,23 @@ class GaleraCluster {
 public:
     static constexpr std::size_t size = 3;
 
-    /// All nodes run and are synced when this returns. They listen on one port, at addresses of
-    /// their own.
+    /// All nodes run and are synced when this returns. They share a port number; each has its own
+    /// address.
     GaleraCluster();
 
-    /// The one cluster of a test program, started when it is first asked for.
+    /// The test program's only cluster; the first call starts it.
     [[nodiscard]] static GaleraCluster &shared();
 
     [[nodiscard]] MariaDbServer &node(std::size_t index) { return *nodes_.at(index); }
 
-    /// Waits until so many nodes make the cluster and the running ones are synced. With a limit
-    /// that only ends a hang, by a std::runtime_error.
+    /// Waits until the cluster has so many nodes and those that run are synced. A hang ends with
+    /// std::runtime_error.
     void waitUntilSynced(std::size_t nodes = size);
-    /// The node is gone as by a loss of power; the others go on when this returns.
+    /// Ends the node as a loss of power does. The others work again when this returns.
     void killNode(std::size_t index);
-    /// The node runs, but the others have lost sight of it: it knows when this returns.
+    /// Cuts the node off from the others; it still runs, and has noticed when this returns.
     void isolate(std::size_t index);
-    /// It is one of them again when this returns.
+    /// Connects the node again; it is part of the cluster when this returns.
     void rejoin(std::size_t index);
 
 private:

@@ -68,7 +68,7 @@ private:
     std::unique_ptr<MYSQL, Close> connection_;
 };
 
-// They take nothing from a crash of the server: what a transaction wrote is with the system.
+// These settings are safe when only the server crashes: the system has each commit by then.
 const std::vector<std::string> fastSettings{
     "--innodb-flush-method=nosync",
     "--innodb-flush-log-at-trx-commit=2",
@@ -92,12 +92,12 @@ MariaDbServer::MariaDbServer(const std::string &password)
 MariaDbServer::MariaDbServer() : MariaDbServer(randomPassword()) {
     std::vector<std::string> installation{
         KVEX_MARIADB_INSTALL, "--no-defaults", "--datadir=" + (folder() / "data").string(),
-        // Whoever starts in a folder removes the temporary tables of all there.
+        // A starting server deletes every temporary table in this folder, so each has its own.
         "--tmpdir=" + folder().path().string(), "--auth-root-authentication-method=normal",
         "--skip-test-db"};
     installation.insert(installation.end(), fastSettings.begin(), fastSettings.end());
     runToEnd(installation, folder());
-    // The server runs it before it accepts a connection.
+    // The server runs this file before it accepts connections.
     const std::string identified = std::string("'") + user + "'@'%' IDENTIFIED BY '" + password();
     folder().write("users.sql", "DELETE FROM mysql.global_priv WHERE User IN ('', 'root');\n"
                                 "FLUSH PRIVILEGES;\n"
@@ -166,7 +166,7 @@ void MariaDbServer::createUser(const std::string &name, const std::string &itsPa
 }
 
 void MariaDbServer::listen(const std::string & /*database*/) {
-    // It cannot be told to listen to one alone.
+    // MariaDB logs all databases or none.
     run(ownDatabase(), "SET GLOBAL log_output = 'TABLE', GLOBAL general_log = 1");
     static_cast<void>(heard());
 }

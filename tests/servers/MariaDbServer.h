@@ -7,14 +7,14 @@ namespace kvex::test {
 
 class MariaDbServer final : public DatabaseServer {
 public:
-    /// Runs, with an empty set of databases, when this returns.
+    /// The server runs, without databases, when this returns.
     MariaDbServer();
-    /// A further server with the databases, the user and the port of one that is stopped, at
-    /// another address of the loopback interface; it does not run yet.
+    /// Copies a stopped server with its databases, user and port number. The copy has another
+    /// address of the loopback interface, and does not run yet.
     [[nodiscard]] static std::unique_ptr<MariaDbServer> copyOf(const MariaDbServer &original,
                                                                const std::string &address);
 
-    /// The one server of a test program, started when it is first asked for.
+    /// The test program's only server of this kind; the first call starts it.
     [[nodiscard]] static MariaDbServer &shared();
 
     void createDatabase(const std::string &name) override;
@@ -24,7 +24,7 @@ public:
     void listen(const std::string &database) override;
     [[nodiscard]] std::vector<Asked> heard() override;
 
-    /// What its starts from now on get besides its own arguments.
+    /// Arguments that later starts add to the usual ones.
     void setFurtherArguments(std::vector<std::string> arguments);
 
 private:

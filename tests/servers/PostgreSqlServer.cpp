@@ -17,7 +17,7 @@ public:
         if (PQstatus(connection) != CONNECTION_OK) {
             throw std::runtime_error(PQerrorMessage(connection));
         }
-        // Notices belong into no test's output.
+        // Notices would disturb the output of the tests.
         PQsetNoticeProcessor(
             connection, [](void *, const char *) {}, nullptr);
     }
@@ -87,7 +87,7 @@ PostgreSqlServer &PostgreSqlServer::shared() {
 }
 
 std::vector<std::string> PostgreSqlServer::command() const {
-    // fsync protects from a crash of the system, not of the server.
+    // The server does without fsync, which matters only when the system crashes.
     return {program("postgres"),
             "-D",
             folder() / "data",
@@ -133,7 +133,7 @@ std::unique_ptr<ServerClient> PostgreSqlServer::connect(const std::string &datab
 }
 
 void PostgreSqlServer::createDatabase(const std::string &name) {
-    // As files: through the log it takes several times as long.
+    // Copying files takes a fraction of the time that the write-ahead log takes.
     run(ownDatabase(),
         "CREATE DATABASE " + quoted(name) + " TEMPLATE template0 STRATEGY FILE_COPY");
 }

@@ -9,14 +9,14 @@ namespace kvex::test {
 
 class PostgreSqlServer final : public DatabaseServer {
 public:
-    /// Runs, with an empty set of databases, when this returns.
+    /// The server runs, without databases, when this returns.
     PostgreSqlServer();
 
-    /// The one server of a test program, started when it is first asked for.
+    /// The test program's only server of this kind; the first call starts it.
     [[nodiscard]] static PostgreSqlServer &shared();
 
     void createDatabase(const std::string &name) override;
-    /// Whoever is connected to it is thrown out.
+    /// Ends all connections to the database first.
     void dropDatabase(const std::string &name) override;
     void createUser(const std::string &name, const std::string &itsPassword) override;
 
@@ -27,7 +27,7 @@ private:
     [[nodiscard]] std::vector<std::string> command() const override;
     [[nodiscard]] std::unique_ptr<ServerClient> connect(const std::string &database) const override;
 
-    /// Of the log, in bytes.
+    /// How many bytes of the log were read.
     std::streamoff heard_ = 0;
 };
 

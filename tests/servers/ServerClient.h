@@ -1,4 +1,4 @@
-// Another program's connection to one database of a server, through the server's own client.
+// Another program's connection to a database, through the server's own client library.
 #pragma once
 
 #include <string>
@@ -11,8 +11,8 @@ class ServerClient {
 public:
     virtual ~ServerClient() = default;
 
-    /// Runs statements, separated by ";". The rows of the last query among them, columns joined
-    /// by "|", Null as "NULL". Raises std::runtime_error with the server's words.
+    /// Runs statements, with ";" between them, and returns the rows of the last query. A row has
+    /// "|" between columns and "NULL" for Null. Raises std::runtime_error with the server's words.
     virtual std::vector<std::string> rows(std::string_view statements) = 0;
 };
 

@@ -24,9 +24,9 @@ void giveTo(const ServerUser &owner, const fs::path &path) {
     }
 }
 
-/// Until nobody holds the pipe's other end any more; then the folder is removed.
+/// Waits until every process has closed the other end of the pipe, then removes the folder.
 [[noreturn]] void keep(const fs::path &folder, int pipe) {
-    // What ends the test program is not to end this process, nor is anybody to wait for it.
+    // Signals that end the test program must not end this process.
     setsid();
     for (const int deadly : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) {
         static_cast<void>(signal(deadly, SIG_IGN));
@@ -36,7 +36,7 @@ void giveTo(const ServerUser &owner, const fs::path &path) {
     char ignored = 0;
     while (read(STDIN_FILENO, &ignored, 1) > 0) {
     }
-    // A server that is just being killed may write yet.
+    // A dying server may still write, so a failed removal is repeated.
     constexpr int attempts = 500;
     constexpr std::chrono::milliseconds pause{20};
     std::error_code error;

@@ -1,4 +1,4 @@
-// A server's folder, and the user that the server runs as.
+// A server's folder, and the user who runs the server.
 #pragma once
 
 #include <filesystem>
@@ -8,17 +8,17 @@
 
 namespace kvex::test {
 
-/// Database servers refuse to run as the superuser: started by him, they run as nobody.
+/// Database servers refuse to run as root, so a test that root runs starts them as nobody.
 struct ServerUser {
     uid_t user;
     gid_t group;
 
-    /// Nothing when the server runs as whoever runs the test.
+    /// Empty when the user who runs the test also runs the server.
     [[nodiscard]] static std::optional<ServerUser> instead();
 };
 
-/// A temporary folder that belongs to the server's user; it goes with the object, or with the test
-/// program, however that ends.
+/// A temporary folder that belongs to the server's user. It is removed with the object, or when the
+/// test program ends, even by a crash.
 class ServerFolder {
 public:
     ServerFolder();
@@ -28,9 +28,9 @@ public:
 
     [[nodiscard]] const std::filesystem::path &path() const { return path_; }
     [[nodiscard]] std::filesystem::path operator/(const char *name) const { return path_ / name; }
-    /// A file that the server's user alone can read.
+    /// Writes a file that only the server's user can read.
     void write(const char *name, std::string_view text) const;
-    /// Everything below the folder belongs to the server's user from now on.
+    /// Gives everything below the folder to the server's user.
     void handOver() const;
 
 private:

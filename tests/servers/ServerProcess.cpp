@@ -16,7 +16,7 @@
 #include <unistd.h>
 #include <utility>
 
-// The header of glibc 2.36 names no linkage.
+// This header of glibc 2.36 lacks extern "C".
 extern "C" {
 #include <sys/pidfd.h>
 }
@@ -24,10 +24,10 @@ extern "C" {
 namespace kvex::test {
 namespace {
 
-// Ends a hang only: every wait is for a state.
+// Waits end when a state is reached; this limit only ends a hang.
 constexpr std::chrono::seconds hang{120};
 
-/// A process by a handle that no later process of the same number can take over.
+/// A handle that stays with this process, also when a later one gets its number.
 int handleOf(pid_t pid) {
     return pidfd_open(pid, 0);
 }
@@ -39,14 +39,14 @@ bool endsWithin(int handle, std::chrono::milliseconds limit) {
 
 [[noreturn]] void become(const std::vector<char *> &command, const char *folder, int log,
                          const std::optional<ServerUser> &user, pid_t parent) {
-    // Memory that the server shares with its processes goes with them then, however they end.
-    // Where the system does not permit it, some bytes stay behind a server that was killed.
+    // The shared memory of the server's processes then disappears with them. Where the system
+    // forbids this, a killed server leaves some bytes behind.
     static_cast<void>(unshare(CLONE_NEWIPC));
     if (user &&
         (setgroups(0, nullptr) != 0 || setgid(user->group) != 0 || setuid(user->user) != 0)) {
         _exit(126);
     }
-    // After the change of the user, which forgets it; and the parent may be gone already.
+    // A change of the user resets this, so it comes after. The parent may have ended before.
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     if (getppid() != parent || chdir(folder) != 0) {
         _exit(126);
@@ -65,7 +65,7 @@ std::vector<pid_t> childrenOf(pid_t pid) {
     return {std::istream_iterator<pid_t>(list), {}};
 }
 
-/// Not before it has stopped: it starts no further process then.
+/// Returns when the process has stopped, and so starts no further process.
 void stopAndAwait(pid_t pid) {
     ::kill(pid, SIGSTOP);
     siginfo_t ignored{};

@@ -1,4 +1,4 @@
-// A server program that runs beside the test program, and never longer.
+// A server program that runs beside the test program, and ends with it.
 #pragma once
 
 #include "tests/servers/ServerFolder.h"
@@ -9,31 +9,30 @@
 
 namespace kvex::test {
 
-/// Runs in the folder as its user; what it prints goes to the folder's file "log". It is killed
-/// when the test program ends, however that ends, so it is to be started by the main thread.
+/// Runs in the folder as the folder's user, and prints to its file "log". The system kills it when
+/// the thread that started it ends, even by a crash, so only the main thread may start it.
 class ServerProcess {
 public:
     ServerProcess(const std::vector<std::string> &command, const ServerFolder &folder);
-    /// Kills what still runs.
+    /// Kills a process that still runs.
     ~ServerProcess();
     ServerProcess(const ServerProcess &) = delete;
     ServerProcess &operator=(const ServerProcess &) = delete;
 
     [[nodiscard]] pid_t pid() const noexcept { return pid_; }
     [[nodiscard]] bool running() const;
-    /// Waits until it has ended, for so long at most; whether it has.
+    /// Waits for the end up to the limit; true when the process has ended.
     bool awaitEnd(std::chrono::milliseconds limit) const;
 
-    /// Asks it to end by this signal and waits until it has; one that does not is killed.
+    /// Sends the signal and waits for the end; kills the process when it does not end.
     void end(int signal);
-    /// Kills it and the processes that it started, and waits until they are gone.
+    /// Kills the process and its children, and waits until they are gone.
     void kill();
-    /// Stops and continues it and the processes that it started.
+    /// Stops and continues the process and its children.
     void freeze() const;
     void thaw() const;
 
-    /// The status that it ended with; 128 and the signal for one that was killed. To be called
-    /// once it has ended.
+    /// The exit status; 128 plus the signal for a killed process. Call this after the end.
     [[nodiscard]] int status();
 
 private:
@@ -45,10 +44,10 @@ private:
     int status_ = 0;
 };
 
-/// Runs a program to its end; raises std::runtime_error, with what it printed, when it fails.
+/// Runs a program to its end. Raises std::runtime_error with its output when it fails.
 void runToEnd(const std::vector<std::string> &command, const ServerFolder &folder);
 
-/// The last lines that a server printed.
+/// The end of the server's output.
 [[nodiscard]] std::string endOfLog(const ServerFolder &folder);
 
 } // namespace kvex::test

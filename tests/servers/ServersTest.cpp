@@ -1,4 +1,4 @@
-// Each kind of server starts, answers, keeps its data, and leaves nothing behind.
+// Each kind of server starts, answers, keeps its data, and leaves no process or file behind.
 #include "tests/servers/MariaDbServer.h"
 #include "tests/servers/PostgreSqlServer.h"
 
@@ -15,7 +15,7 @@
 #include <thread>
 #include <unistd.h>
 
-// The header of glibc 2.36 names no linkage.
+// This header of glibc 2.36 lacks extern "C".
 extern "C" {
 #include <sys/pidfd.h>
 }
@@ -27,7 +27,7 @@ bool runs(pid_t pid) {
     return ::kill(pid, 0) == 0;
 }
 
-/// "T" for a process that is stopped.
+/// The letter of the process's state; "T" when it is stopped.
 std::string stateOf(pid_t pid) {
     std::ifstream status("/proc/" + std::to_string(pid) + "/stat");
     std::string number;
@@ -105,7 +105,7 @@ TYPED_TEST(Servers, AFrozenServerIsStoppedAndKilled) {
 }
 
 TYPED_TEST(Servers, AServerEndsWithATestProgramThatCrashes) {
-    // What the server leaves behind stands in it.
+    // This folder shows whether the server leaves anything behind.
     const ServerFolder folder;
     std::array<int, 2> ends{};
     ASSERT_EQ(pipe(ends.data()), 0);

@@ -22,7 +22,7 @@ sockaddr_in loopback(std::uint16_t port) {
     return address;
 }
 
-// The one cast that the system's own interface asks for.
+// The system's interface needs this cast.
 const sockaddr *general(const sockaddr_in &address) {
     return reinterpret_cast<const sockaddr *>(&address);
 }

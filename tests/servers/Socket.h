@@ -19,12 +19,12 @@ public:
     Socket(const Socket &) = delete;
     Socket &operator=(const Socket &) = delete;
 
-    /// Without a handle when the port is taken, or nobody listens there. Listening and accepted
-    /// ones do not block.
+    /// Has no handle when the port is taken, or when nobody listens there. Listening and accepted
+    /// sockets do not block.
     [[nodiscard]] static Socket listening(std::uint16_t port);
     [[nodiscard]] static Socket connected(std::uint16_t port);
     [[nodiscard]] Socket accepted() const;
-    /// A listening one refuses from now on, and listens again; it keeps its port meanwhile.
+    /// Makes a listening socket refuse connections, and listen again. It keeps its port.
     void refuse() const;
     void listenAgain() const;
 

@@ -19,13 +19,13 @@
 namespace kvex::test {
 namespace {
 
-/// What came from one side and has not yet gone to the other.
+/// Data on its way from one side to the other.
 struct Direction {
     const Socket *from;
     const Socket *to;
     std::string waiting;
 
-    /// Moves what can be moved without waiting; false when either side has closed.
+    /// Moves data as far as it can without waiting; false when a side has closed.
     bool move() {
         if (waiting.empty()) {
             std::array<char, 16384> buffer{};
@@ -43,7 +43,7 @@ struct Direction {
         waiting.erase(0, static_cast<std::size_t>(count));
         return true;
     }
-    /// What must happen before there is something to move.
+    /// The event that lets data move.
     [[nodiscard]] pollfd next() const {
         return waiting.empty() ? pollfd{from->handle(), POLLIN, 0}
                                : pollfd{to->handle(), POLLOUT, 0};
@@ -76,7 +76,7 @@ Socket listeningSomewhere(std::uint16_t &port) {
 
 } // namespace
 
-/// A thread forwards; every other member function is called under the lock.
+/// Forwards on its own thread. The public functions may run on any thread.
 class TcpRelay::Traffic {
 public:
     explicit Traffic(std::uint16_t serverPort)
@@ -164,7 +164,7 @@ private:
     bool forwards_ = true;
     bool accepts_ = true;
     bool ended_ = false;
-    /// In their places: the directions point into them.
+    /// A list keeps its elements in place, and the directions point into them.
     std::list<Link> links_;
     std::thread thread_;
 };

@@ -1,4 +1,4 @@
-// A port that forwards to a server, and the network between that fails on demand.
+// A port that forwards to a server, over a network that fails on demand.
 #pragma once
 
 #include <cstdint>
@@ -6,7 +6,7 @@
 
 namespace kvex::test {
 
-/// Forwards from its creation on. What each call says holds when it returns.
+/// Forwards from its creation on. Each call has taken effect when it returns.
 class TcpRelay {
 public:
     explicit TcpRelay(std::uint16_t serverPort);
@@ -16,12 +16,12 @@ public:
 
     [[nodiscard]] std::uint16_t port() const;
 
-    /// The network is dead: nothing arrives on either side, and nobody is told. Who connects now
+    /// Cuts the network: nothing arrives on either side, and neither side is told. A new connection
     /// waits for an answer.
     void cut();
-    /// Nobody is there: every connection is closed, a new one is refused.
+    /// Closes every connection and refuses new ones.
     void refuse();
-    /// Forwards again, after cut all that waited too.
+    /// Forwards again; after a cut, also what has waited.
     void restore();
 
 private:

@@ -13,7 +13,7 @@
 namespace kvex::test {
 namespace {
 
-/// A server that the test plays itself.
+/// The test itself plays the server.
 class Relay : public testing::Test {
 protected:
     static void send(const Socket &socket, const std::string &text) {
@@ -24,7 +24,7 @@ protected:
         pollfd event{socket.handle(), POLLIN, 0};
         poll(&event, 1, -1);
     }
-    /// Waits for as many characters.
+    /// Waits for this number of characters; adds "END" when the connection closes before.
     static std::string received(const Socket &socket, std::size_t count) {
         std::string text;
         while (text.size() < count) {
@@ -72,7 +72,7 @@ TEST_F(Relay, WhatIsSentOverACutNetworkArrivesOnceItIsRestored) {
     const Socket other = accept();
     relay.cut();
     send(client, "question");
-    // A second relay, started later, has forwarded in the meantime.
+    // When a second relay has forwarded a later text, the first has had time to forward too.
     TcpRelay second(serverPort);
     const Socket late = Socket::connected(second.port());
     const Socket lateOther = accept();

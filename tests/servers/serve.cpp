@@ -1,8 +1,8 @@
-// serve postgresql|mariadb|galera: a database server for a program that plays the user.
+// serve postgresql|mariadb|galera: a database server for a test in another language.
 //
-// Its first line is the connection string of an empty database. Then each line of the input is a
-// statement; the answer is the number of its rows, and the rows, a line each. It serves until the
-// input ends.
+// It prints the connection string of an empty database first. It then runs each line of its input
+// as a statement, and answers with the number of rows and one line for each row. It ends with its
+// input.
 #include "tests/servers/GaleraCluster.h"
 #include "tests/servers/PostgreSqlServer.h"
 
@@ -14,7 +14,7 @@ namespace {
 
 const std::string database = "rules";
 
-/// The user's program is at one server, its statements are at another.
+/// The program under test uses the server `user`; the test's statements run on the other.
 void serve(const DatabaseServer &user, DatabaseServer &statements) {
     std::cout << user.odbcConnectionString(database) << std::endl;
     for (std::string statement; std::getline(std::cin, statement);) {
@@ -36,7 +36,7 @@ template <class Server> void serveAlone() {
 void serveCluster() {
     GaleraCluster cluster;
     cluster.node(0).createDatabase(database);
-    // What one node has stored is seen on the others, by whoever waits for it.
+    // With this setting, a query on the node waits for what the others have committed.
     cluster.node(2).run("mysql", "SET GLOBAL wsrep_sync_wait = 1; SET SESSION wsrep_sync_wait = 1;"
                                  "SELECT 1");
     serve(cluster.node(0), cluster.node(2));

@@ -1,22 +1,53 @@
-#include "adapters/sqlite/Database.h"
+#include "adapters/sqlite/SqliteConnection.h"
 
+#include "adapters/recordset/EqualIgnoringCase.h"
 #include "adapters/sqlite/SqliteError.h"
 #include "adapters/sqlite/SqliteStatement.h"
 #include "platform/Text.h"
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <filesystem>
 
 namespace kvex::sqlite {
 namespace {
 
-/// What SQLite reports when it may not write the file or beside it.
+constexpr int defaultBusyTimeout = 5000;
+
+int busyTimeout(const recordset::ConnectionString &text) {
+    constexpr std::u16string_view key = u"Busy Timeout";
+    if (!text.has(key)) {
+        return defaultBusyTimeout;
+    }
+    const std::u16string_view value = text.value(key);
+    const bool whole =
+        !value.empty() && value.size() <= 9 &&
+        std::ranges::all_of(value, [](char16_t unit) { return unit >= u'0' && unit <= u'9'; });
+    if (!whole) {
+        throw Error(error_number::badArgument,
+                    u"The connection string's Busy Timeout must be a whole number of "
+                    u"milliseconds.");
+    }
+    return toInt32(value);
+}
+
+std::u16string_view nameIn(const recordset::ConnectionString &text) {
+    const std::u16string_view name = text.value(u"Data Source");
+    if (name.empty()) {
+        throw Error(error_number::badArgument,
+                    u"The connection string names no database file: add Data Source=PATH.");
+    }
+    return name;
+}
+
+/// True for SQLite's errors when it may not write the file or its folder.
 bool isForbidden(const Error &error) {
     const int code = (error.number() - errorBase) & 0xFF;
     return error.fromDatabase() && (code == SQLITE_CANTOPEN || code == SQLITE_READONLY);
 }
 
+/// Lets SQLite read the file without locks and without a log.
 std::string unchangingUri(const std::string &path) {
     std::string uri = "file:";
     for (const char byte : path) {
@@ -39,12 +70,16 @@ std::string unchangingUri(const std::string &path) {
 
 } // namespace
 
-void Database::Closer::operator()(sqlite3 *handle) const noexcept {
+bool namesSqlite(const recordset::ConnectionString &text) {
+    return text.isPath() || recordset::equalIgnoringCase(text.value(u"Provider"), u"SQLite");
+}
+
+void SqliteConnection::Closer::operator()(sqlite3 *handle) const noexcept {
     sqlite3_close(handle);
 }
 
-Database::Database(std::u16string_view name, int busyTimeout, Missing missing)
-    : name_(name), busyTimeout_(busyTimeout) {
+SqliteConnection::SqliteConnection(const recordset::ConnectionString &text, Missing missing)
+    : name_(nameIn(text)), busyTimeout_(busyTimeout(text)) {
     const int create = missing == Missing::create ? SQLITE_OPEN_CREATE : 0;
     open(toUtf8(name_), SQLITE_OPEN_READWRITE | SQLITE_OPEN_URI | create);
     try {
@@ -68,17 +103,17 @@ Database::Database(std::u16string_view name, int busyTimeout, Missing missing)
     execute("PRAGMA synchronous = FULL; PRAGMA foreign_keys = ON");
 }
 
-Error Database::lastError() const {
+Error SqliteConnection::lastError() const {
     return errorOf(sqlite3_extended_errcode(handle()), name_, fromUtf8(sqlite3_errmsg(handle())));
 }
 
-void Database::execute(const char *statements) const {
+void SqliteConnection::execute(const char *statements) const {
     if (sqlite3_exec(handle(), statements, nullptr, nullptr, nullptr) != SQLITE_OK) {
         throw lastError();
     }
 }
 
-void Database::requireInPlace() const {
+void SqliteConnection::requireInPlace() const {
     int moved = 0;
     if (sqlite3_file_control(handle(), "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK &&
         moved != 0) {
@@ -89,10 +124,9 @@ void Database::requireInPlace() const {
     }
 }
 
-void Database::open(const std::string &path, int flags) {
+void SqliteConnection::open(const std::string &path, int flags) {
     sqlite3 *opened = nullptr;
-    // One thread at a time uses it: no call, of which there are several for each value, needs a
-    // lock.
+    // One thread at a time uses the connection, so the many calls for each value need no lock.
     const int code = sqlite3_open_v2(path.c_str(), &opened, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     handle_.reset(opened);
     if (code != SQLITE_OK) {
@@ -102,7 +136,7 @@ void Database::open(const std::string &path, int flags) {
     sqlite3_busy_timeout(handle(), busyTimeout_);
 }
 
-void Database::openUnchanging() {
+void SqliteConnection::openUnchanging() {
     const char *file = sqlite3_db_filename(handle(), "main");
     const std::string path = file ? file : "";
     if (path.empty() || std::filesystem::exists(path + "-wal")) {
@@ -112,26 +146,26 @@ void Database::openUnchanging() {
     execute("PRAGMA schema_version");
 }
 
-bool Database::isEmptyFile() const {
+bool SqliteConnection::isEmptyFile() const {
     const char *file = sqlite3_db_filename(handle(), "main");
     SqliteStatement pages(*this, u"PRAGMA page_count");
     return file && *file && pages.step() && sqlite3_column_int(pages.handle(), 0) == 0;
 }
 
-bool Database::holdsRules() const {
+bool SqliteConnection::holdsRules() const {
     SqliteStatement table(*this, u"SELECT 1 FROM sqlite_master WHERE type = 'table' AND "
                                  u"name = 'SMS_RULES' COLLATE NOCASE");
     return table.step();
 }
 
-void Database::writeAhead() const {
+void SqliteConnection::writeAhead() const {
     if (sqlite3_db_readonly(handle(), "main") == 1) {
         return;
     }
     try {
         execute("PRAGMA journal_mode = WAL");
     } catch (const Error &error) {
-        // The file may be written, its folder not: it can still be read.
+        // When the file may be written but its folder may not, the file can still be read.
         if (!isForbidden(error)) {
             throw;
         }

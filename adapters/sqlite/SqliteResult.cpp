@@ -1,5 +1,6 @@
-#include "adapters/sqlite/ResultColumns.h"
+#include "adapters/sqlite/SqliteResult.h"
 
+#include "adapters/sqlite/SqliteStatement.h"
 #include "platform/Text.h"
 
 #include <sqlite3.h>
@@ -28,7 +29,7 @@ std::u16string textOf(const char *utf8) {
     return utf8 ? fromUtf8(utf8) : std::u16string();
 }
 
-/// As a statement must write it.
+/// The column's table, qualified and quoted for a statement; "" for an expression.
 std::u16string tableOf(sqlite3_stmt *query, int column) {
     const std::u16string table = textOf(sqlite3_column_table_name(query, column));
     return table.empty()
@@ -41,12 +42,12 @@ std::u16string baseColumnOf(sqlite3_stmt *query, int column) {
     return origin.empty() ? origin : quoted(origin);
 }
 
-/// Of the table that the query's column comes from.
-std::vector<std::u16string> keyColumns(const Database &database, sqlite3_stmt *query, int column) {
-    const std::u16string table = textOf(sqlite3_column_table_name(query, column));
-    const std::u16string schema = textOf(sqlite3_column_database_name(query, column));
+/// The key of the table that the query's column comes from.
+std::vector<std::u16string> keyColumns(const SqliteStatement &query, int column) {
+    const std::u16string table = textOf(sqlite3_column_table_name(query.handle(), column));
+    const std::u16string schema = textOf(sqlite3_column_database_name(query.handle(), column));
     // The table function of the same name takes SQLite several times as long.
-    SqliteStatement columns(database,
+    SqliteStatement columns(query.connection(),
                             u"PRAGMA " + quoted(schema) + u".table_info(" + quoted(table) + u")");
     constexpr int name = 1;
     constexpr int keyPosition = 5;
@@ -58,8 +59,6 @@ std::vector<std::u16string> keyColumns(const Database &database, sqlite3_stmt *q
     }
     return key;
 }
-
-} // namespace
 
 std::vector<recordset::Column> resultColumns(const SqliteStatement &query) {
     std::vector<recordset::Column> columns;
@@ -73,8 +72,48 @@ std::vector<recordset::Column> resultColumns(const SqliteStatement &query) {
     return columns;
 }
 
-void describeKeys(const Database &database, const SqliteStatement &query,
-                  std::vector<recordset::Column> &columns) {
+std::string_view bytesOf(const void *data, sqlite3_stmt *row, int column) {
+    return {static_cast<const char *>(data),
+            static_cast<std::size_t>(sqlite3_column_bytes(row, column))};
+}
+
+void deliver(sqlite3_stmt *row, int column, recordset::RowSink &sink) {
+    switch (sqlite3_column_type(row, column)) {
+    case SQLITE_INTEGER:
+        sink.integer(sqlite3_column_int64(row, column));
+        break;
+    case SQLITE_FLOAT:
+        sink.number(sqlite3_column_double(row, column));
+        break;
+    case SQLITE_TEXT:
+        sink.utf8(bytesOf(sqlite3_column_text(row, column), row, column));
+        break;
+    case SQLITE_BLOB:
+        sink.utf8(bytesOf(sqlite3_column_blob(row, column), row, column));
+        break;
+    default:
+        sink.null();
+    }
+}
+
+} // namespace
+
+int deliverResult(SqliteStatement &query, recordset::RowSink &sink) {
+    // The first step may read a changed schema, so the columns are known only after it.
+    bool row = query.step();
+    sink.columns(resultColumns(query));
+    const int count = sqlite3_column_count(query.handle());
+    int rows = 0;
+    for (; row; row = query.step()) {
+        for (int column = 0; column < count; ++column) {
+            deliver(query.handle(), column, sink);
+        }
+        ++rows;
+    }
+    return rows;
+}
+
+void describeKeys(const SqliteStatement &query, std::vector<recordset::Column> &columns) {
     std::map<std::u16string, std::vector<std::u16string>> keys;
     const auto count = static_cast<std::size_t>(sqlite3_column_count(query.handle()));
     for (std::size_t i = 0; i < std::min(count, columns.size()); ++i) {
@@ -84,11 +123,12 @@ void describeKeys(const Database &database, const SqliteStatement &query,
             column.baseColumn != baseColumnOf(query.handle(), position)) {
             continue;
         }
-        if (!keys.contains(column.table)) {
-            keys.emplace(column.table, keyColumns(database, query.handle(), position));
+        const auto [key, isNew] = keys.try_emplace(column.table);
+        if (isNew) {
+            key->second = keyColumns(query, position);
         }
-        const std::vector<std::u16string> &key = keys.at(column.table);
-        column.keyParts = std::ranges::count(key, column.baseColumn) > 0 ? key.size() : 0;
+        const bool isPart = std::ranges::count(key->second, column.baseColumn) > 0;
+        column.keyParts = isPart ? key->second.size() : 0;
     }
 }
 
