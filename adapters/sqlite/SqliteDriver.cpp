@@ -1,7 +1,6 @@
 #include "adapters/sqlite/SqliteDriver.h"
 
 #include "adapters/recordset/RowStatements.h"
-#include "adapters/recordset/RowStore.h"
 #include "adapters/sqlite/ResultColumns.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
@@ -37,6 +36,22 @@ void deliver(sqlite3_stmt *row, int column, recordset::RowSink &sink) {
         sink.null();
     }
 }
+
+/// The key of an inserted row. It has its room before the row is inserted: memory that fails for a
+/// number behind that would have the row inserted again.
+class Key final : public recordset::RowSink {
+public:
+    explicit Key(std::size_t parts) { values.reserve(parts); }
+
+    void columns(std::vector<recordset::Column> /*columns*/) override {}
+    void null() override { values.emplace_back(Null()); }
+    void integer(std::int64_t number) override { values.emplace_back(number); }
+    void number(double number) override { values.emplace_back(number); }
+    void text(std::u16string_view text) override { values.emplace_back(std::u16string(text)); }
+    void utf8(std::string_view text) override { values.emplace_back(fromUtf8(text)); }
+
+    std::vector<Value> values;
+};
 
 } // namespace
 
@@ -100,13 +115,17 @@ std::vector<Value> SqliteDriver::insert(std::u16string_view table,
     database_.requireInPlace();
     recordset::Statement insertion = recordset::insertRow(table, values, u"DEFAULT VALUES");
     insertion.text.append(u" RETURNING ").append(recordset::listed(keyColumns));
-    recordset::RowStore inserted;
-    query(insertion, inserted);
-    std::vector<Value> key;
+    SqliteStatement run(database_, insertion.text);
+    run.bind(insertion.parameters);
+    Key key(keyColumns.size());
+    // The first step inserts the row, the last one stores it.
+    run.step();
     for (std::size_t column = 0; column < keyColumns.size(); ++column) {
-        key.push_back(inserted.value(0, column).owned());
+        deliver(run.handle(), static_cast<int>(column), key);
     }
-    return key;
+    while (run.step()) {
+    }
+    return std::move(key.values);
 }
 
 std::u16string SqliteDriver::stillHolds(std::u16string_view column, const ValueView &read) const {

@@ -10,6 +10,10 @@ namespace {
 
 using recordset::RowStore;
 
+void set(RowStore &rows, std::size_t row, const ValueView &value) {
+    rows.set(row, 0, rows.prepared(value));
+}
+
 TEST(RowStore, ATextIsTheSameInWhateverFormItCame) {
     RowStore rows;
     rows.columns({{u"A", {}, {}, 0}, {u"B", {}, {}, 0}});
@@ -36,7 +40,7 @@ TEST(RowStore, ATextStaysWhereItIs) {
     for (std::size_t row = 1; row < rows.rowCount(); ++row) {
         EXPECT_EQ(rows.value(row, 0).textOrEmpty().size(), 1000U);
     }
-    rows.set(0, 0, ValueView(ValueView::Held(u"another")));
+    set(rows, 0, ValueView(ValueView::Held(u"another")));
     EXPECT_EQ(first, std::u16string(1000, u'x'));
     EXPECT_EQ(rows.value(0, 0).textOrEmpty(), u"another");
 }
@@ -76,15 +80,15 @@ TEST(RowStore, ARowThatChangesIsFoundAsWhatItHoldsNow) {
         rows.text(u"old");
     }
     for (const std::size_t row : {0U, 63U, 64U, 199U}) {
-        rows.set(row, 0, ValueView(ValueView::Held(u"new")));
+        set(rows, row, ValueView(ValueView::Held(u"new")));
     }
     EXPECT_EQ(like(rows, u"NEW"), (Rows{0, 63, 64, 199}));
     EXPECT_EQ(like(rows, u"old").size(), 196U);
-    rows.set(64, 0, ValueView());
-    rows.set(199, 0, ValueView(ValueView::Held(std::int64_t{1})));
+    set(rows, 64, ValueView());
+    set(rows, 199, ValueView(ValueView::Held(std::int64_t{1})));
     EXPECT_EQ(like(rows, u"new"), (Rows{0, 63}));
     rows.appendRow();
-    rows.set(200, 0, ValueView(ValueView::Held(u"new")));
+    set(rows, 200, ValueView(ValueView::Held(u"new")));
     EXPECT_EQ(like(rows, u"new"), (Rows{0, 63, 200}));
     EXPECT_GE(rows.nextLike(u"new", 0, 201), rows.rowCount());
 }

@@ -52,11 +52,11 @@ public:
             columns.push_back(value.column);
             insertion.parameters.push_back(value.value);
         }
-        receive(shown(Statement{insertion.text + recordset::listed(columns) + u" GIVING " +
-                                    recordset::listed(keyColumns),
-                                insertion.parameters}));
+        insertion.text.append(recordset::listed(columns)).append(u" GIVING ");
+        insertion.text.append(recordset::listed(keyColumns));
         std::vector<Value> key = script_->key;
-        script_->inserted();
+        // What was sent is stored, so nothing may fail behind it.
+        receive(shown(insertion));
         return key;
     }
     [[nodiscard]] std::u16string stillHolds(std::u16string_view column,

@@ -5,7 +5,6 @@
 #include "adapters/recordset/ClientRecordset.h"
 #include "platform/Error.h"
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -26,8 +25,6 @@ struct Script {
     std::vector<Value> key{};
     /// What every call fails with.
     std::optional<Error> refusal{};
-    /// Runs when a row has been inserted.
-    std::function<void()> inserted = [] {};
 
     /// "STATEMENT [PARAMETER, PARAMETER]"; "INSERT TABLE COLUMN, COLUMN GIVING KEY [...]".
     std::vector<std::u16string> sent{};
