@@ -64,6 +64,8 @@ TEST(FindCriterion, WhatCannotBeReadIsRefusedWithTheFormThatCan) {
                                            u" ",
                                            u"=",
                                            u"ID",
+                                           u"5",
+                                           u"'a'",
                                            u"ID =",
                                            u"ID = ",
                                            u"= 5",

@@ -128,20 +128,20 @@ TEST(FailingMemory, ARecordThatCouldNotBeReadAgainStaysAsItWas) {
 }
 
 TEST(FailingMemory, SqliteStoresANewRecordOnce) {
-    const TemporaryFolder folder;
-    const std::string path = folder.path() / "rules.db";
-    createSqliteSchema(fromUtf8(path));
+    const std::string name = "file:failing-memory?mode=memory&cache=shared";
+    OtherProgram other(name);
+    createSqliteSchema(fromUtf8(name));
     int number = 0;
     for (bool failed = true; failed; ++number) {
         ASSERT_LT(number, tooMany);
-        OtherProgram(path).run(u"DELETE FROM SMS_RULES");
-        SqliteSession session(fromUtf8(path));
+        other.run(u"DELETE FROM SMS_RULES");
+        SqliteSession session(fromUtf8(name));
         const auto rules = session.records();
         rules->addNew();
         rules->setField(u"QueryParam", longText);
         failed = failsAt(number, [&] { rules->update(); });
         rules->update();
-        EXPECT_EQ(OtherProgram(path).valueOf(u"SELECT COUNT(*) FROM SMS_RULES"), u"1") << number;
+        EXPECT_EQ(other.valueOf(u"SELECT COUNT(*) FROM SMS_RULES"), u"1") << number;
         EXPECT_EQ(rules->recordCount(), 1);
         rules->resyncCurrent();
         EXPECT_EQ(rules->field(u"QueryParam").text(), longText);

@@ -20,7 +20,7 @@ const RowKey twoKeys{set(u"ID", std::int64_t{7}), set(u"PART", u"x")};
 class RowStatements : public testing::Test {
 protected:
     [[nodiscard]] std::shared_ptr<recordset::Driver> driver() {
-        return dynamic_cast<recordset::ClientConnection &>(session_.connection()).driver().lock();
+        return session_.connection().driver().lock();
     }
 
 private:

@@ -63,11 +63,15 @@ public:
                                             const ValueView & /*read*/) const override {
         return u"HOLDS(" + std::u16string(column) + u", ?)";
     }
-    [[nodiscard]] recordset::ColumnTypes columnTypes() const override { return {}; }
-    [[nodiscard]] std::vector<std::u16string> columnsOf(std::u16string_view /*table*/) override {
-        return {};
+    [[nodiscard]] recordset::ColumnTypes columnTypes() const override { return script_->types; }
+    [[nodiscard]] std::vector<std::u16string> columnsOf(std::u16string_view table) override {
+        const auto found = script_->tables.find(table);
+        return found == script_->tables.end() ? std::vector<std::u16string>() : found->second;
     }
-    void begin() override { receive(u"begin"); }
+    void begin() override {
+        receive(u"begin");
+        script_->begun();
+    }
     void commit() override { receive(u"commit"); }
     void rollback() noexcept override { script_->sent.emplace_back(u"rollback"); }
 
@@ -108,7 +112,7 @@ ScriptedSession::ScriptedSession(Script first)
                     [script = script_](const recordset::ConnectionString &) {
                         return std::make_unique<ScriptedDriver>(script);
                     }}}) {
-    connection().open(u"x");
+    static_cast<Connection &>(connection_).open(u"x");
 }
 
 std::unique_ptr<Recordset> ScriptedSession::records(LockType lock) {

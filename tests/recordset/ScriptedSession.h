@@ -5,6 +5,8 @@
 #include "adapters/recordset/ClientRecordset.h"
 #include "platform/Error.h"
 
+#include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -23,6 +25,11 @@ struct Script {
     std::int64_t met = 1;
     /// The key that insert gives.
     std::vector<Value> key{};
+    recordset::ColumnTypes types{};
+    /// The columns of the tables that there are, by the table's name.
+    std::map<std::u16string, std::vector<std::u16string>, std::less<>> tables{};
+    /// Runs when a transaction begins.
+    std::function<void()> begun = [] {};
     /// What every call fails with.
     std::optional<Error> refusal{};
 
@@ -35,7 +42,7 @@ public:
     explicit ScriptedSession(Script first);
 
     [[nodiscard]] Script &script() { return *script_; }
-    [[nodiscard]] Connection &connection() { return connection_; }
+    [[nodiscard]] recordset::ClientConnection &connection() { return connection_; }
     [[nodiscard]] std::unique_ptr<Recordset> records(LockType lock = LockType::optimistic);
 
 private:

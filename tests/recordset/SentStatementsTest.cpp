@@ -113,6 +113,19 @@ TEST_F(SentStatements, AResyncAsksForTheColumnsOfTheTable) {
     EXPECT_EQ(rows->field(u"B").text(), u"b");
 }
 
+TEST_F(SentStatements, AResyncReadsEveryColumnWhereverTheKeyStands) {
+    const recordset::Column key = script().columns.front();
+    script().columns.erase(script().columns.begin());
+    script().columns.push_back(key);
+    script().rows = {{u"a", Null(), std::int64_t{3}}};
+    const auto rows = session().records();
+    script().rows = {{u"theirs", u"b", std::int64_t{3}}};
+    rows->resyncCurrent();
+    EXPECT_EQ(sent().back(), u"SELECT A, B, ID FROM T WHERE ID = ? [3]");
+    EXPECT_EQ(rows->field(u"A").text(), u"theirs");
+    EXPECT_EQ(rows->field(u"B").text(), u"b");
+}
+
 TEST_F(SentStatements, TheDatabaseIsAskedOnceWhereTheColumnsComeFrom) {
     script().described = script().columns;
     for (recordset::Column &column : script().columns) {
@@ -246,7 +259,7 @@ TEST_F(SentStatements, RowsWithoutATableOfTheirOwnAreNotWrittenAndSaidWhy) {
 }
 
 TEST_F(SentStatements, ATransactionIsBegunAndStoredOrUndoneOnce) {
-    auto &connection = dynamic_cast<recordset::ClientConnection &>(session().connection());
+    recordset::ClientConnection &connection = session().connection();
     {
         recordset::Transaction stored(connection);
         stored.commit();
