@@ -72,7 +72,7 @@ TEST(EqualIgnoringCase, FingerprintsTellMostShortTextsApart) {
 }
 
 TEST(EqualIgnoringCase, NoFingerprintIsZero) {
-    for (std::int64_t number = 0; number < 1'000'000; ++number) {
+    for (std::int64_t number = 0; number < 300'000; ++number) {
         ASSERT_NE(fingerprintIgnoringCase(toText(number)), 0) << number;
     }
 }

@@ -102,8 +102,8 @@ TEST(RowStore, TextsOfEveryLengthStayWhole) {
     rows.columns({{u"UTF-16", {}, {}, 0}, {u"UTF-8", {}, {}, 0}});
     std::vector<std::size_t> lengths;
     // About the ends of chunks, too.
-    for (const std::size_t from : {0U, 500U, 1000U, 2030U, 4080U, 16360U, 32740U, 65500U}) {
-        for (std::size_t length = from; length < from + 50; ++length) {
+    for (const std::size_t from : {0U, 1010U, 2030U, 4080U, 32750U}) {
+        for (std::size_t length = from; length < from + 30; ++length) {
             lengths.push_back(length);
         }
     }
@@ -112,14 +112,12 @@ TEST(RowStore, TextsOfEveryLengthStayWhole) {
         rows.utf8(std::string(length, static_cast<char>('A' + length % 26)));
     }
     ASSERT_EQ(rows.rowCount(), lengths.size());
-    for (int pass = 0; pass < 2; ++pass) {
-        for (std::size_t row = 0; row < lengths.size(); ++row) {
-            const std::size_t length = lengths[row];
-            ASSERT_EQ(rows.value(row, 0).textOrEmpty(),
-                      std::u16string(length, static_cast<char16_t>(u'a' + length % 26)));
-            ASSERT_EQ(rows.value(row, 1).textOrEmpty(),
-                      std::u16string(length, static_cast<char16_t>(u'A' + length % 26)));
-        }
+    for (std::size_t row = 0; row < lengths.size(); ++row) {
+        const std::size_t length = lengths[row];
+        ASSERT_EQ(rows.value(row, 0).textOrEmpty(),
+                  std::u16string(length, static_cast<char16_t>(u'a' + length % 26)));
+        ASSERT_EQ(rows.value(row, 1).textOrEmpty(),
+                  std::u16string(length, static_cast<char16_t>(u'A' + length % 26)));
     }
 }
 

@@ -203,6 +203,39 @@ TEST_F(SqliteFault, AUriForReadingIsNotWritten) {
     EXPECT_EQ(refusalOf([&] { rules->update(); }).code, SQLITE_READONLY);
 }
 
+TEST_F(SqliteFault, AFileThatWasMovedReplacedOrRemovedIsNotWrittenUntilItIsBack) {
+    makeRules();
+    SqliteSession session(name());
+    const std::u16string why =
+        u"The database file " + name() +
+        u" was moved, replaced or removed since it was opened: put it back, or close the window "
+        u"and open it again on the file that is there now.";
+    const auto expectRefused = [&](const std::u16string &outcome, const auto &call) {
+        try {
+            call();
+            ADD_FAILURE() << "it was written";
+        } catch (const Error &error) {
+            EXPECT_EQ(error.number(), sqlite::errorBase + SQLITE_READONLY_DBMOVED);
+            EXPECT_EQ(error.description(), outcome + u" was not stored. " + why);
+        }
+    };
+    const auto rules = session.records();
+    rules->setField(u"Name", u"mine");
+    std::filesystem::rename(path(), path("aside.db"));
+    expectRefused(u"The change of record ID 1", [&] { rules->update(); });
+    write("another file");
+    expectRefused(u"The change of record ID 1", [&] { rules->update(); });
+    expectRefused(u"The removal of record ID 1", [&] { rules->deleteCurrent(); });
+    rules->addNew();
+    expectRefused(u"The new record", [&] { rules->update(); });
+    EXPECT_EQ(std::filesystem::file_size(path()), std::string("another file").size());
+    std::filesystem::rename(path("aside.db"), path());
+    rules->moveFirst();
+    rules->setField(u"Name", u"mine");
+    rules->update();
+    EXPECT_EQ(OtherProgram(path()).valueOf(u"SELECT group_concat(Name) FROM SMS_RULES"), u"mine");
+}
+
 TEST_F(SqliteFault, AFailedWriteStoresNothingAndCanBeRepeated) {
     makeRules();
     SqliteSession session(name());
@@ -253,6 +286,85 @@ TEST_F(SqliteFault, ABusyTimeoutMustBeANumber) {
                                             u";Busy Timeout=" + std::u16string(timeout));
                   }).description,
                   u"The connection string's Busy Timeout must be a whole number of milliseconds.");
+    }
+}
+
+TEST_F(SqliteFault, ABusyTimeoutHasUpToNineDigits) {
+    makeRules();
+    for (const std::u16string_view timeout : {u"0", u"999999999"}) {
+        SqliteSession session(u"Provider=SQLite;Data Source=" + name() + u";Busy Timeout=" +
+                              std::u16string(timeout));
+        EXPECT_EQ(session.records(u"PRAGMA busy_timeout")->field(u"timeout").text(), timeout);
+    }
+    for (const std::u16string_view timeout : {u"1000000000", u"1/", u"1:", u"+1", u"1 0"}) {
+        EXPECT_EQ(refusalOf([&] {
+                      SqliteSession session(u"Provider=SQLite;Data Source=" + name() +
+                                            u";Busy Timeout=" + std::u16string(timeout));
+                  }).description,
+                  u"The connection string's Busy Timeout must be a whole number of milliseconds.");
+    }
+}
+
+TEST_F(SqliteFault, WhatCannotBeOpenedIsSaidToBeMissingAFolderOrForbidden) {
+    EXPECT_EQ(opening().description,
+              u"The database file " + name() +
+                  u" does not exist: correct the path, or create the database with kvexrules init "
+                  u"in a folder that you may write.");
+    const std::u16string folderName = fromUtf8(folder().string());
+    EXPECT_EQ(refusalOf([&] { SqliteSession session(folderName); }).description,
+              u"The database " + folderName + u" is a folder: name a file in it.");
+    EXPECT_EQ(
+        refusalOf([&] { SqliteSession session(u"file:" + name() + u"?mode=rw"); }).description,
+        u"The database file file:" + name() +
+            u"?mode=rw cannot be opened: check that it exists and that you may read and write "
+            u"it and its folder.");
+    write("");
+    EXPECT_EQ(opening().description,
+              u"The file " + name() +
+                  u" is empty: name the server's database file, or create the tables with "
+                  u"kvexrules init.");
+    OtherProgram(path()).run(u"CREATE TABLE OTHER (X)");
+    EXPECT_EQ(refusalOf([&] {
+                  SqliteSession session(name());
+                  static_cast<void>(session.records());
+              }).description,
+              u"The database " + name() +
+                  u" has no table SMS_RULES: name the server's database, or create the tables with "
+                  u"kvexrules init.");
+}
+
+TEST(SqliteError, EachCodeSaysWhatIsWrongAndWhatToDo) {
+    const struct {
+        int code;
+        std::u16string description;
+    } cases[] = {
+        {SQLITE_ERROR,
+         u"The database D cannot do this: words. Check that its tables are those of the server."},
+        {SQLITE_BUSY,
+         u"The database D is locked by another program: wait until that has finished and try "
+         u"again."},
+        {SQLITE_LOCKED,
+         u"The database D is locked by another program: wait until that has finished and try "
+         u"again."},
+        {SQLITE_READONLY, u"The database D is read-only, so nothing was stored: ask for the right "
+                          u"to write the file and its folder."},
+        {SQLITE_PERM, u"The database D is read-only, so nothing was stored: ask for the right to "
+                      u"write the file and its folder."},
+        {SQLITE_AUTH, u"The database D is read-only, so nothing was stored: ask for the right to "
+                      u"write the file and its folder."},
+        {SQLITE_FULL, u"The disk that holds the database D is full, so nothing was stored: free "
+                      u"some space and try again."},
+        {SQLITE_IOERR_WRITE,
+         u"The database D cannot be read or written (words): check the disk, then try again."},
+        {SQLITE_NOTADB, u"The file D is no database: name the server's database file."},
+        {SQLITE_CORRUPT, u"The database D is damaged: restore it from a backup."},
+        {SQLITE_CONSTRAINT_UNIQUE,
+         u"The database D refuses these values (words): change them and try again."},
+        {SQLITE_TOOBIG, u"A text is too long for the database D: shorten it."},
+        {SQLITE_MISUSE, u"The database D failed: words. Close the window, open it again and repeat "
+                        u"the change."}};
+    for (const auto &one : cases) {
+        EXPECT_EQ(sqlite::errorOf(one.code, u"D", u"words").description(), one.description);
     }
 }
 
