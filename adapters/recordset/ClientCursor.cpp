@@ -59,21 +59,19 @@ void ClientCursor::requireCurrent() const {
 
 void ClientCursor::set(std::size_t column, const RowStore::Cell &prepared) noexcept {
     const auto found = indexes_.find(column);
-    if (found == indexes_.end() || !found->second) {
-        rows_.set(current_, column, prepared);
-        return;
-    }
-    const ValueView before = value(column);
+    const bool isIndexed = found != indexes_.end() && found->second;
+    const ValueView before = isIndexed ? value(column) : ValueView();
     rows_.set(current_, column, prepared);
-    if (!found->second->replace(current_, before, value(column))) {
+    if (isIndexed && !found->second->replace(current_, before, value(column))) {
         found->second.reset();
     }
 }
 
 void ClientCursor::removeCurrent() noexcept {
     for (auto &[column, index] : indexes_) {
-        if (index && !index->replace(current_, value(column), ValueView())) {
-            index.reset();
+        if (index) {
+            // A Null needs no memory.
+            static_cast<void>(index->replace(current_, value(column), ValueView()));
         }
     }
     removed_[current_] = true;

@@ -311,6 +311,7 @@ void ClientRecordset::Opened::insert() {
                 [&] { return database->insert(table.name, values, keyColumns); });
     cursor.append();
     hold(held);
+    // A long text may find no memory here. The record is stored and no new one all the same.
     for (std::size_t i = 0; i < key.size(); ++i) {
         cursor.set(table.key[i], cursor.prepared(viewOf(key[i])));
     }

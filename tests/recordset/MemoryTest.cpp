@@ -75,6 +75,24 @@ TEST(FailingMemory, AnInsertedRowIsNotInsertedAgain) {
     EXPECT_GT(number, 2);
 }
 
+TEST(FailingMemory, ARowWhoseKeyIsALongTextIsNotInsertedAgain) {
+    int number = 0;
+    for (bool failed = true; failed; ++number) {
+        ASSERT_LT(number, tooMany);
+        ScriptedSession session = scripted();
+        session.script().key = {longText};
+        const auto rows = session.records();
+        rows->addNew();
+        rows->setField(u"A", u"new");
+        failed = failsAt(number, [&] { rows->update(); });
+        rows->update();
+        EXPECT_EQ(sentBeginning(session.script(), u"INSERT"), 1);
+        EXPECT_EQ(rows->recordCount(), 2);
+        EXPECT_EQ(rows->field(u"A").text(), u"new");
+    }
+    EXPECT_GT(number, 2);
+}
+
 TEST(FailingMemory, AStoredChangeIsHeld) {
     int number = 0;
     for (bool failed = true; failed; ++number) {
