@@ -186,6 +186,29 @@ TEST_F(SqliteFault, AWritableFileInAReadOnlyFolderIsReadAndNotWritten) {
     EXPECT_EQ(session.records()->field(u"Name").text(), u"stored");
 }
 
+TEST_F(SqliteFault, AFileInAReadOnlyFolderIsNotReadWithoutTheLogThatLiesThere) {
+    makeRules();
+    OtherProgram(path()).run(u"PRAGMA journal_mode = WAL");
+    OtherProgram other(path());
+    other.run(u"UPDATE SMS_RULES SET Name = 'in the log'");
+    std::filesystem::copy_file(path(), path("copy.db"));
+    std::filesystem::copy_file(path() + "-wal", path("copy.db-wal"));
+    const WithoutRights guard(folder(), path("copy.db"), FolderRights::read);
+    const Refusal refusal = refusalOf([&] { SqliteSession session(name("copy.db")); });
+    EXPECT_EQ(refusal.code, SQLITE_CANTOPEN);
+    EXPECT_TRUE(refusal.says(name("copy.db")));
+}
+
+TEST_F(SqliteFault, ADatabaseWithTheRulesTableWritesAheadWhateverTheCaseOfItsName) {
+    OtherProgram(path()).run(u"CREATE TABLE sms_rules (ID INTEGER PRIMARY KEY, Name)");
+    EXPECT_TRUE(SqliteSession(name()).records()->eof());
+    EXPECT_EQ(OtherProgram(path()).valueOf(u"PRAGMA journal_mode"), u"wal");
+    OtherProgram(path("view.db"))
+        .run(u"CREATE TABLE T (ID); CREATE VIEW SMS_RULES AS SELECT * FROM T");
+    EXPECT_TRUE(SqliteSession(name("view.db")).records()->eof());
+    EXPECT_EQ(OtherProgram(path("view.db")).valueOf(u"PRAGMA journal_mode"), u"delete");
+}
+
 TEST_F(SqliteFault, AnUnreadableFileIsNamed) {
     makeRules();
     const WithoutRights guard(folder(), path(), FolderRights::write, FileRights::none);
