@@ -69,6 +69,24 @@ TEST_F(SentStatements, UpdateSendsTheChangedColumnsAndWhatWasReadInThem) {
                              u"HOLDS(B, ?) [Null, 'newer', 3, 'a', 'new']");
 }
 
+TEST_F(SentStatements, AValueOfAnotherKindIsAChange) {
+    const auto rows = session().records();
+    rows->setField(u"ID", 3.0);
+    rows->setField(u"A", Null());
+    rows->setField(u"B", u"");
+    rows->update();
+    EXPECT_EQ(sent().back(), u"UPDATE T SET ID = ?, A = ?, B = ? WHERE ID = ? AND HOLDS(ID, ?) AND "
+                             u"HOLDS(A, ?) AND B IS NULL [3, Null, '', 3, 3, 'a']");
+    rows->setField(u"ID", std::int64_t{3});
+    rows->setField(u"A", Null());
+    rows->setField(u"B", u"");
+    rows->update();
+    EXPECT_EQ(sent().back(), u"UPDATE T SET ID = ? WHERE ID = ? AND HOLDS(ID, ?) [3, 3, 3]");
+    rows->setField(u"ID", u"3");
+    rows->update();
+    EXPECT_EQ(sent().back(), u"UPDATE T SET ID = ? WHERE ID = ? AND HOLDS(ID, ?) ['3', 3, 3]");
+}
+
 TEST_F(SentStatements, AnUpdateIsSentOnce) {
     const auto rows = session().records();
     rows->setField(u"A", u"new");
