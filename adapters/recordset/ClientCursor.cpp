@@ -57,22 +57,36 @@ void ClientCursor::requireCurrent() const {
     }
 }
 
-void ClientCursor::set(std::size_t column, const ValueView &value) {
-    updateIndex(column, value);
-    rows_.set(current_, column, value);
+void ClientCursor::set(std::size_t column, const RowStore::Cell &prepared) noexcept {
+    const auto found = indexes_.find(column);
+    const bool isIndexed = found != indexes_.end() && found->second;
+    const ValueView before = isIndexed ? value(column) : ValueView();
+    rows_.set(current_, column, prepared);
+    if (isIndexed && !found->second->replace(current_, before, value(column))) {
+        found->second.reset();
+    }
 }
 
-void ClientCursor::removeCurrent() {
-    for (std::size_t column = 0; column < columns().size(); ++column) {
-        updateIndex(column, ValueView());
+void ClientCursor::removeCurrent() noexcept {
+    for (auto &[column, index] : indexes_) {
+        if (index) {
+            // A Null needs no memory.
+            static_cast<void>(index->replace(current_, value(column), ValueView()));
+        }
     }
     removed_[current_] = true;
     ++removedCount_;
 }
 
-void ClientCursor::append() {
+void ClientCursor::prepareAppend() {
+    if (rows_.rowCount() == rowCount()) {
+        rows_.appendRow();
+    }
+    removed_.reserve(rowCount() + 1);
+}
+
+void ClientCursor::append() noexcept {
     current_ = rowCount();
-    rows_.appendRow();
     removed_.push_back(false);
 }
 
@@ -89,14 +103,6 @@ const std::optional<IntegerIndex> &ClientCursor::indexOf(std::size_t column) {
         return found->second;
     }
     return indexes_.emplace(column, IntegerIndex::of(rows_, column, removed_)).first->second;
-}
-
-void ClientCursor::updateIndex(std::size_t column, const ValueView &now) {
-    const auto found = indexes_.find(column);
-    if (found != indexes_.end() && found->second &&
-        !found->second->replace(current_, value(column), now)) {
-        found->second.reset();
-    }
 }
 
 } // namespace kvex::recordset

@@ -46,19 +46,22 @@ public:
     }
     /// Whether the current row's value was read or set; see RowStore.
     [[nodiscard]] bool isKnown(std::size_t column) const { return rows_.isKnown(current_, column); }
-    void set(std::size_t column, const ValueView &value);
-    void removeCurrent();
+    /// Takes the memory that holding `value` needs.
+    [[nodiscard]] RowStore::Cell prepared(const ValueView &value) { return rows_.prepared(value); }
+    void set(std::size_t column, const RowStore::Cell &prepared) noexcept;
+    void removeCurrent() noexcept;
+    /// Takes the memory that append needs.
+    void prepareAppend();
     /// A row of unknown values behind the last one, which becomes the current one.
-    void append();
+    void append() noexcept;
 
 private:
-    /// With the removed ones.
+    /// With the removed ones, without the one prepared.
     [[nodiscard]] std::size_t rowCount() const noexcept { return removed_.size(); }
     [[nodiscard]] std::size_t firstKept(std::size_t from) const;
     [[nodiscard]] const std::optional<IntegerIndex> &indexOf(std::size_t column);
-    /// To be called before the value changes.
-    void updateIndex(std::size_t column, const ValueView &now);
 
+    /// Behind the last row can be one more, of unknown values: prepared for append.
     RowStore rows_;
     std::vector<bool> removed_;
     std::size_t removedCount_ = 0;

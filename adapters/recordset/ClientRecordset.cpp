@@ -193,10 +193,11 @@ void ClientRecordset::resyncCurrent() {
         refuse(error, u"What was stored before stays stored, but " + open.nameOf(table) +
                           u" could not be read again");
     }
-    open.discardPending();
+    Opened::Held held;
     for (std::size_t i = 0; i < columns.size(); ++i) {
-        open.cursor.set(columns[i], row.value(0, i));
+        held.emplace_back(columns[i], open.cursor.prepared(row.value(0, i)));
     }
+    open.hold(held);
 }
 
 const ClientRecordset::Opened &ClientRecordset::opened() const {
@@ -207,7 +208,7 @@ ClientRecordset::Opened &ClientRecordset::opened() {
     return required(opened_);
 }
 
-void ClientRecordset::Opened::discardPending() {
+void ClientRecordset::Opened::discardPending() noexcept {
     changes.clear();
     isNew = false;
 }
@@ -303,13 +304,16 @@ void ClientRecordset::Opened::insert() {
         keyColumns.push_back(cursor.columns()[column].baseColumn);
     }
     const std::vector<Assignment> values = assignments();
+    const Held held = preparedChanges();
+    cursor.prepareAppend();
     const std::vector<Value> key =
         writing([] { return std::u16string(u"The new record was not stored"); },
                 [&] { return database->insert(table.name, values, keyColumns); });
     cursor.append();
-    holdChanges();
+    hold(held);
+    // A long text may find no memory here. The record is stored and no new one all the same.
     for (std::size_t i = 0; i < key.size(); ++i) {
-        cursor.set(table.key[i], viewOf(key[i]));
+        cursor.set(table.key[i], cursor.prepared(viewOf(key[i])));
     }
 }
 
@@ -321,12 +325,13 @@ void ClientRecordset::Opened::write() {
     for (const auto &change : changes) {
         read.push_back({cursor.columns()[change.first].baseColumn, cursor.value(change.first)});
     }
+    const Held held = preparedChanges();
     const auto outcome = [&] { return u"The change of " + nameOf(table) + u" was not stored"; };
     writing(outcome, [&] {
         requireMet(database->execute(updateRow(*database, table.name, values, keyOf(table), read)) >
                    0);
     });
-    holdChanges();
+    hold(held);
 }
 
 void ClientRecordset::Opened::remove() {
@@ -340,15 +345,24 @@ void ClientRecordset::Opened::remove() {
     cursor.removeCurrent();
 }
 
-void ClientRecordset::Opened::holdChanges() {
+ClientRecordset::Opened::Held ClientRecordset::Opened::preparedChanges() {
+    Held held;
     const std::vector<Column> &columns = cursor.columns();
     for (const auto &[changed, value] : changes) {
+        const RowStore::Cell prepared = cursor.prepared(viewOf(value));
         // A query can name one column twice.
         for (std::size_t column = 0; column < columns.size(); ++column) {
             if (std::ranges::equal(columns[column].baseColumn, columns[changed].baseColumn)) {
-                cursor.set(column, viewOf(value));
+                held.emplace_back(column, prepared);
             }
         }
+    }
+    return held;
+}
+
+void ClientRecordset::Opened::hold(const Held &held) noexcept {
+    for (const auto &[column, prepared] : held) {
+        cursor.set(column, prepared);
     }
     discardPending();
 }

@@ -12,6 +12,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace kvex::recordset {
@@ -54,7 +55,7 @@ private:
         /// The table of the rows, once the driver has said where the columns come from.
         std::optional<BaseTable> base;
 
-        void discardPending();
+        void discardPending() noexcept;
         /// Fails with noCurrentRecord unless a row of the table is the current record.
         void requireRow() const;
         /// Fails with objectClosed when the connection has closed.
@@ -73,8 +74,12 @@ private:
         void insert();
         void write();
         void remove();
-        /// Makes the changes part of the current row.
-        void holdChanges();
+        /// What the current row will hold, by column.
+        using Held = std::vector<std::pair<std::size_t, RowStore::Cell>>;
+        /// The changes. They take their memory here: what the database has stored must be held.
+        [[nodiscard]] Held preparedChanges();
+        /// In the current row; nothing is pending in it then.
+        void hold(const Held &held) noexcept;
     };
 
     [[nodiscard]] const Opened &opened() const;

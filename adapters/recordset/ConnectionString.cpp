@@ -46,16 +46,12 @@ public:
 
     std::u16string value() {
         at_ = std::min(text_.find_first_not_of(u' ', at_), text_.size());
-        if (at_ < text_.size()) {
-            switch (text_[at_]) {
-            case u'{':
-                return enclosed(u'}');
-            case u'"':
-            case u'\'':
-                return enclosed(text_[at_]);
-            default:
-                break;
-            }
+        const std::u16string_view rest = text_.substr(at_);
+        if (rest.starts_with(u'{')) {
+            return enclosed(u'}');
+        }
+        if (rest.starts_with(u'"') || rest.starts_with(u'\'')) {
+            return enclosed(rest.front());
         }
         const std::size_t end = std::min(text_.find(u';', at_), text_.size());
         const std::u16string_view plain = trimmed(text_.substr(at_, end - at_));
@@ -69,7 +65,7 @@ private:
         for (std::size_t i = at_ + 1; i < text_.size(); ++i) {
             if (text_[i] != closing) {
                 value.push_back(text_[i]);
-            } else if (i + 1 < text_.size() && text_[i + 1] == closing) {
+            } else if (text_.substr(i + 1).starts_with(closing)) {
                 value.push_back(text_[++i]);
             } else {
                 at_ = std::min(text_.find_first_not_of(u' ', i + 1), text_.size());

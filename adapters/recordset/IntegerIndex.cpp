@@ -1,6 +1,7 @@
 #include "adapters/recordset/IntegerIndex.h"
 
 #include <algorithm>
+#include <new>
 
 namespace kvex::recordset {
 
@@ -9,8 +10,8 @@ std::optional<IntegerIndex> IntegerIndex::of(const RowStore &rows, std::size_t c
     IntegerIndex index;
     // Rows that are added soon must not make all of it move.
     constexpr std::size_t addedSoon = 64;
-    index.entries_.reserve(rows.rowCount() + addedSoon);
-    for (std::size_t row = 0; row < rows.rowCount(); ++row) {
+    index.entries_.reserve(removed.size() + addedSoon);
+    for (std::size_t row = 0; row < removed.size(); ++row) {
         if (removed[row]) {
             continue;
         }
@@ -33,20 +34,24 @@ std::optional<std::size_t> IntegerIndex::find(std::int64_t number, std::size_t f
     return at->second;
 }
 
-bool IntegerIndex::replace(std::size_t row, const ValueView &before, const ValueView &now) {
-    if (const auto *number = std::get_if<std::int64_t>(&before.held())) {
-        const Entry old(*number, row);
-        const auto at = std::ranges::lower_bound(entries_, old);
-        if (at != entries_.end() && *at == old) {
-            entries_.erase(at);
+bool IntegerIndex::replace(std::size_t row, const ValueView &before,
+                           const ValueView &now) noexcept {
+    const auto *const number = std::get_if<std::int64_t>(&now.held());
+    if (!number && !now.isNull()) {
+        return false;
+    }
+    try {
+        if (number) {
+            const Entry entry(*number, row);
+            entries_.insert(std::ranges::lower_bound(entries_, entry), entry);
         }
+    } catch (const std::bad_alloc &) {
+        return false;
     }
-    if (const auto *number = std::get_if<std::int64_t>(&now.held())) {
-        const Entry entry(*number, row);
-        entries_.insert(std::ranges::lower_bound(entries_, entry), entry);
-        return true;
+    if (const auto *const old = std::get_if<std::int64_t>(&before.held())) {
+        entries_.erase(std::ranges::lower_bound(entries_, Entry(*old, row)));
     }
-    return now.isNull();
+    return true;
 }
 
 } // namespace kvex::recordset

@@ -12,7 +12,8 @@ namespace kvex::recordset {
 
 class IntegerIndex {
 public:
-    /// Nothing for a column that holds anything but integers and Nulls. Leaves `removed` rows out.
+    /// Of as many rows as `removed` has, without those removed. Nothing for a column that holds
+    /// anything but integers and Nulls.
     [[nodiscard]] static std::optional<IntegerIndex> of(const RowStore &rows, std::size_t column,
                                                         const std::vector<bool> &removed);
 
@@ -20,8 +21,9 @@ public:
     [[nodiscard]] std::optional<std::size_t> find(std::int64_t number, std::size_t from) const;
 
     /// Row `row` holds `now` instead of `before`. False when `now` is neither an integer nor
-    /// Null: the index is of no more use then.
-    [[nodiscard]] bool replace(std::size_t row, const ValueView &before, const ValueView &now);
+    /// Null, or finds no memory: the index is of no more use then.
+    [[nodiscard]] bool replace(std::size_t row, const ValueView &before,
+                               const ValueView &now) noexcept;
 
 private:
     using Entry = std::pair<std::int64_t, std::size_t>;

@@ -53,7 +53,7 @@ void RowStore::utf8(std::string_view text) {
 }
 
 void RowStore::add(const Cell &cell) {
-    if (begun_ == 0 && rowCount_ % rowsOfPiece == 0) {
+    if (pieces_.size() * rowsOfPiece == rowCount_) {
         pieces_.push_back(std::make_unique<Cell[]>(rowsOfPiece * columns_.size()));
     }
     fingerprints_[begun_].push_back(0);
@@ -67,9 +67,10 @@ void RowStore::add(const Cell &cell) {
 void RowStore::appendRow() {
     Cell unknown;
     unknown.kind = Kind::unknown;
-    for (std::size_t column = 0; column < columns_.size(); ++column) {
+    // From where memory failed the last time.
+    do {
         add(unknown);
-    }
+    } while (begun_ != 0);
 }
 
 RowStore::Cell RowStore::fromUtf8(const Cell &cell) const {
@@ -80,9 +81,11 @@ RowStore::Cell RowStore::fromUtf8(const Cell &cell) const {
 
 void RowStore::provide(std::size_t length) const {
     if (length > freeLength_) {
-        freeLength_ = std::max(length, firstChunk << std::min(chunks_.size(), doublings));
-        chunks_.push_back(std::make_unique_for_overwrite<char16_t[]>(freeLength_));
+        const std::size_t size =
+            std::max(length, firstChunk << std::min(chunks_.size(), doublings));
+        chunks_.push_back(std::make_unique_for_overwrite<char16_t[]>(size));
         free_ = chunks_.back().get();
+        freeLength_ = size;
     }
 }
 
@@ -96,7 +99,7 @@ RowStore::Cell RowStore::takeText(const char16_t *end) const {
     return cell;
 }
 
-void RowStore::put(std::size_t row, std::size_t column, const Cell &cell) const {
+void RowStore::put(std::size_t row, std::size_t column, const Cell &cell) const noexcept {
     cellAt(row, column) = cell;
     fingerprints_[column][row] =
         cell.kind == Kind::text ? fingerprintIgnoringCase({cell.text, cell.length}) : 0;
@@ -157,8 +160,12 @@ ValueView RowStore::value(std::size_t row, std::size_t column) const {
     return {};
 }
 
-void RowStore::set(std::size_t row, std::size_t column, const ValueView &value) {
-    put(row, column, std::visit([&](auto held) { return cellOf(held); }, value.held()));
+RowStore::Cell RowStore::prepared(const ValueView &value) {
+    return std::visit([&](auto held) { return cellOf(held); }, value.held());
+}
+
+void RowStore::set(std::size_t row, std::size_t column, const Cell &prepared) noexcept {
+    put(row, column, prepared);
 }
 
 } // namespace kvex::recordset

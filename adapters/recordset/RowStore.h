@@ -13,10 +13,24 @@ namespace kvex::recordset {
 
 /// A value takes 16 bytes; texts lie one behind the other in chunks. A text stays where it is,
 /// replaced ones too, until the store goes. One that came as UTF-8 is kept so until it is asked
-/// for, as most never are. Beside each value lies the fingerprint of its text, for searches. For
-/// one thread.
+/// for, as most never are. Beside each value lies the fingerprint of its text, for searches. A
+/// call that finds no memory changes nothing and can be repeated. For one thread.
 class RowStore final : public RowSink {
 public:
+    enum class Kind : std::uint32_t { null, integer, number, text, utf8, unknown };
+    /// A value as it lies in the store.
+    struct Cell {
+        Kind kind = Kind::null;
+        std::uint32_t length = 0;
+        union {
+            std::int64_t integer = 0;
+            double number;
+            const char16_t *text;
+            const char *utf8;
+        };
+    };
+    static_assert(sizeof(Cell) == 16);
+
     void columns(std::vector<Column> columns) override;
     void null() override { add({}); }
     void integer(std::int64_t number) override { add(cellOf(number)); }
@@ -36,23 +50,13 @@ public:
     [[nodiscard]] bool isKnown(std::size_t row, std::size_t column) const {
         return cellAt(row, column).kind != Kind::unknown;
     }
-    void set(std::size_t row, std::size_t column, const ValueView &value);
+    /// Takes the memory that `value` needs here: setting it needs none then.
+    [[nodiscard]] Cell prepared(const ValueView &value);
+    void set(std::size_t row, std::size_t column, const Cell &prepared) noexcept;
     /// A row of unknown values behind the last one.
     void appendRow();
 
 private:
-    enum class Kind : std::uint32_t { null, integer, number, text, utf8, unknown };
-    struct Cell {
-        Kind kind = Kind::null;
-        std::uint32_t length = 0;
-        union {
-            std::int64_t integer = 0;
-            double number;
-            const char16_t *text;
-            const char *utf8;
-        };
-    };
-    static_assert(sizeof(Cell) == 16);
     /// fingerprintIgnoringCase of a text; 0 for any other value, and UTF-8 that nobody asked for.
     using Fingerprint = std::uint16_t;
 
@@ -66,7 +70,7 @@ private:
         return pieces_[row / rowsOfPiece][column * rowsOfPiece + row % rowsOfPiece];
     }
     /// The one place where a text gets into its cell, or out of it.
-    void put(std::size_t row, std::size_t column, const Cell &cell) const;
+    void put(std::size_t row, std::size_t column, const Cell &cell) const noexcept;
     /// Whether the value can be a text of so many units: told without reading it.
     static bool canBeText(const Cell &cell, std::size_t length);
     [[nodiscard]] Cell fromUtf8(const Cell &cell) const;

@@ -1,11 +1,11 @@
 #include "adapters/sqlite/Provider.h"
 
 #include "adapters/recordset/RowStatements.h"
-#include "adapters/recordset/RowStore.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "adapters/sqlite/SqliteResult.h"
 #include "adapters/sqlite/SqliteStatement.h"
 #include "platform/Error.h"
+#include "platform/Text.h"
 
 #include <sqlite3.h>
 
@@ -18,6 +18,22 @@ namespace {
 
 using recordset::Assignment;
 using recordset::Statement;
+
+/// The key of an inserted row. It allocates its room before the row is inserted. If memory failed
+/// for a number after that, the caller would insert the row again.
+class Key final : public recordset::RowSink {
+public:
+    explicit Key(std::size_t parts) { values.reserve(parts); }
+
+    void columns(std::vector<recordset::Column> /*columns*/) override {}
+    void null() override { values.emplace_back(Null()); }
+    void integer(std::int64_t number) override { values.emplace_back(number); }
+    void number(double number) override { values.emplace_back(number); }
+    void text(std::u16string_view text) override { values.emplace_back(std::u16string(text)); }
+    void utf8(std::string_view text) override { values.emplace_back(fromUtf8(text)); }
+
+    std::vector<Value> values;
+};
 
 class SqliteDriver final : public recordset::Driver {
 public:
@@ -97,13 +113,17 @@ std::vector<Value> SqliteDriver::insert(std::u16string_view table,
     connection_.requireInPlace();
     Statement insertion = recordset::insertRow(table, values, u"DEFAULT VALUES");
     insertion.text.append(u" RETURNING ").append(recordset::listed(keyColumns));
-    recordset::RowStore inserted;
-    query(insertion, inserted);
-    std::vector<Value> key;
+    SqliteStatement run(connection_, insertion.text);
+    run.bind(insertion.parameters);
+    Key key(keyColumns.size());
+    // The first step inserts the row, the last one stores it.
+    run.step();
     for (std::size_t column = 0; column < keyColumns.size(); ++column) {
-        key.push_back(inserted.value(0, column).owned());
+        deliverValue(run, static_cast<int>(column), key);
     }
-    return key;
+    while (run.step()) {
+    }
+    return std::move(key.values);
 }
 
 std::u16string SqliteDriver::stillHolds(std::u16string_view column, const ValueView &read) const {

@@ -77,7 +77,10 @@ std::string_view bytesOf(const void *data, sqlite3_stmt *row, int column) {
             static_cast<std::size_t>(sqlite3_column_bytes(row, column))};
 }
 
-void deliver(sqlite3_stmt *row, int column, recordset::RowSink &sink) {
+} // namespace
+
+void deliverValue(const SqliteStatement &statement, int column, recordset::RowSink &sink) {
+    sqlite3_stmt *row = statement.handle();
     switch (sqlite3_column_type(row, column)) {
     case SQLITE_INTEGER:
         sink.integer(sqlite3_column_int64(row, column));
@@ -96,8 +99,6 @@ void deliver(sqlite3_stmt *row, int column, recordset::RowSink &sink) {
     }
 }
 
-} // namespace
-
 int deliverResult(SqliteStatement &query, recordset::RowSink &sink) {
     // The first step may read a changed schema, so the columns are known only after it.
     bool row = query.step();
@@ -106,7 +107,7 @@ int deliverResult(SqliteStatement &query, recordset::RowSink &sink) {
     int rows = 0;
     for (; row; row = query.step()) {
         for (int column = 0; column < count; ++column) {
-            deliver(query.handle(), column, sink);
+            deliverValue(query, column, sink);
         }
         ++rows;
     }

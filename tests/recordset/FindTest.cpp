@@ -49,9 +49,14 @@ TEST_P(RecordsetConformance, FindSkipsRecordsBeforeItSearches) {
     EXPECT_EQ(id(*rules), 4);
     rules->find(u"ACTIVE = 1", 1);
     EXPECT_TRUE(rules->eof());
-    rules->moveFirst();
-    rules->find(u"Name = 'same'", 10);
-    EXPECT_TRUE(rules->eof());
+    for (const std::int32_t skip : {4, 10, INT32_MAX}) {
+        rules->moveFirst();
+        rules->find(u"Name = 'same'", skip);
+        EXPECT_TRUE(rules->eof());
+        rules->moveFirst();
+        rules->find(u"ACTIVE = 1", skip);
+        EXPECT_TRUE(rules->eof());
+    }
 }
 
 TEST_P(RecordsetConformance, FindDoesNotSkipBackwards) {
@@ -164,7 +169,7 @@ TEST_P(RecordsetConformance, FindRefusesWhatItCannotRead) {
     insertRule(1, u"a");
     const auto rules = openRules();
     for (const std::u16string_view criterion :
-         {u"", u"ID", u"ID =", u"= 5", u"ID = five", u"ID = 5 AND ACTIVE = 1", u"ID >= 5",
+         {u"", u"ID", u"ID =", u"= 5", u"ID = five", u"ID = 5 AND ACTIVE = 1", u"ID >= 5", u"5",
           u"Name LIKE 'a'", u"Name = 'O'Brien'", u"Name = 'O''Brien'", u"Name = 'open", u"Name = '",
           u"Name = a", u"Name <> 'a'"}) {
         EXPECT_EQ(errorNumber([&] { rules->find(criterion); }), error_number::badArgument)

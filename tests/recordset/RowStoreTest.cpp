@@ -10,6 +10,10 @@ namespace {
 
 using recordset::RowStore;
 
+void set(RowStore &rows, std::size_t row, const ValueView &value) {
+    rows.set(row, 0, rows.prepared(value));
+}
+
 TEST(RowStore, ATextIsTheSameInWhateverFormItCame) {
     RowStore rows;
     rows.columns({{u"A", {}, {}, 0}, {u"B", {}, {}, 0}});
@@ -36,7 +40,7 @@ TEST(RowStore, ATextStaysWhereItIs) {
     for (std::size_t row = 1; row < rows.rowCount(); ++row) {
         EXPECT_EQ(rows.value(row, 0).textOrEmpty().size(), 1000U);
     }
-    rows.set(0, 0, ValueView(ValueView::Held(u"another")));
+    set(rows, 0, ValueView(ValueView::Held(u"another")));
     EXPECT_EQ(first, std::u16string(1000, u'x'));
     EXPECT_EQ(rows.value(0, 0).textOrEmpty(), u"another");
 }
@@ -69,6 +73,97 @@ TEST(RowStore, RowsThatCanBeATextAreFoundInWhateverFormTheyCame) {
     EXPECT_EQ(like(rows, u""), Rows{});
 }
 
+TEST(RowStore, ATextInUtf8IsFoundByItsUnitsWhateverItsBytes) {
+    RowStore rows;
+    rows.columns({{u"A", {}, {}, 0}});
+    rows.utf8("abc");
+    rows.utf8("€€€");
+    rows.utf8("📱");
+    rows.utf8("abcd");
+    rows.utf8("ab");
+    rows.utf8("");
+    rows.utf8("€€€a");
+    EXPECT_EQ(like(rows, u"ABC"), (Rows{0, 1, 2, 3}));
+    EXPECT_EQ(like(rows, u"€€€"), (Rows{0, 1, 2, 3}));
+    EXPECT_EQ(like(rows, u"📱"), (Rows{0, 2, 3, 4}));
+    EXPECT_EQ(like(rows, u""), (Rows{5}));
+    // What was read is told apart.
+    for (std::size_t row = 0; row < rows.rowCount(); ++row) {
+        static_cast<void>(rows.value(row, 0));
+    }
+    EXPECT_EQ(like(rows, u"ABC"), Rows{0});
+    EXPECT_EQ(like(rows, u"€€€"), Rows{1});
+    EXPECT_EQ(like(rows, u"📱"), Rows{2});
+    EXPECT_EQ(like(rows, u""), Rows{5});
+}
+
+TEST(RowStore, TextsOfEveryLengthStayWhole) {
+    RowStore rows;
+    rows.columns({{u"UTF-16", {}, {}, 0}, {u"UTF-8", {}, {}, 0}});
+    std::vector<std::size_t> lengths;
+    // About the ends of chunks, too.
+    for (const std::size_t from : {0U, 1010U, 2030U, 4080U, 32750U}) {
+        for (std::size_t length = from; length < from + 30; ++length) {
+            lengths.push_back(length);
+        }
+    }
+    for (const std::size_t length : lengths) {
+        rows.text(std::u16string(length, static_cast<char16_t>(u'a' + length % 26)));
+        rows.utf8(std::string(length, static_cast<char>('A' + length % 26)));
+    }
+    ASSERT_EQ(rows.rowCount(), lengths.size());
+    for (std::size_t row = 0; row < lengths.size(); ++row) {
+        const std::size_t length = lengths[row];
+        ASSERT_EQ(rows.value(row, 0).textOrEmpty(),
+                  std::u16string(length, static_cast<char16_t>(u'a' + length % 26)));
+        ASSERT_EQ(rows.value(row, 1).textOrEmpty(),
+                  std::u16string(length, static_cast<char16_t>(u'A' + length % 26)));
+    }
+}
+
+TEST(RowStore, ATextThatFillsAChunkLeavesTheNextOneWhole) {
+    for (std::size_t length = 1000; length < 1100; ++length) {
+        RowStore rows;
+        rows.columns({{u"A", {}, {}, 0}});
+        for (int row = 0; row < 3; ++row) {
+            rows.utf8(std::string(2 * length + 1, 'x'));
+            rows.utf8("odd");
+            rows.text(std::u16string(length, u'y'));
+        }
+        for (std::size_t row = 0; row < 9; row += 3) {
+            ASSERT_EQ(rows.value(row, 0).textOrEmpty(), std::u16string(2 * length + 1, u'x'));
+            ASSERT_EQ(rows.value(row + 1, 0).textOrEmpty(), u"odd");
+            ASSERT_EQ(rows.value(row + 2, 0).textOrEmpty(), std::u16string(length, u'y'));
+        }
+    }
+}
+
+TEST(RowStore, ValuesKeepTheirKindsAndPlacesInManyRows) {
+    RowStore rows;
+    rows.columns({{u"A", {}, {}, 0}, {u"B", {}, {}, 0}, {u"C", {}, {}, 0}});
+    for (std::int64_t row = 0; row < 200; ++row) {
+        EXPECT_EQ(rows.rowCount(), static_cast<std::size_t>(row));
+        rows.integer(row);
+        EXPECT_EQ(rows.rowCount(), static_cast<std::size_t>(row));
+        rows.number(static_cast<double>(row) + 0.5);
+        rows.null();
+    }
+    rows.appendRow();
+    ASSERT_EQ(rows.rowCount(), 201U);
+    for (std::size_t row = 0; row < 200; ++row) {
+        EXPECT_EQ(rows.value(row, 0).owned(), Value(static_cast<std::int64_t>(row)));
+        EXPECT_EQ(rows.value(row, 1).owned(), Value(static_cast<double>(row) + 0.5));
+        EXPECT_EQ(rows.value(row, 2).owned(), Value(Null()));
+        EXPECT_TRUE(rows.isKnown(row, 2));
+    }
+    for (std::size_t column = 0; column < 3; ++column) {
+        EXPECT_FALSE(rows.isKnown(200, column));
+        EXPECT_TRUE(rows.value(200, column).isNull());
+        rows.set(200, column, rows.prepared(ValueView()));
+        EXPECT_TRUE(rows.isKnown(200, column));
+    }
+}
+
 TEST(RowStore, ARowThatChangesIsFoundAsWhatItHoldsNow) {
     RowStore rows;
     rows.columns({{u"A", {}, {}, 0}});
@@ -76,15 +171,15 @@ TEST(RowStore, ARowThatChangesIsFoundAsWhatItHoldsNow) {
         rows.text(u"old");
     }
     for (const std::size_t row : {0U, 63U, 64U, 199U}) {
-        rows.set(row, 0, ValueView(ValueView::Held(u"new")));
+        set(rows, row, ValueView(ValueView::Held(u"new")));
     }
     EXPECT_EQ(like(rows, u"NEW"), (Rows{0, 63, 64, 199}));
     EXPECT_EQ(like(rows, u"old").size(), 196U);
-    rows.set(64, 0, ValueView());
-    rows.set(199, 0, ValueView(ValueView::Held(std::int64_t{1})));
+    set(rows, 64, ValueView());
+    set(rows, 199, ValueView(ValueView::Held(std::int64_t{1})));
     EXPECT_EQ(like(rows, u"new"), (Rows{0, 63}));
     rows.appendRow();
-    rows.set(200, 0, ValueView(ValueView::Held(u"new")));
+    set(rows, 200, ValueView(ValueView::Held(u"new")));
     EXPECT_EQ(like(rows, u"new"), (Rows{0, 63, 200}));
     EXPECT_GE(rows.nextLike(u"new", 0, 201), rows.rowCount());
 }

@@ -186,6 +186,29 @@ TEST_F(SqliteFault, AWritableFileInAReadOnlyFolderIsReadAndNotWritten) {
     EXPECT_EQ(session.records()->field(u"Name").text(), u"stored");
 }
 
+TEST_F(SqliteFault, AFileInAReadOnlyFolderIsNotReadWithoutTheLogThatLiesThere) {
+    makeRules();
+    OtherProgram(path()).run(u"PRAGMA journal_mode = WAL");
+    OtherProgram other(path());
+    other.run(u"UPDATE SMS_RULES SET Name = 'in the log'");
+    std::filesystem::copy_file(path(), path("copy.db"));
+    std::filesystem::copy_file(path() + "-wal", path("copy.db-wal"));
+    const WithoutRights guard(folder(), path("copy.db"), FolderRights::read);
+    const Refusal refusal = refusalOf([&] { SqliteSession session(name("copy.db")); });
+    EXPECT_EQ(refusal.code, SQLITE_CANTOPEN);
+    EXPECT_TRUE(refusal.says(name("copy.db")));
+}
+
+TEST_F(SqliteFault, ADatabaseWithTheRulesTableWritesAheadWhateverTheCaseOfItsName) {
+    OtherProgram(path()).run(u"CREATE TABLE sms_rules (ID INTEGER PRIMARY KEY, Name)");
+    EXPECT_TRUE(SqliteSession(name()).records()->eof());
+    EXPECT_EQ(OtherProgram(path()).valueOf(u"PRAGMA journal_mode"), u"wal");
+    OtherProgram(path("view.db"))
+        .run(u"CREATE TABLE T (ID); CREATE VIEW SMS_RULES AS SELECT * FROM T");
+    EXPECT_TRUE(SqliteSession(name("view.db")).records()->eof());
+    EXPECT_EQ(OtherProgram(path("view.db")).valueOf(u"PRAGMA journal_mode"), u"delete");
+}
+
 TEST_F(SqliteFault, AnUnreadableFileIsNamed) {
     makeRules();
     const WithoutRights guard(folder(), path(), FolderRights::write, FileRights::none);
@@ -201,6 +224,39 @@ TEST_F(SqliteFault, AUriForReadingIsNotWritten) {
     const auto rules = session.records();
     rules->setField(u"Name", u"mine");
     EXPECT_EQ(refusalOf([&] { rules->update(); }).code, SQLITE_READONLY);
+}
+
+TEST_F(SqliteFault, AFileThatWasMovedReplacedOrRemovedIsNotWrittenUntilItIsBack) {
+    makeRules();
+    SqliteSession session(name());
+    const std::u16string why =
+        u"The database file " + name() +
+        u" was moved, replaced or removed since it was opened: put it back, or close the window "
+        u"and open it again on the file that is there now.";
+    const auto expectRefused = [&](const std::u16string &outcome, const auto &call) {
+        try {
+            call();
+            ADD_FAILURE() << "it was written";
+        } catch (const Error &error) {
+            EXPECT_EQ(error.number(), sqlite::errorBase + SQLITE_READONLY_DBMOVED);
+            EXPECT_EQ(error.description(), outcome + u" was not stored. " + why);
+        }
+    };
+    const auto rules = session.records();
+    rules->setField(u"Name", u"mine");
+    std::filesystem::rename(path(), path("aside.db"));
+    expectRefused(u"The change of record ID 1", [&] { rules->update(); });
+    write("another file");
+    expectRefused(u"The change of record ID 1", [&] { rules->update(); });
+    expectRefused(u"The removal of record ID 1", [&] { rules->deleteCurrent(); });
+    rules->addNew();
+    expectRefused(u"The new record", [&] { rules->update(); });
+    EXPECT_EQ(std::filesystem::file_size(path()), std::string("another file").size());
+    std::filesystem::rename(path("aside.db"), path());
+    rules->moveFirst();
+    rules->setField(u"Name", u"mine");
+    rules->update();
+    EXPECT_EQ(OtherProgram(path()).valueOf(u"SELECT group_concat(Name) FROM SMS_RULES"), u"mine");
 }
 
 TEST_F(SqliteFault, AFailedWriteStoresNothingAndCanBeRepeated) {
@@ -256,30 +312,48 @@ TEST_F(SqliteFault, ABusyTimeoutMustBeANumber) {
     }
 }
 
-TEST(SqliteError, EveryCodeHasItsNumberASourceAndASentenceWithTheDatabasesName) {
-    for (const int code :
-         {SQLITE_ERROR,    SQLITE_INTERNAL,    SQLITE_PERM,          SQLITE_ABORT,
-          SQLITE_BUSY,     SQLITE_LOCKED,      SQLITE_READONLY,      SQLITE_INTERRUPT,
-          SQLITE_IOERR,    SQLITE_CORRUPT,     SQLITE_FULL,          SQLITE_CANTOPEN,
-          SQLITE_PROTOCOL, SQLITE_SCHEMA,      SQLITE_TOOBIG,        SQLITE_CONSTRAINT,
-          SQLITE_MISMATCH, SQLITE_MISUSE,      SQLITE_AUTH,          SQLITE_RANGE,
-          SQLITE_NOTADB,   SQLITE_IOERR_WRITE, SQLITE_BUSY_SNAPSHOT, SQLITE_CONSTRAINT_UNIQUE}) {
-        const Error error = sqlite::errorOf(code, u"/data/rules.db", u"its own words");
-        EXPECT_EQ(error.number(), sqlite::errorBase + code);
-        EXPECT_TRUE(error.fromDatabase());
-        EXPECT_EQ(error.source(), u"SQLite");
-        EXPECT_NE(error.description().find(u"/data/rules.db"), std::u16string::npos) << code;
-        EXPECT_TRUE(error.description().ends_with(u'.')) << code;
+TEST_F(SqliteFault, ABusyTimeoutHasUpToNineDigits) {
+    makeRules();
+    for (const std::u16string_view timeout : {u"0", u"999999999"}) {
+        SqliteSession session(u"Provider=SQLite;Data Source=" + name() + u";Busy Timeout=" +
+                              std::u16string(timeout));
+        EXPECT_EQ(session.records(u"PRAGMA busy_timeout")->field(u"timeout").text(), timeout);
+    }
+    for (const std::u16string_view timeout : {u"1000000000", u"1/", u"1:", u"+1", u"1 0"}) {
+        EXPECT_EQ(refusalOf([&] {
+                      SqliteSession session(u"Provider=SQLite;Data Source=" + name() +
+                                            u";Busy Timeout=" + std::u16string(timeout));
+                  }).description,
+                  u"The connection string's Busy Timeout must be a whole number of milliseconds.");
     }
 }
 
-TEST(SqliteError, AFullDiskIsSaidToBeFull) {
-    const Error error = sqlite::errorOf(SQLITE_FULL, u"/data/rules.db", u"");
-    EXPECT_NE(error.description().find(u"is full, so nothing was stored"), std::u16string::npos);
-}
-
-TEST(SqliteError, MemoryThatRanOutIsNoRefusalOfTheDatabase) {
-    EXPECT_EQ(sqlite::errorOf(SQLITE_NOMEM, u"x", u"").number(), error_number::outOfMemory);
+TEST_F(SqliteFault, WhatCannotBeOpenedIsSaidToBeMissingAFolderOrForbidden) {
+    EXPECT_EQ(opening().description,
+              u"The database file " + name() +
+                  u" does not exist: correct the path, or create the database with kvexrules init "
+                  u"in a folder that you may write.");
+    const std::u16string folderName = fromUtf8(folder().string());
+    EXPECT_EQ(refusalOf([&] { SqliteSession session(folderName); }).description,
+              u"The database " + folderName + u" is a folder: name a file in it.");
+    EXPECT_EQ(
+        refusalOf([&] { SqliteSession session(u"file:" + name() + u"?mode=rw"); }).description,
+        u"The database file file:" + name() +
+            u"?mode=rw cannot be opened: check that it exists and that you may read and write "
+            u"it and its folder.");
+    write("");
+    EXPECT_EQ(opening().description,
+              u"The file " + name() +
+                  u" is empty: name the server's database file, or create the tables with "
+                  u"kvexrules init.");
+    OtherProgram(path()).run(u"CREATE TABLE OTHER (X)");
+    EXPECT_EQ(refusalOf([&] {
+                  SqliteSession session(name());
+                  static_cast<void>(session.records());
+              }).description,
+              u"The database " + name() +
+                  u" has no table SMS_RULES: name the server's database, or create the tables with "
+                  u"kvexrules init.");
 }
 
 } // namespace kvex::test

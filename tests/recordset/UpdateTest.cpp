@@ -150,6 +150,30 @@ TEST_P(RecordsetConformance, AMoveDiscardsWhatIsPending) {
     EXPECT_EQ(storedName(2), u"second");
 }
 
+TEST_P(RecordsetConformance, AMoveThatFailsDiscardsWhatIsPendingToo) {
+    insertRule(1, u"first");
+    const auto rules = openRules();
+    const auto discards = [&](std::int32_t number, const auto &call) {
+        rules->moveFirst();
+        rules->setField(u"Name", u"changed");
+        EXPECT_EQ(errorNumber(call), number);
+        EXPECT_EQ(name(*rules), u"first");
+        rules->addNew();
+        EXPECT_EQ(errorNumber(call), number);
+        EXPECT_EQ(name(*rules), u"first");
+    };
+    discards(error_number::badArgument, [&] { rules->find(u"ID = x"); });
+    discards(error_number::badArgument, [&] { rules->find(u"ID = 1", -1); });
+    discards(error_number::itemNotFound, [&] { rules->find(u"TITLE = 1"); });
+    rules->moveNext();
+    rules->addNew();
+    EXPECT_EQ(errorNumber([&] { rules->moveNext(); }), error_number::noCurrentRecord);
+    EXPECT_TRUE(rules->eof());
+    rules->update();
+    EXPECT_EQ(database().valueOf(u"SELECT Name FROM SMS_RULES"), u"first");
+    EXPECT_EQ(ruleCount(), u"1");
+}
+
 TEST_P(RecordsetConformance, ARefusedChangeStaysPendingUntilAMove) {
     insertRule(1, u"first");
     insertRule(2, u"second");
