@@ -29,7 +29,7 @@ std::u16string qualified(const OdbcConnection &connection, const TableName &name
 }
 
 std::vector<std::u16string> keyOf(const OdbcConnection &connection, const TableName &name) {
-    // A null pointer leaves a part of the name open; an empty text would not.
+    // ODBC ignores a part that is a null pointer; an empty text matches an empty part only.
     const auto part = [](const std::u16string &text) {
         return text.empty() ? nullptr : wide(text.c_str());
     };

@@ -20,7 +20,7 @@ using recordset::equalIgnoringCase;
 constexpr int defaultTimeout = 15;
 constexpr std::array<std::u16string_view, 2> timeoutKeys{u"Connect Timeout", u"Connection Timeout"};
 
-/// The provider's names of keys, and ODBC's.
+/// The keys of a provider, and their names in ODBC.
 constexpr std::array nativeKeys =
     std::to_array<std::pair<std::u16string_view, std::u16string_view>>(
         {{u"User ID", u"UID"},
@@ -82,7 +82,7 @@ struct ServerAddress {
 
 std::vector<std::u16string> listed(const recordset::ConnectionString &text) {
     std::u16string list = setting(text, u"Server");
-    // PostgreSQL's data sources use this key.
+    // In PostgreSQL's data sources, this key names the server.
     if (list.empty() && !text.has(u"Servername")) {
         list = setting(text, u"Servername");
     }
@@ -125,7 +125,7 @@ std::vector<ServerAddress> serversToTry(const recordset::ConnectionString &text)
     return isPlain ? std::vector<ServerAddress>() : servers;
 }
 
-/// The options that belong into the native text, with the user's own values considered.
+/// The options to add to the native text, after a comparison with the user's own values.
 std::vector<DriverOption> optionsFor(const recordset::ConnectionString &text) {
     std::vector<DriverOption> options =
         kindOf(text).options({.login = loginTimeoutOf(text), .call = timeoutOf(text)});

@@ -57,7 +57,7 @@ std::u16string firstValue(const OdbcConnection &connection, const char16_t *text
 OdbcConnection::OdbcConnection(const recordset::ConnectionString &text)
     : environment_(environment()), connection_(environment_.get(), SQL_HANDLE_ENV),
       server_(ServerKind::of(u"", u"")) {
-    // Some drivers refuse these attributes; they must do without.
+    // A driver that refuses these attributes works without them.
     const auto set = [this](SQLINTEGER attribute, int seconds) {
         SQLSetConnectAttrW(handle(), attribute, number(static_cast<std::uintptr_t>(seconds)),
                            SQL_IS_UINTEGER);

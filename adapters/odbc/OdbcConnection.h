@@ -24,7 +24,7 @@ public:
 
     [[nodiscard]] SQLHANDLE handle() const noexcept { return connection_.get(); }
     [[nodiscard]] const ServerKind &server() const noexcept { return server_; }
-    /// ServerKind::utf8Texts where it applies to the driver and the character set in use.
+    /// ServerKind::utf8Texts when it applies to the driver and the character set in use; else none.
     [[nodiscard]] Utf8Texts utf8Texts() const noexcept { return utf8Texts_; }
     /// SQLGetData reads every column of a row, also a bound one.
     [[nodiscard]] bool readsBoundAgain() const noexcept { return readsBoundAgain_; }

@@ -151,14 +151,14 @@ std::u16string cleaned(std::u16string_view text) {
     return std::u16string(text);
 }
 
-/// The parts of a description before and after the driver's own words.
-struct Told {
+struct Refusal {
     std::int32_t number;
+    /// The parts of the description around the driver's own words.
     std::u16string_view before;
     std::u16string_view after;
 };
 
-Told told(Meaning meaning) {
+Refusal refusalOf(Meaning meaning) {
     switch (meaning) {
     case Meaning::cannotConnect:
         return {refusal::noConnection, u"The database cannot be reached (",
@@ -169,10 +169,10 @@ Told told(Meaning meaning) {
                 u"): close the window, open it again and repeat the change."};
     case Meaning::noDriver:
         return {refusal::noConnection, u"The database's ODBC driver cannot be used (",
-                u"): install it, and name it in the connection string as odbcinst -q -d does."};
+                u"): install it, and give the connection string its name from odbcinst -q -d."};
     case Meaning::noDataSource:
-        return {refusal::noConnection, u"There is no ODBC data source or driver of that name (",
-                u"): name one that odbcinst -q -s or odbcinst -q -d lists."};
+        return {refusal::noConnection, u"There is no ODBC data source or driver with this name (",
+                u"): use one that odbcinst -q -s or odbcinst -q -d lists."};
     case Meaning::wrongUser:
         return {refusal::wrongUser, u"The database refuses this user or password (",
                 u"): correct UID and PWD in the connection string."};
@@ -195,17 +195,18 @@ Told told(Meaning meaning) {
                 u"): change it and try again."};
     case Meaning::locked:
         return {refusal::timeout, u"The record is locked by another program (",
-                u"): wait until that has finished and try again."};
+                u"): wait until it has finished, then try again."};
     case Meaning::lockedOrCutOff:
         // A cluster's node reports the same code in both cases.
-        return {refusal::timeout,
-                u"The record is locked by another program, or the server is cut off from its "
-                u"cluster (",
-                u"): try again, and if that does not help close the window, open it again and "
-                u"repeat the change."};
+        return {
+            refusal::timeout,
+            u"The record is locked by another program, or the server is cut off from its "
+            u"cluster (",
+            u"): try again. If that does not help, close the window, open it again and repeat the "
+            u"change."};
     case Meaning::noAnswer:
         return {refusal::timeout, u"The database did not answer in time (",
-                u"): try again, or give it longer with Connect Timeout=SECONDS."};
+                u"): try again, or allow more time with Connect Timeout=SECONDS."};
     case Meaning::diskFull:
         return {refusal::failed, u"The database's disk is full (",
                 u"), so nothing was stored: free some space there and try again."};
@@ -242,9 +243,9 @@ Error errorOf(const Diagnostic &diagnostic) {
     if (meaning == Meaning::outOfMemory) {
         return Error(error_number::outOfMemory);
     }
-    const Told sentence = told(meaning);
-    return errorWith(sentence.number, std::u16string(sentence.before) + cleaned(diagnostic.text) +
-                                          std::u16string(sentence.after));
+    const Refusal refused = refusalOf(meaning);
+    return errorWith(refused.number, std::u16string(refused.before) + cleaned(diagnostic.text) +
+                                         std::u16string(refused.after));
 }
 
 Error errorWith(std::int32_t number, std::u16string description) {

@@ -11,8 +11,8 @@ namespace {
 
 /// In UTF-16 units: every driver accepts this length for a short text.
 constexpr std::size_t shortText = 4000;
-/// Enough for all statements of the editor: ticks, the order, saves of each kind and the reading
-/// after them.
+/// The editor runs fewer different statements: ticks, the order, each kind of save, and the query
+/// after a save.
 constexpr std::size_t mostPrepared = 8;
 
 bool hasNulCharacter(const ValueView &value) {
@@ -171,7 +171,7 @@ OdbcStatement &PreparedStatements::executedNew(Purpose purpose,
         added.prepare();
         if (purpose == Purpose::reading && added.columnCount() == 0) {
             throw Error(error_number::badArgument,
-                        u"The statement gives no rows: write a query, SELECT.");
+                        u"The statement returns no rows: use a SELECT query.");
         }
         added.execute(statement.parameters);
     } catch (...) {

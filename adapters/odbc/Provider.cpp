@@ -30,7 +30,7 @@ std::u16string outputOf(const std::vector<std::u16string_view> &keyColumns) {
     return list + u' ';
 }
 
-/// The column's own value among `values`; nullptr when the server gives it one.
+/// The value that the statement gives this column; nullptr for none and for Null.
 const Assignment *given(const std::vector<Assignment> &values, std::u16string_view column) {
     const auto found = std::ranges::find(values, column, &Assignment::column);
     return found == values.end() || found->value.isNull() ? nullptr : &*found;
@@ -114,9 +114,10 @@ std::vector<Value> OdbcDriver::insert(std::u16string_view table,
     }
     const bool numbered = server.newKey == NewKey::lastNumber && keyColumns.size() == 1;
     if (key.size() < keyColumns.size() && !numbered) {
-        throw errorWith(refusal::badStatement,
-                        u"This kind of database does not say which key it gives a new record, so "
-                        u"nothing was stored: use another database.");
+        throw errorWith(
+            refusal::badStatement,
+            u"This kind of database does not report the key of a new record, so nothing "
+            u"was stored: use another database.");
     }
     statements_.run(Purpose::writing, insertion, std::mem_fn(&OdbcStatement::rowCount));
     if (key.size() == keyColumns.size()) {
@@ -130,7 +131,7 @@ std::vector<Value> OdbcDriver::insert(std::u16string_view table,
 }
 
 std::vector<Value> OdbcDriver::firstRow(const Statement &statement) {
-    // Not every driver knows before an INSERT runs that it returns a row; only reading checks that.
+    // Purpose::reading asks for a result before the INSERT runs; not every driver knows it then.
     return statements_.run(Purpose::writing, statement, [](const OdbcStatement &command) {
         recordset::RowStore rows;
         deliverResult(command, rows);
@@ -155,7 +156,7 @@ std::u16string OdbcDriver::stillHolds(std::u16string_view column, const ValueVie
 }
 
 std::vector<std::u16string> OdbcDriver::columnsOf(std::u16string_view table) {
-    // A query finds the table as any other statement does; the catalogue may name several.
+    // The catalogue may list several tables of this name; this finds the one that statements use.
     try {
         const OdbcStatement none(connection_,
                                  u"SELECT * FROM " + std::u16string(table) + u" WHERE 1 = 0");

@@ -55,7 +55,8 @@ struct ServerKind {
     /// Replaces the list of values when a row has defaults only.
     std::u16string_view emptyRow = u"DEFAULT VALUES";
 
-    /// The SQL that compares a text column with a parameter, character by character.
+    /// The SQL that compares a text column with a parameter, character by character: the parts
+    /// before and after the column, and the parameter's.
     std::u16string_view beforeColumn{};
     std::u16string_view afterColumn = u" = ";
     std::u16string_view parameter = u"?";

@@ -42,7 +42,7 @@ private:
     SqliteStatement &command(const std::u16string &text);
 
     SqliteConnection connection_;
-    /// The last change: often many changes with the same text follow each other.
+    /// The last change. Many changes with the same text often follow each other.
     std::u16string commandText_;
     std::optional<SqliteStatement> command_;
 };
@@ -51,7 +51,7 @@ void SqliteDriver::query(const Statement &statement, recordset::RowSink &sink) {
     SqliteStatement query(connection_, statement.text);
     if (sqlite3_column_count(query.handle()) == 0) {
         throw Error(error_number::badArgument,
-                    u"The statement gives no rows: write a query, SELECT.");
+                    u"The statement returns no rows: use a SELECT query.");
     }
     query.bind(statement.parameters);
     const int rows = deliverResult(query, sink);

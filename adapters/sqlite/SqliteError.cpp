@@ -46,7 +46,7 @@ std::u16string description(int code, std::u16string_view name, std::u16string_vi
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
         return u"The database " + database +
-               u" is locked by another program: wait until that has finished and try again.";
+               u" is locked by another program: wait until it has finished, then try again.";
     case SQLITE_READONLY:
     case SQLITE_PERM:
     case SQLITE_AUTH:

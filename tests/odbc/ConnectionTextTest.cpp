@@ -87,6 +87,18 @@ TEST(ConnectionText, MariaDbCountsFoundRowsInUtf8AndRefusesWhatDoesNotFit) {
     EXPECT_THAT(text, HasSubstr("STRICT_ALL_TABLES"));
 }
 
+TEST(ConnectionText, MySqlsDriverHasItsOwnNamesForTimeouts) {
+    const std::string text = utf8(u"Driver={MySQL ODBC 8.0 Unicode Driver};Server=h");
+    EXPECT_THAT(text, HasSubstr("OPTION=2;READTIMEOUT=15;WRITETIMEOUT=15;INITSTMT="));
+    EXPECT_THAT(text, Not(HasSubstr("CONN_TIMEOUT")));
+}
+
+TEST(ConnectionText, LongTextsOfPostgreSqlAreCharactersWhateverTheStringSays) {
+    const std::string text = utf8(u"Driver={PostgreSQL Unicode};UnknownsAsLongVarchar=1");
+    EXPECT_THAT(text, HasSubstr(";UnknownsAsLongVarchar=0;"));
+    EXPECT_THAT(text, Not(HasSubstr("UnknownsAsLongVarchar=1")));
+}
+
 TEST(ConnectionText, EachServerOfAListIsTriedByItself) {
     std::vector<std::u16string> texts;
     const auto expect = [&](std::size_t index, const char *server, const char *port) {
