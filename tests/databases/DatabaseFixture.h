@@ -24,7 +24,7 @@ public:
 
     [[nodiscard]] virtual recordset::Provider provider() const = 0;
     [[nodiscard]] virtual std::u16string connectionString() const = 0;
-    /// Connects another user; where there are several servers, to another one.
+    /// For another user, who uses another server where there are several.
     [[nodiscard]] virtual std::u16string otherConnectionString() const {
         return connectionString();
     }

@@ -61,7 +61,7 @@ private:
     std::unique_ptr<DatabaseFixture> database_;
 
 protected:
-    /// Counts the calls of `mine`, and lets them fail.
+    /// Counts the calls of `mine`, and makes them fail on demand.
     WatchedDatabase watched{database_->provider()};
     Editor mine{watched.provider(), database_->connectionString()};
     Editor theirs{database_->provider(), database_->otherConnectionString()};

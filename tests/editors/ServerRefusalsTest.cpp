@@ -18,7 +18,7 @@ namespace refusal = odbc::refusal;
 struct RefusingServer {
     std::string name;
     DatabaseServer &(*server)();
-    /// Makes the database "refusals" read-only for later sessions, and writable again.
+    /// Statements that make the database read-only for later sessions, and writable again.
     std::string closed;
     std::string open;
 };

@@ -65,11 +65,11 @@ public:
     /// The statements logged since the last call, of all databases with a log.
     [[nodiscard]] virtual std::vector<Asked> heard() = 0;
 
-    /// Connects to the server, or to a relay in front of it.
+    /// A connection string for the server, or for a relay in front of it.
     [[nodiscard]] std::string odbcConnectionString(const std::string &database) const;
     [[nodiscard]] std::string odbcConnectionString(const std::string &database,
                                                    std::uint16_t relayPort) const;
-    /// Connects another user.
+    /// A connection string for another user.
     [[nodiscard]] std::string odbcConnectionString(const std::string &database,
                                                    const std::string &name,
                                                    const std::string &itsPassword) const;
