@@ -7,8 +7,8 @@
 #include "adapters/recordset/EqualIgnoringCase.h"
 
 #include <algorithm>
-#include <compare>
 #include <map>
+#include <tuple>
 #include <utility>
 
 namespace kvex::odbc {
@@ -19,7 +19,10 @@ struct TableName {
     std::u16string schema;
     std::u16string table;
 
-    friend auto operator<=>(const TableName &, const TableName &) = default;
+    friend bool operator<(const TableName &left, const TableName &right) {
+        return std::tie(left.catalog, left.schema, left.table) <
+               std::tie(right.catalog, right.schema, right.table);
+    }
 };
 
 std::u16string qualified(const OdbcConnection &connection, const TableName &name) {
