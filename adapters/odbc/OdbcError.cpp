@@ -171,7 +171,7 @@ Refusal refusalOf(Meaning meaning) {
         return {refusal::noConnection, u"The database's ODBC driver cannot be used (",
                 u"): install it, and give the connection string its name from odbcinst -q -d."};
     case Meaning::noDataSource:
-        return {refusal::noConnection, u"No ODBC data source or driver has this name (",
+        return {refusal::noConnection, u"There is no ODBC data source or driver with this name (",
                 u"): use one that odbcinst -q -s or odbcinst -q -d lists."};
     case Meaning::wrongUser:
         return {refusal::wrongUser, u"The database refuses this user or password (",
