@@ -16,10 +16,10 @@ TEST(SqliteError, EachCodeSaysWhatIsWrongAndWhatToDo) {
         {SQLITE_ERROR,
          u"The database D cannot do this: words. Check that its tables are those of the server."},
         {SQLITE_BUSY,
-         u"The database D is locked by another program: wait until that has finished and try "
+         u"The database D is locked by another program: wait until it has finished, then try "
          u"again."},
         {SQLITE_LOCKED,
-         u"The database D is locked by another program: wait until that has finished and try "
+         u"The database D is locked by another program: wait until it has finished, then try "
          u"again."},
         {SQLITE_READONLY, u"The database D is read-only, so nothing was stored: ask for the right "
                           u"to write the file and its folder."},
