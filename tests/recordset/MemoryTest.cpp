@@ -51,6 +51,23 @@ TEST(FailingMemory, ATextThatFoundNoRoomLeavesTheStoreAsItWas) {
     EXPECT_EQ(rows.rowCount(), 2U);
 }
 
+TEST(FailingMemory, AValueThatFoundNoRoomCanBeAddedAgain) {
+    RowStore rows;
+    rows.columns({{u"A", {}, {}, 0}, {u"B", {}, {}, 0}});
+    constexpr std::int64_t count = 300;
+    for (std::int64_t row = 0; row < count; ++row) {
+        for (int number = 0; failsAt(number, [&] { rows.utf8("text"); }); ++number) {
+        }
+        for (int number = 0; failsAt(number, [&] { rows.integer(row); }); ++number) {
+        }
+    }
+    ASSERT_EQ(rows.rowCount(), static_cast<std::size_t>(count));
+    for (std::int64_t row = 0; row < count; ++row) {
+        ASSERT_EQ(rows.value(static_cast<std::size_t>(row), 0).textOrEmpty(), u"text");
+        ASSERT_EQ(rows.value(static_cast<std::size_t>(row), 1).owned(), Value(row));
+    }
+}
+
 TEST(FailingMemory, AnInsertedRowIsNotInsertedAgain) {
     int number = 0;
     for (bool failed = true; failed; ++number) {

@@ -121,6 +121,22 @@ TEST(RowStore, TextsOfEveryLengthStayWhole) {
     }
 }
 
+TEST(RowStore, ManyShortTextsStayWhole) {
+    RowStore rows;
+    rows.columns({{u"A", {}, {}, 0}, {u"B", {}, {}, 0}, {u"C", {}, {}, 0}});
+    constexpr std::size_t count = 3000;
+    for (std::size_t row = 0; row < count; ++row) {
+        rows.utf8("ab");
+        rows.utf8("c");
+        rows.text(u"d");
+    }
+    for (std::size_t row = 0; row < count; ++row) {
+        ASSERT_EQ(rows.value(row, 0).textOrEmpty(), u"ab");
+        ASSERT_EQ(rows.value(row, 1).textOrEmpty(), u"c");
+        ASSERT_EQ(rows.value(row, 2).textOrEmpty(), u"d");
+    }
+}
+
 TEST(RowStore, ATextThatFillsAChunkLeavesTheNextOneWhole) {
     for (std::size_t length = 1000; length < 1100; ++length) {
         RowStore rows;
