@@ -15,9 +15,8 @@ protected:
     void expectRefused(User &user, const std::u16string &message,
                        const std::u16string &focus = u"cmdOK") {
         const std::u16string before = range();
-        utility.messages.clear();
         user.click(u"cmdOK");
-        EXPECT_EQ(utility.messages, (std::vector<Message>{{message, warning}}));
+        expectMessages({{message, warning}});
         EXPECT_TRUE(user.isOpen());
         EXPECT_EQ(user.focused(), focus);
         EXPECT_EQ(range(), before);
@@ -29,7 +28,7 @@ protected:
             user.click(u"cmdOK");
             EXPECT_FALSE(user.isOpen());
         });
-        EXPECT_EQ(utility.messages, std::vector<Message>());
+        expectMessages({});
         EXPECT_EQ(range(), written);
     }
 };

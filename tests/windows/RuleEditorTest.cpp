@@ -115,7 +115,6 @@ TEST_F(RuleEditor, AStoredRuleIsShownOnItsRows) {
         EXPECT_FALSE(session().blnChanged);
         user.press(Key::escape);
     });
-    EXPECT_EQ(utility.logTexts(), Texts());
 }
 
 TEST_F(RuleEditor, ARuleForAllMessagesLocksTheOtherConditions) {
@@ -318,14 +317,26 @@ TEST_F(RuleEditor, TheStringValuesAreShownOnRequest) {
         user.get<CommandButton>(u"cmdShow").onClick();
         user.press(Key::escape);
     });
-    EXPECT_EQ(utility.messages,
-              (std::vector<Message>{
-                  {u"IGNOREServiceMessages : YES\rPEOPLEList : 98;99\rACCOUNTList : 2\r"
-                   u"WORDList : STOP\rDATETIMEList : 20240301 09:00:00,20240331 18:30:00\r"
-                   u"DISTRIBUTIONList : 3\rREPLYText : Hi\rALERTText : Look\rALERTList : 97\r"
-                   u"DELETEMessage : NO\rIGNOREFurtherRules : YES",
-                   48},
-                  {u"<ALL>", 48}}));
+    expectMessages({{u"IGNOREServiceMessages : YES\rPEOPLEList : 98;99\rACCOUNTList : 2\r"
+                     u"WORDList : STOP\rDATETIMEList : 20240301 09:00:00,20240331 18:30:00\r"
+                     u"DISTRIBUTIONList : 3\rREPLYText : Hi\rALERTText : Look\rALERTList : 97\r"
+                     u"DELETEMessage : NO\rIGNOREFurtherRules : YES",
+                     48},
+                    {u"<ALL>", 48}});
+}
+
+TEST_F(RuleEditor, BeginsOnTheFirstRowsWhateverIsTicked) {
+    for (const char *query : {fullQuery, "<ALLMESSAGES>"}) {
+        closeSession();
+        playRule(database.addRule(query, query, fullAction), [](User &user) {
+            for (const auto *list : {conditions, actions}) {
+                EXPECT_EQ(user.get<ListView>(list).selectedRow(), 1);
+            }
+            EXPECT_FALSE(enabled(user, u"cmdEditCondition"));
+            EXPECT_TRUE(enabled(user, u"cmdConfigureAction"));
+            user.press(Key::escape);
+        });
+    }
 }
 
 TEST_F(RuleEditor, AFailureWhileLoadingIsLoggedAndTheWindowStaysOpenAsFarAsItWasFilled) {
@@ -341,7 +352,7 @@ TEST_F(RuleEditor, AFailureWhileLoadingIsLoggedAndTheWindowStaysOpenAsFarAsItWas
         user.click(u"cmdCancel");
     });
     expectLog({u"Sub: Form_Load, Module: frmRuleEdit"});
-    EXPECT_LT(utility.log.at(0).number, 0);
+    EXPECT_LT(logged.at(0).number, 0);
 }
 
 } // namespace

@@ -35,9 +35,8 @@ protected:
     /// OK is refused with this message and the editor stays.
     void expectRefused(User &user, const std::u16string &message) {
         constexpr std::int32_t warning = 48;
-        utility.messages.clear();
         user.click(u"cmdOK");
-        EXPECT_EQ(utility.messages, (std::vector<Message>{{message, warning}}));
+        expectMessages({{message, warning}});
         EXPECT_TRUE(user.isOpen());
     }
     std::vector<std::string> rules() {

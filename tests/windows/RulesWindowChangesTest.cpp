@@ -90,8 +90,40 @@ TEST_P(RulesWindow, RemoveAnsweredYesDeletesTheRowItself) {
         user.click(u"cmdCancel");
     });
     EXPECT_EQ(result, 1);
-    EXPECT_EQ(utility.messages, std::vector{removeQuestion});
-    expectLog({});
+    expectMessages({removeQuestion});
+}
+
+/// A name that is taken leaves the record set on the rule that has it.
+TEST_P(RulesWindow, RemoveAndModifyFindTheirRuleWhereverTheRecordSetStands) {
+    addThree();
+    playRules([this](User &user) {
+        const auto refuseName = [this](User &editor) {
+            editor.tickRow(u"lvwRuleActions", 5);
+            editor.focusOn(u"txtRuleName");
+            editor.press(Key::selectAll);
+            editor.type(u"A");
+            editor.click(u"cmdOK");
+            expectMessages(
+                {{u"A Rule already exists in this name, please select a different name.", 48}});
+            EXPECT_EQ(session().rsRules->field(u"Name").text(), u"A");
+            editor.press(Key::escape);
+        };
+        user.clickRow(u"lvwRules", 2);
+        whenShown(u"frmRuleEdit", refuseName);
+        user.click(u"cmdModify");
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"B", u"C"}));
+        whenShown(u"frmRuleEdit", [&](User &editor) {
+            editor.tickRow(u"lvwRuleConditions", 6);
+            refuseName(editor);
+        });
+        user.click(u"cmdNew");
+        utility.answers = {6};
+        user.click(u"cmdRemove");
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"C"}));
+        user.click(u"cmdCancel");
+    });
+    expectMessages({removeQuestion});
+    EXPECT_EQ(storedOrder(), (std::vector<std::string>{"A|1", "C|3"}));
 }
 
 TEST_P(RulesWindow, RemoveAnsweredNoEndsWithALoggedErrorAndNoVisibleChange) {
@@ -105,8 +137,9 @@ TEST_P(RulesWindow, RemoveAnsweredNoEndsWithALoggedErrorAndNoVisibleChange) {
         EXPECT_EQ(ruleState().strRuleName, u"B");
         user.click(u"cmdCancel");
     });
+    expectMessages({removeQuestion});
     expectLog({u"Sub: cmdRemove_Click, Module: frmRules"});
-    EXPECT_EQ(utility.log.at(0).number, error_number::indexOutOfBounds);
+    EXPECT_EQ(logged.at(0).number, error_number::indexOutOfBounds);
 }
 
 TEST_P(RulesWindow, RemovingTheLastOfSeveralRulesIsLoggedAndSelectsNone) {
@@ -120,6 +153,7 @@ TEST_P(RulesWindow, RemovingTheLastOfSeveralRulesIsLoggedAndSelectsNone) {
         EXPECT_EQ(description(user), appliedToAll);
         user.click(u"cmdCancel");
     });
+    expectMessages({removeQuestion});
     expectLog({u"Sub: cmdRemove_Click, Module: frmRules"});
 }
 
@@ -140,7 +174,7 @@ TEST_P(RulesWindow, RemovingTheOnlyRuleClearsTheDescription) {
         EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"New Rule #1"}));
         user.click(u"cmdOK");
     });
-    expectLog({});
+    expectMessages({removeQuestion});
     EXPECT_EQ(database.rows("SELECT Name FROM SMS_RULES"),
               (std::vector<std::string>{"New Rule #1"}));
     EXPECT_GT(std::stoll(idOf("New Rule #1")), removed);
@@ -156,8 +190,9 @@ TEST_P(RulesWindow, RemovingARuleThatAnotherRemovedIsLoggedAndItsRowStays) {
         EXPECT_EQ(list(user).rowCount(), 3);
         user.click(u"cmdCancel");
     });
+    expectMessages({removeQuestion});
     expectLog({u"Sub: cmdRemove_Click, Module: frmRules"});
-    EXPECT_LT(utility.log.at(0).number, 0);
+    EXPECT_LT(logged.at(0).number, 0);
 }
 
 TEST_P(RulesWindow, RulesWithNamesOfEveryScriptAreOrderedSwitchedAndRemoved) {
@@ -176,7 +211,7 @@ TEST_P(RulesWindow, RulesWithNamesOfEveryScriptAreOrderedSwitchedAndRemoved) {
         EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"\U0001F4F1", u"\U0001F319 रात"}));
         user.click(u"cmdOK");
     });
-    expectLog({});
+    expectMessages({removeQuestion});
     EXPECT_EQ(database.rows("SELECT Name, PRIORITY, ACTIVE FROM SMS_RULES ORDER BY PRIORITY"),
               (std::vector<std::string>{"\xF0\x9F\x93\xB1|1|1", "\xF0\x9F\x8C\x99 रात|2|0"}));
 }
