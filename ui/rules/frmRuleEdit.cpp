@@ -60,7 +60,6 @@ frmRuleEdit::frmRuleEdit()
 
 void frmRuleEdit::Form_Load() {
     trapErrors(u"Form_Load", module, [&] {
-        loadedName_.clear();
         if (trimmed(RuleID).empty()) {
             prepareNewRule();
         } else {
