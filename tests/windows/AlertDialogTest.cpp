@@ -155,7 +155,8 @@ TEST_F(AlertDialog, OneAccountAtMostIsTicked) {
 }
 
 TEST_F(AlertDialog, OkAsksForTextAccountAndRecipientsInThisOrder) {
-    play([](User &user) {
+    play([this](User &user) {
+        utility.onMessage = [&user] { EXPECT_EQ(user.focused(), u"cmdOK"); };
         typeInto(user, text, u"  ");
         confirm(user);
         EXPECT_EQ(user.focused(), text);

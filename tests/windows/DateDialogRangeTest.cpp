@@ -149,6 +149,18 @@ TEST_F(DateDialogRange, ANewRangeCoversWholeDays) {
         u"20040514 00:00:00,20040514 23:59:59");
 }
 
+TEST_F(DateDialogRange, ATimeEmptiedAfterARefusalIsWrittenAsNothing) {
+    playDialog(u"", [this](User &user) {
+        pick(user, start, {2004, 5, 14}, {8, 30, 0});
+        pick(user, end, {2004, 5, 14}, {8, 29, 59});
+        expectRefused(user, timesOnOneDay, u"ToTime");
+        user.tickPicker(u"FromTime", false);
+        user.tickPicker(u"ToTime", false);
+        user.click(u"cmdOK");
+    });
+    EXPECT_EQ(range(), u"20040514 ,20040514 ");
+}
+
 TEST_F(DateDialogRange, AnEmptyTimeIsWrittenAsNothing) {
     const auto withoutTimes = [](Date to, const std::vector<const char16_t *> &empty) {
         return [=](User &user) {

@@ -153,6 +153,7 @@ TEST_F(DistributionDialog, WithoutAnyUserTheLoadFailsInTheSameWay) {
         cancel(user);
     });
     expectLog({u"Sub: Form_Load, Module: frmRuleDistribute"});
+    EXPECT_EQ(logged.at(0).number, error_number::indexOutOfBounds);
 }
 
 TEST_F(DistributionDialog, SelectCopiesTheCurrentUserBehindTheOthers) {

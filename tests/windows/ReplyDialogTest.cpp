@@ -143,7 +143,8 @@ TEST_F(ReplyDialog, AnAccountTickedTwiceIsUntickedAndKeepsItsSelection) {
 
 TEST_F(ReplyDialog, WithoutATickedAccountOkRefusesAndLeadsToTheAccounts) {
     storeRule("<REPLY>Received;5</REPLY>");
-    play([](User &user) {
+    play([this](User &user) {
+        utility.onMessage = [&user] { EXPECT_EQ(user.focused(), u"cmdOK"); };
         user.tickRow(accounts, 2);
         confirm(user);
         EXPECT_TRUE(user.isOpen());

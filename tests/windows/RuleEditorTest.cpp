@@ -1,4 +1,5 @@
 #include "tests/support/ComponentTest.h"
+#include "ui/rules/frmRuleEdit.h"
 
 namespace kvex::test {
 namespace {
@@ -323,6 +324,45 @@ TEST_F(RuleEditor, TheStringValuesAreShownOnRequest) {
                      u"DELETEMessage : NO\rIGNOREFurtherRules : YES",
                      48},
                     {u"<ALL>", 48}});
+}
+
+TEST_F(RuleEditor, AnIdOfBlanksIsANewRule) {
+    openSession();
+    whenShown(u"frmRuleEdit", [](User &user) {
+        EXPECT_EQ(user.window().caption(), u"New Rule");
+        EXPECT_EQ(name(user), u"New Rule #1");
+        user.press(Key::escape);
+    });
+    frmRuleEdit editor;
+    editor.RuleID = u"  ";
+    editor.Show();
+}
+
+/// Where no user can press them: on a row without a dialog, and without a row.
+TEST_F(RuleEditor, TheDialogButtonsOfOtherRowsOnlyDescribeTheRule) {
+    playNewRule([](User &user) {
+        const auto press = [&](const char16_t *list, int row, const char16_t *button) {
+            if (row == 0) {
+                user.get<ListView>(list).deselect(user.get<ListView>(list).selectedRow());
+            } else {
+                user.get<ListView>(list).select(row);
+            }
+            ruleState().blnAllMessages = true;
+            user.get<CommandButton>(button).onClick();
+            EXPECT_EQ(description(user),
+                      u"Apply this Rule after the message arrives\r\nFor ALL Messages");
+            ruleState().blnAllMessages = false;
+            user.get<CommandButton>(button).onClick();
+            EXPECT_EQ(description(user), u"Apply this Rule after the message arrives");
+        };
+        for (const int row : {1, 6, 0}) {
+            press(conditions, row, u"cmdEditCondition");
+        }
+        for (const int row : {4, 5, 0}) {
+            press(actions, row, u"cmdConfigureAction");
+        }
+        user.press(Key::escape);
+    });
 }
 
 TEST_F(RuleEditor, BeginsOnTheFirstRowsWhateverIsTicked) {

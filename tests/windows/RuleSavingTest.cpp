@@ -18,8 +18,7 @@ TEST_P(RuleSaving, TheChecksRunInTheirOrder) {
         for (const int row : {1, 2, 3}) {
             user.tickRow(actions, row);
         }
-        expectRefused(user, u"Type a name for this Rule.");
-        EXPECT_EQ(user.focused(), u"txtRuleName");
+        expectRefused(user, u"Type a name for this Rule.", u"txtRuleName");
         user.type(u"Rule");
         RuleState &rule = ruleState();
         expectRefused(user, u"Insufficient information. Please select the People for this rule.");
@@ -75,7 +74,7 @@ TEST_P(RuleSaving, ANameOfBlanksIsNoName) {
     playNewRule([this](User &user) {
         completeRule(user);
         name(user, u"   ");
-        expectRefused(user, u"Type a name for this Rule.");
+        expectRefused(user, u"Type a name for this Rule.", u"txtRuleName");
         user.press(Key::escape);
     });
     EXPECT_EQ(rules(), std::vector<std::string>());
@@ -136,8 +135,8 @@ TEST_P(RuleSaving, TheNameOfAnotherRuleIsRefusedWhateverItsCase) {
         for (const char16_t *taken : {u"Boss sms", u"BOSS SMS ", u"boss Sms"}) {
             name(user, taken);
             expectRefused(user,
-                          u"A Rule already exists in this name, please select a different name.");
-            EXPECT_EQ(user.focused(), u"txtRuleName");
+                          u"A Rule already exists in this name, please select a different name.",
+                          u"txtRuleName");
         }
         user.press(Key::escape);
     });
@@ -150,9 +149,11 @@ TEST_P(RuleSaving, NamesInOtherScriptsAreComparedWithoutCaseToo) {
     playNewRule([this](User &user) {
         completeRule(user);
         name(user, u"ärger STRAßE");
-        expectRefused(user, u"A Rule already exists in this name, please select a different name.");
+        expectRefused(user, u"A Rule already exists in this name, please select a different name.",
+                      u"txtRuleName");
         name(user, u"नियम");
-        expectRefused(user, u"A Rule already exists in this name, please select a different name.");
+        expectRefused(user, u"A Rule already exists in this name, please select a different name.",
+                      u"txtRuleName");
         name(user, u"ärger STRASSE");
         user.click(u"cmdOK");
         EXPECT_FALSE(user.isOpen());
@@ -172,7 +173,8 @@ TEST_P(RuleSaving, AChangeOfCaseAloneFindsTheRuleItself) {
     const auto id = database.addRule("Mine", "<ALLMESSAGES>", "<DELETE>YES</DELETE>");
     playRule(id, [this](User &user) {
         name(user, u"MINE");
-        expectRefused(user, u"A Rule already exists in this name, please select a different name.");
+        expectRefused(user, u"A Rule already exists in this name, please select a different name.",
+                      u"txtRuleName");
         user.press(Key::escape);
     });
 }
@@ -217,8 +219,8 @@ TEST_P(RuleSaving, AConditionStringOf5000CharactersIsSavedAndOneMoreRefused) {
         user.tickRow(conditions, 2);
         user.tickRow(actions, 5);
         ruleState().strPeople.assign(5001 - overhead, u'9');
-        expectRefused(user, u"Length of Condition parameter cannot exceed 5000 characters.");
-        EXPECT_EQ(user.focused(), u"rtRuleDesc");
+        expectRefused(user, u"Length of Condition parameter cannot exceed 5000 characters.",
+                      u"rtRuleDesc");
         ruleState().strPeople.pop_back();
         user.click(u"cmdOK");
     });
@@ -234,8 +236,8 @@ TEST_P(RuleSaving, AnActionStringOf2500CharactersIsSavedAndOneMoreRefused) {
         user.tickRow(actions, 2);
         ruleState().strReplyAccount = u"2";
         ruleState().strReplyText.assign(2501 - overhead, u'x');
-        expectRefused(user, u"Length of Action parameter cannot exceed 2500 characters.");
-        EXPECT_EQ(user.focused(), u"rtRuleDesc");
+        expectRefused(user, u"Length of Action parameter cannot exceed 2500 characters.",
+                      u"rtRuleDesc");
         ruleState().strReplyText.pop_back();
         user.click(u"cmdOK");
     });
@@ -249,7 +251,8 @@ TEST_P(RuleSaving, LengthsCountUtf16Units) {
         for (int i = 0; i < 2490; ++i) {
             ruleState().strWords += u"\U0001F4F1";
         }
-        expectRefused(user, u"Length of Condition parameter cannot exceed 5000 characters.");
+        expectRefused(user, u"Length of Condition parameter cannot exceed 5000 characters.",
+                      u"rtRuleDesc");
         user.press(Key::escape);
     });
 }

@@ -39,6 +39,28 @@ TEST_P(RulesWindow, NewAndASaveListAllRulesAgainAndSelectTheFirst) {
     EXPECT_EQ(storedOrder(), (std::vector<std::string>{newName + "|1", "A|2", "B|3", "C|4"}));
 }
 
+TEST_P(RulesWindow, ModifyLoadsTheSelectedRuleAnew) {
+    addThree();
+    database.execute("UPDATE SMS_RULES SET ACTIVE = 0 WHERE Name = 'B'");
+    playRules([this](User &user) {
+        user.clickRow(u"lvwRules", 2);
+        whenShown(u"frmRuleEdit", [](User &editor) {
+            editor.tickRow(u"lvwRuleConditions", 1);
+            editor.click(u"cmdCancel");
+        });
+        user.click(u"cmdNew");
+        whenShown(u"frmRuleEdit", [&user](User &editor) {
+            EXPECT_EQ(editor.get<TextBox>(u"txtRuleName").text(), u"B");
+            EXPECT_EQ(ruleState().intRuleActive, 0);
+            EXPECT_EQ(description(editor), disabledForAll);
+            EXPECT_EQ(description(user), disabledForAll);
+            editor.click(u"cmdCancel");
+        });
+        user.click(u"cmdModify");
+        user.click(u"cmdCancel");
+    });
+}
+
 TEST_P(RulesWindow, ModifyShowsTheNewNameAndLeavesPlaceAndTickAlone) {
     addThree();
     const std::string id = idOf("B");

@@ -99,6 +99,32 @@ TEST_P(RulesWindow, ARuleThatDoesNotExistIsLoggedAndTheWindowStays) {
     EXPECT_EQ(logged.at(0).number, error_number::elementNotFound);
 }
 
+/// Such a session never goes back to the first record, which only a first rule gets away with.
+TEST_P(RulesWindow, ASessionThatBeganEmptyListsFromWhereTheRecordSetStands) {
+    const auto saveAs = [](const std::u16string &name) {
+        return [name](User &editor) {
+            editor.tickRow(u"lvwRuleConditions", 6);
+            editor.tickRow(u"lvwRuleActions", 5);
+            editor.focusOn(u"txtRuleName");
+            editor.press(Key::selectAll);
+            editor.type(name);
+            editor.click(u"cmdOK");
+        };
+    };
+    whenShown(u"frmRuleEdit", saveAs(u"A"));
+    whenShown(u"frmRules", [&](User &user) {
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A"}));
+        EXPECT_EQ(list(user).selectedRow(), 1);
+        EXPECT_EQ(ruleState().strRuleName, u"A");
+        whenShown(u"frmRuleEdit", saveAs(u"B"));
+        user.click(u"cmdNew");
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"B"}));
+        EXPECT_EQ(list(user).selectedRow(), 1);
+        user.click(u"cmdCancel");
+    });
+    showRules(u"");
+}
+
 TEST_P(RulesWindow, TickingStoresAtOnceAndCancelKeepsIt) {
     addThree();
     const std::int32_t result = playRules([this](User &user) {
@@ -146,6 +172,8 @@ TEST_P(RulesWindow, ARowThatCannotBeReadEndsTheListWithoutAHalfRow) {
     database.execute("UPDATE SMS_RULES SET ACTIVE = NULL WHERE Name = 'B'");
     playRules([](User &user) {
         EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A"}));
+        EXPECT_EQ(list(user).selectedRow(), 0);
+        EXPECT_EQ(description(user), u"Apply this Rule after the message arrives");
         user.click(u"cmdCancel");
     });
     // The list is filled at the start, and again since it differs from the record set after the
