@@ -5,6 +5,7 @@
 #include "platform/controls/ListView.h"
 #include "platform/controls/Toolkit.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -12,11 +13,11 @@
 
 namespace kvex::test {
 
-/// What a list view is told to do fails with automationError.
+/// Which list fails, and in which of its calls: these then fail with automationError.
 struct Breakage {
     enum class What { nothing, ticking, everything };
     What what = What::nothing;
-    /// The list that breaks, in whatever window is shown.
+    /// By its name, in whatever window is shown.
     std::u16string list = {};
 
     void meet(What met) const {

@@ -47,8 +47,8 @@ private:
 };
 
 /// Every test begins without a session and with a cleared rule; it ends with its play whole: no
-/// unexpected window, none left open, no script unplayed, no error that left a handler, and
-/// nothing logged, told or reported to the user that it did not expect.
+/// unexpected window, none left open, no script unplayed, no error that left a handler. Nothing
+/// was logged, shown in a message box or reported that the test did not expect.
 class ComponentTest : public testing::Test {
 protected:
     explicit ComponentTest(const DatabaseKind &kind = sqliteMemory());

@@ -99,7 +99,7 @@ TEST_P(RulesWindow, ARuleThatDoesNotExistIsLoggedAndTheWindowStays) {
     EXPECT_EQ(logged.at(0).number, error_number::elementNotFound);
 }
 
-/// Such a session never goes back to the first record, which only a first rule gets away with.
+/// The list begins where the record set stands: of two new rules on the second.
 TEST_P(RulesWindow, ASessionThatBeganEmptyListsFromWhereTheRecordSetStands) {
     const auto saveAs = [](const std::u16string &name) {
         return [name](User &editor) {
