@@ -53,7 +53,6 @@ void EntryList::removeSelected() {
         return;
     }
     if (list_.selectedRow() <= headings_) {
-        list_.deselect(list_.selectedRow());
         list_.select(firstEntry());
     }
     list_.removeRow(list_.selectedRow());

@@ -1,5 +1,6 @@
 #include "adapters/headless/HeadlessToolkit.h"
 
+#include "adapters/controls/DesignCheck.h"
 #include "adapters/headless/HeadlessWindow.h"
 #include "adapters/headless/User.h"
 #include "platform/Text.h"
@@ -23,6 +24,7 @@ void HeadlessToolkit::answerNext(std::int32_t result) {
 }
 
 std::unique_ptr<Window> HeadlessToolkit::createWindow(const WindowDesign &design) {
+    controls::checkDesign(design);
     return std::make_unique<HeadlessWindow>(*this, design);
 }
 

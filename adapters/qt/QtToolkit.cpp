@@ -1,5 +1,6 @@
 #include "adapters/qt/QtToolkit.h"
 
+#include "adapters/controls/DesignCheck.h"
 #include "adapters/qt/MessageBox.h"
 #include "adapters/qt/QText.h"
 #include "adapters/qt/QtApplication.h"
@@ -21,6 +22,7 @@ std::u16string QtClipboard::text() const {
 
 std::unique_ptr<Window> QtToolkit::createWindow(const WindowDesign &design) {
     requireApplication();
+    controls::checkDesign(design);
     return std::make_unique<QtWindow>(design);
 }
 

@@ -25,7 +25,9 @@ public:
     virtual ~Toolkit() = default;
 
     /// Builds the window, not yet shown. The design is not kept. Fails with cannotCreateObject
-    /// where no window can be shown (no display, or another thread owns the windows).
+    /// where no window can be shown (no display, or another thread owns the windows), and with
+    /// invalidCall for a design that contradicts itself (a visible control without a place, a
+    /// name used twice, a buddy that does not exist).
     [[nodiscard]] virtual std::unique_ptr<Window> createWindow(const WindowDesign &design) = 0;
     /// Shows `text` over the active window until it is answered: `ok` for style 48, `yes` or
     /// `no` for style 4 (Esc and the frame answer `no`). Fails as createWindow does.

@@ -75,8 +75,8 @@ struct ControlDesign {
     int lines = 0;
 };
 
-/// A piece of a layout: a control by its name, or a box of pieces. What no layout names is not
-/// laid out; a control that is not visible takes no room.
+/// A piece of a layout: a control by its name, or a box of pieces. A layout names every visible
+/// control once. A control that is not visible takes no room; without a place it is never shown.
 struct Layout {
     enum class Kind { control, row, column, spring };
     Kind kind = Kind::spring;

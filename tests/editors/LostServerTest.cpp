@@ -138,6 +138,24 @@ TEST_P(Editors, ARuleThatWasStoredButNotReadAgainIsStoredOnceHoweverOftenOkIsPre
     EXPECT_EQ(stored(u"Name", u"Second b"), u"Second b");
 }
 
+TEST_P(Editors, ARuleThatWasStoredButNotReadAgainHasItsNameForItself) {
+    addRule(u"A");
+    mine.inRulesWindow([this](User &user) {
+        mine.toolkit.whenShown(u"frmRuleEdit", [this](User &editor) {
+            completeRule(editor);
+            rename(editor, u"Mine");
+            watched.refuseAfter(1, -5);
+            editor.click(u"cmdOK");
+            mine.expectTold({saveFailed}, -5, u"could not be read again. The server refused");
+            editor.click(u"cmdOK");
+            EXPECT_FALSE(editor.isOpen());
+        });
+        user.click(u"cmdNew");
+        user.click(u"cmdCancel");
+    });
+    EXPECT_EQ(ruleCount(), u"2");
+}
+
 TEST_P(Editors, WithoutAServerARemovalIsToldAndTheRowStays) {
     addThree();
     mine.inRulesWindow([this](User &user) {

@@ -137,7 +137,6 @@ TEST_F(RuleDescription, AnEmptyListIsEmptyWithoutAnError) {
     EXPECT_EQ(BuildDistributionList(), u"");
     EXPECT_EQ(BuildAlertList(), u"");
     EXPECT_EQ(BuildDateTimeList(), u"");
-    expectLog({});
 }
 
 TEST_F(RuleDescription, AnIdThatIsNoNumberEndsItsListWithoutADanglingSeparator) {
@@ -150,8 +149,8 @@ TEST_F(RuleDescription, AnIdThatIsNoNumberEndsItsListWithoutADanglingSeparator) 
     expectLog({u"Sub: BuildAccountList, Module: General",
                u"Sub: BuildDistributionList, Module: General",
                u"Sub: BuildAccountList, Module: General"});
-    EXPECT_EQ(utility.log.at(0).number, error_number::typeMismatch);
-    EXPECT_EQ(utility.log.at(2).number, error_number::overflow);
+    EXPECT_EQ(logged.at(0).number, error_number::typeMismatch);
+    EXPECT_EQ(logged.at(2).number, error_number::overflow);
 }
 
 TEST_F(RuleDescription, AListThatFailsEndsItsOwnLineOnly) {
@@ -166,7 +165,6 @@ TEST_F(RuleDescription, AnAccountThatIsGoneShowsAnEmptyName) {
     rule.strReplyText = u"Hi";
     rule.strReplyAccount = u"99";
     EXPECT_EQ(described(), head + u"\r\nThen send Reply 'Hi' to the Sender through Account ''");
-    expectLog({});
 }
 
 TEST_F(RuleDescription, AReplyAccountThatIsNoNumberStopsTheDescription) {
@@ -193,7 +191,6 @@ TEST_F(RuleDescription, ADateMustExist) {
                                 u"00000101 09:00:00,20240331 18:30:00",
                                 u"+2240301 09:00:00,20240331 18:30:00"};
     for (const auto *const range : ranges) {
-        utility.log.clear();
         rule.strDateTime = range;
         EXPECT_EQ(BuildDateTimeList(), u"") << utf8(range);
         expectLog({u"Sub: BuildDateTimeList, Module: General"});

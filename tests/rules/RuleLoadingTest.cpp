@@ -38,7 +38,6 @@ TEST_F(RuleLoading, AnEmptyIdClearsTheRuleAndMovesNothing) {
     EXPECT_EQ(ruleState().strRuleName, u"");
     EXPECT_EQ(ruleState().strPeople, u"");
     EXPECT_EQ(session().rsRules->field(u"ID").text(), toText(second));
-    expectLog({});
 }
 
 TEST_F(RuleLoading, AllMessagesLeavesServiceMessagesAtNo) {
@@ -87,7 +86,6 @@ TEST_F(RuleLoading, ParametersWithoutValueHoldNoTag) {
     LoadRuleFromDB(toText(id));
     EXPECT_EQ(ruleState().strRuleName, u"Rule");
     EXPECT_FALSE(ruleState().blnAllMessages);
-    expectLog({});
 }
 
 TEST_F(RuleLoading, AnUnknownIdIsLoggedAndLeavesTheRuleCleared) {
@@ -97,14 +95,14 @@ TEST_F(RuleLoading, AnUnknownIdIsLoggedAndLeavesTheRuleCleared) {
     EXPECT_EQ(ruleState().strRuleName, u"");
     EXPECT_FALSE(ruleState().blnAllMessages);
     expectLog({loadFailed});
-    EXPECT_EQ(utility.log.at(0).number, error_number::noCurrentRecord);
+    EXPECT_EQ(logged.at(0).number, error_number::noCurrentRecord);
 }
 
 TEST_F(RuleLoading, AnIdThatIsNoNumberIsLogged) {
     load("<ALLMESSAGES>");
     LoadRuleFromDB(u"abc");
     expectLog({loadFailed});
-    EXPECT_EQ(utility.log.at(0).number, error_number::badArgument);
+    EXPECT_EQ(logged.at(0).number, error_number::badArgument);
 }
 
 TEST_F(RuleLoading, ANameWithoutValueIsLogged) {
@@ -113,7 +111,7 @@ TEST_F(RuleLoading, ANameWithoutValueIsLogged) {
     openSession();
     LoadRuleFromDB(toText(id));
     expectLog({loadFailed});
-    EXPECT_EQ(utility.log.at(0).number, error_number::invalidUseOfNull);
+    EXPECT_EQ(logged.at(0).number, error_number::invalidUseOfNull);
     EXPECT_FALSE(ruleState().blnAllMessages);
 }
 
@@ -123,14 +121,14 @@ TEST_F(RuleLoading, ActiveWithoutValueIsLoggedBehindTheName) {
     openSession();
     LoadRuleFromDB(toText(id));
     expectLog({loadFailed});
-    EXPECT_EQ(utility.log.at(0).number, error_number::invalidUseOfNull);
+    EXPECT_EQ(logged.at(0).number, error_number::invalidUseOfNull);
     EXPECT_EQ(ruleState().strRuleName, u"Rule");
 }
 
 TEST_F(RuleLoading, AnOpeningTagAloneIsLoggedAndWhatWasReadBeforeStays) {
     load("<PEOPLE><CON><ANY>1</PEOPLE><WORD><CON><ANY>STOP", "<DELETE>YES</DELETE>");
     expectLog({loadFailed});
-    EXPECT_EQ(utility.log.at(0).number, error_number::invalidCall);
+    EXPECT_EQ(logged.at(0).number, error_number::invalidCall);
     EXPECT_EQ(ruleState().strPeople, u"1");
     EXPECT_EQ(ruleState().strWords, u"");
     EXPECT_EQ(ruleState().varDelete, u"NO");
@@ -139,7 +137,7 @@ TEST_F(RuleLoading, AnOpeningTagAloneIsLoggedAndWhatWasReadBeforeStays) {
 TEST_F(RuleLoading, AFieldLongerThanSixteenBitsAddressIsLogged) {
     load("<PEOPLE><CON><ANY>" + std::string(40000, '9') + "</PEOPLE>");
     expectLog({loadFailed});
-    EXPECT_EQ(utility.log.at(0).number, error_number::overflow);
+    EXPECT_EQ(logged.at(0).number, error_number::overflow);
 }
 
 TEST_F(RuleLoading, TheCommandMarkOutlivesALoadWithoutWords) {
@@ -166,7 +164,7 @@ TEST_F(RuleLoading, BeforeTheSessionIsOpenItIsLogged) {
     createRuleUI();
     LoadRuleFromDB(u"1");
     expectLog({loadFailed});
-    EXPECT_EQ(utility.log.at(0).number, error_number::objectClosed);
+    EXPECT_EQ(logged.at(0).number, error_number::objectClosed);
 }
 
 } // namespace

@@ -45,6 +45,9 @@ void ComponentTest::TearDown() {
     EXPECT_EQ(toolkit.problems(), std::vector<std::string>());
     EXPECT_EQ(toolkit.pendingScripts(), 0U);
     EXPECT_EQ(toolkit.unhandledErrors().size(), expectedUnhandledErrors);
+    expectLog({});
+    expectMessages({});
+    expectReports({});
 }
 
 RuleUI &ComponentTest::createRuleUI() {
@@ -94,6 +97,15 @@ void ComponentTest::expectLog(const Texts &subsAndModules) {
         expected.push_back(u"KVEXMessageRules: Error occured. " + text);
     }
     EXPECT_EQ(utility.logTexts(), expected);
+    logged = std::exchange(utility.log, {});
+}
+
+void ComponentTest::expectMessages(const std::vector<Message> &messages) {
+    EXPECT_EQ(std::exchange(utility.messages, {}), messages);
+}
+
+void ComponentTest::expectReports(const std::vector<Report> &reports) {
+    EXPECT_EQ(std::exchange(utility.reports, {}), reports);
 }
 
 std::string utf8(std::u16string_view text) {

@@ -15,6 +15,7 @@
 #include <memory>
 #include <ostream>
 #include <utility>
+#include <vector>
 
 namespace kvex::test {
 
@@ -46,7 +47,8 @@ private:
 };
 
 /// Every test begins without a session and with a cleared rule; it ends with its play whole: no
-/// unexpected window, none left open, no script unplayed, no error that left a handler.
+/// unexpected window, none left open, no script unplayed, no error that left a handler. Nothing
+/// was logged, shown in a message box or reported that the test did not expect.
 class ComponentTest : public testing::Test {
 protected:
     explicit ComponentTest(const DatabaseKind &kind = sqliteMemory());
@@ -71,15 +73,19 @@ protected:
     /// The same on a stored rule.
     std::int32_t playRule(std::int64_t id, Script script);
 
-    /// The errors that are logged from here on, in their order, as texts; each is
-    /// "Sub: S, Module: M" behind the fixed beginning.
+    /// What was logged since the last call, in its order; each is "Sub: S, Module: M" behind the
+    /// fixed beginning. The entries move to `logged`.
     void expectLog(const Texts &subsAndModules);
+    /// The message boxes since the last call, and the reports.
+    void expectMessages(const std::vector<Message> &messages);
+    void expectReports(const std::vector<Report> &reports);
 
     TestDatabase database;
     UtilityRecord utility;
     headless::HeadlessToolkit toolkit;
     TestPlatform platform{utility, toolkit, database.provider()};
     std::unique_ptr<RuleUI> ruleUI;
+    std::vector<LogEntry> logged;
     /// What left a handler and was meant to.
     std::size_t expectedUnhandledErrors = 0;
 };

@@ -1,11 +1,13 @@
 // A utility object that records what the component asks of it.
 #pragma once
 
+#include "platform/Text.h"
 #include "platform/Utility.h"
 #include "platform/controls/Toolkit.h"
 
 #include <deque>
 #include <functional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -26,12 +28,18 @@ struct Report {
     std::u16string text;
     bool first, second;
     friend bool operator==(const Report &, const Report &) = default;
+    friend std::ostream &operator<<(std::ostream &out, const Report &report) {
+        return out << toUtf8(report.text);
+    }
 };
 
 struct Message {
     std::u16string text;
     std::int32_t style;
     friend bool operator==(const Message &, const Message &) = default;
+    friend std::ostream &operator<<(std::ostream &out, const Message &message) {
+        return out << '"' << toUtf8(message.text) << "\", style " << message.style;
+    }
 };
 
 /// Outlives the utility object, so that a test can look after a session's end.

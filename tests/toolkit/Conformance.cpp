@@ -19,14 +19,9 @@ void ToolkitConformance::TearDown() {
 
 std::unique_ptr<Window> ToolkitConformance::window(std::vector<ControlDesign> controls,
                                                    std::u16string name) {
-    std::vector<Layout> pieces;
-    for (const ControlDesign &design : controls) {
-        if (design.kind != ControlKind::imageList) {
-            pieces.push_back(place(design.name));
-        }
-    }
+    Layout layout = below(controls);
     return toolkit().createWindow(
-        {std::move(name), u"Test", std::move(controls), column(std::move(pieces))});
+        {std::move(name), u"Test", std::move(controls), std::move(layout)});
 }
 
 } // namespace kvex::test

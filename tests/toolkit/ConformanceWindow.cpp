@@ -31,6 +31,18 @@ TEST_P(ToolkitConformance, WindowFailsToFindAControlOfAnotherNameOrKind) {
               error_number::controlNotFound);
 }
 
+TEST_P(ToolkitConformance, WindowOfADesignThatContradictsItselfIsNotBuilt) {
+    EXPECT_EQ(errorOf([&] {
+                  static_cast<void>(window({control(button, u"cmd"), control(button, u"cmd")}));
+              }),
+              error_number::invalidCall);
+    EXPECT_EQ(errorOf([&] {
+                  static_cast<void>(toolkit().createWindow(
+                      {u"frmTest", u"Test", {control(button, u"cmd")}, spring()}));
+              }),
+              error_number::invalidCall);
+}
+
 TEST_P(ToolkitConformance, WindowCaptionIsTheDesignsUntilSet) {
     const auto shown = window({});
     EXPECT_EQ(shown->caption(), u"Test");

@@ -6,6 +6,8 @@
 
 #include <functional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace kvex::test {
 
@@ -22,6 +24,17 @@ namespace kvex::test {
 [[nodiscard]] inline ControlDesign hidden(ControlDesign design) {
     design.visible = false;
     return design;
+}
+
+/// A layout of all controls, one below the other.
+[[nodiscard]] inline Layout below(const std::vector<ControlDesign> &controls) {
+    std::vector<Layout> pieces;
+    for (const ControlDesign &design : controls) {
+        if (design.kind != ControlKind::imageList) {
+            pieces.push_back(place(design.name));
+        }
+    }
+    return column(std::move(pieces));
 }
 
 /// The number of the Error that `action` throws, 0 for none.

@@ -13,7 +13,9 @@ class HeadlessTest : public testing::Test {
 protected:
     [[nodiscard]] std::unique_ptr<Window> window(std::vector<ControlDesign> controls,
                                                  std::u16string name = u"frmTest") {
-        return toolkit_.createWindow({std::move(name), u"Test", std::move(controls), spring()});
+        Layout layout = test::below(controls);
+        return toolkit_.createWindow(
+            {std::move(name), u"Test", std::move(controls), std::move(layout)});
     }
     void show(Window &window, HeadlessToolkit::Script script) {
         toolkit_.whenShown(u"frmTest", std::move(script));

@@ -44,7 +44,7 @@ TEST_F(HeadlessUser, ActionsThatNobodyCouldTakeAreProblemsAndChangeNothing) {
               hidden(control(ControlKind::commandButton, u"cmdGone")),
               control(ControlKind::label, u"lbl"), control(ControlKind::listView, u"lvw"),
               control(ControlKind::datePicker, u"dtp")},
-             spring()});
+             column({place(u"cmdOff"), place(u"lbl"), place(u"lvw"), place(u"dtp")})});
         shown->get<ListView>(u"lvw").addRow(u"row");
         int events = 0;
         shown->get<CommandButton>(u"cmdOff").onClick = [&] { ++events; };

@@ -78,7 +78,6 @@ TEST_F(AlertRecipients, WhatIsNoNumberIsAddedToo) {
         EXPECT_EQ(user.rows(people), Texts{u"    Control room"});
         cancel(user);
     });
-    EXPECT_EQ(utility.messages, std::vector<Message>());
 }
 
 TEST_F(AlertRecipients, TheSameNumberCanBeAddedTwice) {
@@ -146,7 +145,7 @@ TEST_F(AlertRecipients, AnsweringNoKeepsTheListAndSetsTheChangeFlag) {
         EXPECT_EQ(enabledButtons(user), "RCPO");
         cancel(user);
     });
-    EXPECT_EQ(utility.messages, std::vector<Message>{clearQuestion});
+    expectMessages({clearQuestion});
 }
 
 TEST_F(AlertRecipients, OnlyYesClearsTheList) {
@@ -163,7 +162,7 @@ TEST_F(AlertRecipients, OnlyYesClearsTheList) {
         EXPECT_EQ(typed(user), u"Look");
         cancel(user);
     });
-    EXPECT_EQ(utility.messages, (std::vector<Message>{clearQuestion, clearQuestion}));
+    expectMessages({clearQuestion, clearQuestion});
 }
 
 TEST_F(AlertRecipients, TheAddressBookIsAskedAndItsNumbersAreAdded) {
@@ -186,7 +185,6 @@ TEST_F(AlertRecipients, TheAddressBookIsAskedAndItsNumbersAreAdded) {
         (Texts{u"init |" + database.connectionString() + u"|1|second|/usr/lib/kvex\\KVEX.log",
                u"selectRecipients 1|True", u"selectedItems", u"selectedNumbers", u"released"}));
     EXPECT_EQ(ruleState().strAlertRecipients, u"91;92;Asha;91;92;Asha");
-    EXPECT_EQ(utility.reports, std::vector<Report>());
 }
 
 TEST_F(AlertRecipients, AnAddressBookThatCannotBeLoadedIsReported) {
@@ -198,13 +196,11 @@ TEST_F(AlertRecipients, AnAddressBookThatCannotBeLoadedIsReported) {
         EXPECT_EQ(enabledButtons(user), "");
         cancel(user);
     });
-    EXPECT_EQ(utility.reports,
-              (std::vector<Report>{{u"/usr/lib/kvex\\KVEX.log",
-                                    u"KVEXMessageRules: Could not load AddressBook. Init() failed "
-                                    u"on ManageContacts.",
-                                    true, true}}));
+    expectReports({{u"/usr/lib/kvex\\KVEX.log",
+                    u"KVEXMessageRules: Could not load AddressBook. Init() failed "
+                    u"on ManageContacts.",
+                    true, true}});
     EXPECT_EQ(platform.addressBook.calls.back(), u"released");
-    EXPECT_EQ(utility.messages, std::vector<Message>());
 }
 
 TEST_F(AlertRecipients, ACancelledSelectionIsReportedAndChangesNothing) {
@@ -218,12 +214,10 @@ TEST_F(AlertRecipients, ACancelledSelectionIsReportedAndChangesNothing) {
             EXPECT_EQ(enabledButtons(user), "");
             cancel(user);
         });
-        EXPECT_EQ(utility.reports.back(),
-                  (Report{u"/usr/lib/kvex\\KVEX.log",
-                          u"KVEXMessageRules: Recipient selection failed on ManageContacts.", true,
-                          true}));
+        expectReports(
+            {{u"/usr/lib/kvex\\KVEX.log",
+              u"KVEXMessageRules: Recipient selection failed on ManageContacts.", true, true}});
     }
-    EXPECT_EQ(utility.reports.size(), 3U);
 }
 
 TEST_F(AlertRecipients, ASelectionOfNobodyLeavesTheButtonsButSetsTheChangeFlag) {
@@ -252,7 +246,7 @@ TEST_F(AlertRecipients, AddressBookErrorsAreLoggedUnderTheAlertsOwnModule) {
     });
     const std::u16string entry = u"Sub: cmdAddressBook_Click, Module: frmRuleAlert";
     expectLog({entry, entry, entry});
-    EXPECT_EQ(utility.log.at(1).number, error_number::overflow);
+    EXPECT_EQ(logged.at(1).number, error_number::overflow);
     EXPECT_EQ(platform.addressBook.calls.back(), u"released");
 }
 
@@ -277,6 +271,7 @@ TEST_F(AlertRecipients, FiveThousandRecipientsAreShownWrittenAndCleared) {
         EXPECT_EQ(user.rows(people), Texts());
         cancel(user);
     });
+    expectMessages({clearQuestion});
 }
 
 } // namespace

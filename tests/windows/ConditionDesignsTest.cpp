@@ -1,81 +1,116 @@
-// The designs of the conditions' dialogs: their controls in order, as they are at first.
-#include "tests/support/ComponentTest.h"
+// The designs of the conditions' dialogs, control by control.
+#include "tests/support/DesignTable.h"
 #include "ui/conditions/frmRuleAccountDesign.h"
+#include "ui/conditions/frmRuleDateDesign.h"
 #include "ui/conditions/frmRuleOptionsDesign.h"
 #include "ui/conditions/frmRulePeopleDesign.h"
 #include "ui/conditions/frmRuleWordsDesign.h"
 
-#include <algorithm>
+#include <gtest/gtest.h>
 
 namespace kvex::test {
 namespace {
 
-/// The controls, one a text: name, caption, and in brackets what sets them apart at first.
-Texts described(const WindowDesign &design) {
-    Texts texts;
-    for (const ControlDesign &control : design.controls) {
-        std::u16string text = control.name;
-        text += control.caption.empty() ? u"" : u" " + control.caption;
-        text += control.enabled ? u"" : u" [disabled]";
-        text += control.visible ? u"" : u" [hidden]";
-        text += control.isDefault ? u" [default]" : u"";
-        text += control.isCancel ? u" [cancel]" : u"";
-        text += control.selected ? u" [selected]" : u"";
-        text += control.multiSelect || control.checkBoxes ? u" [many]" : u"";
-        texts.push_back(text);
-    }
-    return texts;
+TEST(ConditionDesigns, People) {
+    expectDesign(frmRulePeopleDesign(), "frmRulePeople", "Select People",
+                 {
+                     R"(frame Frame1)",
+                     R"(button cmdClear "Clear &List" disabled waits="Add a mobile number first")",
+                     R"(button cmdOptions "Op&tions" disabled waits="Add a mobile number first")",
+                     R"(button cmdRemove "&Remove" disabled waits="Add a mobile number first")",
+                     R"(button cmdAddressBook "Address &Book")",
+                     R"(button cmdAdd "&Add" disabled waits="Type a mobile number first" default)",
+                     R"(button cmdOK "&OK" disabled waits="Add a mobile number first")",
+                     R"(button cmdCancel "&Cancel" cancel)",
+                     R"(text txtMobileNo max=20)",
+                     R"(list lvwPeople called="Selected people")",
+                     R"(label Label1 "&People" for="txtMobileNo")",
+                     R"(hint Label4 "Type one mobile number at a time and click Add, or select)"
+                     R"( numbers from the Address Book")",
+                 });
 }
 
-int maxLength(const WindowDesign &design, std::u16string_view name) {
-    const auto &controls = design.controls;
-    return std::ranges::find(controls, name, &ControlDesign::name)->maxLength;
+TEST(ConditionDesigns, Accounts) {
+    expectDesign(frmRuleAccountDesign(), "frmRuleAccount", "Select Accounts",
+                 {
+                     R"(list lvwAccountSource)",
+                     R"(button cmdCancel "&Cancel" cancel)",
+                     R"(button cmdOK "&OK" waits="Add an account first")",
+                     R"(button cmdAdd "&Add" default)",
+                     R"(button cmdRemove "&Remove" waits="Add an account first")",
+                     R"(button cmdOptions "O&ptions" waits="Add an account first")",
+                     R"(button cmdClear "Clear &List" waits="Add an account first")",
+                     R"(frame Frame1)",
+                     R"(list lvwAccountSelected called="Selected Accounts")",
+                     R"(hint Label4 "Select an Account below and click Add")",
+                     R"(label Label1 "&Accounts" for="lvwAccountSource")",
+                 });
 }
 
-TEST(ConditionDesigns, PeopleStandInTheirOrder) {
-    const WindowDesign design = frmRulePeopleDesign();
-    const std::u16string hint = u"Label4 Type one mobile number at a time and click Add, or select "
-                                u"numbers from the Address Book";
-    EXPECT_EQ(described(design),
-              (Texts{u"Frame1", u"cmdClear Clear &List [disabled]",
-                     u"cmdOptions Op&tions [disabled]", u"cmdRemove &Remove [disabled]",
-                     u"cmdAddressBook Address &Book", u"cmdAdd &Add [disabled] [default]",
-                     u"cmdOK &OK [disabled]", u"cmdCancel &Cancel [cancel]", u"txtMobileNo",
-                     u"lvwPeople", u"Label1 &People", hint}));
-    EXPECT_EQ(maxLength(design, u"txtMobileNo"), 20);
+TEST(ConditionDesigns, Words) {
+    expectDesign(frmRuleWordsDesign(), "frmRuleWords", "Select Words",
+                 {
+                     R"-(check chkWordAsCommand "As SMS Command (match from left)")-",
+                     R"(frame Frame1)",
+                     R"(button cmdClear "Clear &List" disabled waits="Add a word first")",
+                     R"(button cmdOptions "O&ptions" disabled waits="Add a word first")",
+                     R"(button cmdRemove "&Remove" disabled waits="Add a word first")",
+                     R"(button cmdAdd "&Add" disabled waits="Type a word or a phrase first")"
+                     R"( default)",
+                     R"(button cmdOK "&OK" disabled waits="Add a word first")",
+                     R"(button cmdCancel "&Cancel" cancel)",
+                     R"(text txtWord max=150)",
+                     R"(list lvwWords called="Selected words")",
+                     R"(label Label1 "&Words" for="txtWord")",
+                     R"(hint Label4 "Type specific words or a phrase and click Add")",
+                 });
 }
 
-TEST(ConditionDesigns, AccountsStandInTheirOrder) {
-    EXPECT_EQ(described(frmRuleAccountDesign()),
-              (Texts{u"lvwAccountSource", u"cmdCancel &Cancel [cancel]", u"cmdOK &OK",
-                     u"cmdAdd &Add [default]", u"cmdRemove &Remove", u"cmdOptions O&ptions",
-                     u"cmdClear Clear &List", u"Frame1", u"lvwAccountSelected",
-                     u"Label4 Select an Account below and click Add", u"Label1 &Accounts"}));
+TEST(ConditionDesigns, Options) {
+    expectDesign(frmRuleOptionsDesign(), "frmRuleOptions", "Rule Condition Options",
+                 {
+                     R"(frame Frame3)",
+                     R"(option opgAllAnyModifier(0) "Message matches all of the words below")"
+                     R"( waits="Any one of the entries is enough here")"
+                     R"( group="opgAllAnyModifier")",
+                     R"(option opgAllAnyModifier(1) "Message matches any of the words below")"
+                     R"( waits="Any one of the entries is enough here")"
+                     R"( group="opgAllAnyModifier" selected)",
+                     R"(frame Frame2)",
+                     R"(option opgConNotmodifier(0) "Message contains the words below")"
+                     R"( waits="Any one of the entries is enough here")"
+                     R"( group="opgConNotmodifier" selected)",
+                     R"(option opgConNotmodifier(1) "Message does not contain the words below")"
+                     R"( waits="Any one of the entries is enough here")"
+                     R"( group="opgConNotmodifier")",
+                     R"(frame Frame1)",
+                     R"(button cmdcancel "&Cancel" cancel)",
+                     R"(button cmdOK "&OK" default)",
+                     R"(list lvwRuleCondition)",
+                     R"(label Label5)",
+                     R"(label Label1 "Rule Condition" for="lvwRuleCondition")",
+                     R"(label Label3)",
+                     R"(label Label2 "Apply Rule if")",
+                     R"(hint Label4 "You can further customize this condition by setting the)"
+                     R"( options below")",
+                 });
 }
 
-TEST(ConditionDesigns, WordsStandInTheirOrder) {
-    const WindowDesign design = frmRuleWordsDesign();
-    EXPECT_EQ(
-        described(design),
-        (Texts{u"chkWordAsCommand As SMS Command (match from left)", u"Frame1",
-               u"cmdClear Clear &List [disabled]", u"cmdOptions O&ptions [disabled]",
-               u"cmdRemove &Remove [disabled]", u"cmdAdd &Add [disabled] [default]",
-               u"cmdOK &OK [disabled]", u"cmdCancel &Cancel [cancel]", u"txtWord", u"lvwWords",
-               u"Label1 &Words", u"Label4 Type specific words or a phrase and click Add"}));
-    EXPECT_EQ(maxLength(design, u"txtWord"), 150);
-}
-
-TEST(ConditionDesigns, OptionsStandInTheirOrder) {
-    const std::u16string hint = u"Label4 You can further customize this condition by setting the "
-                                u"options below";
-    EXPECT_EQ(
-        described(frmRuleOptionsDesign()),
-        (Texts{u"Frame3", u"opgAllAnyModifier(0) Message matches all of the words below",
-               u"opgAllAnyModifier(1) Message matches any of the words below [selected]", u"Frame2",
-               u"opgConNotmodifier(0) Message contains the words below [selected]",
-               u"opgConNotmodifier(1) Message does not contain the words below", u"Frame1",
-               u"cmdcancel &Cancel [cancel]", u"cmdOK &OK [default]", u"lvwRuleCondition",
-               u"Label5", u"Label1 Rule Condition", u"Label3", u"Label2 Apply Rule if", hint}));
+TEST(ConditionDesigns, DateAndTime) {
+    expectDesign(frmRuleDateDesign(), "frmRuleDate", "Select Date/Time Range",
+                 {
+                     R"(frame Frame1)",
+                     R"(label Label1 "Message is received between" for="FromDate")",
+                     R"(date FromDate called="From Date" format="dd/MM/yyy")",
+                     R"(time FromTime waits="Tick the From Date first" called="From Time")"
+                     R"( format="HH:mm:ss")",
+                     R"(label lblTime "and" for="ToDate")",
+                     R"(date ToDate called="To Date" format="dd/MM/yyy")",
+                     R"(time ToTime waits="Tick the To Date first" called="To Time")"
+                     R"( format="HH:mm:ss" hour=23 minute=59 second=59)",
+                     R"(button cmdOK "&OK" default)",
+                     R"(button cmdCancel "&Cancel" cancel)",
+                 });
 }
 
 } // namespace

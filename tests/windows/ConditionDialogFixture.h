@@ -22,6 +22,8 @@ inline constexpr Condition words{4, u"frmRuleWords", u"lvwWords"};
 inline const Texts noButtons;
 inline const Texts allButtons = {u"cmdRemove", u"cmdClear", u"cmdOptions", u"cmdOK"};
 
+inline const Message clearQuestion{u"Are you sure you want to clear the list?", 4};
+
 class ConditionDialog : public ComponentTest {
 protected:
     /// Shows the condition's dialog on this thread's rule, and plays in it.

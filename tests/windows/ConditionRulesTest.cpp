@@ -128,10 +128,8 @@ TEST_F(ConditionRules, ACancelledDialogLeavesTheTickedConditionWithoutItsValues)
         editor.click(u"cmdOK");
         EXPECT_TRUE(editor.isOpen());
     });
-    EXPECT_EQ(
-        utility.messages,
-        (std::vector<Message>{{u"Insufficient information. Please select the People for this rule.",
-                               message_box::exclamation}}));
+    expectMessages({{u"Insufficient information. Please select the People for this rule.",
+                     message_box::exclamation}});
 }
 
 TEST_F(ConditionRules, ADialogLetsTheEditorsFlagStandAndSetsIt) {
@@ -145,6 +143,7 @@ TEST_F(ConditionRules, ADialogLetsTheEditorsFlagStandAndSetsIt) {
         });
         EXPECT_TRUE(session().blnChanged);
     });
+    expectMessages({clearQuestion});
 }
 
 } // namespace

@@ -15,9 +15,8 @@ protected:
     void expectRefused(User &user, const std::u16string &message,
                        const std::u16string &focus = u"cmdOK") {
         const std::u16string before = range();
-        utility.messages.clear();
         user.click(u"cmdOK");
-        EXPECT_EQ(utility.messages, (std::vector<Message>{{message, warning}}));
+        expectMessages({{message, warning}});
         EXPECT_TRUE(user.isOpen());
         EXPECT_EQ(user.focused(), focus);
         EXPECT_EQ(range(), before);
@@ -29,7 +28,7 @@ protected:
             user.click(u"cmdOK");
             EXPECT_FALSE(user.isOpen());
         });
-        EXPECT_EQ(utility.messages, std::vector<Message>());
+        expectMessages({});
         EXPECT_EQ(range(), written);
     }
 };
@@ -148,6 +147,18 @@ TEST_F(DateDialogRange, ANewRangeCoversWholeDays) {
             pick(user, end, {2004, 5, 14});
         },
         u"20040514 00:00:00,20040514 23:59:59");
+}
+
+TEST_F(DateDialogRange, ATimeEmptiedAfterARefusalIsWrittenAsNothing) {
+    playDialog(u"", [this](User &user) {
+        pick(user, start, {2004, 5, 14}, {8, 30, 0});
+        pick(user, end, {2004, 5, 14}, {8, 29, 59});
+        expectRefused(user, timesOnOneDay, u"ToTime");
+        user.tickPicker(u"FromTime", false);
+        user.tickPicker(u"ToTime", false);
+        user.click(u"cmdOK");
+    });
+    EXPECT_EQ(range(), u"20040514 ,20040514 ");
 }
 
 TEST_F(DateDialogRange, AnEmptyTimeIsWrittenAsNothing) {

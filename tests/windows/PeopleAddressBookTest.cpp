@@ -23,7 +23,7 @@ protected:
             }
             user.click(u"cmdCancel");
         });
-        EXPECT_EQ(utility.messages, std::vector<Message>());
+        expectMessages({});
     }
     [[nodiscard]] std::u16string initCall() const {
         return u"init |" + utility.connectionString + u"|1|second|" + session().strLogFile;
@@ -43,7 +43,7 @@ TEST_F(PeopleFromAddressBook, IsAskedWithTheHostsValuesAndReleased) {
     EXPECT_EQ(platform.addressBook.calls,
               (Texts{initCall(), u"selectRecipients 7|True", u"selectedItems", u"selectedNumbers",
                      u"released"}));
-    EXPECT_EQ(utility.reports, std::vector<Report>());
+    expectReports({});
     EXPECT_NE(session().strLogFile, u"");
 }
 
@@ -82,11 +82,8 @@ TEST_F(PeopleFromAddressBook, OneThatCannotBeLoadedIsReported) {
     platform.addressBook.initResult = false;
     choose(u"7", expectUnchanged);
     EXPECT_EQ(platform.addressBook.calls, (Texts{initCall(), u"released"}));
-    EXPECT_EQ(
-        utility.reports,
-        reported(
-            u"KVEXMessageRules: Could not load AddressBook. Init() failed on ManageContacts."));
-    expectLog({});
+    expectReports(reported(
+        u"KVEXMessageRules: Could not load AddressBook. Init() failed on ManageContacts."));
 }
 
 TEST_F(PeopleFromAddressBook, ASelectionThatWasNotMadeIsReported) {
@@ -94,14 +91,11 @@ TEST_F(PeopleFromAddressBook, ASelectionThatWasNotMadeIsReported) {
     for (const std::int32_t code : {0, 2, -1, 32767, -32768}) {
         platform.addressBook.code = code;
         platform.addressBook.calls.clear();
-        utility.reports.clear();
         choose(u"7", expectUnchanged);
         EXPECT_EQ(platform.addressBook.calls,
                   (Texts{initCall(), u"selectRecipients 7|True", u"released"}));
-        EXPECT_EQ(utility.reports,
-                  reported(u"KVEXMessageRules: Recipient selection failed on ManageContacts."));
+        expectReports(reported(u"KVEXMessageRules: Recipient selection failed on ManageContacts."));
     }
-    expectLog({});
 }
 
 TEST_F(PeopleFromAddressBook, ACodeBeyondSixteenBitsIsLoggedUnderTheEditorsName) {
@@ -110,20 +104,18 @@ TEST_F(PeopleFromAddressBook, ACodeBeyondSixteenBitsIsLoggedUnderTheEditorsName)
         choose(u"7", expectUnchanged);
     }
     expectLog({loggedAs, loggedAs, loggedAs});
-    for (const LogEntry &entry : utility.log) {
+    for (const LogEntry &entry : logged) {
         EXPECT_EQ(entry.number, error_number::overflow);
         EXPECT_EQ(entry.logFile, session().strLogFile);
     }
-    EXPECT_EQ(utility.reports, std::vector<Report>());
 }
 
 TEST_F(PeopleFromAddressBook, OneThatCannotBeCreatedIsLogged) {
     platform.addressBook.creationFails = true;
     choose(u"7", expectUnchanged);
     expectLog({loggedAs});
-    EXPECT_EQ(utility.log.at(0).number, error_number::cannotCreateObject);
+    EXPECT_EQ(logged.at(0).number, error_number::cannotCreateObject);
     EXPECT_EQ(platform.addressBook.calls, Texts());
-    EXPECT_EQ(utility.reports, std::vector<Report>());
 }
 
 TEST_F(PeopleFromAddressBook, NumbersThatCannotBeFetchedLeaveTheListAsItWas) {
@@ -144,11 +136,10 @@ TEST_F(PeopleFromAddressBook, AUserIdThatIsNoNumberFailsAfterInit) {
                                          {u"3000000000", error_number::overflow}}) {
         platform.addressBook.calls.clear();
         choose(userId, expectUnchanged);
-        ASSERT_FALSE(utility.log.empty());
-        EXPECT_EQ(utility.log.back().number, number);
+        expectLog({loggedAs});
+        EXPECT_EQ(logged.at(0).number, number);
         EXPECT_EQ(platform.addressBook.calls, (Texts{initCall(), u"released"}));
     }
-    expectLog({loggedAs, loggedAs, loggedAs});
 }
 
 TEST_F(PeopleFromAddressBook, AUserIdIsConvertedAsANumber) {

@@ -1,4 +1,5 @@
 #include "tests/support/ComponentTest.h"
+#include "ui/rules/frmRuleEdit.h"
 
 namespace kvex::test {
 namespace {
@@ -115,7 +116,6 @@ TEST_F(RuleEditor, AStoredRuleIsShownOnItsRows) {
         EXPECT_FALSE(session().blnChanged);
         user.press(Key::escape);
     });
-    EXPECT_EQ(utility.logTexts(), Texts());
 }
 
 TEST_F(RuleEditor, ARuleForAllMessagesLocksTheOtherConditions) {
@@ -318,14 +318,65 @@ TEST_F(RuleEditor, TheStringValuesAreShownOnRequest) {
         user.get<CommandButton>(u"cmdShow").onClick();
         user.press(Key::escape);
     });
-    EXPECT_EQ(utility.messages,
-              (std::vector<Message>{
-                  {u"IGNOREServiceMessages : YES\rPEOPLEList : 98;99\rACCOUNTList : 2\r"
-                   u"WORDList : STOP\rDATETIMEList : 20240301 09:00:00,20240331 18:30:00\r"
-                   u"DISTRIBUTIONList : 3\rREPLYText : Hi\rALERTText : Look\rALERTList : 97\r"
-                   u"DELETEMessage : NO\rIGNOREFurtherRules : YES",
-                   48},
-                  {u"<ALL>", 48}}));
+    expectMessages({{u"IGNOREServiceMessages : YES\rPEOPLEList : 98;99\rACCOUNTList : 2\r"
+                     u"WORDList : STOP\rDATETIMEList : 20240301 09:00:00,20240331 18:30:00\r"
+                     u"DISTRIBUTIONList : 3\rREPLYText : Hi\rALERTText : Look\rALERTList : 97\r"
+                     u"DELETEMessage : NO\rIGNOREFurtherRules : YES",
+                     48},
+                    {u"<ALL>", 48}});
+}
+
+TEST_F(RuleEditor, AnIdOfBlanksIsANewRule) {
+    openSession();
+    whenShown(u"frmRuleEdit", [](User &user) {
+        EXPECT_EQ(user.window().caption(), u"New Rule");
+        EXPECT_EQ(name(user), u"New Rule #1");
+        user.press(Key::escape);
+    });
+    frmRuleEdit editor;
+    editor.RuleID = u"  ";
+    editor.Show();
+}
+
+/// Where no user can press them: on a row without a dialog, and without a row.
+TEST_F(RuleEditor, TheDialogButtonsOfOtherRowsOnlyDescribeTheRule) {
+    playNewRule([](User &user) {
+        const auto press = [&](const char16_t *list, int row, const char16_t *button) {
+            if (row == 0) {
+                user.get<ListView>(list).deselect(user.get<ListView>(list).selectedRow());
+            } else {
+                user.get<ListView>(list).select(row);
+            }
+            ruleState().blnAllMessages = true;
+            user.get<CommandButton>(button).onClick();
+            EXPECT_EQ(description(user),
+                      u"Apply this Rule after the message arrives\r\nFor ALL Messages");
+            ruleState().blnAllMessages = false;
+            user.get<CommandButton>(button).onClick();
+            EXPECT_EQ(description(user), u"Apply this Rule after the message arrives");
+        };
+        for (const int row : {1, 6, 0}) {
+            press(conditions, row, u"cmdEditCondition");
+        }
+        for (const int row : {4, 5, 0}) {
+            press(actions, row, u"cmdConfigureAction");
+        }
+        user.press(Key::escape);
+    });
+}
+
+TEST_F(RuleEditor, BeginsOnTheFirstRowsWhateverIsTicked) {
+    for (const char *query : {fullQuery, "<ALLMESSAGES>"}) {
+        closeSession();
+        playRule(database.addRule(query, query, fullAction), [](User &user) {
+            for (const auto *list : {conditions, actions}) {
+                EXPECT_EQ(user.get<ListView>(list).selectedRow(), 1);
+            }
+            EXPECT_FALSE(enabled(user, u"cmdEditCondition"));
+            EXPECT_TRUE(enabled(user, u"cmdConfigureAction"));
+            user.press(Key::escape);
+        });
+    }
 }
 
 TEST_F(RuleEditor, AFailureWhileLoadingIsLoggedAndTheWindowStaysOpenAsFarAsItWasFilled) {
@@ -341,7 +392,7 @@ TEST_F(RuleEditor, AFailureWhileLoadingIsLoggedAndTheWindowStaysOpenAsFarAsItWas
         user.click(u"cmdCancel");
     });
     expectLog({u"Sub: Form_Load, Module: frmRuleEdit"});
-    EXPECT_LT(utility.log.at(0).number, 0);
+    EXPECT_LT(logged.at(0).number, 0);
 }
 
 } // namespace

@@ -18,8 +18,7 @@ TEST_P(RuleSaving, TheChecksRunInTheirOrder) {
         for (const int row : {1, 2, 3}) {
             user.tickRow(actions, row);
         }
-        expectRefused(user, u"Type a name for this Rule.");
-        EXPECT_EQ(user.focused(), u"txtRuleName");
+        expectRefused(user, u"Type a name for this Rule.", u"txtRuleName");
         user.type(u"Rule");
         RuleState &rule = ruleState();
         expectRefused(user, u"Insufficient information. Please select the People for this rule.");
@@ -37,9 +36,11 @@ TEST_P(RuleSaving, TheChecksRunInTheirOrder) {
         expectRefused(user,
                       u"Insufficient information. Please configure the Reply text for this rule.");
         rule.strReplyText = u"Hi";
+        rule.strReplyAccount = u"2";
         expectRefused(user,
                       u"Insufficient information. Please configure the Alerts for this rule.");
         rule.strAlertText = u"Look";
+        rule.strAlertAccount = u"2";
         expectRefused(user,
                       u"Insufficient information. Please configure the Alerts for this rule.");
         rule.strAlertText = u"";
@@ -56,7 +57,7 @@ TEST_P(RuleSaving, TheChecksRunInTheirOrder) {
                   "Rule|<IGNOREIFSERVICE>NO</IGNOREIFSERVICE><ACCOUNT><CON><ANY>2</ACCOUNT>"
                   "<WORD><CON><ANY>STOP</WORD>"
                   "<DATETIME>20240301 09:00:00,20240331 18:30:00</DATETIME>|"
-                  "<DIST>3</DIST><REPLY>Hi;</REPLY><ALERT>Look;;97</ALERT><DELETE>NO</DELETE>"
+                  "<DIST>3</DIST><REPLY>Hi;2</REPLY><ALERT>Look;2;97</ALERT><DELETE>NO</DELETE>"
                   "<IGNOREFURTHERRULES>NO</IGNOREFURTHERRULES>"}));
 }
 
@@ -73,7 +74,7 @@ TEST_P(RuleSaving, ANameOfBlanksIsNoName) {
     playNewRule([this](User &user) {
         completeRule(user);
         name(user, u"   ");
-        expectRefused(user, u"Type a name for this Rule.");
+        expectRefused(user, u"Type a name for this Rule.", u"txtRuleName");
         user.press(Key::escape);
     });
     EXPECT_EQ(rules(), std::vector<std::string>());
@@ -134,8 +135,8 @@ TEST_P(RuleSaving, TheNameOfAnotherRuleIsRefusedWhateverItsCase) {
         for (const char16_t *taken : {u"Boss sms", u"BOSS SMS ", u"boss Sms"}) {
             name(user, taken);
             expectRefused(user,
-                          u"A Rule already exists in this name, please select a different name.");
-            EXPECT_EQ(user.focused(), u"txtRuleName");
+                          u"A Rule already exists in this name, please select a different name.",
+                          u"txtRuleName");
         }
         user.press(Key::escape);
     });
@@ -148,9 +149,11 @@ TEST_P(RuleSaving, NamesInOtherScriptsAreComparedWithoutCaseToo) {
     playNewRule([this](User &user) {
         completeRule(user);
         name(user, u"ärger STRAßE");
-        expectRefused(user, u"A Rule already exists in this name, please select a different name.");
+        expectRefused(user, u"A Rule already exists in this name, please select a different name.",
+                      u"txtRuleName");
         name(user, u"नियम");
-        expectRefused(user, u"A Rule already exists in this name, please select a different name.");
+        expectRefused(user, u"A Rule already exists in this name, please select a different name.",
+                      u"txtRuleName");
         name(user, u"ärger STRASSE");
         user.click(u"cmdOK");
         EXPECT_FALSE(user.isOpen());
@@ -170,7 +173,8 @@ TEST_P(RuleSaving, AChangeOfCaseAloneFindsTheRuleItself) {
     const auto id = database.addRule("Mine", "<ALLMESSAGES>", "<DELETE>YES</DELETE>");
     playRule(id, [this](User &user) {
         name(user, u"MINE");
-        expectRefused(user, u"A Rule already exists in this name, please select a different name.");
+        expectRefused(user, u"A Rule already exists in this name, please select a different name.",
+                      u"txtRuleName");
         user.press(Key::escape);
     });
 }
@@ -183,7 +187,7 @@ TEST_P(RuleSaving, AnApostropheBreaksTheSearchAndIsLogged) {
         EXPECT_TRUE(user.isOpen());
         EXPECT_EQ(user.get<TextBox>(u"txtRuleName").text(), u"O'Brien");
         expectLog({saveFailed});
-        EXPECT_EQ(utility.log.at(0).number, error_number::badArgument);
+        EXPECT_EQ(logged.at(0).number, error_number::badArgument);
         name(user, u"OBrien");
         user.click(u"cmdOK");
     });
@@ -205,7 +209,6 @@ TEST_P(RuleSaving, ASessionThatBeganEmptyTestsNoNames) {
     showRules(u"");
     EXPECT_EQ(database.rows("SELECT Name FROM SMS_RULES"),
               (std::vector<std::string>{"O'Brien", "O'Brien"}));
-    expectLog({});
 }
 
 TEST_P(RuleSaving, AConditionStringOf5000CharactersIsSavedAndOneMoreRefused) {
@@ -216,8 +219,8 @@ TEST_P(RuleSaving, AConditionStringOf5000CharactersIsSavedAndOneMoreRefused) {
         user.tickRow(conditions, 2);
         user.tickRow(actions, 5);
         ruleState().strPeople.assign(5001 - overhead, u'9');
-        expectRefused(user, u"Length of Condition parameter cannot exceed 5000 characters.");
-        EXPECT_EQ(user.focused(), u"rtRuleDesc");
+        expectRefused(user, u"Length of Condition parameter cannot exceed 5000 characters.",
+                      u"rtRuleDesc");
         ruleState().strPeople.pop_back();
         user.click(u"cmdOK");
     });
@@ -233,8 +236,8 @@ TEST_P(RuleSaving, AnActionStringOf2500CharactersIsSavedAndOneMoreRefused) {
         user.tickRow(actions, 2);
         ruleState().strReplyAccount = u"2";
         ruleState().strReplyText.assign(2501 - overhead, u'x');
-        expectRefused(user, u"Length of Action parameter cannot exceed 2500 characters.");
-        EXPECT_EQ(user.focused(), u"rtRuleDesc");
+        expectRefused(user, u"Length of Action parameter cannot exceed 2500 characters.",
+                      u"rtRuleDesc");
         ruleState().strReplyText.pop_back();
         user.click(u"cmdOK");
     });
@@ -248,7 +251,8 @@ TEST_P(RuleSaving, LengthsCountUtf16Units) {
         for (int i = 0; i < 2490; ++i) {
             ruleState().strWords += u"\U0001F4F1";
         }
-        expectRefused(user, u"Length of Condition parameter cannot exceed 5000 characters.");
+        expectRefused(user, u"Length of Condition parameter cannot exceed 5000 characters.",
+                      u"rtRuleDesc");
         user.press(Key::escape);
     });
 }
@@ -259,7 +263,6 @@ TEST_P(RuleSaving, ARefusedNewRuleKeepsTheEditorsInputAndCanBeSavedLater) {
         if (hadRules) {
             database.addRule("A", "<ALLMESSAGES>", "", 1);
         }
-        utility.log.clear();
         playNewRule([this](User &user) {
             completeRule(user);
             name(user, u"Kept");
@@ -273,7 +276,7 @@ TEST_P(RuleSaving, ARefusedNewRuleKeepsTheEditorsInputAndCanBeSavedLater) {
             EXPECT_FALSE(user.isOpen());
         });
         expectLog({saveFailed, saveFailed});
-        EXPECT_LT(utility.log.at(0).number, 0);
+        EXPECT_LT(logged.at(0).number, 0);
         EXPECT_EQ(database.value("SELECT COUNT(*) FROM SMS_RULES WHERE Name = 'Kept'"), "1");
         closeSession();
     }
@@ -309,7 +312,7 @@ TEST_P(RuleSaving, ARuleThatAnotherChangedIsNotOverwritten) {
     });
     EXPECT_EQ(database.value("SELECT Name FROM SMS_RULES"), "Theirs");
     expectLog({saveFailed});
-    EXPECT_EQ(utility.log.at(0).number, rowChangedByAnother);
+    EXPECT_EQ(logged.at(0).number, rowChangedByAnother);
 }
 
 TEST_P(RuleSaving, ARuleThatAnotherRemovedIsLogged) {
@@ -336,7 +339,6 @@ TEST_P(RuleSaving, SavingAnUnchangedRuleWritesNothing) {
         user.click(u"cmdOK");
         EXPECT_FALSE(user.isOpen());
     });
-    expectLog({});
 }
 
 TEST_P(RuleSaving, TheSaveItselfLeavesTheFlagAlone) {
@@ -354,6 +356,7 @@ TEST_P(RuleSaving, NamesAndTextsOfEveryScriptAreStoredAsTypedAndReadAgain) {
         ruleState().strWords = words;
         user.tickRow(actions, 2);
         ruleState().strReplyText = reply;
+        ruleState().strReplyAccount = u"2";
         name(user, typed);
         user.click(u"cmdOK");
         EXPECT_FALSE(user.isOpen());
@@ -361,7 +364,7 @@ TEST_P(RuleSaving, NamesAndTextsOfEveryScriptAreStoredAsTypedAndReadAgain) {
     EXPECT_EQ(rules(),
               std::vector{utf8(typed) + "|<IGNOREIFSERVICE>NO</IGNOREIFSERVICE><WORD><CON><ANY>" +
                           utf8(words) + "</WORD>|<REPLY>" + utf8(reply) +
-                          ";</REPLY><DELETE>NO</DELETE><IGNOREFURTHERRULES>NO"
+                          ";2</REPLY><DELETE>NO</DELETE><IGNOREFURTHERRULES>NO"
                           "</IGNOREFURTHERRULES>"});
     closeSession();
     playRule(std::stoll(idOf(utf8(typed))), [&](User &user) {

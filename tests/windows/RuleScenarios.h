@@ -32,13 +32,16 @@ protected:
         user.tickRow(conditions, 6);
         user.tickRow(actions, 5);
     }
-    /// OK is refused with this message and the editor stays.
-    void expectRefused(User &user, const std::u16string &message) {
-        constexpr std::int32_t warning = 48;
-        utility.messages.clear();
+    /// OK is refused with this message, the editor stays, and once the user has read it the focus
+    /// is where it says.
+    void expectRefused(User &user, const std::u16string &message,
+                       const std::u16string &focus = u"cmdOK") {
+        utility.onMessage = [&user] { EXPECT_EQ(user.focused(), u"cmdOK"); };
         user.click(u"cmdOK");
-        EXPECT_EQ(utility.messages, (std::vector<Message>{{message, warning}}));
+        utility.onMessage = {};
+        expectMessages({{message, 48}});
         EXPECT_TRUE(user.isOpen());
+        EXPECT_EQ(user.focused(), focus);
     }
     std::vector<std::string> rules() {
         return database.rows("SELECT Name, QueryParam, ActionParam FROM SMS_RULES ORDER BY ID");

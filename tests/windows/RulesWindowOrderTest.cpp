@@ -36,6 +36,35 @@ TEST_P(RulesWindow, MoveDownOnTheLastRowOnlySetsTheChangeFlag) {
     EXPECT_EQ(result, 99);
 }
 
+TEST_P(RulesWindow, WithoutASelectionMovingOnlySetsTheChangeFlag) {
+    addThree();
+    playRules([](User &user) {
+        list(user).deselect(1);
+        for (const char16_t *move : {u"cmdMoveUp", u"cmdMoveDown"}) {
+            session().blnChanged = false;
+            user.click(move);
+            EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"B", u"C"}));
+            EXPECT_EQ(list(user).selectedRow(), 0);
+            EXPECT_TRUE(session().blnChanged);
+        }
+        user.click(u"cmdCancel");
+    });
+}
+
+TEST_P(RulesWindow, MovingDescribesTheSelectedRuleNoFurther) {
+    addThree();
+    database.execute("UPDATE SMS_RULES SET ACTIVE = 0 WHERE Name = 'B'");
+    playRules([](User &user) {
+        user.clickRow(u"lvwRules", 2);
+        user.click(u"cmdMoveUp");
+        EXPECT_EQ(list(user).selectedRow(), 1);
+        EXPECT_EQ(description(user), disabledForAll);
+        EXPECT_EQ(ruleState().strRuleName, u"B");
+        EXPECT_EQ(tickedRows(list(user)), (std::vector<int>{2, 3}));
+        user.click(u"cmdCancel");
+    });
+}
+
 TEST_P(RulesWindow, AMovedRuleStaysSelectedAndMovesOn) {
     addThree();
     playRules([this](User &user) {
@@ -74,9 +103,58 @@ TEST_P(RulesWindow, MoveDownExchangesWithTheRowBelow) {
         user.clickRow(u"lvwRules", 1);
         user.click(u"cmdMoveDown");
         EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"B", u"A", u"C"}));
+        EXPECT_EQ(column(user, 1), (Texts{u"1", u"2", u"3"}));
+        EXPECT_EQ(column(user, 3), (Texts{u"00000001", u"00000002", u"00000003"}));
         EXPECT_EQ(list(user).selectedRow(), 2);
         user.click(u"cmdCancel");
     });
+}
+
+TEST_P(RulesWindow, MoveDownReachesTheLastPlace) {
+    addThree();
+    playRules([](User &user) {
+        user.clickRow(u"lvwRules", 2);
+        user.click(u"cmdMoveDown");
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"C", u"B"}));
+        EXPECT_EQ(list(user).selectedRow(), 3);
+        user.click(u"cmdMoveDown");
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"C", u"B"}));
+        user.click(u"cmdOK");
+    });
+    EXPECT_EQ(storedOrder(), (std::vector<std::string>{"A|1", "C|2", "B|3"}));
+}
+
+TEST_P(RulesWindow, MoveDownWithKeysThatDoNotAgreeSelectsWhateverStandsThere) {
+    addThree(10, 10);
+    playRules([](User &user) {
+        user.clickRow(u"lvwRules", 2);
+        user.click(u"cmdMoveDown");
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"C", u"B", u"A"}));
+        EXPECT_EQ(column(user, 3), (Texts{u"00000002", u"00000003", u"00000010"}));
+        EXPECT_EQ(list(user).selectedRow(), 3);
+        user.click(u"cmdCancel");
+    });
+}
+
+TEST_P(RulesWindow, RulesOfOnePriorityKeepTheirOrderWhenTheyAreListedAgain) {
+    for (const char *name : {"Z", "M", "A"}) {
+        database.addRule(name, "<ALLMESSAGES>", TestDatabase::deleteNothing, 1);
+    }
+    playRules([this](User &user) {
+        whenShown(u"frmRuleEdit", [](User &editor) {
+            editor.tickRow(u"lvwRuleConditions", 6);
+            editor.tickRow(u"lvwRuleActions", 5);
+            editor.focusOn(u"txtRuleName");
+            editor.press(Key::selectAll);
+            editor.type(u"New");
+            editor.click(u"cmdOK");
+        });
+        user.click(u"cmdNew");
+        // A new rule has the priority 0.
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"New", u"Z", u"M", u"A"}));
+        user.click(u"cmdOK");
+    });
+    EXPECT_EQ(storedOrder(), (std::vector<std::string>{"New|1", "Z|2", "M|3", "A|4"}));
 }
 
 TEST_P(RulesWindow, CancelWritesNoOrder) {
@@ -151,7 +229,7 @@ TEST_P(RulesWindow, APriorityOfNineDigitsIsLoggedByTheList) {
         user.click(u"cmdCancel");
     });
     expectLog({u"Sub: ListRules, Module: frmRules", u"Sub: ListRules, Module: frmRules"});
-    EXPECT_EQ(utility.log.at(0).number, error_number::invalidCall);
+    EXPECT_EQ(logged.at(0).number, error_number::invalidCall);
 }
 
 TEST_P(RulesWindow, APriorityWithoutValueIsLoggedByTheList) {
@@ -161,9 +239,8 @@ TEST_P(RulesWindow, APriorityWithoutValueIsLoggedByTheList) {
         EXPECT_EQ(list(user).rowCount(), 0);
         user.click(u"cmdCancel");
     });
-    EXPECT_EQ(utility.log.at(0).text,
-              u"KVEXMessageRules: Error occured. Sub: ListRules, Module: frmRules");
-    EXPECT_EQ(utility.log.at(0).number, error_number::invalidUseOfNull);
+    expectLog({u"Sub: ListRules, Module: frmRules", u"Sub: ListRules, Module: frmRules"});
+    EXPECT_EQ(logged.at(0).number, error_number::invalidUseOfNull);
 }
 
 TEST_P(RulesWindow, ANegativePriorityIsPaddedAsText) {

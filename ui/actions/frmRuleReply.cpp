@@ -9,8 +9,9 @@ namespace kvex {
 
 frmRuleReply::frmRuleReply()
     : Form(frmRuleReplyDesign()), rtReplyText(control<RichTextBox>(u"rtReplyText")),
-      lvwOutAccount(control<ListView>(u"lvwOutAccount")), cmdOK(control<CommandButton>(u"cmdOK")),
-      reply_(rtReplyText, control<TextBox>(u"txtCharCount"), lvwOutAccount, cmdOK) {
+      lvwOutAccount(control<ListView>(u"lvwOutAccount")),
+      reply_(rtReplyText, control<TextBox>(u"txtCharCount"), lvwOutAccount,
+             control<CommandButton>(u"cmdOK")) {
     rtReplyText.onChange = [this] { rtReplyText_Change(); };
     lvwOutAccount.onItemCheck = [this](int row) { lvwOutAccount_ItemCheck(row); };
     onClick(u"cmdOK", &frmRuleReply::cmdOK_Click);
@@ -21,11 +22,7 @@ void frmRuleReply::Form_Load() {
     trapErrors(u"Form_Load", u"frmRuleReply", [&] {
         const RuleState &rule = ruleState();
         reply_.listAccounts(AccountUse::sending, rule.strReplyAccount);
-        if (rule.strReplyText.empty()) {
-            cmdOK.setEnabled(false);
-        } else {
-            rtReplyText.setText(rule.strReplyText);
-        }
+        rtReplyText.setText(rule.strReplyText);
     });
 }
 

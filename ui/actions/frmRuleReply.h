@@ -24,7 +24,6 @@ private:
 
     RichTextBox &rtReplyText;
     ListView &lvwOutAccount;
-    CommandButton &cmdOK;
     MessageToSend reply_;
 };
 

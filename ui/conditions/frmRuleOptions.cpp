@@ -96,8 +96,6 @@ frmRuleOptions::frmRuleOptions()
 }
 
 void frmRuleOptions::Form_Load() {
-    lvwRuleCondition.clearRows();
-    lvwRuleCondition.clearColumns();
     const Kind *condition = kind();
     if (condition == nullptr || condition->entries == nullptr) {
         return;

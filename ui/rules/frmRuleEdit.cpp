@@ -22,9 +22,6 @@ void fillList(ListView &list, const std::u16string &column, std::span<const Rule
     for (const RulePart &part : parts) {
         list.addRow(part.text);
     }
-    for (int row = 1; row <= list.rowCount(); ++row) {
-        list.deselect(row);
-    }
     list.select(1);
 }
 
@@ -63,7 +60,6 @@ frmRuleEdit::frmRuleEdit()
 
 void frmRuleEdit::Form_Load() {
     trapErrors(u"Form_Load", module, [&] {
-        loadedName_.clear();
         if (trimmed(RuleID).empty()) {
             prepareNewRule();
         } else {

@@ -77,9 +77,6 @@ void frmRules::ListRules() {
             addListedRule(position);
             rsRules.moveNext();
         }
-        for (int column = 1; column <= lvwRules.columnCount(); ++column) {
-            lvwRules.setColumnIcon(column, 0);
-        }
         // The key before the sorting: rules of one priority stay in the order they were read in.
         lvwRules.setSortKey(sortItem);
         lvwRules.setSorted(true);

@@ -3,6 +3,7 @@
 
 #include "adapters/qt/QtToolkit.h"
 #include "tests/support/QtPlay.h"
+#include "tests/toolkit/Designs.h"
 
 #include <QApplication>
 #include <QPalette>
@@ -23,13 +24,8 @@ protected:
 
     /// A window "frmTest" of these controls, one below the other.
     [[nodiscard]] std::unique_ptr<Window> window(std::vector<ControlDesign> controls) {
-        std::vector<Layout> pieces;
-        pieces.reserve(controls.size());
-        for (const ControlDesign &control : controls) {
-            pieces.push_back(place(control.name));
-        }
-        return toolkit.createWindow(
-            {u"frmTest", u"Test", std::move(controls), column(std::move(pieces))});
+        Layout layout = below(controls);
+        return toolkit.createWindow({u"frmTest", u"Test", std::move(controls), std::move(layout)});
     }
 
     /// Shows the window, lets the user play in it, and closes it.
