@@ -93,7 +93,7 @@ void Dialog::keepTextsWhole() {
 void Dialog::scrollTo(QWidget *focused) {
     if (focused != nullptr && pane_->isAncestorOf(focused) &&
         QGuiApplication::mouseButtons() == Qt::NoButton) {
-        pane_->ensureWidgetVisible(focused);
+        pane_->bringIntoView(*focused);
     }
 }
 

@@ -23,6 +23,12 @@ QSize ScrollPane::neededFor(int width) const {
                                                 : least.height()};
 }
 
+void ScrollPane::bringIntoView(const QWidget &shown) {
+    const QPoint middle = shown.mapTo(widget(), shown.rect().center());
+    const int line = fontMetrics().height();
+    ensureVisible(middle.x(), middle.y(), shown.width() / 2 + line, shown.height() / 2 + line);
+}
+
 QSize ScrollPane::sizeHint() const {
     return widget()->sizeHint();
 }
@@ -34,6 +40,12 @@ QSize ScrollPane::minimumSizeHint() const {
 void ScrollPane::resizeEvent(QResizeEvent *event) {
     QScrollArea::resizeEvent(event);
     fit();
+}
+
+/// Whoever moves the focus brings its widget into view. A scroll area shows no more than the caret
+/// or the row that has the focus.
+bool ScrollPane::focusNextPrevChild(bool next) {
+    return QWidget::focusNextPrevChild(next);
 }
 
 bool ScrollPane::eventFilter(QObject *object, QEvent *event) {

@@ -14,12 +14,16 @@ public:
     /// What the page needs to show all of its content, `width` wide or wider.
     [[nodiscard]] QSize neededFor(int width) const;
 
+    /// Scrolls to a widget of the page, and what is close to it.
+    void bringIntoView(const QWidget &widget);
+
     /// As the page wants it; and hardly anything.
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
     bool eventFilter(QObject *object, QEvent *event) override;
 
 private:

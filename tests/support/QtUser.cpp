@@ -251,7 +251,7 @@ std::u16string QtUser::controlOf(const QWidget *widget) const {
 /// As the window system would hand it over: to the window, at the place.
 void QtUser::pressMouse(QWidget &widget, QPoint at, bool isDouble) {
     if (auto *pane = dialog_->findChild<qt::ScrollPane *>(); pane->isAncestorOf(&widget)) {
-        pane->ensureWidgetVisible(&widget);
+        pane->bringIntoView(widget);
     }
     QWindow *const window = widget.window()->windowHandle();
     const QPoint place = widget.mapTo(widget.window(), at);
