@@ -52,6 +52,19 @@ QColor quieterText(const QPalette &palette, QPalette::ColorRole text,
     return readable(mixed(palette.color(QPalette::Active, text), behind, steppedBack), behind);
 }
 
+QPalette readableWhenDisabled(const QPalette &palette) {
+    QPalette adapted;
+    const auto adapt = [&](QPalette::ColorRole text, QPalette::ColorRole background) {
+        adapted.setColor(QPalette::Disabled, text,
+                         readable(palette.color(QPalette::Disabled, text),
+                                  palette.color(QPalette::Disabled, background)));
+    };
+    adapt(QPalette::WindowText, QPalette::Window);
+    adapt(QPalette::ButtonText, QPalette::Button);
+    adapt(QPalette::Text, QPalette::Base);
+    return adapted;
+}
+
 QColor outline(const QPalette &palette) {
     const QColor base = palette.color(QPalette::Base);
     constexpr double steppedBack = 0.6;

@@ -21,6 +21,9 @@ inline constexpr double leastShapeContrast = 3;
 [[nodiscard]] QColor quieterText(const QPalette &palette, QPalette::ColorRole text,
                                  QPalette::ColorRole background);
 
+/// Sets only the colours of disabled text, to ones that can be read on their backgrounds.
+[[nodiscard]] QPalette readableWhenDisabled(const QPalette &palette);
+
 /// The outline of a box to fill in, on the palette's base colour.
 [[nodiscard]] QColor outline(const QPalette &palette);
 

@@ -115,7 +115,8 @@ Controls::Controls(const WindowDesign &design, Dialog &dialog) {
             built_.emplace(control.name, std::move(built));
         }
     }
-    buildLayout(dialog, design.layout, [this](const auto &name) { return widgetOf(name); });
+    dialog.setPane(
+        buildLayout(dialog, design.layout, [this](const auto &name) { return widgetOf(name); }));
     nameAloud(design);
     setTabOrder(design);
 }

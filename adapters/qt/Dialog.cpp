@@ -1,7 +1,12 @@
 #include "adapters/qt/Dialog.h"
 
+#include "adapters/qt/Colours.h"
+#include "adapters/qt/Pictures.h"
+
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLayout>
+#include <QScreen>
 
 namespace kvex::qt {
 namespace {
@@ -16,8 +21,23 @@ void pressIfUsable(QPushButton *button) {
 
 Dialog::Dialog(Window &owner) : owner_(owner) {
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    setWindowIcon(productIcon());
+    setPalette(readableWhenDisabled(QGuiApplication::palette()));
     // Whether the host goes on when its last window is closed is not this window's business.
     setAttribute(Qt::WA_QuitOnClose, false);
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget * /*old*/, QWidget *now) { scrollTo(now); });
+}
+
+QSize Dialog::roomOnScreen() const {
+    // The frame is not known before the window is shown.
+    const int line = fontMetrics().height();
+    return screen()->availableSize() - QSize(line, 3 * line);
+}
+
+std::optional<QSize> Dialog::sizeByUser() const {
+    const QSize size = normalGeometry().size();
+    return size == firstSize_ ? std::nullopt : std::optional(size);
 }
 
 void Dialog::focusFirst() {
@@ -43,6 +63,8 @@ bool Dialog::event(QEvent *event) {
     const bool result = QDialog::event(event);
     if (event->type() == QEvent::LayoutRequest) {
         keepTextsWhole();
+    } else if (event->type() == QEvent::ApplicationPaletteChange) {
+        setPalette(readableWhenDisabled(QGuiApplication::palette()));
     }
     return result;
 }
@@ -52,12 +74,27 @@ void Dialog::resizeEvent(QResizeEvent *event) {
     keepTextsWhole();
 }
 
-/// The narrower the window, the more lines a wrapped text takes.
+void Dialog::showEvent(QShowEvent *event) {
+    QDialog::showEvent(event);
+    firstSize_ = size();
+    scrollTo(focusWidget());
+}
+
+/// The narrower the window, the more lines a wrapped text takes. Only a small screen lets the
+/// window be smaller than its content: that scrolls then.
 void Dialog::keepTextsWhole() {
-    const QLayout &content = *layout();
-    const int height = content.hasHeightForWidth() ? content.totalMinimumHeightForWidth(width())
-                                                   : content.totalMinimumSize().height();
-    setMinimumSize(content.totalMinimumSize().width(), height);
+    const QSize least = layout()->totalMinimumSize();
+    const int withinPane = pane_->neededFor(pane_->width()).height();
+    const int height = least.height() - pane_->minimumSizeHint().height() + withinPane;
+    setMinimumSize(QSize(least.width(), height).boundedTo(roomOnScreen()));
+}
+
+/// Nothing moves under a pressed mouse button.
+void Dialog::scrollTo(QWidget *focused) {
+    if (focused != nullptr && pane_->isAncestorOf(focused) &&
+        QGuiApplication::mouseButtons() == Qt::NoButton) {
+        pane_->bringIntoView(*focused);
+    }
 }
 
 } // namespace kvex::qt

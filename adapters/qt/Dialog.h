@@ -1,8 +1,12 @@
-// A window's dialog: what Enter and Esc press, and how small it may become.
+// A window's dialog: what Enter and Esc press, and its size.
 #pragma once
+
+#include "adapters/qt/ScrollPane.h"
 
 #include <QDialog>
 #include <QPushButton>
+
+#include <optional>
 
 namespace kvex {
 class Window;
@@ -18,6 +22,14 @@ public:
     [[nodiscard]] Window &owner() const { return owner_; }
     void setDefaultButton(QPushButton *button) { defaultButton_ = button; }
     void setCancelButton(QPushButton *button) { cancelButton_ = button; }
+    /// What of it scrolls where the screen is too small.
+    void setPane(ScrollPane &pane) { pane_ = &pane; }
+
+    /// What the screen has for it, beside its frame.
+    [[nodiscard]] QSize roomOnScreen() const;
+    /// The size that the user gave it since it was shown; nothing when he left it as it was.
+    [[nodiscard]] std::optional<QSize> sizeByUser() const;
+
     /// Lets the focus start at the first control that Tab reaches, unless it has a place.
     void focusFirst();
 
@@ -25,13 +37,17 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     bool event(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     void keepTextsWhole();
+    void scrollTo(QWidget *focused);
 
     Window &owner_;
     QPushButton *defaultButton_ = nullptr;
     QPushButton *cancelButton_ = nullptr;
+    ScrollPane *pane_ = nullptr;
+    QSize firstSize_;
 };
 
 } // namespace kvex::qt

@@ -3,16 +3,22 @@
 #include <QBoxLayout>
 #include <QFrame>
 
+#include <algorithm>
 #include <memory>
 
 namespace kvex::qt {
 namespace {
 
+bool hasScrolling(const Layout &layout) {
+    return layout.scrolls || std::ranges::any_of(layout.pieces, hasScrolling);
+}
+
 /// Distances follow the font, so that larger texts do not stand closer.
 class LayoutBuilder {
 public:
-    LayoutBuilder(int lineHeight, const FindControl &find)
-        : margin_(lineHeight * 2 / 3), spacing_(lineHeight * 2 / 5), find_(find) {}
+    LayoutBuilder(QWidget &window, const FindControl &find)
+        : window_(window), margin_(window.fontMetrics().height() * 2 / 3),
+          spacing_(window.fontMetrics().height() * 2 / 5), find_(find) {}
 
     [[nodiscard]] std::unique_ptr<QBoxLayout> box(QBoxLayout::Direction direction,
                                                   const std::vector<Layout> &pieces) const {
@@ -51,7 +57,11 @@ private:
     void addBox(QBoxLayout &outer, QBoxLayout::Direction direction, const Layout &piece) const {
         auto inner = box(direction, piece.pieces);
         inner->setContentsMargins(0, 0, 0, 0);
-        outer.addLayout(inner.release(), piece.stretch);
+        if (piece.scrolls) {
+            outer.addWidget(new ScrollPane(&window_, inner.release()), piece.stretch);
+        } else {
+            outer.addLayout(inner.release(), piece.stretch);
+        }
     }
 
     void addControl(QBoxLayout &box, const Layout &piece) const {
@@ -71,6 +81,7 @@ private:
         control->setPlaced();
     }
 
+    QWidget &window_;
     int margin_;
     int spacing_;
     const FindControl &find_;
@@ -78,9 +89,10 @@ private:
 
 } // namespace
 
-void buildLayout(QWidget &window, const Layout &layout, const FindControl &find) {
-    LayoutBuilder(window.fontMetrics().height(), find).fill(window, {layout});
+ScrollPane &buildLayout(QWidget &window, const Layout &layout, const FindControl &find) {
+    LayoutBuilder(window, find).fill(window, {hasScrolling(layout) ? layout : scrolling({layout})});
     window.layout()->setSizeConstraint(QLayout::SetNoConstraint);
+    return *window.findChild<ScrollPane *>();
 }
 
 } // namespace kvex::qt

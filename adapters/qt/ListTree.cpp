@@ -1,11 +1,13 @@
 #include "adapters/qt/ListTree.h"
 
+#include "adapters/qt/Colours.h"
 #include "adapters/qt/Room.h"
 #include "adapters/qt/RowDelegate.h"
 
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QToolTip>
 
@@ -28,6 +30,17 @@ ListTree::ListTree(QWidget *parent, int columns, int lines)
     header()->setStretchLastSection(false);
     header()->setSectionsMovable(false);
     header()->setHighlightSections(false);
+}
+
+void ListTree::setEmptyText(const QString &text) {
+    emptyText_ = text;
+    const auto say = [this] {
+        setAccessibleDescription(model()->rowCount() == 0 ? emptyText_ : QString());
+    };
+    connect(model(), &QAbstractItemModel::rowsInserted, this, say);
+    connect(model(), &QAbstractItemModel::rowsRemoved, this, say);
+    connect(model(), &QAbstractItemModel::modelReset, this, say);
+    say();
 }
 
 void ListTree::noteSelection() {
@@ -152,6 +165,17 @@ void ListTree::resizeEvent(QResizeEvent *event) {
 void ListTree::showEvent(QShowEvent *event) {
     aboutToShow();
     QTreeView::showEvent(event);
+}
+
+void ListTree::paintEvent(QPaintEvent *event) {
+    QTreeView::paintEvent(event);
+    if (model()->rowCount() == 0) {
+        QPainter painter(viewport());
+        painter.setPen(quieterText(palette(), QPalette::Text, QPalette::Base));
+        const int margin = fontMetrics().height() / 2;
+        painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
+                         Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, emptyText_);
+    }
 }
 
 bool ListTree::isOnRow(const QMouseEvent &event) const {

@@ -12,6 +12,10 @@ class ListTree final : public QTreeView {
 public:
     ListTree(QWidget *parent, int columns, int lines);
 
+    /// Given a model: what the list says, to eyes and to assistive technology, while it has no
+    /// rows.
+    void setEmptyText(const QString &text);
+
     /// Before a key or a button acts.
     std::function<void()> beforeAction;
     /// The user selected a row, or pressed the mouse on the selected row again.
@@ -39,6 +43,7 @@ protected:
     bool viewportEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     /// What the user did since the last time it was told.
@@ -53,6 +58,7 @@ private:
     [[nodiscard]] bool enterByKey(int key);
     void tellDeeds();
 
+    QString emptyText_;
     Deeds deeds_;
     /// Inside an event of the view's own, or between press and release.
     bool busy_ = false;

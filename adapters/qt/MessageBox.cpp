@@ -1,6 +1,7 @@
 #include "adapters/qt/MessageBox.h"
 
 #include "adapters/controls/LineBreaks.h"
+#include "adapters/qt/Pictures.h"
 #include "adapters/qt/QText.h"
 #include "adapters/qt/QtApplication.h"
 #include "platform/controls/Toolkit.h"
@@ -17,6 +18,7 @@ std::int32_t showMessageBox(const std::u16string &title, const std::u16string &t
     box.setObjectName(QStringLiteral("messageBox"));
     box.setAttribute(Qt::WA_QuitOnClose, false);
     box.setWindowTitle(toQt(title));
+    box.setWindowIcon(productIcon());
     box.setTextFormat(Qt::PlainText);
     box.setText(toQt(controls::withCrLf(text)).remove(u'\r'));
     box.setIcon(style == message_box::exclamation ? QMessageBox::Warning : QMessageBox::NoIcon);

@@ -1,4 +1,4 @@
-// The pictures that list views show, drawn in the theme's colours.
+// The pictures that list views show, drawn in the theme's colours, and the product's icon.
 #pragma once
 
 #include "platform/controls/WindowDesign.h"
@@ -8,5 +8,8 @@
 namespace kvex::qt {
 
 [[nodiscard]] QIcon iconOf(Picture picture);
+
+/// The product's icon, which all its windows have.
+[[nodiscard]] QIcon productIcon();
 
 } // namespace kvex::qt

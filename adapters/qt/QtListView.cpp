@@ -1,5 +1,7 @@
 #include "adapters/qt/QtListView.h"
 
+#include "adapters/qt/QText.h"
+
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QScopedValueRollback>
@@ -25,6 +27,7 @@ QtListView::QtListView(const ControlDesign &design, const std::u16string &window
     ListTree &tree = shown();
     tree.setHeaderHidden(!design.columnHeaders);
     tree.setModel(&model_);
+    tree.setEmptyText(toQt(design.emptyText));
     // With the rows' selection it would be painted again whenever that changes.
     tree.header()->setSelectionModel(new QItemSelectionModel(&model_, tree.header()));
     setListener(this);

@@ -3,10 +3,9 @@
 #include "adapters/qt/QText.h"
 #include "adapters/qt/QtApplication.h"
 #include "adapters/qt/Room.h"
+#include "adapters/qt/WindowSizes.h"
 
 #include <QApplication>
-#include <QLayout>
-#include <QScreen>
 
 namespace kvex::qt {
 
@@ -41,6 +40,11 @@ void QtWindow::showModal() {
     }
     dialog_->focusFirst();
     dialog_->exec();
+    if (dialog_ != nullptr) {
+        if (const auto size = dialog_->sizeByUser()) {
+            rememberSize(dialog_->objectName(), *size);
+        }
+    }
 }
 
 void QtWindow::close() {
@@ -54,13 +58,13 @@ Control *QtWindow::find(std::u16string_view name) {
     return controls_.find(name);
 }
 
-/// As designed, as far as the screen has room, yet never so small that something is cut.
+/// As the user left it, else as designed and never so small that something is cut; as far as the
+/// screen has room.
 void QtWindow::setFirstSize(const WindowDesign &design) {
     const QSize wanted(widthOf(design.columns, *dialog_), heightOf(design.lines, *dialog_));
-    // The frame, which is not known before the window is shown, needs room, too.
-    const int line = dialog_->fontMetrics().height();
-    const QSize available = dialog_->screen()->availableSize() - QSize(line, 3 * line);
-    dialog_->resize(wanted.expandedTo(dialog_->sizeHint()).boundedTo(available));
+    const QSize size =
+        rememberedSize(dialog_->objectName()).value_or(wanted.expandedTo(dialog_->sizeHint()));
+    dialog_->resize(size.boundedTo(dialog_->roomOnScreen()));
 }
 
 } // namespace kvex::qt

@@ -61,9 +61,8 @@ ControlDesign cancelButton() {
 
 Layout aboveButtons(std::vector<Layout> content, const std::u16string &accept,
                     const std::u16string &cancel) {
-    content.push_back(place(u"Frame1"));
-    content.push_back(row({spring(), place(accept), place(cancel)}));
-    return column(std::move(content));
+    return column({scrolling(std::move(content)), place(u"Frame1"),
+                   row({spring(), place(accept), place(cancel)})});
 }
 
 Layout buttonColumn(const std::vector<std::u16string> &buttons, int stretch) {

@@ -26,8 +26,8 @@ namespace kvex::design {
 [[nodiscard]] ControlDesign plainOkButton();
 [[nodiscard]] ControlDesign cancelButton();
 
-/// A window's layout: `content` from top to bottom, and the end that every window has, with these
-/// buttons.
+/// A window's layout: `content` from top to bottom, which may scroll, and the end that every window
+/// has, with these buttons, which stay in view.
 [[nodiscard]] Layout aboveButtons(std::vector<Layout> content,
                                   const std::u16string &accept = u"cmdOK",
                                   const std::u16string &cancel = u"cmdCancel");

@@ -24,7 +24,8 @@ enum class ControlKind {
     imageList,
 };
 
-enum class Picture { sortAscending, account, person };
+/// inOrder: the rows stand in an order of their own, counted from the top.
+enum class Picture { inOrder, account, person };
 
 struct ControlDesign {
     ControlKind kind;
@@ -58,6 +59,8 @@ struct ControlDesign {
     bool checkBoxes = false;
     bool multiSelect = false;
     bool columnHeaders = true;
+    /// listView: what belongs there, said while it has no rows.
+    std::u16string emptyText = {};
     /// listView: what a greyed row says of itself.
     std::u16string greyedRowHint = {};
     /// listView: the image list whose pictures its columns and rows use; the picture (from 1)
@@ -86,6 +89,9 @@ struct Layout {
     std::vector<Layout> pieces = {};
     /// The share of the room left over; 0 takes only what is needed.
     int stretch = 0;
+    /// A box whose pieces can be scrolled to where the window has not the room for all; at most
+    /// one in a layout. Without one the whole layout scrolls.
+    bool scrolls = false;
 };
 
 [[nodiscard]] inline Layout place(std::u16string control, int stretch = 0) {
@@ -100,6 +106,10 @@ struct Layout {
 }
 [[nodiscard]] inline Layout column(std::vector<Layout> pieces, int stretch = 0) {
     return {Layout::Kind::column, {}, std::move(pieces), stretch};
+}
+/// A column of what may scroll, above what stays in view.
+[[nodiscard]] inline Layout scrolling(std::vector<Layout> pieces) {
+    return {Layout::Kind::column, {}, std::move(pieces), 1, true};
 }
 /// Takes the room that is left.
 [[nodiscard]] inline Layout spring() {

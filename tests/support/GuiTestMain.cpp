@@ -1,4 +1,5 @@
-// The main of test programs that show windows: they bring their own display.
+// The main of test programs that show windows: they bring their own display, of the size that
+// KVEX_TEST_SCREEN says.
 #include "tests/support/VirtualDisplay.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +10,9 @@ namespace {
 
 class DisplayForTests final : public testing::Environment {
 public:
-    void SetUp() override { display_ = std::make_unique<kvex::test::VirtualDisplay>(); }
+    void SetUp() override {
+        display_ = std::make_unique<kvex::test::VirtualDisplay>(KVEX_TEST_SCREEN);
+    }
     // The toolkit stays connected until the program ends, and the server with it.
 
 private:

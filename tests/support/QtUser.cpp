@@ -2,6 +2,7 @@
 
 #include "adapters/qt/ListTree.h"
 #include "adapters/qt/QText.h"
+#include "adapters/qt/ScrollPane.h"
 #include "platform/Text.h"
 
 #include <QAbstractButton>
@@ -249,6 +250,9 @@ std::u16string QtUser::controlOf(const QWidget *widget) const {
 
 /// As the window system would hand it over: to the window, at the place.
 void QtUser::pressMouse(QWidget &widget, QPoint at, bool isDouble) {
+    if (auto *pane = dialog_->findChild<qt::ScrollPane *>(); pane->isAncestorOf(&widget)) {
+        pane->bringIntoView(widget);
+    }
     QWindow *const window = widget.window()->windowHandle();
     const QPoint place = widget.mapTo(widget.window(), at);
     if (isDouble) {

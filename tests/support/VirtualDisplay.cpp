@@ -14,11 +14,12 @@ namespace kvex::test {
 namespace {
 
 /// The server ends with the test program, however that ends.
-[[noreturn]] void becomeServer(const std::string &display, int readyPipe) {
+[[noreturn]] void becomeServer(const std::string &display, const std::string &screen,
+                               int readyPipe) {
     prctl(PR_SET_PDEATHSIG, SIGTERM);
     const std::string ready = std::to_string(readyPipe);
     execlp("Xvfb", "Xvfb", display.c_str(), "-displayfd", ready.c_str(), "-screen", "0",
-           "1280x1024x24", "-noreset", "-nolisten", "tcp", static_cast<char *>(nullptr));
+           screen.c_str(), "-noreset", "-nolisten", "tcp", static_cast<char *>(nullptr));
     _exit(127);
 }
 
@@ -35,7 +36,7 @@ bool isReady(int pipe) {
 }
 
 /// The server of this display; 0 when it could not start.
-pid_t startServer(const std::string &display) {
+pid_t startServer(const std::string &display, const std::string &screen) {
     std::array<int, 2> ends{};
     if (pipe(ends.data()) != 0) {
         throw std::runtime_error("no pipe for the virtual display");
@@ -43,7 +44,7 @@ pid_t startServer(const std::string &display) {
     const pid_t server = fork();
     if (server == 0) {
         close(ends[0]);
-        becomeServer(display, ends[1]);
+        becomeServer(display, screen, ends[1]);
     }
     close(ends[1]);
     const bool ready = isReady(ends[0]);
@@ -56,20 +57,22 @@ pid_t startServer(const std::string &display) {
 
 } // namespace
 
-VirtualDisplay::VirtualDisplay() {
+VirtualDisplay::VirtualDisplay(const std::string &size) {
     // Numbers of its own: a server that picks the lowest free one can lose its socket to another
     // that is just ending.
     constexpr int attempts = 10;
     std::string display;
     for (int attempt = 0; server_ <= 0 && attempt < attempts; ++attempt) {
         display.assign(":").append(std::to_string(1000 + (getpid() * attempts + attempt) % 50000));
-        server_ = startServer(display);
+        server_ = startServer(display, size + "x24");
     }
     if (server_ <= 0) {
         throw std::runtime_error("the virtual display did not start: is Xvfb installed?");
     }
     setenv("DISPLAY", display.c_str(), 1);
     setenv("QT_QPA_PLATFORM", "xcb", 1);
+    // No folder: the sizes of the user's own windows are neither read nor written.
+    setenv("XDG_STATE_HOME", "/dev/null", 1);
     for (const char *variable : {"WAYLAND_DISPLAY", "QT_QPA_PLATFORMTHEME", "QT_STYLE_OVERRIDE"}) {
         unsetenv(variable);
     }

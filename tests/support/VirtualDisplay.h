@@ -3,12 +3,15 @@
 
 #include <sys/types.h>
 
+#include <string>
+
 namespace kvex::test {
 
-/// Points DISPLAY at the server, and Qt at DISPLAY. Throws where the server cannot be started.
+/// Points DISPLAY at the server, and Qt at DISPLAY; the sizes of windows are not remembered.
+/// Throws where the server cannot be started.
 class VirtualDisplay {
 public:
-    VirtualDisplay();
+    explicit VirtualDisplay(const std::string &size = "1280x1024");
     ~VirtualDisplay();
     VirtualDisplay(const VirtualDisplay &) = delete;
     VirtualDisplay &operator=(const VirtualDisplay &) = delete;

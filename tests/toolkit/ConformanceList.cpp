@@ -156,7 +156,7 @@ TEST_P(ToolkitConformance, ListColumnsAreClearedApartFromTheRows) {
 
 TEST_P(ToolkitConformance, ListColumnsTakePicturesOfTheImageList) {
     ControlDesign pictures = control(ControlKind::imageList, u"img");
-    pictures.pictures = {Picture::sortAscending, Picture::account};
+    pictures.pictures = {Picture::inOrder, Picture::account};
     ControlDesign design = list();
     design.imageList = u"img";
     design.rowPicture = 2;

@@ -130,6 +130,17 @@ TEST_F(WindowsOnScreen, AWarningLeavesTheEditorOpenAndPointsAtTheName) {
     EXPECT_EQ(utility.messages, (std::vector<Message>{{u"Type a name for this Rule.", 48}}));
 }
 
+TEST_F(WindowsOnScreen, TheRulesWindowFirstShowsTenLinesOfTheDescription) {
+    playRules([](QtUser &user) {
+        const auto *box = qobject_cast<QTextEdit *>(user.widget(u"rtRuleDesc"));
+        ASSERT_NE(box, nullptr);
+        const double lines = (box->viewport()->height() - 2 * box->document()->documentMargin()) /
+                             QFontMetricsF(box->document()->defaultFont()).lineSpacing();
+        EXPECT_GE(lines, 10);
+        user.press(Key::escape);
+    });
+}
+
 TEST_F(WindowsOnScreen, LockedRowsSayInWordsWhyTheyAreGrey) {
     playNewRule([](QtUser &user) {
         user.tickRow(u"lvwRuleConditions", 6);

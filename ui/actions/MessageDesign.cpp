@@ -18,6 +18,7 @@ ControlDesign outAccounts() {
     return {.kind = ControlKind::listView,
             .name = u"lvwOutAccount",
             .checkBoxes = true,
+            .emptyText = u"The server's accounts appear here.",
             .imageList = u"imgListIcons",
             .rowPicture = accountPicture,
             .columns = 48,

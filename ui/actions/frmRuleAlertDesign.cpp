@@ -31,6 +31,7 @@ WindowDesign frmRuleAlertDesign() {
                 {.kind = ControlKind::listView,
                  .name = u"lvwPeople",
                  .accessibleName = u"Selected recipients",
+                 .emptyText = u"The recipients that you add appear here.",
                  .imageList = u"imgListIcons",
                  .rowPicture = personPicture,
                  .columns = 32,

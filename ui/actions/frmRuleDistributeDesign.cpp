@@ -5,10 +5,11 @@
 namespace kvex {
 namespace {
 
-ControlDesign users(std::u16string name) {
+ControlDesign users(std::u16string name, std::u16string emptyText) {
     return {.kind = ControlKind::listView,
             .name = std::move(name),
             .multiSelect = true,
+            .emptyText = std::move(emptyText),
             .imageList = u"imgListIcons",
             .rowPicture = 1,
             .columns = 30,
@@ -25,12 +26,12 @@ WindowDesign frmRuleDistributeDesign() {
         .controls =
             {
                 label(u"Label2", u"Available users", u"lvwUsersSource"),
-                users(u"lvwUsersSource"),
+                users(u"lvwUsersSource", u"The server's users appear here."),
                 button(u"cmdSelect", u"&Select ->"),
                 button(u"cmdAll", u"&All ->"),
                 button(u"cmdRemove", u"&Remove"),
                 label(u"Label1", u"Selected users for distribution", u"lvwUsersSelected"),
-                users(u"lvwUsersSelected"),
+                users(u"lvwUsersSelected", u"The users that you select appear here."),
                 separator(),
                 waiting(okButton(), u"Select a user first"),
                 cancelButton(),

@@ -18,6 +18,7 @@ WindowDesign frmRuleAccountDesign() {
             {
                 {.kind = ControlKind::listView,
                  .name = u"lvwAccountSource",
+                 .emptyText = u"The server's accounts appear here.",
                  .columns = 44,
                  .lines = 6},
                 cancelButton(),

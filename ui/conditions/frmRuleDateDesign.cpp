@@ -48,13 +48,16 @@ WindowDesign frmRuleDateDesign() {
                 cancelButton(),
             },
         .layout = column({
-            placeFrame(u"Frame1",
-                       {
-                           place(u"Label1"),
-                           row({place(u"FromDate"), place(u"FromTime"), place(u"lblTime"),
-                                place(u"ToDate"), place(u"ToTime"), spring()}),
-                       }),
-            spring(),
+            scrolling({
+                placeFrame(u"Frame1",
+                           {
+                               place(u"Label1"),
+                               row({place(u"FromDate"), place(u"FromTime"), spring()}),
+                               place(u"lblTime"),
+                               row({place(u"ToDate"), place(u"ToTime"), spring()}),
+                           }),
+                spring(),
+            }),
             row({spring(), place(u"cmdOK"), place(u"cmdCancel")}),
         }),
     };

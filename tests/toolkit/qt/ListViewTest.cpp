@@ -17,11 +17,12 @@ protected:
         ControlDesign list{.kind = ControlKind::listView, .name = u"lvw"};
         list.checkBoxes = true;
         list.greyedRowHint = u"Locked by another choice";
+        list.emptyText = u"Rules appear here";
         list.imageList = u"img";
         list.columns = 40;
         list.lines = 8;
         ControlDesign pictures{.kind = ControlKind::imageList, .name = u"img"};
-        pictures.pictures = {Picture::sortAscending};
+        pictures.pictures = {Picture::inOrder};
         shown = window({list, pictures});
         view().addColumn(u"Rules", 0.5);
         view().addColumn(u"Hidden", 0);
@@ -116,10 +117,41 @@ TEST_F(QtListViewTest, APictureStandsInTheColumnsHeader) {
         EXPECT_FALSE(picture().isValid());
         view().setColumnIcon(1, 1);
         const QImage drawn = picture().value<QIcon>().pixmap(16, 16).toImage();
-        EXPECT_EQ(drawn.pixelColor(8, 8), QApplication::palette().color(QPalette::Text));
+        // Two entries of a list, with room between.
+        const QColor text = QApplication::palette().color(QPalette::Text);
+        EXPECT_EQ(drawn.pixelColor(11, 4), text);
+        EXPECT_EQ(drawn.pixelColor(11, 8).alpha(), 0);
+        EXPECT_EQ(drawn.pixelColor(11, 12), text);
         EXPECT_EQ(drawn.pixelColor(0, 0).alpha(), 0);
         view().setColumnIcon(1, 0);
         EXPECT_FALSE(picture().isValid());
+    });
+}
+
+TEST_F(QtListViewTest, AnEmptyListSaysWhatBelongsThereUntilItHasARow) {
+    const auto saysSo = [](const qt::ListTree &list) {
+        const QImage drawn = list.viewport()->grab().toImage();
+        const QColor base = list.palette().color(QPalette::Base);
+        double most = 1;
+        for (int y = 0; y < drawn.height(); ++y) {
+            for (int x = 0; x < drawn.width(); ++x) {
+                most = std::max(most, qt::contrast(drawn.pixelColor(x, y), base));
+            }
+        }
+        return most;
+    };
+    const Theme theme(darkPalette(), 16);
+    show(*shown, [&](QtUser &user) {
+        EXPECT_EQ(tree(user).accessibleDescription(), "");
+        view().clearRows();
+        EXPECT_EQ(tree(user).accessibleDescription(), "Rules appear here");
+        EXPECT_GE(saysSo(tree(user)), qt::leastTextContrast);
+        view().addRow(u"");
+        EXPECT_EQ(tree(user).accessibleDescription(), "");
+        view().setChecked(1, true);
+        view().removeRow(1);
+        EXPECT_EQ(tree(user).accessibleDescription(), "Rules appear here");
+        EXPECT_GE(saysSo(tree(user)), qt::leastTextContrast);
     });
 }
 

@@ -131,6 +131,69 @@ TEST_F(QtWindowTest, ABoxToTickIsMadeOutOnADarkThemeAndGrowsWithTheFont) {
     }
 }
 
+/// The most that a pixel of the widget's caption stands out from what is beside it.
+double contrastOfCaption(QWidget &widget) {
+    const QImage drawn = widget.grab().toImage();
+    const int beside = drawn.width() - 6;
+    double most = 1;
+    for (int y = 6; y < drawn.height() - 6; ++y) {
+        for (int x = drawn.height(); x < beside; ++x) {
+            most =
+                std::max(most, qt::contrast(drawn.pixelColor(x, y), drawn.pixelColor(beside, y)));
+        }
+    }
+    return most;
+}
+
+TEST_F(QtWindowTest, ADisabledCaptionCanBeReadInHighContrastThemes) {
+    struct HighContrast {
+        QColor background, text, disabled;
+    };
+    for (const auto &[background, text, disabled] :
+         {HighContrast{Qt::black, Qt::white, QColor(70, 70, 70)},
+          HighContrast{Qt::white, Qt::black, QColor(190, 190, 190)}}) {
+        SCOPED_TRACE(background.name().toStdString());
+        QPalette palette(text, background, background, background, background, text, text,
+                         background, background);
+        for (const auto role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
+            palette.setColor(QPalette::Disabled, role, disabled);
+        }
+        const auto before = toolkit.createWindow(everything());
+        const Theme theme(palette, 16);
+        const auto after = toolkit.createWindow(everything());
+        for (Window *window : {before.get(), after.get()}) {
+            show(*window, [&](QtUser &user) {
+                for (const auto *name : {u"cmdEdit", u"opg0", u"chk", u"fra"}) {
+                    SCOPED_TRACE(user.widget(name)->objectName().toStdString());
+                    window->get<Control>(name).setEnabled(true);
+                    const double enabled = contrastOfCaption(*user.widget(name));
+                    window->get<Control>(name).setEnabled(false);
+                    const double whenDisabled = contrastOfCaption(*user.widget(name));
+                    EXPECT_GE(whenDisabled, qt::leastTextContrast);
+                    EXPECT_LT(whenDisabled, enabled);
+                }
+            });
+        }
+    }
+}
+
+void expectProductIcon(const QIcon &icon) {
+    for (const int size : {16, 32, 48, 128}) {
+        const QImage drawn = icon.pixmap(size, size).toImage();
+        ASSERT_EQ(drawn.width(), size);
+        EXPECT_EQ(drawn.pixelColor(size / 2 - 2, size / 3), QColor(0x1c, 0x5d, 0x99)) << size;
+        EXPECT_EQ(drawn.pixelColor(0, 0).alpha(), 0) << size;
+    }
+}
+
+TEST_F(QtWindowTest, WindowsAndMessageBoxesHaveTheProductsIcon) {
+    const auto shown = toolkit.createWindow(everything());
+    show(*shown, [&](QtUser &user) { expectProductIcon(dialog(user).windowIcon()); });
+    QTimer::singleShot(0, &play,
+                       [&] { expectProductIcon(QApplication::activeModalWidget()->windowIcon()); });
+    toolkit.showMessageBox(u"T", u"x", message_box::exclamation);
+}
+
 TEST_F(QtWindowTest, ItStartsInItsDesignsSizeAsFarAsTheScreenHasRoom) {
     WindowDesign design = everything();
     design.columns = 1000;

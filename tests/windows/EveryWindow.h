@@ -1,0 +1,129 @@
+// A walk through every window, on a rule with all conditions and all actions, so that everything
+// that can be enabled is.
+#pragma once
+
+#include "tests/windows/WindowsOnScreenFixture.h"
+
+#include <functional>
+#include <map>
+#include <string>
+
+namespace kvex::test {
+
+class EveryWindow : public WindowsOnScreen {
+protected:
+    using Check = std::function<void(QtUser &)>;
+
+    EveryWindow() {
+        database.addUser(3, "Asha");
+        database.addUser(7, "José Müller");
+        database.addAccount(2, "Main modem");
+        database.addAccount(4, "दिल्ली कार्यालय");
+        whole = database.addRule(
+            "Whole",
+            "<IGNOREIFSERVICE>YES</IGNOREIFSERVICE><PEOPLE><CON><ANY>9811100011;9811100022"
+            "</PEOPLE><ACCOUNT><CON><ANY>2;4</ACCOUNT><WORD><NOT><ALL>STOP;HALT</WORD>"
+            "<DATETIME>20240301 09:00:00,20240331 18:30:00</DATETIME>",
+            "<DIST>3;7</DIST><REPLY>Received;2</REPLY>"
+            "<ALERT>New message;2;9811100033;9811100044</ALERT>"
+            "<DELETE>NO</DELETE><IGNOREFURTHERRULES>YES</IGNOREFURTHERRULES>");
+    }
+
+    /// Shows each window once, in the order in which they open, and leaves it by Esc.
+    void walk(const std::map<std::u16string, Check> &checks) {
+        const auto checked = [&](const std::u16string &window, const OnScreen &further = {}) {
+            play.whenShown(window, [&checks, window, further](QtUser &user) {
+                enableEverything(user);
+                checks.at(window)(user);
+                if (further) {
+                    further(user);
+                }
+                user.press(Key::escape);
+            });
+        };
+        const auto withOptions = [&](QtUser &user) {
+            checked(u"frmRuleOptions");
+            user.click(u"cmdOptions");
+        };
+        checked(u"frmRuleEdit", [&, withOptions](QtUser &editor) {
+            const auto open = [&](std::u16string_view list, int row, std::u16string_view button,
+                                  const std::u16string &window, const OnScreen &further = {}) {
+                editor.clickRow(list, row);
+                checked(window, further);
+                editor.click(button);
+            };
+            open(u"lvwRuleConditions", 2, u"cmdEditCondition", u"frmRulePeople");
+            open(u"lvwRuleConditions", 3, u"cmdEditCondition", u"frmRuleAccount");
+            open(u"lvwRuleConditions", 4, u"cmdEditCondition", u"frmRuleWords", withOptions);
+            open(u"lvwRuleConditions", 5, u"cmdEditCondition", u"frmRuleDate");
+            open(u"lvwRuleActions", 1, u"cmdConfigureAction", u"frmRuleDistribute");
+            open(u"lvwRuleActions", 2, u"cmdConfigureAction", u"frmRuleReply");
+            open(u"lvwRuleActions", 3, u"cmdConfigureAction", u"frmRuleAlert");
+            checked(u"frmRules");
+        });
+        showRules(toText(whole));
+        ruleUI->release();
+        ruleUI.reset();
+    }
+
+    /// What waits for a choice or for a text gets it.
+    static void enableEverything(QtUser &user) {
+        if (user.widget(u"lvwRuleConditions") != nullptr) {
+            user.clickRow(u"lvwRuleConditions", 2);
+        }
+        for (const auto *box : {u"txtMobileNo", u"txtWord"}) {
+            if (user.widget(box) != nullptr) {
+                user.focusOn(box);
+                user.type(u"1");
+            }
+        }
+    }
+
+    /// The same check in all of them.
+    void walk(const Check &check) {
+        std::map<std::u16string, Check> checks;
+        for (const auto &[window, tabOrder] : tabOrders()) {
+            checks[window] = check;
+        }
+        walk(checks);
+    }
+
+    static const std::map<std::u16string, Texts> &tabOrders() {
+        static const std::map<std::u16string, Texts> orders{
+            {u"frmRules",
+             {u"lvwRules", u"cmdNew", u"cmdModify", u"cmdRemove", u"cmdMoveUp", u"cmdMoveDown",
+              u"rtRuleDesc", u"cmdOK", u"cmdCancel"}},
+            {u"frmRuleEdit",
+             {u"lvwRuleConditions", u"cmdEditCondition", u"lvwRuleActions", u"cmdConfigureAction",
+              u"rtRuleDesc", u"txtRuleName", u"cmdOK", u"cmdCancel"}},
+            {u"frmRulePeople",
+             {u"cmdClear", u"cmdOptions", u"cmdRemove", u"cmdAddressBook", u"cmdAdd", u"cmdOK",
+              u"cmdCancel", u"txtMobileNo", u"lvwPeople"}},
+            {u"frmRuleAccount",
+             {u"lvwAccountSource", u"cmdCancel", u"cmdOK", u"cmdAdd", u"cmdRemove", u"cmdOptions",
+              u"cmdClear", u"lvwAccountSelected"}},
+            {u"frmRuleWords",
+             {u"chkWordAsCommand", u"cmdClear", u"cmdOptions", u"cmdRemove", u"cmdAdd", u"cmdOK",
+              u"cmdCancel", u"txtWord", u"lvwWords"}},
+            {u"frmRuleOptions",
+             // Of each group the selected member.
+             {u"opgAllAnyModifier(0)", u"opgConNotmodifier(1)", u"cmdcancel", u"cmdOK",
+              u"lvwRuleCondition"}},
+            {u"frmRuleDate",
+             {u"FromDate", u"FromTime", u"ToDate", u"ToTime", u"cmdOK", u"cmdCancel"}},
+            {u"frmRuleDistribute",
+             {u"lvwUsersSource", u"cmdSelect", u"cmdAll", u"cmdRemove", u"lvwUsersSelected",
+              u"cmdOK", u"cmdCancel"}},
+            {u"frmRuleReply",
+             {u"rtReplyText", u"txtCharCount", u"lvwOutAccount", u"cmdOK", u"cmdCancel"}},
+            {u"frmRuleAlert",
+             {u"rtAlertText", u"txtCharCount", u"lvwOutAccount", u"txtMobileNo", u"cmdAdd",
+              u"cmdAddressBook", u"lvwPeople", u"cmdRemove", u"cmdClear", u"cmdOK", u"cmdCancel"}},
+        };
+        return orders;
+    }
+
+    std::int64_t whole = 0;
+};
+
+} // namespace kvex::test
