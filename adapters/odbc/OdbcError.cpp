@@ -166,7 +166,7 @@ Told told(Meaning meaning) {
                 u"server runs, then try again."};
     case Meaning::connectionLost:
         return {refusal::noConnection, u"The connection to the database is lost (",
-                u"): close the window, open it again and repeat the change."};
+                u"): open the rules, or run the command, again and repeat the change."};
     case Meaning::noDriver:
         return {refusal::noConnection, u"The database's ODBC driver cannot be used (",
                 u"): install it, and name it in the connection string as odbcinst -q -d does."};
@@ -201,8 +201,8 @@ Told told(Meaning meaning) {
         return {refusal::timeout,
                 u"The record is locked by another program, or the server is cut off from its "
                 u"cluster (",
-                u"): try again, and if that does not help close the window, open it again and "
-                u"repeat the change."};
+                u"): try again, and if that does not help open the rules, or run the command, "
+                u"again and repeat the change."};
     case Meaning::noAnswer:
         return {refusal::timeout, u"The database did not answer in time (",
                 u"): try again, or give it longer with Connect Timeout=SECONDS."};
@@ -216,7 +216,7 @@ Told told(Meaning meaning) {
         break;
     }
     return {refusal::failed, u"The database failed (",
-            u"): close the window, open it again and repeat the change."};
+            u"): open the rules, or run the command, again and repeat the change."};
 }
 
 } // namespace
