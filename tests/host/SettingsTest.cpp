@@ -147,6 +147,20 @@ TEST_F(Settings, TakeAServersConnectionStringAsItIs) {
     EXPECT_FALSE(chosen().isOwnDatabase);
 }
 
+TEST_F(Settings, RefuseAUrlWhoeverNamesIt) {
+    const std::string url = "mysql://app:s3cret@db/sms";
+    const std::string advice = " \"mysql://…\" is a URL, and this program takes none. Use this "
+                               "connection string: Driver={MariaDB Unicode};Server=db;"
+                               "Database=sms;UID=app;PWD=...";
+    EXPECT_EQ(failure({{Option::database, url}}), "The database was named by --database." + advice);
+    environment.set("KVEX_DATABASE", url);
+    EXPECT_EQ(failure(), "The database was named by $KVEX_DATABASE." + advice);
+    environment.set("KVEX_DATABASE", std::nullopt);
+    configure("database = " + url);
+    EXPECT_EQ(failure(), "The database was named in " +
+                             (folder / "config/kvex/kvexrules.conf").string() + "." + advice);
+}
+
 TEST_F(Settings, RefuseAUserWhoIsNoNumber) {
     EXPECT_THAT(failure({{Option::user, "asha"}}), HasSubstr("\"asha\" is no user's id"));
     EXPECT_THAT(failure({{Option::user, "99999999999"}}), HasSubstr("is no user's id"));

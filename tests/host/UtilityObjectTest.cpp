@@ -41,7 +41,7 @@ private:
 
 class Utility : public testing::Test {
 protected:
-    void SetUp() override { suiteState() = SuiteState{u"DSN=sms", u"second", ErrorLog(file), u""}; }
+    void SetUp() override { suiteState() = SuiteState{u"DSN=sms", u"second", ErrorLog(file)}; }
     void TearDown() override { suiteState() = SuiteState(); }
 
     HRESULT logError(std::int32_t number, std::u16string_view description,
@@ -76,7 +76,7 @@ TEST_F(Utility, OnlyLogsAnErrorOfTheRuntime) {
     EXPECT_THAT(readFile(file),
                 MatchesRegex("[-0-9T:+]+\tthe text\t13\tthe source\tType mismatch\n"));
     EXPECT_TRUE(utility->shown.empty());
-    EXPECT_EQ(suiteState().lastReason, u"Type mismatch");
+    EXPECT_EQ(suiteState().lastError.value().error.description(), u"Type mismatch");
 }
 
 TEST_F(Utility, ShowsAnErrorOfTheDatabaseAsWell) {

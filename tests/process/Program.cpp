@@ -4,10 +4,12 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdlib>
 #include <fcntl.h>
 #include <poll.h>
 #include <stdexcept>
 #include <sys/wait.h>
+#include <termios.h>
 #include <unistd.h>
 #include <utility>
 
@@ -69,11 +71,11 @@ void collect(int output, int errors, Outcome &outcome) {
     }
 }
 
-} // namespace
-
-Outcome run(const std::filesystem::path &program, const std::vector<std::string> &arguments,
+/// Starts the program in a process of its own, in which `connect` is called first.
+template <class Connect>
+pid_t start(const std::filesystem::path &program, const std::vector<std::string> &arguments,
             const std::map<std::string, std::string> &environment,
-            const std::filesystem::path &folder, Output output) {
+            const std::filesystem::path &folder, const Connect &connect) {
     std::vector<std::string> words{program.string()};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<std::string> variables;
@@ -83,15 +85,9 @@ Outcome run(const std::filesystem::path &program, const std::vector<std::string>
     }
     const std::vector<char *> argumentPointers = test::argumentPointers(words);
     const std::vector<char *> variablePointers = test::argumentPointers(variables);
-    Pipe outputPipe;
-    Pipe errorPipe;
-    if (output == Output::withoutReader) {
-        close(std::exchange(outputPipe.reader, -1));
-    }
     const pid_t child = fork();
     if (child == 0) {
-        connectOutput(output, outputPipe.writer);
-        dup2(errorPipe.writer, STDERR_FILENO);
+        connect();
         if (chdir(folder.c_str()) == 0) {
             execve(program.c_str(), argumentPointers.data(), variablePointers.data());
         }
@@ -100,10 +96,10 @@ Outcome run(const std::filesystem::path &program, const std::vector<std::string>
     if (child < 0) {
         throw std::runtime_error("no process");
     }
-    close(std::exchange(outputPipe.writer, -1));
-    close(std::exchange(errorPipe.writer, -1));
-    Outcome outcome;
-    collect(outputPipe.reader, errorPipe.reader, outcome);
+    return child;
+}
+
+void waitFor(pid_t child, const std::filesystem::path &program, Outcome &outcome) {
     int status = 0;
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
     }
@@ -111,6 +107,71 @@ Outcome run(const std::filesystem::path &program, const std::vector<std::string>
         throw std::runtime_error(program.string() + " did not run to its end: " + outcome.errors);
     }
     outcome.status = WEXITSTATUS(status);
+}
+
+/// A terminal that shows no input and changes no output.
+struct Terminal {
+    int master = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+    int program = -1;
+    Terminal() {
+        if (master < 0 || grantpt(master) != 0 || unlockpt(master) != 0) {
+            throw std::runtime_error("no terminal");
+        }
+        program = open(ptsname(master), O_RDWR | O_NOCTTY | O_CLOEXEC);
+        termios settings{};
+        tcgetattr(program, &settings);
+        settings.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+        settings.c_oflag &= ~static_cast<tcflag_t>(OPOST);
+        tcsetattr(program, TCSANOW, &settings);
+    }
+    ~Terminal() {
+        close(master);
+        close(program);
+    }
+    Terminal(const Terminal &) = delete;
+    Terminal &operator=(const Terminal &) = delete;
+};
+
+} // namespace
+
+Outcome run(const std::filesystem::path &program, const std::vector<std::string> &arguments,
+            const std::map<std::string, std::string> &environment,
+            const std::filesystem::path &folder, Output output) {
+    Pipe outputPipe;
+    Pipe errorPipe;
+    if (output == Output::withoutReader) {
+        close(std::exchange(outputPipe.reader, -1));
+    }
+    const pid_t child = start(program, arguments, environment, folder, [&] {
+        connectOutput(output, outputPipe.writer);
+        dup2(errorPipe.writer, STDERR_FILENO);
+    });
+    close(std::exchange(outputPipe.writer, -1));
+    close(std::exchange(errorPipe.writer, -1));
+    Outcome outcome;
+    collect(outputPipe.reader, errorPipe.reader, outcome);
+    waitFor(child, program, outcome);
+    return outcome;
+}
+
+Outcome runAtTerminal(const std::filesystem::path &program,
+                      const std::vector<std::string> &arguments,
+                      const std::map<std::string, std::string> &environment,
+                      const std::filesystem::path &folder, const std::string &typed) {
+    Terminal terminal;
+    const pid_t child = start(program, arguments, environment, folder, [&] {
+        for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+            dup2(terminal.program, stream);
+        }
+    });
+    close(std::exchange(terminal.program, -1));
+    Outcome outcome;
+    if (write(terminal.master, typed.data(), typed.size()) < 0) {
+        throw std::runtime_error("nothing can be typed");
+    }
+    // Its end is an error: nobody holds the terminal's other side any more.
+    collect(terminal.master, -1, outcome);
+    waitFor(child, program, outcome);
     return outcome;
 }
 
