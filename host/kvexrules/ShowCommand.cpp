@@ -68,12 +68,14 @@ bool isAboutLoading(const LoggedError &error) {
 
 /// Says what the rule's row holds, which the description does not, and what OK would do to it.
 void tellWhatIsStored(const std::string &id, const Settings &settings) {
-    complain(suiteState().firstError && isAboutLoading(*suiteState().firstError)
-                 ? "OK in the editor would replace both texts by what was read before the error, "
-                   "and by what is entered there: the rest of the conditions and actions would be "
-                   "lost. Correct the row in the database, as its texts are now:"
-                 : "OK in the editor would store what cannot be described as it is. Choose it "
-                   "anew there, or correct the row in the database. Its texts are now:");
+    complain(
+        suiteState().firstError && isAboutLoading(*suiteState().firstError)
+            ? "OK in the editor would replace both texts by what was read before the error, "
+              "and by what is entered there: the rest of the conditions and actions would be "
+              "lost. Correct the row in the database, as its texts are now:"
+            : "OK in the editor would write both texts again, and leave what cannot be "
+              "described as it is. Choose that anew there, or correct the row in the database. "
+              "Its texts are now:");
     try {
         const StoredTexts texts = storedTexts(id, settings);
         complainExactly("QueryParam: " + texts.queryParam);

@@ -148,7 +148,7 @@ TEST_F(Show, TellsThatOkWouldNotMendWhatIsOnlyNotDescribed) {
     sqlite3(database, "UPDATE SMS_RULES SET QueryParam = 'PWD=x\x1b', ActionParam = "
                       "'<DIST>Asha</DIST>' WHERE ID = 6");
     EXPECT_THAT(kvexrules({"show", "6"}).errors,
-                AllOf(HasSubstr("OK in the editor would store what cannot be described as it is"),
+                AllOf(HasSubstr("leave what cannot be described as it is. Choose that anew there"),
                       HasSubstr("QueryParam: PWD=x\x1b\nActionParam: <DIST>Asha</DIST>\n")));
 }
 
