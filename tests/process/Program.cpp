@@ -1,15 +1,14 @@
 #include "tests/process/Program.h"
 
 #include "tests/support/ArgumentPointers.h"
+#include "tests/support/Terminal.h"
 
 #include <array>
 #include <cerrno>
-#include <cstdlib>
 #include <fcntl.h>
 #include <poll.h>
 #include <stdexcept>
 #include <sys/wait.h>
-#include <termios.h>
 #include <unistd.h>
 #include <utility>
 
@@ -109,29 +108,6 @@ void waitFor(pid_t child, const std::filesystem::path &program, Outcome &outcome
     outcome.status = WEXITSTATUS(status);
 }
 
-/// A terminal that shows no input and changes no output.
-struct Terminal {
-    int master = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
-    int program = -1;
-    Terminal() {
-        if (master < 0 || grantpt(master) != 0 || unlockpt(master) != 0) {
-            throw std::runtime_error("no terminal");
-        }
-        program = open(ptsname(master), O_RDWR | O_NOCTTY | O_CLOEXEC);
-        termios settings{};
-        tcgetattr(program, &settings);
-        settings.c_lflag &= ~static_cast<tcflag_t>(ECHO);
-        settings.c_oflag &= ~static_cast<tcflag_t>(OPOST);
-        tcsetattr(program, TCSANOW, &settings);
-    }
-    ~Terminal() {
-        close(master);
-        close(program);
-    }
-    Terminal(const Terminal &) = delete;
-    Terminal &operator=(const Terminal &) = delete;
-};
-
 } // namespace
 
 Outcome run(const std::filesystem::path &program, const std::vector<std::string> &arguments,
@@ -158,7 +134,7 @@ Outcome runAtTerminal(const std::filesystem::path &program,
                       const std::vector<std::string> &arguments,
                       const std::map<std::string, std::string> &environment,
                       const std::filesystem::path &folder, const std::string &typed) {
-    Terminal terminal;
+    test::Terminal terminal;
     const pid_t child = start(program, arguments, environment, folder, [&] {
         for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
             dup2(terminal.program, stream);
