@@ -19,10 +19,17 @@ struct IRuleUI : IUnknown {
     /// Shows the rules in the name of the user `userId` until he closes the window. The rule
     /// editor opens at once, on the rule whose id `ruleId` is, or on a new rule when it is "".
     ///
-    /// `*result`: 99 when something was changed, 1 when nothing was, 0 when the session could not
-    /// be opened or the window not shown (the reason is in the log). A second call on one object
-    /// gives 0: its session is open until the object is released. Fails with E_POINTER when
-    /// `result` is null, and with E_FAIL only when the error could not be logged either.
+    /// `*result`:
+    /// - 99: the user may have edited something. He may have cancelled it, too, and an edit that an
+    ///   earlier call on this thread noted counts until the editor opens.
+    /// - 1: no edit was noted. Rules may still have been removed; and rules that were switched or
+    ///   ordered before the editor was opened again are stored, but no longer noted.
+    /// - 0: the session could not be opened or the window not shown (the reason is in the log).
+    /// So a host reloads its rules after every call that did not give 0.
+    ///
+    /// A second call on one object gives 0: its session is open until the object is released.
+    /// Fails with E_POINTER when `result` is null, and with E_FAIL only when the error could not be
+    /// logged either.
     virtual HRESULT ShowRules(BSTR userId, BSTR ruleId, LONG *result) noexcept = 0;
 
 protected:

@@ -18,9 +18,9 @@ public:
     RuleUI &operator=(const RuleUI &) = delete;
 
     /// Opens the session and shows the rules window for the user, with the rule editor on
-    /// `RuleID` or, when that is "", on a new rule. 99 when something was changed, 1 when nothing
-    /// was, 0 after a trapped error; what was open then stays open. A second call fails so: the
-    /// session is open until release.
+    /// `RuleID` or, when that is "", on a new rule. 99 when an edit was noted, 1 when none was (see
+    /// IRuleUI::ShowRules), 0 after a trapped error; what was open then stays open. A second call
+    /// fails so: the session is open until release.
     std::int32_t ShowRules(const std::u16string &UserId, const std::u16string &RuleID);
 
     /// Opens the session alone; false after a trapped error.

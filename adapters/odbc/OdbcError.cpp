@@ -166,7 +166,7 @@ Refusal refusalOf(Meaning meaning) {
                 u"server runs, then try again."};
     case Meaning::connectionLost:
         return {refusal::noConnection, u"The connection to the database is lost (",
-                u"): close the window, open it again and repeat the change."};
+                u"): open the rules, or run the command, again and repeat the change."};
     case Meaning::noDriver:
         return {refusal::noConnection, u"The database's ODBC driver cannot be used (",
                 u"): install it, and give the connection string its name from odbcinst -q -d."};
@@ -198,12 +198,11 @@ Refusal refusalOf(Meaning meaning) {
                 u"): wait until it has finished, then try again."};
     case Meaning::lockedOrCutOff:
         // A cluster's node reports the same code in both cases.
-        return {
-            refusal::timeout,
-            u"The record is locked by another program, or the server is cut off from its "
-            u"cluster (",
-            u"): try again. If that does not help, close the window, open it again and repeat the "
-            u"change."};
+        return {refusal::timeout,
+                u"The record is locked by another program, or the server is cut off from its "
+                u"cluster (",
+                u"): try again. If that does not help, open the rules, or run the command, again "
+                u"and repeat the change."};
     case Meaning::noAnswer:
         return {refusal::timeout, u"The database did not answer in time (",
                 u"): try again, or allow more time with Connect Timeout=SECONDS."};
@@ -217,7 +216,7 @@ Refusal refusalOf(Meaning meaning) {
         break;
     }
     return {refusal::failed, u"The database failed (",
-            u"): close the window, open it again and repeat the change."};
+            u"): open the rules, or run the command, again and repeat the change."};
 }
 
 } // namespace

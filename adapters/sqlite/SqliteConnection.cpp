@@ -120,7 +120,8 @@ void SqliteConnection::requireInPlace() const {
         throw errorWith(SQLITE_READONLY_DBMOVED,
                         u"The database file " + name_ +
                             u" was moved, replaced or removed since it was opened: put it back, or "
-                            u"close the window and open it again on the file that is there now.");
+                            u"open the rules, or run the command, again on the file that is there "
+                            u"now.");
     }
 }
 

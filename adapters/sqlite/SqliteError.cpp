@@ -72,7 +72,7 @@ std::u16string description(int code, std::u16string_view name, std::u16string_vi
         return cannotOpen(database);
     default:
         return u"The database " + database + u" failed: " + std::u16string(message) +
-               u". Close the window, open it again and repeat the change.";
+               u". Open the rules, or run the command, again and repeat the change.";
     }
 }
 

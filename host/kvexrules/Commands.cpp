@@ -91,8 +91,11 @@ separates them by tabs, and lists the contacts that belong to nobody as well.
 row names its columns ("Name,Mobile"), in UTF-8. What it skips is named with its
 line; a contact that is there already is not added again.
 
-"edit" ends with the line "result: 99" when something was changed, "result: 1"
-when nothing was, and "result: 0" when the rules could not be opened.
+"edit" ends with the line "result: 99" when the user may have edited something,
+"result: 1" when no edit was noted (rules may still have been removed), and
+"result: 0" when the rules could not be opened. Whoever keeps rules in memory
+reloads them after 99 and after 1. Where an SQLite file is missing, it offers to
+make one.
 
 Exit status: 0 done; 1 something was not found or skipped, or a request was refused;
 2 wrong use, or nothing could be read.

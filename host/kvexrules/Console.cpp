@@ -2,12 +2,16 @@
 
 #include "host/kvexrules/Failure.h"
 #include "host/suite/Passwords.h"
+#include "host/suite/VisibleText.h"
 #include "platform/Text.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
 #include <fcntl.h>
+#include <iostream>
 #include <string>
 #include <unistd.h>
 
@@ -25,6 +29,11 @@ int writeAll(int stream, std::string_view text) {
         }
     }
     return 0;
+}
+
+bool isYes(std::string answer) {
+    std::ranges::transform(answer, answer.begin(), [](unsigned char c) { return std::tolower(c); });
+    return answer == "y" || answer == "yes";
 }
 
 } // namespace
@@ -53,7 +62,30 @@ void print(std::string_view text) {
 }
 
 void complain(std::string_view sentences) {
-    writeAll(STDERR_FILENO, "kvexrules: " + toUtf8(withoutPasswords(fromUtf8(sentences))) + "\n");
+    const std::u16string text = withoutPasswords(fromUtf8(sentences));
+    writeAll(STDERR_FILENO,
+             "kvexrules: " + toUtf8(isatty(STDERR_FILENO) == 1 ? harmlessLines(text) : text) +
+                 "\n");
+}
+
+void complainExactly(std::string_view text) {
+    writeAll(STDERR_FILENO,
+             (isatty(STDERR_FILENO) == 1 ? toUtf8(visible(fromUtf8(text))) : std::string(text)) +
+                 "\n");
+}
+
+bool printsToTerminal() {
+    return isatty(STDOUT_FILENO) == 1;
+}
+
+std::optional<bool> askAtTerminal(std::string_view question) {
+    if (isatty(STDIN_FILENO) != 1 || isatty(STDERR_FILENO) != 1) {
+        return std::nullopt;
+    }
+    writeAll(STDERR_FILENO, toUtf8(harmlessLines(fromUtf8(question))) + " [y/N] ");
+    std::string answer;
+    std::getline(std::cin, answer);
+    return isYes(answer);
 }
 
 } // namespace kvex::host

@@ -1,6 +1,7 @@
 // The program's standard streams.
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 namespace kvex::host {
@@ -17,7 +18,19 @@ void secureStandardStreams();
 /// written.
 void print(std::string_view text);
 
-/// "kvexrules: " and `sentences`, without passwords, on a line of standard error.
+/// "kvexrules: " and `sentences`, without passwords, on a line of standard error. On a terminal
+/// U+FFFD stands for what could control it.
 void complain(std::string_view sentences);
+
+/// A line of standard error: exactly `text`, but on a terminal with control characters written
+/// out, as visible() does.
+void complainExactly(std::string_view text);
+
+/// True when somebody reads standard output on a terminal.
+[[nodiscard]] bool printsToTerminal();
+
+/// Asks on standard error, and reads the answer from standard input. True for "y" and "yes", in
+/// whatever case. Nothing when the two are not both a terminal.
+[[nodiscard]] std::optional<bool> askAtTerminal(std::string_view question);
 
 } // namespace kvex::host

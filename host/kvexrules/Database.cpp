@@ -1,5 +1,6 @@
 #include "host/kvexrules/Database.h"
 
+#include "host/kvexrules/Sentences.h"
 #include "host/suite/Databases.h"
 #include "platform/Text.h"
 
@@ -10,7 +11,7 @@ std::unique_ptr<recordset::ClientConnection> openConnection(const Settings &sett
 }
 
 void failFor(const Settings &settings, const Error &error, int status) {
-    throw Failure(toUtf8(error.description()) + " " + settings.databaseOrigin, status);
+    throw Failure(asSentence(toUtf8(error.description())) + " " + settings.databaseOrigin, status);
 }
 
 } // namespace kvex::host

@@ -37,6 +37,12 @@ std::string textRule(std::string_view /*id*/, const Description &description) {
     return lines(wholeText(description), toUtf8) + "\n";
 }
 
+std::string visibleTextRule(std::string_view /*id*/, const Description &description) {
+    return lines(wholeText(description),
+                 [](std::u16string_view piece) { return toUtf8(visible(piece)); }) +
+           "\n";
+}
+
 struct Colour {
     int red, green, blue;
     explicit Colour(LONG value)
@@ -120,10 +126,16 @@ constexpr std::array formats{
     DescriptionFormat{"html", htmlOpening, "", "</body>\n</html>\n", htmlRule},
 };
 
+constexpr DescriptionFormat terminalText{"text", "", "\n", "", visibleTextRule};
+
 } // namespace
 
 std::span<const DescriptionFormat> descriptionFormats() {
     return formats;
+}
+
+const DescriptionFormat &textForTerminals() {
+    return terminalText;
 }
 
 } // namespace kvex::host

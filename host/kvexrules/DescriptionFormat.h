@@ -33,4 +33,8 @@ struct DescriptionFormat {
 /// - html: a page that is well-formed XML, too, with one element "pre" for each rule.
 [[nodiscard]] std::span<const DescriptionFormat> descriptionFormats();
 
+/// The format text as a terminal may get it: control characters are written out, as visible()
+/// does.
+[[nodiscard]] const DescriptionFormat &textForTerminals();
+
 } // namespace kvex::host

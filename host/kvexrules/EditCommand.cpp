@@ -2,11 +2,15 @@
 #include "host/kvexrules/Components.h"
 #include "host/kvexrules/Console.h"
 #include "host/kvexrules/Failure.h"
+#include "host/kvexrules/FirstDatabase.h"
 #include "host/kvexrules/RuleList.h"
+#include "host/kvexrules/Sentences.h"
 #include "host/kvexrules/Settings.h"
 #include "host/suite/SuiteConfiguration.h"
+#include "platform/Error.h"
 #include "platform/HostSuite.h"
 #include "platform/Text.h"
+#include "platform/controls/Toolkit.h"
 
 #include <cstdlib>
 
@@ -16,7 +20,7 @@ namespace {
 /// What ShowRules gives when nothing was shown.
 constexpr LONG notShown = 0;
 
-void requireDisplay() {
+void requireDisplay(const Settings &settings) {
     // The last is the windows' own choice of a display, which needs none of the others.
     for (const char *variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
         const char *value = std::getenv(variable);
@@ -25,8 +29,10 @@ void requireDisplay() {
         }
     }
     throw Failure("There is no display for the rule editor (neither $DISPLAY nor $WAYLAND_DISPLAY "
-                  "is set). Start it from a desktop session or over ssh -X; at a terminal, "
-                  "kvexrules list and kvexrules show print the rules.");
+                  "is set). Start it from a desktop session or over ssh -X; at a terminal, " +
+                  std::string(missingFile(settings)
+                                  ? "kvexrules init makes the database, which does not exist yet."
+                                  : "kvexrules list and kvexrules show print the rules."));
 }
 
 /// The rule's id in decimal, "" for a new rule.
@@ -50,15 +56,29 @@ ComPointer<ISuiteConfiguration> configureHostSuite(const Settings &settings) {
     return suite;
 }
 
-/// What went wrong last and where that is logged.
-std::string lastError(ISuiteConfiguration &suite) {
+/// Yes or No in a window of the host suite.
+std::optional<bool> askInBox(std::string_view question) {
+    ComPointer<IUtility> utility;
+    LONG answer = 0;
+    if (FAILED(createInstance(CLSID_Utility, utility)) ||
+        FAILED(
+            utility->ShowMessageBox(Bstr(fromUtf8(question)).get(), message_box::yesNo, &answer))) {
+        return std::nullopt;
+    }
+    return answer == message_box::yes;
+}
+
+/// What went wrong last, where that is logged, and who named the database unless it was about
+/// windows.
+std::string lastError(ISuiteConfiguration &suite, const Settings &settings) {
     Bstr file;
     Bstr description;
-    if (suite.GetLastError(file.put(), description.put()) != S_OK) {
-        return "no reason was given";
+    LONG number = 0;
+    if (suite.GetLastError(file.put(), description.put(), &number) != S_OK) {
+        return "No reason was given.";
     }
-    return toUtf8(description.view()) +
-           (file.view().empty() ? "" : " The log is " + toUtf8(file.view()) + ".");
+    const std::string told = reasonAndLog(toUtf8(description.view()), toUtf8(file.view()));
+    return number == error_number::cannotCreateObject ? told : told + " " + settings.databaseOrigin;
 }
 
 LONG showRules(const std::string &user, const std::string &rule) {
@@ -71,15 +91,16 @@ LONG showRules(const std::string &user, const std::string &rule) {
 } // namespace
 
 int editCommand(const Request &request) {
-    requireDisplay();
     const std::string rule = ruleOf(request);
     const Settings settings = settingsFor(request);
+    offerDatabase(settings, askAtTerminal);
+    requireDisplay(settings);
     requireWritableLog(settings);
     const ComPointer<ISuiteConfiguration> suite = configureHostSuite(settings);
+    offerDatabase(settings, askInBox);
     const LONG result = showRules(settings.user, rule);
     if (result == notShown) {
-        complain("The rules could not be opened. " + lastError(*suite) + " " +
-                 settings.databaseOrigin);
+        complain("The rules could not be opened. " + lastError(*suite, settings));
     }
     print("result: " + std::to_string(result) + "\n");
     return result == notShown ? exit_status::unusable : exit_status::done;

@@ -1,103 +1,15 @@
-#include "adapters/recordset/Schema.h"
-#include "adapters/sqlite/SqliteConnection.h"
 #include "host/kvexrules/Commands.h"
 #include "host/kvexrules/Console.h"
-#include "host/kvexrules/Database.h"
 #include "host/kvexrules/Failure.h"
-#include "host/kvexrules/SampleData.h"
+#include "host/kvexrules/NewDatabase.h"
 #include "host/kvexrules/Settings.h"
-#include "host/suite/Databases.h"
-#include "host/suite/Passwords.h"
-#include "platform/Text.h"
-
-#include <filesystem>
-#include <memory>
 
 namespace kvex::host {
-namespace {
-
-using recordset::ClientConnection;
-
-[[noreturn]] void refuse(const Settings &settings, const std::string &why) {
-    throw Failure(why + " Name another with --database. " + settings.databaseOrigin,
-                  exit_status::refused);
-}
-
-void createFolder(const std::filesystem::path &folder) {
-    std::error_code failure;
-    std::filesystem::create_directories(folder, failure);
-    if (failure) {
-        throw Failure("The folder " + folder.string() +
-                      " for your own database cannot be created (" + failure.message() +
-                      "). Make it, or name a database with --database.");
-    }
-}
-
-/// An SQLite file is made where there is none; a server's database must be there.
-std::unique_ptr<ClientConnection> openToFill(const Settings &settings, bool isFile) {
-    try {
-        return openOrMakeDatabase(fromUtf8(settings.database));
-    } catch (const Error &error) {
-        if (isFile || !error.fromDatabase()) {
-            throw;
-        }
-        throw Failure(toUtf8(error.description()) +
-                      " The database itself, and a user who may create tables in it, must be "
-                      "there before kvexrules init: have the server's administrator make them. " +
-                      settings.databaseOrigin);
-    }
-}
-
-void requireOwnFile(ClientConnection &connection, const Settings &settings) {
-    const std::unique_ptr<Recordset> others = createRecordset();
-    others->open(u"SELECT 1 FROM sqlite_schema WHERE name NOT LIKE 'sqlite!_%' ESCAPE '!' AND "
-                 u"NOT EXISTS (SELECT 1 FROM sqlite_schema WHERE name = 'SMS_RULES' COLLATE "
-                 u"NOCASE)",
-                 connection);
-    if (!others->eof()) {
-        refuse(settings,
-               "The database holds the tables of another program, so nothing was changed.");
-    }
-}
-
-bool createTables(const ClientConnection &connection, const Settings &settings) {
-    try {
-        return recordset::createSchema(connection);
-    } catch (const Error &error) {
-        failFor(settings, error, exit_status::refused);
-    }
-}
-
-} // namespace
 
 int initCommand(const Request &request) {
-    const Settings settings = settingsFor(request);
-    if (settings.isOwnDatabase) {
-        createFolder(std::filesystem::path(settings.database).parent_path());
-    }
-    try {
-        const recordset::ConnectionString text(fromUtf8(settings.database));
-        const bool isFile = sqlite::namesSqlite(text);
-        const std::unique_ptr<ClientConnection> connection = openToFill(settings, isFile);
-        if (isFile) {
-            requireOwnFile(*connection, settings);
-        }
-        const bool made = createTables(*connection, settings);
-        if (!request.has(Option::sample)) {
-            if (!made) {
-                refuse(settings, "The database has its tables already, so nothing was changed.");
-            }
-        } else if (!addSampleData(*connection)) {
-            refuse(settings, "The database holds data already, so nothing was added.");
-        }
-        print("ready: " +
-              toUtf8(isFile ? std::u16string(text.value(u"Data Source"))
-                            : withoutPasswords(fromUtf8(settings.database))) +
-              "\n");
-        return exit_status::done;
-    } catch (const Error &error) {
-        failFor(settings, error);
-    }
+    const Content content = request.has(Option::sample) ? Content::sample : Content::empty;
+    print("ready: " + makeDatabase(settingsFor(request), content) + "\n");
+    return exit_status::done;
 }
 
 } // namespace kvex::host

@@ -3,11 +3,16 @@
 #include "host/kvexrules/Components.h"
 #include "host/kvexrules/Console.h"
 #include "host/kvexrules/Failure.h"
+#include "host/suite/UserFolders.h"
 
 namespace kvex::host {
 namespace {
 
 int change(HRESULT (*call)(const char *) noexcept, const std::string &done) {
+    if (dataFolder().empty()) {
+        throw Failure("There is no folder for the registration: neither $XDG_DATA_HOME nor $HOME "
+                      "names one. Set one of them to an absolute path.");
+    }
     const std::string component = componentFile().string();
     require(call(component.c_str()), "The registration of " + component + " cannot be changed",
             "See that the file is installed, and that you may write the folder of your own data "

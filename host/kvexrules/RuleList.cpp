@@ -39,6 +39,17 @@ std::vector<ListedRule> rulesOf(const Settings &settings) {
     }
 }
 
+StoredTexts storedTexts(std::string_view id, const Settings &settings) {
+    const auto connection = openConnection(settings);
+    const std::unique_ptr<Recordset> rule = createRecordset();
+    rule->open(u"SELECT QueryParam, ActionParam FROM SMS_RULES WHERE ID = " + fromUtf8(id),
+               *connection);
+    if (rule->eof()) {
+        return {};
+    }
+    return {toUtf8(textOf(*rule, u"QueryParam")), toUtf8(textOf(*rule, u"ActionParam"))};
+}
+
 std::string listText(const std::vector<ListedRule> &rules) {
     const std::size_t positionWidth = std::to_string(rules.size()).size();
     std::size_t idWidth = 0;

@@ -24,6 +24,16 @@ struct ListedRule {
 /// The same from the chosen database. Raises a Failure when it cannot be read.
 [[nodiscard]] std::vector<ListedRule> rulesOf(const Settings &settings);
 
+/// The two texts that hold a rule, in UTF-8; "" for one without value.
+struct StoredTexts {
+    std::string queryParam;
+    std::string actionParam;
+};
+
+/// Those of the rule whose id, in decimal, is `id`; both "" where there is no such rule. Fails as
+/// openConnection and the record set's open do.
+[[nodiscard]] StoredTexts storedTexts(std::string_view id, const Settings &settings);
+
 /// One line a rule, in columns: position, "on" or "off", id, and the name to the line's end.
 [[nodiscard]] std::string listText(const std::vector<ListedRule> &rules);
 

@@ -1,5 +1,6 @@
 #include "host/kvexrules/Settings.h"
 
+#include "host/kvexrules/DatabaseUrl.h"
 #include "host/kvexrules/Failure.h"
 #include "host/kvexrules/Numbers.h"
 #include "host/suite/ErrorLog.h"
@@ -118,6 +119,9 @@ Settings settingsFor(const Request &request) {
 
     Settings settings;
     chooseDatabase(request, configuration, file, settings);
+    if (const auto advice = adviceForUrl(settings.database)) {
+        throw Failure(settings.databaseOrigin + " " + *advice);
+    }
     settings.user =
         request.has(Option::user) ? request.value(Option::user) : configuration.user.value_or("1");
     if (!wholeNumber<std::int32_t>(settings.user)) {

@@ -37,7 +37,8 @@ struct Settings {
 
 /// The request's options; where it has none, $KVEX_DATABASE, then the user's configuration file
 /// kvexrules.conf, then the user's own database and user 1. Raises a Failure for a configuration
-/// file that cannot be read, a user who is no number and a user without a home and a database.
+/// file that cannot be read, a database's URL, a user who is no number, and a user without a home
+/// and a database.
 [[nodiscard]] Settings settingsFor(const Request &request);
 
 /// Raises a Failure when a log was chosen that cannot be written.

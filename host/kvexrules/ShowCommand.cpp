@@ -3,9 +3,11 @@
 #include "host/kvexrules/Commands.h"
 #include "host/kvexrules/Components.h"
 #include "host/kvexrules/Console.h"
+#include "host/kvexrules/Database.h"
 #include "host/kvexrules/DescriptionFormat.h"
 #include "host/kvexrules/Failure.h"
 #include "host/kvexrules/RuleList.h"
+#include "host/kvexrules/Sentences.h"
 #include "host/kvexrules/Settings.h"
 #include "host/kvexrules/TerminalUtility.h"
 #include "host/suite/SuiteState.h"
@@ -38,7 +40,7 @@ const DescriptionFormat &formatOf(const Request &request) {
     if (found == formats.end()) {
         throw Failure("There is no format \"" + name + "\". The formats are text, ansi and html.");
     }
-    return *found;
+    return name == "text" && printsToTerminal() ? textForTerminals() : *found;
 }
 
 std::vector<std::string> idsAskedFor(const Request &request) {
@@ -53,9 +55,34 @@ std::vector<std::string> idsAskedFor(const Request &request) {
 
 /// What went wrong last and where that is logged.
 std::string lastError() {
-    const std::filesystem::path &file = suiteState().log.lastFile();
-    return toUtf8(suiteState().lastReason) +
-           (file.empty() ? std::string() : " The log is " + file.string() + ".");
+    const SuiteState &state = suiteState();
+    return state.lastError
+               ? reasonAndLog(toUtf8(state.lastError->error.description()), state.log.lastFile())
+               : "No reason was given.";
+}
+
+/// True when the error kept the rule from being loaded whole, and not only from being described.
+bool isAboutLoading(const LoggedError &error) {
+    return error.text.find(u"Sub: LoadRuleFromDB,") != std::u16string::npos;
+}
+
+/// Says what the rule's row holds, which the description does not, and what OK would do to it.
+void tellWhatIsStored(const std::string &id, const Settings &settings) {
+    complain(
+        suiteState().firstError && isAboutLoading(*suiteState().firstError)
+            ? "OK in the editor would replace both texts by what was read before the error, "
+              "and by what is entered there: the rest of the conditions and actions would be "
+              "lost. Correct the row in the database, as its texts are now:"
+            : "OK in the editor would write both texts again, and leave what cannot be "
+              "described as it is. Choose that anew there, or correct the row in the database. "
+              "Its texts are now:");
+    try {
+        const StoredTexts texts = storedTexts(id, settings);
+        complainExactly("QueryParam: " + texts.queryParam);
+        complainExactly("ActionParam: " + texts.actionParam);
+    } catch (const Error &error) {
+        failFor(settings, error);
+    }
 }
 
 /// Offers the utility object of a terminal to the component while it is alive.
@@ -78,8 +105,8 @@ private:
 /// Reads the rules of one database through the component.
 class Reader {
 public:
-    explicit Reader(const Settings &settings) {
-        suiteState() = {fromUtf8(settings.database), {}, ErrorLog(settings.log), {}};
+    explicit Reader(const Settings &settings) : settings_(settings) {
+        suiteState() = {fromUtf8(settings.database), {}, ErrorLog(settings.log)};
         reader_ = createRuleUI().as<IRuleReader>();
         if (!reader_ || FAILED(reader_->OpenRules())) {
             throw Failure("The rules could not be opened. " + lastError() + " " +
@@ -90,22 +117,24 @@ public:
     /// False when there is no such rule, or not all of it could be read; the user was told.
     bool describe(const std::string &id, Description &description) const {
         const ComPointer<Collector> collector = makeComObject<Collector>();
-        suiteState().lastReason.clear();
+        suiteState().firstError.reset();
+        suiteState().lastError.reset();
         const HRESULT result = reader_->DescribeRule(Bstr(fromUtf8(id)).get(), collector.get());
         description = std::move(collector->description);
         if (result == S_FALSE) {
             complain("There is no rule " + id + ". The rules that there are: kvexrules list");
             return false;
         }
-        if (FAILED(result) || !suiteState().lastReason.empty()) {
-            complain("Not all of rule " + id + " could be read. " + lastError() +
-                     " To mend the rule, store it again with: kvexrules edit --rule " + id);
+        if (FAILED(result) || suiteState().lastError) {
+            complain("Not all of rule " + id + " could be read. " + lastError());
+            tellWhatIsStored(id, settings_);
             return false;
         }
         return true;
     }
 
 private:
+    const Settings &settings_;
     UtilityRegistration utility_;
     ComPointer<IRuleReader> reader_;
 };

@@ -17,8 +17,8 @@ std::filesystem::path ownLog() {
     if (folder.empty()) {
         return {};
     }
-    std::error_code failure;
-    std::filesystem::create_directories(folder, failure);
+    // Without it the log cannot be opened, which is reported then.
+    static_cast<void>(makeOwnFolder(folder));
     return folder / "KVEX.log";
 }
 
@@ -46,9 +46,14 @@ int appendLine(const std::filesystem::path &file, std::string_view line) {
     return failure != 0 || static_cast<std::size_t>(written) == line.size() ? failure : ENOSPC;
 }
 
+bool runsAsRoot() {
+    return geteuid() == 0;
+}
+
 void ErrorLog::append(std::u16string_view logFile, std::string_view line) {
+    const bool isForbidden = chosen_.empty() && asRoot_;
     const std::filesystem::path wanted = chosen_.empty() ? logPath(logFile) : chosen_;
-    const int failure = appendLine(wanted, line);
+    const int failure = isForbidden ? EPERM : appendLine(wanted, line);
     if (failure == 0) {
         lastFile_ = wanted;
         return;

@@ -15,14 +15,20 @@ namespace kvex::host {
 /// 0, or the system's error number: then nothing or not all of it was written.
 [[nodiscard]] int appendLine(const std::filesystem::path &file, std::string_view line);
 
+/// True for root, who may write everywhere: also beside the installed libraries, where no log
+/// belongs.
+[[nodiscard]] bool runsAsRoot();
+
 class ErrorLog {
 public:
     /// `chosen`: the file for all entries, whatever their callers say; empty when none is.
-    explicit ErrorLog(std::filesystem::path chosen = {}) : chosen_(std::move(chosen)) {}
+    /// `asRoot`: entries without a chosen file never go to the file that their callers name.
+    explicit ErrorLog(std::filesystem::path chosen = {}, bool asRoot = runsAsRoot())
+        : chosen_(std::move(chosen)), asRoot_(asRoot) {}
 
-    /// Appends `line` to the chosen file, else to `logFile`; when that cannot be done to KVEX.log
-    /// in the user's state folder. When that fails too, the line goes to standard error with a
-    /// sentence that says so.
+    /// Appends `line` to the chosen file, else to `logFile`; when that cannot or must not be done,
+    /// to KVEX.log in the user's state folder. When that fails too, the line goes to standard
+    /// error with a sentence that says so.
     void append(std::u16string_view logFile, std::string_view line);
 
     /// The file that the last line went to; empty before, and when it went to standard error.
@@ -30,6 +36,7 @@ public:
 
 private:
     std::filesystem::path chosen_;
+    bool asRoot_;
     std::filesystem::path lastFile_;
 };
 

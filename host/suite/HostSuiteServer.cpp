@@ -18,26 +18,27 @@ public:
     HRESULT Configure(BSTR connectionString, BSTR secondText, BSTR logFile) noexcept final {
         return guarded([&] {
             suiteState() = {std::u16string(viewOf(connectionString)),
-                            std::u16string(viewOf(secondText)),
-                            ErrorLog(toUtf8(viewOf(logFile))),
-                            {}};
+                            std::u16string(viewOf(secondText)), ErrorLog(toUtf8(viewOf(logFile)))};
             return S_OK;
         });
     }
 
-    HRESULT GetLastError(BSTR *logFile, BSTR *description) noexcept final {
-        if (logFile == nullptr || description == nullptr) {
+    HRESULT GetLastError(BSTR *logFile, BSTR *description, LONG *number) noexcept final {
+        if (logFile == nullptr || description == nullptr || number == nullptr) {
             return E_POINTER;
         }
+        *number = 0;
         *logFile = nullptr;
         *description = nullptr;
         return guarded([&] {
             const SuiteState &state = suiteState();
-            if (state.lastReason.empty()) {
+            if (!state.lastError) {
                 return S_FALSE;
             }
             Bstr file(fromUtf8(state.log.lastFile().string()));
-            *description = Bstr(state.lastReason).detach();
+            const Error &error = state.lastError->error;
+            *description = Bstr(error.description()).detach();
+            *number = error.number();
             *logFile = file.detach();
             return S_OK;
         });

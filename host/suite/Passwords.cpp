@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace kvex::host {
 namespace {
@@ -58,11 +59,31 @@ std::size_t pastValue(Text text, std::size_t at) {
     return text.size();
 }
 
+/// Where the password of a URL's user begins, whose "://" ends at `at`, and where it ends: both
+/// `at` when there is none.
+std::pair<std::size_t, std::size_t> urlPassword(Text text, std::size_t at) {
+    const std::size_t colon = text.find(u':', at);
+    const Text line = text.substr(0, text.find_first_of(u"\r\n", at));
+    const std::size_t end = line.rfind(u'@');
+    if (end == Text::npos || end < at || colon > end) {
+        return {at, at};
+    }
+    return {colon + 1, end};
+}
+
 } // namespace
 
 std::u16string withoutPasswords(std::u16string_view text) {
     std::u16string result;
+    constexpr Text urlMark = u"://";
     for (std::size_t at = 0; at < text.size();) {
+        if (text.substr(at).starts_with(urlMark)) {
+            const auto [begin, end] = urlPassword(text, at + urlMark.size());
+            result += text.substr(at, begin - at);
+            result += begin == end ? u"" : u"***";
+            at = end;
+            continue;
+        }
         const std::size_t value = pastName(text, at);
         if (value == at) {
             result.push_back(text[at++]);

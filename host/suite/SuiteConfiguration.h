@@ -10,9 +10,9 @@ struct ISuiteConfiguration : IUnknown {
     /// What utility objects give out, and the file for all entries of the error log, "" for the
     /// one that each entry's writer names.
     virtual HRESULT Configure(BSTR connectionString, BSTR secondText, BSTR logFile) noexcept = 0;
-    /// The description of the last error that was logged, and the file that it is in, "" when
-    /// none could be written. S_FALSE, and both null, while there was none.
-    virtual HRESULT GetLastError(BSTR *logFile, BSTR *description) noexcept = 0;
+    /// The description and the number of the last error that was logged, and the file that it is
+    /// in, "" when none could be written. S_FALSE, null, null and 0 while there was none.
+    virtual HRESULT GetLastError(BSTR *logFile, BSTR *description, LONG *number) noexcept = 0;
 
 protected:
     ~ISuiteConfiguration() = default;

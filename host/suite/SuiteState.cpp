@@ -14,7 +14,10 @@ SuiteState &suiteState() {
 void logEntry(std::u16string_view logFile, std::u16string_view text, const Error *error) {
     suiteState().log.append(logFile, logLine(std::time(nullptr), text, error));
     if (error != nullptr) {
-        suiteState().lastReason = error->description();
+        suiteState().lastError = LoggedError{std::u16string(text), *error};
+        if (!suiteState().firstError) {
+            suiteState().firstError = suiteState().lastError;
+        }
     }
 }
 

@@ -4,10 +4,17 @@
 #include "host/suite/ErrorLog.h"
 #include "platform/Error.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace kvex::host {
+
+struct LoggedError {
+    /// The entry's text: which procedure met the error.
+    std::u16string text;
+    Error error;
+};
 
 struct SuiteState {
     /// The server's database, as utility objects give it out.
@@ -15,15 +22,17 @@ struct SuiteState {
     /// What they give out as the second text.
     std::u16string secondText;
     ErrorLog log;
-    /// Why the last error that was logged happened; "" while there was none.
-    std::u16string lastReason;
+    /// The first and the last error that were logged since somebody reset them.
+    std::optional<LoggedError> firstError = std::nullopt;
+    std::optional<LoggedError> lastError = std::nullopt;
 };
 
 /// The one that all objects of the suite in this module share. Set it before the first is made.
 [[nodiscard]] SuiteState &suiteState();
 
-/// Adds an entry to the log of suiteState(): `text`, and the error, when there is one, which is the
-/// last one from then on. `logFile` as ErrorLog::append takes it.
+/// Adds an entry to the log of suiteState(): `text`, and `error` unless it is null. Keeps the error
+/// as the last one, and as the first one when there is none yet. `logFile` as ErrorLog::append
+/// takes it.
 void logEntry(std::u16string_view logFile, std::u16string_view text, const Error *error);
 
 } // namespace kvex::host

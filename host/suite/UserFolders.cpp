@@ -1,6 +1,8 @@
 #include "host/suite/UserFolders.h"
 
+#include <cerrno>
 #include <cstdlib>
+#include <sys/stat.h>
 
 namespace kvex::host {
 namespace {
@@ -30,6 +32,24 @@ std::filesystem::path dataFolder() {
 }
 std::filesystem::path configurationFolder() {
     return suiteFolder("XDG_CONFIG_HOME", ".config");
+}
+
+std::error_code makeOwnFolder(const std::filesystem::path &folder) {
+    std::error_code failure;
+    if (std::filesystem::is_directory(folder, failure)) {
+        return {};
+    }
+    if (folder.has_relative_path() && folder.has_parent_path()) {
+        failure = makeOwnFolder(folder.parent_path());
+        if (failure) {
+            return failure;
+        }
+    }
+    // Another program may have made it meanwhile.
+    if (mkdir(folder.c_str(), S_IRWXU) != 0 && !std::filesystem::is_directory(folder)) {
+        return {errno, std::generic_category()};
+    }
+    return {};
 }
 
 } // namespace kvex::host

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <system_error>
 
 namespace kvex::host {
 
@@ -11,5 +12,9 @@ namespace kvex::host {
 [[nodiscard]] std::filesystem::path stateFolder();
 [[nodiscard]] std::filesystem::path dataFolder();
 [[nodiscard]] std::filesystem::path configurationFolder();
+
+/// Makes `folder` and the folders above it, as far as they are missing, for their owner alone.
+/// Gives the system's error when `folder` is not there afterwards.
+[[nodiscard]] std::error_code makeOwnFolder(const std::filesystem::path &folder);
 
 } // namespace kvex::host

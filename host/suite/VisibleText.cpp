@@ -57,4 +57,21 @@ std::u16string harmless(std::u16string_view text) {
     return result;
 }
 
+std::u16string harmlessLines(std::u16string_view text) {
+    std::u16string result;
+    for (;;) {
+        const std::size_t end = text.find(u'\n');
+        std::u16string_view line = text.substr(0, end);
+        if (end != std::u16string_view::npos && line.ends_with(u'\r')) {
+            line.remove_suffix(1);
+        }
+        result += harmless(line);
+        if (end == std::u16string_view::npos) {
+            return result;
+        }
+        result += u'\n';
+        text.remove_prefix(end + 1);
+    }
+}
+
 } // namespace kvex::host

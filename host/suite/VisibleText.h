@@ -15,4 +15,7 @@ namespace kvex::host {
 /// `text` with U+FFFD for each of these characters but the backslash: for reading alone.
 [[nodiscard]] std::u16string harmless(std::u16string_view text);
 
+/// The same, but line breaks (LF, CR LF) stay, as LF.
+[[nodiscard]] std::u16string harmlessLines(std::u16string_view text);
+
 } // namespace kvex::host

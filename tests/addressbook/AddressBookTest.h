@@ -21,7 +21,7 @@ using Texts = std::vector<std::u16string>;
 /// The user is 1; he has no contacts at first.
 class AddressBookTest : public testing::Test {
 protected:
-    AddressBookTest() { host::suiteState() = {u"", u"", host::ErrorLog(logFile), u""}; }
+    AddressBookTest() { host::suiteState() = {u"", u"", host::ErrorLog(logFile)}; }
     ~AddressBookTest() override { host::suiteState() = host::SuiteState(); }
 
     /// Each value as SQL writes it.

@@ -48,7 +48,7 @@ TEST_F(ManageContacts, LogsAndTellsWhyItCannotBeOpened) {
     EXPECT_THAT(refusal(u"Provider=Paper"),
                 AllOf(HasSubstr("\tKVEXHostSuite: The address book cannot be opened.\t"),
                       HasSubstr("Provider=SQLite")));
-    EXPECT_THAT(toUtf8(host::suiteState().lastReason), HasSubstr("Provider=SQLite"));
+    EXPECT_THAT(toUtf8(host::suiteState().lastError.value().error.description()), HasSubstr("Provider=SQLite"));
     ASSERT_EQ(toolkit.messageBoxes().size(), 1U);
     EXPECT_THAT(toUtf8(toolkit.messageBoxes().front().text),
                 AllOf(HasSubstr("address book cannot be opened"), HasSubstr("Provider=SQLite")));

@@ -9,6 +9,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace kvex::test {
 namespace {
@@ -52,10 +53,13 @@ TEST_F(SuiteServer, ServesTheAddressBook) {
 TEST_F(SuiteServer, WithoutADisplaySelectsNobodyAndLogsWhy) {
     const auto book = create();
     init(*book, database.connectionString());
+    variables.set("XDG_STATE_HOME", folder.path().string());
     LONG code = -1;
     EXPECT_LT(book->SelectRecipients(1, VARIANT_TRUE, &code), 0);
     EXPECT_EQ(code, 0);
-    EXPECT_THAT(host::readFile(folder / "log"), testing::HasSubstr("display"));
+    // Root's log is never beside what names it.
+    EXPECT_THAT(host::readFile(folder / (geteuid() == 0 ? "kvex/KVEX.log" : "log")),
+                testing::HasSubstr("display"));
 }
 
 TEST_F(SuiteServer, WithoutADisplayTellsOnStandardErrorWhyItCannotBeOpened) {

@@ -137,7 +137,7 @@ void Editor::expectPlayedWhole() {
 OwnLog::OwnLog() {
     // A test may continue as another user, who must write here too.
     std::filesystem::permissions(folder_.path(), std::filesystem::perms::all);
-    host::suiteState() = host::SuiteState{{}, {}, host::ErrorLog(folder_ / "log"), {}};
+    host::suiteState() = host::SuiteState{{}, {}, host::ErrorLog(folder_ / "log")};
 }
 
 OwnLog::~OwnLog() {

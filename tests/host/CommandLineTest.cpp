@@ -106,6 +106,55 @@ TEST(CommandLine, RefusesAValueWhereNoneBelongs) {
     EXPECT_THAT(refusal({"show", "--all=yes"}), HasSubstr("--all takes no value"));
 }
 
+TEST(CommandLine, NamesNoWholeConnectionStringInARefusal) {
+    EXPECT_EQ(refusal({"DSN=sms;PWD=s3cret"}),
+              "There is no command \"DSN=…\". See: kvexrules help");
+    EXPECT_EQ(refusal({"list", "DSN=sms;PWD=s3cret"}),
+              "The command list takes no word \"DSN=…\". See: kvexrules help");
+}
+
+TEST(CommandLine, SaysExactlyWhatItRefuses) {
+    EXPECT_EQ(refusal({"lsit"}), "There is no command \"lsit\". See: kvexrules help");
+    EXPECT_EQ(refusal({"--quick=1"}), "There is no option --quick. See: kvexrules help");
+    EXPECT_EQ(refusal({"--rule"}),
+              "The option --rule needs a value: --rule ID. See: kvexrules help");
+    EXPECT_EQ(refusal({"show", "--all="}), "The option --all takes no value. See: kvexrules help");
+    EXPECT_EQ(refusal({"list", "--all"}),
+              "The command list has no option --all. See: kvexrules help");
+    EXPECT_EQ(refusal({"list", "-"}), "The command list takes no word \"-\". See: kvexrules help");
+}
+
+TEST(CommandLine, TakesADashForAWord) {
+    EXPECT_THAT(parsed({"show", "-", "--", "--"}).words, ElementsAre("-", "--"));
+}
+
+TEST(CommandLine, ReadsOnAfterTwoDashesAndAnOptionBeforeThem) {
+    const Request request = parsed({"show", "--all", "--", "-h"});
+    EXPECT_TRUE(request.has(Option::all));
+    EXPECT_EQ(request.value(Option::all), "");
+    EXPECT_THAT(request.words, ElementsAre("-h"));
+}
+
+TEST(Passwords, AreWrittenOverInTheArguments) {
+    std::string password = "--database=DSN=sms;PWD=s3cret;UID=a";
+    std::string url = "x://a:s3cret@b";
+    std::string shorter = "PWD=a";
+    std::string other = "list";
+    const std::vector<char *> arguments{password.data(), url.data(), shorter.data(), other.data()};
+    hidePasswords(arguments);
+    EXPECT_EQ(password, std::string("--database=DSN=sms;PWD=***;UID=a") + std::string(3, '\0'));
+    EXPECT_EQ(url, std::string("x://a:***@b") + std::string(3, '\0'));
+    EXPECT_EQ(shorter, "PWD=*");
+    EXPECT_EQ(other, "list");
+}
+
+TEST(Help, AlwaysPutsABlankBetweenAWideFormAndItsText) {
+    const CommandDescription wide{
+        "show", std::string_view("123456789012345678901234567890"), "this", {}, true, nullptr};
+    EXPECT_THAT(helpText(std::vector{wide}, {}),
+                HasSubstr("\n  show 123456789012345678901234567890 this\n"));
+}
+
 TEST(Help, NamesEveryCommandAndOption) {
     const std::string text = helpText(commands(), options());
     for (const CommandDescription &command : commands()) {

@@ -38,6 +38,17 @@ TEST(DescriptionFormat, OfTextKeepsControlCharacters) {
     EXPECT_EQ(shown("text", {{u"a\tb\x1b\\", blue}}), "a\tb\x1b\\\n");
 }
 
+TEST(DescriptionFormat, OfTextOnATerminalMakesControlCharactersVisible) {
+    const DescriptionFormat &terminal = textForTerminals();
+    EXPECT_EQ(terminal.rule("7", stop), shown("text", stop));
+    EXPECT_EQ(terminal.rule("7", {{u"a\x1b[2J\nb\\", blue}, {u"\r\nc", black}}),
+              "a\\u{1b}[2J\\nb\\\\\nc\n");
+    EXPECT_EQ(terminal.name, "text");
+    EXPECT_EQ(terminal.opening, "");
+    EXPECT_EQ(terminal.between, "\n");
+    EXPECT_EQ(terminal.closing, "");
+}
+
 TEST(DescriptionFormat, OfTextBreaksAValuesLines) {
     EXPECT_EQ(shown("text", {{u"a\r\nb", blue}, {u"\r", black}, {u"\nc", black}}), "a\nb\nc\n");
 }

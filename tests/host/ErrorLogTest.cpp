@@ -32,7 +32,7 @@ protected:
 };
 
 TEST_F(ErrorLogFile, IsInTheDirectoryThatTheComponentNames) {
-    ErrorLog log;
+    ErrorLog log({}, false);
     log.append(given(folder.path()), "one\n");
     EXPECT_EQ(readFile(folder / "KVEX.log"), "one\n");
     EXPECT_EQ(log.lastFile(), folder / "KVEX.log");
@@ -40,28 +40,57 @@ TEST_F(ErrorLogFile, IsInTheDirectoryThatTheComponentNames) {
 
 TEST_F(ErrorLogFile, KeepsEarlierLines) {
     writeFile(folder / "KVEX.log", "zero\n");
-    ErrorLog().append(given(folder.path()), "one\n");
-    ErrorLog().append(given(folder.path()), "two\n");
+    ErrorLog({}, false).append(given(folder.path()), "one\n");
+    ErrorLog({}, false).append(given(folder.path()), "two\n");
     EXPECT_EQ(readFile(folder / "KVEX.log"), "zero\none\ntwo\n");
 }
 
 TEST_F(ErrorLogFile, IsReadableByItsOwnerAlone) {
-    ErrorLog().append(given(folder.path()), "one\n");
+    ErrorLog({}, false).append(given(folder.path()), "one\n");
     struct stat status {};
     ASSERT_EQ(stat((folder / "KVEX.log").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777U, 0600U);
 }
 
 TEST_F(ErrorLogFile, GoesToTheStateFolderWhenItCannotBeOpened) {
-    ErrorLog log;
+    ErrorLog log({}, false);
     log.append(given(unusable()), "one\n");
     EXPECT_EQ(readFile(folder / "state/kvex/KVEX.log"), "one\n");
     EXPECT_EQ(log.lastFile(), folder / "state/kvex/KVEX.log");
 }
 
 TEST_F(ErrorLogFile, GoesToTheStateFolderWhenNoneIsNamed) {
-    ErrorLog().append(u"", "one\n");
+    ErrorLog({}, false).append(u"", "one\n");
     EXPECT_EQ(readFile(folder / "state/kvex/KVEX.log"), "one\n");
+}
+
+TEST_F(ErrorLogFile, OfRootIsInTheStateFolder) {
+    ErrorLog log({}, true);
+    log.append(given(folder.path()), "one\n");
+    EXPECT_EQ(readFile(folder / "state/kvex/KVEX.log"), "one\n");
+    EXPECT_EQ(log.lastFile(), folder / "state/kvex/KVEX.log");
+    EXPECT_FALSE(std::filesystem::exists(folder / "KVEX.log"));
+}
+
+TEST_F(ErrorLogFile, OfRootIsTheChosenOneToo) {
+    ErrorLog(folder / "chosen.log", true).append(given(folder.path()), "one\n");
+    EXPECT_EQ(readFile(folder / "chosen.log"), "one\n");
+    EXPECT_FALSE(std::filesystem::exists(folder / "state"));
+}
+
+TEST_F(ErrorLogFile, KnowsRootByItsUserId) {
+    EXPECT_EQ(runsAsRoot(), geteuid() == 0);
+    ErrorLog().append(given(folder.path()), "one\n");
+    EXPECT_EQ(readFile(folder / (geteuid() == 0 ? "state/kvex/KVEX.log" : "KVEX.log")), "one\n");
+}
+
+TEST_F(ErrorLogFile, IsInAFolderOfItsOwnerAlone) {
+    ErrorLog({}, true).append(u"", "one\n");
+    for (const char *name : {"state", "state/kvex"}) {
+        EXPECT_EQ(std::filesystem::status(folder / name).permissions(),
+                  std::filesystem::perms::owner_all)
+            << name;
+    }
 }
 
 TEST_F(ErrorLogFile, IsTheChosenOneWhateverTheComponentNames) {
@@ -80,12 +109,13 @@ TEST_F(ErrorLogFile, GoesToTheStateFolderWhenTheChosenOneCannotBeOpened) {
 
 TEST_F(ErrorLogFile, GoesToStandardErrorWhenThereIsNoPlaceAtAll) {
     environment.set("XDG_STATE_HOME", unusable().string());
-    ErrorLog log;
+    ErrorLog log({}, false);
     testing::internal::CaptureStderr();
     log.append(given(unusable()), "the entry\n");
     const std::string told = testing::internal::GetCapturedStderr();
-    EXPECT_NE(told.find(unusable() / "KVEX.log"), std::string::npos);
-    EXPECT_NE(told.find("the entry\n"), std::string::npos);
+    EXPECT_EQ(told, "The error log " + (unusable() / "KVEX.log").string() +
+                        " cannot be written (Not a directory): make it writable, or choose another "
+                        "file. The entry was: the entry\n");
     EXPECT_EQ(log.lastFile(), "");
 }
 
@@ -102,7 +132,7 @@ TEST_F(ErrorLogFile, KeepsTheLinesOfManyWritersWhole) {
         if (fork() == 0) {
             const std::string line(500, static_cast<char>('a' + writer));
             for (int i = 0; i < lines; ++i) {
-                ErrorLog().append(given(folder.path()), line + "\n");
+                ErrorLog({}, false).append(given(folder.path()), line + "\n");
             }
             _exit(0);
         }

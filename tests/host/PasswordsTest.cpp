@@ -41,5 +41,23 @@ TEST(Passwords, ThatAreEmptyStayUnknown) {
     EXPECT_EQ(withoutPasswords(u"PWD="), u"PWD=***");
 }
 
+TEST(Passwords, LeaveAUrl) {
+    EXPECT_EQ(withoutPasswords(u"postgresql://app:s3cret@db:5432/sms"),
+              u"postgresql://app:***@db:5432/sms");
+    EXPECT_EQ(withoutPasswords(u"x://app:a@b:c/d ?@db"), u"x://app:***@db");
+    EXPECT_EQ(withoutPasswords(u"x://a:b@c\ny://d:e@f\r\nz"), u"x://a:***@c\ny://d:***@f\r\nz");
+    EXPECT_EQ(withoutPasswords(u"x://:s@c"), u"x://:***@c");
+    EXPECT_EQ(withoutPasswords(u"x://h/d?password=s3cret"), u"x://h/d?password=***");
+    EXPECT_EQ(withoutPasswords(u"x://a:b@c;PWD=d;e"), u"x://a:***@c;PWD=***;e");
+}
+
+TEST(Passwords, AreNotSeenInUrlsWithoutThem) {
+    for (const std::u16string text :
+         {u"x://", u"x://db:5432/sms", u"x://app@db:5432/sms", u"a@b x://c:d", u"x:/a:b@c",
+          u"x://app:@db", u"x://a\n:b@c"}) {
+        EXPECT_EQ(withoutPasswords(text), text);
+    }
+}
+
 } // namespace
 } // namespace kvex::host

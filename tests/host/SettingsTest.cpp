@@ -64,6 +64,14 @@ TEST(Configuration, NamesTheLineThatItCannotRead) {
     EXPECT_THAT(refusal("# c\ndatabase ="), StartsWith("/etc/a.conf:2: database has no value"));
 }
 
+TEST(Configuration, SaysWhatIsWrongAndWhatToDo) {
+    EXPECT_EQ(refusal("nonsense"), "/etc/a.conf:1: this is no setting. Write one as: key = value");
+    EXPECT_EQ(refusal("user ="),
+              "/etc/a.conf:1: user has no value. Give it one or remove the line.");
+    EXPECT_EQ(refusal("log = a\nlog = b"),
+              "/etc/a.conf:2: log is set a second time. Remove one of the two lines.");
+}
+
 class Settings : public testing::Test {
 protected:
     void SetUp() override {
@@ -147,22 +155,76 @@ TEST_F(Settings, TakeAServersConnectionStringAsItIs) {
     EXPECT_FALSE(chosen().isOwnDatabase);
 }
 
+TEST_F(Settings, RefuseAUrlWhoeverNamesIt) {
+    const std::string url = "mysql://app:s3cret@db/sms";
+    const std::string advice = " \"mysql://…\" is a URL, and this program takes none. Use this "
+                               "connection string: Driver={MariaDB Unicode};Server=db;"
+                               "Database=sms;UID=app;PWD=...";
+    EXPECT_EQ(failure({{Option::database, url}}), "The database was named by --database." + advice);
+    environment.set("KVEX_DATABASE", url);
+    EXPECT_EQ(failure(), "The database was named by $KVEX_DATABASE." + advice);
+    environment.set("KVEX_DATABASE", std::nullopt);
+    configure("database = " + url);
+    EXPECT_EQ(failure(), "The database was named in " +
+                             (folder / "config/kvex/kvexrules.conf").string() + "." + advice);
+}
+
 TEST_F(Settings, RefuseAUserWhoIsNoNumber) {
-    EXPECT_THAT(failure({{Option::user, "asha"}}), HasSubstr("\"asha\" is no user's id"));
+    EXPECT_THAT(
+        failure({{Option::user, "asha"}}),
+        testing::StrEq("\"asha\" is no user's id. Name a user by his number, as in: --user 1"));
     EXPECT_THAT(failure({{Option::user, "99999999999"}}), HasSubstr("is no user's id"));
     configure("user = asha");
     EXPECT_THAT(failure(), HasSubstr("\"asha\" is no user's id"));
 }
 
 TEST_F(Settings, RefuseAConfigurationThatIsNoFile) {
-    std::filesystem::create_directories(folder / "config/kvex/kvexrules.conf");
-    EXPECT_THAT(failure(), HasSubstr("cannot be read"));
+    const std::filesystem::path file = folder / "config/kvex/kvexrules.conf";
+    std::filesystem::create_directories(file);
+    EXPECT_EQ(failure(), "The configuration file " + file.string() +
+                             " cannot be read. Make it a readable file or remove it.");
+}
+
+TEST_F(Settings, RefuseAConfigurationThatCannotBeReached) {
+    const std::filesystem::path file = folder / "config/kvex/kvexrules.conf";
+    std::filesystem::create_directories(file.parent_path());
+    std::filesystem::create_symlink(file, file);
+    EXPECT_EQ(failure(), "The configuration file " + file.string() +
+                             " cannot be reached (Too many levels of symbolic links). Make it "
+                             "readable or remove it.");
+}
+
+TEST_F(Settings, NeedADatabasesNameFromAUserWithoutAHome) {
+    for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"}) {
+        environment.set(name, std::nullopt);
+    }
+    EXPECT_EQ(failure(), "There is no home directory for a database of your own. Name one with "
+                         "--database.");
+    EXPECT_EQ(chosen({{Option::database, "a.db"}}).database, "a.db");
+}
+
+TEST_F(Settings, SayWhoNamedTheDatabase) {
+    EXPECT_EQ(chosen().databaseOrigin, "The database is your own, because no other was named.");
+    configure("database = a.db");
+    EXPECT_EQ(chosen().databaseOrigin, "The database was named in " +
+                                           (folder / "config/kvex/kvexrules.conf").string() + ".");
+    environment.set("KVEX_DATABASE", "e.db");
+    EXPECT_EQ(chosen().databaseOrigin, "The database was named by $KVEX_DATABASE.");
+    EXPECT_EQ(chosen({{Option::database, "o.db"}}).databaseOrigin,
+              "The database was named by --database.");
 }
 
 TEST_F(Settings, RefuseAChosenLogThatCannotBeWritten) {
     writeFile(folder / "file", "");
     const kvex::host::Settings settings = chosen({{Option::log, (folder / "file/a.log").string()}});
-    EXPECT_THROW(requireWritableLog(settings), Failure);
+    try {
+        requireWritableLog(settings);
+        ADD_FAILURE() << "written";
+    } catch (const Failure &failed) {
+        EXPECT_EQ(failed.what(), "The log " + (folder / "file/a.log").string() +
+                                     " cannot be written (Not a directory). Choose another with "
+                                     "--log.");
+    }
     EXPECT_NO_THROW(requireWritableLog(chosen()));
     EXPECT_NO_THROW(requireWritableLog(chosen({{Option::log, (folder / "a.log").string()}})));
 }

@@ -1,6 +1,7 @@
 #include "host/suite/UserFolders.h"
 
 #include "tests/host/EnvironmentVariables.h"
+#include "tests/host/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -42,6 +43,39 @@ TEST(UserFolders, AreNowhereForAUserWithoutAHome) {
     environment.set("HOME", std::nullopt);
     environment.set("XDG_STATE_HOME", std::nullopt);
     EXPECT_EQ(stateFolder(), "");
+}
+
+TEST(OwnFolder, IsMadeForItsOwnerAlone) {
+    const TemporaryFolder folder;
+    std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
+    EXPECT_FALSE(makeOwnFolder(folder / "a/b"));
+    for (const char *name : {"a", "a/b"}) {
+        EXPECT_EQ(std::filesystem::status(folder / name).permissions(),
+                  std::filesystem::perms::owner_all)
+            << name;
+    }
+    EXPECT_EQ(std::filesystem::status(folder.path()).permissions(), std::filesystem::perms::all);
+}
+
+TEST(OwnFolder, ThatIsThereStaysAsItIs) {
+    const TemporaryFolder folder;
+    std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
+    EXPECT_FALSE(makeOwnFolder(folder.path()));
+    EXPECT_EQ(std::filesystem::status(folder.path()).permissions(), std::filesystem::perms::all);
+}
+
+TEST(OwnFolder, MayEndInASeparator) {
+    const TemporaryFolder folder;
+    EXPECT_FALSE(makeOwnFolder(folder / "a/"));
+    EXPECT_TRUE(std::filesystem::is_directory(folder / "a"));
+}
+
+TEST(OwnFolder, TellsWhyItCannotBeMade) {
+    const TemporaryFolder folder;
+    writeFile(folder / "file", "");
+    EXPECT_EQ(makeOwnFolder(folder / "file/a"), std::errc::file_exists);
+    EXPECT_EQ(makeOwnFolder(folder / "file"), std::errc::file_exists);
+    EXPECT_EQ(makeOwnFolder("/proc/none"), std::errc::no_such_file_or_directory);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "host/suite/SuiteState.h"
 #include "platform/Text.h"
 #include "platform/controls/Toolkit.h"
+#include "tests/host/EnvironmentVariables.h"
 #include "tests/host/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -41,7 +42,7 @@ private:
 
 class Utility : public testing::Test {
 protected:
-    void SetUp() override { suiteState() = SuiteState{u"DSN=sms", u"second", ErrorLog(file), u""}; }
+    void SetUp() override { suiteState() = SuiteState{u"DSN=sms", u"second", ErrorLog(file)}; }
     void TearDown() override { suiteState() = SuiteState(); }
 
     HRESULT logError(std::int32_t number, std::u16string_view description,
@@ -76,7 +77,7 @@ TEST_F(Utility, OnlyLogsAnErrorOfTheRuntime) {
     EXPECT_THAT(readFile(file),
                 MatchesRegex("[-0-9T:+]+\tthe text\t13\tthe source\tType mismatch\n"));
     EXPECT_TRUE(utility->shown.empty());
-    EXPECT_EQ(suiteState().lastReason, u"Type mismatch");
+    EXPECT_EQ(suiteState().lastError.value().error.description(), u"Type mismatch");
 }
 
 TEST_F(Utility, ShowsAnErrorOfTheDatabaseAsWell) {
@@ -85,10 +86,32 @@ TEST_F(Utility, ShowsAnErrorOfTheDatabaseAsWell) {
     ASSERT_EQ(utility->shown.size(), 1U);
     EXPECT_EQ(utility->shown[0].style, message_box::exclamation);
     const std::string told = toUtf8(utility->shown[0].text);
-    EXPECT_THAT(told, HasSubstr("The change was not stored. Another user was first."));
-    EXPECT_THAT(told, HasSubstr("What was stored before this error stays stored"));
-    EXPECT_THAT(told, HasSubstr("open the rules again"));
-    EXPECT_THAT(told, HasSubstr(file.string()));
+    EXPECT_EQ(told,
+              "The database reported an error.\r\n\r\nThe change was not stored. Another user was "
+              "first.\r\n\r\nWhat was stored before this error stays stored; nothing after it was. "
+              "Put that right, open the rules again to see what is stored, and repeat what is "
+              "missing. The error is logged in " +
+                  file.string() + ".");
+}
+
+TEST_F(Utility, KeepsTheFirstAndTheLastError) {
+    logError(13, u"Type mismatch");
+    logError(5, u"Invalid call");
+    EXPECT_EQ(suiteState().firstError.value().error.number(), 13);
+    EXPECT_EQ(suiteState().firstError.value().text, u"the text");
+    EXPECT_EQ(suiteState().lastError.value().error.number(), 5);
+}
+
+TEST_F(Utility, NamesNoLogThatCouldNotBeWritten) {
+    writeFile(folder / "file", "");
+    EnvironmentVariables environment;
+    environment.set("XDG_STATE_HOME", (folder / "file").string());
+    suiteState().log = ErrorLog(folder / "file/log");
+    testing::internal::CaptureStderr();
+    logError(-1, u"refused");
+    static_cast<void>(testing::internal::GetCapturedStderr());
+    ASSERT_EQ(utility->shown.size(), 1U);
+    EXPECT_THAT(toUtf8(utility->shown[0].text), testing::EndsWith("repeat what is missing."));
 }
 
 TEST_F(Utility, ShowsNoErrorThatItIsNotToShow) {

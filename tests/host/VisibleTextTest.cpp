@@ -39,5 +39,23 @@ TEST(VisibleText, ReplacesTheSameCharactersForReading) {
               u"b\\c\xFFFD");
 }
 
+TEST(VisibleText, KeepsLinesApartForReading) {
+    EXPECT_EQ(harmlessLines(u"a\r\nb\n\n\x1b[2Jc\t\n"), u"a\nb\n\n\xFFFD[2Jc\xFFFD\n");
+    EXPECT_EQ(harmlessLines(u"a\r"), u"a\xFFFD");
+    EXPECT_EQ(harmlessLines(u""), u"");
+}
+
+TEST(VisibleText, HidesTheFirstAndTheLastOfEachRange) {
+    for (const char16_t unit : std::u16string(u"\x1f\x7f\x9f\x2028\x2029\x202a\x202e\x2066\x2069"
+                                              u"\xfffe\xffff")) {
+        EXPECT_EQ(harmless(std::u16string(1, unit)), u"\xFFFD") << static_cast<int>(unit);
+        EXPECT_TRUE(visible(std::u16string(1, unit)).starts_with(u"\\u{"));
+    }
+    for (const char16_t unit : std::u16string(u"\x20\x7e\xa0\x2027\x202f\x2065\x206a\xfffd")) {
+        EXPECT_EQ(visible(std::u16string(1, unit)), std::u16string(1, unit))
+            << static_cast<int>(unit);
+    }
+}
+
 } // namespace
 } // namespace kvex::host

@@ -5,8 +5,10 @@ namespace kvex::process {
 namespace {
 
 using testing::AllOf;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
+using testing::StartsWith;
 
 class Edit : public KvexrulesTest {
 protected:
@@ -37,7 +39,40 @@ TEST_F(Edit, WithoutADisplaySaysSoBeforeAnythingElse) {
 
 TEST_F(Edit, OnADisplayThatCannotBeReachedSaysSo) {
     environment["DISPLAY"] = ":7777";
-    EXPECT_THAT(unopened({"edit"}), HasSubstr("display"));
+    EXPECT_THAT(unopened({"edit"}),
+                AllOf(HasSubstr("no display that can be reached"), Not(HasSubstr("named by"))));
+}
+
+TEST_F(Edit, OffersToMakeADatabaseThatIsMissing) {
+    environment["KVEX_DATABASE"] = (folder / "new.db").string();
+    const std::string question = "The database file " + (folder / "new.db").string() +
+                                 " does not exist. The database was named by $KVEX_DATABASE. "
+                                 "Make it, without rules? [y/N] ";
+    const Outcome outcome = atTerminal({"edit"}, "Y\n");
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_THAT(outcome.output,
+                StartsWith(question + "kvexrules: There is no display for the rule editor"));
+    EXPECT_EQ(done({"list"}), "");
+}
+
+TEST_F(Edit, MakesNoDatabaseWithoutConsent) {
+    const std::filesystem::path missing = folder / "new.db";
+    for (const char *answer : {"\n", "n\n", "maybe\n", "\x04"}) {
+        const Outcome outcome = atTerminal({"edit", "--database", missing.string()}, answer);
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_THAT(outcome.output,
+                    EndsWith("kvexrules: The database file " + missing.string() +
+                             " does not exist, and was not made. Make it with kvexrules init, or "
+                             "name another with --database.\n"));
+        EXPECT_FALSE(std::filesystem::exists(missing));
+    }
+}
+
+TEST_F(Edit, NamesInitWhereNobodyCanBeAsked) {
+    EXPECT_THAT(failed(2, {"edit", "--database", (folder / "new.db").string()}),
+                EndsWith("at a terminal, kvexrules init makes the database, which does not exist "
+                         "yet.\n"));
+    EXPECT_FALSE(std::filesystem::exists(folder / "new.db"));
 }
 
 TEST_F(Edit, OfAnUnknownProviderSaysSo) {

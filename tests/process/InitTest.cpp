@@ -6,7 +6,15 @@ namespace {
 using testing::AllOf;
 using testing::HasSubstr;
 
-class Init : public KvexrulesTest {};
+class Init : public KvexrulesTest {
+protected:
+    static std::filesystem::perms permissions(const std::filesystem::path &file) {
+        return std::filesystem::status(file).permissions();
+    }
+
+    static constexpr std::filesystem::perms readableAndWritable =
+        std::filesystem::perms::owner_read | std::filesystem::perms::owner_write;
+};
 
 TEST_F(Init, MakesTheTables) {
     EXPECT_EQ(done({"init"}), "ready: " + database.string() + "\n");
@@ -86,6 +94,30 @@ TEST_F(Init, AddsNothingToASingleRow) {
     sqlite3(database, "INSERT INTO SMS_CONTACTS (NAME) VALUES ('Asha')");
     EXPECT_THAT(failed(1, {"init", "--sample"}), HasSubstr("holds data already"));
     EXPECT_EQ(sqlite3(database, "SELECT count(*) FROM SMS_USERS"), "0\n");
+}
+
+TEST_F(Init, MakesAFileForItsOwnerAlone) {
+    environment.erase("KVEX_DATABASE");
+    done({"init", "--sample"});
+    const std::filesystem::path own = folder / "home/.local/share/kvex";
+    EXPECT_EQ(permissions(own), std::filesystem::perms::owner_all);
+    EXPECT_EQ(permissions(own / "rules.db"), readableAndWritable);
+}
+
+TEST_F(Init, LeavesAFilesPermissions) {
+    writeFile(database, "");
+    std::filesystem::permissions(database,
+                                 readableAndWritable | std::filesystem::perms::group_read);
+    done({"init"});
+    EXPECT_EQ(permissions(database), readableAndWritable | std::filesystem::perms::group_read);
+}
+
+TEST_F(Init, RefusedByTheDatabaseEndsAsTheHelpSays) {
+    done({"init"});
+    sqlite3(database, "CREATE TRIGGER NEVER BEFORE INSERT ON SMS_CONTACTS BEGIN SELECT "
+                      "RAISE(ABORT, 'never'); END");
+    EXPECT_THAT(failed(1, {"init", "--sample"}), HasSubstr("never"));
+    EXPECT_EQ(sqlite3(database, "SELECT count(*) FROM SMS_RULES"), "0\n");
 }
 
 TEST_F(Init, RefusesTheTablesOfAnotherProgram) {

@@ -2,6 +2,7 @@
 #include "tests/process/KvexrulesTest.h"
 
 #include <initializer_list>
+#include <unistd.h>
 
 namespace kvex::process {
 namespace {
@@ -26,13 +27,16 @@ protected:
     std::filesystem::path place = folder / "place";
 };
 
-TEST_F(Installation, LogsInTheComponentsFolder) {
+TEST_F(Installation, LogsInTheComponentsFolderButForRoot) {
     install({"libKVEXClassServer.so", "libKVEXMessageRules.so"});
     sqlite3(database, "UPDATE SMS_RULES SET Name = NULL WHERE ID = 1");
     const Outcome outcome = kvexrules({"show", "1"});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_THAT(outcome.errors, HasSubstr("The log is " + (place / "KVEX.log").string()));
-    EXPECT_THAT(readFile(place / "KVEX.log"), HasSubstr("Sub: LoadRuleFromDB, Module: General"));
+    const std::filesystem::path log =
+        (geteuid() == 0 ? folder / "home/.local/state/kvex" : place) / "KVEX.log";
+    EXPECT_THAT(outcome.errors, HasSubstr("Invalid use of Null. The log is " + log.string() + "."));
+    EXPECT_THAT(readFile(log), HasSubstr("Sub: LoadRuleFromDB, Module: General"));
+    EXPECT_NE(geteuid() == 0, std::filesystem::exists(place / "KVEX.log"));
 }
 
 TEST_F(Installation, LogsInTheUsersFolderWhereTheComponentsCannotBeWritten) {
@@ -80,6 +84,15 @@ TEST_F(Installation, TellsWhenTheRegistrationCannotBeWritten) {
     environment["XDG_DATA_HOME"] = (folder / "file").string();
     EXPECT_THAT(failed(2, {"register"}),
                 AllOf(HasSubstr("cannot be changed"), HasSubstr("$XDG_DATA_HOME")));
+}
+
+TEST_F(Installation, IsRegisteredByNobodyWithoutAHome) {
+    environment.erase("HOME");
+    for (const char *command : {"register", "unregister"}) {
+        EXPECT_EQ(failed(2, {command}), "kvexrules: There is no folder for the registration: "
+                                        "neither $XDG_DATA_HOME nor $HOME names "
+                                        "one. Set one of them to an absolute path.\n");
+    }
 }
 
 TEST_F(Installation, WithABrokenComponentSaysSo) {

@@ -6,6 +6,11 @@ Outcome KvexrulesTest::kvexrules(const std::vector<std::string> &arguments, Outp
     return run(program, arguments, environment, folder.path(), output);
 }
 
+Outcome KvexrulesTest::atTerminal(const std::vector<std::string> &arguments,
+                                  const std::string &typed) const {
+    return runAtTerminal(program, arguments, environment, folder.path(), typed);
+}
+
 std::string KvexrulesTest::done(const std::vector<std::string> &arguments) const {
     Outcome outcome = kvexrules(arguments);
     EXPECT_EQ(outcome.status, 0) << outcome.errors;

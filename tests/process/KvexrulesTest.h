@@ -20,6 +20,9 @@ protected:
     /// Runs kvexrules to its end.
     Outcome kvexrules(const std::vector<std::string> &arguments,
                       Output output = Output::captured) const;
+    /// The same on a terminal of its own, whose user types `typed`.
+    Outcome atTerminal(const std::vector<std::string> &arguments,
+                       const std::string &typed = {}) const;
     /// The same where nothing but success is expected; gives the output.
     std::string done(const std::vector<std::string> &arguments) const;
     /// The same where a failure with `status` is expected, told in one message and with nothing

@@ -47,6 +47,14 @@ TEST_F(List, KeepsARuleOnItsLineWhateverItsName) {
     EXPECT_EQ(done({"list"}), "1  on   1  a\\r\\n\\t\\u{1b}\\\\ O'Neill 🌙\n");
 }
 
+TEST_F(List, LetsNoNameControlATerminal) {
+    rule("1, 'a' || char(27) || '[2J', 0, 1, 0");
+    EXPECT_EQ(atTerminal({"list"}).output, "1  on   1  a\\u{1b}[2J\n");
+    sqlite3(database,
+            "INSERT INTO SMS_CONTACTS (NAME, MOBILE) VALUES ('a' || char(27), char(155))");
+    EXPECT_EQ(atTerminal({"contacts", "list"}).output, "1\ta\\u{1b}\t\\u{9b}\n");
+}
+
 TEST_F(List, ReadsADatabaseThatMayNotBeWritten) {
     rule("1, 'a', 0, 1, 0");
     const std::string file = "file:" + database.string() + "?mode=ro";

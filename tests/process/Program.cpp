@@ -1,6 +1,7 @@
 #include "tests/process/Program.h"
 
 #include "tests/support/ArgumentPointers.h"
+#include "tests/support/Terminal.h"
 
 #include <array>
 #include <cerrno>
@@ -69,11 +70,11 @@ void collect(int output, int errors, Outcome &outcome) {
     }
 }
 
-} // namespace
-
-Outcome run(const std::filesystem::path &program, const std::vector<std::string> &arguments,
+/// Starts the program in a process of its own, in which `connect` is called first.
+template <class Connect>
+pid_t start(const std::filesystem::path &program, const std::vector<std::string> &arguments,
             const std::map<std::string, std::string> &environment,
-            const std::filesystem::path &folder, Output output) {
+            const std::filesystem::path &folder, const Connect &connect) {
     std::vector<std::string> words{program.string()};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<std::string> variables;
@@ -83,15 +84,9 @@ Outcome run(const std::filesystem::path &program, const std::vector<std::string>
     }
     const std::vector<char *> argumentPointers = test::argumentPointers(words);
     const std::vector<char *> variablePointers = test::argumentPointers(variables);
-    Pipe outputPipe;
-    Pipe errorPipe;
-    if (output == Output::withoutReader) {
-        close(std::exchange(outputPipe.reader, -1));
-    }
     const pid_t child = fork();
     if (child == 0) {
-        connectOutput(output, outputPipe.writer);
-        dup2(errorPipe.writer, STDERR_FILENO);
+        connect();
         if (chdir(folder.c_str()) == 0) {
             execve(program.c_str(), argumentPointers.data(), variablePointers.data());
         }
@@ -100,10 +95,10 @@ Outcome run(const std::filesystem::path &program, const std::vector<std::string>
     if (child < 0) {
         throw std::runtime_error("no process");
     }
-    close(std::exchange(outputPipe.writer, -1));
-    close(std::exchange(errorPipe.writer, -1));
-    Outcome outcome;
-    collect(outputPipe.reader, errorPipe.reader, outcome);
+    return child;
+}
+
+void waitFor(pid_t child, const std::filesystem::path &program, Outcome &outcome) {
     int status = 0;
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
     }
@@ -111,6 +106,48 @@ Outcome run(const std::filesystem::path &program, const std::vector<std::string>
         throw std::runtime_error(program.string() + " did not run to its end: " + outcome.errors);
     }
     outcome.status = WEXITSTATUS(status);
+}
+
+} // namespace
+
+Outcome run(const std::filesystem::path &program, const std::vector<std::string> &arguments,
+            const std::map<std::string, std::string> &environment,
+            const std::filesystem::path &folder, Output output) {
+    Pipe outputPipe;
+    Pipe errorPipe;
+    if (output == Output::withoutReader) {
+        close(std::exchange(outputPipe.reader, -1));
+    }
+    const pid_t child = start(program, arguments, environment, folder, [&] {
+        connectOutput(output, outputPipe.writer);
+        dup2(errorPipe.writer, STDERR_FILENO);
+    });
+    close(std::exchange(outputPipe.writer, -1));
+    close(std::exchange(errorPipe.writer, -1));
+    Outcome outcome;
+    collect(outputPipe.reader, errorPipe.reader, outcome);
+    waitFor(child, program, outcome);
+    return outcome;
+}
+
+Outcome runAtTerminal(const std::filesystem::path &program,
+                      const std::vector<std::string> &arguments,
+                      const std::map<std::string, std::string> &environment,
+                      const std::filesystem::path &folder, const std::string &typed) {
+    test::Terminal terminal;
+    const pid_t child = start(program, arguments, environment, folder, [&] {
+        for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+            dup2(terminal.program, stream);
+        }
+    });
+    close(std::exchange(terminal.program, -1));
+    Outcome outcome;
+    if (write(terminal.master, typed.data(), typed.size()) < 0) {
+        throw std::runtime_error("nothing can be typed");
+    }
+    // Its end is an error: nobody holds the terminal's other side any more.
+    collect(terminal.master, -1, outcome);
+    waitFor(child, program, outcome);
     return outcome;
 }
 

@@ -24,4 +24,12 @@ enum class Output { captured, closed, full, withoutReader };
                           const std::map<std::string, std::string> &environment,
                           const std::filesystem::path &folder, Output output = Output::captured);
 
+/// The same on a terminal of the program's own, with `typed` as what its user types. The terminal
+/// shows as the outcome's output what the program writes to any standard stream, not what is typed.
+[[nodiscard]] Outcome runAtTerminal(const std::filesystem::path &program,
+                                    const std::vector<std::string> &arguments,
+                                    const std::map<std::string, std::string> &environment,
+                                    const std::filesystem::path &folder,
+                                    const std::string &typed = {});
+
 } // namespace kvex::process

@@ -125,11 +125,55 @@ TEST_F(Show, TellsOfARuleThatCannotBeReadWholeAndLogsIt) {
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.output, EndsWith("\n" + everything));
     EXPECT_THAT(outcome.errors,
-                AllOf(HasSubstr("rule 6"), HasSubstr(log.string()),
-                      HasSubstr("kvexrules edit --rule 6"), Not(HasSubstr("rule 7"))));
+                AllOf(HasSubstr("Not all of rule 6 could be read. Invalid procedure call or "
+                                "argument. The log is " +
+                                log.string() + ".\n"),
+                      Not(HasSubstr("rule 7"))));
     EXPECT_THAT(readFile(log), MatchesRegex("[-0-9]+T[0-9:]+[-+][0-9:]+\tKVEXMessageRules: Error "
                                             "occured. Sub: LoadRuleFromDB, Module: General\t5\t"
                                             "[^\t\n]*\tInvalid procedure call or argument\n"));
+}
+
+TEST_F(Show, TellsWhatOkWouldLoseOfARuleThatCannotBeLoaded) {
+    spoilRule();
+    EXPECT_THAT(kvexrules({"show", "6"}).errors,
+                AllOf(HasSubstr("OK in the editor would replace both texts"),
+                      HasSubstr("QueryParam: <PEOPLE><CON><ANY>98111\n"
+                                "ActionParam: <DIST>2</DIST><DELETE>NO</DELETE>"
+                                "<IGNOREFURTHERRULES>NO</IGNOREFURTHERRULES>\n"),
+                      Not(HasSubstr("kvexrules edit"))));
+}
+
+TEST_F(Show, TellsThatOkWouldNotMendWhatIsOnlyNotDescribed) {
+    sqlite3(database, "UPDATE SMS_RULES SET QueryParam = 'PWD=x\x1b', ActionParam = "
+                      "'<DIST>Asha</DIST>' WHERE ID = 6");
+    EXPECT_THAT(kvexrules({"show", "6"}).errors,
+                AllOf(HasSubstr("leave what cannot be described as it is. Choose that anew there"),
+                      HasSubstr("QueryParam: PWD=x\x1b\nActionParam: <DIST>Asha</DIST>\n")));
+}
+
+TEST_F(Show, TellsWhatOkWouldLoseWhenTheDescriptionFailsToo) {
+    sqlite3(database, "UPDATE SMS_RULES SET QueryParam = '<ACCOUNT><CON><ANY>Asha</ACCOUNT><WORD>' "
+                      "WHERE ID = 6");
+    EXPECT_THAT(kvexrules({"show", "6"}).errors,
+                HasSubstr("OK in the editor would replace both texts"));
+}
+
+TEST_F(Show, LetsNoRuleControlATerminal) {
+    sqlite3(database, "UPDATE SMS_USERS SET NAME = 'a\x1b[2J\\' WHERE ID = 1");
+    EXPECT_THAT(done({"show", "7"}), EndsWith("to a\x1b[2J\\\n"));
+    const Outcome outcome = atTerminal({"show", "7"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.output, EndsWith("to a\\u{1b}[2J\\\\\n"));
+    EXPECT_THAT(atTerminal({"show", "7", "--format", "html"}).output,
+                HasSubstr(">a\xEF\xBF\xBD[2J"));
+}
+
+TEST_F(Show, LetsNoStoredTextControlATerminal) {
+    sqlite3(database, "UPDATE SMS_RULES SET QueryParam = '<PEOPLE>\x1b[2J' WHERE ID = 6");
+    EXPECT_THAT(kvexrules({"show", "6"}).errors, HasSubstr("<PEOPLE>\x1b[2J\n"));
+    EXPECT_THAT(atTerminal({"show", "6"}).output,
+                AllOf(HasSubstr("<PEOPLE>\\u{1b}[2J\n"), Not(HasSubstr("\x1b"))));
 }
 
 TEST_F(Show, NeedsIdsOrAll) {

@@ -1,0 +1,418 @@
+// The program's commands, run inside the test program.
+#include "host/kvexrules/Commands.h"
+
+#include "host/kvexrules/Failure.h"
+#include "host/suite/Databases.h"
+#include "platform/Text.h"
+#include "tests/host/EnvironmentVariables.h"
+#include "tests/host/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace kvex::host {
+namespace {
+
+using testing::AllOf;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+struct Ended {
+    int status;
+    std::string output;
+    std::string errors;
+};
+
+class Commands : public testing::Test {
+protected:
+    void SetUp() override {
+        for (const char *name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME"}) {
+            environment.set(name, std::nullopt);
+        }
+        environment.set("HOME", (folder / "home").string());
+        environment.set("KVEX_DATABASE", file.string());
+    }
+
+    static Ended ended(const std::vector<const char *> &arguments) {
+        Ended ended{};
+        testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
+        std::string failure;
+        try {
+            const Request request = parseArguments(arguments, commands(), options());
+            ended.status = request.command->run(request);
+        } catch (const Failure &failed) {
+            ended.status = failed.status();
+            failure = failed.what();
+        }
+        ended.output = testing::internal::GetCapturedStdout();
+        ended.errors = testing::internal::GetCapturedStderr() + failure;
+        return ended;
+    }
+
+    static std::string done(const std::vector<const char *> &arguments) {
+        Ended result = ended(arguments);
+        EXPECT_EQ(result.status, exit_status::done) << result.errors;
+        EXPECT_EQ(result.errors, "");
+        return std::move(result.output);
+    }
+
+    static std::string failed(int status, const std::vector<const char *> &arguments) {
+        Ended result = ended(arguments);
+        EXPECT_EQ(result.status, status);
+        EXPECT_EQ(result.output, "");
+        return std::move(result.errors);
+    }
+
+    /// The rows that a query gives, "|" between columns and a newline behind each row.
+    std::string rows(std::u16string_view query) const {
+        const auto connection = openDatabase(fromUtf8(file.string()));
+        const auto found = createRecordset();
+        found->open(query, *connection);
+        std::string text;
+        for (; !found->eof(); found->moveNext()) {
+            text += toUtf8(textOf(*found, u"T")) + "\n";
+        }
+        return text;
+    }
+
+    void run(const std::u16string &statement) const {
+        const auto connection = openDatabase(fromUtf8(file.string()));
+        connection->driver().lock()->execute({statement, {}});
+    }
+
+    TemporaryFolder folder;
+    std::filesystem::path file = folder / "rules.db";
+    EnvironmentVariables environment;
+};
+
+TEST_F(Commands, HelpIsThisText) {
+    EXPECT_EQ(done({"help"}), R"(Usage: kvexrules [COMMAND] [OPTION…]
+
+Commands, edit where none is given:
+  edit [--rule ID]                  open the rule editor; without --rule on a new rule
+  list                              position, on or off, id and name of every rule in priority order
+  show ID… | --all                  the description of rules, with a blank line between two
+  contacts import FILE | list       take contacts from vCards or CSV; or print id, name and number
+  init [--sample]                   create the tables, and sample data, where there are none
+  register                          let hosts find the rule component by its class
+  unregister                        undo that
+  help                              this text
+  version                           the program's version
+
+Options:
+  --database CONNECTION|PATH        the database: a connection string or a SQLite file
+  --user ID                         whose rules and contacts, 1 by default
+  --log FILE                        where errors are logged
+  --rule ID                         the rule to open
+  --format text|ansi|html           how to show rules, text by default
+  --all                             show every rule
+  --sample                          add users, accounts and rules to try out
+
+The database is the one that --database names, else $KVEX_DATABASE, else the
+setting "database" of kvex/kvexrules.conf in $XDG_CONFIG_HOME (~/.config), else
+kvex/rules.db in $XDG_DATA_HOME (~/.local/share). That file holds lines of
+"key = value" with the keys database, user and log, and comments after "#" at
+the beginning of a line.
+
+A server's database is named by an ODBC connection string, as in
+  Driver={PostgreSQL Unicode};Server=db;Database=sms;UID=editor;PWD=...
+A password belongs in that file, or in $KVEX_DATABASE: other users may see it
+after --database.
+
+"list" separates its columns by blanks; the name is the rest of the line, and
+what could break the line is written as \n, \t, \\ or \u{HEX}. "contacts list"
+separates them by tabs, and lists the contacts that belong to nobody as well.
+
+"contacts import" reads vCards of the versions 3.0 and 4.0, and CSV whose first
+row names its columns ("Name,Mobile"), in UTF-8. What it skips is named with its
+line; a contact that is there already is not added again.
+
+"edit" ends with the line "result: 99" when the user may have edited something,
+"result: 1" when no edit was noted (rules may still have been removed), and
+"result: 0" when the rules could not be opened. Whoever keeps rules in memory
+reloads them after 99 and after 1. Where an SQLite file is missing, it offers to
+make one.
+
+Exit status: 0 done; 1 something was not found or skipped, or a request was refused;
+2 wrong use, or nothing could be read.
+)");
+}
+
+TEST_F(Commands, VersionIsANumber) {
+    EXPECT_THAT(done({"version"}), testing::MatchesRegex("kvexrules [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+}
+
+TEST_F(Commands, InitMakesTablesOnce) {
+    EXPECT_EQ(done({"init"}), "ready: " + file.string() + "\n");
+    EXPECT_EQ(done({"list"}), "");
+    EXPECT_EQ(failed(1, {"init"}),
+              "The database has its tables already, so nothing was changed. Name another with "
+              "--database. The database was named by $KVEX_DATABASE.");
+}
+
+TEST_F(Commands, InitFillsTablesOnce) {
+    EXPECT_EQ(done({"init", "--sample"}), "ready: " + file.string() + "\n");
+    EXPECT_EQ(failed(1, {"init", "--sample"}),
+              "The database holds data already, so nothing was added. Name another with "
+              "--database. The database was named by $KVEX_DATABASE.");
+}
+
+TEST_F(Commands, InitTellsOfAServerThatIsNotThere) {
+    EXPECT_THAT(failed(2, {"init", "--database", "DSN=none"}),
+                EndsWith(" The database itself, and a user who may create tables in it, must be "
+                         "there before kvexrules init: have the server's administrator make them. "
+                         "The database was named by --database."));
+}
+
+TEST_F(Commands, InitTellsOfAFolderThatItCannotMake) {
+    environment.set("KVEX_DATABASE", std::nullopt);
+    writeFile(folder / "home/.local", "");
+    EXPECT_EQ(failed(2, {"init"}),
+              "The folder " + (folder / "home/.local/share/kvex").string() +
+                  " for your own database cannot be created (File exists). Make it, or name a "
+                  "database with --database.");
+}
+
+TEST_F(Commands, InitMakesTheOwnDatabaseForItsOwnerAlone) {
+    environment.set("KVEX_DATABASE", std::nullopt);
+    const std::filesystem::path own = folder / "home/.local/share/kvex/rules.db";
+    writeFile(folder / "before", "");
+    EXPECT_EQ(done({"init"}), "ready: " + own.string() + "\n");
+    EXPECT_EQ(std::filesystem::status(own).permissions(),
+              std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+    // Other files are as before.
+    writeFile(folder / "after", "");
+    EXPECT_EQ(std::filesystem::status(folder / "after").permissions(),
+              std::filesystem::status(folder / "before").permissions());
+}
+
+TEST_F(Commands, InitLeavesTheTablesOfAnotherProgram) {
+    done({"init"});
+    run(u"DROP TABLE SMS_RULES");
+    EXPECT_EQ(failed(1, {"init"}), "The database holds the tables of another program, so nothing "
+                                   "was changed. Name another with --database. The database was "
+                                   "named by $KVEX_DATABASE.");
+}
+
+TEST_F(Commands, InitRefusedByTheDatabaseEndsWithOne) {
+    done({"init"});
+    run(u"CREATE TRIGGER NEVER BEFORE INSERT ON SMS_RULES BEGIN SELECT RAISE(ABORT, 'never'); END");
+    EXPECT_THAT(failed(1, {"init", "--sample"}),
+                AllOf(HasSubstr("never"), EndsWith(" The database was named by $KVEX_DATABASE.")));
+    EXPECT_EQ(rows(u"SELECT count(*) T FROM SMS_USERS"), "0\n");
+}
+
+TEST_F(Commands, ListTellsWhoNamedADatabaseThatCannotBeRead) {
+    EXPECT_THAT(failed(2, {"list"}),
+                AllOf(StartsWith("The database file " + file.string() + " does not exist"),
+                      EndsWith(" The database was named by $KVEX_DATABASE.")));
+}
+
+TEST_F(Commands, SampleHasTheseRows) {
+    done({"init", "--sample"});
+    EXPECT_EQ(rows(u"SELECT ID || '|' || NAME T FROM SMS_USERS ORDER BY ID"),
+              "1|SYSTEM\n2|Asha Rao\n3|Ravi Kumar\n4|प्रिया शर्मा\n5|Zoë O'Neill\n"
+              "6|Night shift 🌙\n7|Meera Nair\n");
+    EXPECT_EQ(rows(u"SELECT ID || '|' || NAME || '|' || BIND_MODE T FROM SMS_ACCOUNT ORDER BY ID"),
+              "1|Main line|TRANSCEIVER\n2|Bulk sending|TRANSMITTER\n"
+              "3|Short code 56070|RECEIVER\n4|दिल्ली कार्यालय|TRANSCEIVER\n"
+              "5|Old modem 📟|transceiver\n");
+    EXPECT_EQ(rows(u"SELECT ID || '|' || NAME || '|' || DISABLED T FROM SMS_SERVICE ORDER BY ID"),
+              "1|Weather|0\n2|Account balance|0\n3|Competition|1\n");
+    EXPECT_EQ(rows(u"SELECT SERVICE_ID || '|' || NAME T FROM SMS_SERVICECOMMANDS ORDER BY ID"),
+              "1|WEATHER\n1|RAIN\n2|BALANCE\n3|WIN\n");
+    EXPECT_EQ(rows(u"SELECT USER_ID || '|' || NAME || '|' || MOBILE T FROM SMS_CONTACTS ORDER BY "
+                   u"ID"),
+              "1|Branch office|9811100011\n1|Field engineer|9811100022\n"
+              "1|अनिल गुप्ता|9811100033\n1|Duty officer 🚨|9811100044\n2|José Müller|9811100055\n");
+}
+
+TEST_F(Commands, SampleHasTheseRules) {
+    done({"init", "--sample"});
+    EXPECT_EQ(rows(u"SELECT PRIORITY || '|' || ACTIVE || '|' || Name T FROM SMS_RULES ORDER BY ID"),
+              "1|1|Not stopped in March\n2|1|Help 🌙 at night\n3|1|दिल्ली के संदेश\n4|1|Strangers\n"
+              "5|0|Advertisements\n6|1|No services\n7|1|Everything to the system\n");
+    EXPECT_EQ(
+        rows(u"SELECT QueryParam T FROM SMS_RULES ORDER BY ID"),
+        "<IGNOREIFSERVICE>NO</IGNOREIFSERVICE><PEOPLE><CON><ANY>9811100011;9811100022</PEOPLE>"
+        "<WORD><NOT><ALL><ASCOMMAND>STOP;HALT</WORD><DATETIME>20240301 09:00:00,20240331 18:30:00"
+        "</DATETIME>\n"
+        "<IGNOREIFSERVICE>YES</IGNOREIFSERVICE><WORD><CON><ANY>help;मदद;🆘</WORD>\n"
+        "<IGNOREIFSERVICE>NO</IGNOREIFSERVICE><ACCOUNT><CON><ANY>4;5</ACCOUNT>\n"
+        "<IGNOREIFSERVICE>NO</IGNOREIFSERVICE><PEOPLE><NOT><ALL>9811100011;9811100022;9811100055"
+        "</PEOPLE><ACCOUNT><NOT><ALL>1;3</ACCOUNT>\n"
+        "<IGNOREIFSERVICE>NO</IGNOREIFSERVICE><WORD><CON><ALL>offer;free</WORD>\n"
+        "<IGNOREIFSERVICE>YES</IGNOREIFSERVICE>\n"
+        "<ALLMESSAGES>\n");
+    const std::string goOn = "<DELETE>NO</DELETE><IGNOREFURTHERRULES>NO</IGNOREFURTHERRULES>\n";
+    EXPECT_EQ(rows(u"SELECT ActionParam T FROM SMS_RULES ORDER BY ID"),
+              "<DIST>3;7</DIST><REPLY>Received;2</REPLY><ALERT>New message;2;9811100033;9811100044"
+              "</ALERT><DELETE>NO</DELETE><IGNOREFURTHERRULES>YES</IGNOREFURTHERRULES>\n"
+              "<DIST>6;5</DIST><REPLY>आपका संदेश मिला। We call back in the morning 🌙;4</REPLY>" +
+                  goOn + "<DIST>4</DIST>" + goOn +
+                  "<ALERT>Message from a stranger;1;9811100044</ALERT>" + goOn +
+                  "<DELETE>YES</DELETE><IGNOREFURTHERRULES>YES</IGNOREFURTHERRULES>\n"
+                  "<DIST>2</DIST>" +
+                  goOn + "<DIST>1</DIST>" + goOn);
+}
+
+TEST_F(Commands, ListIsInPriorityOrderWithoutRemovedRules) {
+    done({"init", "--sample"});
+    run(u"UPDATE SMS_RULES SET PRIORITY = 1 WHERE ID IN (3, 4)");
+    run(u"UPDATE SMS_RULES SET PRIORITY = 1, Name = NULL, ACTIVE = 2 WHERE ID = 2");
+    run(u"UPDATE SMS_RULES SET DELETED = 1 WHERE ID > 5");
+    EXPECT_EQ(done({"list"}), "1  on   1  Not stopped in March\n2  off  2  \n"
+                              "3  on   3  दिल्ली के संदेश\n4  on   4  Strangers\n"
+                              "5  off  5  Advertisements\n");
+}
+
+TEST_F(Commands, ShowPrintsTheRulesAskedFor) {
+    done({"init", "--sample"});
+    const std::string all = "Apply this Rule after the message arrives\nFor ALL Messages\n"
+                            "Then distribute the message to SYSTEM\n";
+    const std::string asha = "Apply this Rule after the message arrives\n"
+                             "If the message is not a Service message \n"
+                             "Then distribute the message to Asha Rao\n";
+    EXPECT_EQ(done({"show", "7", "006"}), all + "\n" + asha);
+    run(u"UPDATE SMS_RULES SET DELETED = 1 WHERE ID < 6");
+    EXPECT_EQ(done({"show", "--all", "--format", "text"}), asha + "\n" + all);
+    EXPECT_THAT(done({"show", "7", "6", "--format", "ansi"}),
+                EndsWith("\033[34mSYSTEM\033[0m\n\n" + asha.substr(0, asha.find("Asha")) +
+                         "\033[34mAsha Rao\033[0m\n"));
+    EXPECT_THAT(done({"show", "7", "--format", "html"}),
+                AllOf(StartsWith("<!DOCTYPE html>"), HasSubstr("<pre id=\"rule-7\">Apply"),
+                      EndsWith("</pre>\n</body>\n</html>\n")));
+}
+
+TEST_F(Commands, ShowGoesOnAfterARuleThatIsNotThere) {
+    done({"init", "--sample"});
+    const Ended result = ended({"show", "99", "7"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.output, StartsWith("Apply this Rule"));
+    EXPECT_EQ(result.errors,
+              "kvexrules: There is no rule 99. The rules that there are: kvexrules list\n");
+}
+
+TEST_F(Commands, ShowTellsWhatIsStoredOfARuleThatCannotBeLoaded) {
+    done({"init", "--sample"});
+    run(u"UPDATE SMS_RULES SET QueryParam = '<ACCOUNT><CON><ANY>x</ACCOUNT><WORD>PWD=a' WHERE ID = "
+        u"6");
+    const std::string log = (folder / "a.log").string();
+    const Ended result = ended({"show", "6", "7", "--log", log.c_str()});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(
+        result.errors,
+        "kvexrules: Not all of rule 6 could be read. Type mismatch. The log is " + log +
+            ".\n"
+            "kvexrules: OK in the editor would replace both texts by what was read before the "
+            "error, and by what is entered there: the rest of the conditions and actions "
+            "would be lost. Correct the row in the database, as its texts are now:\n"
+            "QueryParam: <ACCOUNT><CON><ANY>x</ACCOUNT><WORD>PWD=a\n"
+            "ActionParam: <DIST>2</DIST><DELETE>NO</DELETE><IGNOREFURTHERRULES>NO"
+            "</IGNOREFURTHERRULES>\n");
+    EXPECT_THAT(result.output, EndsWith("\n\nApply this Rule after the message arrives\n"
+                                        "For ALL Messages\nThen distribute the message to "
+                                        "SYSTEM\n"));
+}
+
+TEST_F(Commands, ShowTellsWhatIsStoredOfARuleThatCannotBeDescribed) {
+    done({"init", "--sample"});
+    run(u"UPDATE SMS_RULES SET QueryParam = NULL, ActionParam = '<DIST>x</DIST>' WHERE ID = 6");
+    const Ended result = ended({"show", "6"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.errors,
+                EndsWith(".\nkvexrules: OK in the editor would write both texts again, and leave "
+                         "what cannot be described as it is. Choose that anew there, or correct "
+                         "the row in the database. Its texts are now:\n"
+                         "QueryParam: \nActionParam: <DIST>x</DIST>\n"));
+}
+
+TEST_F(Commands, ShowNeedsAllTables) {
+    done({"init"});
+    run(u"DROP TABLE SMS_SERVICECOMMANDS");
+    EXPECT_THAT(failed(2, {"show", "--all"}),
+                AllOf(StartsWith("The rules could not be opened. The database " + file.string() +
+                                 " has no table SMS_SERVICECOMMANDS"),
+                      HasSubstr(" The log is "),
+                      EndsWith(". The database was named by $KVEX_DATABASE.")));
+}
+
+TEST_F(Commands, ShowKnowsWhatToShow) {
+    EXPECT_EQ(failed(2, {"show", "1", "--format", "pdf"}),
+              "There is no format \"pdf\". The formats are text, ansi and html.");
+    for (const std::vector<const char *> &arguments :
+         {std::vector<const char *>{"show"}, std::vector<const char *>{"show", "--all", "1"}}) {
+        EXPECT_EQ(failed(2, arguments),
+                  "Name the rules to show by their ids, or all of them with --all, but not both. "
+                  "The ids are the numbers that kvexrules list shows.");
+    }
+    EXPECT_EQ(failed(2, {"show", "one"}),
+              "\"one\" is no rule's id. The ids are the numbers that kvexrules list shows.");
+}
+
+TEST_F(Commands, EditNeedsADisplay) {
+    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        environment.set(name, "");
+    }
+    const std::string noDisplay =
+        "There is no display for the rule editor (neither $DISPLAY nor $WAYLAND_DISPLAY is set). "
+        "Start it from a desktop session or over ssh -X; at a terminal, kvexrules ";
+    EXPECT_EQ(failed(2, {"edit"}),
+              noDisplay + "init makes the database, which does not exist yet.");
+    done({"init"});
+    EXPECT_EQ(failed(2, {"edit"}), noDisplay + "list and kvexrules show print the rules.");
+    EXPECT_THAT(failed(2, {"edit", "--rule", "one"}), StartsWith("\"one\" is no rule's id."));
+}
+
+TEST_F(Commands, EditOnADisplayThatIsGoneSaysNothingOfTheDatabase) {
+    done({"init"});
+    environment.set("QT_QPA_PLATFORM", std::nullopt);
+    environment.set("WAYLAND_DISPLAY", std::nullopt);
+    environment.set("DISPLAY", ":7777");
+    const std::string log = (folder / "a.log").string();
+    const Ended result = ended({"edit", "--log", log.c_str()});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.output, "result: 0\n");
+    EXPECT_EQ(result.errors,
+              "kvexrules: The rules could not be opened. No window can be shown: there is no "
+              "display that can be reached. Start the program in a graphical session, or set "
+              "DISPLAY. The log is " +
+                  log + ".\n");
+}
+
+TEST_F(Commands, EditTellsWhoNamedADatabaseThatCannotBeOpened) {
+    environment.set("QT_QPA_PLATFORM", "offscreen");
+    const std::string log = (folder / "a.log").string();
+    const Ended result = ended({"edit", "--log", log.c_str(), "--database", "Provider=Paper"});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.output, "result: 0\n");
+    EXPECT_THAT(result.errors, AllOf(StartsWith("kvexrules: The rules could not be opened. The "
+                                                "connection string names no database"),
+                                     EndsWith(". The log is " + log +
+                                              ". The database was named by --database.\n")));
+}
+
+TEST_F(Commands, RegisterTellsWhatIsRegistered) {
+    const std::string component =
+        (std::filesystem::read_symlink("/proc/self/exe").parent_path() / "libKVEXMessageRules.so")
+            .string();
+    const std::filesystem::path classes = folder / "home/.local/share/kvex/classes";
+    EXPECT_EQ(done({"register"}), "registered: " + component + "\n");
+    EXPECT_FALSE(std::filesystem::is_empty(classes));
+    EXPECT_EQ(done({"unregister"}), "unregistered: " + component + "\n");
+    EXPECT_TRUE(std::filesystem::is_empty(classes));
+}
+
+TEST_F(Commands, RegisterNeedsAHome) {
+    environment.set("HOME", std::nullopt);
+    for (const char *command : {"register", "unregister"}) {
+        EXPECT_EQ(failed(2, {command}),
+                  "There is no folder for the registration: neither $XDG_DATA_HOME nor $HOME names "
+                  "one. Set one of them to an absolute path.");
+    }
+}
+
+} // namespace
+} // namespace kvex::host
