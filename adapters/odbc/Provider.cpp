@@ -81,8 +81,8 @@ void OdbcDriver::describe(const std::u16string &query, std::vector<recordset::Co
     std::vector<recordset::Column> now = originsOf(statement);
     if (!std::ranges::equal(now, columns, {}, &recordset::Column::name, &recordset::Column::name)) {
         throw errorWith(refusal::badStatement,
-                        u"Another program has changed the table's columns: close the window and "
-                        u"open it again.");
+                        u"Another program has changed the table's columns: open the "
+                        u"rules, or run the command, again.");
     }
     columns = std::move(now);
 }

@@ -1,6 +1,6 @@
 #include "host/kvexrules/FirstDatabase.h"
 
-#include "adapters/sqlite/ConnectionSettings.h"
+#include "adapters/sqlite/SqliteConnection.h"
 #include "host/kvexrules/Failure.h"
 #include "host/kvexrules/NewDatabase.h"
 #include "platform/Error.h"

@@ -183,7 +183,7 @@ TEST_P(ServerRefusals, AColumnThatGoesAwayIsToldByTheSaveThatNeedsIt) {
     user.inRulesWindow([&](User &window) {
         run("ALTER TABLE SMS_RULES RENAME COLUMN ACTIVE TO AWAY");
         constexpr std::u16string_view words = u"Nothing was stored. Another program has changed "
-                                              u"the table's columns: close the window";
+                                              u"the table's columns: open the rules";
         window.tickRow(u"lvwRules", 2);
         user.expectLeftHandler(refusal::badStatement, words);
         confirmRemoval(user, window, 3);
