@@ -73,6 +73,9 @@ void frmRules::ListRules() {
             rsRules.moveFirst();
         }
         lvwRules.setSorted(false);
+        // Now, so that a rule that cannot be listed leaves the order of the others right; and while
+        // nothing is sorted, so that rules of one priority keep the order they are read in.
+        lvwRules.setSortKey(sortItem);
         for (int position = 1; !rsRules.eof(); ++position) {
             addListedRule(position);
             rsRules.moveNext();
@@ -80,8 +83,6 @@ void frmRules::ListRules() {
         for (int column = 1; column <= lvwRules.columnCount(); ++column) {
             lvwRules.setColumnIcon(column, 0);
         }
-        // The key before the sorting: rules of one priority stay in the order they were read in.
-        lvwRules.setSortKey(sortItem);
         lvwRules.setSorted(true);
         lvwRules.setColumnIcon(1, 1);
 
