@@ -97,6 +97,24 @@ TEST_F(RuleEditor, ANewRuleIsNamedByTheHighestIdWhateverWasDeleted) {
     });
 }
 
+TEST_F(RuleEditor, ANewRuleIsNamedBehindAnIdBeyondThirtyTwoBits) {
+    database.execute("INSERT INTO SMS_RULES (ID, Name) VALUES (3000000000, 'Far')");
+    playNewRule([](User &user) {
+        EXPECT_EQ(name(user), u"New Rule #3000000001");
+        EXPECT_EQ(user.rows(conditions).size(), 6U);
+        EXPECT_EQ(user.rows(actions).size(), 5U);
+        user.press(Key::escape);
+    });
+    expectLog({});
+}
+
+TEST_F(RuleEditor, BehindTheHighestIdOfAllThereIsNoNewRule) {
+    database.execute("INSERT INTO SMS_RULES (ID, Name) VALUES (9223372036854775807, 'Last')");
+    playNewRule([](User &user) { user.press(Key::escape); });
+    expectLog({u"Sub: Form_Load, Module: frmRuleEdit"});
+    EXPECT_EQ(utility.log.at(0).number, error_number::overflow);
+}
+
 TEST_F(RuleEditor, AStoredRuleIsShownOnItsRows) {
     database.addUser(3, "Asha");
     database.addAccount(2, "Main");
