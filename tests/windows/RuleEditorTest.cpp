@@ -88,6 +88,23 @@ TEST_F(RuleEditor, ANewRuleOnAnEmptyTableIsTheFirst) {
     });
 }
 
+TEST_F(RuleEditor, ButtonsAreDisabledWhenTheirRowIsNoLongerSelected) {
+    struct List {
+        const char16_t *list, *button;
+    };
+    playRule(database.addRule("Full", fullQuery, fullAction), [](User &user) {
+        for (const auto &[list, button] :
+             {List{conditions, u"cmdEditCondition"}, List{actions, u"cmdConfigureAction"}}) {
+            user.clickRow(list, 2);
+            EXPECT_TRUE(enabled(user, button));
+            user.clickBesideRows(list);
+            EXPECT_EQ(user.get<ListView>(list).selectedRow(), 0);
+            EXPECT_FALSE(enabled(user, button));
+        }
+        user.press(Key::escape);
+    });
+}
+
 TEST_F(RuleEditor, ANewRuleIsNamedByTheHighestIdWhateverWasDeleted) {
     database.execute("INSERT INTO SMS_RULES (ID, Name, QueryParam, ActionParam, DELETED) VALUES "
                      "(41, 'gone', '', '', 1)");

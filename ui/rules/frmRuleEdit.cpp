@@ -55,6 +55,9 @@ frmRuleEdit::frmRuleEdit()
     lvwRuleConditions.onItemClick = [this](int row) { lvwRuleConditions_ItemClick(row); };
     lvwRuleActions.onItemCheck = [this](int row) { lvwRuleActions_ItemCheck(row); };
     lvwRuleActions.onItemClick = [this](int row) { lvwRuleActions_ItemClick(row); };
+    // A button is for the row that is selected.
+    lvwRuleConditions.onDeselect = [this] { cmdEditCondition.setEnabled(false); };
+    lvwRuleActions.onDeselect = [this] { cmdConfigureAction.setEnabled(false); };
     onClick(u"cmdEditCondition", &frmRuleEdit::cmdEditCondition_Click);
     onClick(u"cmdConfigureAction", &frmRuleEdit::cmdConfigureAction_Click);
     txtRuleName.onChange = [this] { txtRuleName_Change(); };
