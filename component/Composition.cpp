@@ -8,6 +8,7 @@
 #include "adapters/recordset/ClientRecordset.h"
 #include "adapters/sqlite/Provider.h"
 #include "component/HostObjects.h"
+#include "platform/Text.h"
 
 namespace kvex {
 namespace {
@@ -31,7 +32,9 @@ public:
 
     std::unique_ptr<RichTextBox> createTextBox() override { return headless::createRichTextBox(); }
 
-    std::u16string componentDirectory() override { return modulePath().parent_path().u16string(); }
+    std::u16string componentDirectory() override {
+        return fromUtf8(modulePath().parent_path().native());
+    }
 
 private:
     qt::QtToolkit toolkit_;

@@ -3,6 +3,8 @@
 #include "platform/ComPointer.h"
 #include "platform/HostSuite.h"
 
+#include <utility>
+
 namespace kvex {
 namespace {
 
@@ -25,6 +27,15 @@ ComPointer<Interface> createHostObject(const CLSID &classId, const char16_t *nam
     return object;
 }
 
+/// Makes `call` with `text` by reference: what it leaves there goes back into `text`, also when it
+/// fails.
+template <class Call> HRESULT withReference(std::u16string &text, Call &&call) {
+    Bstr held(text);
+    const HRESULT result = call(held.inOut());
+    text = held.text();
+    return result;
+}
+
 class HostUtility final : public Utility {
 public:
     std::u16string connectionString() override {
@@ -39,26 +50,29 @@ public:
         return text.text();
     }
 
-    void writeErrorLog(const std::u16string &logFile, const Error &error,
-                       const std::u16string &text, std::int32_t reserved,
-                       std::int16_t flag) override {
-        Bstr file(logFile);
+    void writeErrorLog(std::u16string &logFile, const Error &error, const std::u16string &text,
+                       std::int32_t reserved, std::int16_t flag) override {
         const Bstr description(error.description());
         const Bstr source(error.source());
         ErrorRecord record{error.number(), description.get(), source.get()};
         LONG output = 0;
-        check(object_->WriteErrorLog(file.inOut(), &record, Bstr(text).get(), reserved, &flag,
-                                     &output),
+        check(withReference(logFile,
+                            [&](BSTR *file) {
+                                return object_->WriteErrorLog(file, &record, Bstr(text).get(),
+                                                              reserved, &flag, &output);
+                            }),
               u"to write the error log");
     }
 
-    void reportMessage(const std::u16string &logFile, const std::u16string &text, bool first,
+    void reportMessage(std::u16string &logFile, const std::u16string &text, bool first,
                        bool second) override {
         const auto variant = [](bool value) { return value ? VARIANT_TRUE : VARIANT_FALSE; };
-        Bstr file(logFile);
-        check(
-            object_->ReportMessage(file.inOut(), Bstr(text).get(), variant(first), variant(second)),
-            u"to report a message");
+        check(withReference(logFile,
+                            [&](BSTR *file) {
+                                return object_->ReportMessage(file, Bstr(text).get(),
+                                                              variant(first), variant(second));
+                            }),
+              u"to report a message");
     }
 
     std::int32_t showMessageBox(const std::u16string &text, std::int32_t style) override {
@@ -71,16 +85,40 @@ private:
     ComPointer<IUtility> object_ = createHostObject<IUtility>(CLSID_Utility, u"utility object");
 };
 
+class HostTexts final : public TextCollection {
+public:
+    explicit HostTexts(ComPointer<ITextCollection> object) : object_(std::move(object)) {}
+
+    std::int32_t count() override {
+        LONG count = 0;
+        check(object_->GetCount(&count), u"the count of a selection");
+        return count;
+    }
+
+    std::u16string item(std::int32_t index) override {
+        Bstr text;
+        check(object_->GetItem(index, text.put()), u"an item of a selection");
+        return text.text();
+    }
+
+private:
+    ComPointer<ITextCollection> object_;
+};
+
 class HostAddressBook final : public AddressBook {
 public:
     bool init(const std::u16string &first, const std::u16string &connectionString,
-              std::int32_t mode, const std::u16string &secondText,
-              const std::u16string &logFile) override {
-        Bstr second(secondText);
-        Bstr file(logFile);
+              std::int32_t mode, std::u16string &secondText, std::u16string &logFile) override {
         VARIANT_BOOL success = VARIANT_FALSE;
-        check(object_->Init(Bstr(first).get(), Bstr(connectionString).get(), mode, second.inOut(),
-                            file.inOut(), &success),
+        const auto call = [&](BSTR *second, BSTR *file) {
+            return object_->Init(Bstr(first).get(), Bstr(connectionString).get(), mode, second,
+                                 file, &success);
+        };
+        check(withReference(secondText,
+                            [&](BSTR *second) {
+                                return withReference(
+                                    logFile, [&](BSTR *file) { return call(second, file); });
+                            }),
               u"to open the address book");
         return success != VARIANT_FALSE;
     }
@@ -92,29 +130,20 @@ public:
         return code;
     }
 
-    std::vector<std::u16string> selectedItems() override {
-        ComPointer<ITextCollection> items;
-        check(object_->GetSelectedItems(items.put()), u"the selected items");
-        return textsOf(items);
+    std::unique_ptr<TextCollection> selectedItems() override {
+        return texts(&IManageContacts::GetSelectedItems, u"the selected items");
     }
 
-    std::vector<std::u16string> selectedNumbers() override {
-        ComPointer<ITextCollection> numbers;
-        check(object_->GetSelectedNumbers(numbers.put()), u"the selected numbers");
-        return textsOf(numbers);
+    std::unique_ptr<TextCollection> selectedNumbers() override {
+        return texts(&IManageContacts::GetSelectedNumbers, u"the selected numbers");
     }
 
 private:
-    static std::vector<std::u16string> textsOf(const ComPointer<ITextCollection> &collection) {
-        std::vector<std::u16string> texts;
-        LONG count = 0;
-        check(collection->GetCount(&count), u"the count of a selection");
-        for (LONG index = 1; index <= count; ++index) {
-            Bstr text;
-            check(collection->GetItem(index, text.put()), u"an item of a selection");
-            texts.push_back(text.text());
-        }
-        return texts;
+    std::unique_ptr<TextCollection>
+    texts(HRESULT (IManageContacts::*get)(ITextCollection **) noexcept, const char16_t *operation) {
+        ComPointer<ITextCollection> collection;
+        check((object_.get()->*get)(collection.put()), operation);
+        return collection ? std::make_unique<HostTexts>(std::move(collection)) : nullptr;
     }
 
     ComPointer<IManageContacts> object_ =

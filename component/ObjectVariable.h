@@ -17,6 +17,7 @@ public:
     }
     void release() noexcept { object_.reset(); }
 
+    [[nodiscard]] explicit operator bool() const noexcept { return object_ != nullptr; }
     /// Raises objectNotSet while nothing is held.
     [[nodiscard]] Object &operator*() const {
         if (!object_) {

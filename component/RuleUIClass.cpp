@@ -3,6 +3,7 @@
 #include "component/ErrorTrap.h"
 #include "component/RecordSearch.h"
 #include "component/Session.h"
+#include "platform/Text.h"
 #include "rules/RuleDescription.h"
 #include "rules/RuleLoading.h"
 #include "ui/rules/frmRules.h"
@@ -98,8 +99,16 @@ void RuleUI::release() {
     current.rsServiceCommands.release();
 }
 
+bool hasOpenSession() {
+    const ObjectVariable<Recordset> &rsRules = session().rsRules;
+    return rsRules && rsRules->state() == ObjectState::open;
+}
+
 bool describeRule(const std::u16string &ruleId, RichTextBox &target) {
     Recordset &rsRules = *session().rsRules;
+    if (!isNumeric(ruleId)) {
+        return false;
+    }
     findRecordById(rsRules, ruleId);
     if (rsRules.eof()) {
         return false;

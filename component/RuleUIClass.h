@@ -31,8 +31,11 @@ public:
     void release();
 };
 
-/// Loads the rule into the rule state and describes it into `target`. False when there is no
-/// rule with this id. Raises objectClosed before the session is open.
+/// Whether this thread's rules can be read: between the opening of a session and its release.
+[[nodiscard]] bool hasOpenSession();
+
+/// Loads the rule into the rule state and describes it into `target`. False when no rule has this
+/// id, or when it is no number. Needs an open session.
 bool describeRule(const std::u16string &ruleId, RichTextBox &target);
 
 } // namespace kvex

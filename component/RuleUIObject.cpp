@@ -34,6 +34,9 @@ public:
             return E_POINTER;
         }
         return guarded([&]() -> HRESULT {
+            if (!hasOpenSession()) {
+                return E_UNEXPECTED;
+            }
             const auto box = composition().createTextBox();
             if (!describeRule(std::u16string(viewOf(ruleId)), *box)) {
                 return S_FALSE;

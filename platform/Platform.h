@@ -25,7 +25,7 @@ public:
     /// A text box that belongs to no window, to be filled and read where none is shown.
     [[nodiscard]] virtual std::unique_ptr<RichTextBox> createTextBox() = 0;
     /// The directory from which the component was loaded, without a separator at its end unless
-    /// it is a root.
+    /// it is a root. What is no UTF-8 in its name becomes U+FFFD.
     [[nodiscard]] virtual std::u16string componentDirectory() = 0;
 };
 

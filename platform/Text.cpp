@@ -157,8 +157,9 @@ std::optional<double> valueOf(const std::string &form) {
 
 template <class Integer> Integer rounded(double number) {
     const double whole = std::nearbyint(number);
-    if (!(whole >= std::numeric_limits<Integer>::min() &&
-          whole <= std::numeric_limits<Integer>::max())) {
+    // A power of two, which a double holds; the largest number need not be one that it holds.
+    constexpr auto bound = -static_cast<double>(std::numeric_limits<Integer>::min());
+    if (!(whole >= -bound && whole < bound)) {
         throw Error(error_number::overflow);
     }
     return static_cast<Integer>(whole);
@@ -278,11 +279,17 @@ double toDouble(std::u16string_view text) {
     throw Error(error_number::overflow);
 }
 
+std::int64_t toInt64(std::u16string_view text) {
+    return toInt64(toDouble(text));
+}
 std::int32_t toInt32(std::u16string_view text) {
     return toInt32(toDouble(text));
 }
 std::int16_t toInt16(std::u16string_view text) {
     return toInt16(toDouble(text));
+}
+std::int64_t toInt64(double number) {
+    return rounded<std::int64_t>(number);
 }
 std::int32_t toInt32(double number) {
     return rounded<std::int32_t>(number);

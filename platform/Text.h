@@ -41,10 +41,12 @@ char16_t *fromUtf8(std::string_view text, char16_t *target) noexcept;
 [[nodiscard]] double toDouble(std::u16string_view text);
 
 /// toDouble, rounded half to even; raises overflow outside the type's range.
+[[nodiscard]] std::int64_t toInt64(std::u16string_view text);
 [[nodiscard]] std::int32_t toInt32(std::u16string_view text);
 [[nodiscard]] std::int16_t toInt16(std::u16string_view text);
 
 /// `number` rounded half to even; raises overflow outside the type's range.
+[[nodiscard]] std::int64_t toInt64(double number);
 [[nodiscard]] std::int32_t toInt32(double number);
 [[nodiscard]] std::int16_t toInt16(double number);
 

@@ -40,13 +40,17 @@ std::u16string ValueView::text() const {
 }
 
 std::u16string_view ValueView::textOrEmpty() const {
-    if (isNull()) {
-        return {};
-    }
-    if (const auto *text = std::get_if<std::u16string_view>(&held_)) {
-        return *text;
-    }
-    throw Error(error_number::typeMismatch);
+    const auto *text = std::get_if<std::u16string_view>(&held_);
+    return text == nullptr ? std::u16string_view() : *text;
+}
+
+std::int64_t ValueView::int64() const {
+    return std::visit(Overloaded{
+                          [](Null) -> std::int64_t { throw Error(error_number::invalidUseOfNull); },
+                          [](std::int64_t number) { return number; },
+                          [](auto other) { return toInt64(other); },
+                      },
+                      held_);
 }
 
 std::int32_t ValueView::int32() const {

@@ -29,11 +29,12 @@ public:
 
     /// As text: a number in decimal. Null raises invalidUseOfNull.
     [[nodiscard]] std::u16string text() const;
-    /// The text without a copy, for a value that is text; "" for Null, as a search in a field
-    /// without value finds nothing. A number raises typeMismatch.
+    /// The text without a copy, for a value that is text; "" for Null and for a number, where a
+    /// search for a word finds nothing.
     [[nodiscard]] std::u16string_view textOrEmpty() const;
-    /// As a number: text converts as toInt32 and toInt16 do. Null raises invalidUseOfNull, a
-    /// number out of range overflow, text that is no number typeMismatch.
+    /// As a number: text converts as toInt64, toInt32 and toInt16 do. Null raises invalidUseOfNull,
+    /// a number out of range overflow, text that is no number typeMismatch.
+    [[nodiscard]] std::int64_t int64() const;
     [[nodiscard]] std::int32_t int32() const;
     [[nodiscard]] std::int16_t int16() const;
 

@@ -18,18 +18,22 @@ std::u16string_view separatorFor(std::int16_t all) {
     return all == 1 ? andSeparator : u" or ";
 }
 
-/// The items of `list`, joined.
-std::u16string joinedList(std::u16string_view list, std::u16string_view separator) {
-    const auto items = static_cast<std::size_t>(std::ranges::count(list, u';')) + 1;
-    std::u16string result(list.size() - (items - 1) + (items - 1) * separator.size(), u'\0');
-    auto end = result.begin();
-    for (const char16_t unit : list) {
-        if (unit == u';') {
-            end = std::ranges::copy(separator, end).out;
-        } else {
-            *end++ = unit;
+/// The items of `list`, joined. A failure is trapped under `sub`.
+std::u16string joinedList(std::u16string_view sub, std::u16string_view list,
+                          std::u16string_view separator) {
+    std::u16string result;
+    trapErrors(sub, u"General", [&] {
+        const auto separators = static_cast<std::size_t>(std::ranges::count(list, u';'));
+        result.resize(list.size() - separators + separators * separator.size());
+        auto end = result.begin();
+        for (const char16_t unit : list) {
+            if (unit == u';') {
+                end = std::ranges::copy(separator, end).out;
+            } else {
+                *end++ = unit;
+            }
         }
-    }
+    });
     return result;
 }
 
@@ -60,7 +64,7 @@ constexpr auto userName = [](std::u16string_view id) { return GetUserName(toInt3
 
 std::u16string BuildPeopleList() {
     const RuleState &rule = ruleState();
-    return joinedList(rule.strPeople, separatorFor(rule.intPeopleAll));
+    return joinedList(u"BuildPeopleList", rule.strPeople, separatorFor(rule.intPeopleAll));
 }
 
 std::u16string BuildAccountList() {
@@ -71,7 +75,7 @@ std::u16string BuildAccountList() {
 
 std::u16string BuildWordList() {
     const RuleState &rule = ruleState();
-    return joinedList(rule.strWords, separatorFor(rule.intWordsAll));
+    return joinedList(u"BuildWordList", rule.strWords, separatorFor(rule.intWordsAll));
 }
 
 std::u16string BuildDistributionList() {
@@ -80,7 +84,7 @@ std::u16string BuildDistributionList() {
 }
 
 std::u16string BuildAlertList() {
-    return joinedList(ruleState().strAlertRecipients, andSeparator);
+    return joinedList(u"BuildAlertList", ruleState().strAlertRecipients, andSeparator);
 }
 
 std::u16string BuildDateTimeList() {

@@ -1,7 +1,8 @@
 // The lists of this thread's rule as readable text.
 //
-// Each traps its errors and then gives what it had joined so far: an id that is no number ends
-// the list of accounts or users; a date that does not exist gives "".
+// Each traps its errors and then gives what it had joined so far. An id that is no number ends the
+// list of accounts or users. A date that does not exist gives "", and so does a list of people,
+// words or recipients for which there is no memory.
 #pragma once
 
 #include <string>
@@ -15,7 +16,7 @@ namespace kvex {
 /// Joined with " and ".
 [[nodiscard]] std::u16string BuildDistributionList();
 [[nodiscard]] std::u16string BuildAlertList();
-/// "dd/mm/yyyy hh:mm:ss Hrs. to dd/mm/yyyy hh:mm:ss Hrs.", with the locale's date separator.
+/// "dd/mm/yyyy hh:mm:ss Hrs. to dd/mm/yyyy hh:mm:ss Hrs.", with the user's date separator.
 [[nodiscard]] std::u16string BuildDateTimeList();
 
 } // namespace kvex

@@ -5,6 +5,10 @@
 #include <algorithm>
 #include <chrono>
 #include <ctime>
+#include <iomanip>
+#include <locale>
+#include <sstream>
+#include <stdexcept>
 
 namespace kvex {
 namespace {
@@ -32,16 +36,35 @@ bool isCalendarDate(std::u16string_view date) {
     return year > 0 && day.ok();
 }
 
-/// What stands between the numbers of a date in the C library's current locale.
-char16_t dateSeparator() {
+/// The locale that the user's environment names, which need not be the process's own; the C locale
+/// where the system has none of that name.
+std::locale userLocale() {
+    try {
+        return std::locale("");
+    } catch (const std::runtime_error &) {
+        return std::locale::classic();
+    }
+}
+
+/// What stands between the numbers of a date there; "/" where it is something else than "/", "."
+/// or "-".
+char16_t dateSeparatorOf(const std::locale &locale) {
     std::tm date{};
     date.tm_year = 101;
     date.tm_mon = 10;
     date.tm_mday = 22;
-    char shown[64];
-    const std::string_view text(shown, std::strftime(shown, sizeof shown, "%x", &date));
+    std::ostringstream shown;
+    shown.imbue(locale);
+    shown << std::put_time(&date, "%x");
+    const std::string text = shown.str();
     const std::size_t found = text.find_first_of("/.-");
-    return found == std::string_view::npos ? u'/' : static_cast<char16_t>(text[found]);
+    return found == std::string::npos ? u'/' : static_cast<char16_t>(text[found]);
+}
+
+/// The same as long as the process lives.
+char16_t dateSeparator() {
+    static const char16_t separator = dateSeparatorOf(userLocale());
+    return separator;
 }
 
 } // namespace

@@ -29,7 +29,8 @@ void forEachAccount(
     }
     for (; !rsAccounts.eof(); rsAccounts.moveNext()) {
         if (serves(rsAccounts.field(u"BIND_MODE"), use)) {
-            offer(rsAccounts.field(u"NAME").text(), rsAccounts.field(u"ID").text());
+            const ValueView name = rsAccounts.field(u"NAME");
+            offer(name.isNull() ? u"" : name.text(), rsAccounts.field(u"ID").text());
         }
     }
 }

@@ -17,7 +17,7 @@ void report(const std::u16string &text) {
 void addFromAddressBook(EntryList &numbers) {
     const auto addressBook = session().platform->createAddressBook();
     const std::u16string connectionString = session().objUtility->connectionString();
-    const std::u16string secondText = session().objUtility->secondText();
+    std::u16string secondText = session().objUtility->secondText();
     if (!addressBook->init(u"", connectionString, 1, secondText, session().strLogFile)) {
         report(u"KVEXMessageRules: Could not load AddressBook. Init() failed on ManageContacts.");
         return;
@@ -29,9 +29,12 @@ void addFromAddressBook(EntryList &numbers) {
     }
     session().blnChanged = true;
     // Both are fetched, in this order, of which the first is not read.
-    static_cast<void>(addressBook->selectedItems());
-    for (const std::u16string &number : addressBook->selectedNumbers()) {
-        numbers.add(number);
+    const auto items = addressBook->selectedItems();
+    ObjectVariable<TextCollection> chosenNumbers;
+    chosenNumbers = addressBook->selectedNumbers();
+    const std::int32_t count = chosenNumbers->count();
+    for (std::int32_t index = 1; index <= count; ++index) {
+        numbers.add(chosenNumbers->item(index));
     }
     if (numbers.hasRows()) {
         numbers.enableButtons(true);

@@ -7,6 +7,13 @@
 
 namespace kvex::headless {
 
+void HeadlessListView::clickBesideRows() {
+    if (selectedRow() > 0) {
+        selectOnly(0);
+        deliver(onDeselect);
+    }
+}
+
 void HeadlessListView::clickRow(int row) {
     selectOnly(row);
     deliver(onItemClick, row);

@@ -11,6 +11,8 @@ public:
     HeadlessListView(HeadlessWindow *window, const ControlDesign &design)
         : HeadlessControl(window, design, design.multiSelect) {}
 
+    /// Takes the selection from every row.
+    void clickBesideRows();
     /// `row` is one of the rows.
     void clickRow(int row);
     void doubleClickRow(int row);

@@ -70,6 +70,13 @@ void User::clickRow(std::u16string_view list, int row) {
     onRow(list, row, [row](HeadlessListView &view) { view.clickRow(row); });
 }
 
+void User::clickBesideRows(std::u16string_view list) {
+    if (auto *view = usable<HeadlessListView>(list)) {
+        view->takeFocus();
+        view->clickBesideRows();
+    }
+}
+
 void User::doubleClickRow(std::u16string_view list, int row) {
     onRow(list, row, [row](HeadlessListView &view) { view.doubleClickRow(row); });
 }

@@ -28,6 +28,8 @@ public:
     /// Mouse.
     void click(std::u16string_view control);
     void clickRow(std::u16string_view list, int row);
+    /// Where the list has no row: none is selected then.
+    void clickBesideRows(std::u16string_view list);
     void doubleClickRow(std::u16string_view list, int row);
     /// Clicks the row's check box, which toggles it.
     void tickRow(std::u16string_view list, int row);

@@ -170,7 +170,7 @@ void QtListView::takeSelection(const QItemSelection &selected, const QItemSelect
         forEachRow(deselected, [this](int row) { deselect(row); });
         forEachRow(selected, [this](int row) { select(row); });
     }
-    if (!selected.isEmpty()) {
+    if (!selected.isEmpty() || selectedRow() == 0) {
         shown().noteSelection();
     }
 }
@@ -184,6 +184,8 @@ void QtListView::tellPicked() {
     }
     if (const int row = selectedRow(); row > 0) {
         run(onItemClick, row);
+    } else {
+        run(onDeselect);
     }
 }
 

@@ -30,6 +30,9 @@ class ListView : public Control {
 public:
     /// The user selected a row (or the selected row again) by click or key.
     std::function<void(int row)> onItemClick;
+    /// The user left no row selected: he clicked beside the rows, or took the selection from its
+    /// row.
+    std::function<void()> onDeselect;
     /// The user ticked or unticked a row's check box. Does not select the row by itself.
     std::function<void(int row)> onItemCheck;
     std::function<void()> onDoubleClick;

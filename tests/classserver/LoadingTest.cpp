@@ -24,7 +24,7 @@ protected:
 HRESULT create(const CLSID &classId) {
     ComPointer<IUnknown> object;
     const HRESULT result = kvex::createInstance(classId, object);
-    EXPECT_EQ(SUCCEEDED(result), static_cast<bool>(object));
+    EXPECT_EQ(result == S_OK, static_cast<bool>(object));
     return result;
 }
 

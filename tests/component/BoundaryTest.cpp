@@ -26,6 +26,7 @@ struct HostRecord {
     std::vector<std::int32_t> numbers;
     std::vector<std::u16string> descriptions;
     HRESULT logResult = S_OK;
+    std::u16string addedToLogFile;
     int utilitiesAlive = 0;
 };
 
@@ -54,6 +55,9 @@ public:
         host().logFiles.emplace_back(viewOf(*logFile));
         host().numbers.push_back(error->number);
         host().descriptions.emplace_back(viewOf(error->description));
+        Bstr changed(std::u16string(viewOf(*logFile)) + host().addedToLogFile);
+        SysFreeString(*logFile);
+        *logFile = changed.detach();
         return host().logResult;
     }
     HRESULT ReportMessage(BSTR *, BSTR, VARIANT_BOOL, VARIANT_BOOL) noexcept override {
@@ -121,6 +125,11 @@ protected:
     std::uint32_t registration_ = 0;
 };
 
+/// How an error that a method does not trap reaches the host.
+HRESULT resultOf(std::int32_t errorNumber) {
+    return hresultOf(0x800A0000U + static_cast<std::uint32_t>(errorNumber));
+}
+
 template <class Function> Function *entryPoint(const char *name) {
     static void *const component = dlopen(KVEX_COMPONENT, RTLD_NOW | RTLD_LOCAL);
     return reinterpret_cast<Function *>(dlsym(component, name));
@@ -170,7 +179,8 @@ TEST_F(Boundary, AFailingConstructorIsAResult) {
               S_OK);
     void *object = &object;
     // Nobody offers the utility object.
-    EXPECT_TRUE(FAILED(factory->CreateInstance(nullptr, IRuleUI::iid, &object)));
+    EXPECT_EQ(factory->CreateInstance(nullptr, IRuleUI::iid, &object),
+              resultOf(error_number::cannotCreateObject));
     EXPECT_EQ(object, nullptr);
     factory.reset();
     EXPECT_EQ(entryPoint<DllCanUnloadNowFunction>("DllCanUnloadNow")(), S_OK);
@@ -225,13 +235,25 @@ TEST_F(Boundary, ABadConnectionIsLoggedWithAnAdvice) {
         << toUtf8(host().descriptions.front());
 }
 
+TEST_F(Boundary, TheLogFileGoesToTheUtilityObjectByReference) {
+    host().connectionString = u"Provider=Nobody";
+    host().addedToLogFile = u".1";
+    host().logResult = E_FAIL;
+    auto reader = create<IRuleReader>();
+    EXPECT_EQ(reader->OpenRules(), resultOf(error_number::automationError));
+    host().logResult = S_OK;
+    EXPECT_EQ(reader->OpenRules(), E_FAIL);
+    EXPECT_EQ(host().logFiles.at(1), host().logFiles.at(0) + u".1");
+}
+
 TEST_F(Boundary, AnErrorThatCannotBeLoggedIsAFailedResult) {
     host().connectionString = u"Provider=Nobody";
     host().logResult = E_FAIL;
     auto rules = create<IRuleUI>();
     LONG result = -1;
-    EXPECT_TRUE(FAILED(rules->ShowRules(nullptr, nullptr, &result)));
+    EXPECT_EQ(rules->ShowRules(nullptr, nullptr, &result), resultOf(error_number::automationError));
     EXPECT_EQ(result, 0);
+    EXPECT_EQ(rules.as<IRuleReader>()->OpenRules(), resultOf(error_number::automationError));
     EXPECT_EQ(rules->ShowRules(nullptr, nullptr, nullptr), E_POINTER);
 }
 
@@ -239,7 +261,9 @@ TEST_F(Boundary, RulesAreReadWithoutAWindow) {
     database_.addRule("A", "<WORD><CON><ANY><ASCOMMAND>STOP</WORD>", "<DELETE>YES</DELETE>", 1, 0);
     auto reader = create<IRuleReader>();
     const auto sink = makeComObject<CollectingSink>();
-    EXPECT_TRUE(FAILED(reader->DescribeRule(Bstr(u"1").get(), sink.get())));
+    EXPECT_EQ(reader->DescribeRule(Bstr(u"1").get(), sink.get()), E_UNEXPECTED);
+    EXPECT_EQ(reader->DescribeRule(Bstr(u"abc").get(), sink.get()), E_UNEXPECTED);
+    EXPECT_EQ(sink->pieces.size(), 0U);
     ASSERT_EQ(reader->OpenRules(), S_OK);
     EXPECT_EQ(reader->DescribeRule(Bstr(u"1").get(), sink.get()), S_OK);
     const std::vector<std::pair<std::u16string, LONG>> expected{
@@ -248,12 +272,65 @@ TEST_F(Boundary, RulesAreReadWithoutAWindow) {
         {u"STOP", 0xFF0000},
         {u"\r\nThen Delete it", 0}};
     EXPECT_EQ(sink->pieces, expected);
-    EXPECT_EQ(reader->DescribeRule(Bstr(u"2").get(), sink.get()), S_FALSE);
+    for (const char16_t *none : {u"2", u"abc", u"", u"1 OR 1", u"3000000000"}) {
+        EXPECT_EQ(reader->DescribeRule(Bstr(none).get(), sink.get()), S_FALSE);
+    }
+    EXPECT_EQ(reader->DescribeRule(nullptr, sink.get()), S_FALSE);
+    EXPECT_EQ(sink->pieces, expected);
     EXPECT_EQ(reader->DescribeRule(Bstr(u"1").get(), nullptr), E_POINTER);
     sink->result = E_ACCESSDENIED;
     EXPECT_EQ(reader->DescribeRule(Bstr(u"1").get(), sink.get()), E_ACCESSDENIED);
     EXPECT_EQ(reader->OpenRules(), E_FAIL);
     EXPECT_EQ(host().log.size(), 1U);
+}
+
+TEST_F(Boundary, AfterTheReleaseOfAnotherObjectNoSessionIsOpen) {
+    auto reader = create<IRuleReader>();
+    ASSERT_EQ(reader->OpenRules(), S_OK);
+    ComPointer<IRuleUI> other;
+    ASSERT_EQ(createInstance(CLSID_RuleUI, other), S_OK);
+    EXPECT_EQ(reader->DescribeRule(Bstr(u"1").get(), makeComObject<CollectingSink>().get()),
+              E_UNEXPECTED);
+    other.reset();
+    EXPECT_EQ(reader->DescribeRule(Bstr(u"1").get(), makeComObject<CollectingSink>().get()),
+              E_UNEXPECTED);
+}
+
+TEST_F(Boundary, ARuleThatFailsInPartIsDescribedAsFarAsItCanBeRead) {
+    database_.addRule("A", "<PEOPLE><CON><ANY>1</PEOPLE><WORD>", "");
+    auto reader = create<IRuleReader>();
+    ASSERT_EQ(reader->OpenRules(), S_OK);
+    const auto sink = makeComObject<CollectingSink>();
+    EXPECT_EQ(reader->DescribeRule(Bstr(u"1").get(), sink.get()), S_OK);
+    ASSERT_EQ(sink->pieces.size(), 2U);
+    EXPECT_EQ(sink->pieces.back().first, u"1");
+    EXPECT_EQ(host().log,
+              std::vector<std::u16string>{u"KVEXMessageRules: Error occured. Sub: LoadRuleFromDB, "
+                                          u"Module: General"});
+    host().logResult = E_FAIL;
+    EXPECT_EQ(reader->DescribeRule(Bstr(u"1").get(), sink.get()),
+              resultOf(error_number::automationError));
+}
+
+TEST_F(Boundary, StartsInAFolderWhoseNameIsNoUtf8) {
+    const auto base =
+        std::filesystem::temp_directory_path() / ("kvex-boundary-" + std::to_string(getpid()));
+    const auto folder = base / "k\xFFx";
+    std::filesystem::create_directories(folder);
+    std::filesystem::copy(KVEX_COMPONENT, folder / "component.so");
+    offerUtility();
+    ASSERT_EQ(CoLoadServer((folder / "component.so").c_str(), CLSID_RuleUI), S_OK)
+        << CoLoadErrorText();
+    host().connectionString = u"Provider=Nobody";
+    ComPointer<IRuleReader> reader;
+    EXPECT_EQ(createInstance(CLSID_RuleUI, reader), S_OK);
+    if (reader) {
+        EXPECT_EQ(reader->OpenRules(), E_FAIL);
+        EXPECT_EQ(host().logFiles,
+                  std::vector<std::u16string>{base.u16string() + u"/k\uFFFDx\\KVEX.log"});
+    }
+    reader.reset();
+    std::filesystem::remove_all(base);
 }
 
 TEST_F(Boundary, RegistersForLookUpByNameAndUnregistersTwiceWithoutHarm) {

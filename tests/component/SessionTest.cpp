@@ -114,6 +114,16 @@ TEST_F(SessionLife, AnEntryCarriesItsSixArguments) {
     EXPECT_EQ(entry.flag, -1);
 }
 
+TEST_F(SessionLife, WhatTheUtilityObjectMakesOfTheLogFileIsTheLogFileFromThenOn) {
+    utility.connectionString = u"Provider=Nobody";
+    utility.addedToLogFile = u".1";
+    EXPECT_EQ(showRules(u""), 0);
+    EXPECT_EQ(showRules(u""), 0);
+    EXPECT_EQ(utility.log.at(0).logFile, u"/usr/lib/kvex\\KVEX.log");
+    EXPECT_EQ(utility.log.at(1).logFile, u"/usr/lib/kvex\\KVEX.log.1");
+    EXPECT_EQ(session().strLogFile, u"/usr/lib/kvex\\KVEX.log.1.1");
+}
+
 TEST_F(SessionLife, ASecondCallOnOneObjectIsRefused) {
     EXPECT_EQ(playIdle(), 1);
     EXPECT_EQ(showRules(u""), 0);
@@ -242,6 +252,9 @@ TEST_F(SessionLife, RulesAreDescribedWithoutAWindow) {
     EXPECT_TRUE(describeRule(u"1", *box));
     EXPECT_EQ(box->text(), u"This Rule is disabled\r\nFor ALL Messages\r\nThen Delete it");
     EXPECT_FALSE(describeRule(u"2", *box));
+    EXPECT_FALSE(describeRule(u"abc", *box));
+    EXPECT_FALSE(describeRule(u"", *box));
+    expectLog({});
 }
 
 } // namespace

@@ -31,9 +31,8 @@ public:
 
     std::u16string connectionString() override { return recorder_.connectionString(); }
     std::u16string secondText() override { return recorder_.secondText(); }
-    void writeErrorLog(const std::u16string &logFile, const Error &error,
-                       const std::u16string &text, std::int32_t reserved,
-                       std::int16_t flag) override {
+    void writeErrorLog(std::u16string &logFile, const Error &error, const std::u16string &text,
+                       std::int32_t reserved, std::int16_t flag) override {
         recorder_.writeErrorLog(logFile, error, text, reserved, flag);
         Bstr file(logFile);
         const Bstr description(error.description());
@@ -43,7 +42,7 @@ public:
                                         nullptr),
                   S_OK);
     }
-    void reportMessage(const std::u16string &logFile, const std::u16string &text, bool first,
+    void reportMessage(std::u16string &logFile, const std::u16string &text, bool first,
                        bool second) override {
         recorder_.reportMessage(logFile, text, first, second);
     }

@@ -44,14 +44,20 @@ TEST(ValueView, EveryValueButNullHasAText) {
     EXPECT_EQ(raisedBy([] { return null().text(); }), error_number::invalidUseOfNull);
 }
 
-TEST(ValueView, TextOrEmptyTakesNullForEmptyAndNoNumber) {
+TEST(ValueView, TextOrEmptyTakesWhatIsNoTextForEmpty) {
     EXPECT_EQ(null().textOrEmpty(), u"");
     EXPECT_EQ(text(u"a").textOrEmpty(), u"a");
-    EXPECT_EQ(raisedBy([] { return integer(1).textOrEmpty(); }), error_number::typeMismatch);
-    EXPECT_EQ(raisedBy([] { return real(1).textOrEmpty(); }), error_number::typeMismatch);
+    EXPECT_EQ(integer(1).textOrEmpty(), u"");
+    EXPECT_EQ(real(1).textOrEmpty(), u"");
 }
 
 TEST(ValueView, NumbersConvertWithinTheRange) {
+    EXPECT_EQ(integer(std::numeric_limits<std::int64_t>::max()).int64(),
+              std::numeric_limits<std::int64_t>::max());
+    EXPECT_EQ(integer(std::numeric_limits<std::int64_t>::min()).int64(),
+              std::numeric_limits<std::int64_t>::min());
+    EXPECT_EQ(real(-9223372036854775808.0).int64(), std::numeric_limits<std::int64_t>::min());
+    EXPECT_EQ(real(3000000000.5).int64(), 3000000000);
     EXPECT_EQ(integer(2147483647).int32(), 2147483647);
     EXPECT_EQ(integer(-2147483648).int32(), std::numeric_limits<std::int32_t>::min());
     EXPECT_EQ(real(2.5).int32(), 2);
@@ -65,12 +71,17 @@ TEST(ValueView, NumbersOutOfRangeOverflow) {
                                    integer(std::numeric_limits<std::int64_t>::max()), real(1e10)}) {
         EXPECT_EQ(raisedBy([&] { return value.int32(); }), error_number::overflow);
     }
+    for (const ValueView &value : {real(9223372036854775808.0), real(-9223372036854777856.0)}) {
+        EXPECT_EQ(raisedBy([&] { return value.int64(); }), error_number::overflow);
+    }
     for (const ValueView &value : {integer(32768), integer(-32769), real(32767.5)}) {
         EXPECT_EQ(raisedBy([&] { return value.int16(); }), error_number::overflow);
     }
 }
 
 TEST(ValueView, TextConvertsAsANumberIsWritten) {
+    EXPECT_EQ(text(u"3000000000").int64(), 3000000000);
+    EXPECT_EQ(raisedBy([] { return null().int64(); }), error_number::invalidUseOfNull);
     EXPECT_EQ(text(u" 12 ").int32(), 12);
     EXPECT_EQ(text(u"2.5").int16(), 2);
     EXPECT_EQ(raisedBy([] { return text(u"").int32(); }), error_number::typeMismatch);

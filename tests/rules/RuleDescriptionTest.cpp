@@ -108,6 +108,50 @@ TEST_F(RuleDescription, ValuesAreBlueTheCommandRemarkRedAndAllElseBlack) {
     EXPECT_EQ(box->runs(), expected);
 }
 
+TEST_F(RuleDescription, ARuleOfEverythingHasEveryLineAndEveryRun) {
+    rule.strIgnoreIfService = rule.varDelete = rule.strIgnoreFurtherRules = u"YES";
+    rule.strPeople = u"98;99";
+    rule.varAccounts = u"2;4";
+    rule.strWords = u"STOP;HALT";
+    rule.intPeopleNot = rule.intAccountAll = rule.intAsCommand = 1;
+    rule.strDateTime = u"20240301 09:00:00,20240331 18:30:00";
+    rule.strDistribution = u"3;7";
+    rule.strReplyText = u"Hi";
+    rule.strReplyAccount = u"4";
+    rule.strAlertText = u"Look";
+    rule.strAlertAccount = u"2";
+    rule.strAlertRecipients = u"96;97";
+    BuildRuleDescription(*box);
+    const std::vector<TextRun> expected{
+        {head + u"\r\nIf the message is not a Service message "
+                u"\r\nand the message is not from ",
+         colour::black},
+        {u"98 or 99", colour::blue},
+        {u"\r\nand the message is received through ", colour::black},
+        {u"Main and Padded", colour::blue},
+        {u"\r\nand the message contains the words ", colour::black},
+        {u" (as SMS Command) ", colour::red},
+        {u"STOP or HALT", colour::blue},
+        {u"\r\nand the message is received between ", colour::black},
+        {u"01/03/2024 09:00:00 Hrs. to 31/03/2024 18:30:00 Hrs.", colour::blue},
+        {u"\r\nThen distribute the message to ", colour::black},
+        {u"Asha and Boss", colour::blue},
+        {u"\r\nand send Reply ", colour::black},
+        {u"'Hi'", colour::blue},
+        {u" to the Sender through Account ", colour::black},
+        {u"'Padded'", colour::blue},
+        {u"\r\nand send Alert ", colour::black},
+        {u"'Look'", colour::blue},
+        {u" through the Account ", colour::black},
+        {u"'Main'", colour::blue},
+        {u" to ", colour::black},
+        {u"96 and 97", colour::blue},
+        {u"\r\nand Delete it\r\nand do not process any more Rules", colour::black},
+    };
+    EXPECT_EQ(box->runs(), expected);
+    expectLog({});
+}
+
 TEST_F(RuleDescription, WhatStoodInTheBoxIsReplaced) {
     box->setRuns({{u"old", colour::red}});
     EXPECT_EQ(described(), head);
@@ -189,12 +233,40 @@ TEST_F(RuleDescription, ADateMustExist) {
                                 u",20240331 18:30:00",
                                 u"20240301 09:00:00,",
                                 u"00000101 09:00:00,20240331 18:30:00",
+                                u"19000229 09:00:00,20240331 18:30:00",
+                                u"20240431 09:00:00,20240531 18:30:00",
+                                u"20240001 09:00:00,20240331 18:30:00",
+                                u"20240300 09:00:00,20240331 18:30:00",
+                                u"2024030/ 09:00:00,20240331 18:30:00",
+                                u"2024030: 09:00:00,20240331 18:30:00",
+                                u"2024030,20240331 18:30:00",
                                 u"+2240301 09:00:00,20240331 18:30:00"};
     for (const auto *const range : ranges) {
         rule.strDateTime = range;
         EXPECT_EQ(BuildDateTimeList(), u"") << utf8(range);
         expectLog({u"Sub: BuildDateTimeList, Module: General"});
     }
+}
+
+TEST_F(RuleDescription, ADateIsShownFromItsFirstEightCharacters) {
+    struct Shown {
+        const char16_t *stored, *shown;
+    };
+    for (const auto &[stored, shown] : {
+             Shown{u"20000229 00:00:00", u"29/02/2000 00:00:00 Hrs."},
+             {u"20240229 00:00:00", u"29/02/2024 00:00:00 Hrs."},
+             {u"00010101 00:00:00", u"01/01/0001 00:00:00 Hrs."},
+             {u"99991231 23:59:59", u"31/12/9999 23:59:59 Hrs."},
+             {u"202403019 09:00:00", u"01/03/2024  09:00:00 Hrs."},
+             {u"20240301T09:00:00", u"01/03/2024 09:00:00 Hrs."},
+             {u"20240301 ", u"01/03/2024  Hrs."},
+             {u"20240301", u"01/03/2024  Hrs."},
+         }) {
+        const std::u16string moment = stored;
+        rule.strDateTime = moment + u"," + moment;
+        EXPECT_EQ(BuildDateTimeList(), shown + std::u16string(u" to ") + shown);
+    }
+    expectLog({});
 }
 
 TEST_F(RuleDescription, ALeapDayIsADateAndAnEmptyTimeShowsAsNothing) {

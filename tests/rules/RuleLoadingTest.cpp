@@ -88,6 +88,20 @@ TEST_F(RuleLoading, ParametersWithoutValueHoldNoTag) {
     EXPECT_FALSE(ruleState().blnAllMessages);
 }
 
+TEST_F(RuleLoading, ParametersThatAreNumbersHoldNoTag) {
+    const auto id = database.addRule("Rule");
+    database.execute("UPDATE SMS_RULES SET ActionParam = '<DELETE>YES</DELETE>'");
+    createRuleUI();
+    session().cnMain->open(database.connectionString());
+    session().rsRules->open(
+        u"SELECT ID, Name, ACTIVE, 12 AS QueryParam, ActionParam FROM SMS_RULES",
+        *session().cnMain);
+    LoadRuleFromDB(toText(id));
+    EXPECT_FALSE(ruleState().blnAllMessages);
+    EXPECT_EQ(ruleState().varDelete, u"YES");
+    expectLog({});
+}
+
 TEST_F(RuleLoading, AnUnknownIdIsLoggedAndLeavesTheRuleCleared) {
     ruleState().strPeople = u"old";
     load("<ALLMESSAGES>");

@@ -5,12 +5,15 @@
 #include "platform/Error.h"
 #include "platform/Text.h"
 
+#include <vector>
+
 namespace kvex::test {
 
 /// Outlives the address books, of which every click makes a new one.
 struct AddressBookRecord {
     /// What each call was given, in order: "init FIRST|CONNECTION|MODE|SECOND|LOG",
-    /// "selectRecipients USER|MULTIPLE", "selectedItems", "selectedNumbers", "released".
+    /// "selectRecipients USER|MULTIPLE", "selectedItems", "selectedNumbers", "count", "item INDEX",
+    /// "numbers released", "items released", "released".
     std::vector<std::u16string> calls;
     int created = 0;
 
@@ -20,6 +23,48 @@ struct AddressBookRecord {
     std::vector<std::u16string> numbers;
     /// Fetching the numbers fails.
     bool numbersFail = false;
+    /// The address book gives no numbers.
+    bool hasNumbers = true;
+    /// Reading the number of this index fails.
+    std::int32_t failingIndex = 0;
+    /// What init puts behind the log file's path, which it gets by reference.
+    std::u16string addedToLogFile;
+};
+
+class TestTexts final : public TextCollection {
+public:
+    explicit TestTexts(AddressBookRecord &record) : record_(record) {}
+    ~TestTexts() override { record_.calls.emplace_back(u"numbers released"); }
+
+    std::int32_t count() override {
+        record_.calls.emplace_back(u"count");
+        return static_cast<std::int32_t>(record_.numbers.size());
+    }
+    std::u16string item(std::int32_t index) override {
+        record_.calls.push_back(u"item " + toText(std::int64_t{index}));
+        if (index == record_.failingIndex) {
+            throw Error(error_number::automationError);
+        }
+        return record_.numbers.at(static_cast<std::size_t>(index - 1));
+    }
+
+private:
+    AddressBookRecord &record_;
+};
+
+/// Whoever reads it ends the test program's play with an error.
+class UnreadTexts final : public TextCollection {
+public:
+    explicit UnreadTexts(AddressBookRecord &record) : record_(record) {}
+    ~UnreadTexts() override { record_.calls.emplace_back(u"items released"); }
+
+    std::int32_t count() override { throw Error(error_number::internalError); }
+    std::u16string item(std::int32_t /*index*/) override {
+        throw Error(error_number::internalError);
+    }
+
+private:
+    AddressBookRecord &record_;
 };
 
 class TestAddressBook final : public AddressBook {
@@ -33,10 +78,10 @@ public:
     ~TestAddressBook() override { record_.calls.emplace_back(u"released"); }
 
     bool init(const std::u16string &first, const std::u16string &connectionString,
-              std::int32_t mode, const std::u16string &secondText,
-              const std::u16string &logFile) override {
+              std::int32_t mode, std::u16string &secondText, std::u16string &logFile) override {
         record_.calls.push_back(u"init " + first + u"|" + connectionString + u"|" +
                                 toText(std::int64_t{mode}) + u"|" + secondText + u"|" + logFile);
+        logFile += record_.addedToLogFile;
         return record_.initResult;
     }
     std::int32_t selectRecipients(std::int32_t userId, bool multiple) override {
@@ -44,16 +89,16 @@ public:
                                 (multiple ? u"|True" : u"|False"));
         return record_.code;
     }
-    std::vector<std::u16string> selectedItems() override {
+    std::unique_ptr<TextCollection> selectedItems() override {
         record_.calls.emplace_back(u"selectedItems");
-        return {};
+        return std::make_unique<UnreadTexts>(record_);
     }
-    std::vector<std::u16string> selectedNumbers() override {
+    std::unique_ptr<TextCollection> selectedNumbers() override {
         record_.calls.emplace_back(u"selectedNumbers");
         if (record_.numbersFail) {
             throw Error(error_number::automationError);
         }
-        return record_.numbers;
+        return record_.hasNumbers ? std::make_unique<TestTexts>(record_) : nullptr;
     }
 
 private:

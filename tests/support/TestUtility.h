@@ -52,6 +52,8 @@ struct UtilityRecord {
     std::deque<std::int32_t> answers;
     /// Run as each message is shown, the window below it still as it was.
     std::function<void()> onMessage;
+    /// What the utility object puts behind the log file's path, which it gets by reference.
+    std::u16string addedToLogFile;
     /// The log operation fails.
     bool logFails = false;
     /// The next creation of a utility object fails.
@@ -72,18 +74,19 @@ public:
 
     std::u16string connectionString() override { return record_.connectionString; }
     std::u16string secondText() override { return u"second"; }
-    void writeErrorLog(const std::u16string &logFile, const Error &error,
-                       const std::u16string &text, std::int32_t reserved,
-                       std::int16_t flag) override {
+    void writeErrorLog(std::u16string &logFile, const Error &error, const std::u16string &text,
+                       std::int32_t reserved, std::int16_t flag) override {
         if (record_.logFails) {
             throw Error(error_number::automationError);
         }
         record_.log.push_back(
             {logFile, error.number(), error.description(), error.source(), text, reserved, flag});
+        logFile += record_.addedToLogFile;
     }
-    void reportMessage(const std::u16string &logFile, const std::u16string &text, bool first,
+    void reportMessage(std::u16string &logFile, const std::u16string &text, bool first,
                        bool second) override {
         record_.reports.push_back({logFile, text, first, second});
+        logFile += record_.addedToLogFile;
     }
     std::int32_t showMessageBox(const std::u16string &text, std::int32_t style) override {
         record_.messages.push_back({text, style});

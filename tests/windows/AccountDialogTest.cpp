@@ -246,25 +246,6 @@ TEST_F(AccountDialog, AnIdThatIsNoNumberEndsTheLoadingAndKeepsTheRowsBefore) {
     }
 }
 
-TEST_F(AccountDialog, AnAccountWithoutNameEndsTheLoadingAndKeepsTheRowsBefore) {
-    database.addAccount(1, "Main");
-    database.addAccount(2, "Nameless");
-    database.addAccount(3, "Backup");
-    database.execute("UPDATE SMS_ACCOUNT SET NAME = NULL WHERE ID = 2");
-    ruleState().varAccounts = u"3";
-    playDialog(accounts, [](User &user) {
-        EXPECT_EQ(user.rows(offered), Texts{u"Main"});
-        EXPECT_EQ(user.get<ListView>(offered).selectedRow(), 0);
-        EXPECT_EQ(user.rows(chosen), Texts{heading});
-        user.clickRow(offered, 1);
-        user.click(u"cmdAdd");
-        user.click(u"cmdOK");
-    });
-    EXPECT_EQ(ruleState().varAccounts, u"1");
-    expectLog({loadFailed});
-    EXPECT_EQ(logged.at(0).number, error_number::invalidUseOfNull);
-}
-
 TEST_F(AccountDialog, AChosenAccountWithoutNameIsLoggedByTheLookupAndKept) {
     database.addAccount(1, "TX", "TRANSMITTER");
     database.execute("UPDATE SMS_ACCOUNT SET NAME = NULL");
@@ -378,6 +359,23 @@ TEST_F(AccountDialog, FiveThousandAccountsAreOfferedChosenRemovedAndCleared) {
         user.press(Key::escape);
     });
     expectMessages({clearQuestion});
+}
+
+TEST_F(AccountDialog, AnAccountWithoutANameKeepsNoOtherFromBeingAdded) {
+    database.execute("INSERT INTO SMS_ACCOUNT (ID, NAME, BIND_MODE) VALUES (1, NULL, 'RECEIVER')");
+    database.addAccount(2, "Main");
+    database.addAccount(3, "Backup");
+    ruleState().varAccounts = u"3";
+    playDialog(accounts, [](User &user) {
+        EXPECT_EQ(user.rows(offered), (Texts{u"", u"Main", u"Backup"}));
+        user.clickRow(offered, 1);
+        user.click(u"cmdAdd");
+        add(user, u"Main");
+        EXPECT_EQ(user.rows(chosen), (Texts{heading, u"    Backup", u"    ", u"    Main"}));
+        user.click(u"cmdOK");
+    });
+    EXPECT_EQ(ruleState().varAccounts, u"3;1;2");
+    expectLog({});
 }
 
 } // namespace

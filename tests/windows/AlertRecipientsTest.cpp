@@ -180,10 +180,11 @@ TEST_F(AlertRecipients, TheAddressBookIsAskedAndItsNumbersAreAdded) {
         confirm(user);
     });
     const auto &calls = platform.addressBook.calls;
-    EXPECT_EQ(
-        Texts(calls.begin(), calls.begin() + 5),
-        (Texts{u"init |" + database.connectionString() + u"|1|second|/usr/lib/kvex\\KVEX.log",
-               u"selectRecipients 1|True", u"selectedItems", u"selectedNumbers", u"released"}));
+    EXPECT_EQ(Texts(calls.begin(), calls.begin() + 11),
+              (Texts{u"init |" + database.connectionString() + u"|1|second|/usr/lib/kvex\\KVEX.log",
+                     u"selectRecipients 1|True", u"selectedItems", u"selectedNumbers", u"count",
+                     u"item 1", u"item 2", u"item 3", u"numbers released", u"items released",
+                     u"released"}));
     EXPECT_EQ(ruleState().strAlertRecipients, u"91;92;Asha;91;92;Asha");
 }
 

@@ -39,9 +39,11 @@ protected:
 };
 
 TEST_F(PeopleFromAddressBook, IsAskedWithTheHostsValuesAndReleased) {
+    platform.addressBook.numbers = {u"98", u"99"};
     choose();
     EXPECT_EQ(platform.addressBook.calls,
               (Texts{initCall(), u"selectRecipients 7|True", u"selectedItems", u"selectedNumbers",
+                     u"count", u"item 1", u"item 2", u"numbers released", u"items released",
                      u"released"}));
     expectReports({});
     EXPECT_NE(session().strLogFile, u"");
@@ -128,6 +130,37 @@ TEST_F(PeopleFromAddressBook, NumbersThatCannotBeFetchedLeaveTheListAsItWas) {
     });
     expectLog({loggedAs});
     EXPECT_EQ(platform.addressBook.calls.back(), u"released");
+}
+
+TEST_F(PeopleFromAddressBook, NumbersBeforeOneThatCannotBeReadStay) {
+    platform.addressBook.numbers = {u"91", u"92", u"93"};
+    platform.addressBook.failingIndex = 3;
+    choose(u"7", [](User &user) {
+        EXPECT_EQ(user.rows(list), (Texts{heading, u"    91", u"    92"}));
+        EXPECT_EQ(enabledButtons(user), noButtons);
+        EXPECT_TRUE(session().blnChanged);
+    });
+    expectLog({loggedAs});
+    EXPECT_EQ(utility.log.at(0).number, error_number::automationError);
+    EXPECT_EQ(platform.addressBook.calls.back(), u"released");
+}
+
+TEST_F(PeopleFromAddressBook, OneThatGivesNoNumbersIsLogged) {
+    platform.addressBook.hasNumbers = false;
+    choose(u"7", [](User &user) { EXPECT_EQ(user.rows(list), Texts{heading}); });
+    expectLog({loggedAs});
+    EXPECT_EQ(utility.log.at(0).number, error_number::objectNotSet);
+}
+
+TEST_F(PeopleFromAddressBook, WhatTheHostMakesOfTheLogFileIsTheLogFileFromThenOn) {
+    platform.addressBook.addedToLogFile = u".book";
+    utility.addedToLogFile = u".utility";
+    platform.addressBook.initResult = false;
+    choose(u"7", [](User &user) { user.click(u"cmdAddressBook"); });
+    ASSERT_EQ(utility.reports.size(), 2U);
+    EXPECT_EQ(utility.reports[0].logFile, u"/usr/lib/kvex\\KVEX.log.book");
+    EXPECT_EQ(utility.reports[1].logFile, u"/usr/lib/kvex\\KVEX.log.book.utility.book");
+    EXPECT_EQ(session().strLogFile, u"/usr/lib/kvex\\KVEX.log.book.utility.book.utility");
 }
 
 TEST_F(PeopleFromAddressBook, AUserIdThatIsNoNumberFailsAfterInit) {

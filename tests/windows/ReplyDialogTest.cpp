@@ -102,17 +102,15 @@ TEST_F(ReplyDialog, WithoutAccountsOkAsksForOne) {
     expectMessages({accountMissing});
 }
 
-TEST_F(ReplyDialog, AnAccountWithoutNameEndsTheLoadAndLeavesNoHalfRow) {
+TEST_F(ReplyDialog, AnAccountWithoutNameIsOfferedWithoutOne) {
     database.execute("INSERT INTO SMS_ACCOUNT (ID, BIND_MODE) VALUES (6, 'TRANSMITTER')");
     storeRule("<REPLY>Received;5</REPLY>");
     play([](User &user) {
-        EXPECT_EQ(user.rows(accounts), (Texts{u"Main", u"Spare"}));
-        EXPECT_EQ(ticked(user), Rows());
-        EXPECT_EQ(typed(user), u"");
+        EXPECT_EQ(user.rows(accounts), (Texts{u"Main", u"Spare", u""}));
+        EXPECT_EQ(ticked(user), Rows{2});
+        EXPECT_EQ(typed(user), u"Received");
         cancel(user);
     });
-    expectLog({u"Sub: Form_Load, Module: frmRuleReply"});
-    EXPECT_EQ(logged.at(0).number, error_number::invalidUseOfNull);
 }
 
 TEST_F(ReplyDialog, TickingASecondAccountUnticksTheFirst) {

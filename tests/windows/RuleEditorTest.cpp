@@ -89,6 +89,23 @@ TEST_F(RuleEditor, ANewRuleOnAnEmptyTableIsTheFirst) {
     });
 }
 
+TEST_F(RuleEditor, ButtonsAreDisabledWhenTheirRowIsNoLongerSelected) {
+    struct List {
+        const char16_t *list, *button;
+    };
+    playRule(database.addRule("Full", fullQuery, fullAction), [](User &user) {
+        for (const auto &[list, button] :
+             {List{conditions, u"cmdEditCondition"}, List{actions, u"cmdConfigureAction"}}) {
+            user.clickRow(list, 2);
+            EXPECT_TRUE(enabled(user, button));
+            user.clickBesideRows(list);
+            EXPECT_EQ(user.get<ListView>(list).selectedRow(), 0);
+            EXPECT_FALSE(enabled(user, button));
+        }
+        user.press(Key::escape);
+    });
+}
+
 TEST_F(RuleEditor, ANewRuleIsNamedByTheHighestIdWhateverWasDeleted) {
     database.execute("INSERT INTO SMS_RULES (ID, Name, QueryParam, ActionParam, DELETED) VALUES "
                      "(41, 'gone', '', '', 1)");
@@ -96,6 +113,24 @@ TEST_F(RuleEditor, ANewRuleIsNamedByTheHighestIdWhateverWasDeleted) {
         EXPECT_EQ(name(user), u"New Rule #42");
         user.press(Key::escape);
     });
+}
+
+TEST_F(RuleEditor, ANewRuleIsNamedBehindAnIdBeyondThirtyTwoBits) {
+    database.execute("INSERT INTO SMS_RULES (ID, Name) VALUES (3000000000, 'Far')");
+    playNewRule([](User &user) {
+        EXPECT_EQ(name(user), u"New Rule #3000000001");
+        EXPECT_EQ(user.rows(conditions).size(), 6U);
+        EXPECT_EQ(user.rows(actions).size(), 5U);
+        user.press(Key::escape);
+    });
+    expectLog({});
+}
+
+TEST_F(RuleEditor, BehindTheHighestIdOfAllThereIsNoNewRule) {
+    database.execute("INSERT INTO SMS_RULES (ID, Name) VALUES (9223372036854775807, 'Last')");
+    playNewRule([](User &user) { user.press(Key::escape); });
+    expectLog({u"Sub: Form_Load, Module: frmRuleEdit"});
+    EXPECT_EQ(utility.log.at(0).number, error_number::overflow);
 }
 
 TEST_F(RuleEditor, AStoredRuleIsShownOnItsRows) {

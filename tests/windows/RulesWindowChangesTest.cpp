@@ -238,5 +238,20 @@ TEST_P(RulesWindow, RulesWithNamesOfEveryScriptAreOrderedSwitchedAndRemoved) {
               (std::vector<std::string>{"\xF0\x9F\x93\xB1|1|1", "\xF0\x9F\x8C\x99 रात|2|0"}));
 }
 
+TEST_P(RulesWindow, RemoveTakesTheSelectedRuleWhereverTheRecordSetStands) {
+    addThree(10, 10);
+    utility.answers = {message_box::yes};
+    playRules([](User &user) {
+        // The move selects another rule than the one clicked, whose record is the current one.
+        user.clickRow(u"lvwRules", 3);
+        user.click(u"cmdMoveUp");
+        EXPECT_EQ(list(user).text(list(user).selectedRow()), u"B");
+        user.click(u"cmdRemove");
+        EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"C", u"A"}));
+        user.click(u"cmdCancel");
+    });
+    EXPECT_EQ(storedOrder(), (std::vector<std::string>{"A|10", "C|30"}));
+}
+
 } // namespace
 } // namespace kvex::test

@@ -243,6 +243,39 @@ TEST_P(RulesWindow, APriorityWithoutValueIsLoggedByTheList) {
     EXPECT_EQ(logged.at(0).number, error_number::invalidUseOfNull);
 }
 
+TEST_P(RulesWindow, ARuleThatCannotBeListedLeavesTheOrderOfTheOthersRight) {
+    struct Unlistable {
+        const char *column;
+        std::int32_t number;
+    };
+    for (const auto &[column, number] :
+         {Unlistable{"PRIORITY = 123456789", error_number::invalidCall},
+          Unlistable{"ACTIVE = NULL", error_number::invalidUseOfNull}}) {
+        database.execute("DELETE FROM SMS_RULES");
+        utility.log.clear();
+        for (const int priority : {1, 2, 3, 4}) {
+            database.addRule(std::string(1, static_cast<char>('Z' - priority)), "<ALLMESSAGES>", "",
+                             priority);
+        }
+        database.execute(std::string("UPDATE SMS_RULES SET ") + column + " WHERE PRIORITY = 4");
+        playRules([](User &user) {
+            user.clickRow(u"lvwRules", 3);
+            user.click(u"cmdMoveUp");
+            EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"Y", u"W", u"X"}));
+            EXPECT_EQ(list(user).selectedRow(), 2);
+            user.click(u"cmdOK");
+        });
+        ASSERT_FALSE(utility.log.empty());
+        EXPECT_EQ(utility.log.front().text,
+                  u"KVEXMessageRules: Error occured. Sub: ListRules, Module: frmRules");
+        EXPECT_EQ(utility.log.front().number, number);
+        EXPECT_EQ(database.rows("SELECT Name, PRIORITY FROM SMS_RULES WHERE Name <> 'V' "
+                                "ORDER BY PRIORITY"),
+                  (std::vector<std::string>{"Y|1", "W|2", "X|3"}));
+        closeSession();
+    }
+}
+
 TEST_P(RulesWindow, ANegativePriorityIsPaddedAsText) {
     database.addRule("A", "<ALLMESSAGES>", "", -1);
     playRules([](User &user) {

@@ -7,6 +7,8 @@
 #include "ui/ListColumns.h"
 #include "ui/rules/frmRuleEditDesign.h"
 
+#include <limits>
+
 namespace kvex {
 namespace {
 
@@ -50,6 +52,9 @@ frmRuleEdit::frmRuleEdit()
     lvwRuleConditions.onItemClick = [this](int row) { lvwRuleConditions_ItemClick(row); };
     lvwRuleActions.onItemCheck = [this](int row) { lvwRuleActions_ItemCheck(row); };
     lvwRuleActions.onItemClick = [this](int row) { lvwRuleActions_ItemClick(row); };
+    // A button is for the row that is selected.
+    lvwRuleConditions.onDeselect = [this] { cmdEditCondition.setEnabled(false); };
+    lvwRuleActions.onDeselect = [this] { cmdConfigureAction.setEnabled(false); };
     onClick(u"cmdEditCondition", &frmRuleEdit::cmdEditCondition_Click);
     onClick(u"cmdConfigureAction", &frmRuleEdit::cmdConfigureAction_Click);
     txtRuleName.onChange = [this] { txtRuleName_Change(); };
@@ -86,8 +91,11 @@ void frmRuleEdit::prepareNewRule() {
     const auto highest = session().platform->createRecordset();
     highest->open(session().strSQL, *session().cnMain);
     const ValueView maxId = highest->field(u"MAXID");
-    const std::int64_t number = maxId.isNull() ? 1 : std::int64_t{maxId.int32()} + 1;
-    ruleState().strRuleName = u"New Rule #" + toText(number);
+    const std::int64_t number = maxId.isNull() ? 0 : maxId.int64();
+    if (number == std::numeric_limits<std::int64_t>::max()) {
+        throw Error(error_number::overflow);
+    }
+    ruleState().strRuleName = u"New Rule #" + toText(number + 1);
     highest->close();
     ruleState().intRuleActive = 1;
 }

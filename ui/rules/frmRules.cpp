@@ -73,12 +73,13 @@ void frmRules::ListRules() {
             rsRules.moveFirst();
         }
         lvwRules.setSorted(false);
+        // The sort key is set before the loop, because a rule that cannot be listed ends the loop.
+        // Sorting is still off, so rules with equal priorities keep the order of the record set.
+        lvwRules.setSortKey(sortItem);
         for (int position = 1; !rsRules.eof(); ++position) {
             addListedRule(position);
             rsRules.moveNext();
         }
-        // The key before the sorting: rules of one priority stay in the order they were read in.
-        lvwRules.setSortKey(sortItem);
         lvwRules.setSorted(true);
         lvwRules.setColumnIcon(1, 1);
 
