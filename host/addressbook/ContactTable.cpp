@@ -1,6 +1,7 @@
 #include "host/addressbook/ContactTable.h"
 
 #include "host/addressbook/Csv.h"
+#include "host/addressbook/TextEncoding.h"
 
 #include <algorithm>
 #include <iterator>
@@ -76,7 +77,7 @@ private:
             return row.fault;
         }
         if (!std::ranges::all_of(row.fields, isUtf8)) {
-            return "the row is not in UTF-8";
+            return "the row holds bytes that are no character";
         }
         const bool tooWide =
             row.fields.size() > width_ &&

@@ -1,5 +1,6 @@
 #include "host/addressbook/VCard.h"
 
+#include "host/addressbook/TextEncoding.h"
 #include "host/addressbook/VCardLine.h"
 #include "host/suite/VisibleText.h"
 #include "platform/Text.h"
@@ -67,7 +68,7 @@ public:
     void take(const UnfoldedLine &text) {
         const std::optional<VCardLine> line = parseVCardLine(text.text);
         if (!isUtf8(text.text)) {
-            fail(text.number, "the line is not in UTF-8");
+            fail(text.number, "the line holds bytes that are no character");
         } else if (line) {
             take(*line, text.number);
         } else if (!text.text.empty()) {

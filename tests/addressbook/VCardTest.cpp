@@ -100,9 +100,9 @@ TEST(VCard, NamesTheLineThatIsNone) {
                      "9: the line is not one of a vCard", "14: the line is not one of a vCard"}));
 }
 
-TEST(VCard, NamesTheLineThatIsNotInUtf8) {
+TEST(VCard, NamesTheLineWithBytesThatAreNoCharacter) {
     EXPECT_EQ(outcome(card("FN:Ren\xE9\r\nTEL:1\r\n") + card("FN:B\r\nTEL:2\r\n")),
-              (Lines{"B: 2", "3: the line is not in UTF-8"}));
+              (Lines{"B: 2", "3: the line holds bytes that are no character"}));
 }
 
 TEST(VCard, NamesACardWithoutAnEnd) {
