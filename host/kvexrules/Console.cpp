@@ -12,23 +12,6 @@
 #include <unistd.h>
 
 namespace kvex::host {
-namespace {
-
-/// 0 or the system's error number.
-int writeAll(int stream, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t written = write(stream, text.data(), text.size());
-        if (written >= 0) {
-            text.remove_prefix(static_cast<std::size_t>(written));
-        } else if (errno != EINTR) {
-            return errno;
-        }
-    }
-    return 0;
-}
-
-} // namespace
-
 void secureStandardStreams() {
     std::signal(SIGPIPE, SIG_IGN);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
@@ -53,7 +36,21 @@ void print(std::string_view text) {
 }
 
 void complain(std::string_view sentences) {
-    writeAll(STDERR_FILENO, "kvexrules: " + toUtf8(withoutPasswords(fromUtf8(sentences))) + "\n");
+    // Whoever cannot be told is not told.
+    static_cast<void>(writeAll(
+        STDERR_FILENO, "kvexrules: " + toUtf8(withoutPasswords(fromUtf8(sentences))) + "\n"));
+}
+
+int writeAll(int descriptor, std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t written = write(descriptor, text.data(), text.size());
+        if (written >= 0) {
+            text.remove_prefix(static_cast<std::size_t>(written));
+        } else if (errno != EINTR) {
+            return errno;
+        }
+    }
+    return 0;
 }
 
 } // namespace kvex::host

@@ -20,4 +20,7 @@ void print(std::string_view text);
 /// "kvexrules: " and `sentences`, without passwords, on a line of standard error.
 void complain(std::string_view sentences);
 
+/// Writes all of `text` to an open descriptor. 0 or the system's error number.
+[[nodiscard]] int writeAll(int descriptor, std::string_view text);
+
 } // namespace kvex::host
