@@ -17,6 +17,17 @@ ContactFile readContactFile(std::string_view bytes, bool isVCard) {
     return file;
 }
 
+void ContactFile::take(std::size_t line, FileContact contact) {
+    constexpr std::size_t longest = 255;
+    if (contact.number.size() > longest) {
+        skipped.push_back({line, "the number is longer than 255 characters"});
+    } else if (contact.name.size() > longest) {
+        skipped.push_back({line, "the name is longer than 255 characters"});
+    } else {
+        contacts.push_back(std::move(contact));
+    }
+}
+
 std::u16string oneLine(std::string_view text) {
     std::u16string line = fromUtf8(text);
     std::erase(line, u'\r');

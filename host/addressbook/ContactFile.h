@@ -28,6 +28,10 @@ struct ContactFile {
     std::vector<SkippedEntry> skipped;
     /// Whether the file's encoding is a guess: Windows-1252.
     bool isGuessedEncoding = false;
+
+    /// Adds the contact, or skips it when its name or number is longer than a server's database
+    /// keeps.
+    void take(std::size_t line, FileContact contact);
 };
 
 /// Reads a file in an encoding of TextEncoding.h: vCards when `isVCard` or when it begins as one,

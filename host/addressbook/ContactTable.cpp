@@ -61,7 +61,7 @@ public:
             file.skipped.push_back({row.line, "the row has no telephone number"});
         }
         for (const std::u16string &number : cell.numbers) {
-            file.contacts.push_back({name.empty() ? number : name, number});
+            file.take(row.line, {name.empty() ? number : name, number});
         }
     }
 

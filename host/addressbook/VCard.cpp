@@ -90,7 +90,7 @@ public:
             return;
         }
         for (const std::u16string &number : numbers.numbers) {
-            file.contacts.push_back({nameFor(number), number});
+            file.take(line_, {nameFor(number), number});
         }
     }
 

@@ -137,6 +137,18 @@ TEST(ContactTable, NamesTheLineOfARowThatCannotBeRead) {
                      "8: the row holds bytes that are no character"}));
 }
 
+TEST(ContactTable, NamesTheLineOfWhatIsTooLong) {
+    const std::string most(255, 'a');
+    EXPECT_EQ(outcome("Name,Mobile\n" + most + ",98\na" + most + ",98\nB,9" + most + "\n"),
+              (Lines{most + ": 98", "3: the name is longer than 255 characters",
+                     "4: the number is longer than 255 characters"}));
+    const std::string mebibyte(std::size_t{1024} * 1024, 'a');
+    EXPECT_EQ(outcome("Name,Mobile,Note\nA,98," + mebibyte.substr(5) + "\nB,98," +
+                      mebibyte.substr(4) + "\nC,98\n\"" + mebibyte),
+              (Lines{"A: 98", "C: 98", "3: the row is longer than 1 MiB",
+                     "5: the row is longer than 1 MiB"}));
+}
+
 TEST(ContactTable, RefusesAFirstRowThatNamesNoNumber) {
     for (const char *text : {"", "\n\n", "Asha,98\n", "Name,E-mail\nA,a@b\n", "\xFF\xFEN\0a\0"}) {
         EXPECT_THROW(static_cast<void>(readContactTable(text)), std::invalid_argument) << text;

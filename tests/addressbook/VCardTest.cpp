@@ -158,6 +158,11 @@ TEST(VCard, NamesTheLineOfAnotherVersion) {
               (Lines{"3: vCard version 5.0 is not supported, only 2.1, 3.0 and 4.0 are"}));
 }
 
+TEST(VCard, NamesTheLineOfACardWhoseNameIsTooLong) {
+    EXPECT_EQ(outcome(card("TEL:1\r\n") + card("FN:" + std::string(256, 'a') + "\r\nTEL:2\r\n")),
+              (Lines{"1: 1", "5: the name is longer than 255 characters"}));
+}
+
 TEST(VCard, NamesTheLineThatIsNone) {
     EXPECT_EQ(outcome(card("FN:A\r\nTEL\r\n") + card("FN:B\r\nTEL;X=\"1:2\r\n") +
                       card("FN:C\r\n.TEL:1\r\n") + card("FN:D\r\n\r\nTEL:1\r\n")),
