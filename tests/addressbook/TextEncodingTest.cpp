@@ -53,6 +53,14 @@ TEST(TextEncoding, DecodesUtf16WithAndWithoutAMark) {
     }
 }
 
+TEST(TextEncoding, KnowsUtf16ByTheSideWhereZerosStand) {
+    // U+4E00 has its zero on the other side.
+    EXPECT_EQ(decoded(bytesOf(u"一1234", true)), "一1234");
+    EXPECT_EQ(decoded(bytesOf(u"一1234", false)), "一1234");
+    // One zero in eight bytes is enough.
+    EXPECT_EQ(decoded(bytesOf(u"अअअ1", true)), "अअअ1");
+}
+
 TEST(TextEncoding, DecodesMoreThanFitsIntoOneStep) {
     std::u16string text;
     for (int i = 0; i < 5000; ++i) {
@@ -102,6 +110,7 @@ TEST(TextEncoding, RefusesBytesThatAreNoText) {
               }),
               sentence);
     EXPECT_EQ(refusal([] { static_cast<void>(decodeText("\xFF\xFE\0\0N\0\0\0"s)); }), sentence);
+    EXPECT_EQ(refusal([] { static_cast<void>(decodeText("\0\1\1\1\0\1\1\0"s)); }), sentence);
     EXPECT_EQ(refusal([] { static_cast<void>(decodeText("\0"s + std::string(39, 'a'))); }),
               sentence);
 }

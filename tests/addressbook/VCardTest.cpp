@@ -115,6 +115,14 @@ TEST(VCard, KeepsTheBlankOfAFoldedLineInVersion21Alone) {
               (Lines{"Asha Rao: 1", "AshaRao: 2"}));
 }
 
+TEST(VCard, FoldsEachCardAsItsOwnVersionDoes) {
+    EXPECT_EQ(outcome(card("TEL:1\r\n", "2.1") +
+                      "BEGIN:VCARD\r\nFN:Asha\r\n Rao\r\nVERSION:3.0\r\nTEL:2\r\nEND:VCARD\r\n"),
+              (Lines{"1: 1", "AshaRao: 2"}));
+    EXPECT_EQ(outcome(card("NOTE:VERSION 2.1\r\nX-VERSION:2.1\r\nFN:Asha\r\n Rao\r\nTEL:1\r\n")),
+              (Lines{"AshaRao: 1"}));
+}
+
 TEST(VCard, NamesTheLineOfATextThatCannotBeDecoded) {
     EXPECT_EQ(
         outcome(card("FN;ENCODING=QUOTED-PRINTABLE:=4\r\nTEL:1\r\n", "2.1") +
