@@ -1,6 +1,7 @@
 #include "host/addressbook/ContactFile.h"
 
 #include "host/addressbook/ContactTable.h"
+#include "host/addressbook/TextEncoding.h"
 #include "host/addressbook/VCard.h"
 #include "platform/Text.h"
 
@@ -8,12 +9,23 @@
 
 namespace kvex::host {
 
-ContactFile readContactFile(std::string_view text, bool isVCard) {
-    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-    if (text.starts_with(byteOrderMark)) {
-        text.remove_prefix(byteOrderMark.size());
+ContactFile readContactFile(std::string_view bytes, bool isVCard) {
+    const DecodedText decoded = decodeText(bytes);
+    ContactFile file = isVCard || beginsAsVCard(decoded.text) ? readVCards(decoded.text)
+                                                              : readContactTable(decoded.text);
+    file.isGuessedEncoding = decoded.isGuess;
+    return file;
+}
+
+void ContactFile::take(std::size_t line, FileContact contact) {
+    constexpr std::size_t longest = 255;
+    if (contact.number.size() > longest) {
+        skipped.push_back({line, "the number is longer than 255 characters"});
+    } else if (contact.name.size() > longest) {
+        skipped.push_back({line, "the name is longer than 255 characters"});
+    } else {
+        contacts.push_back(std::move(contact));
     }
-    return isVCard || beginsAsVCard(text) ? readVCards(text) : readContactTable(text);
 }
 
 std::u16string oneLine(std::string_view text) {
@@ -26,10 +38,6 @@ std::u16string oneLine(std::string_view text) {
 
 bool hasDigit(std::u16string_view number) {
     return number.find_first_of(u"0123456789") != std::u16string_view::npos;
-}
-
-bool isUtf8(std::string_view text) {
-    return toUtf8(fromUtf8(text)) == text;
 }
 
 bool equalInAscii(std::string_view left, std::string_view right) {

@@ -26,12 +26,18 @@ struct ContactFile {
     /// number for one.
     std::vector<FileContact> contacts;
     std::vector<SkippedEntry> skipped;
+    /// Whether the file's encoding is a guess: Windows-1252.
+    bool isGuessedEncoding = false;
+
+    /// Adds the contact, or skips it when its name or number is longer than a server's database
+    /// keeps.
+    void take(std::size_t line, FileContact contact);
 };
 
-/// Reads a file's text: vCards when `isVCard` or when it begins as one, else CSV. A byte order
-/// mark before it does not count. Raises std::invalid_argument with a sentence for the user when
-/// none of it can be read: see VCard.h and ContactTable.h.
-[[nodiscard]] ContactFile readContactFile(std::string_view text, bool isVCard);
+/// Reads a file in an encoding of TextEncoding.h: vCards when `isVCard` or when it begins as one,
+/// else CSV. Raises std::invalid_argument with a sentence for the user when none of it can be
+/// read: see TextEncoding.h, VCard.h and ContactTable.h.
+[[nodiscard]] ContactFile readContactFile(std::string_view bytes, bool isVCard);
 
 /// `text`, in UTF-8, as a name or number is kept: blanks for line breaks and other control
 /// characters, none at the ends.
@@ -39,8 +45,6 @@ struct ContactFile {
 
 /// A number that can be dialled has a digit.
 [[nodiscard]] bool hasDigit(std::u16string_view number);
-
-[[nodiscard]] bool isUtf8(std::string_view text);
 
 /// Whether the two are equal but for the case of ASCII letters.
 [[nodiscard]] bool equalInAscii(std::string_view left, std::string_view right);

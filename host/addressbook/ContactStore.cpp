@@ -8,6 +8,18 @@
 #include <utility>
 
 namespace kvex::host {
+namespace {
+
+using NameAndNumber = std::pair<std::u16string, std::u16string>;
+
+/// A contact that was exported and is read again.
+NameAndNumber asFromAFile(const std::u16string &name, const std::u16string &number) {
+    std::u16string numberLine = oneLine(toUtf8(number));
+    std::u16string nameLine = oneLine(toUtf8(name));
+    return {nameLine.empty() ? numberLine : nameLine, numberLine};
+}
+
+} // namespace
 
 StoredCount storeContacts(recordset::ClientConnection &connection, std::int32_t userId,
                           const std::vector<FileContact> &contacts) {
@@ -17,9 +29,9 @@ StoredCount storeContacts(recordset::ClientConnection &connection, std::int32_t 
                u"USER_ID = " +
                    toText(std::int64_t{userId}),
                connection, CursorType::staticCopy, LockType::optimistic);
-    std::set<std::pair<std::u16string, std::u16string>> known;
+    std::set<NameAndNumber> known;
     for (; !rows->eof(); rows->moveNext()) {
-        known.emplace(textOf(*rows, u"NAME"), textOf(*rows, u"MOBILE"));
+        known.insert(asFromAFile(textOf(*rows, u"NAME"), textOf(*rows, u"MOBILE")));
     }
     StoredCount count;
     for (const FileContact &contact : contacts) {
@@ -36,6 +48,31 @@ StoredCount storeContacts(recordset::ClientConnection &connection, std::int32_t 
     }
     transaction.commit();
     return count;
+}
+
+std::vector<std::int64_t> removeContacts(recordset::ClientConnection &connection,
+                                         std::int32_t userId, const std::set<std::int64_t> &ids) {
+    recordset::Transaction transaction(connection);
+    const auto rows = createRecordset();
+    const std::u16string user = toText(std::int64_t{userId});
+    rows->open(u"SELECT ID, DELETED FROM SMS_CONTACTS WHERE DELETED = 0 AND (USER_ID = " + user +
+                   u" OR USER_ID IS NULL)",
+               connection, CursorType::staticCopy, LockType::optimistic);
+    std::vector<std::int64_t> missing;
+    for (const std::int64_t id : ids) {
+        rows->moveFirst();
+        rows->find(u"ID = " + toText(id));
+        if (rows->eof()) {
+            missing.push_back(id);
+            continue;
+        }
+        rows->setField(u"DELETED", std::int64_t{1});
+        rows->update();
+    }
+    if (missing.empty()) {
+        transaction.commit();
+    }
+    return missing;
 }
 
 } // namespace kvex::host

@@ -1,82 +1,89 @@
 #include "host/addressbook/ContactTable.h"
 
+#include "host/addressbook/ColumnNames.h"
 #include "host/addressbook/Csv.h"
+#include "host/addressbook/NumberCell.h"
+#include "host/addressbook/TextEncoding.h"
+#include "platform/Text.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
-#include <span>
+#include <map>
+#include <optional>
 #include <stdexcept>
 
 namespace kvex::host {
 namespace {
 
-using Names = std::span<const std::string_view>;
-/// Places of columns, the preferred one first.
+/// Places of columns.
 using Columns = std::vector<std::size_t>;
 
-constexpr std::string_view fullNames[]{"name", "fullname", "displayname", "contactname", "contact"};
-constexpr std::string_view firstNames[]{"firstname", "givenname", "forename"};
-constexpr std::string_view lastNames[]{"lastname", "familyname", "surname"};
-constexpr std::string_view numbers[]{"mobile",      "mobilephone", "mobilenumber", "mobileno",
-                                     "cell",        "cellphone",   "cellnumber",   "phone",
-                                     "phonenumber", "phoneno",     "primaryphone", "phone1value",
-                                     "telephone",   "tel",         "number",       "msisdn"};
-
-/// "First_Name " as "firstname".
-std::string columnName(std::string_view field) {
-    std::string name = lowerCase(field);
-    std::erase_if(name, [](char byte) {
-        return !((byte >= 'a' && byte <= 'z') || (byte >= '0' && byte <= '9'));
-    });
-    return name;
-}
-
-Columns columnsNamed(Names names, const std::vector<std::string> &header) {
-    Columns columns;
-    for (const std::string_view name : names) {
-        for (std::size_t column = 0; column < header.size(); ++column) {
-            if (header[column] == name) {
-                columns.push_back(column);
-            }
-        }
-    }
-    return columns;
+/// The place of the first of `names` that a column has.
+std::optional<std::size_t> placeOf(std::initializer_list<std::u16string> names,
+                                   const std::vector<std::u16string> &headings) {
+    const auto found = std::ranges::find_first_of(headings, names);
+    return found == headings.end() ? std::nullopt
+                                   : std::optional<std::size_t>(found - headings.begin());
 }
 
 class Header {
 public:
     explicit Header(const CsvRow &row) : width_(row.fields.size()) {
-        std::vector<std::string> names;
-        std::ranges::transform(row.fields, std::back_inserter(names), columnName);
-        full_ = columnsNamed(fullNames, names);
-        first_ = columnsNamed(firstNames, names);
-        last_ = columnsNamed(lastNames, names);
-        numbers_ = columnsNamed(numbers, names);
+        std::vector<std::u16string> headings;
+        std::ranges::transform(row.fields, std::back_inserter(headings), plainHeading);
+        for (std::size_t column = 0; column < headings.size(); ++column) {
+            columns_[columnKind(headings[column])].push_back(column);
+        }
+        addLabelledNumbers(headings);
+        // German tables call the surname "Name" beside a "Vorname".
+        if (placeOf({u"vorname"}, headings) && columns_[ColumnKind::lastName].empty()) {
+            std::swap(columns_[ColumnKind::lastName], columns_[ColumnKind::fullName]);
+        }
     }
 
-    [[nodiscard]] bool namesNumbers() const { return !numbers_.empty(); }
+    [[nodiscard]] bool namesNumbers() const {
+        return !labelled_.empty() || std::ranges::any_of(numberKinds, [&](ColumnKind kind) {
+            return columns_.contains(kind);
+        });
+    }
 
     void read(const CsvRow &row, ContactFile &file) const {
         if (const std::string fault = faultOf(row); !fault.empty()) {
             file.skipped.push_back({row.line, fault});
             return;
         }
-        const std::u16string number = numberIn(row);
+        const NumberCell cell = numbersIn(row);
         const std::u16string name = nameIn(row);
-        if (number.empty()) {
+        if (!cell.fault.empty()) {
+            file.skipped.push_back({row.line, cell.fault});
+        } else if (cell.numbers.empty()) {
             file.skipped.push_back({row.line, "the row has no telephone number"});
-        } else {
-            file.contacts.push_back({name.empty() ? number : name, number});
+        }
+        for (const std::u16string &number : cell.numbers) {
+            file.take(row.line, {name.empty() ? number : name, number});
         }
     }
 
 private:
+    /// A value and its label have a number each of their own: "Phone 1 - Value".
+    void addLabelledNumbers(const std::vector<std::u16string> &headings) {
+        for (int number = 1;; ++number) {
+            const std::u16string prefix = u"phone" + toText(std::int64_t{number});
+            const auto value = placeOf({prefix + u"value"}, headings);
+            if (!value) {
+                return;
+            }
+            labelled_.push_back({*value, placeOf({prefix + u"type", prefix + u"label"}, headings)});
+        }
+    }
+
     [[nodiscard]] std::string faultOf(const CsvRow &row) const {
         if (!row.fault.empty()) {
             return row.fault;
         }
         if (!std::ranges::all_of(row.fields, isUtf8)) {
-            return "the row is not in UTF-8";
+            return "the row holds bytes that are no character";
         }
         const bool tooWide =
             row.fields.size() > width_ &&
@@ -85,51 +92,102 @@ private:
         return tooWide ? "the row has more fields than the first one" : "";
     }
 
-    [[nodiscard]] std::u16string numberIn(const CsvRow &row) const {
-        for (const std::size_t column : numbers_) {
-            std::u16string number = fieldOf(row, column);
-            if (hasDigit(number)) {
-                return number;
+    /// Those of the best kind that the row has.
+    [[nodiscard]] NumberCell numbersIn(const CsvRow &row) const {
+        NumberCell all;
+        for (const ColumnKind kind : numberKinds) {
+            for (const std::size_t place : placesOf(kind, row)) {
+                const NumberCell cell = readNumberCell(fieldOf(row, place));
+                if (!cell.fault.empty()) {
+                    return cell;
+                }
+                std::ranges::copy_if(cell.numbers, std::back_inserter(all.numbers),
+                                     [&](const std::u16string &number) {
+                                         return std::ranges::find(all.numbers, number) ==
+                                                all.numbers.end();
+                                     });
+            }
+            if (!all.numbers.empty()) {
+                break;
             }
         }
-        return {};
+        return all;
+    }
+
+    [[nodiscard]] Columns placesOf(ColumnKind kind, const CsvRow &row) const {
+        const auto found = columns_.find(kind);
+        Columns places = found == columns_.end() ? Columns() : found->second;
+        for (const LabelledNumber &number : labelled_) {
+            if (labelKind(number.label ? fieldOf(row, *number.label) : "") == kind) {
+                places.push_back(number.value);
+            }
+        }
+        return places;
     }
 
     [[nodiscard]] std::u16string nameIn(const CsvRow &row) const {
-        std::u16string name = firstIn(row, full_);
+        std::u16string name = firstIn(row, ColumnKind::fullName);
         if (name.empty()) {
-            name = firstIn(row, first_);
-            const std::u16string last = firstIn(row, last_);
-            name += (name.empty() || last.empty() ? u"" : u" ") + last;
+            for (const ColumnKind part :
+                 {ColumnKind::firstName, ColumnKind::middleName, ColumnKind::lastName}) {
+                const std::u16string word = firstIn(row, part);
+                name += (name.empty() || word.empty() ? u"" : u" ") + word;
+            }
         }
-        return name;
+        return name.empty() ? firstIn(row, ColumnKind::organisation) : name;
     }
 
-    [[nodiscard]] static std::u16string firstIn(const CsvRow &row, const Columns &columns) {
-        for (const std::size_t column : columns) {
-            if (std::u16string text = fieldOf(row, column); !text.empty()) {
-                return text;
+    [[nodiscard]] std::u16string firstIn(const CsvRow &row, ColumnKind kind) const {
+        const auto columns = columns_.find(kind);
+        if (columns != columns_.end()) {
+            for (const std::size_t column : columns->second) {
+                if (std::u16string text = oneLine(fieldOf(row, column)); !text.empty()) {
+                    return text;
+                }
             }
         }
         return {};
     }
 
-    [[nodiscard]] static std::u16string fieldOf(const CsvRow &row, std::size_t column) {
-        return column < row.fields.size() ? oneLine(row.fields[column]) : std::u16string();
+    [[nodiscard]] static std::string_view fieldOf(const CsvRow &row, std::size_t column) {
+        return column < row.fields.size() ? std::string_view(row.fields[column])
+                                          : std::string_view();
     }
 
+    struct LabelledNumber {
+        std::size_t value;
+        std::optional<std::size_t> label;
+    };
+    static constexpr std::array numberKinds{ColumnKind::mobile, ColumnKind::phone,
+                                            ColumnKind::homePhone, ColumnKind::workPhone,
+                                            ColumnKind::otherPhone};
+
     std::size_t width_;
-    Columns full_;
-    Columns first_;
-    Columns last_;
-    Columns numbers_;
+    std::map<ColumnKind, Columns> columns_;
+    std::vector<LabelledNumber> labelled_;
 };
+
+/// The separator that a first line "sep=;" names, as spreadsheets read it; "" without one.
+std::string namedSeparator(std::string_view line) {
+    std::string plain = lowerCase(line);
+    std::erase_if(plain, [](char byte) { return byte == '"' || byte == '\r'; });
+    const bool isNamed = plain.size() == 5 && plain.starts_with("sep=");
+    return isNamed ? plain.substr(4) : "";
+}
 
 } // namespace
 
 ContactFile readContactTable(std::string_view text) {
-    for (const char separator : {',', ';', '\t'}) {
-        CsvReader reader(text, separator);
+    std::string separators = ",;\t";
+    std::size_t line = 1;
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    if (const std::string named = namedSeparator(text.substr(0, end)); !named.empty()) {
+        separators = named;
+        text.remove_prefix(std::min(end + 1, text.size()));
+        ++line;
+    }
+    for (const char separator : separators) {
+        CsvReader reader(text, separator, line);
         CsvRow row;
         if (!reader.next(row)) {
             break;
@@ -139,8 +197,12 @@ ContactFile readContactTable(std::string_view text) {
             continue;
         }
         ContactFile file;
-        while (reader.next(row)) {
+        bool anyRow = false;
+        for (; reader.next(row); anyRow = true) {
             header.read(row, file);
+        }
+        if (!anyRow) {
+            throw std::invalid_argument("Its first row names the columns, but no row follows.");
         }
         return file;
     }

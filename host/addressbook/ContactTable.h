@@ -7,14 +7,17 @@
 
 namespace kvex::host {
 
-/// Columns are named without regard to case, blanks and marks: the name by "name", "full name" or
-/// "display name", else by "first name" and "last name" (also "given", "family", "surname"); the
-/// number by "mobile" or "cell", else by "phone", "telephone", "number" and the like. Of several
-/// that a row has, mobiles go first. Other columns say nothing. Fields are separated by ",", ";"
-/// or tabs, as the first row is.
+/// The columns are those of ColumnNames.h, and "Phone 1 - Value" with "Phone 1 - Type" or
+/// "Phone 1 - Label"; others say nothing. Fields are separated by what a line "sep=;" before the
+/// first row names, else by ",", ";" or tabs, as the first row is.
 ///
-/// A row is skipped when it has no number, more fields than the first row, quotation marks that
-/// are not closed, or no UTF-8. Raises std::invalid_argument when the first row names no number.
+/// A row gives one contact for each number of the best kind that it has, read as NumberCell.h
+/// says: mobile, then not specified, home, work and other. The name is the full name, else what
+/// first, middle and last name give, else the organisation.
+///
+/// A row is skipped when it has no number, a number that cannot be taken, more fields than the
+/// first row, quotation marks that are not closed, or bytes that are no UTF-8. Raises
+/// std::invalid_argument when the first row names no number, and when no row follows it.
 [[nodiscard]] ContactFile readContactTable(std::string_view text);
 
 } // namespace kvex::host

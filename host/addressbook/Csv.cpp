@@ -3,6 +3,12 @@
 #include <algorithm>
 
 namespace kvex::host {
+namespace {
+
+/// No row of contacts comes near it, and reading a longer one takes too much memory.
+constexpr std::size_t longestLine = std::size_t{1024} * 1024;
+
+} // namespace
 
 bool CsvReader::next(CsvRow &row) {
     while (skipBlankLine()) {
@@ -12,11 +18,15 @@ bool CsvReader::next(CsvRow &row) {
     }
     const std::size_t start = at_;
     row = {line_, {}, {}};
-    readFields(row);
+    const std::size_t lineEnd = std::min(text_.find('\n', at_), text_.size());
+    if (lineEnd - start > longestLine) {
+        row.fault = "the row is longer than 1 MiB";
+    } else {
+        readFields(row);
+    }
     if (!row.fault.empty()) {
-        at_ = start;
+        at_ = lineEnd;
         line_ = row.line;
-        at_ = std::min(text_.find('\n', at_), text_.size());
     }
     passLineBreak();
     return true;

@@ -20,8 +20,9 @@ struct CsvRow {
 /// itself.
 class CsvReader {
 public:
-    /// The text is the caller's.
-    CsvReader(std::string_view text, char separator) : text_(text), separator_(separator) {}
+    /// The text is the caller's, and begins in `line` of its file.
+    CsvReader(std::string_view text, char separator, std::size_t line = 1)
+        : text_(text), separator_(separator), line_(line) {}
 
     /// The next row, false when there is none; lines of blanks alone are none. A row that cannot
     /// be read ends with its first line.
@@ -39,7 +40,7 @@ private:
     std::string_view text_;
     char separator_;
     std::size_t at_ = 0;
-    std::size_t line_ = 1;
+    std::size_t line_;
 };
 
 } // namespace kvex::host

@@ -1,5 +1,7 @@
 #include "host/addressbook/VCard.h"
 
+#include "host/addressbook/NumberCell.h"
+#include "host/addressbook/TextEncoding.h"
 #include "host/addressbook/VCardLine.h"
 #include "host/suite/VisibleText.h"
 #include "platform/Text.h"
@@ -18,15 +20,14 @@ bool isType(const VCardLine &line, std::initializer_list<std::string_view> types
                                [&](std::string_view type) { return line.has("type", type); });
 }
 
-/// The number of a TEL line, "" for one that no message can go to.
-std::u16string numberOf(const VCardLine &line) {
+/// The numbers of a TEL line, none where no message can go to.
+NumberCell numbersOf(const VCardLine &line) {
     constexpr std::string_view scheme = "tel:";
     if (equalInAscii(line.value.substr(0, scheme.size()), scheme)) {
         const std::string_view number = std::string_view(line.value).substr(scheme.size());
-        return oneLine(number.substr(0, number.find(';')));
+        return readNumberCell(number.substr(0, number.find(';')));
     }
-    const bool isOtherUri = line.has("value", "uri");
-    return isOtherUri ? std::u16string() : oneLine(unescaped(line.value));
+    return line.has("value", "uri") ? NumberCell() : readNumberCell(unescaped(line.value));
 }
 
 void append(std::string &name, std::string_view part) {
@@ -65,9 +66,9 @@ public:
     explicit Card(std::size_t line) : line_(line) {}
 
     void take(const UnfoldedLine &text) {
-        const std::optional<VCardLine> line = parseVCardLine(text.text);
+        std::optional<VCardLine> line = parseVCardLine(text.text);
         if (!isUtf8(text.text)) {
-            fail(text.number, "the line is not in UTF-8");
+            fail(text.number, "the line holds bytes that are no character");
         } else if (line) {
             take(*line, text.number);
         } else if (!text.text.empty()) {
@@ -76,18 +77,20 @@ public:
     }
 
     void endInto(ContactFile &file) {
-        const std::vector<std::u16string> &numbers = mobiles_.empty() ? others_ : mobiles_;
+        const Numbers &numbers = mobiles_.isEmpty() ? others_ : mobiles_;
         if (version_.empty()) {
             fail(line_, "the card has no version");
-        } else if (numbers.empty()) {
+        } else if (!numbers.fault.empty()) {
+            fail(numbers.faultLine, numbers.fault);
+        } else if (numbers.numbers.empty()) {
             fail(line_, "the card has no telephone number");
         }
         if (!reason_.empty()) {
             file.skipped.push_back({failedLine_, reason_});
             return;
         }
-        for (const std::u16string &number : numbers) {
-            file.contacts.push_back({nameFor(number), number});
+        for (const std::u16string &number : numbers.numbers) {
+            file.take(line_, {nameFor(number), number});
         }
     }
 
@@ -96,11 +99,33 @@ public:
     }
 
 private:
-    void take(const VCardLine &line, std::size_t number) {
+    struct Numbers {
+        std::vector<std::u16string> numbers;
+        /// The first one.
+        std::string fault;
+        std::size_t faultLine = 0;
+
+        [[nodiscard]] bool isEmpty() const { return numbers.empty() && fault.empty(); }
+    };
+
+    void take(VCardLine &line, std::size_t number) {
+        constexpr std::array<std::string_view, 5> names{"version", "tel", "fn", "n", "org"};
+        if (std::ranges::find(names, line.name) == names.end()) {
+            return;
+        }
+        try {
+            line.value = decodedValue(line);
+            takeDecoded(line, number);
+        } catch (const std::invalid_argument &error) {
+            fail(number, error.what());
+        }
+    }
+
+    void takeDecoded(const VCardLine &line, std::size_t number) {
         if (line.name == "version") {
             takeVersion(line.value, number);
         } else if (line.name == "tel") {
-            takeNumber(line);
+            takeNumbers(line, number);
         } else if (line.name == "fn" && full_.empty()) {
             full_ = oneLine(unescaped(line.value));
         } else if (line.name == "n" && parts_.empty()) {
@@ -113,20 +138,26 @@ private:
     /// What comes of another version's lines says nothing: this is the reason.
     void takeVersion(const std::string &value, std::size_t number) {
         version_ = toUtf8(oneLine(value));
-        if (version_ != "3.0" && version_ != "4.0") {
+        if (version_ != "2.1" && version_ != "3.0" && version_ != "4.0") {
             reason_.clear();
             fail(number, "vCard version " + toUtf8(visible(fromUtf8(version_))) +
-                             " is not supported, only 3.0 and 4.0 are");
+                             " is not supported, only 2.1, 3.0 and 4.0 are");
         }
     }
 
-    void takeNumber(const VCardLine &line) {
-        const std::u16string number = numberOf(line);
+    void takeNumbers(const VCardLine &line, std::size_t number) {
+        const NumberCell cell = numbersOf(line);
         const bool isMobile = isType(line, {"cell", "mobile"});
         const bool isMachine =
             isType(line, {"fax", "pager", "modem", "bbs"}) && !isType(line, {"voice", "text"});
-        if (hasDigit(number) && (isMobile || !isMachine)) {
-            (isMobile ? mobiles_ : others_).push_back(number);
+        if (isMachine && !isMobile) {
+            return;
+        }
+        Numbers &kind = isMobile ? mobiles_ : others_;
+        kind.numbers.insert(kind.numbers.end(), cell.numbers.begin(), cell.numbers.end());
+        if (kind.fault.empty() && !cell.fault.empty()) {
+            kind.fault = cell.fault;
+            kind.faultLine = number;
         }
     }
 
@@ -152,8 +183,8 @@ private:
     std::u16string full_;
     std::u16string parts_;
     std::u16string organisation_;
-    std::vector<std::u16string> mobiles_;
-    std::vector<std::u16string> others_;
+    Numbers mobiles_;
+    Numbers others_;
     std::size_t failedLine_ = 0;
     std::string reason_;
 };
@@ -170,7 +201,8 @@ ContactFile readVCards(std::string_view text) {
     std::optional<Card> card;
     bool anyCard = false;
     bool outside = false;
-    for (const UnfoldedLine &line : unfoldedLines(text)) {
+    VCardLines lines(text);
+    for (UnfoldedLine line; lines.next(line);) {
         const std::string_view content =
             std::string_view(line.text).substr(0, line.text.find_last_not_of(" \t") + 1);
         if (equalInAscii(content, opening)) {

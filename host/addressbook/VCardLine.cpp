@@ -1,11 +1,16 @@
 #include "host/addressbook/VCardLine.h"
 
 #include "host/addressbook/ContactFile.h"
+#include "host/addressbook/TextEncoding.h"
 
 #include <algorithm>
+#include <charconv>
+#include <stdexcept>
 
 namespace kvex::host {
 namespace {
+
+constexpr std::string_view quotedPrintable = "quoted-printable";
 
 bool isNameCharacter(char byte) {
     return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') ||
@@ -83,24 +88,59 @@ private:
     std::size_t at_ = 0;
 };
 
+/// "=41" as "A".
+std::string decodeQuotedPrintable(std::string_view text) {
+    std::string bytes;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] != '=') {
+            bytes += text[at];
+            continue;
+        }
+        const std::string_view digits = text.substr(at + 1, 2);
+        unsigned value = 0;
+        const char *const end = digits.data() + digits.size();
+        if (digits.size() < 2 || std::from_chars(digits.data(), end, value, 16).ptr != end) {
+            throw std::invalid_argument("the quoted-printable text is not complete");
+        }
+        bytes += static_cast<char>(value);
+        at += 2;
+    }
+    return bytes;
+}
+
 } // namespace
 
-std::vector<UnfoldedLine> unfoldedLines(std::string_view text) {
-    std::vector<UnfoldedLine> lines;
-    for (std::size_t number = 1; !text.empty(); ++number) {
-        const std::size_t end = text.find('\n');
-        std::string_view line = text.substr(0, end);
-        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-        if (line.ends_with('\r')) {
-            line.remove_suffix(1);
-        }
-        if (!lines.empty() && (line.starts_with(' ') || line.starts_with('\t'))) {
-            lines.back().text += line.substr(1);
-        } else {
-            lines.push_back({number, std::string(line)});
-        }
+bool VCardLines::next(UnfoldedLine &line) {
+    if (text_.empty()) {
+        return false;
     }
-    return lines;
+    line = {number_ + 1, std::string(takeLine())};
+    const std::string_view head = std::string_view(line.text).substr(0, line.text.find(':'));
+    const bool isEncoded = lowerCase(head).find(quotedPrintable) != std::string::npos;
+    while (isEncoded && line.text.ends_with('=') && !text_.empty()) {
+        line.text.pop_back();
+        line.text += takeLine();
+    }
+    while (text_.starts_with(' ') || text_.starts_with('\t')) {
+        line.text += takeLine().substr(keepsBlanks_ ? 0 : 1);
+    }
+    const bool isVersion = lowerCase(head) == "version";
+    const bool isBeginning = lowerCase(head) == "begin";
+    if (isVersion || isBeginning) {
+        keepsBlanks_ = isVersion && line.text.find("2.1") != std::string::npos;
+    }
+    return true;
+}
+
+std::string_view VCardLines::takeLine() {
+    const std::size_t end = std::min(text_.find('\n'), text_.size());
+    std::string_view line = text_.substr(0, end);
+    text_.remove_prefix(std::min(end + 1, text_.size()));
+    ++number_;
+    if (line.ends_with('\r')) {
+        line.remove_suffix(1);
+    }
+    return line;
 }
 
 bool VCardLine::has(std::string_view parameter, std::string_view wanted) const {
@@ -111,6 +151,15 @@ bool VCardLine::has(std::string_view parameter, std::string_view wanted) const {
 
 std::optional<VCardLine> parseVCardLine(std::string_view text) {
     return LineReader(text).read();
+}
+
+std::string decodedValue(const VCardLine &line) {
+    if (!line.has("encoding", quotedPrintable) && !line.has("type", quotedPrintable)) {
+        return line.value;
+    }
+    const auto charset = std::ranges::find(line.parameters, "charset", &VCardLine::Parameter::name);
+    return decodeAs(charset == line.parameters.end() ? "" : charset->value,
+                    decodeQuotedPrintable(line.value));
 }
 
 std::vector<std::string_view> escapedParts(std::string_view value, char separator) {

@@ -1,5 +1,5 @@
-// The lines of vCards, as RFC 6350 section 3 (vCard 4.0) and RFC 2426 section 4 (vCard 3.0)
-// write them: folding, groups, parameters, escaped values.
+// The lines of vCards, as RFC 6350 section 3 (vCard 4.0), RFC 2426 section 4 (vCard 3.0) and
+// version 2.1 write them: folding, groups, parameters, encoded and escaped values.
 #pragma once
 
 #include <cstddef>
@@ -10,15 +10,30 @@
 
 namespace kvex::host {
 
-/// A line unfolded: the text without the line breaks before a blank or a tab, and this blank.
 struct UnfoldedLine {
     /// Where it begins, from 1.
-    std::size_t number;
+    std::size_t number = 0;
     std::string text;
 };
 
-/// Lines end in CR LF or LF.
-[[nodiscard]] std::vector<UnfoldedLine> unfoldedLines(std::string_view text);
+/// Reads lines that end in CR LF or LF, joined where they are folded: a line that begins with a
+/// blank or a tab continues the one before it. This blank stays in version 2.1 alone. A line of
+/// quoted-printable text that ends in "=" continues in the next one, too.
+class VCardLines {
+public:
+    /// The text is the caller's.
+    explicit VCardLines(std::string_view text) : text_(text) {}
+
+    /// The next line, false when there is none.
+    bool next(UnfoldedLine &line);
+
+private:
+    std::string_view takeLine();
+
+    std::string_view text_;
+    std::size_t number_ = 0;
+    bool keepsBlanks_ = false;
+};
 
 /// "GROUP.NAME;PARAMETER=VALUE:VALUE".
 struct VCardLine {
@@ -31,7 +46,7 @@ struct VCardLine {
     };
     /// One for each value of a parameter, also of those in one pair of quotation marks.
     std::vector<Parameter> parameters;
-    /// As it stands there, escaped.
+    /// As it stands there, encoded and escaped.
     std::string value;
 
     [[nodiscard]] bool has(std::string_view parameter, std::string_view value) const;
@@ -39,6 +54,10 @@ struct VCardLine {
 
 /// Nothing for a line that is none.
 [[nodiscard]] std::optional<VCardLine> parseVCardLine(std::string_view text);
+
+/// The value in UTF-8, decoded where it is quoted-printable; escaped still. Raises
+/// std::invalid_argument, without a full stop, when it cannot be decoded.
+[[nodiscard]] std::string decodedValue(const VCardLine &line);
 
 /// The parts of a value between the unescaped separators, escaped still.
 [[nodiscard]] std::vector<std::string_view> escapedParts(std::string_view value, char separator);

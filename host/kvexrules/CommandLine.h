@@ -9,7 +9,7 @@
 
 namespace kvex::host {
 
-enum class Option { database, user, log, rule, format, all, sample };
+enum class Option { database, user, log, rule, format, all, replace, sample };
 
 struct OptionDescription {
     Option option;

@@ -30,9 +30,9 @@ std::span<const CommandDescription> commands() {
          true,
          showCommand},
         {"contacts",
-         "import FILE | list",
-         "take contacts from vCards or CSV; or print id, name and number",
-         {database, user},
+         "VERB…",
+         "import, export, remove or list contacts, as told below",
+         {database, user, format, replace},
          true,
          contactsCommand},
         {"init",
@@ -62,9 +62,10 @@ std::span<const OptionDescription> options() {
         OptionDescription{user, "--user", "ID", "whose rules and contacts, 1 by default"},
         OptionDescription{log, "--log", "FILE", "where errors are logged"},
         OptionDescription{rule, "--rule", "ID", "the rule to open"},
-        OptionDescription{format, "--format", "text|ansi|html",
-                          "how to show rules, text by default"},
+        OptionDescription{format, "--format", "FORMAT",
+                          "of rules text, ansi or html; of contacts vcard or csv"},
         OptionDescription{all, "--all", "", "show every rule"},
+        OptionDescription{replace, "--replace", "", "let contacts export replace a file"},
         OptionDescription{sample, "--sample", "", "add users, accounts and rules to try out"},
     };
     return table;
@@ -87,9 +88,15 @@ after --database.
 what could break the line is written as \n, \t, \\ or \u{HEX}. "contacts list"
 separates them by tabs, and lists the contacts that belong to nobody as well.
 
-"contacts import" reads vCards of the versions 3.0 and 4.0, and CSV whose first
-row names its columns ("Name,Mobile"), in UTF-8. What it skips is named with its
-line; a contact that is there already is not added again.
+"contacts import FILE" reads vCards of the versions 2.1, 3.0 and 4.0, and CSV whose
+first row names its columns ("Name,Mobile"); "-" is standard input. What it skips is
+named with its line; a contact that is there already is not added again. All
+contacts are added or, when the database refuses one, none.
+"contacts export [FILE]" writes what "contacts list" shows: as CSV into a file whose
+name ends in .csv, else as vCards, to standard output without FILE or with "-". The
+file is its owner's alone. One that exists is only replaced with --replace.
+"contacts remove ID…" removes contacts that "contacts list" shows: all of them or,
+when one is not there, none.
 
 "edit" ends with the line "result: 99" when the user may have edited something,
 "result: 1" when no edit was noted (rules may still have been removed), and

@@ -18,10 +18,21 @@
 namespace kvex::host {
 namespace {
 
-/// 0 or the system's error number.
-int writeAll(int stream, std::string_view text) {
+bool isYes(std::string answer) {
+    std::ranges::transform(answer, answer.begin(), [](unsigned char c) { return std::tolower(c); });
+    return answer == "y" || answer == "yes";
+}
+
+/// Does nothing when standard error cannot be written.
+void tell(std::string_view text) {
+    static_cast<void>(writeAll(STDERR_FILENO, text));
+}
+
+} // namespace
+
+int writeAll(int descriptor, std::string_view text) {
     while (!text.empty()) {
-        const ssize_t written = write(stream, text.data(), text.size());
+        const ssize_t written = write(descriptor, text.data(), text.size());
         if (written >= 0) {
             text.remove_prefix(static_cast<std::size_t>(written));
         } else if (errno != EINTR) {
@@ -30,13 +41,6 @@ int writeAll(int stream, std::string_view text) {
     }
     return 0;
 }
-
-bool isYes(std::string answer) {
-    std::ranges::transform(answer, answer.begin(), [](unsigned char c) { return std::tolower(c); });
-    return answer == "y" || answer == "yes";
-}
-
-} // namespace
 
 void secureStandardStreams() {
     std::signal(SIGPIPE, SIG_IGN);
@@ -63,15 +67,11 @@ void print(std::string_view text) {
 
 void complain(std::string_view sentences) {
     const std::u16string text = withoutPasswords(fromUtf8(sentences));
-    writeAll(STDERR_FILENO,
-             "kvexrules: " + toUtf8(isatty(STDERR_FILENO) == 1 ? harmlessLines(text) : text) +
-                 "\n");
+    tell("kvexrules: " + toUtf8(isatty(STDERR_FILENO) == 1 ? harmlessLines(text) : text) + "\n");
 }
 
 void complainExactly(std::string_view text) {
-    writeAll(STDERR_FILENO,
-             (isatty(STDERR_FILENO) == 1 ? toUtf8(visible(fromUtf8(text))) : std::string(text)) +
-                 "\n");
+    tell((isatty(STDERR_FILENO) == 1 ? toUtf8(visible(fromUtf8(text))) : std::string(text)) + "\n");
 }
 
 bool printsToTerminal() {
@@ -82,7 +82,7 @@ std::optional<bool> askAtTerminal(std::string_view question) {
     if (isatty(STDIN_FILENO) != 1 || isatty(STDERR_FILENO) != 1) {
         return std::nullopt;
     }
-    writeAll(STDERR_FILENO, toUtf8(harmlessLines(fromUtf8(question))) + " [y/N] ");
+    tell(toUtf8(harmlessLines(fromUtf8(question))) + " [y/N] ");
     std::string answer;
     std::getline(std::cin, answer);
     return isYes(answer);

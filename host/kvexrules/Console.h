@@ -22,15 +22,18 @@ void print(std::string_view text);
 /// U+FFFD stands for what could control it.
 void complain(std::string_view sentences);
 
-/// A line of standard error: exactly `text`, but on a terminal with control characters written
-/// out, as visible() does.
+/// Writes a line of standard error: exactly `text`. On a terminal it shows control characters as
+/// visible() does.
 void complainExactly(std::string_view text);
 
-/// True when somebody reads standard output on a terminal.
+/// True when standard output is a terminal.
 [[nodiscard]] bool printsToTerminal();
 
-/// Asks on standard error, and reads the answer from standard input. True for "y" and "yes", in
-/// whatever case. Nothing when the two are not both a terminal.
+/// Asks on standard error and reads the answer from standard input. True for "y" and "yes" in any
+/// case. Returns nothing unless both are a terminal.
 [[nodiscard]] std::optional<bool> askAtTerminal(std::string_view question);
+
+/// Writes all of `text` to an open descriptor. Returns 0 or the system's error number.
+[[nodiscard]] int writeAll(int descriptor, std::string_view text);
 
 } // namespace kvex::host

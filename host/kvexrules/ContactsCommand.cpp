@@ -1,8 +1,9 @@
-#include "host/addressbook/ContactFile.h"
+#include "host/addressbook/ContactExport.h"
 #include "host/addressbook/ContactStore.h"
 #include "host/addressbook/Contacts.h"
 #include "host/kvexrules/Commands.h"
 #include "host/kvexrules/Console.h"
+#include "host/kvexrules/ContactFiles.h"
 #include "host/kvexrules/Database.h"
 #include "host/kvexrules/Failure.h"
 #include "host/kvexrules/Numbers.h"
@@ -11,72 +12,141 @@
 #include "platform/Text.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <iterator>
+#include <set>
+#include <span>
 
 namespace kvex::host {
 namespace {
 
-std::string contentOf(const std::filesystem::path &file) {
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream || std::filesystem::is_directory(file)) {
-        throw Failure(file.string() + " cannot be read. Name a file of vCards or CSV.");
-    }
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-ContactFile read(const std::filesystem::path &file) {
-    const std::string ending = lowerCase(file.extension().string());
-    try {
-        return readContactFile(contentOf(file), ending == ".vcf" || ending == ".vcard");
-    } catch (const std::invalid_argument &error) {
-        throw Failure(file.string() + " holds no contacts that can be read. " + error.what());
-    }
-}
+constexpr const char *whereIdsAre = "The ids are the numbers that kvexrules contacts list shows.";
 
 std::int32_t userOf(const Settings &settings) {
     return *wholeNumber<std::int32_t>(settings.user);
 }
 
-StoredCount store(const Settings &settings, const std::vector<FileContact> &contacts) {
+std::unique_ptr<recordset::ClientConnection> openContacts(const Settings &settings) {
     try {
-        return storeContacts(*openConnection(settings), userOf(settings), contacts);
+        auto connection = openConnection(settings);
+        requireContacts(*connection);
+        return connection;
     } catch (const Error &error) {
         failFor(settings, error);
     }
 }
 
-int importContacts(const Request &request, const std::filesystem::path &file) {
+/// What `change` of the contacts gives; a refusal of the database is one of the request.
+template <class Change> auto changed(const Settings &settings, Change change) {
+    const auto connection = openContacts(settings);
+    try {
+        return change(*connection, userOf(settings));
+    } catch (const Error &error) {
+        failFor(settings, error, exit_status::refused);
+    }
+}
+
+std::vector<Contact> contactsOf(const Settings &settings) {
+    try {
+        return readContacts(*openConnection(settings), userOf(settings));
+    } catch (const Error &error) {
+        failFor(settings, error);
+    }
+}
+
+std::string counted(std::size_t count, std::string_view what) {
+    return std::to_string(count) + (count == 1 ? " contact " : " contacts ") + std::string(what);
+}
+
+/// Prints what was done already: where it cannot be printed, standard error has it.
+void report(const std::string &sentence) {
+    try {
+        print(sentence + "\n");
+    } catch (const ReaderGone &) {
+        complain(sentence);
+    } catch (const Failure &failure) {
+        throw Failure(sentence + " " + failure.what(), exit_status::refused);
+    }
+}
+
+int importContacts(const Request &request, const std::string &file) {
     const Settings settings = settingsFor(request);
-    const ContactFile found = read(file);
+    const ContactFile found = readContactsFrom(file);
+    if (found.isGuessedEncoding) {
+        complain(inputName(file) + " is not in UTF-8; it is read as Windows-1252. Look at the "
+                                   "names: kvexrules contacts list.");
+    }
     for (const SkippedEntry &skipped : found.skipped) {
-        complain(file.string() + ":" + std::to_string(skipped.line) + ": " + skipped.reason +
+        complain(inputName(file) + ":" + std::to_string(skipped.line) + ": " + skipped.reason +
                  "; skipped");
     }
-    const StoredCount count = store(settings, found.contacts);
-    std::string told =
-        std::to_string(count.taken) + (count.taken == 1 ? " contact taken, " : " contacts taken, ");
+    const auto count = changed(settings, [&](auto &connection, std::int32_t user) {
+        return storeContacts(connection, user, found.contacts);
+    });
+    std::string told = counted(count.taken, "taken, ");
     if (count.alreadyThere > 0) {
         told += std::to_string(count.alreadyThere) + " already there, ";
     }
-    print(told + std::to_string(found.skipped.size()) + " skipped.\n");
+    report(told + std::to_string(found.skipped.size()) + " skipped.");
     if (found.contacts.empty()) {
         return exit_status::unusable;
     }
     return found.skipped.empty() ? exit_status::done : exit_status::refused;
 }
 
-int listContacts(const Request &request) {
-    const Settings settings = settingsFor(request);
-    std::vector<Contact> contacts;
-    try {
-        contacts = readContacts(*openConnection(settings), userOf(settings));
-    } catch (const Error &error) {
-        failFor(settings, error);
+int exportContacts(const Request &request, const std::string &file) {
+    std::string format = request.value(Option::format);
+    if (format.empty()) {
+        format = lowerCase(file).ends_with(".csv") ? "csv" : "vcard";
     }
+    if (format != "csv" && format != "vcard") {
+        throw Failure("There is no format \"" + format + "\". The formats are vcard and csv.");
+    }
+    const std::vector<Contact> contacts = contactsOf(settingsFor(request));
+    const std::string text = format == "csv" ? asCsv(contacts) : asVCards(contacts);
+    if (file == "-") {
+        print(text);
+    } else {
+        writeOwnersFile(file, text, request.has(Option::replace));
+        report(counted(contacts.size(), "written."));
+    }
+    return exit_status::done;
+}
+
+std::int64_t contactId(const std::string &word) {
+    const auto id = wholeNumber<std::int64_t>(word);
+    if (!id) {
+        throw Failure("\"" + word + "\" is no contact's id. " + whereIdsAre);
+    }
+    return *id;
+}
+
+/// "There are no contacts 4, 5 and 9".
+std::string sayMissing(std::span<const std::int64_t> ids) {
+    std::string text = ids.size() == 1 ? "There is no contact " : "There are no contacts ";
+    for (std::size_t index = 0; index < ids.size(); ++index) {
+        const bool isLast = index + 1 == ids.size();
+        text += (index == 0 ? "" : isLast ? " and " : ", ") + std::to_string(ids[index]);
+    }
+    return text;
+}
+
+int removeContactsAskedFor(const Request &request, std::span<const std::string> words) {
+    std::set<std::int64_t> ids;
+    std::ranges::transform(words, std::inserter(ids, ids.end()), contactId);
+    const auto missing = changed(settingsFor(request), [&](auto &connection, std::int32_t user) {
+        return removeContacts(connection, user, ids);
+    });
+    if (!missing.empty()) {
+        throw Failure(sayMissing(missing) + ", so none was removed. " + whereIdsAre,
+                      exit_status::refused);
+    }
+    report(counted(ids.size(), "removed."));
+    return exit_status::done;
+}
+
+int listContacts(const Request &request) {
     std::string text;
-    for (const Contact &contact : contacts) {
+    for (const Contact &contact : contactsOf(settingsFor(request))) {
         text += toUtf8(contact.id + u"\t" + visible(contact.name) + u"\t" +
                        visible(contact.number) + u"\n");
     }
@@ -87,15 +157,26 @@ int listContacts(const Request &request) {
 } // namespace
 
 int contactsCommand(const Request &request) {
-    const std::vector<std::string> &words = request.words;
-    if (words.size() == 1 && words[0] == "list") {
+    const std::span<const std::string> words(request.words);
+    const std::string verb = words.empty() ? "" : words.front();
+    const bool isExport = verb == "export" && words.size() <= 2;
+    if (!isExport && (request.has(Option::format) || request.has(Option::replace))) {
+        throw Failure("--format and --replace belong to kvexrules contacts export.");
+    }
+    if (isExport) {
+        return exportContacts(request, words.size() == 2 ? words.back() : "-");
+    }
+    if (verb == "import" && words.size() == 2) {
+        return importContacts(request, words.back());
+    }
+    if (verb == "remove" && words.size() >= 2) {
+        return removeContactsAskedFor(request, words.subspan(1));
+    }
+    if (verb == "list" && words.size() == 1) {
         return listContacts(request);
     }
-    if (words.size() == 2 && words[0] == "import") {
-        return importContacts(request, words[1]);
-    }
-    throw Failure("Say what to do with the contacts: kvexrules contacts import FILE, or "
-                  "kvexrules contacts list.");
+    throw Failure("Say what to do with the contacts: kvexrules contacts import FILE, export "
+                  "[FILE], remove ID… or list.");
 }
 
 } // namespace kvex::host

@@ -11,6 +11,7 @@ namespace {
 
 using host::FileContact;
 using Rows = std::vector<std::string>;
+using Ids = std::vector<std::int64_t>;
 
 class ContactStore : public testing::Test {
 protected:
@@ -20,6 +21,8 @@ protected:
     Rows stored() {
         return database.rows("SELECT USER_ID, NAME, MOBILE, DELETED FROM SMS_CONTACTS ORDER BY ID");
     }
+
+    Rows deleted() { return database.rows("SELECT ID, DELETED FROM SMS_CONTACTS ORDER BY ID"); }
 
     TestDatabase database;
     std::unique_ptr<recordset::ClientConnection> connection =
@@ -53,6 +56,39 @@ TEST_F(ContactStore, StoresNothingWhenTheDatabaseRefusesOne) {
     EXPECT_THROW(store({{u"A", u"1"}, {u"B", u"2"}, {u"C", u"3"}, {u"D", u"4"}}), Error);
     EXPECT_EQ(stored(), Rows());
     EXPECT_EQ(store({{u"A", u"1"}}).taken, 1U);
+}
+
+TEST_F(ContactStore, TakesAContactForKnownWhenItsFileWouldSayTheSame) {
+    database.execute("INSERT INTO SMS_CONTACTS (USER_ID, NAME, MOBILE) VALUES "
+                     "(1, 'A' || char(13, 10) || ' B ', ' 1 '), (1, NULL, '2'), (1, ' ', '3')");
+    EXPECT_EQ(store({{u"A  B", u"1"}, {u"2", u"2"}, {u"3", u"3"}}).alreadyThere, 3U);
+    EXPECT_EQ(store({{u"A B", u"1"}}).taken, 1U);
+}
+
+TEST_F(ContactStore, MarksTheUsersContactsAndNobodysAsDeleted) {
+    database.execute("INSERT INTO SMS_CONTACTS (ID, USER_ID, NAME, MOBILE) VALUES "
+                     "(9, 1, 'A', '1'), (3, NULL, 'B', '2'), (4, 1, 'C', '3'), (5, 2, 'D', '4')");
+    EXPECT_EQ(host::removeContacts(*connection, 1, {9, 3}), Ids());
+    EXPECT_EQ(deleted(), (Rows{"3|1", "4|0", "5|0", "9|1"}));
+    EXPECT_EQ(host::removeContacts(*connection, 2, {5}), Ids());
+    EXPECT_EQ(deleted(), (Rows{"3|1", "4|0", "5|1", "9|1"}));
+}
+
+TEST_F(ContactStore, RemovesNoneWhenOneIsNotThere) {
+    database.execute("INSERT INTO SMS_CONTACTS (ID, USER_ID, NAME, MOBILE, DELETED) VALUES "
+                     "(3, 1, 'A', '1', 0), (4, 2, 'B', '2', 0), (5, 1, 'C', '3', 1)");
+    EXPECT_EQ(host::removeContacts(*connection, 1, {3, 4, 5, 6, -1}), (Ids{-1, 4, 5, 6}));
+    EXPECT_EQ(deleted(), (Rows{"3|0", "4|0", "5|1"}));
+    EXPECT_EQ(host::removeContacts(*connection, 1, {3}), Ids()) << "the transaction has ended";
+}
+
+TEST_F(ContactStore, RemovesNoneWhenTheDatabaseRefusesOne) {
+    database.execute("INSERT INTO SMS_CONTACTS (ID, USER_ID, NAME, MOBILE) VALUES "
+                     "(3, 1, 'A', '1'), (4, 1, 'B', '2')");
+    database.execute("CREATE TRIGGER refuse BEFORE UPDATE ON SMS_CONTACTS WHEN NEW.NAME = 'B' "
+                     "BEGIN SELECT RAISE(ABORT, 'no'); END");
+    EXPECT_THROW(static_cast<void>(host::removeContacts(*connection, 1, {3, 4})), Error);
+    EXPECT_EQ(deleted(), (Rows{"3|0", "4|0"}));
 }
 
 TEST_F(ContactStore, GivesTheUsersContactsAndNobodys) {

@@ -83,14 +83,92 @@ TEST(VCard, NamesTheLineOfACardWithoutANumber) {
                "10: the card has no telephone number"}));
 }
 
+TEST(VCard, ReadsVersion21) {
+    EXPECT_EQ(outcome(card("N:Rao;Asha\r\nTEL;HOME;VOICE:1\r\nTEL;PREF;CELL;VOICE:2\r\n"
+                           "TEL;FAX:3\r\nPHOTO;ENCODING=BASE64;JPEG:/9j/4AAQ==\r\n\r\n",
+                           "2.1")),
+              (Lines{"Asha Rao: 2"}));
+}
+
+TEST(VCard, ReadsQuotedPrintable) {
+    EXPECT_EQ(
+        outcome(
+            card("FN;CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:=E0=A4=85=E0=A4=A8=\r\n"
+                 "=E0=A4=BF=E0=A4=B2 =3D=41=0D=0AB\r\nTEL;CELL:1\r\n",
+                 "2.1") +
+            card("N;QUOTED-PRINTABLE;CHARSET=ISO-8859-1:M=FCller;Ren=e9;;;\r\nTEL:2\r\n", "2.1") +
+            card("N;ENCODING=quoted-printable:M=FCller\r\nTEL:3\r\n", "2.1") +
+            card("ORG;ENCODING=QUOTED-PRINTABLE:Acme=\r\n\r\nTEL;ENCODING=QUOTED-PRINTABLE:=\r\n"
+                 "4\r\n",
+                 "2.1")),
+        (Lines{"अनिल =A B: 1", "René Müller: 2", "Müller: 3", "Acme: 4"}));
+}
+
+TEST(VCard, DoesNotJoinALineThatIsNotQuotedPrintable) {
+    EXPECT_EQ(outcome(card("NOTE:quoted-printable=\r\nFN:A=\r\nTEL:1\r\n", "2.1")),
+              (Lines{"A=: 1"}));
+}
+
+TEST(VCard, KeepsTheBlankOfAFoldedLineInVersion21Alone) {
+    EXPECT_EQ(outcome(card("FN:Asha\r\n Rao\r\nTEL:1\r\n", "2.1") +
+                      card("FN:Asha\r\n Rao\r\nTEL:2\r\n", "3.0")),
+              (Lines{"Asha Rao: 1", "AshaRao: 2"}));
+}
+
+TEST(VCard, FoldsEachCardAsItsOwnVersionDoes) {
+    EXPECT_EQ(outcome(card("TEL:1\r\n", "2.1") +
+                      "BEGIN:VCARD\r\nFN:Asha\r\n Rao\r\nVERSION:3.0\r\nTEL:2\r\nEND:VCARD\r\n"),
+              (Lines{"1: 1", "AshaRao: 2"}));
+    EXPECT_EQ(outcome(card("NOTE:VERSION 2.1\r\nX-VERSION:2.1\r\nFN:Asha\r\n Rao\r\nTEL:1\r\n")),
+              (Lines{"AshaRao: 1"}));
+}
+
+TEST(VCard, NamesTheLineOfATextThatCannotBeDecoded) {
+    EXPECT_EQ(
+        outcome(card("FN;ENCODING=QUOTED-PRINTABLE:=4\r\nTEL:1\r\n", "2.1") +
+                card("FN;ENCODING=QUOTED-PRINTABLE:=4X\r\nTEL:1\r\n", "2.1") +
+                card("FN;ENCODING=QUOTED-PRINTABLE;CHARSET=KLINGON:=41\r\nTEL:1\r\n", "2.1") +
+                card("FN;ENCODING=QUOTED-PRINTABLE;CHARSET=UTF-8:=E9\r\nTEL:1\r\n", "2.1") +
+                card("NOTE;ENCODING=QUOTED-PRINTABLE:=4\r\nFN:A\r\nTEL:1\r\n", "2.1")),
+        (Lines{"A: 1", "3: the quoted-printable text is not complete",
+               "8: the quoted-printable text is not complete", "13: the character set is not known",
+               "18: the text is not in its character set"}));
+}
+
+TEST(VCard, NamesACardWhoseQuotedPrintableTextSwallowsItsEnd) {
+    EXPECT_EQ(
+        outcome("BEGIN:VCARD\nVERSION:2.1\nTEL:1\nFN;ENCODING=QUOTED-PRINTABLE:A=\nEND:VCARD\n"),
+        (Lines{"1: the card has no END"}));
+    EXPECT_EQ(outcome("BEGIN:VCARD\nVERSION:2.1\nTEL:1\nFN;ENCODING=QUOTED-PRINTABLE:A="),
+              (Lines{"1: the card has no END"}));
+}
+
+TEST(VCard, SplitsAValueOfSeveralNumbers) {
+    EXPECT_EQ(
+        outcome(card("FN:A\r\nTEL;TYPE=cell:98111 ::: 98112\r\nTEL;TYPE=cell:98113\\;98114\r\n")),
+        (Lines{"A: 98111", "A: 98112", "A: 98113", "A: 98114"}));
+}
+
+TEST(VCard, NamesTheLineOfANumberThatCannotBeTaken) {
+    EXPECT_EQ(outcome(card("FN:A\r\nTEL;TYPE=cell:9.8E+11\r\n") +
+                      card("FN:B\r\nTEL;TYPE=home:9.8E+11\r\nTEL;TYPE=cell:1\r\n") +
+                      card("FN:C\r\nTEL:1\r\nTEL:'2\r\nTEL:'3\r\n")),
+              (Lines{"B: 1", "4: the number 9.8E+11 lost its digits in a spreadsheet",
+                     "16: the number '2 begins with a spreadsheet's mark of text"}));
+}
+
 TEST(VCard, NamesTheLineOfAnotherVersion) {
-    EXPECT_EQ(outcome("BEGIN:VCARD\nVERSION:2.1\nN;ENCODING=QUOTED-PRINTABLE:=41=\n=42\nTEL:1\n"
-                      "END:VCARD\n"
+    EXPECT_EQ(outcome("BEGIN:VCARD\nVERSION:5.0\nTEL:1\nEND:VCARD\n"
                       "BEGIN:VCARD\nFN:A\nTEL:1\nEND:VCARD\n"),
-              (Lines{"2: vCard version 2.1 is not supported, only 3.0 and 4.0 are",
-                     "7: the card has no version"}));
-    EXPECT_EQ(outcome("BEGIN:VCARD\n=42\nVERSION:2.1\nTEL:1\nEND:VCARD\n"),
-              (Lines{"3: vCard version 2.1 is not supported, only 3.0 and 4.0 are"}));
+              (Lines{"2: vCard version 5.0 is not supported, only 2.1, 3.0 and 4.0 are",
+                     "5: the card has no version"}));
+    EXPECT_EQ(outcome("BEGIN:VCARD\n=42\nVERSION:5.0\nTEL:1\nEND:VCARD\n"),
+              (Lines{"3: vCard version 5.0 is not supported, only 2.1, 3.0 and 4.0 are"}));
+}
+
+TEST(VCard, NamesTheLineOfACardWhoseNameIsTooLong) {
+    EXPECT_EQ(outcome(card("TEL:1\r\n") + card("FN:" + std::string(256, 'a') + "\r\nTEL:2\r\n")),
+              (Lines{"1: 1", "5: the name is longer than 255 characters"}));
 }
 
 TEST(VCard, NamesTheLineThatIsNone) {
@@ -100,9 +178,9 @@ TEST(VCard, NamesTheLineThatIsNone) {
                      "9: the line is not one of a vCard", "14: the line is not one of a vCard"}));
 }
 
-TEST(VCard, NamesTheLineThatIsNotInUtf8) {
+TEST(VCard, NamesTheLineWithBytesThatAreNoCharacter) {
     EXPECT_EQ(outcome(card("FN:Ren\xE9\r\nTEL:1\r\n") + card("FN:B\r\nTEL:2\r\n")),
-              (Lines{"B: 2", "3: the line is not in UTF-8"}));
+              (Lines{"B: 2", "3: the line holds bytes that are no character"}));
 }
 
 TEST(VCard, NamesACardWithoutAnEnd) {

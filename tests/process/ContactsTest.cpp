@@ -17,6 +17,16 @@ protected:
         options.insert(options.begin(), {"contacts", "import", name});
         return kvexrules(options);
     }
+    /// Runs "contacts import -" with this text on its standard input.
+    Outcome importedFromInput(const std::string &text) const {
+        writeFile(folder / "input", text);
+        const std::string line = program.string() + " contacts import - < input";
+        return run("/bin/sh", {"-c", line}, environment, folder.path());
+    }
+    /// Adds contacts of user 1, or of nobody, by the client of the database.
+    void addContacts(const std::string &values) const {
+        sqlite3(database, "INSERT INTO SMS_CONTACTS (ID, USER_ID, NAME, MOBILE) VALUES " + values);
+    }
     std::string rows(const std::string &columns = "USER_ID, NAME, MOBILE") const {
         return sqlite3(database, "SELECT " + columns + " FROM SMS_CONTACTS ORDER BY ID");
     }
@@ -70,6 +80,10 @@ TEST_F(Contacts, ThatCannotBeReadAreNamedWithTheirLine) {
 }
 
 TEST_F(Contacts, OfAFileThatHoldsNoneAreNotTaken) {
+    writeFile(folder / "head.csv", "Name,Mobile\n");
+    EXPECT_EQ(failed(2, {"contacts", "import", "head.csv"}),
+              "kvexrules: head.csv holds no contacts that can be read. Its first row names the "
+              "columns, but no row follows.\n");
     writeFile(folder / "none.csv", "Asha,98\n");
     EXPECT_THAT(failed(2, {"contacts", "import", "none.csv"}),
                 AllOf(HasSubstr("none.csv"), HasSubstr("Name,Mobile")));
@@ -84,14 +98,169 @@ TEST_F(Contacts, OfAFileThatHoldsNoneAreNotTaken) {
     EXPECT_EQ(skipped.output, "0 contacts taken, 1 skipped.\n");
 }
 
+TEST_F(Contacts, OfAFileWithoutAnEndOrWithNothingAreNotTaken) {
+    EXPECT_EQ(failed(2, {"contacts", "import", "/dev/zero"}),
+              "kvexrules: /dev/zero is longer than 256 MiB. Name a file of contacts, or take its "
+              "contacts in several files.\n");
+    EXPECT_EQ(failed(2, {"contacts", "import", "/dev/null"}),
+              "kvexrules: /dev/null is empty. Name a file of vCards or CSV.\n");
+    const Outcome binary = kvexrules({"contacts", "import", program.string()});
+    EXPECT_EQ(binary.status, 2);
+    EXPECT_THAT(binary.errors, HasSubstr("It is no text: it holds bytes of value 0."));
+}
+
+TEST_F(Contacts, AreNotTakenIntoATableThatIsNotThere) {
+    sqlite3(database, "DROP TABLE SMS_CONTACTS");
+    EXPECT_EQ(imported("book.vcf", twoCards).status, 2);
+}
+
 TEST_F(Contacts, AreTakenAllOrNone) {
     sqlite3(database, "CREATE TRIGGER refuse BEFORE INSERT ON SMS_CONTACTS WHEN NEW.NAME = 'B' "
                       "BEGIN SELECT RAISE(ABORT, 'no room for B'); END");
     const Outcome outcome = imported("book.csv", "Name,Mobile\nA,1\nB,2\nC,3\n");
-    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.output, "");
     EXPECT_THAT(outcome.errors, HasSubstr("no room for B"));
     EXPECT_EQ(rows("COUNT(*)"), "0\n");
+}
+
+TEST_F(Contacts, AreTakenFromStandardInput) {
+    const Outcome outcome = importedFromInput(twoCards + std::string("FN:A\n"));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.output, "2 contacts taken, 1 skipped.\n");
+    EXPECT_EQ(outcome.errors,
+              "kvexrules: standard input:11: the text belongs to no card; skipped\n");
+    EXPECT_EQ(rows("NAME"), "Asha Rao\nअनिल 🚨\n");
+}
+
+TEST_F(Contacts, AreTakenFromUtf16) {
+    using namespace std::string_literals;
+    EXPECT_EQ(imported("book.csv", "\xFF\xFEN\0a\0m\0e\0;\0T\0e\0l\0\n\0\x05\x09;\0"s
+                                   "9\0\n\0"s)
+                  .output,
+              "1 contact taken, 0 skipped.\n");
+    EXPECT_EQ(rows(), "1|अ|9\n");
+}
+
+TEST_F(Contacts, TellsThatAFileIsTakenAsWindows1252) {
+    const Outcome outcome = imported("book.csv", "Name,Mobile\nRen\xE9,98\n");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.errors, "kvexrules: book.csv is not in UTF-8; it is read as Windows-1252. "
+                              "Look at the names: kvexrules contacts list.\n");
+    EXPECT_EQ(rows(), "1|René|98\n");
+}
+
+TEST_F(Contacts, ThatWereStoredAreToldOfWhereTheReportCannotBeWritten) {
+    writeFile(folder / "book.vcf", twoCards);
+    const Outcome full = kvexrules({"contacts", "import", "book.vcf"}, Output::full);
+    EXPECT_EQ(full.status, 1);
+    EXPECT_EQ(full.errors,
+              "kvexrules: 2 contacts taken, 0 skipped. The output cannot be written (No space left "
+              "on device). Direct it to a terminal, a pipe or a file with room.\n");
+    EXPECT_EQ(rows("COUNT(*)"), "2\n");
+    const Outcome gone = kvexrules({"contacts", "import", "book.vcf"}, Output::withoutReader);
+    EXPECT_EQ(gone.status, 0);
+    EXPECT_EQ(gone.errors, "kvexrules: 0 contacts taken, 2 already there, 0 skipped.\n");
+}
+
+TEST_F(Contacts, AreRemovedByTheirIds) {
+    addContacts("(3, 1, 'A', '1'), (4, NULL, 'B', '2'), (5, 1, 'C', '3')");
+    EXPECT_EQ(done({"contacts", "remove", "4", "3", "4"}), "2 contacts removed.\n");
+    EXPECT_EQ(done({"contacts", "list"}), "5\tC\t3\n");
+    EXPECT_EQ(rows("ID, DELETED"), "3|1\n4|1\n5|0\n");
+    EXPECT_EQ(done({"contacts", "remove", "5"}), "1 contact removed.\n");
+}
+
+TEST_F(Contacts, AreNotRemovedWhereOneIsNotThere) {
+    addContacts("(3, 1, 'A', '1'), (4, 2, 'Another''s', '2')");
+    EXPECT_EQ(failed(1, {"contacts", "remove", "3", "4", "9"}),
+              "kvexrules: There are no contacts 4 and 9, so none was removed. The ids are the "
+              "numbers that kvexrules contacts list shows.\n");
+    EXPECT_EQ(failed(1, {"contacts", "remove", "9"}),
+              "kvexrules: There is no contact 9, so none was removed. The ids are the numbers "
+              "that kvexrules contacts list shows.\n");
+    EXPECT_EQ(rows("ID, DELETED"), "3|0\n4|0\n");
+    EXPECT_EQ(failed(2, {"contacts", "remove", "3", "x"}),
+              "kvexrules: \"x\" is no contact's id. The ids are the numbers that kvexrules "
+              "contacts list shows.\n");
+    sqlite3(database, "CREATE TRIGGER refuse BEFORE UPDATE ON SMS_CONTACTS "
+                      "BEGIN SELECT RAISE(ABORT, 'not now'); END");
+    EXPECT_THAT(failed(1, {"contacts", "remove", "3"}), HasSubstr("not now"));
+    EXPECT_THAT(failed(2, {"contacts", "remove", "3", "--database", "none.db"}),
+                HasSubstr("none.db does not exist"));
+}
+
+TEST_F(Contacts, AreExportedAsVCardsOrCsv) {
+    addContacts("(3, NULL, 'Desk', '1'), (4, 2, 'Another''s', '2'), (5, 1, 'Rao, \"A\"', '98')");
+    const std::string cards = "BEGIN:VCARD\r\nVERSION:4.0\r\nFN:Desk\r\nTEL;TYPE=cell:1\r\n"
+                              "END:VCARD\r\nBEGIN:VCARD\r\nVERSION:4.0\r\nFN:Rao\\, \"A\"\r\n"
+                              "TEL;TYPE=cell:98\r\nEND:VCARD\r\n";
+    const std::string table = "Name,Mobile\r\nDesk,1\r\n\"Rao, \"\"A\"\"\",98\r\n";
+    EXPECT_EQ(done({"contacts", "export"}), cards);
+    EXPECT_EQ(done({"contacts", "export", "-"}), cards);
+    EXPECT_EQ(done({"contacts", "export", "--format", "csv"}), table);
+    EXPECT_EQ(done({"contacts", "export", "book.CSV"}), "2 contacts written.\n");
+    EXPECT_EQ(readFile(folder / "book.CSV"), table);
+    EXPECT_EQ(done({"contacts", "export", "odd.csv", "--format", "vcard"}),
+              "2 contacts written.\n");
+    EXPECT_EQ(readFile(folder / "odd.csv"), cards);
+    EXPECT_EQ(done({"contacts", "export", "--format", "csv", "--user", "2"}),
+              "Name,Mobile\r\nDesk,1\r\nAnother's,2\r\n");
+    EXPECT_EQ(failed(2, {"contacts", "export", "--format", "html"}),
+              "kvexrules: There is no format \"html\". The formats are vcard and csv.\n");
+}
+
+TEST_F(Contacts, AreExportedIntoAFileOfTheOwnersThatIsNotReplacedUnasked) {
+    addContacts("(3, 1, 'A', '1')");
+    EXPECT_EQ(done({"contacts", "export", "book.vcf"}), "1 contact written.\n");
+    const auto permissions = std::filesystem::status(folder / "book.vcf").permissions();
+    EXPECT_EQ(static_cast<int>(permissions), 0600);
+    writeFile(folder / "book.vcf", "mine");
+    EXPECT_EQ(failed(1, {"contacts", "export", "book.vcf"}),
+              "kvexrules: book.vcf exists already and is left as it is. Name another file, or say "
+              "--replace.\n");
+    EXPECT_EQ(readFile(folder / "book.vcf"), "mine");
+    std::filesystem::permissions(folder / "book.vcf", std::filesystem::perms::all);
+    done({"contacts", "export", "book.vcf", "--replace"});
+    EXPECT_THAT(readFile(folder / "book.vcf"), HasSubstr("FN:A\r\n"));
+    EXPECT_EQ(static_cast<int>(std::filesystem::status(folder / "book.vcf").permissions()), 0600);
+    EXPECT_EQ(failed(2, {"contacts", "export", "none/book.vcf"}),
+              "kvexrules: none/book.vcf cannot be written (No such file or directory). Name a file "
+              "in a folder where you may write.\n");
+    std::filesystem::create_directory(folder / "sub");
+    EXPECT_EQ(failed(2, {"contacts", "export", "sub", "--replace"}),
+              "kvexrules: sub cannot be written (Is a directory). Name a file in a folder where "
+              "you may write.\n");
+    std::size_t files = 0;
+    for (const auto &entry : std::filesystem::directory_iterator(folder.path())) {
+        files += entry.path().filename().string().starts_with("sub") ||
+                         entry.path().filename().string().starts_with("book")
+                     ? 1
+                     : 0;
+    }
+    EXPECT_EQ(files, 2U) << "nothing half written stays";
+}
+
+TEST_F(Contacts, ThatWereExportedAreTheSameWhenImported) {
+    addContacts("(1, 1, 'अनिल 🚨', '+91 98-11'), (2, 1, 'O''Neill \"Ace\", \\; Rao', '98,99'), "
+                "(3, 1, 'Line' || char(13, 10) || 'break', '(98) 11'), (4, NULL, '', '77'), "
+                "(5, 1, '" +
+                std::string(90, 'x') + "é', '78')");
+    sqlite3(database, "UPDATE SMS_CONTACTS SET MOBILE = '12' WHERE ID = 2");
+    for (const std::string file : {"book.vcf", "book.csv"}) {
+        done({"contacts", "export", file});
+        EXPECT_EQ(done({"contacts", "import", file, "--user", "1"}),
+                  "1 contact taken, 4 already there, 0 skipped.\n")
+            << "nobody's contact becomes the user's";
+        sqlite3(database, "DELETE FROM SMS_CONTACTS WHERE ID > 5");
+        EXPECT_EQ(done({"contacts", "import", file, "--user", "7"}),
+                  "5 contacts taken, 0 skipped.\n");
+        EXPECT_EQ(sqlite3(database, "SELECT NAME, MOBILE FROM SMS_CONTACTS WHERE USER_ID = 7 "
+                                    "ORDER BY ID"),
+                  "अनिल 🚨|+91 98-11\nO'Neill \"Ace\", \\; Rao|12\nLine break|(98) 11\n77|77\n" +
+                      std::string(90, 'x') + "é|78\n");
+        sqlite3(database, "DELETE FROM SMS_CONTACTS WHERE USER_ID = 7");
+    }
 }
 
 TEST_F(Contacts, AreNotTakenIntoADatabaseThatIsNotThere) {
@@ -116,9 +285,18 @@ TEST_F(Contacts, WantToBeToldWhatToDo) {
                                                   {"contacts", "import"},
                                                   {"contacts", "lst"},
                                                   {"contacts", "list", "all"},
+                                                  {"contacts", "remove"},
+                                                  {"contacts", "export", "a", "b"},
                                                   {"contacts", "import", "a.vcf", "b.vcf"}}) {
         EXPECT_THAT(failed(2, words), HasSubstr("kvexrules contacts import FILE"));
     }
+}
+
+TEST_F(Contacts, TakeOptionsOnlyWhereTheyBelong) {
+    EXPECT_EQ(failed(2, {"contacts", "list", "--format", "csv"}),
+              "kvexrules: --format and --replace belong to kvexrules contacts export.\n");
+    EXPECT_EQ(failed(2, {"contacts", "import", "a.vcf", "--replace"}),
+              "kvexrules: --format and --replace belong to kvexrules contacts export.\n");
 }
 
 TEST_F(Contacts, ComeByTheThousand) {

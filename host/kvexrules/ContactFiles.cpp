@@ -1,0 +1,97 @@
+#include "host/kvexrules/ContactFiles.h"
+
+#include "host/kvexrules/Console.h"
+#include "host/kvexrules/Failure.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <fstream>
+#include <unistd.h>
+#include <vector>
+
+namespace kvex::host {
+namespace {
+
+constexpr std::size_t longest = std::size_t{256} * 1024 * 1024;
+
+std::string contentOf(const std::string &file) {
+    std::ifstream stream(file == "-" ? "/dev/stdin" : file, std::ios::binary);
+    std::string content;
+    std::vector<char> room(std::size_t{64} * 1024);
+    while (stream.good() && content.size() <= longest) {
+        stream.read(room.data(), static_cast<std::streamsize>(room.size()));
+        content.append(room.data(), static_cast<std::size_t>(stream.gcount()));
+    }
+    if (content.size() > longest) {
+        throw Failure(inputName(file) + " is longer than 256 MiB. Name a file of contacts, or "
+                                        "take its contacts in several files.");
+    }
+    if (!stream.eof()) {
+        throw Failure(inputName(file) + " cannot be read. Name a file of vCards or CSV.");
+    }
+    if (content.empty()) {
+        throw Failure(inputName(file) + " is empty. Name a file of vCards or CSV.");
+    }
+    return content;
+}
+
+[[noreturn]] void failToWrite(const std::string &file, int error) {
+    throw Failure(file + " cannot be written (" + std::strerror(error) +
+                  "). Name a file in a folder where you may write.");
+}
+
+/// Writes what `descriptor` refers to and closes it; 0 or the system's error number.
+int writeAndClose(int descriptor, std::string_view text) {
+    int error = writeAll(descriptor, text);
+    if (error == 0 && fsync(descriptor) != 0) {
+        error = errno;
+    }
+    if (close(descriptor) != 0 && error == 0) {
+        error = errno;
+    }
+    return error;
+}
+
+} // namespace
+
+std::string inputName(const std::string &file) {
+    return file == "-" ? "standard input" : file;
+}
+
+ContactFile readContactsFrom(const std::string &file) {
+    const std::string ending = lowerCase(std::filesystem::path(file).extension().string());
+    try {
+        return readContactFile(contentOf(file), ending == ".vcf" || ending == ".vcard");
+    } catch (const std::invalid_argument &error) {
+        throw Failure(inputName(file) + " holds no contacts that can be read. " + error.what());
+    }
+}
+
+void writeOwnersFile(const std::string &file, std::string_view text, bool replaces) {
+    constexpr int owners = 0600;
+    std::string made = replaces ? file + ".XXXXXX" : file;
+    const int descriptor =
+        replaces ? mkostemp(made.data(), O_CLOEXEC)
+                 : open(made.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, owners); // NOLINT
+    if (descriptor < 0 && errno == EEXIST) {
+        throw Failure(file + " exists already and is left as it is. Name another file, or say "
+                             "--replace.",
+                      exit_status::refused);
+    }
+    if (descriptor < 0) {
+        failToWrite(file, errno);
+    }
+    int error = writeAndClose(descriptor, text);
+    if (error == 0 && replaces && std::rename(made.c_str(), file.c_str()) != 0) {
+        error = errno;
+    }
+    if (error != 0) {
+        unlink(made.c_str());
+        failToWrite(file, error);
+    }
+}
+
+} // namespace kvex::host

@@ -1,0 +1,86 @@
+#include "host/addressbook/NumberCell.h"
+
+#include "platform/Text.h"
+
+#include <gtest/gtest.h>
+
+namespace kvex::host {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+/// The numbers, or else the fault.
+Texts outcome(std::string_view text) {
+    const NumberCell cell = readNumberCell(text);
+    Texts result;
+    for (const std::u16string &number : cell.numbers) {
+        result.push_back(toUtf8(number));
+    }
+    if (!cell.fault.empty()) {
+        result.push_back("! " + cell.fault);
+    }
+    return result;
+}
+
+TEST(NumberCell, TakesOneNumberAsItIsWritten) {
+    EXPECT_EQ(outcome(" +91 (98111) 000-11 "), (Texts{"+91 (98111) 000-11"}));
+    EXPECT_EQ(outcome("0171/123.456"), (Texts{"0171/123.456"}));
+    EXPECT_EQ(outcome("12"), (Texts{"12"}));
+}
+
+TEST(NumberCell, TakesNoNumberWithoutADigit) {
+    for (const char *text : {"", "  ", "none", ":::", ";,|\n", "'", "none | also none", "="}) {
+        EXPECT_EQ(outcome(text), Texts()) << text;
+    }
+}
+
+TEST(NumberCell, SplitsAtWhatSeparatesNumbers) {
+    for (const char *text : {"98111 ::: 98112", "98111:::98112", "98111;98112", "98111, 98112",
+                             "98111|98112", "98111\n98112", "98111\r\n98112", "98111\r98112",
+                             ";98111;;98112;", " ::: 98111 | 98112"}) {
+        EXPECT_EQ(outcome(text), (Texts{"98111", "98112"})) << text;
+    }
+    EXPECT_EQ(outcome("12|34\n56 ::: 78"), (Texts{"12", "34", "56", "78"}));
+    EXPECT_EQ(outcome("12;"), (Texts{"12"}));
+}
+
+TEST(NumberCell, RefusesWhatMayBeAPauseOrThousands) {
+    EXPECT_EQ(outcome("9,811,100,011"),
+              (Texts{"! what \",\" and \";\" separate in 9,811,100,011 is not a number each"}));
+    EXPECT_EQ(outcome("98111;1234"),
+              (Texts{"! what \",\" and \";\" separate in 98111;1234 is not a number each"}));
+    EXPECT_EQ(outcome("98111,none"),
+              (Texts{"! what \",\" and \";\" separate in 98111,none is not a number each"}));
+}
+
+TEST(NumberCell, RefusesANumberThatASpreadsheetRounded) {
+    for (const std::string text : {"9,81111E+11", "9.81111E+11", "9e11", "+9.8E11", "-98,E-1"}) {
+        EXPECT_EQ(outcome(text),
+                  (Texts{"! the number " + text + " lost its digits in a spreadsheet"}));
+    }
+    EXPECT_EQ(outcome("98111 ::: 9,8E+11"),
+              (Texts{"! the number 9,8E+11 lost its digits in a spreadsheet"}));
+    EXPECT_EQ(outcome("98111;9E+11111"),
+              (Texts{"! the number 9E+11111 lost its digits in a spreadsheet"}));
+}
+
+TEST(NumberCell, TakesLettersThatAreNoExponent) {
+    for (const char *text : {"9E", "E9", "9.8", "9 E 11", "9E11a", "98 ext 5", "9E+"}) {
+        EXPECT_EQ(outcome(text), (Texts{text}));
+    }
+}
+
+TEST(NumberCell, RefusesASpreadsheetsMarkOfText) {
+    EXPECT_EQ(outcome("'98111"),
+              (Texts{"! the number '98111 begins with a spreadsheet's mark of text"}));
+    EXPECT_EQ(outcome(" ’98111"),
+              (Texts{"! the number ’98111 begins with a spreadsheet's mark of text"}));
+    EXPECT_EQ(outcome("=\"98111\""),
+              (Texts{"! the number =\"98111\" begins with a spreadsheet's mark of text"}));
+    EXPECT_EQ(outcome("98111;'98112"),
+              (Texts{"! the number '98112 begins with a spreadsheet's mark of text"}));
+    EXPECT_EQ(outcome("98'111"), (Texts{"98'111"}));
+}
+
+} // namespace
+} // namespace kvex::host
