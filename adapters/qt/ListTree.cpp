@@ -75,7 +75,7 @@ QSize ListTree::sizeHint() const {
 
 QSize ListTree::minimumSizeHint() const {
     // What is cut then is shown whole as its tool tip.
-    constexpr int enough = 32;
+    constexpr int enough = 20;
     return roomFor(std::min(columns_, enough), 0);
 }
 
