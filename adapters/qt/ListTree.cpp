@@ -70,20 +70,22 @@ QRect ListTree::tickRect(const QModelIndex &row) const {
 }
 
 QSize ListTree::sizeHint() const {
-    return roomFor(lines_);
+    return roomFor(columns_, lines_);
 }
 
 QSize ListTree::minimumSizeHint() const {
-    return roomFor(0);
+    // What is cut then is shown whole as its tool tip.
+    constexpr int enough = 20;
+    return roomFor(std::min(columns_, enough), 0);
 }
 
-QSize ListTree::roomFor(int lines) const {
+QSize ListTree::roomFor(int columns, int lines) const {
     // With less a row can neither be read nor clicked.
     constexpr int leastColumns = 12;
     constexpr int leastLines = 3;
     const int headerHeight = isHeaderHidden() ? 0 : header()->sizeHint().height();
     const int bar = verticalScrollBar()->sizeHint().width();
-    return {widthOf(std::max(columns_, leastColumns), *this) + 2 * frameWidth() + bar,
+    return {widthOf(std::max(columns, leastColumns), *this) + 2 * frameWidth() + bar,
             std::max(lines, leastLines) * RowDelegate::heightOf(fontMetrics()) + headerHeight +
                 2 * frameWidth()};
 }

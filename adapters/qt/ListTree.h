@@ -53,7 +53,7 @@ private:
         int ticked = -1;
     };
 
-    [[nodiscard]] QSize roomFor(int lines) const;
+    [[nodiscard]] QSize roomFor(int columns, int lines) const;
     [[nodiscard]] bool isOnRow(const QMouseEvent &event) const;
     [[nodiscard]] bool enterByKey(int key);
     void tellDeeds();

@@ -60,6 +60,8 @@ int ReadableStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
     case PM_ExclusiveIndicatorWidth:
     case PM_ExclusiveIndicatorHeight:
         return std::max(usual, lineHeight(widget) * 2 / 3);
+    case PM_SmallIconSize:
+        return std::max(usual, lineHeight(widget));
     default:
         return usual;
     }

@@ -1,6 +1,6 @@
 // The style of an application that the toolkit makes itself: Qt's own, with the little that it
-// lacks. Boxes to tick can be made out on dark themes and grow with the font, lists and text views
-// show that they have the focus, and buttons keep room around their captions.
+// lacks. Boxes to tick can be made out on dark themes. They and small pictures grow with the font.
+// Lists and text views show that they have the focus, and buttons keep room around their captions.
 #pragma once
 
 #include <QProxyStyle>

@@ -38,7 +38,7 @@ WindowDesign frmRulePeopleDesign() {
                      {u"cmdAdd", u"cmdAddressBook", u"cmdRemove", u"cmdClear", u"cmdOptions"})},
                 1),
         }),
-        .columns = 68,
+        .columns = 74,
         .lines = 24,
     };
 }

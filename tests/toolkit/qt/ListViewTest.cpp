@@ -6,6 +6,7 @@
 
 #include <QHeaderView>
 #include <QSignalSpy>
+#include <QStyle>
 #include <QTest>
 
 namespace kvex::test {
@@ -126,6 +127,21 @@ TEST_F(QtListViewTest, APictureStandsInTheColumnsHeader) {
         view().setColumnIcon(1, 0);
         EXPECT_FALSE(picture().isValid());
     });
+}
+
+TEST_F(QtListViewTest, ThePictureInTheHeaderGrowsWithTheFont) {
+    const auto sizeIn = [&](int points) {
+        const Theme theme(QApplication::palette(), points);
+        const auto other = window({{.kind = ControlKind::listView, .name = u"lvw"}});
+        int size = 0;
+        show(*other, [&](QtUser &user) {
+            const QHeaderView &header = *tree(user).header();
+            size = header.style()->pixelMetric(QStyle::PM_SmallIconSize);
+            EXPECT_GE(size, header.fontMetrics().height());
+        });
+        return size;
+    };
+    EXPECT_GT(sizeIn(16), sizeIn(9));
 }
 
 TEST_F(QtListViewTest, AnEmptyListSaysWhatBelongsThereUntilItHasARow) {
