@@ -80,6 +80,16 @@ TEST(DescriptionFormat, OfAPageIsOneElementForEachRule) {
               "Then Delete it </pre>\n");
 }
 
+TEST(DescriptionFormat, OfAPageHasAnyColour) {
+    EXPECT_EQ(shown("html", {{u"a", 0x030201}, {u"", 0x030201}}),
+              "<pre id=\"rule-7\"><span style=\"color:#010203\">a</span></pre>\n");
+}
+
+TEST(DescriptionFormat, OfAPageBreaksLinesWithinAColour) {
+    EXPECT_EQ(shown("html", {{u"a\r\nb", red}}),
+              "<pre id=\"rule-7\"><span style=\"color:#ff0000\">a\nb</span></pre>\n");
+}
+
 TEST(DescriptionFormat, OfAPageEscapesMarkup) {
     EXPECT_EQ(shown("html", {{u"<b> & \"c\" ]]>\x0001", blue}}),
               "<pre id=\"rule-7\"><span style=\"color:#0000ff\">&lt;b&gt; &amp; \"c\" "

@@ -36,6 +36,24 @@ TEST(Passwords, AreNotSeenInOtherNames) {
     }
 }
 
+TEST(Passwords, BelongToAWholeName) {
+    for (const char16_t part : std::u16string(u"azAZ09_")) {
+        EXPECT_EQ(withoutPasswords(part + std::u16string(u"pwd=x")),
+                  part + std::u16string(u"pwd=x"));
+    }
+    for (const char16_t other : std::u16string(u"`{@[/:^ ;é")) {
+        EXPECT_EQ(withoutPasswords(other + std::u16string(u"pwd=x")),
+                  other + std::u16string(u"pwd=***"));
+    }
+}
+
+TEST(Passwords, MayHaveBlanksAroundTheSign) {
+    EXPECT_EQ(withoutPasswords(u"PWD \t=\t {a;b} ;x"), u"PWD \t=\t *** ;x");
+    EXPECT_EQ(withoutPasswords(u"PWD \n=x"), u"PWD \n=x");
+    EXPECT_EQ(withoutPasswords(u"PWD ="), u"PWD =***");
+    EXPECT_EQ(withoutPasswords(u"PWD "), u"PWD ");
+}
+
 TEST(Passwords, ThatAreEmptyStayUnknown) {
     EXPECT_EQ(withoutPasswords(u"PWD=;DSN=sms"), u"PWD=***;DSN=sms");
     EXPECT_EQ(withoutPasswords(u"PWD="), u"PWD=***");
