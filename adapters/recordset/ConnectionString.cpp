@@ -35,9 +35,9 @@ public:
     }
 
     std::u16string_view key() {
-        const std::size_t end = text_.find_first_of(u"=;", at_);
+        const std::size_t end = std::min(text_.find_first_of(u"=;", at_), text_.size());
         const std::u16string_view key = trimmed(text_.substr(at_, end - at_));
-        if (end == std::u16string_view::npos || text_[end] != u'=' || key.empty()) {
+        if (!text_.substr(end).starts_with(u'=') || key.empty()) {
             fail(u"KEY=VALUE is expected there");
         }
         at_ = end + 1;

@@ -2,6 +2,8 @@
 #include "tests/support/ComponentTest.h"
 #include "tests/support/RecordingPlatform.h"
 
+#include <algorithm>
+
 namespace kvex::test {
 namespace {
 

@@ -69,7 +69,7 @@ TEST(ConnectionString, AKeywordMakesAPairOfATextWithoutSemicolons) {
     // The neighbours of the characters that a keyword is made of.
     for (const std::u16string_view path :
          {u"a/b=c", u"a:=c", u"@=c", u"[=c", u"`=c", u"{=c", u"\u00E4=c", u"!=c", u"^=c", u",=c",
-          u".=c", u"=c", u"", u" "}) {
+          u".=c", u"=c", u" =c", u"", u" "}) {
         EXPECT_TRUE(ConnectionString(path).isPath());
     }
 }

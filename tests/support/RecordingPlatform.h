@@ -5,8 +5,9 @@
 #include "platform/Platform.h"
 #include "platform/Text.h"
 
-#include <algorithm>
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kvex::test {

@@ -121,10 +121,13 @@ TEST_F(ReplyDialog, TickingASecondAccountUnticksTheFirst) {
         user.tickRow(accounts, 2);
         EXPECT_EQ(ticked(user), Rows{2});
         EXPECT_EQ(user.get<ListView>(accounts).selectedRow(), 2);
+        user.tickRow(accounts, user.get<ListView>(accounts).rowCount());
+        user.tickRow(accounts, 1);
+        EXPECT_EQ(ticked(user), Rows{1});
         typeInto(user, text, u"Hi");
         confirm(user);
     });
-    EXPECT_EQ(ruleState().strReplyAccount, u"5");
+    EXPECT_EQ(ruleState().strReplyAccount, u"2");
 }
 
 TEST_F(ReplyDialog, AnAccountTickedTwiceIsUntickedAndKeepsItsSelection) {

@@ -400,10 +400,21 @@ TEST_F(RuleEditor, TheDialogButtonsOfOtherRowsOnlyDescribeTheRule) {
     });
 }
 
+TEST_F(RuleEditor, UntickingAStoredDeleteItLeavesTheLastActionUnticked) {
+    const auto id = database.addRule("A", "<ALLMESSAGES>", "<DELETE>YES</DELETE>");
+    playRule(id, [](User &user) {
+        user.tickRow(actions, 4);
+        EXPECT_EQ(ticked(user, actions), Rows());
+        EXPECT_EQ(greyed(user, actions), Rows());
+        EXPECT_EQ(ruleState().varDelete, u"NO");
+        user.press(Key::escape);
+    });
+}
+
 TEST_F(RuleEditor, BeginsOnTheFirstRowsWhateverIsTicked) {
     for (const char *query : {fullQuery, "<ALLMESSAGES>"}) {
         closeSession();
-        playRule(database.addRule(query, query, fullAction), [](User &user) {
+        playRule(database.addRule(query, query, "<DIST>3</DIST>"), [](User &user) {
             for (const auto *list : {conditions, actions}) {
                 EXPECT_EQ(user.get<ListView>(list).selectedRow(), 1);
             }

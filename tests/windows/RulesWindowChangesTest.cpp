@@ -179,6 +179,20 @@ TEST_P(RulesWindow, RemovingTheLastOfSeveralRulesIsLoggedAndSelectsNone) {
     expectLog({u"Sub: cmdRemove_Click, Module: frmRules"});
 }
 
+TEST_P(RulesWindow, RemovingTheFirstOfTwoRulesLoadsTheOther) {
+    database.addRule("A", "<ALLMESSAGES>", "", 1);
+    database.addRule("B", "<ALLMESSAGES>", "", 2, 0);
+    playRules([this](User &user) {
+        user.clickRow(u"lvwRules", 1);
+        utility.answers = {6};
+        user.click(u"cmdRemove");
+        EXPECT_EQ(ruleState().strRuleName, u"B");
+        EXPECT_EQ(description(user), disabledForAll);
+        user.click(u"cmdCancel");
+    });
+    expectMessages({removeQuestion});
+}
+
 TEST_P(RulesWindow, RemovingTheOnlyRuleClearsTheDescription) {
     const auto removed = database.addRule("A");
     playRules([this](User &user) {

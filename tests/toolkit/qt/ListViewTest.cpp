@@ -270,6 +270,37 @@ TEST_F(QtListViewTest, AShiftedClickSelectsARangeWhoseLastRowIsCurrent) {
     });
 }
 
+TEST_F(QtListViewTest, TakingTheSelectionFromItsRowIsTold) {
+    int clicks = 0;
+    int deselections = 0;
+    view().onItemClick = [&](int) { ++clicks; };
+    view().onDeselect = [&] { ++deselections; };
+    show(*shown, [&](QtUser &user) {
+        const auto clickAt = [&](const QPoint &inViewport, Qt::KeyboardModifier modifier) {
+            QTest::mouseClick(tree(user).window()->windowHandle(), Qt::LeftButton, modifier,
+                              tree(user).viewport()->mapTo(tree(user).window(), inViewport));
+        };
+        const QPoint row = tree(user).visualRect(tree(user).model()->index(1, 0)).center();
+        const QPoint beside(row.x(), tree(user).viewport()->height() - 2);
+        ASSERT_FALSE(tree(user).indexAt(beside).isValid());
+        clickAt(row, Qt::NoModifier);
+        EXPECT_EQ(deselections, 0);
+        clickAt(row, Qt::ControlModifier);
+        EXPECT_EQ(view().selectedRow(), 0);
+        EXPECT_EQ(deselections, 1);
+        clickAt(row, Qt::NoModifier);
+        clickAt(beside, Qt::NoModifier);
+        EXPECT_EQ(view().selectedRow(), 0);
+        EXPECT_EQ(deselections, 2);
+        clickAt(beside, Qt::NoModifier);
+        EXPECT_EQ(deselections, 2);
+        view().select(1);
+        view().deselect(1);
+        EXPECT_EQ(deselections, 2);
+    });
+    EXPECT_EQ(clicks, 2);
+}
+
 TEST_F(QtListViewTest, AHandlerMayRefillTheListThatItBelongsTo) {
     const auto refill = [&] {
         view().clearRows();
