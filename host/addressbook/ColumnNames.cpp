@@ -193,7 +193,7 @@ std::u16string plainHeading(std::string_view heading) {
 }
 
 ColumnKind columnKind(std::u16string_view plainHeading) {
-    if (plainHeading.size() > 1 && plainHeading.back() >= u'1' && plainHeading.back() <= u'9') {
+    if (!plainHeading.empty() && plainHeading.back() >= u'1' && plainHeading.back() <= u'9') {
         plainHeading.remove_suffix(1);
     }
     const auto *const found = std::ranges::find_if(kinds, [&](const Kind &kind) {

@@ -112,6 +112,10 @@ TEST(ContactTable, KnowsTheHeadingsOfOtherLanguages) {
     EXPECT_EQ(outcome("Name,Vorname,Nachname,Handy\nAsha Rao,A,R,98\n"), (Lines{"Asha Rao: 98"}));
 }
 
+TEST(ContactTable, TakesNameForTheWholeNameBesideAFirstName) {
+    EXPECT_EQ(outcome("Name,First Name,Mobile\nAsha Rao,Asha,98\n"), (Lines{"Asha Rao: 98"}));
+}
+
 TEST(ContactTable, TellsAHeaderAlone) {
     for (const char *text : {"Name,Mobile", "Name,Mobile\n\n \n", "sep=,\nName,Mobile\n"}) {
         try {
