@@ -33,7 +33,7 @@ std::string decoded(std::string_view text) {
         const std::string_view digits = text.substr(i + 1, 2);
         const auto [end, error] =
             std::from_chars(digits.data(), digits.data() + digits.size(), byte, 16);
-        if (text[i] == '%' && digits.size() == 2 && end == digits.data() + 2) {
+        if (text[i] == '%' && end == digits.data() + 2) {
             result += static_cast<char>(byte);
             i += 2;
         } else {

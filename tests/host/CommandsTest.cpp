@@ -152,6 +152,27 @@ TEST_F(Commands, InitMakesTablesOnce) {
               "--database. The database was named by $KVEX_DATABASE.");
 }
 
+TEST_F(Commands, InitNamesTheFileOfAConnectionString) {
+    const std::string text = "Provider=SQLite;Data Source=" + file.string();
+    EXPECT_EQ(done({"init", "--database", text.c_str()}), "ready: " + file.string() + "\n");
+}
+
+TEST_F(Commands, ShowKeepsEveryByteInAPipe) {
+    done({"init", "--sample"});
+    run(u"UPDATE SMS_USERS SET NAME = 'a' || char(27) WHERE ID = 1");
+    EXPECT_THAT(done({"show", "7"}), EndsWith("to a\x1b\n"));
+}
+
+TEST_F(Commands, EditRefusesALogThatCannotBeWritten) {
+    done({"init"});
+    environment.set("QT_QPA_PLATFORM", "offscreen");
+    writeFile(folder / "file", "");
+    const std::string log = (folder / "file/a.log").string();
+    EXPECT_EQ(failed(2, {"edit", "--database", "Provider=Paper", "--log", log.c_str()}),
+              "The log " + log +
+                  " cannot be written (Not a directory). Choose another with --log.");
+}
+
 TEST_F(Commands, InitFillsTablesOnce) {
     EXPECT_EQ(done({"init", "--sample"}), "ready: " + file.string() + "\n");
     EXPECT_EQ(failed(1, {"init", "--sample"}),

@@ -64,6 +64,12 @@ TEST(DescriptionFormat, OfATerminalColoursEachLineOfAValue) {
     EXPECT_EQ(shown("ansi", {{u"a\r\n\r\nb", blue}}), "\033[34ma\033[0m\n\n\033[34mb\033[0m\n");
 }
 
+TEST(DescriptionFormat, OfATerminalSeparatesRulesByABlankLine) {
+    EXPECT_EQ(format("ansi").opening, "");
+    EXPECT_EQ(format("ansi").between, "\n");
+    EXPECT_EQ(format("ansi").closing, "");
+}
+
 TEST(DescriptionFormat, OfATerminalHasAnyColour) {
     EXPECT_EQ(shown("ansi", {{u"a", 0x030201}}), "\033[38;2;1;2;3ma\033[0m\n");
 }
@@ -100,6 +106,7 @@ TEST(DescriptionFormat, OfAPageClosesWhatItOpens) {
     EXPECT_THAT(format("html").opening, testing::StartsWith("<!DOCTYPE html>\n<html "));
     EXPECT_THAT(format("html").opening, testing::EndsWith("<body>\n"));
     EXPECT_EQ(format("html").closing, "</body>\n</html>\n");
+    EXPECT_EQ(format("html").between, "");
 }
 
 } // namespace
