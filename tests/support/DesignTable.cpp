@@ -40,8 +40,8 @@ const char *kindOf(const ControlDesign &control) {
 
 const char *pictureName(Picture picture) {
     switch (picture) {
-    case Picture::sortAscending:
-        return "sortAscending";
+    case Picture::inOrder:
+        return "inOrder";
     case Picture::account:
         return "account";
     case Picture::person:
@@ -77,6 +77,7 @@ std::string rowOf(const ControlDesign &control) {
     flag(control.multiSelect, "many");
     flag(!control.columnHeaders, "noHeaders");
     text("greyed=", control.greyedRowHint);
+    text("empty=", control.emptyText);
     text("images=", control.imageList);
     number("picture=", control.rowPicture);
     for (const Picture picture : control.pictures) {

@@ -14,7 +14,7 @@ TEST(RuleDesigns, TheRulesWindow) {
                      R"(label Label1 "These rules will be applied to incoming short messages")"
                      R"( for="lvwRules")",
                      R"(list lvwRules checkBoxes images="ImgListView")",
-                     R"(images ImgListView sortAscending)",
+                     R"(images ImgListView inOrder)",
                      R"(button cmdNew "&New")",
                      R"(button cmdModify "&Modify")",
                      R"(button cmdCopy "C&opy" hidden)",
