@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/controls/ListRows.h"
+#include "adapters/controls/ListSearch.h"
 #include "adapters/headless/HeadlessControl.h"
 
 namespace kvex::headless {
@@ -16,10 +17,19 @@ public:
     void doubleClickRow(int row);
     /// The list has check boxes.
     void tickRow(int row);
+    /// On the area without rows, which deselects all.
+    void clickBesideRows();
     bool press(Key key) override;
+    bool type(std::u16string_view character) override;
+    void enteredByTab() override;
+    void focusLost() override { search_.end(); }
 
 private:
-    void moveTo(int row);
+    void pick(int row);
+    void walkTo(int row);
+
+    /// No clock ends it: what the user does else does.
+    controls::ListSearch search_{*this};
 };
 
 } // namespace kvex::headless

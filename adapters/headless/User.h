@@ -29,6 +29,8 @@ public:
     void click(std::u16string_view control);
     void clickRow(std::u16string_view list, int row);
     void doubleClickRow(std::u16string_view list, int row);
+    /// On the area of the list that no row covers.
+    void doubleClickBesideRows(std::u16string_view list);
     /// Clicks the row's check box, which toggles it.
     void tickRow(std::u16string_view list, int row);
     void closeByFrame();

@@ -1,11 +1,11 @@
 #include "adapters/qt/LineEdit.h"
 
 #include "adapters/qt/Room.h"
+#include "adapters/qt/TypedKey.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
-#include <QKeyEvent>
 #include <QMenu>
 
 #include <limits>
@@ -19,15 +19,6 @@ constexpr int backspace = 8;
 constexpr int paste = 22;
 constexpr int cut = 24;
 } // namespace code
-
-/// Whether the key event types its text, rather than commanding something.
-bool isTyping(const QKeyEvent &event) {
-    const auto held = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
-    const bool commands = held == Qt::ControlModifier || held == Qt::AltModifier;
-    const bool isControl =
-        event.text().isEmpty() || event.text().front().category() == QChar::Other_Control;
-    return !isControl && !commands;
-}
 
 } // namespace
 

@@ -30,6 +30,7 @@ WindowDesign addressBookDesign(bool multiple) {
                 {.kind = ControlKind::listView,
                  .name = u"lvwContacts",
                  .checkBoxes = multiple,
+                 .startsAtFirstRow = multiple,
                  .columns = 48,
                  .lines = 14},
                 manyButton(u"cmdTickAll", u"&Tick All Shown", u"There is nothing left to tick",

@@ -58,6 +58,8 @@ struct ControlDesign {
     bool checkBoxes = false;
     bool multiSelect = false;
     bool columnHeaders = true;
+    /// listView: where no row is selected, Tab into the list selects the first, as a key does.
+    bool startsAtFirstRow = false;
     /// listView: what a greyed row says of itself.
     std::u16string greyedRowHint = {};
     /// listView: the image list whose pictures its columns and rows use; the picture (from 1)
