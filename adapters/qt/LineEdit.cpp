@@ -7,6 +7,8 @@
 #include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QMenu>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
 
 #include <limits>
 
@@ -28,6 +30,22 @@ LineEdit::LineEdit(QWidget *parent, int limit, int columns)
     setMaxLength(std::numeric_limits<int>::max());
     // A drop would bring text that the filter of pasting never sees.
     setAcceptDrops(false);
+    connect(this, &QLineEdit::textChanged, this, &LineEdit::keepLimit);
+}
+
+void LineEdit::showText(const QString &text) {
+    const QScopedValueRollback bound(isBound_, true);
+    setText(text);
+}
+
+/// Assistive technology sets texts of any length.
+void LineEdit::keepLimit() {
+    if (isBound_ || text().size() <= limit_) {
+        return;
+    }
+    const QSignalBlocker onlyOnce(this);
+    const bool isInPair = text().at(limit_ - 1).isHighSurrogate();
+    setText(text().left(isInPair ? limit_ - 1 : limit_));
 }
 
 QSize LineEdit::sizeHint() const {
@@ -44,6 +62,7 @@ QSize LineEdit::minimumSizeHint() const {
 }
 
 void LineEdit::keyPressEvent(QKeyEvent *event) {
+    const QScopedValueRollback bound(isBound_, true);
     if (event->matches(QKeySequence::Cut)) {
         cutIfPassed();
     } else if (event->matches(QKeySequence::Copy)) {
@@ -58,6 +77,7 @@ void LineEdit::keyPressEvent(QKeyEvent *event) {
 }
 
 void LineEdit::inputMethodEvent(QInputMethodEvent *event) {
+    const QScopedValueRollback bound(isBound_, true);
     QInputMethodEvent kept(event->preeditString(), event->attributes());
     kept.setCommitString(fitting(passed(event->commitString())), event->replacementStart(),
                          event->replacementLength());
@@ -66,6 +86,7 @@ void LineEdit::inputMethodEvent(QInputMethodEvent *event) {
 
 /// The usual menu, whose clipboard commands ask, too.
 void LineEdit::contextMenuEvent(QContextMenuEvent *event) {
+    const QScopedValueRollback bound(isBound_, true);
     QMenu menu(this);
     const auto add = [this, &menu](const char *text, QKeySequence::StandardKey key, auto command,
                                    bool enabled) {
@@ -86,6 +107,7 @@ void LineEdit::contextMenuEvent(QContextMenuEvent *event) {
 
 /// The middle button inserts the selection of another window: as if it were typed.
 void LineEdit::mouseReleaseEvent(QMouseEvent *event) {
+    const QScopedValueRollback bound(isBound_, true);
     const QClipboard &clipboard = *QGuiApplication::clipboard();
     if (event->button() != Qt::MiddleButton || isReadOnly() || !clipboard.supportsSelection()) {
         QLineEdit::mouseReleaseEvent(event);

@@ -46,7 +46,7 @@ struct ControlDesign {
     /// commandButton: pressed by Enter; by Esc.
     bool isDefault = false;
     bool isCancel = false;
-    /// textBox: UTF-16 units that typing and pasting may reach; 0 for no limit.
+    /// textBox: UTF-16 units that the user may reach, by whatever means; 0 for no limit.
     int maxLength = 0;
     /// textBox and richTextBox: can be read, selected and copied, not changed.
     bool readOnly = false;
