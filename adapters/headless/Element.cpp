@@ -26,7 +26,7 @@ void Element::takeFocus() {
     if (window_ == nullptr || !isUsable() || !takesFocus()) {
         throw Error(error_number::invalidCall);
     }
-    window_->setFocus(*this);
+    window_->setFocus(this);
 }
 
 std::u16string Element::where() const {

@@ -46,6 +46,9 @@ public:
     virtual bool press(Key) { return false; }
     /// A character, which can be a surrogate pair. False when it takes none.
     virtual bool type(std::u16string_view) { return false; }
+    /// The focus came by Tab, or left.
+    virtual void enteredByTab() {}
+    virtual void focusLost() {}
 
 protected:
     [[nodiscard]] HeadlessWindow *window() const { return window_; }

@@ -8,6 +8,7 @@
 namespace kvex::headless {
 
 void HeadlessListView::clickBesideRows() {
+    search_.end();
     if (selectedRow() > 0) {
         selectOnly(0);
         deliver(onDeselect);
@@ -15,8 +16,8 @@ void HeadlessListView::clickBesideRows() {
 }
 
 void HeadlessListView::clickRow(int row) {
-    selectOnly(row);
-    deliver(onItemClick, row);
+    search_.end();
+    pick(row);
 }
 
 void HeadlessListView::doubleClickRow(int row) {
@@ -27,11 +28,24 @@ void HeadlessListView::doubleClickRow(int row) {
 }
 
 void HeadlessListView::tickRow(int row) {
+    search_.end();
     setChecked(row, !checked(row));
     deliver(onItemCheck, row);
 }
 
+bool HeadlessListView::type(std::u16string_view character) {
+    if (character == u" " && !search_.isRunning()) {
+        return false;
+    }
+    walkTo(search_.rowAfter(character));
+    return true;
+}
+
 bool HeadlessListView::press(Key key) {
+    if (key == Key::space && search_.isRunning()) {
+        return type(u" ");
+    }
+    search_.end();
     const int current = selectedRow();
     switch (key) {
     case Key::space:
@@ -40,25 +54,37 @@ bool HeadlessListView::press(Key key) {
         }
         return true;
     case Key::up:
-        moveTo(std::max(current - 1, 1));
+        walkTo(std::max(current - 1, 1));
         return true;
     case Key::down:
-        moveTo(std::min(current + 1, rowCount()));
+        walkTo(std::min(current + 1, rowCount()));
         return true;
     case Key::home:
-        moveTo(1);
+        walkTo(1);
         return true;
     case Key::end:
-        moveTo(rowCount());
+        walkTo(rowCount());
         return true;
     default:
         return false;
     }
 }
 
-void HeadlessListView::moveTo(int row) {
-    if (rowCount() > 0 && row != selectedRow()) {
-        clickRow(row);
+void HeadlessListView::enteredByTab() {
+    if (design().startsAtFirstRow && selectedRow() == 0) {
+        walkTo(1);
+    }
+}
+
+void HeadlessListView::pick(int row) {
+    selectOnly(row);
+    deliver(onItemClick, row);
+}
+
+/// By keys; a row that is not there, or selected already, is none to go to.
+void HeadlessListView::walkTo(int row) {
+    if (row >= 1 && row <= rowCount() && row != selectedRow()) {
+        pick(row);
     }
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/controls/ListRows.h"
+#include "adapters/controls/ListSearch.h"
 #include "adapters/headless/HeadlessControl.h"
 
 namespace kvex::headless {
@@ -11,7 +12,7 @@ public:
     HeadlessListView(HeadlessWindow *window, const ControlDesign &design)
         : HeadlessControl(window, design, design.multiSelect) {}
 
-    /// Takes the selection from every row.
+    /// On the area without rows, which deselects all.
     void clickBesideRows();
     /// `row` is one of the rows.
     void clickRow(int row);
@@ -19,9 +20,16 @@ public:
     /// The list has check boxes.
     void tickRow(int row);
     bool press(Key key) override;
+    bool type(std::u16string_view character) override;
+    void enteredByTab() override;
+    void focusLost() override { search_.end(); }
 
 private:
-    void moveTo(int row);
+    void pick(int row);
+    void walkTo(int row);
+
+    /// No clock ends it: what the user does else does.
+    controls::ListSearch search_{*this};
 };
 
 } // namespace kvex::headless

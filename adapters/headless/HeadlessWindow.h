@@ -35,9 +35,10 @@ public:
 
     /// Null when none has it.
     [[nodiscard]] Element *focus() const { return focus_; }
-    void setFocus(Element &element) { focus_ = &element; }
-    /// To be called when an element may have become unusable: an unusable one passes the focus on
-    /// to the next in tab order.
+    void setFocus(Element *element);
+    /// To be called when an element may have become unusable: an unusable one passes the focus
+    /// back to the one that had it before or, when that cannot take it, on to the next in tab
+    /// order.
     void passFocusOn();
     [[nodiscard]] std::vector<Element *> tabStops() const;
     /// To the focus, else to the window: Tab moves the focus, Enter and Esc press their buttons.
@@ -60,6 +61,8 @@ private:
     std::u16string caption_;
     std::vector<std::unique_ptr<Element>> elements_;
     Element *focus_ = nullptr;
+    /// Had the focus before.
+    Element *previousFocus_ = nullptr;
     State state_ = State::fresh;
     bool showCalled_ = false;
 };

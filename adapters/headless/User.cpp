@@ -81,6 +81,13 @@ void User::doubleClickRow(std::u16string_view list, int row) {
     onRow(list, row, [row](HeadlessListView &view) { view.doubleClickRow(row); });
 }
 
+void User::doubleClickBesideRows(std::u16string_view list) {
+    if (auto *view = usable<HeadlessListView>(list)) {
+        view->takeFocus();
+        view->clickBesideRows();
+    }
+}
+
 void User::tickRow(std::u16string_view list, int row) {
     onRow(list, row, [&](HeadlessListView &view) {
         if (view.design().checkBoxes) {

@@ -31,6 +31,8 @@ public:
     /// Where the list has no row: none is selected then.
     void clickBesideRows(std::u16string_view list);
     void doubleClickRow(std::u16string_view list, int row);
+    /// On the area of the list that no row covers.
+    void doubleClickBesideRows(std::u16string_view list);
     /// Clicks the row's check box, which toggles it.
     void tickRow(std::u16string_view list, int row);
     void closeByFrame();

@@ -3,12 +3,24 @@
 #include "adapters/headless/User.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kvex::headless {
 
+void HeadlessWindow::setFocus(Element *element) {
+    if (element == focus_) {
+        return;
+    }
+    previousFocus_ = std::exchange(focus_, element);
+    if (previousFocus_ != nullptr) {
+        previousFocus_->focusLost();
+    }
+}
+
 void HeadlessWindow::passFocusOn() {
     if (focus_ != nullptr && !focus_->isUsable()) {
-        focus_ = nextTabStop(focus_, true);
+        const bool canGoBack = previousFocus_ != nullptr && previousFocus_->isUsable();
+        setFocus(canGoBack ? previousFocus_ : nextTabStop(focus_, true));
     }
 }
 
@@ -48,7 +60,10 @@ void HeadlessWindow::press(Key key) {
         return;
     }
     if (key == Key::tab || key == Key::shiftTab) {
-        focus_ = nextTabStop(focus_, key == Key::tab);
+        setFocus(nextTabStop(focus_, key == Key::tab));
+        if (focus_ != nullptr) {
+            focus_->enteredByTab();
+        }
     } else if (key == Key::enter) {
         pressButton(&ControlDesign::isDefault);
     } else if (key == Key::escape) {
@@ -89,7 +104,7 @@ bool HeadlessWindow::pressAccessKey(char16_t key) {
         const auto next = std::ranges::find_if(ways, [this](const auto &way) {
             return focus_ != nullptr && placeOf(way.second) > placeOf(focus_);
         });
-        focus_ = (next == ways.end() ? ways.front() : *next).second;
+        setFocus((next == ways.end() ? ways.front() : *next).second);
         return true;
     }
     const auto [by, target] = ways.front();

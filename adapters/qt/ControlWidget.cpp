@@ -1,5 +1,6 @@
 #include "adapters/qt/ControlWidget.h"
 
+#include "adapters/qt/Dialog.h"
 #include "adapters/qt/MessageBox.h"
 #include "adapters/qt/QText.h"
 #include "platform/Error.h"
@@ -61,19 +62,30 @@ void ControlWidget::showRefusal(const Error &error) {
     }
 }
 
-/// To the next control that Tab reaches.
+/// Back to where it came from, else to the next control that Tab reaches.
 void ControlWidget::passFocusOn() {
     const QWidget *const window = widget_.window();
     QWidget *const focused = window->focusWidget();
-    if (focused == nullptr || (focused != &widget_ && !widget_.isAncestorOf(focused))) {
+    const auto isWithin = [this](const QWidget *widget) {
+        return widget == &widget_ || widget_.isAncestorOf(widget);
+    };
+    if (focused == nullptr || !isWithin(focused)) {
+        return;
+    }
+    const auto isUsable = [&](const QWidget *widget) {
+        return !isWithin(widget) && widget->isEnabled() && widget->isVisibleTo(window);
+    };
+    const auto *dialog = dynamic_cast<const Dialog *>(window);
+    if (QWidget *previous = dialog != nullptr ? dialog->previousFocus() : nullptr;
+        previous != nullptr && isUsable(previous)) {
+        previous->setFocus(Qt::OtherFocusReason);
         return;
     }
     for (QWidget *next = focused->nextInFocusChain(); next != focused;
          next = next->nextInFocusChain()) {
         const bool takesTab =
             (next->focusPolicy() & Qt::TabFocus) == Qt::TabFocus && next->focusProxy() == nullptr;
-        if (takesTab && !widget_.isAncestorOf(next) && next->isEnabled() &&
-            next->isVisibleTo(window)) {
+        if (takesTab && isUsable(next)) {
             next->setFocus(Qt::OtherFocusReason);
             return;
         }

@@ -1,38 +1,66 @@
 #include "adapters/qt/DateTimeEdit.h"
 
 #include "adapters/controls/PickerValue.h"
+#include "adapters/qt/TypedKey.h"
 
 #include <QCalendarWidget>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QRegularExpression>
 #include <QSignalBlocker>
 #include <QTextCharFormat>
 
 #include <algorithm>
+#include <utility>
 
 namespace kvex::qt {
 namespace {
 
+const QString wholeYear = QStringLiteral("yyyy");
+
 /// To Qt "yyy" is a year of two digits, and a "y" behind it.
 QString withWholeYear(QString format) {
     static const QRegularExpression year(QStringLiteral("y{3,}"));
-    return format.replace(year, QStringLiteral("yyyy"));
+    return format.replace(year, wholeYear);
 }
 
 constexpr int noDigit = -1;
 
+/// Of whatever script.
 int digitOf(const QKeyEvent &event) {
-    const bool isPlain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-    const QString text = event.text();
-    const bool isDigit = text.size() == 1 && text.front() >= u'0' && text.front() <= u'9';
-    return isPlain && isDigit ? text.front().digitValue() : noDigit;
+    return isTyping(event) && event.text().size() == 1 ? event.text().front().digitValue()
+                                                       : noDigit;
+}
+
+/// Whatever the format has between its parts: people write dates in many ways.
+bool isSeparator(const QKeyEvent &event) {
+    return isTyping(event) && QStringLiteral("/.-:, ").contains(event.text());
+}
+
+struct Range {
+    int least;
+    int most;
+};
+
+/// What a part of two digits may hold, whatever the others do.
+Range rangeOf(QDateTimeEdit::Section part) {
+    switch (part) {
+    case QDateTimeEdit::DaySection:
+        return {1, 31};
+    case QDateTimeEdit::MonthSection:
+        return {1, 12};
+    case QDateTimeEdit::HourSection:
+        return {0, 23};
+    default:
+        return {0, 59};
+    }
 }
 
 } // namespace
 
 DateTimeEdit::DateTimeEdit(QWidget *parent, const QString &format) : QDateTimeEdit(parent) {
     setTimeSpec(Qt::UTC);
+    // In every language the digits that keyboards type.
+    setLocale(QLocale::c());
     setDisplayFormat(withWholeYear(format));
     setDateTimeRange({{controls::PickerValue::firstYear, 1, 1}, {0, 0}, Qt::UTC},
                      {{controls::PickerValue::lastYear, 12, 31}, {23, 59, 59, 999}, Qt::UTC});
@@ -41,6 +69,7 @@ DateTimeEdit::DateTimeEdit(QWidget *parent, const QString &format) : QDateTimeEd
     connect(lineEdit(), &QLineEdit::cursorPositionChanged, this, [this] { firstDigit_.reset(); });
     if (showsDate) {
         QCalendarWidget &calendar = *calendarWidget();
+        calendar.setLocale(QLocale());
         calendar.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
         // Red weekends would be the one colour that no theme chose.
         calendar.setWeekdayTextFormat(Qt::Saturday, {});
@@ -81,8 +110,23 @@ QDateTime DateTimeEdit::wholeValue(const QString &text) const {
 }
 
 QValidator::State DateTimeEdit::validate(QString &text, int &position) const {
-    return wholeValue(text).isValid() ? QValidator::Acceptable
-                                      : QDateTimeEdit::validate(text, position);
+    if (wholeValue(text).isValid()) {
+        return QValidator::Acceptable;
+    }
+    return isYearBegun(text) ? QValidator::Intermediate : QDateTimeEdit::validate(text, position);
+}
+
+/// Whether only the end of the year is missing, be it that of no year in range.
+bool DateTimeEdit::isYearBegun(const QString &text) const {
+    const qsizetype at = displayFormat().indexOf(wholeYear);
+    if (at < 0 || text.size() >= displayFormat().size()) {
+        return false;
+    }
+    const QString shown = QDateTimeEdit::textFromDateTime(dateTime());
+    const QString after = shown.mid(at + wholeYear.size());
+    return text.startsWith(shown.left(at)) && text.endsWith(after) &&
+           std::all_of(text.begin() + at, text.end() - after.size(),
+                       [](QChar unit) { return unit.isDigit(); });
 }
 
 QDateTime DateTimeEdit::dateTimeFromText(const QString &text) const {
@@ -90,63 +134,97 @@ QDateTime DateTimeEdit::dateTimeFromText(const QString &text) const {
     return value.isValid() ? value : QDateTimeEdit::dateTimeFromText(text);
 }
 
+void DateTimeEdit::keyPressEvent(QKeyEvent *event) {
+    const bool isAllSelected = !text().isEmpty() && lineEdit()->selectedText() == text();
+    const int digit = digitOf(*event);
+    const bool deletes = event->key() == Qt::Key_Backspace || event->key() == Qt::Key_Delete;
+    if (isAllSelected && (digit != noDigit || deletes)) {
+        interpretText();
+        setSelectedSection(sectionAt(0));
+    }
+    const bool hadEndedPart = std::exchange(digitEndedPart_, false);
+    const bool isByWord = event->modifiers() == Qt::ControlModifier;
+    if (digit != noDigit) {
+        typeDigit(digit);
+    } else if (isSeparator(*event)) {
+        // What the last digit ended is not to be ended again.
+        goToPart(hadEndedPart ? 0 : 1);
+    } else if (isByWord && (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right)) {
+        goToPart(event->key() == Qt::Key_Right ? 1 : -1);
+    } else if (!(isAllSelected && deletes)) {
+        QDateTimeEdit::keyPressEvent(event);
+    }
+}
+
+/// What is typed so far counts.
+void DateTimeEdit::goToPart(int step) {
+    const int part = std::clamp(currentSectionIndex() + step, 0, sectionCount() - 1);
+    interpretText();
+    setSelectedSection(sectionAt(part));
+}
+
 /// A day may be typed before its month, whatever month is shown: the month and the year typed
 /// after it bring it back as far as they have it.
-void DateTimeEdit::keyPressEvent(QKeyEvent *event) {
-    const int digit = digitOf(*event);
-    if (digit == noDigit) {
-        QDateTimeEdit::keyPressEvent(event);
-        return;
-    }
+void DateTimeEdit::typeDigit(int digit) {
     if (date() != typedDate_) {
         typedDay_ = 0;
     }
-    if (currentSection() == DaySection) {
-        typeDay(digit);
+    if (currentSection() == YearSection) {
+        typeIntoYear(digit);
     } else {
-        typeIntoPart(event);
+        typeIntoPart(digit);
     }
     typedDate_ = date();
 }
 
-/// Into a part that is whole Qt takes a digit only when the part is selected.
-void DateTimeEdit::typeIntoPart(QKeyEvent *digit) {
+/// Into a year that is whole Qt takes a digit only when the year is selected.
+void DateTimeEdit::typeIntoYear(int digit) {
     const auto isWhole = [this] { return text() == QDateTimeEdit::textFromDateTime(dateTime()); };
-    if (isWhole() && !lineEdit()->hasSelectedText()) {
-        setSelectedSection(currentSection());
+    if (isWhole()) {
+        setSelectedSection(YearSection);
     }
-    QDateTimeEdit::keyPressEvent(digit);
+    QKeyEvent typed(QEvent::KeyPress, Qt::Key_0 + digit, Qt::NoModifier, QString::number(digit));
+    QDateTimeEdit::keyPressEvent(&typed);
     if (isWhole() && typedDay_ > 0) {
-        setDay(typedDay_);
+        setPart(DaySection, typedDay_);
     }
 }
 
-void DateTimeEdit::typeDay(int digit) {
+/// A part of two digits.
+void DateTimeEdit::typeIntoPart(int digit) {
+    const Section part = currentSection();
+    const auto [least, most] = rangeOf(part);
     const bool isSecond = firstDigit_.has_value();
-    const int day = firstDigit_.value_or(0) * 10 + digit;
-    if (day > 31 || (isSecond && day == 0)) {
+    const int value = firstDigit_.value_or(0) * 10 + digit;
+    if (value > most || (isSecond && value < least)) {
         return;
     }
-    typedDay_ = day;
-    if (day > 0) {
-        setDay(day);
+    if (part == DaySection) {
+        typedDay_ = value;
     }
-    const bool isWhole = isSecond || day > 3;
-    setSelectedSection(isWhole ? sectionAt(currentSectionIndex() + 1) : DaySection);
-    if (!isWhole) {
-        firstDigit_ = digit;
+    if (value >= least) {
+        setPart(part, value);
     }
+    digitEndedPart_ = isSecond || value * 10 > most;
+    const bool hasNext = currentSectionIndex() + 1 < sectionCount();
+    setSelectedSection(digitEndedPart_ && hasNext ? sectionAt(currentSectionIndex() + 1) : part);
+    firstDigit_ = digitEndedPart_ ? std::nullopt : std::optional(digit);
 }
 
-/// Sets the day, cut to the month's last, and selects the section that was selected.
-void DateTimeEdit::setDay(int day) {
-    const QDate shown = date();
-    const QDate wanted(shown.year(), shown.month(), std::min(day, shown.daysInMonth()));
-    if (wanted != shown) {
-        const Section section = currentSection();
-        setDate(wanted);
-        setSelectedSection(section);
+/// The day is cut to the month's last. The section that was selected stays so.
+void DateTimeEdit::setPart(Section part, int value) {
+    const Section section = currentSection();
+    if (part == DaySection || part == MonthSection) {
+        const QDate first(date().year(), part == MonthSection ? value : date().month(), 1);
+        const int dayOfMonth = typedDay_ > 0 ? typedDay_ : date().day();
+        const int day = part == DaySection ? value : dayOfMonth;
+        setDate(first.addDays(std::min(day, first.daysInMonth()) - 1));
+    } else {
+        setTime(QTime(part == HourSection ? value : time().hour(),
+                      part == MinuteSection ? value : time().minute(),
+                      part == SecondSection ? value : time().second()));
     }
+    setSelectedSection(section);
 }
 
 /// Its parts are walked through by the arrow keys.

@@ -25,8 +25,7 @@ Dialog::Dialog(Window &owner) : owner_(owner) {
     setPalette(readableWhenDisabled(QGuiApplication::palette()));
     // Whether the host goes on when its last window is closed is not this window's business.
     setAttribute(Qt::WA_QuitOnClose, false);
-    connect(qApp, &QApplication::focusChanged, this,
-            [this](QWidget * /*old*/, QWidget *now) { scrollTo(now); });
+    connect(qApp, &QApplication::focusChanged, this, &Dialog::noteFocus);
 }
 
 QSize Dialog::roomOnScreen() const {
@@ -40,6 +39,26 @@ std::optional<QSize> Dialog::sizeByUser() const {
     return size == firstSize_ ? std::nullopt : std::optional(size);
 }
 
+/// The button that Enter presses is outlined.
+void Dialog::noteFocus(QWidget *before, QWidget *now) {
+    scrollTo(now);
+    if (now == nullptr || now->window() != this) {
+        return;
+    }
+    if (before != nullptr && before->window() == this) {
+        previousFocus_ = before;
+    }
+    QPushButton *const pressed = buttonOfEnter();
+    for (QPushButton *button : findChildren<QPushButton *>()) {
+        button->setDefault(button == pressed);
+    }
+}
+
+QPushButton *Dialog::buttonOfEnter() const {
+    auto *const focused = dynamic_cast<QPushButton *>(focusWidget());
+    return focused != nullptr ? focused : defaultButton_;
+}
+
 void Dialog::focusFirst() {
     if (focusWidget() == nullptr) {
         focusNextChild();
@@ -50,8 +69,7 @@ void Dialog::keyPressEvent(QKeyEvent *event) {
     const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isPlain && isEnter) {
-        auto *focused = dynamic_cast<QPushButton *>(focusWidget());
-        pressIfUsable(focused != nullptr ? focused : defaultButton_);
+        pressIfUsable(buttonOfEnter());
     } else if (isPlain && event->key() == Qt::Key_Escape) {
         pressIfUsable(cancelButton_);
     } else {

@@ -1,9 +1,10 @@
-// A window's dialog: what Enter and Esc press, and its size.
+// The dialog of a window: its size, its focus, and what Enter and Esc press.
 #pragma once
 
 #include "adapters/qt/ScrollPane.h"
 
 #include <QDialog>
+#include <QPointer>
 #include <QPushButton>
 
 #include <optional>
@@ -21,6 +22,8 @@ public:
     /// The window that it shows.
     [[nodiscard]] Window &owner() const { return owner_; }
     void setDefaultButton(QPushButton *button) { defaultButton_ = button; }
+    /// What had the focus before, null for nothing.
+    [[nodiscard]] QWidget *previousFocus() const { return previousFocus_; }
     void setCancelButton(QPushButton *button) { cancelButton_ = button; }
     /// What of it scrolls where the screen is too small.
     void setPane(ScrollPane &pane) { pane_ = &pane; }
@@ -42,12 +45,15 @@ protected:
 private:
     void keepTextsWhole();
     void scrollTo(QWidget *focused);
+    void noteFocus(QWidget *before, QWidget *now);
+    [[nodiscard]] QPushButton *buttonOfEnter() const;
 
     Window &owner_;
     QPushButton *defaultButton_ = nullptr;
     QPushButton *cancelButton_ = nullptr;
     ScrollPane *pane_ = nullptr;
     QSize firstSize_;
+    QPointer<QWidget> previousFocus_;
 };
 
 } // namespace kvex::qt

@@ -1,12 +1,14 @@
 #include "adapters/qt/LineEdit.h"
 
 #include "adapters/qt/Room.h"
+#include "adapters/qt/TypedKey.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
-#include <QKeyEvent>
 #include <QMenu>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
 
 #include <limits>
 
@@ -20,15 +22,6 @@ constexpr int paste = 22;
 constexpr int cut = 24;
 } // namespace code
 
-/// Whether the key event types its text, rather than commanding something.
-bool isTyping(const QKeyEvent &event) {
-    const auto held = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
-    const bool commands = held == Qt::ControlModifier || held == Qt::AltModifier;
-    const bool isControl =
-        event.text().isEmpty() || event.text().front().category() == QChar::Other_Control;
-    return !isControl && !commands;
-}
-
 } // namespace
 
 LineEdit::LineEdit(QWidget *parent, int limit, int columns)
@@ -37,6 +30,22 @@ LineEdit::LineEdit(QWidget *parent, int limit, int columns)
     setMaxLength(std::numeric_limits<int>::max());
     // A drop would bring text that the filter of pasting never sees.
     setAcceptDrops(false);
+    connect(this, &QLineEdit::textChanged, this, &LineEdit::keepLimit);
+}
+
+void LineEdit::showText(const QString &text) {
+    const QScopedValueRollback bound(isBound_, true);
+    setText(text);
+}
+
+/// Assistive technology sets texts of any length.
+void LineEdit::keepLimit() {
+    if (isBound_ || text().size() <= limit_) {
+        return;
+    }
+    const QSignalBlocker onlyOnce(this);
+    const bool isInPair = text().at(limit_ - 1).isHighSurrogate();
+    setText(text().left(isInPair ? limit_ - 1 : limit_));
 }
 
 QSize LineEdit::sizeHint() const {
@@ -53,6 +62,7 @@ QSize LineEdit::minimumSizeHint() const {
 }
 
 void LineEdit::keyPressEvent(QKeyEvent *event) {
+    const QScopedValueRollback bound(isBound_, true);
     if (event->matches(QKeySequence::Cut)) {
         cutIfPassed();
     } else if (event->matches(QKeySequence::Copy)) {
@@ -67,6 +77,7 @@ void LineEdit::keyPressEvent(QKeyEvent *event) {
 }
 
 void LineEdit::inputMethodEvent(QInputMethodEvent *event) {
+    const QScopedValueRollback bound(isBound_, true);
     QInputMethodEvent kept(event->preeditString(), event->attributes());
     kept.setCommitString(fitting(passed(event->commitString())), event->replacementStart(),
                          event->replacementLength());
@@ -75,6 +86,7 @@ void LineEdit::inputMethodEvent(QInputMethodEvent *event) {
 
 /// The usual menu, whose clipboard commands ask, too.
 void LineEdit::contextMenuEvent(QContextMenuEvent *event) {
+    const QScopedValueRollback bound(isBound_, true);
     QMenu menu(this);
     const auto add = [this, &menu](const char *text, QKeySequence::StandardKey key, auto command,
                                    bool enabled) {
@@ -95,6 +107,7 @@ void LineEdit::contextMenuEvent(QContextMenuEvent *event) {
 
 /// The middle button inserts the selection of another window: as if it were typed.
 void LineEdit::mouseReleaseEvent(QMouseEvent *event) {
+    const QScopedValueRollback bound(isBound_, true);
     const QClipboard &clipboard = *QGuiApplication::clipboard();
     if (event->button() != Qt::MiddleButton || isReadOnly() || !clipboard.supportsSelection()) {
         QLineEdit::mouseReleaseEvent(event);

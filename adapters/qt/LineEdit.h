@@ -17,6 +17,9 @@ public:
     /// in average characters, 0 for Qt's own.
     LineEdit(QWidget *parent, int limit, int columns);
 
+    /// Shows the whole text, however long. QLineEdit::setText is what assistive technology calls,
+    /// and bound by the limit.
+    void showText(const QString &text);
     void setKeyFilter(KeyFilter filter) { filter_ = std::move(filter); }
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -33,12 +36,15 @@ private:
     [[nodiscard]] QString passed(const QString &typed) const;
     [[nodiscard]] QString fitting(const QString &text) const;
     void insertFitting(const QString &text);
+    void keepLimit();
     void cutIfPassed();
     void copyIfPassed();
     void pasteIfPassed();
 
     KeyFilter filter_;
     int limit_;
+    /// The change under way keeps the limit, or may pass it.
+    bool isBound_ = false;
     int columns_;
 };
 

@@ -1,9 +1,12 @@
 #include "adapters/qt/ListTree.h"
 
 #include "adapters/qt/Colours.h"
+#include "adapters/qt/QText.h"
 #include "adapters/qt/Room.h"
 #include "adapters/qt/RowDelegate.h"
+#include "adapters/qt/TypedKey.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -57,6 +60,16 @@ void ListTree::noteTick(int row) {
     }
 }
 
+/// Qt makes a row current that was only ticked, or is merely the first.
+void ListTree::keepCurrentSelected() {
+    QItemSelectionModel &selection = *selectionModel();
+    if (!selection.hasSelection()) {
+        selection.clearCurrentIndex();
+    } else if (selectionMode() == SingleSelection) {
+        selection.setCurrentIndex(selection.selectedRows().front(), QItemSelectionModel::NoUpdate);
+    }
+}
+
 QRect ListTree::tickRect(const QModelIndex &row) const {
     if (!row.data(Qt::CheckStateRole).isValid()) {
         return {};
@@ -93,29 +106,68 @@ QSize ListTree::roomFor(int columns, int lines) const {
 void ListTree::keyPressEvent(QKeyEvent *event) {
     beforeAction();
     busy_ = true;
-    if (!enterByKey(event->key())) {
+    if (!searchFor(*event) && !enterByKey(event->key())) {
         QTreeView::keyPressEvent(event);
     }
     busy_ = false;
     tellDeeds();
 }
 
-/// Where no row is selected, the first of the keys that walk through the rows selects the first
-/// row, or the last. Qt would step from the row that merely has the focus.
-bool ListTree::enterByKey(int key) {
-    const bool toFirst = key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Home ||
-                         key == Qt::Key_PageUp || key == Qt::Key_PageDown;
-    const int rows = model()->rowCount();
-    if ((!toFirst && key != Qt::Key_End) || rows == 0 || selectionModel()->hasSelection()) {
+/// A blank begins no search, and is none's that the user left waiting too long. What the event
+/// says of the time counts: a program that was busy meanwhile ends no search.
+bool ListTree::searchFor(const QKeyEvent &event) {
+    const auto pause = static_cast<quint64>(QApplication::keyboardInputInterval());
+    if (!isTyping(event) || event.timestamp() - searchedAt_ >= pause) {
+        search_->end();
+    }
+    if (!isTyping(event) || (event.key() == Qt::Key_Space && !search_->isRunning())) {
         return false;
     }
-    selectionModel()->setCurrentIndex(model()->index(toFirst ? 0 : rows - 1, 0),
-                                      QItemSelectionModel::ClearAndSelect |
-                                          QItemSelectionModel::Rows);
+    searchedAt_ = event.timestamp();
+    walkTo(search_->rowAfter(fromQt(event.text())) - 1);
     return true;
 }
 
+/// Where no row is selected, the first of the keys that walk through the rows selects the first
+/// row, or the last, and a blank does nothing.
+bool ListTree::enterByKey(int key) {
+    const bool toFirst = key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Home ||
+                         key == Qt::Key_PageUp || key == Qt::Key_PageDown;
+    const bool toLast = key == Qt::Key_End;
+    if ((!toFirst && !toLast && key != Qt::Key_Space) || selectionModel()->hasSelection()) {
+        return false;
+    }
+    if (toFirst || toLast) {
+        walkTo(toFirst ? 0 : model()->rowCount() - 1);
+    }
+    return true;
+}
+
+/// A row that is not there is none to go to.
+void ListTree::walkTo(int row) {
+    if (const QModelIndex index = model()->index(row, 0); index.isValid()) {
+        selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
+                                                     QItemSelectionModel::Rows);
+    }
+}
+
+void ListTree::focusInEvent(QFocusEvent *event) {
+    QTreeView::focusInEvent(event);
+    const bool isByTab =
+        event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    if (startsAtFirstRow_ && isByTab && !selectionModel()->hasSelection()) {
+        walkTo(0);
+    }
+    keepCurrentSelected();
+}
+
+void ListTree::focusOutEvent(QFocusEvent *event) {
+    search_->end();
+    QTreeView::focusOutEvent(event);
+}
+
 void ListTree::mousePressEvent(QMouseEvent *event) {
+    search_->end();
     beforeAction();
     busy_ = true;
     pressed_ = indexAt(event->position().toPoint());
@@ -134,6 +186,7 @@ void ListTree::mouseReleaseEvent(QMouseEvent *event) {
 }
 
 void ListTree::mouseDoubleClickEvent(QMouseEvent *event) {
+    search_->end();
     beforeAction();
     busy_ = true;
     const QPoint at = event->position().toPoint();
@@ -188,6 +241,7 @@ bool ListTree::isOnRow(const QMouseEvent &event) const {
 /// Handlers run here, when no code of the view is under way: they may change the rows, show other
 /// windows, or close this one.
 void ListTree::tellDeeds() {
+    keepCurrentSelected();
     const Deeds done = std::exchange(deeds_, {});
     if (done.ticked >= 0) {
         rowTicked(done.ticked);

@@ -28,6 +28,10 @@ QtListView::QtListView(const ControlDesign &design, const std::u16string &window
     tree.setHeaderHidden(!design.columnHeaders);
     tree.setModel(&model_);
     tree.setEmptyText(toQt(design.emptyText));
+    tree.setSearch(search_);
+    if (design.startsAtFirstRow) {
+        tree.startAtFirstRow();
+    }
     // With the rows' selection it would be painted again whenever that changes.
     tree.header()->setSelectionModel(new QItemSelectionModel(&model_, tree.header()));
     setListener(this);
@@ -153,6 +157,7 @@ void QtListView::showSelection() {
         selection.setCurrentIndex(model_.index(current - 1, 0), QItemSelectionModel::NoUpdate);
     }
     selection.select(all, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    shown().keepCurrentSelected();
     showing_ = false;
 }
 

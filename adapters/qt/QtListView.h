@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/controls/ListRows.h"
+#include "adapters/controls/ListSearch.h"
 #include "adapters/qt/ControlWidget.h"
 #include "adapters/qt/ListModel.h"
 #include "adapters/qt/ListTree.h"
@@ -40,6 +41,7 @@ private:
     void divideWidth();
 
     ListModel model_;
+    controls::ListSearch search_{*this};
     /// Rows come before the view is shown: it learns of them all at once, when it is to show them.
     bool filling_ = false;
     /// The view's selection is made to follow the rows', not the other way round.

@@ -6,7 +6,7 @@ namespace kvex::qt {
 
 QtTextBox::QtTextBox(const ControlDesign &design, const std::u16string &window, QWidget &parent)
     : WidgetControl(design, window, *new LineEdit(&parent, design.maxLength, design.columns)) {
-    shown().setText(toQt(design.caption));
+    shown().showText(toQt(design.caption));
     shown().setReadOnly(design.readOnly);
     shown().setKeyFilter([this](std::int16_t code) {
         run(onKeyPress, code);
@@ -20,7 +20,7 @@ std::u16string QtTextBox::text() const {
 }
 
 void QtTextBox::setText(const std::u16string &text) {
-    shown().setText(toQt(text));
+    shown().showText(toQt(text));
 }
 
 } // namespace kvex::qt

@@ -16,6 +16,15 @@ int lineHeight(const QWidget *widget) {
     return QFontMetrics(widget != nullptr ? widget->font() : QApplication::font()).height();
 }
 
+/// Dashes around the caption: the button that Enter presses is outlined, whatever has the focus.
+void drawButtonFocus(const QStyleOption &option, QPainter &painter) {
+    painter.save();
+    painter.setPen(QPen(option.palette.color(QPalette::ButtonText), 1, Qt::DashLine));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(option.rect.adjusted(3, 3, -4, -4));
+    painter.restore();
+}
+
 } // namespace
 
 void ReadableStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
@@ -40,6 +49,9 @@ void ReadableStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *
 void ReadableStyle::drawControl(ControlElement element, const QStyleOption *option,
                                 QPainter *painter, const QWidget *widget) const {
     QProxyStyle::drawControl(element, option, painter, widget);
+    if (element == CE_PushButton && (option->state & State_HasFocus) != 0) {
+        drawButtonFocus(*option, *painter);
+    }
     const bool isFocused = element == CE_ShapedFrame && widget != nullptr && widget->hasFocus() &&
                            dynamic_cast<const QAbstractScrollArea *>(widget) != nullptr;
     if (isFocused) {

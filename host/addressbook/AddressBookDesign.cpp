@@ -31,6 +31,7 @@ WindowDesign addressBookDesign(bool multiple) {
                  .name = u"lvwContacts",
                  .checkBoxes = multiple,
                  .emptyText = u"The contacts that are found appear here.",
+                 .startsAtFirstRow = multiple,
                  .columns = 48,
                  .lines = 14},
                 manyButton(u"cmdTickAll", u"&Tick All Shown", u"There is nothing left to tick",

@@ -18,8 +18,9 @@ public:
     [[nodiscard]] virtual const std::u16string &name() const = 0;
     /// As set, whether or not what contains it is enabled.
     [[nodiscard]] virtual bool enabled() const = 0;
-    /// A disabled control that has the focus passes it on, and shows what it waits for
-    /// (ControlDesign::disabledHint) as its tool tip.
+    /// A control that has the focus when it is disabled or hidden passes it back to the control
+    /// that had it before. Where that cannot take it, the next in tab order does. A disabled
+    /// control shows what it waits for (ControlDesign::disabledHint) as its tool tip.
     virtual void setEnabled(bool enabled) = 0;
     /// As set, whether or not its window is shown.
     [[nodiscard]] virtual bool visible() const = 0;

@@ -26,6 +26,12 @@ enum class FindMatch {
 ///
 /// No row is selected until the user or code selects one. When the selected row is removed, the
 /// row that takes its place is selected; when it was the last, none is.
+///
+/// Keys: a character goes to the next row whose text begins with it, and the characters typed
+/// after it go on with that search. A pause, any other key, a click and the loss of the focus end
+/// the search. A blank that is not part of a search ticks or unticks the selected row; without a
+/// selected row it does nothing. Up, Down and Home select the first row where none is selected,
+/// End the last. No row is drawn as if it were selected when none is.
 class ListView : public Control {
 public:
     /// The user selected a row (or the selected row again) by click or key.
@@ -35,6 +41,8 @@ public:
     std::function<void()> onDeselect;
     /// The user ticked or unticked a row's check box. Does not select the row by itself.
     std::function<void(int row)> onItemCheck;
+    /// The user double-clicked a row, outside its check box. The row is selected then. A click
+    /// beside the rows deselects all, and a double click there raises nothing.
     std::function<void()> onDoubleClick;
 
     virtual void clearColumns() = 0;

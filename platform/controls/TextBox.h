@@ -18,7 +18,8 @@ public:
     std::function<void(std::int16_t &keyCode)> onKeyPress;
 
     [[nodiscard]] virtual std::u16string text() const = 0;
-    /// The whole text, however long: the design's maximal length binds typing and pasting only.
+    /// The whole text, however long: the design's maximal length binds what the user types and
+    /// pastes, and what assistive technology sets.
     virtual void setText(const std::u16string &text) = 0;
 };
 

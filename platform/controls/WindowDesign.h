@@ -47,7 +47,7 @@ struct ControlDesign {
     /// commandButton: pressed by Enter; by Esc.
     bool isDefault = false;
     bool isCancel = false;
-    /// textBox: UTF-16 units that typing and pasting may reach; 0 for no limit.
+    /// textBox: UTF-16 units that the user may reach, by whatever means; 0 for no limit.
     int maxLength = 0;
     /// textBox and richTextBox: can be read, selected and copied, not changed.
     bool readOnly = false;
@@ -61,6 +61,8 @@ struct ControlDesign {
     bool columnHeaders = true;
     /// listView: what belongs there, said while it has no rows.
     std::u16string emptyText = {};
+    /// listView: where no row is selected, Tab into the list selects the first, as a key does.
+    bool startsAtFirstRow = false;
     /// listView: what a greyed row says of itself.
     std::u16string greyedRowHint = {};
     /// listView: the image list whose pictures its columns and rows use; the picture (from 1)

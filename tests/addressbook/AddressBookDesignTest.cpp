@@ -14,7 +14,8 @@ TEST(AddressBookDesign, ForManyContacts) {
                      R"(text txtSearch)",
                      R"(hint lblHint)",
                      R"(label Label2 "C&ontacts" for="lvwContacts")",
-                     R"(list lvwContacts checkBoxes)",
+                     R"(list lvwContacts checkBoxes empty="The contacts that are found appear here.")"
+                     R"( startsAtFirst)",
                      R"(button cmdTickAll "&Tick All Shown" disabled)"
                      R"( waits="There is nothing left to tick")",
                      R"(button cmdClear "C&lear Selection" disabled waits="Nothing is ticked")",
@@ -33,7 +34,7 @@ TEST(AddressBookDesign, ForOneContact) {
                      R"(text txtSearch)",
                      R"(hint lblHint)",
                      R"(label Label2 "C&ontacts" for="lvwContacts")",
-                     R"(list lvwContacts)",
+                     R"(list lvwContacts empty="The contacts that are found appear here.")",
                      R"(button cmdTickAll "&Tick All Shown" hidden disabled)"
                      R"( waits="There is nothing left to tick")",
                      R"(button cmdClear "C&lear Selection" hidden disabled)"

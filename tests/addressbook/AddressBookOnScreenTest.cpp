@@ -56,6 +56,21 @@ TEST_F(AddressBookOnScreen, ContactsAreSearchedTickedAndSelectedByKeyboardAlone)
     EXPECT_EQ(numbersOf(*book), (Texts{u"98111-00022", u"9811100033"}));
 }
 
+TEST_F(AddressBookOnScreen, TickingAllLeavesTheFocusWhereTheUserWasAndEnterSelects) {
+    addContact("'A'", "'1'");
+    addContact("'B'", "'2'");
+    EXPECT_EQ(select([](QtUser &user) {
+                  user.press(Key::tab);
+                  EXPECT_EQ(user.get<ListView>(u"lvwContacts").selectedRow(), 1);
+                  user.press(Key::space);
+                  user.pressAccessKey(u'T');
+                  EXPECT_EQ(user.focused(), u"lvwContacts");
+                  user.press(Key::enter);
+              }),
+              1);
+    EXPECT_EQ(numbersOf(*book), (Texts{u"1", u"2"}));
+}
+
 TEST_F(AddressBookOnScreen, ContactsAreTickedByTheMouse) {
     addContact("'A'", "'1'");
     addContact("'B'", "'2'");

@@ -174,6 +174,46 @@ TEST_F(AddressBookWindow, TicksAllThatAreShownAndClearsAllThatAreTicked) {
     });
 }
 
+TEST_F(AddressBookWindow, TickingAllLeavesTheFocusWhereTheUserWasAndEnterSelects) {
+    addThree();
+    EXPECT_EQ(play([](User &user) {
+                  user.click(u"cmdTickAll");
+                  EXPECT_EQ(user.focused(), u"txtSearch");
+                  user.pressAccessKey(u'L');
+                  EXPECT_EQ(user.focused(), u"txtSearch");
+                  user.press(Key::tab);
+                  user.press(Key::tab);
+                  EXPECT_EQ(user.focused(), u"cmdTickAll");
+                  user.press(Key::enter);
+                  EXPECT_EQ(user.focused(), u"lvwContacts");
+                  user.press(Key::enter);
+              }),
+              1);
+    EXPECT_EQ(numbers().size(), 3U);
+}
+
+TEST_F(AddressBookWindow, TabGoesToTheFirstContactWhichSpaceTicks) {
+    addThree();
+    EXPECT_EQ(play([](User &user) {
+                  user.press(Key::tab);
+                  user.press(Key::space);
+                  user.press(Key::enter);
+              }),
+              1);
+    EXPECT_EQ(numbers(), Texts{u"9811100011"});
+}
+
+TEST_F(AddressBookWindow, ForOneContactTabChoosesNone) {
+    addThree();
+    EXPECT_EQ(playOne([](User &user) {
+                  user.press(Key::tab);
+                  EXPECT_EQ(user.get<ListView>(u"lvwContacts").selectedRow(), 0);
+                  EXPECT_FALSE(enabled(user, u"cmdSelect"));
+                  user.press(Key::escape);
+              }),
+              0);
+}
+
 TEST_F(AddressBookWindow, ADoubleClickTicks) {
     addThree();
     EXPECT_EQ(play([](User &user) {

@@ -78,6 +78,7 @@ std::string rowOf(const ControlDesign &control) {
     flag(!control.columnHeaders, "noHeaders");
     text("greyed=", control.greyedRowHint);
     text("empty=", control.emptyText);
+    flag(control.startsAtFirstRow, "startsAtFirst");
     text("images=", control.imageList);
     number("picture=", control.rowPicture);
     for (const Picture picture : control.pictures) {

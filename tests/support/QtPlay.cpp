@@ -18,6 +18,8 @@ namespace kvex::test {
 
 QtPlay::QtPlay() {
     qt::requireApplication();
+    // However slow the machine, it does not end the search of a list.
+    QApplication::setKeyboardInputInterval(3'600'000);
     qApp->installEventFilter(this);
 }
 

@@ -101,6 +101,17 @@ void QtUser::doubleClickRow(std::u16string_view list, int row) {
     }
 }
 
+void QtUser::doubleClickBesideRows(std::u16string_view list) {
+    if (auto *view = dynamic_cast<QAbstractItemView *>(usable(list))) {
+        const QPoint place = view->viewport()->rect().bottomLeft() + QPoint(9, -3);
+        if (view->indexAt(place).isValid()) {
+            complain("the rows cover all of " + toUtf8(list));
+            return;
+        }
+        pressMouse(*view->viewport(), place, true);
+    }
+}
+
 void QtUser::tickRow(std::u16string_view list, int row) {
     if (auto *view = listWithRow(list, row)) {
         const auto *tree = dynamic_cast<qt::ListTree *>(view);

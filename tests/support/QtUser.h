@@ -34,6 +34,7 @@ public:
     void click(std::u16string_view control) override;
     void clickRow(std::u16string_view list, int row) override;
     void doubleClickRow(std::u16string_view list, int row) override;
+    void doubleClickBesideRows(std::u16string_view list) override;
     void tickRow(std::u16string_view list, int row) override;
     void tryToClick(std::u16string_view control) override;
     void closeByFrame() override;

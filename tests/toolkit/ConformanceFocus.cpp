@@ -84,6 +84,43 @@ TEST_P(ToolkitConformance, AControlThatIsDisabledPassesTheFocusOn) {
     });
 }
 
+TEST_P(ToolkitConformance, AControlThatIsDisabledOrHiddenPassesTheFocusBackWhereItCameFrom) {
+    std::vector<ControlDesign> designs = threeTexts();
+    designs.push_back(control(button, u"cmd", u"&Button"));
+    designs.push_back(control(text, u"txtD"));
+    const auto shown = window(std::move(designs));
+    auto &cmd = shown->get<CommandButton>(u"cmd");
+    const auto turnOn = [&](bool on) {
+        cmd.setEnabled(on);
+        cmd.setVisible(on);
+    };
+    show(*shown, [&](Hands &user) {
+        shown->get<TextBox>(u"txtB").setFocus();
+        cmd.onClick = [&] { cmd.setEnabled(false); };
+        user.click(u"cmd");
+        EXPECT_EQ(user.focused(), u"txtB");
+        turnOn(true);
+        user.pressAccessKey(u'b');
+        EXPECT_EQ(user.focused(), u"txtB");
+        turnOn(true);
+        cmd.onClick = [&] { cmd.setVisible(false); };
+        user.press(Key::tab);
+        user.press(Key::tab);
+        user.press(Key::space);
+        EXPECT_EQ(user.focused(), u"txtC");
+        turnOn(true);
+        user.click(u"cmd");
+        EXPECT_EQ(user.focused(), u"txtC");
+        turnOn(true);
+        cmd.onClick = [&] {
+            shown->get<TextBox>(u"txtC").setEnabled(false);
+            cmd.setEnabled(false);
+        };
+        user.click(u"cmd");
+        EXPECT_EQ(user.focused(), u"txtD");
+    });
+}
+
 TEST_P(ToolkitConformance, AControlThatIsHiddenPassesTheFocusOn) {
     const auto shown = window(threeTexts());
     show(*shown, [&](Hands &user) {

@@ -17,6 +17,9 @@ public:
     void doubleClickRow(std::u16string_view list, int row) override {
         user_.doubleClickRow(list, row);
     }
+    void doubleClickBesideRows(std::u16string_view list) override {
+        user_.doubleClickBesideRows(list);
+    }
     void tickRow(std::u16string_view list, int row) override { user_.tickRow(list, row); }
     void tryToClick(std::u16string_view control) override {
         user_.click(control);

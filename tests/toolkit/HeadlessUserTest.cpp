@@ -29,9 +29,9 @@ TEST_F(HeadlessUser, ActionsThatNobodyCouldTakeAreProblemsAndChangeNothing) {
         {"dtp takes no such value", [](User &user) { user.pickTime(u"dtp", 1, 2, 3); }},
         {"no control has the access key x", [](User &user) { user.pressAccessKey(u'x'); }},
         {"no control has the access key o", [](User &user) { user.pressAccessKey(u'o'); }},
-        {"lvw takes no text",
+        {"dtp takes no text",
          [](User &user) {
-             user.focusOn(u"lvw");
+             user.focusOn(u"dtp");
              user.type(u"a");
          }},
     };

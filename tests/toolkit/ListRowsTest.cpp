@@ -1,6 +1,7 @@
 #include "adapters/controls/ListRows.h"
 
 #include "platform/Error.h"
+#include "tests/toolkit/BareList.h"
 #include "tests/toolkit/Designs.h"
 
 #include <gtest/gtest.h>
@@ -10,23 +11,8 @@
 namespace kvex::controls {
 namespace {
 
+using test::BareList;
 using test::errorOf;
-
-/// A list view that nothing shows.
-class BareList final : public ListRows {
-public:
-    explicit BareList(bool multiSelect = false) : ListRows(multiSelect) {}
-    [[nodiscard]] const std::u16string &name() const override { return name_; }
-    [[nodiscard]] bool enabled() const override { return true; }
-    void setEnabled(bool) override {}
-    [[nodiscard]] bool visible() const override { return true; }
-    void setVisible(bool) override {}
-    void setFocus() override {}
-    void refresh() override {}
-
-private:
-    std::u16string name_;
-};
 
 /// Writes down what it is told and how many rows there are then.
 class Log final : public ListRowsListener {
@@ -151,6 +137,19 @@ TEST_F(ListRowsTest, FindsKeysAfterRowsCameBetweenAndWent) {
     EXPECT_EQ(rows_.rowOfKey(u"0"), 1);
     EXPECT_EQ(rows_.rowOfKey(u"c"), 3);
     EXPECT_EQ(rows_.rowOfKey(u"e"), 5);
+}
+
+TEST_F(ListRowsTest, ManyRowsThatSortAlikeStayAsTheyStood) {
+    constexpr int count = 200;
+    for (int row = 1; row <= count; ++row) {
+        rows_.addRow(row % 2 == 0 ? u"even" : u"odd",
+                     std::u16string(1, static_cast<char16_t>(row)));
+    }
+    rows_.setSorted(true);
+    for (int row = 1; row <= count; ++row) {
+        const int original = row <= count / 2 ? 2 * row : 2 * (row - count / 2) - 1;
+        EXPECT_EQ(rows_.key(row), std::u16string(1, static_cast<char16_t>(original)));
+    }
 }
 
 TEST(ListRowsSelection, OfSeveralFallsBackToTheOneSelectedBefore) {

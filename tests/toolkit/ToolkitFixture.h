@@ -26,6 +26,8 @@ public:
     virtual void click(std::u16string_view control) = 0;
     virtual void clickRow(std::u16string_view list, int row) = 0;
     virtual void doubleClickRow(std::u16string_view list, int row) = 0;
+    /// On the area of the list that no row covers.
+    virtual void doubleClickBesideRows(std::u16string_view list) = 0;
     /// Clicks the check box of the row.
     virtual void tickRow(std::u16string_view list, int row) = 0;
     /// A click on a control that is disabled.

@@ -164,6 +164,18 @@ TEST_F(AccountDialog, ADoubleClickAddsAsAddDoes) {
     expectMessages({clearQuestion});
 }
 
+TEST_F(AccountDialog, ADoubleClickBesideTheOfferedAccountsAddsNothing) {
+    database.addAccount(3, "Main");
+    playDialog(accounts, [](User &user) {
+        session().blnChanged = false;
+        EXPECT_EQ(user.get<ListView>(offered).selectedRow(), 1);
+        user.doubleClickBesideRows(offered);
+        EXPECT_EQ(user.rows(chosen), Texts{heading});
+        EXPECT_FALSE(session().blnChanged);
+        user.click(u"cmdCancel");
+    });
+}
+
 TEST_F(AccountDialog, OfTwoAccountsWithOneNameOnlyTheFirstCanBeChosen) {
     database.addAccount(1, "Main");
     database.addAccount(2, "MAIN");

@@ -200,6 +200,8 @@ TEST_F(ActionDialogsOnScreen, AnAlertWithoutRecipientsLeadsToTheirList) {
 TEST_F(ActionDialogsOnScreen, UsersAreSelectedByDoubleClickAndByKeys) {
     play(distribute, [](QtUser &user) {
         EXPECT_EQ(user.focused(), u"lvwUsersSource");
+        user.doubleClickBesideRows(u"lvwUsersSource");
+        EXPECT_EQ(user.rows(u"lvwUsersSelected"), Texts());
         user.doubleClickRow(u"lvwUsersSource", 3);
         EXPECT_EQ(user.rows(u"lvwUsersSelected"), Texts{u"Meena"});
         user.press(Key::home);

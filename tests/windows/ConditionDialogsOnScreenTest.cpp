@@ -116,6 +116,8 @@ TEST_F(ConditionsOnScreen, AccountsAreAddedByEnterAndDoubleClick) {
         EXPECT_EQ(user.rows(u"lvwAccountSource"), (Texts{u"Main", u"मुख्य \U0001F4F1"}));
         expectEnabled(user, true);
         user.press(Key::enter);
+        user.doubleClickBesideRows(u"lvwAccountSource");
+        EXPECT_EQ(rowsBelowHeading(user, u"lvwAccountSelected"), Texts());
         user.doubleClickRow(u"lvwAccountSource", 1);
         user.doubleClickRow(u"lvwAccountSource", 2);
         EXPECT_EQ(rowsBelowHeading(user, u"lvwAccountSelected"),

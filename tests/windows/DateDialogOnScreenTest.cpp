@@ -75,6 +75,24 @@ TEST_F(DateDialogOnScreen, ANewRangeIsTickedAndTypedByKeysAlone) {
     EXPECT_EQ(utility.messages, std::vector<Message>());
 }
 
+TEST_F(DateDialogOnScreen, ARangeIsTypedAsItIsShownAndEnterStoresIt) {
+    playDialog(stored, [](QtUser &user) {
+        user.focusOn(u"FromDateValue");
+        user.press(Key::home);
+        user.type(u"05/06/2005");
+        EXPECT_EQ(user.focused(), u"FromDate");
+        user.press(Key::tab);
+        user.press(Key::tab);
+        user.type(u"9:05:07");
+        typeInto(user, u"ToDate", u"6.7.2005");
+        user.press(Key::selectAll);
+        user.type(u"07/08/2005\n");
+        EXPECT_FALSE(user.isOpen());
+    });
+    EXPECT_EQ(range(), u"20050605 09:05:07,20050807 17:00:00");
+    EXPECT_EQ(utility.messages, std::vector<Message>());
+}
+
 TEST_F(DateDialogOnScreen, AStoredRangeIsShownWithItsYearsInFull) {
     playDialog(stored, [](QtUser &user) {
         EXPECT_EQ(user.window().caption(), u"Select Date/Time Range");

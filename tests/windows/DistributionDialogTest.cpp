@@ -199,6 +199,17 @@ TEST_F(DistributionDialog, ADoubleClickSelects) {
     });
 }
 
+TEST_F(DistributionDialog, ADoubleClickBesideTheUsersSelectsNone) {
+    addThree();
+    play([](User &user) {
+        EXPECT_EQ(user.get<ListView>(source).selectedRow(), 1);
+        user.doubleClickBesideRows(source);
+        EXPECT_EQ(user.rows(chosen), Texts());
+        EXPECT_FALSE(session().blnChanged);
+        cancel(user);
+    });
+}
+
 TEST_F(DistributionDialog, AUserSelectedTwiceIsListedOnceAndTheRuleCountsAsChanged) {
     addThree();
     storeRule("<DIST>3</DIST>");

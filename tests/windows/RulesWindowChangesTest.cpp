@@ -18,6 +18,19 @@ TEST_P(RulesWindow, NewAndCancelInTheEditorLeaveTheListUntouched) {
     });
 }
 
+TEST_P(RulesWindow, ABlankInASearchByFirstLettersSwitchesNoRule) {
+    for (const char *name : {"No Calls", "No services", "Other"}) {
+        database.addRule(name, "<ALLMESSAGES>", "", 0);
+    }
+    playRules([](User &user) {
+        user.clickRow(u"lvwRules", 3);
+        user.type(u"No services");
+        EXPECT_EQ(list(user).text(list(user).selectedRow()), u"No services");
+        user.press(Key::escape);
+    });
+    EXPECT_EQ(database.value("SELECT COUNT(*) FROM SMS_RULES WHERE ACTIVE = 1"), "3");
+}
+
 TEST_P(RulesWindow, NewAndASaveListAllRulesAgainAndSelectTheFirst) {
     addThree();
     const std::string newName = "New Rule #" + std::to_string(std::stoi(idOf("C")) + 1);

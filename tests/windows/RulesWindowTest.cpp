@@ -73,6 +73,24 @@ TEST_P(RulesWindow, AClickedRowIsDescribedByItsCheckBox) {
     });
 }
 
+TEST_P(RulesWindow, TheDescriptionsAreOnlyRead) {
+    addThree();
+    playRules([this](User &user) {
+        user.focusOn(u"rtRuleDesc");
+        user.type(u"x");
+        EXPECT_EQ(description(user), appliedToAll);
+        whenShown(u"frmRuleEdit", [](User &editor) {
+            const std::u16string shown = editor.get<RichTextBox>(u"rtRuleDesc").text();
+            editor.focusOn(u"rtRuleDesc");
+            editor.type(u"x");
+            EXPECT_EQ(editor.get<RichTextBox>(u"rtRuleDesc").text(), shown);
+            editor.click(u"cmdCancel");
+        });
+        user.click(u"cmdNew");
+        user.click(u"cmdCancel");
+    });
+}
+
 TEST_P(RulesWindow, OpensTheEditorOnTheRuleItWasGiven) {
     addThree();
     whenShown(u"frmRuleEdit", [](User &user) {

@@ -51,6 +51,16 @@ TEST_F(WindowsOnScreen, ARuleIsSwitchedOffByMouseAtOnce) {
     });
 }
 
+TEST_F(WindowsOnScreen, ABlankInASearchByFirstLettersSwitchesNoRule) {
+    database.addRule("No services", "<ALLMESSAGES>", "", 9);
+    playRules([this](QtUser &user) {
+        user.type(u"No services");
+        EXPECT_EQ(user.get<ListView>(u"lvwRules").selectedRow(), 4);
+        EXPECT_EQ(database.value("SELECT COUNT(*) FROM SMS_RULES WHERE ACTIVE = 1"), "4");
+        user.press(Key::escape);
+    });
+}
+
 TEST_F(WindowsOnScreen, ATickThatTheDatabaseRefusesIsToldToTheUser) {
     playRules([this](QtUser &user) {
         database.execute("CREATE TRIGGER refuse BEFORE UPDATE ON SMS_RULES BEGIN "

@@ -218,6 +218,47 @@ TEST_F(QtListViewTest, TypingGoesToTheRowThatBeginsSo) {
     EXPECT_EQ(clicked, std::vector<int>{4});
 }
 
+TEST_F(QtListViewTest, APauseEndsTheSearchAndABlankTicksAgain) {
+    view().select(4);
+    show(*shown, [&](QtUser &user) {
+        const auto typeAt = [&](quint64 time, int key, const QString &text) {
+            QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, text);
+            event.setTimestamp(time);
+            QApplication::sendEvent(&tree(user), &event);
+        };
+        const auto pause = static_cast<quint64>(QApplication::keyboardInputInterval());
+        typeAt(1, Qt::Key_B, QStringLiteral("b"));
+        EXPECT_EQ(view().selectedRow(), 2);
+        typeAt(pause, Qt::Key_Space, QStringLiteral(" "));
+        EXPECT_FALSE(view().checked(2));
+        typeAt(2 * pause, Qt::Key_Space, QStringLiteral(" "));
+        EXPECT_EQ(view().selectedRow(), 2);
+        EXPECT_TRUE(view().checked(2));
+    });
+}
+
+TEST_F(QtListViewTest, OnlyTheSelectedRowIsCurrent) {
+    show(*shown, [&](QtUser &user) {
+        const auto current = [&] { return tree(user).currentIndex().row() + 1; };
+        EXPECT_EQ(current(), 0);
+        user.tickRow(u"lvw", 2);
+        EXPECT_EQ(current(), 0);
+        user.clickRow(u"lvw", 3);
+        EXPECT_EQ(current(), 3);
+        user.tickRow(u"lvw", 2);
+        EXPECT_EQ(current(), 3);
+        view().removeRow(4);
+        view().removeRow(3);
+        EXPECT_EQ(current(), 0);
+        view().select(1);
+        EXPECT_EQ(current(), 1);
+        view().deselect(1);
+        EXPECT_EQ(current(), 0);
+        view().setSorted(true);
+        EXPECT_EQ(current(), 0);
+    });
+}
+
 TEST_F(QtListViewTest, ARowSelectedByCodeIsScrolledIntoView) {
     for (int row = 0; row < 200; ++row) {
         view().addRow(u"Row");

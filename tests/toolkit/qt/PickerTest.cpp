@@ -6,6 +6,8 @@
 #include <QCalendarWidget>
 #include <QCheckBox>
 #include <QDateTimeEdit>
+#include <QLocale>
+#include <QTest>
 
 #include <ctime>
 
@@ -159,6 +161,155 @@ TEST_F(QtPickerTest, ADayThatWasReplacedIsNotBroughtBack) {
         user.type(u"08");
         EXPECT_EQ(picker().day(), 29);
     });
+}
+
+TEST_F(QtPickerTest, ADateIsTypedWithSeparatorsOfEveryKindOrNone) {
+    struct Typing {
+        const char16_t *keys;
+        QDate to;
+    };
+    const Typing typings[] = {
+        {u"05/06/2025", {2025, 6, 5}},  {u"5/6/2025", {2025, 6, 5}},
+        {u"05.06.2025", {2025, 6, 5}},  {u"1-2-1999", {1999, 2, 1}},
+        {u"31/1/2025", {2025, 1, 31}},  {u"1 12 2025", {2025, 12, 1}},
+        {u"31/02/2024", {2024, 2, 29}}, {u"05062025", {2025, 6, 5}},
+        {u"/11/2030", {2030, 11, 14}},  {u"05//2025", {2025, 5, 5}},
+        {u"३/४/२०२५", {2025, 4, 3}},    {u"1/13/2025", {2025, 1, 1}},
+    };
+    show(*shown, [&](QtUser &user) {
+        user.focusOn(u"dtpValue");
+        for (const Typing &typing : typings) {
+            picker().setDate(2004, 5, 14);
+            field(user).setSelectedSection(QDateTimeEdit::DaySection);
+            user.type(typing.keys);
+            EXPECT_EQ(QDate(picker().year(), picker().month(), picker().day()), typing.to)
+                << qt::toQt(typing.keys).toStdString();
+            EXPECT_EQ(user.focused(), u"dtp");
+        }
+    });
+}
+
+TEST_F(QtPickerTest, WhatIsShownInAnyLocaleCanBeTyped) {
+    for (const char *name : {"de_DE", "en_US", "mr_IN", "fa_IR", "fr_FR", "ar_EG"}) {
+        SCOPED_TRACE(name);
+        QLocale::setDefault(QLocale(QString::fromLatin1(name)));
+        const auto both =
+            window({{.kind = ControlKind::datePicker, .name = u"dtp", .format = u"dd/MM/yyy"},
+                    {.kind = ControlKind::timePicker, .name = u"dtpTime", .format = u"HH:mm:ss"}});
+        auto &date = both->get<DTPicker>(u"dtp");
+        auto &time = both->get<DTPicker>(u"dtpTime");
+        show(*both, [&](QtUser &user) {
+            const auto fieldOf = [&](const char16_t *picker) -> QDateTimeEdit & {
+                return *user.widget(picker)->findChild<QDateTimeEdit *>();
+            };
+            date.setDate(2025, 6, 5);
+            time.setTime(8, 5, 9);
+            const std::u16string shownDate = qt::fromQt(fieldOf(u"dtp").text());
+            const std::u16string shownTime = qt::fromQt(fieldOf(u"dtpTime").text());
+            date.setDate(2004, 3, 31);
+            time.setTime(17, 0, 0);
+            user.press(Key::tab);
+            user.type(shownDate);
+            user.press(Key::tab);
+            user.press(Key::tab);
+            user.type(shownTime);
+            EXPECT_EQ(QDate(date.year(), date.month(), date.day()), QDate(2025, 6, 5));
+            EXPECT_EQ(QTime(time.hour(), time.minute(), time.second()), QTime(8, 5, 9));
+        });
+    }
+    QLocale::setDefault(QLocale::system());
+}
+
+TEST_F(QtPickerTest, ATimeIsTypedWithSeparatorsOrWithout) {
+    const auto clock =
+        window({{.kind = ControlKind::timePicker, .name = u"dtpTime", .format = u"HH:mm:ss"}});
+    auto &time = clock->get<DTPicker>(u"dtpTime");
+    const std::pair<const char16_t *, QTime> typings[] = {
+        {u"08:30:15", {8, 30, 15}},  {u"8:5:9", {8, 5, 9}},    {u"1.2.3", {1, 2, 3}},
+        {u"23:59:59", {23, 59, 59}}, {u"00:00:00", {0, 0, 0}}, {u"99:7", {9, 9, 7}}};
+    show(*clock, [&](QtUser &user) {
+        user.press(Key::tab);
+        for (const auto &[keys, wanted] : typings) {
+            time.setTime(17, 0, 0);
+            user.press(Key::home);
+            user.type(keys);
+            EXPECT_EQ(QTime(time.hour(), time.minute(), time.second()), wanted)
+                << qt::toQt(keys).toStdString();
+        }
+        EXPECT_EQ(user.focused(), u"dtpTime");
+    });
+}
+
+TEST_F(QtPickerTest, ControlAndAnArrowKeyChangeThePartAndTakeWhatIsTyped) {
+    show(*shown, [&](QtUser &user) {
+        user.focusOn(u"dtpValue");
+        field(user).setSelectedSection(QDateTimeEdit::DaySection);
+        const auto go = [&](Qt::Key key) {
+            QTest::keyClick(&field(user), key, Qt::ControlModifier);
+            EXPECT_EQ(user.focused(), u"dtp");
+            return field(user).currentSection();
+        };
+        user.type(u"2");
+        EXPECT_EQ(go(Qt::Key_Right), QDateTimeEdit::MonthSection);
+        user.type(u"1");
+        EXPECT_EQ(go(Qt::Key_Right), QDateTimeEdit::YearSection);
+        EXPECT_EQ(go(Qt::Key_Right), QDateTimeEdit::YearSection);
+        user.type(u"20");
+        EXPECT_EQ(go(Qt::Key_Left), QDateTimeEdit::MonthSection);
+        EXPECT_EQ(field(user).text(), QStringLiteral("02/01/2004"));
+        EXPECT_EQ(go(Qt::Key_Left), QDateTimeEdit::DaySection);
+        EXPECT_EQ(go(Qt::Key_Left), QDateTimeEdit::DaySection);
+        EXPECT_EQ(QDate(picker().year(), picker().month(), picker().day()), QDate(2004, 1, 2));
+    });
+}
+
+TEST_F(QtPickerTest, WithAllSelectedTypingStartsAnew) {
+    show(*shown, [&](QtUser &user) {
+        user.focusOn(u"dtpValue");
+        user.press(Key::selectAll);
+        user.type(u"05/06/2025");
+        EXPECT_EQ(field(user).date(), QDate(2025, 6, 5));
+        for (const Key key : {Key::backspace, Key::deleteKey}) {
+            user.press(Key::selectAll);
+            user.press(key);
+            EXPECT_EQ(field(user).text(), QStringLiteral("05/06/2025"));
+            user.type(u"07/08/2026");
+            EXPECT_EQ(field(user).date(), QDate(2026, 8, 7));
+            picker().setDate(2025, 6, 5);
+        }
+    });
+}
+
+TEST_F(QtPickerTest, AYearMayBeginWithZeroWhileItIsTyped) {
+    show(*shown, [&](QtUser &user) {
+        user.focusOn(u"dtpValue");
+        field(user).setSelectedSection(QDateTimeEdit::YearSection);
+        user.type(u"020");
+        EXPECT_EQ(field(user).text(), QStringLiteral("14/05/020"));
+        EXPECT_EQ(picker().year(), 2004);
+        user.press(Key::home);
+        EXPECT_EQ(picker().year(), 2004);
+        field(user).setSelectedSection(QDateTimeEdit::YearSection);
+        user.type(u"2025");
+        EXPECT_EQ(picker().year(), 2025);
+    });
+}
+
+TEST_F(QtPickerTest, EnterPressesTheDefaultButtonWithWhatIsTyped) {
+    shown = window({{.kind = ControlKind::datePicker, .name = u"dtp", .format = u"dd/MM/yyy"},
+                    {.kind = ControlKind::commandButton, .name = u"cmd", .isDefault = true}});
+    picker().setDate(2004, 5, 14);
+    std::vector<QDate> taken;
+    shown->get<CommandButton>(u"cmd").onClick = [&] {
+        taken.emplace_back(picker().year(), picker().month(), picker().day());
+    };
+    show(*shown, [&](QtUser &user) {
+        user.press(Key::tab);
+        user.type(u"05/06/2025\n");
+        user.press(Key::home);
+        user.type(u"7\n");
+    });
+    EXPECT_EQ(taken, (std::vector<QDate>{{2025, 6, 5}, {2025, 6, 7}}));
 }
 
 TEST_F(QtPickerTest, ADigitTypedAfterAClickBeginsTheDayAnew) {

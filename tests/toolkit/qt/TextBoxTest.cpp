@@ -2,6 +2,7 @@
 
 #include "adapters/qt/QText.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QInputMethodEvent>
@@ -117,6 +118,27 @@ TEST_F(QtTextBoxTest, TheMiddleButtonInsertsOnlyWhatCouldBeTyped) {
                           box.mapTo(box.window(), box.rect().center()));
         EXPECT_EQ(shown->get<TextBox>(u"txt").text(), u"1234");
     });
+}
+
+TEST_F(QtTextBoxTest, AssistiveTechnologyCannotPassItsLimit) {
+    auto shown =
+        window({{.kind = ControlKind::textBox, .name = u"txt", .maxLength = 5, .columns = 20}});
+    auto &box = shown->get<TextBox>(u"txt");
+    std::vector<std::u16string> changes;
+    show(*shown, [&](QtUser &user) {
+        QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(&line(user));
+        ASSERT_NE(spoken, nullptr);
+        QAccessibleEditableTextInterface *editable = spoken->editableTextInterface();
+        ASSERT_NE(editable, nullptr);
+        box.onChange = [&] { changes.push_back(box.text()); };
+        spoken->setText(QAccessible::Value, QStringLiteral("1234567"));
+        editable->insertText(2, QStringLiteral("ab"));
+        editable->replaceText(0, 5, QString::fromUtf16(u"1234\U0001F4F1"));
+        box.setText(u"a longer text");
+        EXPECT_EQ(box.text(), u"a longer text");
+    });
+    EXPECT_EQ(changes,
+              (std::vector<std::u16string>{u"12345", u"12ab3", u"1234", u"a longer text"}));
 }
 
 TEST_F(QtTextBoxTest, NothingCanBeDroppedIntoIt) {

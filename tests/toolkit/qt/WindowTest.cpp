@@ -5,6 +5,7 @@
 #include <QAccessible>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QScreen>
 #include <QStyle>
 #include <QStyleOptionButton>
@@ -192,6 +193,56 @@ TEST_F(QtWindowTest, WindowsAndMessageBoxesHaveTheProductsIcon) {
     QTimer::singleShot(0, &play,
                        [&] { expectProductIcon(QApplication::activeModalWidget()->windowIcon()); });
     toolkit.showMessageBox(u"T", u"x", message_box::exclamation);
+}
+
+/// Whether dashes run around the button's caption: its top line changes along the way.
+bool hasFocusDashes(QPushButton &button) {
+    const QImage drawn = button.grab().toImage();
+    constexpr int line = 3;
+    int steps = 0;
+    for (int x = 5; x < drawn.width() - 6; ++x) {
+        steps += qt::contrast(drawn.pixelColor(x, line), drawn.pixelColor(x + 1, line)) >=
+                         qt::leastShapeContrast
+                     ? 1
+                     : 0;
+    }
+    return steps > 4;
+}
+
+TEST_F(QtWindowTest, TheFocusedButtonHasDashesAndTheOneThatEnterPressesAnOutline) {
+    for (const QPalette &palette : {QApplication::palette(), darkPalette()}) {
+        const Theme theme(palette, QApplication::font().pointSize());
+        const auto shown = window(
+            {{.kind = ControlKind::textBox, .name = u"txt"},
+             {.kind = ControlKind::commandButton, .name = u"cmdOther", .caption = u"Something"},
+             {.kind = ControlKind::commandButton,
+              .name = u"cmdOK",
+              .caption = u"Something",
+              .isDefault = true}});
+        std::u16string pressed;
+        for (const auto *name : {u"cmdOther", u"cmdOK"}) {
+            shown->get<CommandButton>(name).onClick = [&pressed, name] { pressed += name; };
+        }
+        show(*shown, [&](QtUser &user) {
+            auto &other = dynamic_cast<QPushButton &>(*user.widget(u"cmdOther"));
+            auto &ok = dynamic_cast<QPushButton &>(*user.widget(u"cmdOK"));
+            const auto expect = [&](bool otherHasFocus, bool okHasFocus) {
+                EXPECT_EQ(hasFocusDashes(other), otherHasFocus);
+                EXPECT_EQ(hasFocusDashes(ok), okHasFocus);
+                EXPECT_EQ(other.isDefault(), otherHasFocus);
+                EXPECT_EQ(ok.isDefault(), !otherHasFocus);
+                user.press(Key::enter);
+                EXPECT_EQ(std::exchange(pressed, {}), otherHasFocus ? u"cmdOther" : u"cmdOK");
+            };
+            expect(false, false);
+            user.press(Key::tab);
+            expect(true, false);
+            user.press(Key::tab);
+            expect(false, true);
+            user.press(Key::tab);
+            expect(false, false);
+        });
+    }
 }
 
 TEST_F(QtWindowTest, ItStartsInItsDesignsSizeAsFarAsTheScreenHasRoom) {
