@@ -1,6 +1,5 @@
 #include "host/kvexrules/NewDatabase.h"
 
-#include "adapters/recordset/Schema.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "host/kvexrules/Database.h"
 #include "host/kvexrules/Failure.h"
@@ -8,6 +7,7 @@
 #include "host/kvexrules/Sentences.h"
 #include "host/suite/Databases.h"
 #include "host/suite/Passwords.h"
+#include "host/suite/Schema.h"
 #include "host/suite/UserFolders.h"
 #include "platform/Text.h"
 
@@ -74,7 +74,7 @@ private:
 
 bool createTables(const ClientConnection &connection, const Settings &settings) {
     try {
-        return recordset::createSchema(connection);
+        return createSchema(connection);
     } catch (const Error &error) {
         failFor(settings, error, exit_status::refused);
     }
