@@ -1,7 +1,7 @@
 #include "host/addressbook/NumberCell.h"
 
 #include "host/addressbook/ContactFile.h"
-#include "host/suite/VisibleText.h"
+#include "host/suite/ShownText.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -61,7 +61,7 @@ std::string faultOf(std::u16string_view number) {
     return "";
 }
 
-/// What stands between the separators that nothing else uses.
+/// Reads a part between separators that have no other meaning.
 void readPart(std::string_view text, NumberCell &cell) {
     const std::u16string whole = oneLine(text);
     if (!hasDigit(whole)) {

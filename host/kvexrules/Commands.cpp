@@ -1,7 +1,10 @@
 #include "host/kvexrules/Commands.h"
 
 #include "host/kvexrules/Console.h"
+#include "host/kvexrules/Database.h"
 #include "host/kvexrules/Failure.h"
+#include "host/kvexrules/RuleList.h"
+#include "host/kvexrules/Settings.h"
 
 #include <array>
 #include <vector>
@@ -69,6 +72,17 @@ std::span<const OptionDescription> options() {
         OptionDescription{sample, "--sample", "", "add users, accounts and rules to try out"},
     };
     return table;
+}
+
+int listCommand(const Request &request) {
+    print(listText(rulesOf(settingsFor(request))));
+    return exit_status::done;
+}
+
+int initCommand(const Request &request) {
+    const Content content = request.has(Option::sample) ? Content::sample : Content::empty;
+    print("ready: " + makeDatabase(settingsFor(request), content) + "\n");
+    return exit_status::done;
 }
 
 int helpCommand(const Request & /*request*/) {

@@ -43,7 +43,7 @@ std::string contentOf(const std::string &file) {
                   "). Name a file in a folder where you may write.");
 }
 
-/// Writes what `descriptor` refers to and closes it; 0 or the system's error number.
+/// Writes `text` to `descriptor` and closes it. Returns 0 or the system's error number.
 int writeAndClose(int descriptor, std::string_view text) {
     int error = writeAll(descriptor, text);
     if (error == 0 && fsync(descriptor) != 0) {

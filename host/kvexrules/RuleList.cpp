@@ -1,10 +1,10 @@
 #include "host/kvexrules/RuleList.h"
 
+#include "host/kvexrules/CommandLine.h"
 #include "host/kvexrules/Database.h"
 #include "host/kvexrules/Failure.h"
-#include "host/kvexrules/Numbers.h"
 #include "host/suite/Databases.h"
-#include "host/suite/VisibleText.h"
+#include "host/suite/ShownText.h"
 #include "platform/Text.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "host/kvexrules/Settings.h"
 
+#include "host/kvexrules/CommandLine.h"
 #include "host/kvexrules/DatabaseUrl.h"
 #include "host/kvexrules/Failure.h"
-#include "host/kvexrules/Numbers.h"
 #include "host/suite/ErrorLog.h"
 #include "host/suite/UserFolders.h"
 
@@ -33,7 +33,7 @@ void readLine(std::string_view line, const std::string &place, Configuration &co
     };
     const std::size_t sign = line.find('=');
     if (sign == std::string_view::npos) {
-        // What it says is not repeated: it may be a part of a connection string.
+        // The message does not repeat the line, which may be part of a connection string.
         throw Failure(place + "this is no setting. Write one as: key = value");
     }
     const std::string key(stripped(line.substr(0, sign)));

@@ -1,5 +1,5 @@
-// Contact files that are cut off, damaged or none at all: each gives contacts, lines that were
-// skipped, or a sentence.
+// Files that are cut off, damaged or not contact files at all. Each gives contacts, skipped lines
+// or a sentence.
 #include "tests/addressbook/ContactFileLines.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@ namespace {
 
 using namespace std::string_literals;
 
-/// As linesOf, or the sentence.
+/// The lines of linesOf(), or the sentence.
 Lines outcome(const std::string &bytes) {
     try {
         return linesOf(readContactFile(bytes, false));

@@ -1,4 +1,4 @@
-#include "host/addressbook/ContactTable.h"
+#include "host/addressbook/ContactFile.h"
 
 #include "tests/addressbook/ContactFileLines.h"
 

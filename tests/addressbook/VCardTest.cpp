@@ -1,4 +1,4 @@
-#include "host/addressbook/VCard.h"
+#include "host/addressbook/ContactFile.h"
 
 #include "tests/addressbook/ContactFileLines.h"
 
@@ -13,7 +13,7 @@ Lines outcome(std::string_view text) {
     return linesOf(readVCards(text));
 }
 
-/// A card of version 4.0 with these lines, each ended.
+/// A card of version 4.0 with these lines. Adds the line breaks.
 std::string card(std::string_view lines, std::string_view version = "4.0") {
     return "BEGIN:VCARD\r\nVERSION:" + std::string(version) + "\r\n" + std::string(lines) +
            "END:VCARD\r\n";

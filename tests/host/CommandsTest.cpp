@@ -65,7 +65,7 @@ protected:
         return std::move(result.errors);
     }
 
-    /// The rows that a query gives, "|" between columns and a newline behind each row.
+    /// The rows of a query, with "|" between columns and a newline after each row.
     std::string rows(std::u16string_view query) const {
         const auto connection = openDatabase(fromUtf8(file.string()));
         const auto found = createRecordset();

@@ -21,7 +21,7 @@ template <class Call> std::string errorsOf(const Call &call) {
 
 class ConsoleOnATerminal : public testing::Test {
 protected:
-    /// What the terminal shows of standard error while `call` runs.
+    /// Returns what `call` writes to standard error, which is a terminal meanwhile.
     template <class Call> std::string shown(const Call &call) const {
         const StandardStream errors(STDERR_FILENO, terminal.program);
         call();

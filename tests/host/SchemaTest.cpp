@@ -1,4 +1,4 @@
-// The statements that make the server's tables.
+// The statements that create the server's tables.
 #include "host/suite/Schema.h"
 #include "platform/Error.h"
 #include "tests/recordset/ScriptedSession.h"

@@ -1,4 +1,4 @@
-// Databases that cannot be read, whoever names them.
+// Databases that cannot be read, named in each way.
 #include "tests/process/KvexrulesTest.h"
 
 namespace kvex::process {
@@ -10,7 +10,7 @@ using testing::Not;
 
 class Database : public KvexrulesTest {
 protected:
-    /// What list says of it; show must say the same.
+    /// The message of "list" for it. "show" must give the same.
     std::string complaint(const std::string &name) const {
         std::string told = failed(2, {"list", "--database", name});
         EXPECT_EQ(failed(2, {"show", "--all", "--database", name}), told);

@@ -1,4 +1,4 @@
-// What every command has in common.
+// The behaviour that all commands share.
 #include "tests/process/KvexrulesTest.h"
 
 namespace kvex::process {
@@ -65,7 +65,7 @@ TEST_F(Kvexrules, KeepsItsOutputOutOfFilesWhenItIsClosed) {
 }
 
 TEST_F(Kvexrules, LoadsNoWindowsForATerminal) {
-    // The loader writes to standard error what it loads.
+    // The loader writes the names of the libraries to standard error.
     environment["LD_DEBUG"] = "files";
     EXPECT_THAT(kvexrules({"version"}).errors,
                 AllOf(HasSubstr("libKVEXClassServer.so"), Not(HasSubstr("libQt6"))));
