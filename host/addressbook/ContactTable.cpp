@@ -83,7 +83,7 @@ private:
             return row.fault;
         }
         if (!std::ranges::all_of(row.fields, isUtf8)) {
-            return "the row holds bytes that are no character";
+            return "the row holds bytes that are not a character";
         }
         const bool tooWide =
             row.fields.size() > width_ &&

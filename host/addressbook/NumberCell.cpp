@@ -80,8 +80,8 @@ void readPart(std::string_view text, NumberCell &cell) {
         const bool isShort =
             static_cast<std::size_t>(std::ranges::count_if(number, isDigit)) < fewestDigits;
         cell.fault = numbers.size() > 1 && isShort
-                         ? "what \",\" and \";\" separate in " + toUtf8(visible(whole)) +
-                               " is not a number each"
+                         ? "the parts of " + toUtf8(visible(whole)) +
+                               " between \",\" and \";\" are not all numbers"
                          : faultOf(number);
         if (!cell.fault.empty()) {
             return;

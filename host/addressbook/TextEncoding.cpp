@@ -132,7 +132,7 @@ DecodedText decodeText(std::string_view bytes) {
     std::optional<std::string> wide = decodeUtf16(bytes);
     DecodedText decoded = wide ? DecodedText{std::move(*wide)} : decodeBytes(bytes);
     if (decoded.text.find('\0') != std::string::npos) {
-        throw std::invalid_argument("It is no text: it holds bytes of value 0.");
+        throw std::invalid_argument("It is not text: it holds bytes of value 0.");
     }
     return decoded;
 }

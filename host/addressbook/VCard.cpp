@@ -68,7 +68,7 @@ public:
     void take(const UnfoldedLine &text) {
         std::optional<VCardLine> line = parseVCardLine(text.text);
         if (!isUtf8(text.text)) {
-            fail(text.number, "the line holds bytes that are no character");
+            fail(text.number, "the line holds bytes that are not a character");
         } else if (line) {
             take(*line, text.number);
         } else if (!text.text.empty()) {
@@ -226,7 +226,7 @@ ContactFile readVCards(std::string_view text) {
         card->endMissing(file);
     }
     if (!anyCard) {
-        throw std::invalid_argument("It holds no vCard: none begins with BEGIN:VCARD.");
+        throw std::invalid_argument("It holds no vCard: no line is BEGIN:VCARD.");
     }
     return file;
 }

@@ -143,8 +143,8 @@ void hidePasswords(std::span<char *const> arguments) {
 
 std::string helpText(Commands commands, Options options) {
     constexpr std::ptrdiff_t width = 36;
-    std::string text = "Usage: kvexrules [COMMAND] [OPTION…]\n\nCommands, " +
-                       std::string(commands.front().name) + " where none is given:\n";
+    std::string text = "Usage: kvexrules [COMMAND] [OPTION…]\n\nCommands (" +
+                       std::string(commands.front().name) + " if you name none):\n";
     for (const CommandDescription &command : commands) {
         text +=
             paddedTo(width, "  " + std::string(command.name) + " " + std::string(command.form)) +

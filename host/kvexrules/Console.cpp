@@ -60,7 +60,7 @@ void print(std::string_view text) {
     }
     if (failure != 0) {
         throw Failure("The output cannot be written (" + std::string(std::strerror(failure)) +
-                      "). Direct it to a terminal, a pipe or a file with room.");
+                      "). Redirect it to a terminal, a pipe or a disk with free space.");
     }
 }
 

@@ -71,7 +71,7 @@ int importContacts(const Request &request, const std::string &file) {
     const Settings settings = settingsFor(request);
     const ContactFile found = readContactsFrom(file);
     if (found.isGuessedEncoding) {
-        complain(inputName(file) + " is not in UTF-8; it is read as Windows-1252. Look at the "
+        complain(inputName(file) + " is not UTF-8, so it was read as Windows-1252. Check the "
                                    "names: kvexrules contacts list.");
     }
     for (const SkippedEntry &skipped : found.skipped) {
@@ -114,7 +114,7 @@ int exportContacts(const Request &request, const std::string &file) {
 std::int64_t contactId(const std::string &word) {
     const auto id = wholeNumber<std::int64_t>(word);
     if (!id) {
-        throw Failure("\"" + word + "\" is no contact's id. " + whereIdsAre);
+        throw Failure("\"" + word + "\" is not the id of a contact. " + whereIdsAre);
     }
     return *id;
 }
@@ -160,7 +160,7 @@ int contactsCommand(const Request &request) {
     const std::string verb = words.empty() ? "" : words.front();
     const bool isExport = verb == "export" && words.size() <= 2;
     if (!isExport && (request.has(Option::format) || request.has(Option::replace))) {
-        throw Failure("--format and --replace belong to kvexrules contacts export.");
+        throw Failure("Use --format and --replace only with kvexrules contacts export.");
     }
     if (isExport) {
         return exportContacts(request, words.size() == 2 ? words.back() : "-");

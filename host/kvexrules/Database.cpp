@@ -38,8 +38,8 @@ std::unique_ptr<ClientConnection> openToFill(const Settings &settings, bool isFi
             throw;
         }
         throw Failure(asSentence(toUtf8(error.description())) +
-                      " The database itself, and a user who may create tables in it, must be "
-                      "there before kvexrules init: have the server's administrator make them. " +
+                      " kvexrules init needs a database that exists, and a user who may create "
+                      "tables in it. Ask the server's administrator for both. " +
                       settings.databaseOrigin);
     }
 }

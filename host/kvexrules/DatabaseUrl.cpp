@@ -103,7 +103,7 @@ std::optional<std::string> adviceForUrl(std::string_view database) {
     }
     // A scheme may also name a driver, as in "mysql+pymysql".
     const std::string kind = scheme.substr(0, scheme.find('+'));
-    const std::string what = "\"" + scheme + "://…\" is a URL, and this program takes none. ";
+    const std::string what = "\"" + scheme + "://…\" is a URL, which kvexrules does not take. ";
     if (kind.starts_with("sqlite")) {
         return what + "Name the SQLite file by its path, as in: /srv/kvex/rules.db";
     }

@@ -43,7 +43,7 @@ const DescriptionFormat &formatOf(const Request &request) {
 
 std::vector<std::string> idsAskedFor(const Request &request) {
     if (request.has(Option::all) != request.words.empty()) {
-        throw Failure("Name the rules to show by their ids, or all of them with --all, but not "
+        throw Failure("Name the ids of the rules to show, or --all, but not "
                       "both. The ids are the numbers that kvexrules list shows.");
     }
     std::vector<std::string> ids;
@@ -68,11 +68,11 @@ bool isAboutLoading(const LoggedError &error) {
 void tellWhatIsStored(const std::string &id, const Settings &settings) {
     complain(
         suiteState().firstError && isAboutLoading(*suiteState().firstError)
-            ? "OK in the editor would replace both texts by what was read before the error, "
-              "and by what is entered there: the rest of the conditions and actions would be "
-              "lost. Correct the row in the database, as its texts are now:"
-            : "OK in the editor would write both texts again, and leave what cannot be "
-              "described as it is. Choose that anew there, or correct the row in the database. "
+            ? "OK in the editor would replace both texts by what was read before the error "
+              "and what you enter there. The other conditions and actions would be lost. "
+              "Correct the row in the database. Its texts are now:"
+            : "OK in the editor would write both texts again, and keep the parts that cannot be "
+              "described. Choose those parts again there, or correct the row in the database. "
               "Its texts are now:");
     try {
         const StoredTexts texts = storedTexts(id, settings);
@@ -103,7 +103,7 @@ public:
         const HRESULT result = reader_->DescribeRule(Bstr(fromUtf8(id)).get(), collector.get());
         description = std::move(collector->description);
         if (result == S_FALSE) {
-            complain("There is no rule " + id + ". The rules that there are: kvexrules list");
+            complain("There is no rule " + id + ". To list the rules: kvexrules list");
             return false;
         }
         if (FAILED(result) || suiteState().lastError) {

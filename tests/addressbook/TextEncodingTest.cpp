@@ -101,7 +101,7 @@ TEST(TextEncoding, DoesNotGuessWhereWindows1252HasNoSuchByte) {
 }
 
 TEST(TextEncoding, RefusesBytesThatAreNoText) {
-    const std::string sentence = "It is no text: it holds bytes of value 0.";
+    const std::string sentence = "It is not text: it holds bytes of value 0.";
     EXPECT_EQ(refusal([] { static_cast<void>(decodeText("Name,Mobile\nA\0,98111\n"s)); }),
               sentence);
     EXPECT_EQ(refusal([] {

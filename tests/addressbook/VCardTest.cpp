@@ -180,7 +180,7 @@ TEST(VCard, NamesTheLineThatIsNone) {
 
 TEST(VCard, NamesTheLineWithBytesThatAreNoCharacter) {
     EXPECT_EQ(outcome(card("FN:Ren\xE9\r\nTEL:1\r\n") + card("FN:B\r\nTEL:2\r\n")),
-              (Lines{"B: 2", "3: the line holds bytes that are no character"}));
+              (Lines{"B: 2", "3: the line holds bytes that are not a character"}));
 }
 
 TEST(VCard, NamesACardWithoutAnEnd) {

@@ -59,8 +59,9 @@ TEST(Console, TellsWhyTheOutputCannotBeWritten) {
         print("a");
         ADD_FAILURE() << "written";
     } catch (const Failure &failure) {
-        EXPECT_STREQ(failure.what(), "The output cannot be written (No space left on device). "
-                                     "Direct it to a terminal, a pipe or a file with room.");
+        EXPECT_STREQ(failure.what(),
+                     "The output cannot be written (No space left on device). "
+                     "Redirect it to a terminal, a pipe or a disk with free space.");
         EXPECT_EQ(failure.status(), exit_status::unusable);
     }
 }

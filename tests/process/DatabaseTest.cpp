@@ -93,7 +93,7 @@ TEST_F(Database, NeverHasItsPasswordListedWithTheProcess) {
 TEST_F(Database, MayNotBeNamedByAUrl) {
     const std::string told = complaint("postgresql://app:s3cret@db:5433/sms");
     EXPECT_EQ(told, "kvexrules: The database was named by --database. \"postgresql://…\" is a URL, "
-                    "and this program takes none. Use this connection string: Driver={PostgreSQL "
+                    "which kvexrules does not take. Use this connection string: Driver={PostgreSQL "
                     "Unicode};Server=db;Port=5433;Database=sms;UID=app;PWD=***\n");
     EXPECT_THAT(failed(2, {"postgresql://app:s3cret@db/sms"}), Not(HasSubstr("cret")));
 }

@@ -85,8 +85,9 @@ TEST_F(Edit, OfAnUnknownProviderSaysSo) {
 
 TEST_F(Edit, TakesOnlyNumbersForIds) {
     environment["QT_QPA_PLATFORM"] = "offscreen";
-    EXPECT_THAT(failed(2, {"edit", "--rule", "one"}), HasSubstr("\"one\" is no rule's id"));
-    EXPECT_THAT(failed(2, {"edit", "--user", "asha"}), HasSubstr("\"asha\" is no user's id"));
+    EXPECT_THAT(failed(2, {"edit", "--rule", "one"}), HasSubstr("\"one\" is not the id of a rule"));
+    EXPECT_THAT(failed(2, {"edit", "--user", "asha"}),
+                HasSubstr("\"asha\" is not the id of a user"));
 }
 
 TEST_F(Edit, RefusesALogThatCannotBeWritten) {
