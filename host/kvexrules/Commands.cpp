@@ -40,7 +40,7 @@ std::span<const CommandDescription> commands() {
          contactsCommand},
         {"init",
          "[--sample]",
-         "create missing tables; with --sample, add sample data",
+         "create missing tables; with --sample, fill empty ones",
          {database, sample},
          false,
          initCommand},

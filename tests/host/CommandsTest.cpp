@@ -95,7 +95,7 @@ Commands (edit if you name none):
   list                              list all rules by priority: position, on or off, id, name
   show ID… | --all                  describe rules, separated by a blank line
   contacts VERB…                    import, export, remove or list contacts (see below)
-  init [--sample]                   create missing tables; with --sample, add sample data
+  init [--sample]                   create missing tables; with --sample, fill empty ones
   register                          register the rule component, so that hosts find it
   unregister                        remove this registration
   help                              print this text
