@@ -2,8 +2,8 @@
 
 #include "adapters/odbc/Provider.h"
 #include "adapters/recordset/ClientConnection.h"
-#include "adapters/recordset/Schema.h"
 #include "bench/support/RuleSet.h"
+#include "host/suite/Schema.h"
 #include "platform/Text.h"
 
 #include <map>
@@ -33,7 +33,7 @@ RulesOnServer::RulesOnServer(test::DatabaseServer &server, std::size_t rules)
     {
         recordset::ClientConnection connection({odbc::provider()});
         static_cast<Connection &>(connection).open(connectionString());
-        recordset::createSchema(connection);
+        host::createSchema(connection);
     }
     addNamed(userCount, "SMS_USERS");
     addNamed(accountCount, "SMS_ACCOUNT", ", BIND_MODE", ", 'TRANSCEIVER'");

@@ -1,4 +1,4 @@
-#include "host/addressbook/AddressBookDesign.h"
+#include "host/addressbook/AddressBookWindow.h"
 
 #include "platform/controls/DesignPieces.h"
 
@@ -7,7 +7,7 @@ namespace {
 
 using namespace design;
 
-/// For many contacts alone.
+/// Shown only where many contacts can be chosen.
 ControlDesign manyButton(std::u16string name, std::u16string caption, std::u16string wait,
                          bool multiple) {
     ControlDesign button = waitingButton(std::move(name), std::move(caption), std::move(wait));

@@ -1,6 +1,5 @@
 #include "host/addressbook/AddressBookWindow.h"
 
-#include "host/addressbook/AddressBookDesign.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -58,7 +57,7 @@ void AddressBookWindow::lvwContacts_ItemCheck(int row) {
     showChoice();
 }
 
-/// The one row is the choice; of many it is one more, or one less.
+/// Where one contact is chosen, takes it. Where many are, ticks or unticks the row.
 void AddressBookWindow::lvwContacts_DblClick() {
     if (!multiple_) {
         cmdSelect_Click();

@@ -7,6 +7,7 @@
 #include "platform/controls/ListView.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Toolkit.h"
+#include "platform/controls/WindowDesign.h"
 
 #include <cstddef>
 #include <memory>
@@ -14,15 +15,17 @@
 
 namespace kvex::host {
 
-/// One showing. What was ticked stays so whatever the search shows.
+/// `multiple`: the user ticks rows; else the selected row is the choice.
+[[nodiscard]] WindowDesign addressBookDesign(bool multiple);
+
+/// Serves one showing of the window. A ticked contact stays ticked while the search hides it.
 class AddressBookWindow {
 public:
-    /// `multiple`: many may be chosen, by their check boxes; else one, by selecting its row.
-    /// Fails as Toolkit::createWindow does.
+    /// `multiple` as addressBookDesign takes it. Fails as Toolkit::createWindow does.
     AddressBookWindow(Toolkit &toolkit, std::vector<Contact> contacts, bool multiple);
 
-    /// Shows the window until it is closed; gives the contacts chosen, in the address book's
-    /// order, none when the user cancelled. Once.
+    /// Shows the window until it is closed. Returns the chosen contacts in the address book's
+    /// order, or none when the user cancelled. Call it once.
     [[nodiscard]] std::vector<Contact> show();
 
 private:
@@ -36,11 +39,11 @@ private:
 
     /// Lists the contacts that the search finds.
     void listFound();
-    /// Makes the rows' check boxes say what is chosen.
+    /// Ticks the rows of the chosen contacts, and no others.
     void showTicks();
     void choose(std::size_t contact, bool chosen);
     void chooseNone();
-    /// Where one row is the choice: a row that is selected no more is none.
+    /// Where one row is the choice: forgets the choice when no row is selected any more.
     void dropLostChoice();
     void showChoice();
     [[nodiscard]] std::u16string hintText() const;

@@ -162,8 +162,8 @@ constexpr Kind kinds[]{
     {ColumnKind::otherPhone, otherPhones},
 };
 
-/// The letter without its accent, of those that the headings have; 0 for an accent or nukta that
-/// stands alone.
+/// Removes the accent of a letter. It knows the letters of the headings. A lone accent or nukta
+/// gives 0.
 char16_t withoutAccent(char16_t unit) {
     constexpr Text accented = u"áàâäéèêëíîïñóòôöúùûüç\u095E";
     constexpr Text plain = u"aaaaeeeeiiinoooouuuuc\u092B";

@@ -1,4 +1,4 @@
-// What the columns of contact tables are called: in English, German, French, Spanish and Hindi.
+// The names of columns in contact tables: English, German, French, Spanish and Hindi.
 #pragma once
 
 #include <string>
@@ -13,7 +13,7 @@ enum class ColumnKind {
     middleName,
     lastName,
     organisation,
-    // Numbers, the preferred ones first.
+    // The kinds of numbers, from the best to the worst.
     mobile,
     phone,
     homePhone,
@@ -21,15 +21,15 @@ enum class ColumnKind {
     otherPhone,
 };
 
-/// `heading`, in UTF-8, without case, accents, blanks and marks: "Téléphone (bureau)" as
-/// "telephonebureau".
+/// Removes case, accents, blanks and marks from `heading`, which is UTF-8. "Téléphone (bureau)"
+/// becomes "telephonebureau".
 [[nodiscard]] std::u16string plainHeading(std::string_view heading);
 
-/// The kind of a column by its plain heading; a digit at its end does not count ("Home Phone 2").
+/// The kind of the column with this plain heading. A digit at its end is ignored ("Home Phone 2").
 [[nodiscard]] ColumnKind columnKind(std::u16string_view plainHeading);
 
-/// The kind of a number by its label in UTF-8, as in "* Mobile": otherPhone where the label says
-/// nothing that is known, unknown for a machine's number, such as a fax's.
+/// The kind of the number with this label in UTF-8, such as "* Mobile". An unknown label gives
+/// otherPhone. The label of a machine, such as a fax, gives `unknown`.
 [[nodiscard]] ColumnKind labelKind(std::string_view label);
 
 } // namespace kvex::host

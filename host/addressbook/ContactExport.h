@@ -8,11 +8,11 @@
 
 namespace kvex::host {
 
-/// A card of version 4.0 for each contact, with its number as a mobile one. A contact without a
-/// name has its number for one. Lines are folded at 75 bytes.
+/// One card of version 4.0 for each contact, with its number as a mobile number. A contact without
+/// a name gets its number as its name. Lines are folded at 75 bytes.
 [[nodiscard]] std::string asVCards(std::span<const Contact> contacts);
 
-/// RFC 4180, with a first row "Name,Mobile".
+/// CSV as RFC 4180 defines it. The first row is "Name,Mobile".
 [[nodiscard]] std::string asCsv(std::span<const Contact> contacts);
 
 } // namespace kvex::host

@@ -1,8 +1,6 @@
 #include "host/addressbook/ContactFile.h"
 
-#include "host/addressbook/ContactTable.h"
 #include "host/addressbook/TextEncoding.h"
-#include "host/addressbook/VCard.h"
 #include "platform/Text.h"
 
 #include <algorithm>

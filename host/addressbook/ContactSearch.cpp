@@ -10,8 +10,8 @@ namespace {
 
 using Text = std::u16string_view;
 
-/// Sorts before every character and stands in no word: a shorter name goes before a longer one,
-/// and no word is found across name and number.
+/// Stands between name and number. It sorts before every character, so a shorter name goes first.
+/// No word contains it, so no word matches the end of a name and the start of a number.
 constexpr char16_t boundary = u'\0';
 
 bool separatesDigits(char16_t unit) {
@@ -26,7 +26,7 @@ std::u16string withoutSeparators(Text number) {
 
 struct Word {
     std::u16string text;
-    /// "" for a word of marks alone.
+    /// "" for a word that has only separators.
     std::u16string digits;
 };
 

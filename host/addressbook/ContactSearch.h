@@ -1,4 +1,4 @@
-// Contacts in the order of an address book, and what a user looks for among them.
+// Contacts in the order of an address book, and the search among them.
 #pragma once
 
 #include "host/addressbook/Contacts.h"
@@ -10,7 +10,7 @@
 
 namespace kvex::host {
 
-/// Ordered by name without regard to case, then by number; equal ones as they were given.
+/// Orders contacts by name without regard to case, then by number. Equal ones keep their order.
 class ContactSearch {
 public:
     explicit ContactSearch(std::vector<Contact> contacts);
@@ -20,18 +20,17 @@ public:
         return entries_[index].contact;
     }
 
-    /// The contacts that every word of `words` occurs in, in name or number and without regard to
-    /// case; all of them where there is no word. Blanks separate words. A word of digits also
-    /// finds a number that is written with blanks, dashes, dots, slashes or brackets between its
-    /// digits, and may be written so itself.
+    /// Finds the contacts that have every word of `words` in name or number, without regard to
+    /// case. Without a word it finds all. Blanks separate words. Between digits, it ignores blanks,
+    /// dashes, dots, slashes and brackets, both in the numbers and in the words.
     [[nodiscard]] std::vector<std::size_t> find(std::u16string_view words) const;
 
 private:
     struct Entry {
         Contact contact;
-        /// What is searched: name and number, folded. Also the key of the order.
+        /// Name and number, folded: the search looks here, and the order follows it.
         std::u16string text;
-        /// The number without what separates its digits.
+        /// The number without the separators of its digits.
         std::u16string digits;
     };
 

@@ -1,4 +1,4 @@
-#include "host/addressbook/ContactTable.h"
+#include "host/addressbook/ContactFile.h"
 
 #include "host/addressbook/ColumnNames.h"
 #include "host/addressbook/Csv.h"
@@ -16,10 +16,10 @@
 namespace kvex::host {
 namespace {
 
-/// Places of columns.
+/// Indexes of columns.
 using Columns = std::vector<std::size_t>;
 
-/// The place of the first of `names` that a column has.
+/// The index of the first column with one of the `names`.
 std::optional<std::size_t> placeOf(std::initializer_list<std::u16string> names,
                                    const std::vector<std::u16string> &headings) {
     const auto found = std::ranges::find_first_of(headings, names);
@@ -36,7 +36,7 @@ public:
             columns_[columnKind(headings[column])].push_back(column);
         }
         addLabelledNumbers(headings);
-        // German tables call the surname "Name" beside a "Vorname".
+        // In German tables with a column "Vorname", "Name" is the surname.
         if (placeOf({u"vorname"}, headings) && columns_[ColumnKind::lastName].empty()) {
             std::swap(columns_[ColumnKind::lastName], columns_[ColumnKind::fullName]);
         }
@@ -66,7 +66,7 @@ public:
     }
 
 private:
-    /// A value and its label have a number each of their own: "Phone 1 - Value".
+    /// Adds the pairs of a value and its label, which have a number: "Phone 1 - Value".
     void addLabelledNumbers(const std::vector<std::u16string> &headings) {
         for (int number = 1;; ++number) {
             const std::u16string prefix = u"phone" + toText(std::int64_t{number});
@@ -83,7 +83,7 @@ private:
             return row.fault;
         }
         if (!std::ranges::all_of(row.fields, isUtf8)) {
-            return "the row holds bytes that are no character";
+            return "the row holds bytes that are not a character";
         }
         const bool tooWide =
             row.fields.size() > width_ &&
@@ -92,7 +92,7 @@ private:
         return tooWide ? "the row has more fields than the first one" : "";
     }
 
-    /// Those of the best kind that the row has.
+    /// The numbers of the best kind in the row.
     [[nodiscard]] NumberCell numbersIn(const CsvRow &row) const {
         NumberCell all;
         for (const ColumnKind kind : numberKinds) {
@@ -167,7 +167,7 @@ private:
     std::vector<LabelledNumber> labelled_;
 };
 
-/// The separator that a first line "sep=;" names, as spreadsheets read it; "" without one.
+/// The separator that a first line such as "sep=;" names for spreadsheets, or "".
 std::string namedSeparator(std::string_view line) {
     std::string plain = lowerCase(line);
     std::erase_if(plain, [](char byte) { return byte == '"' || byte == '\r'; });

@@ -1,9 +1,13 @@
-// The contacts in the server's database.
+// The contacts in the server's database: reading, adding and removing them.
 #pragma once
 
+#include "adapters/recordset/ClientConnection.h"
+#include "host/addressbook/ContactFile.h"
 #include "platform/Database.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -16,11 +20,29 @@ struct Contact {
     std::u16string number;
 };
 
-/// The live contacts of the user and those of nobody, by their ids. What has no value is "". Fails
-/// as the record set's open does.
+/// The live contacts that belong to the user or to nobody, in the order of their ids. Null reads
+/// as "". Fails as the record set's open does.
 [[nodiscard]] std::vector<Contact> readContacts(Connection &connection, std::int32_t userId);
 
-/// Fails as readContacts would for every user: the database has no table of contacts.
+/// Fails when the database has no table of contacts, as readContacts would for every user.
 void requireContacts(Connection &connection);
+
+struct StoredCount {
+    std::size_t taken = 0;
+    /// The user has a live contact with the same number and with the name that a file would give.
+    std::size_t alreadyThere = 0;
+};
+
+/// Adds the contacts to the user's: all of them or, when the database refuses one, none. Fails as
+/// the record set's update does.
+StoredCount storeContacts(recordset::ClientConnection &connection, std::int32_t userId,
+                          const std::vector<FileContact> &contacts);
+
+/// Marks contacts that readContacts gives the user as deleted: all of them or, when one id is not
+/// there, none. Returns the ids that are not there, in ascending order. Fails as the record set's
+/// update does; then nothing is removed.
+[[nodiscard]] std::vector<std::int64_t> removeContacts(recordset::ClientConnection &connection,
+                                                       std::int32_t userId,
+                                                       const std::set<std::int64_t> &ids);
 
 } // namespace kvex::host

@@ -5,7 +5,7 @@
 namespace kvex::host {
 namespace {
 
-/// No row of contacts comes near it, and reading a longer one takes too much memory.
+/// Rows of contacts are far shorter. A longer row would take too much memory.
 constexpr std::size_t longestLine = std::size_t{1024} * 1024;
 
 } // namespace
@@ -68,7 +68,7 @@ std::string CsvReader::readPlain() {
     return std::string(text_.substr(start, at_ - start));
 }
 
-/// A doubled quotation mark stands for one.
+/// Two quotation marks together stand for one.
 std::string CsvReader::readQuoted(CsvRow &row) {
     std::string field;
     for (++at_; !atEnd(); ++at_) {

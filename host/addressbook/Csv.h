@@ -9,23 +9,23 @@
 namespace kvex::host {
 
 struct CsvRow {
-    /// Where it begins, from 1.
+    /// The line where it begins, from 1.
     std::size_t line = 0;
     std::vector<std::string> fields;
-    /// Why it cannot be read, without a full stop; "" when it can.
+    /// Why it cannot be read, without a full stop. "" when it can.
     std::string fault;
 };
 
-/// Lines end in CR LF or LF. A quotation mark within a field that begins without one stands for
-/// itself.
+/// Lines end in CR LF or LF. A quotation mark is an ordinary character in a field that does not
+/// begin with one.
 class CsvReader {
 public:
-    /// The text is the caller's, and begins in `line` of its file.
+    /// `text` must outlive the reader. It begins in line `line` of its file.
     CsvReader(std::string_view text, char separator, std::size_t line = 1)
         : text_(text), separator_(separator), line_(line) {}
 
-    /// The next row, false when there is none; lines of blanks alone are none. A row that cannot
-    /// be read ends with its first line.
+    /// Reads the next row, and skips lines of blanks alone. Returns false when there is none. A row
+    /// that cannot be read ends with its first line.
     bool next(CsvRow &row);
 
 private:

@@ -2,16 +2,49 @@
 
 #include "adapters/classserver/server/Guard.h"
 #include "host/addressbook/AddressBookWindow.h"
-#include "host/addressbook/TextCollection.h"
 #include "host/suite/Databases.h"
-#include "host/suite/Passwords.h"
+#include "host/suite/ShownText.h"
 #include "host/suite/SuiteState.h"
 #include "platform/Text.h"
 
+#include <cstddef>
 #include <iostream>
 
 namespace kvex::host {
 namespace {
+
+/// Texts that do not change, as they cross a component's boundary.
+class TextCollection final : public ComObject<ITextCollection> {
+public:
+    explicit TextCollection(std::vector<std::u16string> texts) : texts_(std::move(texts)) {}
+
+    HRESULT GetCount(LONG *count) noexcept final {
+        if (count == nullptr) {
+            return E_POINTER;
+        }
+        *count = static_cast<LONG>(texts_.size());
+        return S_OK;
+    }
+
+    HRESULT GetItem(LONG index, BSTR *text) noexcept final {
+        if (text == nullptr) {
+            return E_POINTER;
+        }
+        *text = nullptr;
+        if (index < 1 || static_cast<std::size_t>(index) > texts_.size()) {
+            return E_INVALIDARG;
+        }
+        return guarded([&] {
+            *text = Bstr(texts_[static_cast<std::size_t>(index) - 1]).detach();
+            return S_OK;
+        });
+    }
+
+private:
+    ~TextCollection() final = default;
+
+    std::vector<std::u16string> texts_;
+};
 
 std::unique_ptr<Connection> openContacts(std::u16string_view connectionString) {
     std::unique_ptr<Connection> connection = openDatabase(connectionString);
@@ -77,7 +110,8 @@ std::vector<Contact> ManageContacts::contactsOf(LONG userId) {
     return contacts;
 }
 
-/// The user, too: who called only logs that this failed, and a button that does nothing puzzles.
+/// Tells the user as well. The caller only logs the failure, and the user would see a button that
+/// does nothing.
 void ManageContacts::tell(const Error &error) {
     const std::u16string sentence = u"The address book cannot be opened.";
     logEntry(logFile_, u"KVEXHostSuite: " + sentence, &error);

@@ -16,21 +16,20 @@ namespace kvex::host {
 /// Contacts without a number are left out: nothing can be sent to them.
 class ManageContacts final : public ComObject<IManageContacts> {
 public:
-    /// The toolkit is the caller's, and outlives the object.
+    /// `toolkit` must outlive the object.
     explicit ManageContacts(Toolkit &toolkit) : toolkit_(toolkit) {}
 
-    /// Opens the database; `first`, `mode` and the second text say nothing to this address book.
-    /// `*success` false, with the reason in the error log and shown to the user, when there is no
-    /// such database or it has no contacts' table. `*logFile` is where errors are logged from then
-    /// on.
+    /// Opens the database, and logs errors in `*logFile` from then on. It ignores `first`, `mode`
+    /// and the second text. `*success` is false when the database cannot be opened or has no table
+    /// of contacts. Then the reason is in the log, and the user has seen it.
     HRESULT Init(BSTR first, BSTR connectionString, LONG mode, BSTR *secondText, BSTR *logFile,
                  VARIANT_BOOL *success) noexcept final;
-    /// Shows the address book to choose one contact in it, or with `multiple` many. `*code` is 0
-    /// when the user cancelled. E_UNEXPECTED without an Init that succeeded; what the database or
-    /// the toolkit refuses is logged and shown as well, and comes back as currentResult() says.
-    /// After a failure, as after a cancellation, nothing is selected.
+    /// Shows the address book. The user chooses one contact, or many if `multiple` is set. `*code`
+    /// is 0 when the user cancelled. Fails with E_UNEXPECTED without an Init that succeeded. An
+    /// error of the database or the toolkit is logged and shown; the result is currentResult()'s.
+    /// After a failure or a cancellation nothing is selected.
     HRESULT SelectRecipients(LONG userId, VARIANT_BOOL multiple, LONG *code) noexcept final;
-    /// The names, and the numbers in the same order, of the last selection; empty before.
+    /// The names of the last selection, empty before the first. The numbers have the same order.
     HRESULT GetSelectedItems(ITextCollection **items) noexcept final;
     HRESULT GetSelectedNumbers(ITextCollection **numbers) noexcept final;
 

@@ -1,7 +1,7 @@
 #include "host/addressbook/NumberCell.h"
 
 #include "host/addressbook/ContactFile.h"
-#include "host/suite/VisibleText.h"
+#include "host/suite/ShownText.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -61,7 +61,7 @@ std::string faultOf(std::u16string_view number) {
     return "";
 }
 
-/// What stands between the separators that nothing else uses.
+/// Reads a part between separators that have no other meaning.
 void readPart(std::string_view text, NumberCell &cell) {
     const std::u16string whole = oneLine(text);
     if (!hasDigit(whole)) {
@@ -80,8 +80,8 @@ void readPart(std::string_view text, NumberCell &cell) {
         const bool isShort =
             static_cast<std::size_t>(std::ranges::count_if(number, isDigit)) < fewestDigits;
         cell.fault = numbers.size() > 1 && isShort
-                         ? "what \",\" and \";\" separate in " + toUtf8(visible(whole)) +
-                               " is not a number each"
+                         ? "the parts of " + toUtf8(visible(whole)) +
+                               " between \",\" and \";\" are not all numbers"
                          : faultOf(number);
         if (!cell.fault.empty()) {
             return;

@@ -8,15 +8,17 @@
 namespace kvex::host {
 
 struct NumberCell {
-    /// As they are written there; none without a digit.
+    /// As the cell writes them. Text without a digit is not a number.
     std::vector<std::u16string> numbers;
-    /// Why they cannot be taken, in UTF-8 and without a full stop; "" when they can.
+    /// Why they cannot be taken, in UTF-8 and without a full stop. "" when they can.
     std::string fault;
 };
 
-/// Splits `text`, in UTF-8, at " ::: ", "|", line breaks, ";" and ",". The last two also stand
-/// for a pause or between thousands: a part of fewer than five digits beside one is a fault. So is
-/// what a spreadsheet made of a number, as in 9.8E+11, '98 and ="98".
+/// Splits `text`, which is UTF-8, at " ::: ", "|", line breaks, ";" and ",".
+///
+/// The signs ";" and "," can also mean a pause, and "," separates thousands. So a part next to one
+/// is a fault when it has fewer than five digits. A number that a spreadsheet has changed is a
+/// fault as well: 9.8E+11, '98, ="98".
 [[nodiscard]] NumberCell readNumberCell(std::string_view text);
 
 } // namespace kvex::host

@@ -13,7 +13,7 @@ namespace kvex::host {
 namespace {
 
 constexpr std::string_view windows = "CP1252";
-/// No byte of UTF-8.
+/// A byte that UTF-8 never has.
 constexpr char unreadable = '\xFF';
 
 /// One conversion into UTF-8.
@@ -30,10 +30,11 @@ public:
 
     [[nodiscard]] bool isKnown() const { return handle_ != noHandle(); }
 
-    /// Converts up to the first character that cannot be read, and gives the bytes before it.
+    /// Converts up to the first character that it cannot read. Returns the count of bytes before
+    /// it.
     std::size_t convert(std::string_view bytes, std::string &text) {
         std::array<char, 4096> room{};
-        // The C library's declaration wants it writable, and does not write it.
+        // The C library declares it writable but does not write to it.
         char *from =
             const_cast<char *>(bytes.data()); // NOLINT(cppcoreguidelines-pro-type-const-cast)
         std::size_t left = bytes.size();
@@ -48,13 +49,13 @@ public:
     }
 
 private:
-    // NOLINTNEXTLINE: the C library's own mark of a failure.
+    // NOLINTNEXTLINE: the C library reports a failure with this value.
     static iconv_t noHandle() { return reinterpret_cast<iconv_t>(-1); }
 
     iconv_t handle_;
 };
 
-/// Nothing for a set that nobody knows or bytes that are not all of its characters.
+/// Returns nothing when the set is unknown or a byte is not valid in it.
 std::optional<std::string> converted(std::string_view name, std::string_view bytes) {
     Converter converter{std::string(name)};
     std::string text;
@@ -64,7 +65,7 @@ std::optional<std::string> converted(std::string_view name, std::string_view byt
     return text;
 }
 
-/// What is no character, such as half of one, becomes a byte that is no UTF-8.
+/// Invalid units, such as half of a character, become a byte that is not UTF-8.
 std::string decodeUtf16(const std::string &name, std::string_view bytes) {
     Converter converter(name);
     std::string text;
@@ -78,8 +79,8 @@ std::string decodeUtf16(const std::string &name, std::string_view bytes) {
     }
 }
 
-/// The name of the UTF-16 without a byte order mark that `bytes` look like, "" for none: digits
-/// and separators have a zero byte each, always on the same side.
+/// The name of the UTF-16 encoding that `bytes` look like without a byte order mark, or "". Digits
+/// and separators have one zero byte each, always on the same side.
 std::string utf16Without(std::string_view bytes) {
     std::array<std::size_t, 2> zeros{};
     for (std::size_t at = 0; at < bytes.size(); ++at) {
@@ -101,7 +102,7 @@ bool holdsWellFormedCharacter(std::string_view text) {
                                [](char16_t unit) { return unit > 0x7F && unit != u'\uFFFD'; });
 }
 
-/// Nothing for bytes that are no UTF-16.
+/// Returns nothing for bytes that are not UTF-16.
 std::optional<std::string> decodeUtf16(std::string_view bytes) {
     if (bytes.starts_with("\xFF\xFE")) {
         return decodeUtf16("UTF-16LE", bytes.substr(2));
@@ -131,7 +132,7 @@ DecodedText decodeText(std::string_view bytes) {
     std::optional<std::string> wide = decodeUtf16(bytes);
     DecodedText decoded = wide ? DecodedText{std::move(*wide)} : decodeBytes(bytes);
     if (decoded.text.find('\0') != std::string::npos) {
-        throw std::invalid_argument("It is no text: it holds bytes of value 0.");
+        throw std::invalid_argument("It is not text: it holds bytes of value 0.");
     }
     return decoded;
 }

@@ -1,4 +1,4 @@
-// Text of files that other programs wrote, in the encodings that they use.
+// Decodes the text of files that other programs wrote.
 #pragma once
 
 #include <string>
@@ -7,21 +7,24 @@
 namespace kvex::host {
 
 struct DecodedText {
-    /// In UTF-8, without a byte order mark. What cannot be read stays in it as bytes that are no
-    /// UTF-8, in its own line.
+    /// In UTF-8, without a byte order mark. Where it could not be decoded, it has bytes that are
+    /// not UTF-8, in the same line.
     std::string text;
-    /// Whether it was taken for Windows-1252, which is a guess.
+    /// True when the encoding is a guess: Windows-1252.
     bool isGuess = false;
 };
 
-/// UTF-16 with a byte order mark, or without one where every second byte of enough is 0; else
-/// UTF-8; else Windows-1252 when no character but ASCII is well-formed UTF-8. Raises
-/// std::invalid_argument with a sentence for the user when the bytes are no text.
+/// Decodes a file. The first of these that fits is its encoding:
+/// - UTF-16, with a byte order mark, or with enough zeros at every second byte.
+/// - UTF-8.
+/// - Windows-1252, if no character outside of ASCII is well-formed UTF-8.
+///
+/// Raises std::invalid_argument, with a sentence for the user, when the bytes are not text.
 [[nodiscard]] DecodedText decodeText(std::string_view bytes);
 
-/// `bytes` of the character set `name`, in UTF-8. Without a name: UTF-8, else Windows-1252. Raises
-/// std::invalid_argument, without a full stop, for a set that nobody knows and for bytes that are
-/// none of its characters.
+/// Converts `bytes` from the character set `name` to UTF-8. If `name` is "", the set is UTF-8, or
+/// else Windows-1252. Raises std::invalid_argument, without a full stop, when the set is unknown or
+/// when the bytes are not valid in it.
 [[nodiscard]] std::string decodeAs(std::string_view name, std::string_view bytes);
 
 [[nodiscard]] bool isUtf8(std::string_view text);

@@ -1,9 +1,9 @@
-#include "host/addressbook/VCard.h"
+#include "host/addressbook/ContactFile.h"
 
 #include "host/addressbook/NumberCell.h"
 #include "host/addressbook/TextEncoding.h"
 #include "host/addressbook/VCardLine.h"
-#include "host/suite/VisibleText.h"
+#include "host/suite/ShownText.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -20,7 +20,7 @@ bool isType(const VCardLine &line, std::initializer_list<std::string_view> types
                                [&](std::string_view type) { return line.has("type", type); });
 }
 
-/// The numbers of a TEL line, none where no message can go to.
+/// The numbers of a TEL line. A line to which no message can go has none.
 NumberCell numbersOf(const VCardLine &line) {
     constexpr std::string_view scheme = "tel:";
     if (equalInAscii(line.value.substr(0, scheme.size()), scheme)) {
@@ -36,7 +36,7 @@ void append(std::string &name, std::string_view part) {
     }
 }
 
-/// "FAMILY;GIVEN;ADDITIONAL;PREFIXES;SUFFIXES", each a list, in the order in which they are said.
+/// Puts "FAMILY;GIVEN;ADDITIONAL;PREFIXES;SUFFIXES", each a list, in the order of speech.
 std::string nameOfParts(std::string_view value) {
     constexpr std::array<std::size_t, 5> saidOrder{3, 1, 2, 0, 4};
     const std::vector<std::string_view> parts = escapedParts(value, ';');
@@ -68,7 +68,7 @@ public:
     void take(const UnfoldedLine &text) {
         std::optional<VCardLine> line = parseVCardLine(text.text);
         if (!isUtf8(text.text)) {
-            fail(text.number, "the line holds bytes that are no character");
+            fail(text.number, "the line holds bytes that are not a character");
         } else if (line) {
             take(*line, text.number);
         } else if (!text.text.empty()) {
@@ -101,7 +101,7 @@ public:
 private:
     struct Numbers {
         std::vector<std::u16string> numbers;
-        /// The first one.
+        /// The first fault.
         std::string fault;
         std::size_t faultLine = 0;
 
@@ -135,7 +135,7 @@ private:
         }
     }
 
-    /// What comes of another version's lines says nothing: this is the reason.
+    /// In another version, this is the reason, whatever else is wrong with its lines.
     void takeVersion(const std::string &value, std::size_t number) {
         version_ = toUtf8(oneLine(value));
         if (version_ != "2.1" && version_ != "3.0" && version_ != "4.0") {
@@ -161,7 +161,7 @@ private:
         }
     }
 
-    /// The first reason stays.
+    /// Keeps the first reason.
     void fail(std::size_t line, std::string reason) {
         if (reason_.empty()) {
             failedLine_ = line;
@@ -226,7 +226,7 @@ ContactFile readVCards(std::string_view text) {
         card->endMissing(file);
     }
     if (!anyCard) {
-        throw std::invalid_argument("It holds no vCard: none begins with BEGIN:VCARD.");
+        throw std::invalid_argument("It holds no vCard: no line is BEGIN:VCARD.");
     }
     return file;
 }

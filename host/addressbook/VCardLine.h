@@ -1,5 +1,6 @@
-// The lines of vCards, as RFC 6350 section 3 (vCard 4.0), RFC 2426 section 4 (vCard 3.0) and
-// version 2.1 write them: folding, groups, parameters, encoded and escaped values.
+// Reads the lines of vCards: folding, groups, parameters, encoded and escaped values.
+// RFC 6350 section 3 defines version 4.0, RFC 2426 section 4 version 3.0. It reads version 2.1,
+// too.
 #pragma once
 
 #include <cstddef>
@@ -11,20 +12,20 @@
 namespace kvex::host {
 
 struct UnfoldedLine {
-    /// Where it begins, from 1.
+    /// The line of the text where it begins, from 1.
     std::size_t number = 0;
     std::string text;
 };
 
-/// Reads lines that end in CR LF or LF, joined where they are folded: a line that begins with a
-/// blank or a tab continues the one before it. This blank stays in version 2.1 alone. A line of
-/// quoted-printable text that ends in "=" continues in the next one, too.
+/// Reads lines that end in CR LF or LF, and joins folded ones. A line that begins with a blank or a
+/// tab continues the line before it. Only version 2.1 keeps that blank. A line of quoted-printable
+/// text that ends in "=" continues in the next line.
 class VCardLines {
 public:
-    /// The text is the caller's.
+    /// `text` must outlive the reader.
     explicit VCardLines(std::string_view text) : text_(text) {}
 
-    /// The next line, false when there is none.
+    /// Reads the next line. Returns false when there is none.
     bool next(UnfoldedLine &line);
 
 private:
@@ -41,28 +42,28 @@ struct VCardLine {
     std::string name;
     struct Parameter {
         std::string name;
-        /// "TEL;CELL", without the parameter's name, is one of TYPE.
+        /// A value without a name, as in "TEL;CELL", belongs to TYPE.
         std::string value;
     };
-    /// One for each value of a parameter, also of those in one pair of quotation marks.
+    /// One for each value of a parameter. One pair of quotation marks can hold several values.
     std::vector<Parameter> parameters;
-    /// As it stands there, encoded and escaped.
+    /// As the line has it, encoded and escaped.
     std::string value;
 
     [[nodiscard]] bool has(std::string_view parameter, std::string_view value) const;
 };
 
-/// Nothing for a line that is none.
+/// Returns nothing for text that is not a line of a vCard.
 [[nodiscard]] std::optional<VCardLine> parseVCardLine(std::string_view text);
 
-/// The value in UTF-8, decoded where it is quoted-printable; escaped still. Raises
-/// std::invalid_argument, without a full stop, when it cannot be decoded.
+/// The line's value in UTF-8, still escaped. Decodes quoted-printable text. Raises
+/// std::invalid_argument, without a full stop, when it cannot decode the value.
 [[nodiscard]] std::string decodedValue(const VCardLine &line);
 
-/// The parts of a value between the unescaped separators, escaped still.
+/// The parts of a value between unescaped separators. The parts are still escaped.
 [[nodiscard]] std::vector<std::string_view> escapedParts(std::string_view value, char separator);
 
-/// The text that stands for: a line break for "\n" and "\N", else the character after "\".
+/// Replaces "\n" and "\N" by a line break, and every other escape by the character after "\".
 [[nodiscard]] std::string unescaped(std::string_view value);
 
 } // namespace kvex::host

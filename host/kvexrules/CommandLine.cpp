@@ -1,7 +1,7 @@
 #include "host/kvexrules/CommandLine.h"
 
 #include "host/kvexrules/Failure.h"
-#include "host/suite/Passwords.h"
+#include "host/suite/ShownText.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -18,8 +18,9 @@ using Commands = std::span<const CommandDescription>;
     throw Failure(what + " See: kvexrules help");
 }
 
-/// In quotation marks, a connection string whose option was forgotten up to its first sign.
-std::string quoted(std::string_view word) {
+/// Puts `word` in quotation marks. It cuts off all from the first "=" on: a connection string
+/// without its option may hold a password.
+std::string inQuotes(std::string_view word) {
     const std::size_t sign = word.find('=');
     const bool isWhole = sign == std::string_view::npos;
     return "\"" + std::string(word.substr(0, sign)) + (isWhole ? "\"" : "=…\"");
@@ -28,7 +29,7 @@ std::string quoted(std::string_view word) {
 const CommandDescription &commandNamed(std::string_view name, Commands commands) {
     const auto found = std::ranges::find(commands, name, &CommandDescription::name);
     if (found == commands.end()) {
-        refuse("There is no command " + quoted(name) + ".");
+        refuse("There is no command " + inQuotes(name) + ".");
     }
     return *found;
 }
@@ -58,7 +59,7 @@ public:
 
     std::map<Option, std::string> values;
     std::vector<std::string> words;
-    /// The command that an option asked for, "" when none did.
+    /// The command that an option stands for, or "".
     std::string_view standIn;
 
 private:
@@ -96,7 +97,7 @@ private:
     bool onlyWords_ = false;
 };
 
-/// With at least one blank after it; `width` counts characters, `text` is UTF-8.
+/// Adds blanks up to `width` characters, and at least one. `text` is UTF-8.
 std::string paddedTo(std::ptrdiff_t width, const std::string &text) {
     const auto characters = std::ranges::count_if(
         text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80; });
@@ -126,7 +127,7 @@ Request parseArguments(std::span<const char *const> arguments, Commands commands
         }
     }
     if (!request.words.empty() && !request.command->takesWords) {
-        refuse("The command " + name + " takes no word " + quoted(request.words.front()) + ".");
+        refuse("The command " + name + " takes no word " + inQuotes(request.words.front()) + ".");
     }
     return request;
 }
@@ -142,8 +143,8 @@ void hidePasswords(std::span<char *const> arguments) {
 
 std::string helpText(Commands commands, Options options) {
     constexpr std::ptrdiff_t width = 36;
-    std::string text = "Usage: kvexrules [COMMAND] [OPTION…]\n\nCommands, " +
-                       std::string(commands.front().name) + " where none is given:\n";
+    std::string text = "Usage: kvexrules [COMMAND] [OPTION…]\n\nCommands (" +
+                       std::string(commands.front().name) + " if you name none):\n";
     for (const CommandDescription &command : commands) {
         text +=
             paddedTo(width, "  " + std::string(command.name) + " " + std::string(command.form)) +

@@ -10,7 +10,7 @@ namespace kvex::host {
 [[nodiscard]] std::span<const CommandDescription> commands();
 [[nodiscard]] std::span<const OptionDescription> options();
 
-/// What the commands do; each gives the exit status or raises a Failure.
+/// Run the commands. Each returns the exit status or raises a Failure.
 int editCommand(const Request &request);
 int listCommand(const Request &request);
 int showCommand(const Request &request);

@@ -19,7 +19,7 @@ std::string reasonOf(HRESULT result) {
     case CO_E_DLLNOTFOUND:
         return CoLoadErrorText();
     case CO_E_ERRORINDLL:
-        return "it is no component";
+        return "it is not a component";
     case CO_E_CLASSSTRING:
     case REGDB_E_CLASSNOTREG:
         return "it is not registered";

@@ -1,4 +1,4 @@
-// The component servers that this program uses: beside it, or registered.
+// Loads the component servers that this program uses.
 #pragma once
 
 #include "component/RuleUI.h"
@@ -10,18 +10,18 @@
 
 namespace kvex::host {
 
-/// Where the files stand when they are installed with this program.
+/// The libraries that are installed beside this program.
 [[nodiscard]] std::filesystem::path componentFile();
 [[nodiscard]] std::filesystem::path hostSuiteFile();
 
-/// Raises a Failure that says why when `result` is a failed one: "`what` (the reason). `advice`".
+/// If `result` is a failure, raises a Failure with this text: "`what` (the reason). `advice`".
 void require(HRESULT result, std::string_view what, std::string_view advice);
 
-/// Gets the class from the server in `file` from now on. Raises a Failure when it has none such.
+/// From now on takes the class from the server in `file`. Raises a Failure if that lacks the class.
 void loadServer(const std::filesystem::path &file, const CLSID &classId);
 
-/// A new object of the component beside this program or, where there is none, of the registered
-/// one. Raises a Failure when there is neither, or it cannot start.
+/// Creates an object of the component beside this program, or else of the registered component.
+/// Raises a Failure when there is neither or when it cannot start.
 [[nodiscard]] ComPointer<IRuleUI> createRuleUI();
 
 } // namespace kvex::host

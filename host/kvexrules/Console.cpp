@@ -1,8 +1,7 @@
 #include "host/kvexrules/Console.h"
 
 #include "host/kvexrules/Failure.h"
-#include "host/suite/Passwords.h"
-#include "host/suite/VisibleText.h"
+#include "host/suite/ShownText.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -23,7 +22,7 @@ bool isYes(std::string answer) {
     return answer == "y" || answer == "yes";
 }
 
-/// Does nothing when standard error cannot be written.
+/// Ignores a failure: there is nowhere to report it.
 void tell(std::string_view text) {
     static_cast<void>(writeAll(STDERR_FILENO, text));
 }
@@ -46,8 +45,8 @@ void secureStandardStreams() {
     std::signal(SIGPIPE, SIG_IGN);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         if (fcntl(stream, F_GETFD) < 0) {
-            // Opened the wrong way round: its use fails as that of a closed stream does. The
-            // lowest free number is the closed stream's.
+            // The stand-in is opened in the wrong direction, so using it fails as a closed stream
+            // does. open() takes the lowest free number, which is the closed stream's.
             static_cast<void>(
                 open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY)); // NOLINT
         }
@@ -61,7 +60,7 @@ void print(std::string_view text) {
     }
     if (failure != 0) {
         throw Failure("The output cannot be written (" + std::string(std::strerror(failure)) +
-                      "). Direct it to a terminal, a pipe or a file with room.");
+                      "). Redirect it to a terminal, a pipe or a disk with free space.");
     }
 }
 

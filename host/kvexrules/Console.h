@@ -6,31 +6,31 @@
 
 namespace kvex::host {
 
-/// Raised when whoever read the output has gone.
+/// Raised when the reader of the output has gone.
 struct ReaderGone {};
 
-/// Gives every closed standard stream a stand-in, so that no file opened later takes its place
-/// and gets what is printed, and has a write to a reader that has gone fail instead of ending
-/// the program. Call first in main.
+/// Replaces every closed standard stream. Otherwise a file that is opened later could take its
+/// place and get the output. It also makes a write fail when the reader has gone, instead of ending
+/// the program. Call it first in main.
 void secureStandardStreams();
 
-/// Writes `text` to standard output at once. Raises ReaderGone, or a Failure when it cannot be
-/// written.
+/// Writes `text` to standard output at once. Raises ReaderGone when the reader has gone, and a
+/// Failure when it cannot write.
 void print(std::string_view text);
 
-/// "kvexrules: " and `sentences`, without passwords, on a line of standard error. On a terminal
-/// U+FFFD stands for what could control it.
+/// Writes "kvexrules: " and `sentences` to standard error as a line, without passwords. On a
+/// terminal, U+FFFD replaces control characters.
 void complain(std::string_view sentences);
 
-/// Writes a line of standard error: exactly `text`. On a terminal it shows control characters as
-/// visible() does.
+/// Writes exactly `text` to standard error as a line. On a terminal, control characters are escaped
+/// as visible() does.
 void complainExactly(std::string_view text);
 
 /// True when standard output is a terminal.
 [[nodiscard]] bool printsToTerminal();
 
-/// Asks on standard error and reads the answer from standard input. True for "y" and "yes" in any
-/// case. Returns nothing unless both are a terminal.
+/// Asks on standard error and reads the answer from standard input. Returns true for "y" and "yes"
+/// in any case, and nothing unless both streams are a terminal.
 [[nodiscard]] std::optional<bool> askAtTerminal(std::string_view question);
 
 /// Writes all of `text` to an open descriptor. Returns 0 or the system's error number.

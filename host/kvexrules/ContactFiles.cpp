@@ -27,23 +27,23 @@ std::string contentOf(const std::string &file) {
     }
     if (content.size() > longest) {
         throw Failure(inputName(file) + " is longer than 256 MiB. Name a file of contacts, or "
-                                        "take its contacts in several files.");
+                                        "split it into several files.");
     }
     if (!stream.eof()) {
-        throw Failure(inputName(file) + " cannot be read. Name a file of vCards or CSV.");
+        throw Failure(inputName(file) + " cannot be read. Name a vCard or CSV file.");
     }
     if (content.empty()) {
-        throw Failure(inputName(file) + " is empty. Name a file of vCards or CSV.");
+        throw Failure(inputName(file) + " is empty. Name a vCard or CSV file.");
     }
     return content;
 }
 
 [[noreturn]] void failToWrite(const std::string &file, int error) {
     throw Failure(file + " cannot be written (" + std::strerror(error) +
-                  "). Name a file in a folder where you may write.");
+                  "). Name a file in a folder that you may write to.");
 }
 
-/// Writes what `descriptor` refers to and closes it; 0 or the system's error number.
+/// Writes `text` to `descriptor` and closes it. Returns 0 or the system's error number.
 int writeAndClose(int descriptor, std::string_view text) {
     int error = writeAll(descriptor, text);
     if (error == 0 && fsync(descriptor) != 0) {
@@ -77,7 +77,7 @@ void writeOwnersFile(const std::string &file, std::string_view text, bool replac
         replaces ? mkostemp(made.data(), O_CLOEXEC)
                  : open(made.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, owners); // NOLINT
     if (descriptor < 0 && errno == EEXIST) {
-        throw Failure(file + " exists already and is left as it is. Name another file, or say "
+        throw Failure(file + " already exists and was not changed. Name another file, or add "
                              "--replace.",
                       exit_status::refused);
     }

@@ -1,4 +1,4 @@
-// Contact files as the commands name them: "-" is a standard stream.
+// Reads and writes the contact files that the user names; "-" is a standard stream.
 #pragma once
 
 #include "host/addressbook/ContactFile.h"
@@ -8,15 +8,16 @@
 
 namespace kvex::host {
 
-/// What the user calls the input `file`: standard input, or the file's name.
+/// The name of `file` in messages: "standard input" for "-".
 [[nodiscard]] std::string inputName(const std::string &file);
 
-/// Reads the file, or standard input. Raises a Failure when it cannot be read, is longer than 256
-/// MiB or holds no contacts that can be read.
+/// Reads the file, or standard input. Raises a Failure when it cannot be read, is longer than
+/// 256 MiB or holds no readable contacts.
 [[nodiscard]] ContactFile readContactsFrom(const std::string &file);
 
-/// Makes a file for its owner alone, whole or not at all. Raises a Failure: with the status
-/// `refused` where a file is already that `replaces` does not give up, else with `unusable`.
+/// Writes a file that only its owner can use, whole or not at all. If the file exists and
+/// `replaces` is not set, raises a Failure with the status `refused`. Other Failures have
+/// `unusable`.
 void writeOwnersFile(const std::string &file, std::string_view text, bool replaces);
 
 } // namespace kvex::host

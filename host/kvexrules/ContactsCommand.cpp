@@ -1,14 +1,13 @@
 #include "host/addressbook/ContactExport.h"
-#include "host/addressbook/ContactStore.h"
 #include "host/addressbook/Contacts.h"
+#include "host/kvexrules/CommandLine.h"
 #include "host/kvexrules/Commands.h"
 #include "host/kvexrules/Console.h"
 #include "host/kvexrules/ContactFiles.h"
 #include "host/kvexrules/Database.h"
 #include "host/kvexrules/Failure.h"
-#include "host/kvexrules/Numbers.h"
 #include "host/kvexrules/Settings.h"
-#include "host/suite/VisibleText.h"
+#include "host/suite/ShownText.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -35,7 +34,7 @@ std::unique_ptr<recordset::ClientConnection> openContacts(const Settings &settin
     }
 }
 
-/// What `change` of the contacts gives; a refusal of the database is one of the request.
+/// Runs `change` on the contacts. If the database refuses it, the request is refused.
 template <class Change> auto changed(const Settings &settings, Change change) {
     const auto connection = openContacts(settings);
     try {
@@ -57,7 +56,7 @@ std::string counted(std::size_t count, std::string_view what) {
     return std::to_string(count) + (count == 1 ? " contact " : " contacts ") + std::string(what);
 }
 
-/// Prints what was done already: where it cannot be printed, standard error has it.
+/// Prints what has been done. If that fails, standard error gets the sentence.
 void report(const std::string &sentence) {
     try {
         print(sentence + "\n");
@@ -72,7 +71,7 @@ int importContacts(const Request &request, const std::string &file) {
     const Settings settings = settingsFor(request);
     const ContactFile found = readContactsFrom(file);
     if (found.isGuessedEncoding) {
-        complain(inputName(file) + " is not in UTF-8; it is read as Windows-1252. Look at the "
+        complain(inputName(file) + " is not UTF-8, so it was read as Windows-1252. Check the "
                                    "names: kvexrules contacts list.");
     }
     for (const SkippedEntry &skipped : found.skipped) {
@@ -115,7 +114,7 @@ int exportContacts(const Request &request, const std::string &file) {
 std::int64_t contactId(const std::string &word) {
     const auto id = wholeNumber<std::int64_t>(word);
     if (!id) {
-        throw Failure("\"" + word + "\" is no contact's id. " + whereIdsAre);
+        throw Failure("\"" + word + "\" is not the id of a contact. " + whereIdsAre);
     }
     return *id;
 }
@@ -161,7 +160,7 @@ int contactsCommand(const Request &request) {
     const std::string verb = words.empty() ? "" : words.front();
     const bool isExport = verb == "export" && words.size() <= 2;
     if (!isExport && (request.has(Option::format) || request.has(Option::replace))) {
-        throw Failure("--format and --replace belong to kvexrules contacts export.");
+        throw Failure("Use --format and --replace only with kvexrules contacts export.");
     }
     if (isExport) {
         return exportContacts(request, words.size() == 2 ? words.back() : "-");

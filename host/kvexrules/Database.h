@@ -1,4 +1,4 @@
-// The databases that the program itself reads and writes.
+// The database that the settings name: opening it, making its tables, offering to make it.
 #pragma once
 
 #include "adapters/recordset/ClientConnection.h"
@@ -6,15 +6,42 @@
 #include "host/kvexrules/Settings.h"
 #include "platform/Error.h"
 
+#include <functional>
 #include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
 
 namespace kvex::host {
 
 /// Fails as Connection::open does.
 [[nodiscard]] std::unique_ptr<recordset::ClientConnection> openConnection(const Settings &settings);
 
-/// Ends a command because of what the database reported.
+/// Ends a command because the database reported `error`. The Failure also says who named the
+/// database.
 [[noreturn]] void failFor(const Settings &settings, const Error &error,
                           int status = exit_status::unusable);
+
+enum class Content { empty, sample };
+
+/// Creates the tables that the database lacks, and fills them with sample data if asked. Creates a
+/// missing SQLite file, and its folder if the database is the user's own. Only their owner can use
+/// the new file and folder.
+///
+/// Returns the database's name without passwords. Raises a Failure when the tables are there
+/// already, or for sample data their rows. Raises one as well when the database cannot be opened,
+/// belongs to another program, or refuses.
+[[nodiscard]] std::string makeDatabase(const Settings &settings, Content content);
+
+/// The path of the SQLite file that `settings` name, if nothing is there.
+[[nodiscard]] std::optional<std::string> missingFile(const Settings &settings);
+
+/// Asks the user a question. Returns nothing when the user cannot be asked.
+using Question = std::function<std::optional<bool>(std::string_view text)>;
+
+/// If the database's file is missing, asks whether to make it, and makes it without rules after a
+/// "yes". Does nothing when the user cannot be asked. Raises a Failure when the user declines, and
+/// when the database cannot be made.
+void offerDatabase(const Settings &settings, const Question &ask);
 
 } // namespace kvex::host

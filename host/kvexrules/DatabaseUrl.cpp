@@ -1,6 +1,6 @@
 #include "host/kvexrules/DatabaseUrl.h"
 
-#include "host/kvexrules/Numbers.h"
+#include "host/kvexrules/CommandLine.h"
 
 #include <algorithm>
 #include <cctype>
@@ -17,7 +17,7 @@ std::string lower(std::string_view text) {
     return result;
 }
 
-/// Cuts `text` at `sign`: gives what stands before it, and leaves what stands behind it.
+/// Cuts `text` at `sign`. Returns the text before it, and leaves the text after it.
 std::string_view takeUntil(char sign, std::string_view &text) {
     const std::size_t at = text.find(sign);
     const std::string_view part = text.substr(0, at);
@@ -25,7 +25,7 @@ std::string_view takeUntil(char sign, std::string_view &text) {
     return part;
 }
 
-/// The characters that "%HH" stands for.
+/// Replaces each "%HH" by its byte.
 std::string decoded(std::string_view text) {
     std::string result;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -43,7 +43,7 @@ std::string decoded(std::string_view text) {
     return result;
 }
 
-/// "KEY=VALUE;", the value in braces where it needs them; "" without value.
+/// "KEY=VALUE;", or "" without a value. Puts the value in braces if it needs them.
 std::string entry(std::string_view key, std::string_view encoded) {
     const std::string value = decoded(encoded);
     if (value.empty()) {
@@ -72,9 +72,9 @@ std::string servers(std::string_view hosts) {
     return entry("Server", host) + (hasPort ? entry("Port", hosts.substr(colon + 1)) : "");
 }
 
-/// The connection string for what stands behind "://".
+/// The connection string for the text after "://".
 std::string connectionString(const std::string &driver, std::string_view rest) {
-    // The last "@", since a password may hold others that should have been encoded.
+    // The last "@" counts: a password may hold one that should have been encoded.
     const std::size_t at = rest.rfind('@');
     std::string_view login = rest.substr(0, at == npos ? 0 : at);
     rest.remove_prefix(at == npos ? 0 : at + 1);
@@ -101,9 +101,9 @@ std::optional<std::string> adviceForUrl(std::string_view database) {
         scheme.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789+.-") != npos) {
         return std::nullopt;
     }
-    // A program's own driver may follow, as in "mysql+pymysql".
+    // A scheme may also name a driver, as in "mysql+pymysql".
     const std::string kind = scheme.substr(0, scheme.find('+'));
-    const std::string what = "\"" + scheme + "://…\" is a URL, and this program takes none. ";
+    const std::string what = "\"" + scheme + "://…\" is a URL, which kvexrules does not take. ";
     if (kind.starts_with("sqlite")) {
         return what + "Name the SQLite file by its path, as in: /srv/kvex/rules.db";
     }

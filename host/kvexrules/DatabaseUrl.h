@@ -1,4 +1,4 @@
-// URLs of databases: other programs take them, this one takes connection strings.
+// Advice for URLs of databases: other programs accept them, this one takes connection strings.
 #pragma once
 
 #include <optional>
@@ -7,9 +7,9 @@
 
 namespace kvex::host {
 
-/// Where `database` is a URL of a database ("postgresql://...", "jdbc:mysql://..."): sentences
-/// that say so, and which connection string or path to use instead. They repeat no password and
-/// nothing behind "?". Nothing for all else; "file:" names an SQLite file.
+/// If `database` is a URL ("postgresql://...", "jdbc:mysql://..."), returns sentences that say so,
+/// with the connection string or path to use instead. They repeat no password and nothing after
+/// "?". Returns nothing for other texts, also for "file:", which names an SQLite file.
 [[nodiscard]] std::optional<std::string> adviceForUrl(std::string_view database);
 
 } // namespace kvex::host

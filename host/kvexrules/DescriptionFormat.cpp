@@ -1,6 +1,6 @@
 #include "host/kvexrules/DescriptionFormat.h"
 
-#include "host/suite/VisibleText.h"
+#include "host/suite/ShownText.h"
 #include "platform/Text.h"
 
 #include <array>
@@ -19,7 +19,7 @@ std::u16string wholeText(const Description &description) {
     return text;
 }
 
-/// The pieces of `text` between line breaks, each as `convert` gives it, with newlines between.
+/// Converts each line of `text` with `convert` and joins the results with newlines.
 template <class Convert> std::string lines(std::u16string_view text, const Convert &convert) {
     std::string result;
     for (;;) {
@@ -49,7 +49,7 @@ struct Colour {
         : red(value & 0xFF), green((value >> 8) & 0xFF), blue((value >> 16) & 0xFF) {}
 };
 
-/// The terminal's own blue and red, which its user made readable, where they are meant.
+/// Uses the terminal's own blue and red, because users set these to readable colours.
 std::string ansiColour(LONG value) {
     constexpr LONG pureBlue = 0xFF0000;
     constexpr LONG pureRed = 0x0000FF;

@@ -17,24 +17,23 @@ struct DescriptionRun {
 };
 using Description = std::vector<DescriptionRun>;
 
-/// How descriptions become a document in UTF-8: `opening`, the rules with `between` between two
-/// of them, `closing`.
+/// Makes a document in UTF-8 of descriptions: `opening`, the rules separated by `between`, then
+/// `closing`.
 struct DescriptionFormat {
     std::string_view name;
     std::string_view opening;
     std::string_view between;
     std::string_view closing;
-    /// `id` is the rule's, decimal.
+    /// `id` is the rule's id in decimal.
     std::string (*rule)(std::string_view id, const Description &description);
 };
 
-/// - text: exactly the description's text, each line ended by one newline.
-/// - ansi: the same with the colours of a terminal; control characters in it show as U+FFFD.
-/// - html: a page that is well-formed XML, too, with one element "pre" for each rule.
+/// - text: exactly the description's text; one newline ends each line.
+/// - ansi: the same in a terminal's colours; U+FFFD replaces control characters.
+/// - html: a page, also well-formed as XML, with one element "pre" for each rule.
 [[nodiscard]] std::span<const DescriptionFormat> descriptionFormats();
 
-/// The format text as a terminal may get it: control characters are written out, as visible()
-/// does.
+/// The format "text" for a terminal: control characters are escaped as visible() does.
 [[nodiscard]] const DescriptionFormat &textForTerminals();
 
 } // namespace kvex::host

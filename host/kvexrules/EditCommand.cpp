@@ -1,10 +1,9 @@
 #include "host/kvexrules/Commands.h"
 #include "host/kvexrules/Components.h"
 #include "host/kvexrules/Console.h"
+#include "host/kvexrules/Database.h"
 #include "host/kvexrules/Failure.h"
-#include "host/kvexrules/FirstDatabase.h"
 #include "host/kvexrules/RuleList.h"
-#include "host/kvexrules/Sentences.h"
 #include "host/kvexrules/Settings.h"
 #include "host/suite/SuiteConfiguration.h"
 #include "platform/Error.h"
@@ -17,11 +16,11 @@
 namespace kvex::host {
 namespace {
 
-/// What ShowRules gives when nothing was shown.
+/// The result of ShowRules when it showed nothing.
 constexpr LONG notShown = 0;
 
 void requireDisplay(const Settings &settings) {
-    // The last is the windows' own choice of a display, which needs none of the others.
+    // The last variable chooses a display for the windows and needs none of the others.
     for (const char *variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
         const char *value = std::getenv(variable);
         if (value != nullptr && *value != '\0') {
@@ -40,7 +39,7 @@ std::string ruleOf(const Request &request) {
     return request.has(Option::rule) ? ruleId(request.value(Option::rule)) : std::string();
 }
 
-/// Makes the host suite with windows the component's.
+/// Makes the component use the host suite with windows.
 ComPointer<ISuiteConfiguration> configureHostSuite(const Settings &settings) {
     ComPointer<ISuiteConfiguration> suite;
     for (const CLSID &served : {CLSID_Utility, CLSID_ManageContacts, CLSID_SuiteConfiguration}) {
@@ -56,7 +55,7 @@ ComPointer<ISuiteConfiguration> configureHostSuite(const Settings &settings) {
     return suite;
 }
 
-/// Yes or No in a window of the host suite.
+/// Asks with Yes and No in a window of the host suite.
 std::optional<bool> askInBox(std::string_view question) {
     ComPointer<IUtility> utility;
     LONG answer = 0;
@@ -68,8 +67,8 @@ std::optional<bool> askInBox(std::string_view question) {
     return answer == message_box::yes;
 }
 
-/// What went wrong last, where that is logged, and who named the database unless it was about
-/// windows.
+/// Says what went wrong last and where it is logged. Unless a window failed, it also says who named
+/// the database.
 std::string lastError(ISuiteConfiguration &suite, const Settings &settings) {
     Bstr file;
     Bstr description;

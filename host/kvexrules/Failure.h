@@ -1,21 +1,23 @@
-// How a command ends that cannot do what it was asked for.
+// How a command ends when it cannot do its work, and the sentences that say why.
 #pragma once
 
+#include <filesystem>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace kvex::host {
 
 /// The program's exit status.
 namespace exit_status {
 inline constexpr int done = 0;
-/// Something asked for was not found, or a request was refused; nothing is broken.
+/// Something was not found, or a request was refused; nothing is broken.
 inline constexpr int refused = 1;
-/// Wrong use, or nothing could be read.
+/// The command line was wrong, or nothing could be read.
 inline constexpr int unusable = 2;
 } // namespace exit_status
 
-/// Ends the command. The sentences say what is wrong and what to do next, in UTF-8.
+/// Ends the command. The sentences, in UTF-8, say what is wrong and what to do next.
 class Failure : public std::runtime_error {
 public:
     explicit Failure(const std::string &sentences, int status = exit_status::unusable)
@@ -25,5 +27,11 @@ public:
 private:
     int status_;
 };
+
+/// `text` with a full stop at its end, unless a punctuation mark stands there. "" stays "".
+[[nodiscard]] std::string asSentence(std::string_view text);
+
+/// `reason` as a sentence, then a sentence that names the log unless `log` is empty.
+[[nodiscard]] std::string reasonAndLog(std::string_view reason, const std::filesystem::path &log);
 
 } // namespace kvex::host

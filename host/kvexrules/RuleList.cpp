@@ -1,10 +1,10 @@
 #include "host/kvexrules/RuleList.h"
 
+#include "host/kvexrules/CommandLine.h"
 #include "host/kvexrules/Database.h"
 #include "host/kvexrules/Failure.h"
-#include "host/kvexrules/Numbers.h"
 #include "host/suite/Databases.h"
-#include "host/suite/VisibleText.h"
+#include "host/suite/ShownText.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -69,8 +69,9 @@ std::string listText(const std::vector<ListedRule> &rules) {
 std::string ruleId(std::string_view text) {
     const auto id = wholeNumber<std::int64_t>(text);
     if (!id) {
-        throw Failure("\"" + std::string(text) +
-                      "\" is no rule's id. The ids are the numbers that kvexrules list shows.");
+        throw Failure(
+            "\"" + std::string(text) +
+            "\" is not the id of a rule. The ids are the numbers that kvexrules list shows.");
     }
     return std::to_string(*id);
 }

@@ -1,4 +1,4 @@
-// The rules of a database, as an operator lists them.
+// Lists the rules of a database for an operator.
 #pragma once
 
 #include "host/kvexrules/Settings.h"
@@ -17,27 +17,27 @@ struct ListedRule {
     std::u16string name;
 };
 
-/// The live rules in priority order, those of one priority by their ids. A rule without name has
-/// "". Fails as the record set's open does.
+/// The live rules in priority order; rules with the same priority are in the order of their ids. A
+/// name that is Null reads as "". Fails as the record set's open does.
 [[nodiscard]] std::vector<ListedRule> readRules(Connection &connection);
 
-/// The same from the chosen database. Raises a Failure when it cannot be read.
+/// Reads the rules of the chosen database. Raises a Failure when that fails.
 [[nodiscard]] std::vector<ListedRule> rulesOf(const Settings &settings);
 
-/// The two texts that hold a rule, in UTF-8; "" for one without value.
+/// The two texts that hold a rule, in UTF-8. Null reads as "".
 struct StoredTexts {
     std::string queryParam;
     std::string actionParam;
 };
 
-/// Those of the rule whose id, in decimal, is `id`; both "" where there is no such rule. Fails as
+/// The texts of the rule with this id in decimal. Both are "" if there is no such rule. Fails as
 /// openConnection and the record set's open do.
 [[nodiscard]] StoredTexts storedTexts(std::string_view id, const Settings &settings);
 
-/// One line a rule, in columns: position, "on" or "off", id, and the name to the line's end.
+/// One line for each rule, in columns: position, "on" or "off", id, name.
 [[nodiscard]] std::string listText(const std::vector<ListedRule> &rules);
 
-/// A rule's id as the user writes it, in its one decimal form. Raises a Failure when it is none.
+/// The rule id that the user wrote, in its usual decimal form. Raises a Failure if it is not an id.
 [[nodiscard]] std::string ruleId(std::string_view text);
 
 } // namespace kvex::host

@@ -18,7 +18,7 @@ namespace {
 struct Table {
     std::u16string_view name;
     std::vector<std::u16string_view> columns;
-    /// A text in brackets is the NAME of a row before it, and stands for that row's ID.
+    /// A text in brackets is the NAME of an earlier row, and stands for that row's ID.
     std::vector<std::vector<Value>> rows;
 };
 
@@ -121,7 +121,7 @@ std::vector<Table> sampleTables() {
 /// The ids that the database gave, by name.
 using Ids = std::map<std::u16string, std::int64_t, std::less<>>;
 
-/// `value` with the ids of the names in brackets; one that is nothing else is a number.
+/// Replaces names in brackets by their ids. A value that is only one name becomes a number.
 Value resolved(const Value &value, const Ids &ids) {
     const auto *held = std::get_if<std::u16string>(&value);
     if (!held) {

@@ -1,8 +1,8 @@
 #include "host/kvexrules/Settings.h"
 
+#include "host/kvexrules/CommandLine.h"
 #include "host/kvexrules/DatabaseUrl.h"
 #include "host/kvexrules/Failure.h"
-#include "host/kvexrules/Numbers.h"
 #include "host/suite/ErrorLog.h"
 #include "host/suite/UserFolders.h"
 
@@ -33,8 +33,8 @@ void readLine(std::string_view line, const std::string &place, Configuration &co
     };
     const std::size_t sign = line.find('=');
     if (sign == std::string_view::npos) {
-        // What it says is not repeated: it may be a part of a connection string.
-        throw Failure(place + "this is no setting. Write one as: key = value");
+        // The message does not repeat the line, which may be part of a connection string.
+        throw Failure(place + "this is not a setting. Write: key = value");
     }
     const std::string key(stripped(line.substr(0, sign)));
     const std::string value(stripped(line.substr(sign + 1)));
@@ -51,7 +51,7 @@ void readLine(std::string_view line, const std::string &place, Configuration &co
         *target = value;
         return;
     }
-    throw Failure(place + "there is no setting \"" + key +
+    throw Failure(place + "unknown setting \"" + key +
                   "\". The settings are database, user and log.");
 }
 
@@ -126,7 +126,7 @@ Settings settingsFor(const Request &request) {
         request.has(Option::user) ? request.value(Option::user) : configuration.user.value_or("1");
     if (!wholeNumber<std::int32_t>(settings.user)) {
         throw Failure("\"" + settings.user +
-                      "\" is no user's id. Name a user by his number, as in: --user 1");
+                      "\" is not the id of a user. An id is a number, as in: --user 1");
     }
     const std::string log =
         request.has(Option::log) ? request.value(Option::log) : configuration.log.value_or("");

@@ -1,4 +1,4 @@
-// Which database the program works on, in whose name, and where it logs.
+// The program's settings: database, user and log.
 #pragma once
 
 #include "host/kvexrules/CommandLine.h"
@@ -10,16 +10,16 @@
 
 namespace kvex::host {
 
-/// What a configuration file says: lines of "key = value" with the keys database, user and log.
-/// Blank lines and lines that begin with "#" do not count; blanks around keys and values neither.
+/// The content of a configuration file: lines of "key = value" with the keys database, user and
+/// log. Blank lines, lines that begin with "#", and blanks around keys and values are ignored.
 struct Configuration {
     std::optional<std::string> database;
     std::optional<std::string> user;
     std::optional<std::string> log;
 };
 
-/// Raises a Failure that names `file` and the line for an unknown key, one that is given twice or
-/// has no value, and a line without "=".
+/// Raises a Failure that names `file` and the line. The reasons are an unknown key, a key that is
+/// set twice, a key without a value, and a line without "=".
 [[nodiscard]] Configuration parseConfiguration(std::string_view text,
                                                const std::filesystem::path &file);
 
@@ -28,20 +28,24 @@ struct Settings {
     std::string database;
     /// A sentence that says who named it: "The database was named by --database."
     std::string databaseOrigin;
-    /// It is the user's own, because none was named.
+    /// True when it is the user's own database, because no other was named.
     bool isOwnDatabase = false;
     std::string user;
     /// Absolute; empty when none was chosen.
     std::filesystem::path log;
 };
 
-/// The request's options; where it has none, $KVEX_DATABASE, then the user's configuration file
-/// kvexrules.conf, then the user's own database and user 1. Raises a Failure for a configuration
-/// file that cannot be read, a database's URL, a user who is no number, and a user without a home
-/// and a database.
+/// Each setting comes from the first of these that has it:
+/// - the request's options,
+/// - $KVEX_DATABASE, for the database,
+/// - the user's configuration file kvexrules.conf,
+/// - the defaults: the user's own database, and user 1.
+///
+/// Raises a Failure when the configuration file cannot be read, the database is a URL, or the user
+/// is not a number. Raises one as well when no database is named and there is no home directory.
 [[nodiscard]] Settings settingsFor(const Request &request);
 
-/// Raises a Failure when a log was chosen that cannot be written.
+/// Raises a Failure when the chosen log cannot be written.
 void requireWritableLog(const Settings &settings);
 
 } // namespace kvex::host

@@ -1,4 +1,3 @@
-#include "adapters/classserver/server/ClassFactory.h"
 #include "adapters/classserver/server/Guard.h"
 #include "host/kvexrules/Commands.h"
 #include "host/kvexrules/Components.h"
@@ -7,7 +6,6 @@
 #include "host/kvexrules/DescriptionFormat.h"
 #include "host/kvexrules/Failure.h"
 #include "host/kvexrules/RuleList.h"
-#include "host/kvexrules/Sentences.h"
 #include "host/kvexrules/Settings.h"
 #include "host/kvexrules/TerminalUtility.h"
 #include "host/suite/SuiteState.h"
@@ -45,7 +43,7 @@ const DescriptionFormat &formatOf(const Request &request) {
 
 std::vector<std::string> idsAskedFor(const Request &request) {
     if (request.has(Option::all) != request.words.empty()) {
-        throw Failure("Name the rules to show by their ids, or all of them with --all, but not "
+        throw Failure("Name the ids of the rules to show, or --all, but not "
                       "both. The ids are the numbers that kvexrules list shows.");
     }
     std::vector<std::string> ids;
@@ -53,7 +51,7 @@ std::vector<std::string> idsAskedFor(const Request &request) {
     return ids;
 }
 
-/// What went wrong last and where that is logged.
+/// Says what went wrong last and where it is logged.
 std::string lastError() {
     const SuiteState &state = suiteState();
     return state.lastError
@@ -61,20 +59,20 @@ std::string lastError() {
                : "No reason was given.";
 }
 
-/// True when the error kept the rule from being loaded whole, and not only from being described.
+/// True when the rule could not be loaded whole. Else it only could not be described.
 bool isAboutLoading(const LoggedError &error) {
     return error.text.find(u"Sub: LoadRuleFromDB,") != std::u16string::npos;
 }
 
-/// Says what the rule's row holds, which the description does not, and what OK would do to it.
+/// Prints the texts of the rule's row, which the description lacks, and says what OK would do.
 void tellWhatIsStored(const std::string &id, const Settings &settings) {
     complain(
         suiteState().firstError && isAboutLoading(*suiteState().firstError)
-            ? "OK in the editor would replace both texts by what was read before the error, "
-              "and by what is entered there: the rest of the conditions and actions would be "
-              "lost. Correct the row in the database, as its texts are now:"
-            : "OK in the editor would write both texts again, and leave what cannot be "
-              "described as it is. Choose that anew there, or correct the row in the database. "
+            ? "OK in the editor would replace both texts by what was read before the error "
+              "and what you enter there. The other conditions and actions would be lost. "
+              "Correct the row in the database. Its texts are now:"
+            : "OK in the editor would write both texts again, and keep the parts that cannot be "
+              "described. Choose those parts again there, or correct the row in the database. "
               "Its texts are now:");
     try {
         const StoredTexts texts = storedTexts(id, settings);
@@ -84,23 +82,6 @@ void tellWhatIsStored(const std::string &id, const Settings &settings) {
         failFor(settings, error);
     }
 }
-
-/// Offers the utility object of a terminal to the component while it is alive.
-class UtilityRegistration {
-public:
-    UtilityRegistration() {
-        const auto factory = makeComObject<ClassFactory>(
-            []() -> ComPointer<IUnknown> { return makeComObject<TerminalUtility>(); });
-        require(CoRegisterClassObject(CLSID_Utility, factory.get(), &registration_),
-                "The class server does not work", "Install kvexrules again.");
-    }
-    ~UtilityRegistration() { CoRevokeClassObject(registration_); }
-    UtilityRegistration(const UtilityRegistration &) = delete;
-    UtilityRegistration &operator=(const UtilityRegistration &) = delete;
-
-private:
-    std::uint32_t registration_ = 0;
-};
 
 /// Reads the rules of one database through the component.
 class Reader {
@@ -114,7 +95,7 @@ public:
         }
     }
 
-    /// False when there is no such rule, or not all of it could be read; the user was told.
+    /// Tells the user and returns false when there is no such rule or not all of it could be read.
     bool describe(const std::string &id, Description &description) const {
         const ComPointer<Collector> collector = makeComObject<Collector>();
         suiteState().firstError.reset();
@@ -122,7 +103,7 @@ public:
         const HRESULT result = reader_->DescribeRule(Bstr(fromUtf8(id)).get(), collector.get());
         description = std::move(collector->description);
         if (result == S_FALSE) {
-            complain("There is no rule " + id + ". The rules that there are: kvexrules list");
+            complain("There is no rule " + id + ". To list the rules: kvexrules list");
             return false;
         }
         if (FAILED(result) || suiteState().lastError) {
@@ -135,7 +116,7 @@ public:
 
 private:
     const Settings &settings_;
-    UtilityRegistration utility_;
+    TerminalUtilityRegistration utility_;
     ComPointer<IRuleReader> reader_;
 };
 

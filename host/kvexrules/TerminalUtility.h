@@ -5,14 +5,27 @@
 
 namespace kvex::host {
 
-/// Messages go to standard error, and a question is answered "no". A database's error is told by
-/// the command that meets it: it was only reading, so nothing is lost.
+/// Writes messages to standard error and answers a question with "no". It leaves a database's
+/// error to the command that meets it: the command only reads, so nothing is lost.
 class TerminalUtility final : public UtilityObject {
 private:
     ~TerminalUtility() final = default;
 
     std::int32_t showMessage(const std::u16string &text, std::int32_t style) final;
     void tellUser(const Error & /*error*/) final {}
+};
+
+/// While it lives, the component's utility object is a TerminalUtility. Raises a Failure when the
+/// class server refuses.
+class TerminalUtilityRegistration {
+public:
+    TerminalUtilityRegistration();
+    ~TerminalUtilityRegistration();
+    TerminalUtilityRegistration(const TerminalUtilityRegistration &) = delete;
+    TerminalUtilityRegistration &operator=(const TerminalUtilityRegistration &) = delete;
+
+private:
+    std::uint32_t registration_ = 0;
 };
 
 } // namespace kvex::host

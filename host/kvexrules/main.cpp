@@ -21,7 +21,7 @@ int main(int count, char **arguments) {
         complain(failure.what());
         return failure.status();
     } catch (const std::exception &error) {
-        complain(std::string("This should not have happened: ") + error.what() + ".");
+        complain(std::string("An unexpected error occurred: ") + error.what() + ".");
         return exit_status::unusable;
     }
 }

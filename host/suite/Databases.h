@@ -1,4 +1,4 @@
-// The databases that programs of the suite open: the one list of their providers.
+// Opens databases for the suite's programs: the one list of their providers.
 #pragma once
 
 #include "adapters/recordset/ClientConnection.h"
@@ -14,13 +14,13 @@ namespace kvex::host {
 [[nodiscard]] std::unique_ptr<recordset::ClientConnection>
 openDatabase(std::u16string_view connectionString);
 
-/// The same, but makes an SQLite database's file when there is none.
+/// Like openDatabase, but creates a missing SQLite file.
 [[nodiscard]] std::unique_ptr<recordset::ClientConnection>
 openOrMakeDatabase(std::u16string_view connectionString);
 
 [[nodiscard]] std::unique_ptr<Recordset> createRecordset();
 
-/// The record set's field as text, "" for one without value. Fails as Recordset::field does.
+/// The field's value as text; Null is "". Fails as Recordset::field does.
 [[nodiscard]] std::u16string textOf(const Recordset &rows, std::u16string_view column);
 
 } // namespace kvex::host

@@ -1,5 +1,6 @@
 #include "host/suite/ErrorLog.h"
 
+#include "host/suite/ShownText.h"
 #include "host/suite/UserFolders.h"
 #include "platform/Text.h"
 
@@ -7,22 +8,46 @@
 #include <cstring>
 #include <fcntl.h>
 #include <iostream>
+#include <iterator>
 #include <unistd.h>
 
 namespace kvex::host {
 namespace {
+
+/// As 2024-03-01T09:00:00+05:30.
+std::string timestamp(std::time_t time) {
+    std::tm local{};
+    localtime_r(&time, &local);
+    char buffer[64];
+    std::string text(buffer,
+                     std::strftime(buffer, std::size(buffer), "%Y-%m-%dT%H:%M:%S%z", &local));
+    return text.insert(text.size() - 2, 1, ':');
+}
+
+std::string field(std::u16string_view text) {
+    return toUtf8(visible(withoutPasswords(text)));
+}
 
 std::filesystem::path ownLog() {
     const std::filesystem::path folder = stateFolder();
     if (folder.empty()) {
         return {};
     }
-    // Without it the log cannot be opened, which is reported then.
+    // If the folder is missing, opening the log fails, and that is reported.
     static_cast<void>(makeOwnFolder(folder));
     return folder / "KVEX.log";
 }
 
 } // namespace
+
+std::string logLine(std::time_t time, std::u16string_view text, const Error *error) {
+    std::string line = timestamp(time) + '\t' + field(text);
+    if (error != nullptr) {
+        line += '\t' + std::to_string(error->number()) + '\t' + field(error->source()) + '\t' +
+                field(error->description());
+    }
+    return line + '\n';
+}
 
 std::filesystem::path logPath(std::u16string_view logFile) {
     std::string path = toUtf8(logFile);

@@ -1,37 +1,44 @@
-// The error log's file: where it is, and appending to it.
+// The error log: one entry, its file, and appending to it.
 #pragma once
 
+#include "platform/Error.h"
+
+#include <ctime>
 #include <filesystem>
 #include <string>
 #include <string_view>
 
 namespace kvex::host {
 
-/// `logFile` as a path of this system: the last backslash, with which the component joins its
-/// directory and the file's name, is a separator. Any other belongs to a name.
+/// One entry of the log, in UTF-8 with its newline. It has the local date and time with the offset
+/// from UTC, then `text`. If `error` is not null, its number, source and description follow. Tabs
+/// separate these fields. Within a field, control characters are escaped, and passwords are "***".
+[[nodiscard]] std::string logLine(std::time_t time, std::u16string_view text, const Error *error);
+
+/// `logFile` as a path of this system. The component joins its directory and the file's name with
+/// a backslash, so the last backslash becomes a separator. Others stay: they belong to names.
 [[nodiscard]] std::filesystem::path logPath(std::u16string_view logFile);
 
-/// Appends `line` in one write, and creates the file, for its owner only, where there is none.
-/// 0, or the system's error number: then nothing or not all of it was written.
+/// Appends `line` in one write. Creates a missing file, which only its owner can use. Returns 0, or
+/// the system's error number when the line was not written, or only a part of it.
 [[nodiscard]] int appendLine(const std::filesystem::path &file, std::string_view line);
 
-/// True for root, who may write everywhere: also beside the installed libraries, where no log
-/// belongs.
+/// True for root. Root may write beside the installed libraries, where no log belongs.
 [[nodiscard]] bool runsAsRoot();
 
 class ErrorLog {
 public:
-    /// `chosen`: the file for all entries, whatever their callers say; empty when none is.
-    /// `asRoot`: entries without a chosen file never go to the file that their callers name.
+    /// `chosen` is the file for all entries; if it is empty, callers name the file. If `asRoot` is
+    /// set, entries never go to a file that a caller names.
     explicit ErrorLog(std::filesystem::path chosen = {}, bool asRoot = runsAsRoot())
         : chosen_(std::move(chosen)), asRoot_(asRoot) {}
 
-    /// Appends `line` to the chosen file, else to `logFile`; when that cannot or must not be done,
-    /// to KVEX.log in the user's state folder. When that fails too, the line goes to standard
-    /// error with a sentence that says so.
+    /// Appends `line` to the chosen file, else to `logFile`. When that fails or is not allowed, it
+    /// appends to KVEX.log in the user's state folder. When that fails as well, it writes the line
+    /// to standard error, with a sentence that says why.
     void append(std::u16string_view logFile, std::string_view line);
 
-    /// The file that the last line went to; empty before, and when it went to standard error.
+    /// The file of the last line. Empty before the first, and after one to standard error.
     [[nodiscard]] const std::filesystem::path &lastFile() const { return lastFile_; }
 
 private:

@@ -1,5 +1,5 @@
-// How a host configures the library KVEXHostSuite, the component server of the suite's classes
-// with windows. It creates this object, and configures the suite, before any other of the suite's.
+// Configures the library KVEXHostSuite, which serves the suite's classes with windows. A host
+// creates this object first and configures the suite with it. Then it creates other objects.
 #pragma once
 
 #include "platform/Component.h"
@@ -7,11 +7,12 @@
 struct ISuiteConfiguration : IUnknown {
     static constexpr IID iid{
         0x7B1F4E52, 0x0C6A, 0x4F0E, {0x9D, 0x31, 0x52, 0xA8, 0x6E, 0x17, 0xC4, 0x06}};
-    /// What utility objects give out, and the file for all entries of the error log, "" for the
-    /// one that each entry's writer names.
+    /// Sets the texts that utility objects give out, and the file of the error log. If `logFile` is
+    /// "", the writer of each entry names the file.
     virtual HRESULT Configure(BSTR connectionString, BSTR secondText, BSTR logFile) noexcept = 0;
-    /// The description and the number of the last error that was logged, and the file that it is
-    /// in, "" when none could be written. S_FALSE, null, null and 0 while there was none.
+    /// Gives the last logged error: its description, its number, and the file that holds it. The
+    /// file is "" when none could be written. Without an error the result is S_FALSE, and it gives
+    /// null, 0 and null.
     virtual HRESULT GetLastError(BSTR *logFile, BSTR *description, LONG *number) noexcept = 0;
 
 protected:

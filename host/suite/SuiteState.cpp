@@ -1,6 +1,6 @@
 #include "host/suite/SuiteState.h"
 
-#include "host/suite/LogLine.h"
+#include "host/suite/ErrorLog.h"
 
 #include <ctime>
 

@@ -1,4 +1,4 @@
-// What the host suite knows in this process: its configuration and its error log.
+// The host suite's state in this process: its configuration and its error log.
 #pragma once
 
 #include "host/suite/ErrorLog.h"
@@ -11,28 +11,28 @@
 namespace kvex::host {
 
 struct LoggedError {
-    /// The entry's text: which procedure met the error.
+    /// The entry's text. It names the procedure that met the error.
     std::u16string text;
     Error error;
 };
 
 struct SuiteState {
-    /// The server's database, as utility objects give it out.
+    /// The connection string that utility objects give out.
     std::u16string connectionString;
-    /// What they give out as the second text.
+    /// The second text that they give out.
     std::u16string secondText;
     ErrorLog log;
-    /// The first and the last error that were logged since somebody reset them.
+    /// The first and the last logged error since their last reset.
     std::optional<LoggedError> firstError = std::nullopt;
     std::optional<LoggedError> lastError = std::nullopt;
 };
 
-/// The one that all objects of the suite in this module share. Set it before the first is made.
+/// All objects of the suite in this module share it. Set it before you create the first one.
 [[nodiscard]] SuiteState &suiteState();
 
-/// Adds an entry to the log of suiteState(): `text`, and `error` unless it is null. Keeps the error
-/// as the last one, and as the first one when there is none yet. `logFile` as ErrorLog::append
-/// takes it.
+/// Adds an entry with `text`, and with `error` unless it is null, to the log of suiteState(). Keeps
+/// the error as the last one, and as the first one if there is none yet. `logFile` is as
+/// ErrorLog::append takes it.
 void logEntry(std::u16string_view logFile, std::u16string_view text, const Error *error);
 
 } // namespace kvex::host

@@ -7,7 +7,7 @@
 namespace kvex::host {
 namespace {
 
-/// Empty when the variable names no absolute path.
+/// Empty when the variable is not an absolute path.
 std::filesystem::path folderIn(const char *variable) {
     const char *value = std::getenv(variable);
     const std::filesystem::path path = value == nullptr ? "" : value;
@@ -45,7 +45,7 @@ std::error_code makeOwnFolder(const std::filesystem::path &folder) {
             return failure;
         }
     }
-    // Another program may have made it meanwhile.
+    // Another program may have created it meanwhile.
     if (mkdir(folder.c_str(), S_IRWXU) != 0 && !std::filesystem::is_directory(folder)) {
         return {errno, std::generic_category()};
     }

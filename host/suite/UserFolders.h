@@ -1,4 +1,4 @@
-// Where the user's own files belong, as the XDG base directories say.
+// The folders for the user's own files, as the XDG base directories define them.
 #pragma once
 
 #include <filesystem>
@@ -6,15 +6,15 @@
 
 namespace kvex::host {
 
-/// The suite's folders of this user: "kvex" in $XDG_STATE_HOME, $XDG_DATA_HOME and
-/// $XDG_CONFIG_HOME, else in their places below the home directory. A variable that is no
-/// absolute path does not count. Empty where $HOME does not count either. Nothing is created.
+/// The user's folders for the suite: "kvex" in $XDG_STATE_HOME, $XDG_DATA_HOME or $XDG_CONFIG_HOME,
+/// or in their defaults below $HOME. A variable counts only if it is an absolute path. The result
+/// is empty if $HOME does not count either. Creates nothing.
 [[nodiscard]] std::filesystem::path stateFolder();
 [[nodiscard]] std::filesystem::path dataFolder();
 [[nodiscard]] std::filesystem::path configurationFolder();
 
-/// Makes `folder` and the folders above it, as far as they are missing, for their owner alone.
-/// Gives the system's error when `folder` is not there afterwards.
+/// Creates `folder` and the missing folders above it. Only their owner can use them. Returns the
+/// system's error when `folder` is not there afterwards.
 [[nodiscard]] std::error_code makeOwnFolder(const std::filesystem::path &folder);
 
 } // namespace kvex::host

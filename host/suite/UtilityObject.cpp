@@ -1,7 +1,7 @@
 #include "host/suite/UtilityObject.h"
 
 #include "adapters/classserver/server/Guard.h"
-#include "host/suite/Passwords.h"
+#include "host/suite/ShownText.h"
 #include "host/suite/SuiteState.h"
 #include "platform/Text.h"
 #include "platform/controls/Toolkit.h"

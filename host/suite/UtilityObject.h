@@ -1,4 +1,4 @@
-// The suite's utility object, whatever it shows messages with.
+// The suite's utility object. Derived classes decide how it shows messages.
 #pragma once
 
 #include "adapters/classserver/server/ComObject.h"
@@ -10,14 +10,14 @@
 
 namespace kvex::host {
 
-/// Works on suiteState(). The user is told of an error that comes from the database as well,
-/// because not all that he did was stored; every other one is only logged.
+/// Works on suiteState(). It logs every error. It also shows the errors of the database to the
+/// user, because not all of the user's changes were stored.
 class UtilityObject : public ComObject<IUtility> {
 public:
     HRESULT GetConnectionString(BSTR *connectionString) noexcept final;
     HRESULT GetSecondText(BSTR *text) noexcept final;
-    /// `flag` false keeps the error from being shown. `*output` is set to 0; it may be null, and
-    /// so may `flag`.
+    /// If `*flag` is false, the error is not shown. Sets `*output` to 0. `flag` and `output` may be
+    /// null.
     HRESULT WriteErrorLog(BSTR *logFile, ErrorRecord *error, BSTR text, LONG reserved,
                           VARIANT_BOOL *flag, LONG *output) noexcept final;
     HRESULT ReportMessage(BSTR *logFile, BSTR text, VARIANT_BOOL first,
@@ -28,10 +28,9 @@ protected:
     ~UtilityObject() override = default;
 
 private:
-    /// Styles and results are those of ShowMessageBox.
+    /// Takes and returns what ShowMessageBox does.
     virtual std::int32_t showMessage(const std::u16string &text, std::int32_t style) = 0;
-    /// Of a database's error that was logged: shows it or, where that cannot be done, writes it
-    /// to standard error.
+    /// Shows a logged error of the database. If that fails, writes it to standard error.
     virtual void tellUser(const Error &error);
 };
 

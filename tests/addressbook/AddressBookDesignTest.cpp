@@ -1,5 +1,5 @@
 // The design of the address book, control by control.
-#include "host/addressbook/AddressBookDesign.h"
+#include "host/addressbook/AddressBookWindow.h"
 #include "tests/support/DesignTable.h"
 
 #include <gtest/gtest.h>
@@ -8,23 +8,24 @@ namespace kvex::test {
 namespace {
 
 TEST(AddressBookDesign, ForManyContacts) {
-    expectDesign(host::addressBookDesign(true), "frmAddressBook", "Address Book",
-                 {
-                     R"(label Label1 "&Find" for="txtSearch")",
-                     R"(text txtSearch)",
-                     R"(hint lblHint)",
-                     R"(label Label2 "C&ontacts" for="lvwContacts")",
-                     R"(list lvwContacts checkBoxes empty="The contacts that are found appear here.")"
-                     R"( startsAtFirst)",
-                     R"(button cmdTickAll "&Tick All Shown" disabled)"
-                     R"( waits="There is nothing left to tick")",
-                     R"(button cmdClear "C&lear Selection" disabled waits="Nothing is ticked")",
-                     R"(label lblCount)",
-                     R"(frame Frame1)",
-                     R"(button cmdSelect "&Select" disabled)"
-                     R"( waits="Tick a contact in the list first" default)",
-                     R"(button cmdCancel "&Cancel" cancel)",
-                 });
+    expectDesign(
+        host::addressBookDesign(true), "frmAddressBook", "Address Book",
+        {
+            R"(label Label1 "&Find" for="txtSearch")",
+            R"(text txtSearch)",
+            R"(hint lblHint)",
+            R"(label Label2 "C&ontacts" for="lvwContacts")",
+            R"(list lvwContacts checkBoxes empty="The contacts that are found appear here.")"
+            R"( startsAtFirst)",
+            R"(button cmdTickAll "&Tick All Shown" disabled)"
+            R"( waits="There is nothing left to tick")",
+            R"(button cmdClear "C&lear Selection" disabled waits="Nothing is ticked")",
+            R"(label lblCount)",
+            R"(frame Frame1)",
+            R"(button cmdSelect "&Select" disabled)"
+            R"( waits="Tick a contact in the list first" default)",
+            R"(button cmdCancel "&Cancel" cancel)",
+        });
 }
 
 TEST(AddressBookDesign, ForOneContact) {

@@ -1,4 +1,4 @@
-// The address book on a real toolkit, by real keys and the mouse.
+// The address book on a real toolkit, with real keys and the mouse.
 #include "adapters/qt/QtToolkit.h"
 #include "tests/addressbook/AddressBookTest.h"
 #include "tests/support/QtPlay.h"

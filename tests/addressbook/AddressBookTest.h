@@ -1,4 +1,4 @@
-// The address book over a database with contacts, for tests that play its user.
+// The address book on a database with contacts, for tests that act as its user.
 #pragma once
 
 #include "host/addressbook/ManageContacts.h"
@@ -18,20 +18,20 @@ namespace kvex::test {
 
 using Texts = std::vector<std::u16string>;
 
-/// The user is 1; he has no contacts at first.
+/// The user has the id 1, and no contacts at first.
 class AddressBookTest : public testing::Test {
 protected:
     AddressBookTest() { host::suiteState() = {u"", u"", host::ErrorLog(logFile)}; }
     ~AddressBookTest() override { host::suiteState() = host::SuiteState(); }
 
-    /// Each value as SQL writes it.
+    /// Takes each value as SQL writes it.
     void addContact(const std::string &name, const std::string &number,
                     const std::string &userId = "1", const std::string &deleted = "0") {
         database.execute("INSERT INTO SMS_CONTACTS (NAME, MOBILE, USER_ID, DELETED) VALUES (" +
                          name + "," + number + "," + userId + "," + deleted + ")");
     }
 
-    /// "Contact 1" to "Contact 50000" with numbers of their own.
+    /// Adds "Contact 1" to "Contact 50000", each with its own number.
     void addFiftyThousand() {
         database.execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < "
                          "50000) INSERT INTO SMS_CONTACTS (USER_ID, NAME, MOBILE) "

@@ -1,4 +1,4 @@
-// The address book as its user meets it.
+// The address book's window, step by step as its user works.
 #include "adapters/headless/HeadlessToolkit.h"
 #include "adapters/headless/User.h"
 #include "tests/addressbook/AddressBookTest.h"
@@ -18,7 +18,7 @@ protected:
         EXPECT_EQ(toolkit.unhandledErrors().size(), 0U);
     }
 
-    /// Asha, Ravi and Zoë, with two numbers that are written with marks.
+    /// Adds Asha, Ravi and Zoë. Two of the numbers have separators.
     void addThree() {
         addContact("'Ravi Kumar'", "'98111-00022'");
         addContact("'Zoë O''Neill'", "'+91 (98111) 00033'");

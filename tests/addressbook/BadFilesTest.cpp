@@ -1,5 +1,5 @@
-// Contact files that are cut off, damaged or none at all: each gives contacts, lines that were
-// skipped, or a sentence.
+// Files that are cut off, damaged or not contact files at all. Each gives contacts, skipped lines
+// or a sentence.
 #include "tests/addressbook/ContactFileLines.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@ namespace {
 
 using namespace std::string_literals;
 
-/// As linesOf, or the sentence.
+/// The lines of linesOf(), or the sentence.
 Lines outcome(const std::string &bytes) {
     try {
         return linesOf(readContactFile(bytes, false));
@@ -39,7 +39,7 @@ const std::string goodTable =
 const std::string goodWide = utf16(u"Name,Mobile\nअनिल 🚨,98111\n");
 
 TEST(BadFiles, AreToldOf) {
-    const Lines noText{"It is no text: it holds bytes of value 0."};
+    const Lines noText{"It is not text: it holds bytes of value 0."};
     const Lines noTable{
         "Its first row names no column of numbers. Name the columns there, as in: Name,Mobile"};
     EXPECT_EQ(outcome(""), noTable);
@@ -57,7 +57,7 @@ TEST(BadFiles, AreToldOf) {
 }
 
 TEST(BadFiles, InUtf16LoseOnlyTheRowThatIsBroken) {
-    const std::string broken = "the row holds bytes that are no character";
+    const std::string broken = "the row holds bytes that are not a character";
     EXPECT_EQ(outcome(utf16(u"Name,Mobile\nA\xD83D,1\nB,2\n\xDEA8,3\nC,4\n")),
               (Lines{"B: 2", "C: 4", "2: " + broken, "4: " + broken}));
     EXPECT_EQ(outcome(utf16(u"Name,Mobile\nA,1\nB,2") + "3"), (Lines{"A: 1", "3: " + broken}));

@@ -1,4 +1,4 @@
-#include "host/addressbook/ContactTable.h"
+#include "host/addressbook/ContactFile.h"
 
 #include "tests/addressbook/ContactFileLines.h"
 
@@ -138,7 +138,7 @@ TEST(ContactTable, NamesTheLineOfARowThatCannotBeRead) {
               (Lines{"B: 2", "D: 4", "F: 6", "2: text follows the closing quotation mark",
                      "4: the quotation mark is not closed",
                      "6: the row has more fields than the first one",
-                     "8: the row holds bytes that are no character"}));
+                     "8: the row holds bytes that are not a character"}));
 }
 
 TEST(ContactTable, NamesTheLineOfWhatIsTooLong) {

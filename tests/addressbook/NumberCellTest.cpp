@@ -46,11 +46,11 @@ TEST(NumberCell, SplitsAtWhatSeparatesNumbers) {
 
 TEST(NumberCell, RefusesWhatMayBeAPauseOrThousands) {
     EXPECT_EQ(outcome("9,811,100,011"),
-              (Texts{"! what \",\" and \";\" separate in 9,811,100,011 is not a number each"}));
+              (Texts{"! the parts of 9,811,100,011 between \",\" and \";\" are not all numbers"}));
     EXPECT_EQ(outcome("98111;1234"),
-              (Texts{"! what \",\" and \";\" separate in 98111;1234 is not a number each"}));
+              (Texts{"! the parts of 98111;1234 between \",\" and \";\" are not all numbers"}));
     EXPECT_EQ(outcome("98111,none"),
-              (Texts{"! what \",\" and \";\" separate in 98111,none is not a number each"}));
+              (Texts{"! the parts of 98111,none between \",\" and \";\" are not all numbers"}));
 }
 
 TEST(NumberCell, RefusesANumberThatASpreadsheetRounded) {

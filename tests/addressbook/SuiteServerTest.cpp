@@ -1,4 +1,4 @@
-// The address book as hosts get it: served by the suite's library, where no window can be shown.
+// The address book that the suite's library serves, in a process without a display.
 #include "adapters/classserver/ClassServer.h"
 #include "platform/ComPointer.h"
 #include "platform/HostSuite.h"
@@ -57,7 +57,7 @@ TEST_F(SuiteServer, WithoutADisplaySelectsNobodyAndLogsWhy) {
     LONG code = -1;
     EXPECT_LT(book->SelectRecipients(1, VARIANT_TRUE, &code), 0);
     EXPECT_EQ(code, 0);
-    // Root's log is never beside what names it.
+    // Root never writes a log that a caller names.
     EXPECT_THAT(host::readFile(folder / (geteuid() == 0 ? "kvex/KVEX.log" : "log")),
                 testing::HasSubstr("display"));
 }

@@ -12,7 +12,7 @@ namespace {
 
 using namespace std::string_literals;
 
-/// Each unit as two bytes, the lower one first or last.
+/// Writes each unit as two bytes, with the lower byte first or last.
 std::string bytesOf(std::u16string_view text, bool lowFirst) {
     std::string bytes;
     for (const char16_t unit : text) {
@@ -54,7 +54,7 @@ TEST(TextEncoding, DecodesUtf16WithAndWithoutAMark) {
 }
 
 TEST(TextEncoding, KnowsUtf16ByTheSideWhereZerosStand) {
-    // U+4E00 has its zero on the other side.
+    // U+4E00 has its zero as the other byte.
     EXPECT_EQ(decoded(bytesOf(u"一1234", true)), "一1234");
     EXPECT_EQ(decoded(bytesOf(u"一1234", false)), "一1234");
     // One zero in eight bytes is enough.
@@ -101,7 +101,7 @@ TEST(TextEncoding, DoesNotGuessWhereWindows1252HasNoSuchByte) {
 }
 
 TEST(TextEncoding, RefusesBytesThatAreNoText) {
-    const std::string sentence = "It is no text: it holds bytes of value 0.";
+    const std::string sentence = "It is not text: it holds bytes of value 0.";
     EXPECT_EQ(refusal([] { static_cast<void>(decodeText("Name,Mobile\nA\0,98111\n"s)); }),
               sentence);
     EXPECT_EQ(refusal([] {

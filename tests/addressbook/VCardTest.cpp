@@ -1,4 +1,4 @@
-#include "host/addressbook/VCard.h"
+#include "host/addressbook/ContactFile.h"
 
 #include "tests/addressbook/ContactFileLines.h"
 
@@ -13,7 +13,7 @@ Lines outcome(std::string_view text) {
     return linesOf(readVCards(text));
 }
 
-/// A card of version 4.0 with these lines, each ended.
+/// A card of version 4.0 with these lines. Adds the line breaks.
 std::string card(std::string_view lines, std::string_view version = "4.0") {
     return "BEGIN:VCARD\r\nVERSION:" + std::string(version) + "\r\n" + std::string(lines) +
            "END:VCARD\r\n";
@@ -180,7 +180,7 @@ TEST(VCard, NamesTheLineThatIsNone) {
 
 TEST(VCard, NamesTheLineWithBytesThatAreNoCharacter) {
     EXPECT_EQ(outcome(card("FN:Ren\xE9\r\nTEL:1\r\n") + card("FN:B\r\nTEL:2\r\n")),
-              (Lines{"B: 2", "3: the line holds bytes that are no character"}));
+              (Lines{"B: 2", "3: the line holds bytes that are not a character"}));
 }
 
 TEST(VCard, NamesACardWithoutAnEnd) {

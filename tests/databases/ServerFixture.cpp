@@ -2,7 +2,7 @@
 
 #include "adapters/odbc/Provider.h"
 #include "adapters/recordset/ClientConnection.h"
-#include "adapters/recordset/Schema.h"
+#include "host/suite/Schema.h"
 #include "platform/Text.h"
 #include "tests/databases/SqliteFixture.h"
 #include "tests/servers/GaleraCluster.h"
@@ -38,7 +38,7 @@ protected:
             server.createDatabase(name);
             recordset::ClientConnection connection({odbc::provider()});
             static_cast<Connection &>(connection).open(connectionStringOf(server));
-            recordset::createSchema(connection);
+            host::createSchema(connection);
         }
     }
 

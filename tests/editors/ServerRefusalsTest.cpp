@@ -5,7 +5,7 @@
 #include "adapters/odbc/OdbcError.h"
 #include "adapters/odbc/Provider.h"
 #include "adapters/recordset/ClientConnection.h"
-#include "adapters/recordset/Schema.h"
+#include "host/suite/Schema.h"
 #include "platform/Text.h"
 #include "tests/servers/MariaDbServer.h"
 #include "tests/servers/PostgreSqlServer.h"
@@ -32,7 +32,7 @@ protected:
         server_.createDatabase(database);
         recordset::ClientConnection connection({odbc::provider()});
         static_cast<Connection &>(connection).open(owner());
-        recordset::createSchema(connection);
+        host::createSchema(connection);
         run("INSERT INTO SMS_RULES (Name, QueryParam, ActionParam, PRIORITY) VALUES "
             "('A', '<ALLMESSAGES>', '<DELETE>YES</DELETE>', 10),"
             "('B', '<ALLMESSAGES>', '<DELETE>YES</DELETE>', 10),"

@@ -65,7 +65,7 @@ protected:
         return std::move(result.errors);
     }
 
-    /// The rows that a query gives, "|" between columns and a newline behind each row.
+    /// The rows of a query, with "|" between columns and a newline after each row.
     std::string rows(std::u16string_view query) const {
         const auto connection = openDatabase(fromUtf8(file.string()));
         const auto found = createRecordset();
@@ -90,60 +90,66 @@ protected:
 TEST_F(Commands, HelpIsThisText) {
     EXPECT_EQ(done({"help"}), R"(Usage: kvexrules [COMMAND] [OPTION…]
 
-Commands, edit where none is given:
-  edit [--rule ID]                  open the rule editor; without --rule on a new rule
-  list                              position, on or off, id and name of every rule in priority order
-  show ID… | --all                  the description of rules, with a blank line between two
-  contacts VERB…                    import, export, remove or list contacts, as told below
-  init [--sample]                   create the tables, and sample data, where there are none
-  register                          let hosts find the rule component by its class
-  unregister                        undo that
-  help                              this text
-  version                           the program's version
+Commands (edit if you name none):
+  edit [--rule ID]                  open the rule editor, on a new rule unless --rule names one
+  list                              list all rules by priority: position, on or off, id, name
+  show ID… | --all                  describe rules, separated by a blank line
+  contacts VERB…                    import, export, remove or list contacts (see below)
+  init [--sample]                   create missing tables; with --sample, fill empty ones
+  register                          register the rule component, so that hosts find it
+  unregister                        remove this registration
+  help                              print this text
+  version                           print the program's version
 
 Options:
-  --database CONNECTION|PATH        the database: a connection string or a SQLite file
-  --user ID                         whose rules and contacts, 1 by default
-  --log FILE                        where errors are logged
+  --database CONNECTION|PATH        the database: a connection string or an SQLite file
+  --user ID                         whose rules and contacts to use (default: 1)
+  --log FILE                        the file in which to log errors
   --rule ID                         the rule to open
-  --format FORMAT                   of rules text, ansi or html; of contacts vcard or csv
-  --all                             show every rule
-  --replace                         let contacts export replace a file
-  --sample                          add users, accounts and rules to try out
+  --format FORMAT                   for rules text, ansi or html; for contacts vcard or csv
+  --all                             show all rules
+  --replace                         let contacts export replace an existing file
+  --sample                          add users, accounts and rules for trying out
 
-The database is the one that --database names, else $KVEX_DATABASE, else the
-setting "database" of kvex/kvexrules.conf in $XDG_CONFIG_HOME (~/.config), else
-kvex/rules.db in $XDG_DATA_HOME (~/.local/share). That file holds lines of
-"key = value" with the keys database, user and log, and comments after "#" at
-the beginning of a line.
+The database is the first of these that is set:
+  --database CONNECTION|PATH
+  $KVEX_DATABASE
+  "database" in kvex/kvexrules.conf, which is in $XDG_CONFIG_HOME (~/.config)
+  kvex/rules.db in $XDG_DATA_HOME (~/.local/share), your own database
+kvexrules.conf has lines of "key = value" with the keys database, user and log. A line
+that begins with "#" is a comment.
 
-A server's database is named by an ODBC connection string, as in
+For a database on a server, give an ODBC connection string, such as
   Driver={PostgreSQL Unicode};Server=db;Database=sms;UID=editor;PWD=...
-A password belongs in that file, or in $KVEX_DATABASE: other users may see it
-after --database.
+Put the password into kvexrules.conf or $KVEX_DATABASE. After --database, other users
+may see it.
 
-"list" separates its columns by blanks; the name is the rest of the line, and
-what could break the line is written as \n, \t, \\ or \u{HEX}. "contacts list"
-separates them by tabs, and lists the contacts that belong to nobody as well.
+"list" separates its columns by blanks; the name is the rest of the line. Characters
+that could break the line appear as \n, \t, \\ or \u{HEX}. "contacts list" separates
+its columns by tabs. It also lists the contacts that belong to no user.
 
-"contacts import FILE" reads vCards of the versions 2.1, 3.0 and 4.0, and CSV whose
-first row names its columns ("Name,Mobile"); "-" is standard input. What it skips is
-named with its line; a contact that is there already is not added again. All
-contacts are added or, when the database refuses one, none.
-"contacts export [FILE]" writes what "contacts list" shows: as CSV into a file whose
-name ends in .csv, else as vCards, to standard output without FILE or with "-". The
-file is its owner's alone. One that exists is only replaced with --replace.
-"contacts remove ID…" removes contacts that "contacts list" shows: all of them or,
-when one is not there, none.
+"contacts import FILE" reads vCards (versions 2.1, 3.0 and 4.0), or CSV whose first row
+names the columns ("Name,Mobile"). "-" means standard input. It reports the line of each
+entry that it skips, and does not add a contact that is already there. If the database
+refuses one contact, none is added.
+"contacts export [FILE]" writes the contacts that "contacts list" shows: as CSV if the
+file's name ends in .csv, else as vCards. Without FILE, or with "-", it writes to
+standard output. Only you can read the file. An existing file is replaced only with
+--replace.
+"contacts remove ID…" removes contacts that "contacts list" shows. If one of the ids is
+not there, none is removed.
 
-"edit" ends with the line "result: 99" when the user may have edited something,
-"result: 1" when no edit was noted (rules may still have been removed), and
-"result: 0" when the rules could not be opened. Whoever keeps rules in memory
-reloads them after 99 and after 1. Where an SQLite file is missing, it offers to
-make one.
+The last line that "edit" prints is its result:
+  result: 99   the user may have edited something
+  result: 1    no edit was noted, but rules may have been removed
+  result: 0    the rules could not be opened
+A program that keeps the rules in memory must read them again after 99 and after 1. If
+an SQLite file is missing, "edit" offers to make it.
 
-Exit status: 0 done; 1 something was not found or skipped, or a request was refused;
-2 wrong use, or nothing could be read.
+Exit status:
+  0   done
+  1   something was not found or was skipped, or a request was refused
+  2   the command line was wrong, or nothing could be read
 )");
 }
 
@@ -188,10 +194,11 @@ TEST_F(Commands, InitFillsTablesOnce) {
 }
 
 TEST_F(Commands, InitTellsOfAServerThatIsNotThere) {
-    EXPECT_THAT(failed(2, {"init", "--database", "DSN=none"}),
-                EndsWith(" The database itself, and a user who may create tables in it, must be "
-                         "there before kvexrules init: have the server's administrator make them. "
-                         "The database was named by --database."));
+    EXPECT_THAT(
+        failed(2, {"init", "--database", "DSN=none"}),
+        EndsWith(" kvexrules init needs a database that exists, and a user who may create tables "
+                 "in it. Ask the server's administrator for both. "
+                 "The database was named by --database."));
 }
 
 TEST_F(Commands, InitTellsOfAFolderThatItCannotMake) {
@@ -319,8 +326,7 @@ TEST_F(Commands, ShowGoesOnAfterARuleThatIsNotThere) {
     const Ended result = ended({"show", "99", "7"});
     EXPECT_EQ(result.status, 1);
     EXPECT_THAT(result.output, StartsWith("Apply this Rule"));
-    EXPECT_EQ(result.errors,
-              "kvexrules: There is no rule 99. The rules that there are: kvexrules list\n");
+    EXPECT_EQ(result.errors, "kvexrules: There is no rule 99. To list the rules: kvexrules list\n");
 }
 
 TEST_F(Commands, ShowTellsWhatIsStoredOfARuleThatCannotBeLoaded) {
@@ -335,8 +341,8 @@ TEST_F(Commands, ShowTellsWhatIsStoredOfARuleThatCannotBeLoaded) {
         "kvexrules: Not all of rule 6 could be read. Type mismatch. The log is " + log +
             ".\n"
             "kvexrules: OK in the editor would replace both texts by what was read before the "
-            "error, and by what is entered there: the rest of the conditions and actions "
-            "would be lost. Correct the row in the database, as its texts are now:\n"
+            "error and what you enter there. The other conditions and actions would be lost. "
+            "Correct the row in the database. Its texts are now:\n"
             "QueryParam: <ACCOUNT><CON><ANY>x</ACCOUNT><WORD>PWD=a\n"
             "ActionParam: <DIST>2</DIST><DELETE>NO</DELETE><IGNOREFURTHERRULES>NO"
             "</IGNOREFURTHERRULES>\n");
@@ -351,9 +357,9 @@ TEST_F(Commands, ShowTellsWhatIsStoredOfARuleThatCannotBeDescribed) {
     const Ended result = ended({"show", "6"});
     EXPECT_EQ(result.status, 1);
     EXPECT_THAT(result.errors,
-                EndsWith(".\nkvexrules: OK in the editor would write both texts again, and leave "
-                         "what cannot be described as it is. Choose that anew there, or correct "
-                         "the row in the database. Its texts are now:\n"
+                EndsWith(".\nkvexrules: OK in the editor would write both texts again, and keep "
+                         "the parts that cannot be described. Choose those parts again there, or "
+                         "correct the row in the database. Its texts are now:\n"
                          "QueryParam: \nActionParam: <DIST>x</DIST>\n"));
 }
 
@@ -373,11 +379,12 @@ TEST_F(Commands, ShowKnowsWhatToShow) {
     for (const std::vector<const char *> &arguments :
          {std::vector<const char *>{"show"}, std::vector<const char *>{"show", "--all", "1"}}) {
         EXPECT_EQ(failed(2, arguments),
-                  "Name the rules to show by their ids, or all of them with --all, but not both. "
+                  "Name the ids of the rules to show, or --all, but not both. "
                   "The ids are the numbers that kvexrules list shows.");
     }
-    EXPECT_EQ(failed(2, {"show", "one"}),
-              "\"one\" is no rule's id. The ids are the numbers that kvexrules list shows.");
+    EXPECT_EQ(
+        failed(2, {"show", "one"}),
+        "\"one\" is not the id of a rule. The ids are the numbers that kvexrules list shows.");
 }
 
 TEST_F(Commands, EditNeedsADisplay) {
@@ -391,7 +398,8 @@ TEST_F(Commands, EditNeedsADisplay) {
               noDisplay + "init makes the database, which does not exist yet.");
     done({"init"});
     EXPECT_EQ(failed(2, {"edit"}), noDisplay + "list and kvexrules show print the rules.");
-    EXPECT_THAT(failed(2, {"edit", "--rule", "one"}), StartsWith("\"one\" is no rule's id."));
+    EXPECT_THAT(failed(2, {"edit", "--rule", "one"}),
+                StartsWith("\"one\" is not the id of a rule."));
 }
 
 TEST_F(Commands, EditOnADisplayThatIsGoneSaysNothingOfTheDatabase) {

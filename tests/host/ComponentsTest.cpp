@@ -33,7 +33,7 @@ TEST(Components, StandBesideTheProgram) {
 }
 
 TEST(Components, FailWithAReasonAndAdvice) {
-    EXPECT_EQ(told(CO_E_ERRORINDLL), "It fails (it is no component). Mend it.");
+    EXPECT_EQ(told(CO_E_ERRORINDLL), "It fails (it is not a component). Mend it.");
     EXPECT_EQ(told(CO_E_CLASSSTRING), "It fails (it is not registered). Mend it.");
     EXPECT_EQ(told(REGDB_E_CLASSNOTREG), "It fails (it is not registered). Mend it.");
     EXPECT_EQ(told(E_ACCESSDENIED), "It fails (permission denied). Mend it.");

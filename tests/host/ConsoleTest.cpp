@@ -21,7 +21,7 @@ template <class Call> std::string errorsOf(const Call &call) {
 
 class ConsoleOnATerminal : public testing::Test {
 protected:
-    /// What the terminal shows of standard error while `call` runs.
+    /// Returns what `call` writes to standard error, which is a terminal meanwhile.
     template <class Call> std::string shown(const Call &call) const {
         const StandardStream errors(STDERR_FILENO, terminal.program);
         call();
@@ -59,8 +59,9 @@ TEST(Console, TellsWhyTheOutputCannotBeWritten) {
         print("a");
         ADD_FAILURE() << "written";
     } catch (const Failure &failure) {
-        EXPECT_STREQ(failure.what(), "The output cannot be written (No space left on device). "
-                                     "Direct it to a terminal, a pipe or a file with room.");
+        EXPECT_STREQ(failure.what(),
+                     "The output cannot be written (No space left on device). "
+                     "Redirect it to a terminal, a pipe or a disk with free space.");
         EXPECT_EQ(failure.status(), exit_status::unusable);
     }
 }

@@ -1,4 +1,4 @@
-// Environment variables that a test sets, and puts back.
+// Sets environment variables for a test and restores them afterwards.
 #pragma once
 
 #include <cstdlib>
@@ -19,7 +19,7 @@ public:
     EnvironmentVariables(const EnvironmentVariables &) = delete;
     EnvironmentVariables &operator=(const EnvironmentVariables &) = delete;
 
-    /// Without a value the variable is removed.
+    /// Without a value it removes the variable.
     void set(const std::string &name, const std::optional<std::string> &value) {
         const char *held = std::getenv(name.c_str());
         before_.try_emplace(name,

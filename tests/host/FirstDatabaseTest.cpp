@@ -1,4 +1,4 @@
-#include "host/kvexrules/FirstDatabase.h"
+#include "host/kvexrules/Database.h"
 
 #include "host/kvexrules/Failure.h"
 #include "host/kvexrules/RuleList.h"
@@ -22,7 +22,7 @@ protected:
         return settings;
     }
 
-    /// Gives `answer` to every question, and keeps the questions.
+    /// Answers every question with `answer`, and keeps the questions.
     Question answering(std::optional<bool> answer) {
         return [this, answer](std::string_view text) {
             questions.emplace_back(text);

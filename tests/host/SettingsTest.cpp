@@ -58,14 +58,14 @@ TEST(Configuration, MayBeEmpty) {
 
 TEST(Configuration, NamesTheLineThatItCannotRead) {
     EXPECT_THAT(refusal("user = 1\n\nnonsense\n"), StartsWith("/etc/a.conf:3: this is no"));
-    EXPECT_THAT(refusal("usr = 1"), StartsWith("/etc/a.conf:1: there is no setting \"usr\""));
-    EXPECT_THAT(refusal("= 1"), StartsWith("/etc/a.conf:1: there is no setting \"\""));
+    EXPECT_THAT(refusal("usr = 1"), StartsWith("/etc/a.conf:1: unknown setting \"usr\""));
+    EXPECT_THAT(refusal("= 1"), StartsWith("/etc/a.conf:1: unknown setting \"\""));
     EXPECT_THAT(refusal("user = 1\nuser = 1"), StartsWith("/etc/a.conf:2: user is set a second"));
     EXPECT_THAT(refusal("# c\ndatabase ="), StartsWith("/etc/a.conf:2: database has no value"));
 }
 
 TEST(Configuration, SaysWhatIsWrongAndWhatToDo) {
-    EXPECT_EQ(refusal("nonsense"), "/etc/a.conf:1: this is no setting. Write one as: key = value");
+    EXPECT_EQ(refusal("nonsense"), "/etc/a.conf:1: this is not a setting. Write: key = value");
     EXPECT_EQ(refusal("user ="),
               "/etc/a.conf:1: user has no value. Give it one or remove the line.");
     EXPECT_EQ(refusal("log = a\nlog = b"),
@@ -157,7 +157,7 @@ TEST_F(Settings, TakeAServersConnectionStringAsItIs) {
 
 TEST_F(Settings, RefuseAUrlWhoeverNamesIt) {
     const std::string url = "mysql://app:s3cret@db/sms";
-    const std::string advice = " \"mysql://…\" is a URL, and this program takes none. Use this "
+    const std::string advice = " \"mysql://…\" is a URL, which kvexrules does not take. Use this "
                                "connection string: Driver={MariaDB Unicode};Server=db;"
                                "Database=sms;UID=app;PWD=...";
     EXPECT_EQ(failure({{Option::database, url}}), "The database was named by --database." + advice);
@@ -172,10 +172,10 @@ TEST_F(Settings, RefuseAUrlWhoeverNamesIt) {
 TEST_F(Settings, RefuseAUserWhoIsNoNumber) {
     EXPECT_THAT(
         failure({{Option::user, "asha"}}),
-        testing::StrEq("\"asha\" is no user's id. Name a user by his number, as in: --user 1"));
-    EXPECT_THAT(failure({{Option::user, "99999999999"}}), HasSubstr("is no user's id"));
+        testing::StrEq("\"asha\" is not the id of a user. An id is a number, as in: --user 1"));
+    EXPECT_THAT(failure({{Option::user, "99999999999"}}), HasSubstr("is not the id of a user"));
     configure("user = asha");
-    EXPECT_THAT(failure(), HasSubstr("\"asha\" is no user's id"));
+    EXPECT_THAT(failure(), HasSubstr("\"asha\" is not the id of a user"));
 }
 
 TEST_F(Settings, RefuseAConfigurationThatIsNoFile) {

@@ -1,4 +1,4 @@
-// A standard stream of the test program, connected to something else for a while.
+// Redirects a standard stream of the test program for a while.
 #pragma once
 
 #include <unistd.h>
@@ -7,7 +7,7 @@ namespace kvex::host {
 
 class StandardStream {
 public:
-    /// `stream` is `replacement` from now on.
+    /// From now on `stream` is `replacement`.
     StandardStream(int stream, int replacement) : stream_(stream), before_(dup(stream)) {
         dup2(replacement, stream);
     }

@@ -1,4 +1,4 @@
-// A folder of a test's own, removed with it.
+// A folder for one test, removed at its end.
 #pragma once
 
 #include <cstdlib>
@@ -41,7 +41,7 @@ inline void writeFile(const std::filesystem::path &file, std::string_view text) 
     std::ofstream(file, std::ios::binary) << text;
 }
 
-/// "" for a file that is not there.
+/// Returns "" if there is no file.
 [[nodiscard]] inline std::string readFile(const std::filesystem::path &file) {
     std::ifstream stream(file, std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};

@@ -3,8 +3,8 @@
 #include "adapters/odbc/Provider.h"
 #include "adapters/recordset/ClientConnection.h"
 #include "adapters/recordset/ClientRecordset.h"
-#include "adapters/recordset/Schema.h"
 #include "adapters/recordset/Transaction.h"
+#include "host/suite/Schema.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
 #include "tests/databases/ServerFixture.h"
@@ -258,7 +258,7 @@ template <class Server> void expectToFitAChangedTable(Server &server, const char
         recordset::ClientConnection client({odbc::provider()});
         Connection &connection = client;
         connection.open(fromUtf8(server.odbcConnectionString("changed")));
-        recordset::createSchema(client);
+        host::createSchema(client);
         server.run("changed", "INSERT INTO SMS_RULES (Name, QueryParam) VALUES ('A', 'x')");
         recordset::ClientRecordset stored;
         Recordset &rules = stored;

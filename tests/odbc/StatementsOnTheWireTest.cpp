@@ -2,7 +2,7 @@
 // costs a round trip.
 #include "adapters/odbc/Provider.h"
 #include "adapters/recordset/ClientConnection.h"
-#include "adapters/recordset/Schema.h"
+#include "host/suite/Schema.h"
 #include "platform/Text.h"
 #include "tests/editors/Editor.h"
 #include "tests/servers/MariaDbServer.h"
@@ -65,7 +65,7 @@ protected:
         {
             recordset::ClientConnection connection({odbc::provider()});
             static_cast<Connection &>(connection).open(connectionString());
-            recordset::createSchema(connection);
+            host::createSchema(connection);
         }
         for (const char *name : {"A", "B", "C"}) {
             server.run("wire", std::string("INSERT INTO SMS_RULES (Name, QueryParam, ActionParam, "

@@ -100,13 +100,13 @@ TEST_F(Contacts, OfAFileThatHoldsNoneAreNotTaken) {
 
 TEST_F(Contacts, OfAFileWithoutAnEndOrWithNothingAreNotTaken) {
     EXPECT_EQ(failed(2, {"contacts", "import", "/dev/zero"}),
-              "kvexrules: /dev/zero is longer than 256 MiB. Name a file of contacts, or take its "
-              "contacts in several files.\n");
+              "kvexrules: /dev/zero is longer than 256 MiB. Name a file of contacts, or split it "
+              "into several files.\n");
     EXPECT_EQ(failed(2, {"contacts", "import", "/dev/null"}),
-              "kvexrules: /dev/null is empty. Name a file of vCards or CSV.\n");
+              "kvexrules: /dev/null is empty. Name a vCard or CSV file.\n");
     const Outcome binary = kvexrules({"contacts", "import", program.string()});
     EXPECT_EQ(binary.status, 2);
-    EXPECT_THAT(binary.errors, HasSubstr("It is no text: it holds bytes of value 0."));
+    EXPECT_THAT(binary.errors, HasSubstr("It is not text: it holds bytes of value 0."));
 }
 
 TEST_F(Contacts, AreNotTakenIntoATableThatIsNotThere) {
@@ -145,8 +145,8 @@ TEST_F(Contacts, AreTakenFromUtf16) {
 TEST_F(Contacts, TellsThatAFileIsTakenAsWindows1252) {
     const Outcome outcome = imported("book.csv", "Name,Mobile\nRen\xE9,98\n");
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.errors, "kvexrules: book.csv is not in UTF-8; it is read as Windows-1252. "
-                              "Look at the names: kvexrules contacts list.\n");
+    EXPECT_EQ(outcome.errors, "kvexrules: book.csv is not UTF-8, so it was read as Windows-1252. "
+                              "Check the names: kvexrules contacts list.\n");
     EXPECT_EQ(rows(), "1|René|98\n");
 }
 
@@ -156,7 +156,7 @@ TEST_F(Contacts, ThatWereStoredAreToldOfWhereTheReportCannotBeWritten) {
     EXPECT_EQ(full.status, 1);
     EXPECT_EQ(full.errors,
               "kvexrules: 2 contacts taken, 0 skipped. The output cannot be written (No space left "
-              "on device). Direct it to a terminal, a pipe or a file with room.\n");
+              "on device). Redirect it to a terminal, a pipe or a disk with free space.\n");
     EXPECT_EQ(rows("COUNT(*)"), "2\n");
     const Outcome gone = kvexrules({"contacts", "import", "book.vcf"}, Output::withoutReader);
     EXPECT_EQ(gone.status, 0);
@@ -181,7 +181,7 @@ TEST_F(Contacts, AreNotRemovedWhereOneIsNotThere) {
               "that kvexrules contacts list shows.\n");
     EXPECT_EQ(rows("ID, DELETED"), "3|0\n4|0\n");
     EXPECT_EQ(failed(2, {"contacts", "remove", "3", "x"}),
-              "kvexrules: \"x\" is no contact's id. The ids are the numbers that kvexrules "
+              "kvexrules: \"x\" is not the id of a contact. The ids are the numbers that kvexrules "
               "contacts list shows.\n");
     sqlite3(database, "CREATE TRIGGER refuse BEFORE UPDATE ON SMS_CONTACTS "
                       "BEGIN SELECT RAISE(ABORT, 'not now'); END");
@@ -217,7 +217,7 @@ TEST_F(Contacts, AreExportedIntoAFileOfTheOwnersThatIsNotReplacedUnasked) {
     EXPECT_EQ(static_cast<int>(permissions), 0600);
     writeFile(folder / "book.vcf", "mine");
     EXPECT_EQ(failed(1, {"contacts", "export", "book.vcf"}),
-              "kvexrules: book.vcf exists already and is left as it is. Name another file, or say "
+              "kvexrules: book.vcf already exists and was not changed. Name another file, or add "
               "--replace.\n");
     EXPECT_EQ(readFile(folder / "book.vcf"), "mine");
     std::filesystem::permissions(folder / "book.vcf", std::filesystem::perms::all);
@@ -226,11 +226,11 @@ TEST_F(Contacts, AreExportedIntoAFileOfTheOwnersThatIsNotReplacedUnasked) {
     EXPECT_EQ(static_cast<int>(std::filesystem::status(folder / "book.vcf").permissions()), 0600);
     EXPECT_EQ(failed(2, {"contacts", "export", "none/book.vcf"}),
               "kvexrules: none/book.vcf cannot be written (No such file or directory). Name a file "
-              "in a folder where you may write.\n");
+              "in a folder that you may write to.\n");
     std::filesystem::create_directory(folder / "sub");
     EXPECT_EQ(failed(2, {"contacts", "export", "sub", "--replace"}),
-              "kvexrules: sub cannot be written (Is a directory). Name a file in a folder where "
-              "you may write.\n");
+              "kvexrules: sub cannot be written (Is a directory). Name a file in a folder that "
+              "you may write to.\n");
     std::size_t files = 0;
     for (const auto &entry : std::filesystem::directory_iterator(folder.path())) {
         files += entry.path().filename().string().starts_with("sub") ||
@@ -294,9 +294,9 @@ TEST_F(Contacts, WantToBeToldWhatToDo) {
 
 TEST_F(Contacts, TakeOptionsOnlyWhereTheyBelong) {
     EXPECT_EQ(failed(2, {"contacts", "list", "--format", "csv"}),
-              "kvexrules: --format and --replace belong to kvexrules contacts export.\n");
+              "kvexrules: Use --format and --replace only with kvexrules contacts export.\n");
     EXPECT_EQ(failed(2, {"contacts", "import", "a.vcf", "--replace"}),
-              "kvexrules: --format and --replace belong to kvexrules contacts export.\n");
+              "kvexrules: Use --format and --replace only with kvexrules contacts export.\n");
 }
 
 TEST_F(Contacts, ComeByTheThousand) {

@@ -1,4 +1,4 @@
-// Databases that cannot be read, whoever names them.
+// Databases that cannot be read, named in each way.
 #include "tests/process/KvexrulesTest.h"
 
 namespace kvex::process {
@@ -10,7 +10,7 @@ using testing::Not;
 
 class Database : public KvexrulesTest {
 protected:
-    /// What list says of it; show must say the same.
+    /// The message of "list" for it. "show" must give the same.
     std::string complaint(const std::string &name) const {
         std::string told = failed(2, {"list", "--database", name});
         EXPECT_EQ(failed(2, {"show", "--all", "--database", name}), told);
@@ -93,7 +93,7 @@ TEST_F(Database, NeverHasItsPasswordListedWithTheProcess) {
 TEST_F(Database, MayNotBeNamedByAUrl) {
     const std::string told = complaint("postgresql://app:s3cret@db:5433/sms");
     EXPECT_EQ(told, "kvexrules: The database was named by --database. \"postgresql://…\" is a URL, "
-                    "and this program takes none. Use this connection string: Driver={PostgreSQL "
+                    "which kvexrules does not take. Use this connection string: Driver={PostgreSQL "
                     "Unicode};Server=db;Port=5433;Database=sms;UID=app;PWD=***\n");
     EXPECT_THAT(failed(2, {"postgresql://app:s3cret@db/sms"}), Not(HasSubstr("cret")));
 }

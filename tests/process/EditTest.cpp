@@ -1,4 +1,4 @@
-// The rule editor where it cannot show its windows; with windows it has tests of its own.
+// The rule editor where it cannot show windows. Other tests cover it with windows.
 #include "tests/process/KvexrulesTest.h"
 
 namespace kvex::process {
@@ -14,7 +14,7 @@ class Edit : public KvexrulesTest {
 protected:
     void SetUp() override { done({"init", "--sample"}); }
 
-    /// The complaint of an editor that could not open the rules.
+    /// The message when the editor could not open the rules.
     std::string unopened(std::vector<std::string> arguments) const {
         arguments.insert(arguments.end(), {"--log", log.string()});
         const Outcome outcome = kvexrules(arguments);
@@ -85,8 +85,9 @@ TEST_F(Edit, OfAnUnknownProviderSaysSo) {
 
 TEST_F(Edit, TakesOnlyNumbersForIds) {
     environment["QT_QPA_PLATFORM"] = "offscreen";
-    EXPECT_THAT(failed(2, {"edit", "--rule", "one"}), HasSubstr("\"one\" is no rule's id"));
-    EXPECT_THAT(failed(2, {"edit", "--user", "asha"}), HasSubstr("\"asha\" is no user's id"));
+    EXPECT_THAT(failed(2, {"edit", "--rule", "one"}), HasSubstr("\"one\" is not the id of a rule"));
+    EXPECT_THAT(failed(2, {"edit", "--user", "asha"}),
+                HasSubstr("\"asha\" is not the id of a user"));
 }
 
 TEST_F(Edit, RefusesALogThatCannotBeWritten) {

@@ -1,4 +1,4 @@
-// What every command has in common.
+// The behaviour that all commands share.
 #include "tests/process/KvexrulesTest.h"
 
 namespace kvex::process {
@@ -19,8 +19,8 @@ TEST_F(Kvexrules, HelpsOnStandardOutput) {
     const std::string help = done({"help"});
     EXPECT_THAT(help, AllOf(HasSubstr("Usage: kvexrules"), HasSubstr("--database"),
                             HasSubstr("unregister"), HasSubstr("Exit status"),
-                            HasSubstr("\"result: 1\" when no edit was noted (rules may still have "
-                                      "been removed)")));
+                            HasSubstr("result: 1    no edit was noted, but rules may have been "
+                                      "removed")));
     EXPECT_EQ(done({"--help"}), help);
     EXPECT_EQ(done({"list", "-h"}), help);
 }
@@ -65,7 +65,7 @@ TEST_F(Kvexrules, KeepsItsOutputOutOfFilesWhenItIsClosed) {
 }
 
 TEST_F(Kvexrules, LoadsNoWindowsForATerminal) {
-    // The loader writes to standard error what it loads.
+    // The loader writes the names of the libraries to standard error.
     environment["LD_DEBUG"] = "files";
     EXPECT_THAT(kvexrules({"version"}).errors,
                 AllOf(HasSubstr("libKVEXClassServer.so"), Not(HasSubstr("libQt6"))));

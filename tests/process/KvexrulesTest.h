@@ -1,4 +1,4 @@
-// A user at a terminal: kvexrules in an environment and a home of the test's own.
+// Runs kvexrules as a user does, with an environment and a home directory for the test.
 #pragma once
 
 #include "tests/host/TemporaryFolder.h"
@@ -20,16 +20,15 @@ protected:
     /// Runs kvexrules to its end.
     Outcome kvexrules(const std::vector<std::string> &arguments,
                       Output output = Output::captured) const;
-    /// The same on a terminal of its own, whose user types `typed`.
+    /// Runs it on its own terminal, where the user types `typed`.
     Outcome atTerminal(const std::vector<std::string> &arguments,
                        const std::string &typed = {}) const;
-    /// The same where nothing but success is expected; gives the output.
+    /// Runs it, expects success and no messages, and returns the output.
     std::string done(const std::vector<std::string> &arguments) const;
-    /// The same where a failure with `status` is expected, told in one message and with nothing
-    /// printed; gives the message.
+    /// Runs it, expects `status`, one message and no output, and returns the message.
     std::string failed(int status, const std::vector<std::string> &arguments) const;
 
-    /// What the database's own client gives for a statement on the database in `file`.
+    /// Runs a statement with the database's own client on `file`, and returns the result.
     static std::string sqlite3(const std::filesystem::path &file, const std::string &statement);
     /// The program as it was built.
     static std::filesystem::path builtProgram();

@@ -70,7 +70,7 @@ void collect(int output, int errors, Outcome &outcome) {
     }
 }
 
-/// Starts the program in a process of its own, in which `connect` is called first.
+/// Starts the program in a new process, which calls `connect` first.
 template <class Connect>
 pid_t start(const std::filesystem::path &program, const std::vector<std::string> &arguments,
             const std::map<std::string, std::string> &environment,
@@ -145,7 +145,7 @@ Outcome runAtTerminal(const std::filesystem::path &program,
     if (write(terminal.master, typed.data(), typed.size()) < 0) {
         throw std::runtime_error("nothing can be typed");
     }
-    // Its end is an error: nobody holds the terminal's other side any more.
+    // At its end, read() fails: no process holds the terminal's other side any more.
     collect(terminal.master, -1, outcome);
     waitFor(child, program, outcome);
     return outcome;

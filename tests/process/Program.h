@@ -1,4 +1,4 @@
-// Runs a program as a process of its own, in an environment of the test's own.
+// Runs a program in a new process with an environment for the test.
 #pragma once
 
 #include <filesystem>
@@ -14,18 +14,18 @@ struct Outcome {
     std::string errors;
 };
 
-/// What a closed or redirected standard output is for the program.
+/// The kind of standard output that the program gets.
 enum class Output { captured, closed, full, withoutReader };
 
-/// Runs `program` to its end with `environment` as its whole environment, in the directory
-/// `folder`. Raises std::runtime_error when it cannot be started or ends by a signal.
+/// Runs `program` in the directory `folder` to its end. `environment` is its whole environment.
+/// Raises std::runtime_error when it cannot be started or a signal ends it.
 [[nodiscard]] Outcome run(const std::filesystem::path &program,
                           const std::vector<std::string> &arguments,
                           const std::map<std::string, std::string> &environment,
                           const std::filesystem::path &folder, Output output = Output::captured);
 
-/// The same on a terminal of the program's own, with `typed` as what its user types. The terminal
-/// shows as the outcome's output what the program writes to any standard stream, not what is typed.
+/// Runs the program on its own terminal, where the user types `typed`. The outcome's output is what
+/// the program writes to any standard stream. It does not include `typed`.
 [[nodiscard]] Outcome runAtTerminal(const std::filesystem::path &program,
                                     const std::vector<std::string> &arguments,
                                     const std::map<std::string, std::string> &environment,

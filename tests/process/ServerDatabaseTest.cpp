@@ -1,4 +1,4 @@
-// The program on databases of servers.
+// The program on servers' databases.
 #include "tests/process/KvexrulesTest.h"
 #include "tests/servers/MariaDbServer.h"
 #include "tests/servers/PostgreSqlServer.h"
@@ -18,7 +18,7 @@ using testing::Not;
 struct ServerKind {
     const char *name;
     DatabaseServer &(*server)();
-    /// What the administrator says so that the user "editor" may open a database without tables.
+    /// The statements that let the user "editor" open a database without tables.
     std::string entry;
 };
 
@@ -30,14 +30,14 @@ DatabaseServer &mariaDb() {
     return MariaDbServer::shared();
 }
 
-/// With a database of its own, without tables, on the server.
+/// Each test has a database without tables on the server.
 class ServerDatabase : public KvexrulesTest, public testing::WithParamInterface<ServerKind> {
 protected:
     ServerDatabase() {
         server().createDatabase(name);
         environment["KVEX_DATABASE"] = server().odbcConnectionString(name);
-        // What the sanitizer is told of the databases' drivers. The leak check crashes where a
-        // driver manager has unloaded one.
+        // Passes on the sanitizer's options. Its leak check crashes when a driver manager has
+        // unloaded a database's driver.
         if (const char *options = std::getenv("ASAN_OPTIONS")) {
             environment["ASAN_OPTIONS"] = std::string(options) + ":detect_leaks=0";
         }
@@ -48,7 +48,7 @@ protected:
     [[nodiscard]] static std::string valueOf(const std::string &query) {
         return server().valueOf(name, query);
     }
-    /// The connection string up to where the user stands, of the program's messages too.
+    /// The connection string up to the user, as the program's messages show it, too.
     [[nodiscard]] static std::string place() {
         const std::string whole = server().odbcConnectionString(name);
         return whole.substr(0, whole.find("UID="));
@@ -77,7 +77,7 @@ TEST_P(ServerDatabase, HoldsTheSampleThatAFileHolds) {
 
 TEST_P(ServerDatabase, HoldsASampleWhoseRulesNameItsOwnRows) {
     done({"init"});
-    // The numbers of removed rows are not given again: those of the sample are others.
+    // The ids of removed rows are not used again, so the sample gets other ids.
     server().run(name, "INSERT INTO SMS_USERS (NAME) VALUES ('gone')");
     server().run(name, "INSERT INTO SMS_ACCOUNT (NAME) VALUES ('gone')");
     server().run(name, "DELETE FROM SMS_USERS");

@@ -14,7 +14,7 @@ class Show : public KvexrulesTest {
 protected:
     void SetUp() override { done({"init", "--sample"}); }
 
-    /// Makes rule 6 one whose conditions cannot be read.
+    /// Changes rule 6 so that its conditions cannot be read.
     void spoilRule() const {
         sqlite3(database, "UPDATE SMS_RULES SET QueryParam = '<PEOPLE><CON><ANY>98111' "
                           "WHERE ID = 6");
@@ -108,9 +108,9 @@ TEST_F(Show, TellsOfARuleThatIsNotThereAndShowsTheOthers) {
     const Outcome outcome = kvexrules({"show", "99", "7", "98"});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.output, everything);
-    EXPECT_EQ(outcome.errors, "kvexrules: There is no rule 99. The rules that there are: "
+    EXPECT_EQ(outcome.errors, "kvexrules: There is no rule 99. To list the rules: "
                               "kvexrules list\n"
-                              "kvexrules: There is no rule 98. The rules that there are: "
+                              "kvexrules: There is no rule 98. To list the rules: "
                               "kvexrules list\n");
 }
 
@@ -147,9 +147,10 @@ TEST_F(Show, TellsWhatOkWouldLoseOfARuleThatCannotBeLoaded) {
 TEST_F(Show, TellsThatOkWouldNotMendWhatIsOnlyNotDescribed) {
     sqlite3(database, "UPDATE SMS_RULES SET QueryParam = 'PWD=x\x1b', ActionParam = "
                       "'<DIST>Asha</DIST>' WHERE ID = 6");
-    EXPECT_THAT(kvexrules({"show", "6"}).errors,
-                AllOf(HasSubstr("leave what cannot be described as it is. Choose that anew there"),
-                      HasSubstr("QueryParam: PWD=x\x1b\nActionParam: <DIST>Asha</DIST>\n")));
+    EXPECT_THAT(
+        kvexrules({"show", "6"}).errors,
+        AllOf(HasSubstr("keep the parts that cannot be described. Choose those parts again"),
+              HasSubstr("QueryParam: PWD=x\x1b\nActionParam: <DIST>Asha</DIST>\n")));
 }
 
 TEST_F(Show, TellsWhatOkWouldLoseWhenTheDescriptionFailsToo) {
@@ -179,7 +180,7 @@ TEST_F(Show, LetsNoStoredTextControlATerminal) {
 TEST_F(Show, NeedsIdsOrAll) {
     EXPECT_THAT(failed(2, {"show"}), HasSubstr("--all"));
     EXPECT_THAT(failed(2, {"show", "--all", "1"}), HasSubstr("not both"));
-    EXPECT_THAT(failed(2, {"show", "one"}), HasSubstr("\"one\" is no rule's id"));
+    EXPECT_THAT(failed(2, {"show", "one"}), HasSubstr("\"one\" is not the id of a rule"));
 }
 
 TEST_F(Show, KnowsItsFormats) {

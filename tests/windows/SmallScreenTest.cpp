@@ -1,5 +1,5 @@
 // The windows on a screen of 800 x 600 pixels, in a large font.
-#include "host/addressbook/AddressBookDesign.h"
+#include "host/addressbook/AddressBookWindow.h"
 #include "tests/windows/EveryWindow.h"
 
 #include <QApplication>

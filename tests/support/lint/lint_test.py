@@ -84,10 +84,29 @@ class Checks(unittest.TestCase):
         self.assert_refused("check-includes", "component/Session.cpp:1:")
 
     def testAHostSeesOfTheComponentItsPublicHeaderAlone(self):
-        self.write("host/main.cpp", '#include "component/RuleUI.h"\n')
+        self.write("host/kvexrules/main.cpp", '#include "component/RuleUI.h"\n')
         self.assert_passes("check-includes")
-        self.write("host/show.cpp", '#include "rules/Describe.h"\n')
-        self.assert_refused("check-includes", "host/show.cpp:1:")
+        self.write("host/kvexrules/show.cpp", '#include "rules/Describe.h"\n')
+        self.assert_refused("check-includes", "host/kvexrules/show.cpp:1:")
+
+    def testTheAddressBookIncludesTheSuiteAndNeverTheOtherWayRound(self):
+        self.write("host/addressbook/Contacts.cpp", '#include "host/suite/Databases.h"\n')
+        self.assert_passes("check-includes")
+        self.write("host/suite/Server.cpp", '#include "host/addressbook/Contacts.h"\n')
+        self.assert_refused("check-includes", "host/suite/Server.cpp:1:")
+
+    def testTheSuitesServerSeesSuiteAddressBookAndToolkit(self):
+        self.write(
+            "host/suiteserver/Server.cpp",
+            '#include "adapters/qt/QtToolkit.h"\n'
+            '#include "host/addressbook/Contacts.h"\n'
+            '#include "host/suite/Databases.h"\n',
+        )
+        self.assert_passes("check-includes")
+
+    def testTheProgramIncludesNoToolkit(self):
+        self.write("host/kvexrules/main.cpp", '#include "adapters/qt/QtToolkit.h"\n')
+        self.assert_refused("check-includes", "host/kvexrules/main.cpp:1:")
 
     def testAPaperOutsideTheProjectIsRefused(self):
         self.write("docs/a.md", "One.\nAs the " + "sp" + "ecification says.\n")

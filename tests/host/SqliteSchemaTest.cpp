@@ -113,10 +113,9 @@ TEST_F(SqliteSchema, NoFolderIsCreated) {
 }
 
 TEST_F(SqliteSchema, AConnectionThatIsNotOpenIsRefused) {
-    EXPECT_EQ(errorNumber([] {
-                  recordset::createSchema(recordset::ClientConnection{{sqlite::provider()}});
-              }),
-              error_number::objectClosed);
+    EXPECT_EQ(
+        errorNumber([] { host::createSchema(recordset::ClientConnection{{sqlite::provider()}}); }),
+        error_number::objectClosed);
 }
 
 TEST_F(SqliteSchema, ADatabaseThatMayNotBeWrittenIsLeftAsItIs) {

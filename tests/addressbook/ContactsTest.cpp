@@ -1,7 +1,7 @@
-#include "host/addressbook/ContactStore.h"
-
 #include "host/addressbook/Contacts.h"
+
 #include "host/suite/Databases.h"
+#include "platform/Error.h"
 #include "tests/support/TestDatabase.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "adapters/recordset/Schema.h"
+#include "host/suite/Schema.h"
 
 #include "adapters/recordset/EqualIgnoringCase.h"
 #include "adapters/recordset/Transaction.h"
@@ -9,13 +9,15 @@
 #include <string_view>
 #include <vector>
 
-namespace kvex::recordset {
+namespace kvex::host {
 namespace {
+
+using recordset::ColumnTypes;
 
 struct TableColumn {
     std::u16string_view name;
     std::u16string_view ColumnTypes::*type;
-    /// "" for Null.
+    /// "" means Null.
     std::u16string_view defaultValue;
 };
 
@@ -72,7 +74,7 @@ std::u16string creation(const Table &table, const ColumnTypes &types) {
 void requireColumns(const Table &table, const std::vector<std::u16string> &present) {
     for (const TableColumn &column : table.columns) {
         const bool found = std::ranges::any_of(present, [&](const std::u16string &other) {
-            return equalIgnoringCase(other, column.name);
+            return recordset::equalIgnoringCase(other, column.name);
         });
         if (!found) {
             throw Error(error_number::itemNotFound,
@@ -84,7 +86,7 @@ void requireColumns(const Table &table, const std::vector<std::u16string> &prese
     }
 }
 
-std::vector<Table> missingTables(Driver &driver) {
+std::vector<Table> missingTables(recordset::Driver &driver) {
     std::vector<Table> missing = tables();
     std::erase_if(missing, [&](const Table &table) {
         const std::vector<std::u16string> present = driver.columnsOf(table.name);
@@ -98,13 +100,13 @@ std::vector<Table> missingTables(Driver &driver) {
 
 } // namespace
 
-bool createSchema(const ClientConnection &connection) {
-    const std::shared_ptr<Driver> driver = connection.driver().lock();
+bool createSchema(const recordset::ClientConnection &connection) {
+    const std::shared_ptr<recordset::Driver> driver = connection.driver().lock();
     if (missingTables(*driver).empty()) {
         return false;
     }
-    Transaction transaction(connection);
-    // Another program may have made them before the transaction began.
+    recordset::Transaction transaction(connection);
+    // Another program may have created them before the transaction began.
     const std::vector<Table> missing = missingTables(*driver);
     for (const Table &table : missing) {
         driver->execute({creation(table, driver->columnTypes()), {}});
@@ -113,4 +115,4 @@ bool createSchema(const ClientConnection &connection) {
     return !missing.empty();
 }
 
-} // namespace kvex::recordset
+} // namespace kvex::host

@@ -1,5 +1,5 @@
-// The statements that make the server's tables.
-#include "adapters/recordset/Schema.h"
+// The statements that create the server's tables.
+#include "host/suite/Schema.h"
 #include "platform/Error.h"
 #include "tests/recordset/ScriptedSession.h"
 
@@ -10,7 +10,7 @@
 namespace kvex::test {
 namespace {
 
-using recordset::createSchema;
+using host::createSchema;
 using Sent = std::vector<std::u16string>;
 
 class Schema : public testing::Test {

@@ -1,4 +1,4 @@
-#include "host/kvexrules/Sentences.h"
+#include "host/kvexrules/Failure.h"
 
 namespace kvex::host {
 

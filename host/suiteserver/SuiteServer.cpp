@@ -1,11 +1,11 @@
-// The entry points of the library KVEXHostSuite, and the table of its classes.
+// The library KVEXHostSuite: the table of its classes, and the entry points that serve them.
 #include "adapters/classserver/server/Guard.h"
 #include "adapters/classserver/server/InProcessServer.h"
 #include "adapters/qt/QtToolkit.h"
 #include "host/addressbook/ManageContacts.h"
-#include "host/suite/MessageBoxUtility.h"
 #include "host/suite/SuiteConfiguration.h"
 #include "host/suite/SuiteState.h"
+#include "host/suite/UtilityObject.h"
 #include "platform/Text.h"
 
 #include <array>
@@ -46,6 +46,16 @@ public:
 
 private:
     ~SuiteConfiguration() final = default;
+};
+
+/// Shows messages in a box with the title "SMS Rules".
+class MessageBoxUtility final : public UtilityObject {
+private:
+    ~MessageBoxUtility() final = default;
+
+    std::int32_t showMessage(const std::u16string &text, std::int32_t style) final {
+        return qt::QtToolkit().showMessageBox(u"SMS Rules", text, style);
+    }
 };
 
 template <class Class> ComPointer<IUnknown> create() {
