@@ -104,18 +104,17 @@ bool hasOpenSession() {
     return rsRules && rsRules->state() == ObjectState::open;
 }
 
-bool describeRule(const std::u16string &ruleId, RichTextBox &target) {
+std::optional<std::vector<TextRun>> describeRule(const std::u16string &ruleId) {
     Recordset &rsRules = *session().rsRules;
     if (!isNumeric(ruleId)) {
-        return false;
+        return std::nullopt;
     }
     findRecordById(rsRules, ruleId);
     if (rsRules.eof()) {
-        return false;
+        return std::nullopt;
     }
     LoadRuleFromDB(ruleId);
-    BuildRuleDescription(target);
-    return true;
+    return BuildRuleDescription();
 }
 
 } // namespace kvex

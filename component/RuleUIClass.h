@@ -2,9 +2,12 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "platform/TextRun.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace kvex {
 
@@ -34,8 +37,8 @@ public:
 /// Whether this thread's rules can be read: between the opening of a session and its release.
 [[nodiscard]] bool hasOpenSession();
 
-/// Loads the rule into the rule state and describes it into `target`. False when no rule has this
-/// id, or when it is no number. Needs an open session.
-bool describeRule(const std::u16string &ruleId, RichTextBox &target);
+/// Loads the rule into the rule state and describes it, as BuildRuleDescription does. Gives nothing
+/// when no rule has this id, or when it is no number. Needs an open session.
+[[nodiscard]] std::optional<std::vector<TextRun>> describeRule(const std::u16string &ruleId);
 
 } // namespace kvex

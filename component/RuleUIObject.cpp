@@ -37,11 +37,11 @@ public:
             if (!hasOpenSession()) {
                 return E_UNEXPECTED;
             }
-            const auto box = composition().createTextBox();
-            if (!describeRule(std::u16string(viewOf(ruleId)), *box)) {
+            const auto description = describeRule(std::u16string(viewOf(ruleId)));
+            if (!description) {
                 return S_FALSE;
             }
-            for (const TextRun &run : box->runs()) {
+            for (const TextRun &run : *description) {
                 const Bstr text(run.text);
                 const HRESULT written = sink->Write(text.get(), static_cast<LONG>(run.colour));
                 if (FAILED(written)) {

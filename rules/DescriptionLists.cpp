@@ -4,7 +4,6 @@
 #include "platform/Error.h"
 #include "platform/Text.h"
 #include "rules/Lookups.h"
-#include "rules/RuleState.h"
 #include "rules/StoredMoment.h"
 
 #include <algorithm>
@@ -62,35 +61,31 @@ constexpr auto userName = [](std::u16string_view id) { return GetUserName(toInt3
 
 } // namespace
 
-std::u16string BuildPeopleList() {
-    const RuleState &rule = ruleState();
+std::u16string BuildPeopleList(const RuleState &rule) {
     return joinedList(u"BuildPeopleList", rule.strPeople, separatorFor(rule.intPeopleAll));
 }
 
-std::u16string BuildAccountList() {
-    const RuleState &rule = ruleState();
+std::u16string BuildAccountList(const RuleState &rule) {
     return joinedList(u"BuildAccountList", rule.varAccounts, separatorFor(rule.intAccountAll),
                       accountName);
 }
 
-std::u16string BuildWordList() {
-    const RuleState &rule = ruleState();
+std::u16string BuildWordList(const RuleState &rule) {
     return joinedList(u"BuildWordList", rule.strWords, separatorFor(rule.intWordsAll));
 }
 
-std::u16string BuildDistributionList() {
-    return joinedList(u"BuildDistributionList", ruleState().strDistribution, andSeparator,
-                      userName);
+std::u16string BuildDistributionList(const RuleState &rule) {
+    return joinedList(u"BuildDistributionList", rule.strDistribution, andSeparator, userName);
 }
 
-std::u16string BuildAlertList() {
-    return joinedList(u"BuildAlertList", ruleState().strAlertRecipients, andSeparator);
+std::u16string BuildAlertList(const RuleState &rule) {
+    return joinedList(u"BuildAlertList", rule.strAlertRecipients, andSeparator);
 }
 
-std::u16string BuildDateTimeList() {
+std::u16string BuildDateTimeList(const RuleState &rule) {
     std::u16string result;
     trapErrors(u"BuildDateTimeList", u"General", [&] {
-        const std::u16string_view stored = ruleState().strDateTime;
+        const std::u16string_view stored = rule.strDateTime;
         if (stored.empty()) {
             return;
         }

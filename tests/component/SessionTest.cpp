@@ -249,12 +249,12 @@ TEST_F(SessionLife, AnErrorWithoutATrapIsLoggedUnderTheCaller) {
 TEST_F(SessionLife, RulesAreDescribedWithoutAWindow) {
     database.addRule("A", "<ALLMESSAGES>", "<DELETE>YES</DELETE>", 1, 0);
     openSession();
-    const auto box = platform.createTextBox();
-    EXPECT_TRUE(describeRule(u"1", *box));
-    EXPECT_EQ(box->text(), u"This Rule is disabled\r\nFor ALL Messages\r\nThen Delete it");
-    EXPECT_FALSE(describeRule(u"2", *box));
-    EXPECT_FALSE(describeRule(u"abc", *box));
-    EXPECT_FALSE(describeRule(u"", *box));
+    const std::vector<TextRun> expected{
+        {u"This Rule is disabled\r\nFor ALL Messages\r\nThen Delete it", colour::black}};
+    EXPECT_EQ(describeRule(u"1"), expected);
+    EXPECT_EQ(describeRule(u"2"), std::nullopt);
+    EXPECT_EQ(describeRule(u"abc"), std::nullopt);
+    EXPECT_EQ(describeRule(u""), std::nullopt);
     expectLog({});
 }
 

@@ -1,6 +1,5 @@
 #include "tests/support/ComponentTest.h"
 
-#include "adapters/headless/LooseTextBox.h"
 #include "adapters/recordset/ClientConnection.h"
 #include "adapters/recordset/ClientRecordset.h"
 #include "platform/Text.h"
@@ -25,10 +24,6 @@ std::unique_ptr<Recordset> TestPlatform::createRecordset() {
 
 std::unique_ptr<AddressBook> TestPlatform::createAddressBook() {
     return std::make_unique<TestAddressBook>(addressBook);
-}
-
-std::unique_ptr<RichTextBox> TestPlatform::createTextBox() {
-    return headless::createRichTextBox();
 }
 
 ComponentTest::ComponentTest(const DatabaseKind &kind) : database(kind) {

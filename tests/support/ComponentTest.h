@@ -34,7 +34,6 @@ public:
     std::unique_ptr<Recordset> createRecordset() override;
     std::unique_ptr<AddressBook> createAddressBook() override;
     Toolkit &toolkit() override { return toolkit_; }
-    std::unique_ptr<RichTextBox> createTextBox() override;
     std::u16string componentDirectory() override { return directory; }
 
     std::u16string directory = u"/usr/lib/kvex";

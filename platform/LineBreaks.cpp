@@ -1,10 +1,10 @@
-#include "adapters/controls/LineBreaks.h"
+#include "platform/LineBreaks.h"
 
 #include "platform/Text.h"
 
 #include <algorithm>
 
-namespace kvex::controls {
+namespace kvex {
 namespace {
 
 bool isBreak(char16_t unit) {
@@ -42,4 +42,4 @@ std::u16string withCrLf(std::u16string_view text) {
     return result;
 }
 
-} // namespace kvex::controls
+} // namespace kvex
