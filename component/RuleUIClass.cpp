@@ -1,8 +1,8 @@
 #include "component/RuleUIClass.h"
 
-#include "component/ErrorTrap.h"
-#include "component/RecordSearch.h"
-#include "component/Session.h"
+#include "component/session/ErrorTrap.h"
+#include "component/session/RecordSearch.h"
+#include "component/session/Session.h"
 #include "platform/Text.h"
 #include "rules/RuleDescription.h"
 #include "rules/RuleLoading.h"

@@ -36,7 +36,10 @@ void appendWithCrLf(std::u16string &target, std::u16string_view text) {
     }
 }
 
-std::u16string withCrLf(std::u16string_view text) {
+std::u16string withCrLf(std::u16string text) {
+    if (!hasBreak(text)) {
+        return text;
+    }
     std::u16string result;
     appendWithCrLf(result, text);
     return result;

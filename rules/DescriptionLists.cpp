@@ -1,6 +1,6 @@
 #include "rules/DescriptionLists.h"
 
-#include "component/ErrorTrap.h"
+#include "component/session/ErrorTrap.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
 #include "rules/Lookups.h"

@@ -1,6 +1,6 @@
 #include "rules/RuleDescription.h"
 
-#include "component/ErrorTrap.h"
+#include "component/session/ErrorTrap.h"
 #include "platform/LineBreaks.h"
 #include "platform/Text.h"
 #include "rules/DescriptionLists.h"
@@ -25,14 +25,13 @@ private:
     void writeConditions();
     void writeActions();
 
-    void write(std::u16string_view text, Colour shade = colour::black) {
-        if (text.empty()) {
-            return;
+    void write(std::u16string text, Colour shade = colour::black) {
+        text = withCrLf(std::move(text));
+        if (!runs_.empty() && runs_.back().colour == shade) {
+            runs_.back().text += text;
+        } else if (!text.empty()) {
+            runs_.push_back({std::move(text), shade});
         }
-        if (runs_.empty() || runs_.back().colour != shade) {
-            runs_.push_back({{}, shade});
-        }
-        appendWithCrLf(runs_.back().text, text);
     }
     void writeQuoted(const std::u16string &value) { write(u"'" + value + u"'", colour::blue); }
 

@@ -49,7 +49,7 @@ void HeadlessRichTextBox::replaced(std::size_t from, std::size_t length, std::si
 }
 
 std::u16string HeadlessRichTextBox::pasteable(std::u16string_view text) const {
-    return withCrLf(text);
+    return withCrLf(std::u16string(text));
 }
 
 std::size_t HeadlessRichTextBox::limit() const {

@@ -1,5 +1,5 @@
-#include "component/ErrorTrap.h"
 #include "component/RuleUIClass.h"
+#include "component/session/ErrorTrap.h"
 #include "rules/InputHelpers.h"
 #include "tests/support/ComponentTest.h"
 

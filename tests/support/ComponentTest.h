@@ -4,7 +4,7 @@
 #include "adapters/headless/HeadlessToolkit.h"
 #include "adapters/headless/User.h"
 #include "component/RuleUIClass.h"
-#include "component/Session.h"
+#include "component/session/Session.h"
 #include "rules/RuleState.h"
 #include "tests/support/TestAddressBook.h"
 #include "tests/support/TestDatabase.h"

@@ -1,6 +1,6 @@
 #include "ui/actions/MessageToSend.h"
 
-#include "component/Session.h"
+#include "component/session/Session.h"
 #include "platform/Text.h"
 #include "ui/ListColumns.h"
 

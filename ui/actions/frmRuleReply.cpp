@@ -1,7 +1,7 @@
 #include "ui/actions/frmRuleReply.h"
 
-#include "component/ErrorTrap.h"
-#include "component/Session.h"
+#include "component/session/ErrorTrap.h"
+#include "component/session/Session.h"
 #include "rules/RuleState.h"
 #include "ui/actions/frmRuleReplyDesign.h"
 

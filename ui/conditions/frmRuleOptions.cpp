@@ -1,6 +1,6 @@
 #include "ui/conditions/frmRuleOptions.h"
 
-#include "component/Session.h"
+#include "component/session/Session.h"
 #include "platform/Text.h"
 #include "rules/Lookups.h"
 #include "ui/EntryList.h"

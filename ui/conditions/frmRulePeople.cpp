@@ -1,7 +1,7 @@
 #include "ui/conditions/frmRulePeople.h"
 
-#include "component/ErrorTrap.h"
-#include "component/Session.h"
+#include "component/session/ErrorTrap.h"
+#include "component/session/Session.h"
 #include "platform/Text.h"
 #include "rules/InputHelpers.h"
 #include "rules/RuleState.h"

@@ -1,6 +1,6 @@
 #include "ui/conditions/frmRuleWords.h"
 
-#include "component/Session.h"
+#include "component/session/Session.h"
 #include "platform/Text.h"
 #include "rules/RuleState.h"
 #include "ui/ListColumns.h"

@@ -1,7 +1,7 @@
 #include "ui/rules/frmRuleEdit.h"
 
-#include "component/ErrorTrap.h"
-#include "component/Session.h"
+#include "component/session/ErrorTrap.h"
+#include "component/session/Session.h"
 #include "platform/Text.h"
 #include "rules/RuleDescription.h"
 #include "ui/ListColumns.h"

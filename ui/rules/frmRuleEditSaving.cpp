@@ -1,7 +1,7 @@
 // The editor's OK: the rule is checked, turned into its two strings and written.
-#include "component/ErrorTrap.h"
-#include "component/RecordSearch.h"
-#include "component/Session.h"
+#include "component/session/ErrorTrap.h"
+#include "component/session/RecordSearch.h"
+#include "component/session/Session.h"
 #include "platform/Text.h"
 #include "platform/Unicode.h"
 #include "rules/ParameterStrings.h"

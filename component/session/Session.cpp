@@ -1,4 +1,4 @@
-#include "component/Session.h"
+#include "component/session/Session.h"
 
 namespace kvex {
 

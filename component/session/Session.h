@@ -1,7 +1,7 @@
 // The session: what all code of the component shares, one set per thread of the host.
 #pragma once
 
-#include "component/ObjectVariable.h"
+#include "component/session/ObjectVariable.h"
 #include "platform/Platform.h"
 
 #include <string>
