@@ -1,11 +1,11 @@
-// What a reply and an alert have in common: a text, its length, and the one account through which
-// it is sent.
+// What a reply and an alert share: a text, its length, and the one account that sends it.
 #pragma once
 
 #include "platform/controls/CommandButton.h"
 #include "platform/controls/ListView.h"
 #include "platform/controls/RichTextBox.h"
 #include "platform/controls/TextBox.h"
+#include "platform/controls/WindowDesign.h"
 #include "ui/Accounts.h"
 
 #include <string>
@@ -42,5 +42,22 @@ private:
     /// 0 before a choice.
     int chosenRow_ = 0;
 };
+
+/// The controls that both dialogs share.
+namespace design {
+
+/// Where the message is typed.
+[[nodiscard]] ControlDesign messageText(std::u16string name);
+/// The length of the message; a label names it.
+[[nodiscard]] ControlDesign characterCount();
+/// The accounts; the user ticks one. Their pictures are those of listIcons.
+[[nodiscard]] ControlDesign outAccounts();
+
+/// The pictures of accounts and of people. A list names them by position.
+[[nodiscard]] ControlDesign listIcons();
+inline constexpr int accountPicture = 1;
+inline constexpr int personPicture = 2;
+
+} // namespace design
 
 } // namespace kvex

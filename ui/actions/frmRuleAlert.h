@@ -40,4 +40,7 @@ private:
     EntryList recipients_;
 };
 
+/// What the window looks like.
+[[nodiscard]] WindowDesign frmRuleAlertDesign();
+
 } // namespace kvex

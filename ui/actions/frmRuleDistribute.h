@@ -31,4 +31,7 @@ private:
     CommandButton &cmdOK;
 };
 
+/// What the window looks like.
+[[nodiscard]] WindowDesign frmRuleDistributeDesign();
+
 } // namespace kvex

@@ -27,4 +27,7 @@ private:
     MessageToSend reply_;
 };
 
+/// What the window looks like.
+[[nodiscard]] WindowDesign frmRuleReplyDesign();
+
 } // namespace kvex

@@ -29,4 +29,7 @@ private:
     EntryList accounts_;
 };
 
+/// What the window looks like.
+[[nodiscard]] WindowDesign frmRuleAccountDesign();
+
 } // namespace kvex

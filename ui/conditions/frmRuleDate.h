@@ -40,4 +40,7 @@ private:
     std::u16string strSavedToTime;
 };
 
+/// What the window looks like.
+[[nodiscard]] WindowDesign frmRuleDateDesign();
+
 } // namespace kvex

@@ -9,6 +9,13 @@
 
 namespace kvex {
 
+/// How the sentence of a condition begins. A heading row above its entries says it.
+namespace condition_heading {
+inline constexpr const char16_t *people = u"Where the message is from ";
+inline constexpr const char16_t *accounts = u"Where the message is received through ";
+inline constexpr const char16_t *words = u"Where the message contains the words ";
+} // namespace condition_heading
+
 /// OK writes the two modifiers of the condition into this thread's rule.
 class frmRuleOptions final : public Form {
 public:
@@ -42,5 +49,8 @@ private:
 
 /// Shows the options of the condition `runFor`.
 void showConditionOptions(const std::u16string &runFor);
+
+/// What the window looks like.
+[[nodiscard]] WindowDesign frmRuleOptionsDesign();
 
 } // namespace kvex

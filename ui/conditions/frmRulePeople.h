@@ -33,4 +33,7 @@ private:
     EntryList numbers_;
 };
 
+/// What the window looks like.
+[[nodiscard]] WindowDesign frmRulePeopleDesign();
+
 } // namespace kvex

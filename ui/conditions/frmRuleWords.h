@@ -35,4 +35,7 @@ private:
     EntryList words_;
 };
 
+/// What the window looks like.
+[[nodiscard]] WindowDesign frmRuleWordsDesign();
+
 } // namespace kvex

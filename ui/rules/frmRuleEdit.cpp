@@ -5,7 +5,6 @@
 #include "platform/Text.h"
 #include "rules/RuleDescription.h"
 #include "ui/ListColumns.h"
-#include "ui/rules/frmRuleEditDesign.h"
 
 #include <limits>
 

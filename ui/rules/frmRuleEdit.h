@@ -61,4 +61,7 @@ private:
     std::u16string loadedName_;
 };
 
+/// What the window looks like.
+[[nodiscard]] WindowDesign frmRuleEditDesign();
+
 } // namespace kvex

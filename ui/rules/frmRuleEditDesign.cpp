@@ -1,4 +1,4 @@
-#include "ui/rules/frmRuleEditDesign.h"
+#include "ui/rules/frmRuleEdit.h"
 
 #include "platform/controls/DesignPieces.h"
 

@@ -40,4 +40,7 @@ private:
     RichTextBox &rtRuleDesc;
 };
 
+/// What the window looks like.
+[[nodiscard]] WindowDesign frmRulesDesign();
+
 } // namespace kvex
