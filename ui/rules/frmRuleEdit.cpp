@@ -114,8 +114,9 @@ void frmRuleEdit::Populate_Data() {
 
 void frmRuleEdit::tickConditions() {
     if (ruleState().blnAllMessages) {
-        lvwRuleConditions.setChecked(condition_row::allMessages, true);
-        lvwRuleConditions_ItemCheck(condition_row::allMessages);
+        const int allMessages = rowOf(RulePartId::allMessages);
+        lvwRuleConditions.setChecked(allMessages, true);
+        lvwRuleConditions_ItemCheck(allMessages);
     } else {
         tickHeldParts(lvwRuleConditions, ruleConditions());
     }
@@ -128,21 +129,23 @@ void frmRuleEdit::tickActions() {
 
 /// A deleted message is never handed to further rules: "Delete it" holds that row.
 void frmRuleEdit::lockFurtherRules(bool locked) {
-    lvwRuleActions.setRowColour(action_row::ignoreFurtherRules,
+    lvwRuleActions.setRowColour(rowOf(RulePartId::ignoreFurtherRules),
                                 locked ? RowColour::greyText : RowColour::windowText);
 }
 
 void frmRuleEdit::lvwRuleConditions_ItemCheck(int Item) {
     RuleState &rule = ruleState();
-    const bool isSingle = Item != condition_row::allMessages;
-    if (isSingle && rule.blnAllMessages && lvwRuleConditions.checked(Item)) {
+    const int allMessages = rowOf(RulePartId::allMessages);
+    if (Item != allMessages && rule.blnAllMessages && lvwRuleConditions.checked(Item)) {
         lvwRuleConditions.setChecked(Item, false);
     }
-    if (Item == condition_row::ignoreIfService) {
-        rule.strIgnoreIfService = yesOrNo(lvwRuleConditions.checked(Item));
-    }
-    rule.blnAllMessages = lvwRuleConditions.checked(condition_row::allMessages);
-    for (int row = condition_row::ignoreIfService; row <= condition_row::dateTime; ++row) {
+    partOf(ruleConditions(), Item).setTicked(rule, lvwRuleConditions.checked(Item));
+    rule.blnAllMessages = lvwRuleConditions.checked(allMessages);
+    // "For All Messages" excludes every other condition.
+    for (int row = 1; row <= lvwRuleConditions.rowCount(); ++row) {
+        if (row == allMessages) {
+            continue;
+        }
         if (rule.blnAllMessages) {
             lvwRuleConditions.setChecked(row, false);
         }
@@ -150,7 +153,7 @@ void frmRuleEdit::lvwRuleConditions_ItemCheck(int Item) {
                                                                 : RowColour::windowText);
     }
     lvwRuleConditions_ItemClick(Item);
-    finishTick(lvwRuleConditions, ruleConditions(), Item);
+    finishTick(lvwRuleConditions, Item);
 }
 
 void frmRuleEdit::lvwRuleConditions_ItemClick(int Item) {
@@ -164,23 +167,23 @@ void frmRuleEdit::cmdEditCondition_Click() {
 
 void frmRuleEdit::lvwRuleActions_ItemCheck(int Item) {
     RuleState &rule = ruleState();
+    const int furtherRules = rowOf(RulePartId::ignoreFurtherRules);
     const bool ticked = lvwRuleActions.checked(Item);
-    if (Item == action_row::deleteIt) {
-        rule.varDelete = yesOrNo(ticked);
+    partOf(ruleActions(), Item).setTicked(rule, ticked);
+    const auto tickFurtherRules = [&] {
+        lvwRuleActions.setChecked(furtherRules, true);
+        rule.strIgnoreFurtherRules = u"YES";
+    };
+    if (Item == rowOf(RulePartId::deleteIt)) {
         if (ticked) {
-            lvwRuleActions.setChecked(action_row::ignoreFurtherRules, true);
-            rule.strIgnoreFurtherRules = u"YES";
+            tickFurtherRules();
         }
         lockFurtherRules(ticked);
-    } else if (Item == action_row::ignoreFurtherRules) {
-        const bool locked = rule.varDelete == u"YES";
-        if (!ticked && locked) {
-            lvwRuleActions.setChecked(Item, true);
-        }
-        rule.strIgnoreFurtherRules = yesOrNo(ticked || locked);
+    } else if (Item == furtherRules && !ticked && rule.varDelete == u"YES") {
+        tickFurtherRules();
     }
     lvwRuleActions_ItemClick(Item);
-    finishTick(lvwRuleActions, ruleActions(), Item);
+    finishTick(lvwRuleActions, Item);
 }
 
 void frmRuleEdit::lvwRuleActions_ItemClick(int Item) {
@@ -188,11 +191,8 @@ void frmRuleEdit::lvwRuleActions_ItemClick(int Item) {
                                   partOf(ruleActions(), Item).hasDialog());
 }
 
-/// What every tick and untick ends with: an unticked part loses its values.
-void frmRuleEdit::finishTick(ListView &list, std::span<const RulePart> parts, int row) {
-    if (!list.checked(row)) {
-        partOf(parts, row).clear(ruleState());
-    }
+/// What every tick and untick ends with.
+void frmRuleEdit::finishTick(ListView &list, int row) {
     list.select(row);
     session().blnChanged = true;
     describeRule();

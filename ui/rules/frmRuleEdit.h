@@ -40,7 +40,7 @@ private:
     void tickConditions();
     void tickActions();
     void lockFurtherRules(bool locked);
-    void finishTick(ListView &list, std::span<const RulePart> parts, int row);
+    void finishTick(ListView &list, int row);
     void editSelectedPart(const ListView &list, std::span<const RulePart> parts);
     void describeRule();
 

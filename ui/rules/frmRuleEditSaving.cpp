@@ -29,8 +29,8 @@ bool hasTickedRow(const ListView &list) {
 bool confirmValues(const ListView &list, std::span<const RulePart> parts) {
     int row = 0;
     for (const RulePart &part : parts) {
-        if (list.checked(++row) && part.hasDialog() && !part.complete(ruleState())) {
-            warn(part.incompleteText);
+        if (list.checked(++row) && part.hasDialog() && !part.dialog.complete(ruleState())) {
+            warn(part.dialog.incompleteText);
             return false;
         }
     }
