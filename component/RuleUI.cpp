@@ -1,17 +1,18 @@
-#include "component/RuleUIObject.h"
+// The class RuleUI, and the entry points through which the class server reaches it.
+#include "component/RuleUI.h"
 
 #include "adapters/classserver/server/ComObject.h"
 #include "adapters/classserver/server/Guard.h"
+#include "adapters/classserver/server/InProcessServer.h"
 #include "component/Composition.h"
-#include "component/RuleUI.h"
-#include "component/RuleUIClass.h"
+#include "component/SessionOwner.h"
 
 #include <iostream>
 
 namespace kvex {
 namespace {
 
-class RuleUIObject final : public ComObject<IRuleUI, IRuleReader> {
+class RuleUI final : public ComObject<IRuleUI, IRuleReader> {
 public:
     HRESULT ShowRules(BSTR userId, BSTR ruleId, LONG *result) noexcept override {
         if (result == nullptr) {
@@ -20,13 +21,13 @@ public:
         *result = 0;
         return guarded([&] {
             *result =
-                ruleUI_.ShowRules(std::u16string(viewOf(userId)), std::u16string(viewOf(ruleId)));
+                session_.ShowRules(std::u16string(viewOf(userId)), std::u16string(viewOf(ruleId)));
             return S_OK;
         });
     }
 
     HRESULT OpenRules() noexcept override {
-        return guarded([&] { return ruleUI_.OpenRules() ? S_OK : E_FAIL; });
+        return guarded([&] { return session_.OpenRules() ? S_OK : E_FAIL; });
     }
 
     HRESULT DescribeRule(BSTR ruleId, IDescriptionSink *sink) noexcept override {
@@ -54,22 +55,42 @@ public:
 
 private:
     /// The platform's way to tell of a failed release: there is no result to return it in.
-    ~RuleUIObject() override {
+    ~RuleUI() override {
         try {
-            ruleUI_.release();
+            session_.release();
         } catch (...) {
             std::cerr << "KVEXMessageRules: the session could not be closed: "
                       << Error::current().what() << '\n';
         }
     }
 
-    RuleUI ruleUI_{composition()};
+    SessionOwner session_{composition()};
+};
+
+constexpr ServedClass classes[] = {
+    {CLSID_RuleUI, RuleUIProgramId, u"The editor of message rules",
+     []() -> ComPointer<IUnknown> { return makeComObject<RuleUI>().as<IUnknown>(); }},
 };
 
 } // namespace
+} // namespace kvex
 
-ComPointer<IUnknown> createRuleUI() {
-    return makeComObject<RuleUIObject>().as<IUnknown>();
+extern "C" {
+
+KVEX_SERVER_ENTRY_POINT HRESULT DllGetClassObject(const CLSID &classId, const IID &interfaceId,
+                                                  void **object) {
+    return kvex::in_process_server::getClassObject(kvex::classes, classId, interfaceId, object);
 }
 
-} // namespace kvex
+KVEX_SERVER_ENTRY_POINT HRESULT DllCanUnloadNow() {
+    return kvex::in_process_server::canUnloadNow();
+}
+
+KVEX_SERVER_ENTRY_POINT HRESULT DllRegisterServer() {
+    return kvex::in_process_server::registerServer(kvex::classes);
+}
+
+KVEX_SERVER_ENTRY_POINT HRESULT DllUnregisterServer() {
+    return kvex::in_process_server::unregisterServer(kvex::classes);
+}
+}

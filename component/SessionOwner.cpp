@@ -1,4 +1,4 @@
-#include "component/RuleUIClass.h"
+#include "component/SessionOwner.h"
 
 #include "component/session/ErrorTrap.h"
 #include "component/session/RecordSearch.h"
@@ -44,7 +44,7 @@ template <class Object> void closeIfOpen(ObjectVariable<Object> &object) {
 
 } // namespace
 
-RuleUI::RuleUI(Platform &platform) {
+SessionOwner::SessionOwner(Platform &platform) {
     Session &current = session();
     current.platform = &platform;
     current.objUtility = platform.createUtility();
@@ -57,7 +57,7 @@ RuleUI::RuleUI(Platform &platform) {
     current.strLogFile = platform.componentDirectory() + u"\\KVEX.log";
 }
 
-std::int32_t RuleUI::ShowRules(const std::u16string &UserId, const std::u16string &RuleID) {
+std::int32_t SessionOwner::ShowRules(const std::u16string &UserId, const std::u16string &RuleID) {
     std::int32_t result = 0;
     trapErrors(u"ShowRuleUI", module, [&] {
         session().strUserID = UserId;
@@ -72,7 +72,7 @@ std::int32_t RuleUI::ShowRules(const std::u16string &UserId, const std::u16strin
     return result;
 }
 
-bool RuleUI::OpenRules() {
+bool SessionOwner::OpenRules() {
     bool opened = false;
     trapErrors(u"OpenRules", module, [&] {
         openSession();
@@ -81,7 +81,7 @@ bool RuleUI::OpenRules() {
     return opened;
 }
 
-void RuleUI::release() {
+void SessionOwner::release() {
     Session &current = session();
     closeIfOpen(current.cnMain);
     closeIfOpen(current.rsAccounts);

@@ -1,4 +1,4 @@
-// The class RuleUI without its boundary: the life of a session, and the rules window in it.
+// The life of a session, and the rules window in it.
 #pragma once
 
 #include "platform/Platform.h"
@@ -12,13 +12,13 @@
 namespace kvex {
 
 /// What is trapped is in the error log. Not copied; one thread.
-class RuleUI {
+class SessionOwner {
 public:
     /// Makes the objects of this thread's session from `platform`, which must outlive this, and
     /// opens nothing. Raises what making them raises.
-    explicit RuleUI(Platform &platform);
-    RuleUI(const RuleUI &) = delete;
-    RuleUI &operator=(const RuleUI &) = delete;
+    explicit SessionOwner(Platform &platform);
+    SessionOwner(const SessionOwner &) = delete;
+    SessionOwner &operator=(const SessionOwner &) = delete;
 
     /// Opens the session and shows the rules window for the user, with the rule editor on
     /// `RuleID` or, when that is "", on a new rule. 99 when an edit was noted, 1 when none was (see
