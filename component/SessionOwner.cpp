@@ -1,11 +1,10 @@
 #include "component/SessionOwner.h"
 
 #include "component/session/ErrorTrap.h"
-#include "component/session/RecordSearch.h"
 #include "component/session/Session.h"
 #include "platform/Text.h"
 #include "rules/RuleDescription.h"
-#include "rules/RuleLoading.h"
+#include "rules/RuleState.h"
 #include "ui/rules/frmRules.h"
 
 namespace kvex {

@@ -1,7 +1,6 @@
 #include "rules/Lookups.h"
 
 #include "component/session/ErrorTrap.h"
-#include "component/session/RecordSearch.h"
 #include "component/session/Session.h"
 #include "platform/Text.h"
 

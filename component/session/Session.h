@@ -5,6 +5,7 @@
 #include "platform/Platform.h"
 
 #include <string>
+#include <string_view>
 
 namespace kvex {
 
@@ -42,6 +43,10 @@ struct Session {
 
 /// This thread's session.
 [[nodiscard]] Session &session() noexcept;
+
+/// Makes the record whose ID `id` is the current one; without such a record `records` stands at
+/// its end. Fails with badArgument when `id` is no number.
+void findRecordById(Recordset &records, std::u16string_view id);
 
 /// Shows a message of the component to the user; the answer is one of message_box.
 std::int32_t showMessage(const std::u16string &text, std::int32_t style);

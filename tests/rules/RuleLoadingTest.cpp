@@ -1,4 +1,4 @@
-#include "rules/RuleLoading.h"
+#include "rules/RuleState.h"
 
 #include "platform/Text.h"
 #include "tests/support/ComponentTest.h"

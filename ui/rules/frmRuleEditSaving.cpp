@@ -1,6 +1,5 @@
 // The editor's OK: the rule is checked, turned into its two strings and written.
 #include "component/session/ErrorTrap.h"
-#include "component/session/RecordSearch.h"
 #include "component/session/Session.h"
 #include "platform/Text.h"
 #include "platform/Unicode.h"

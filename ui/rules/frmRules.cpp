@@ -1,13 +1,11 @@
 #include "ui/rules/frmRules.h"
 
 #include "component/session/ErrorTrap.h"
-#include "component/session/RecordSearch.h"
 #include "component/session/Session.h"
 #include "platform/Text.h"
 #include "platform/controls/DesignPieces.h"
 #include "rules/InputHelpers.h"
 #include "rules/RuleDescription.h"
-#include "rules/RuleLoading.h"
 #include "rules/RuleState.h"
 #include "ui/ListColumns.h"
 #include "ui/rules/frmRuleEdit.h"
