@@ -54,7 +54,7 @@ public:
     }
 
 private:
-    /// The platform's way to tell of a failed release: there is no result to return it in.
+    /// A release has no result, so a failure goes to the diagnostic stream.
     ~RuleUI() override {
         try {
             session_.release();

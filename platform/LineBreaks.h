@@ -1,4 +1,4 @@
-// Line breaks of texts with many lines.
+// Line breaks in texts of many lines.
 #pragma once
 
 #include <string>

@@ -17,7 +17,7 @@ std::u16string_view separatorFor(std::int16_t all) {
     return all == 1 ? andSeparator : u" or ";
 }
 
-/// The items of `list`, joined. A failure is trapped under `sub`.
+/// Joins the items of `list`. Traps a failure under the name `sub`.
 std::u16string joinedList(std::u16string_view sub, std::u16string_view list,
                           std::u16string_view separator) {
     std::u16string result;
@@ -36,7 +36,7 @@ std::u16string joinedList(std::u16string_view sub, std::u16string_view list,
     return result;
 }
 
-/// The items of `list` as `shown` gives them, joined. What `shown` raises is trapped under `sub`.
+/// Joins what `shown` gives for each item of `list`. Traps a failure under the name `sub`.
 template <class Shown>
 std::u16string joinedList(std::u16string_view sub, std::u16string_view list,
                           std::u16string_view separator, Shown &&shown) {
@@ -47,7 +47,8 @@ std::u16string joinedList(std::u16string_view sub, std::u16string_view list,
         }
         bool first = true;
         for (const std::u16string_view item : split(list, u';')) {
-            // Before the separator: what fails leaves none behind.
+            // The item is shown before the separator is added, so an item that fails leaves no
+            // separator behind.
             const auto text = shown(item);
             result.append(first ? u"" : separator).append(text);
             first = false;

@@ -11,7 +11,7 @@
 
 namespace kvex {
 
-/// Joined with " and " when all must hold, else " or ".
+/// Joined with " and " when all entries must match, else with " or ".
 [[nodiscard]] std::u16string BuildPeopleList(const RuleState &rule = ruleState());
 [[nodiscard]] std::u16string BuildAccountList(const RuleState &rule = ruleState());
 [[nodiscard]] std::u16string BuildWordList(const RuleState &rule = ruleState());

@@ -13,7 +13,7 @@ namespace {
 
 constexpr auto npos = std::u16string_view::npos;
 
-/// Positions count from 1 and are kept in 16 bits; nothing found is 0.
+/// Positions begin at 1 and must fit in 16 bits. 0 means that nothing was found.
 std::int16_t position(std::size_t found, std::size_t beyond = 0) {
     if (found == npos) {
         return 0;
@@ -24,8 +24,8 @@ std::int16_t position(std::size_t found, std::size_t beyond = 0) {
     return static_cast<std::int16_t>(found + 1 + beyond);
 }
 
-/// A parameter string with the places where a tag can begin: few, so that all tags are found on one
-/// way through the text.
+/// A parameter string, with the few places where a tag can begin. So one pass through the text
+/// finds all tags.
 class TaggedText {
 public:
     explicit TaggedText(std::u16string_view text) : text_(text) {
@@ -36,7 +36,7 @@ public:
         }
     }
 
-    /// As std::u16string_view::find.
+    /// Gives what std::u16string_view::find gives.
     [[nodiscard]] std::size_t find(std::u16string_view tag) const {
         const auto stands = [&](std::size_t at) {
             const auto candidate = text_.substr(at, tag.size());
@@ -47,8 +47,8 @@ public:
         return found == places_.end() ? npos : *found;
     }
 
-    /// What stands between the tag's first opening and its first closing; none where it does not
-    /// open.
+    /// The text between the first opening tag and the first closing tag. Gives nothing when there
+    /// is no opening tag.
     [[nodiscard]] std::optional<std::u16string_view> contentOf(const ParameterTag &tag) const {
         const std::size_t opening = find(tag.opening);
         if (opening == npos) {
@@ -76,8 +76,8 @@ std::u16string_view behind(std::u16string_view text, std::size_t length) {
     return text.substr(std::min(length, text.size()));
 }
 
-/// The two modifiers and the list behind them. The modifiers are taken by position, whatever
-/// stands there.
+/// Reads two modifiers and the list after them. The modifiers have a fixed length, so other text in
+/// their place is skipped.
 void readList(std::u16string_view content, std::u16string &list, std::int16_t &negated,
               std::int16_t &all) {
     const auto head = content.substr(0, modifier::length);
@@ -101,7 +101,8 @@ void readWords(std::u16string_view content, RuleState &rule) {
         behind(content, rule.intAsCommand == 1 ? modifier::lengthWithCommand : modifier::length);
 }
 
-/// Cuts `text` at its first ";" and gives what stood before it; all of it where there is none.
+/// Removes the first part of `text` and its ";", and gives that part. Without a ";" the part is the
+/// whole text.
 std::u16string_view takePart(std::u16string_view &text) {
     const std::size_t at = text.find(u';');
     const auto part = text.substr(0, at);

@@ -1,6 +1,7 @@
-// The two tagged strings of a rule's row, QueryParam (conditions) and ActionParam (actions).
+// The two tagged strings that a rule's row stores: QueryParam (conditions) and ActionParam
+// (actions).
 //
-// The server that applies the rules reads them too, so they are exact to the character:
+// The server that applies the rules also reads them, so every character counts.
 //
 //   QueryParam  = "<ALLMESSAGES>" | ignore [people] [account] [word] [datetime]
 //   ignore      = "<IGNOREIFSERVICE>" yesno "</IGNOREIFSERVICE>"
@@ -26,17 +27,17 @@
 
 namespace kvex {
 
-/// The longest strings that a row may hold, in UTF-16 units.
+/// The longest strings that a row can hold, in UTF-16 units.
 inline constexpr std::size_t longestQueryParam = 5000;
 inline constexpr std::size_t longestActionParam = 2500;
 
 [[nodiscard]] std::u16string buildQueryParam(const RuleState &rule);
 [[nodiscard]] std::u16string buildActionParam(const RuleState &rule);
 
-/// Reads a parameter string into `rule`, tag by tag; a tag that does not occur leaves its
-/// variables alone. Tags are found wherever they stand, the first occurrence counts, case matters.
-/// What was read before a failure stays. Fails with invalidCall for an opening tag without its
-/// closing tag behind it, with overflow where a position exceeds 16 bits.
+/// Reads a parameter string into `rule`, tag by tag. A missing tag leaves its variables unchanged.
+/// A tag may stand anywhere; its first occurrence counts, and so does case. Values read before a
+/// failure stay. Fails with invalidCall when no closing tag follows an opening one. Fails with
+/// overflow when a position does not fit in 16 bits.
 void readQueryParam(std::u16string_view queryParam, RuleState &rule);
 void readActionParam(std::u16string_view actionParam, RuleState &rule);
 

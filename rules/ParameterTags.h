@@ -30,7 +30,7 @@ inline constexpr std::u16string_view affirmed = u"<CON>";
 inline constexpr std::u16string_view all = u"<ALL>";
 inline constexpr std::u16string_view any = u"<ANY>";
 inline constexpr std::u16string_view asCommand = u"<ASCOMMAND>";
-/// The two modifiers of a list, and with the mark of a command.
+/// The length of a list's two modifiers, without and with the mark of a command.
 inline constexpr std::size_t length = negated.size() + all.size();
 inline constexpr std::size_t lengthWithCommand = length + asCommand.size();
 } // namespace modifier

@@ -47,7 +47,7 @@ std::u16string buildQueryParam(const RuleState &rule) {
 
 std::u16string buildActionParam(const RuleState &rule) {
     std::u16string result;
-    // Written when `decider` holds more than blanks.
+    // Writes the tag when `decider` holds more than blanks.
     const auto appendIf = [&](std::u16string_view decider, const ParameterTag &tag,
                               std::u16string_view content) {
         if (!trimmed(decider).empty()) {

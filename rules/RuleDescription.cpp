@@ -115,8 +115,7 @@ void DescriptionWriter::writeRule() {
     writeActions();
 }
 
-/// What both ways to show this thread's rule do: `show` gets what was built, also when an error
-/// ended it early.
+/// Describes this thread's rule and passes the runs to `show`, even when an error ended them early.
 template <class Show> void buildDescription(Show &&show) {
     trapErrors(u"BuildRuleDescription", u"General", [&] {
         Description description = describe(ruleState());

@@ -1,4 +1,5 @@
-// The session: what all code of the component shares, one set per thread of the host.
+// The session: the objects and values that all code of the component shares. Each thread of the
+// host has its own.
 #pragma once
 
 #include "component/session/ObjectVariable.h"
@@ -9,10 +10,10 @@
 
 namespace kvex {
 
-/// The objects live from the creation of RuleUI to its release. A second RuleUI on the same
-/// thread replaces them: there is no separation of instances.
+/// The objects live from the creation of RuleUI to its release. A second RuleUI on the same thread
+/// replaces them; instances are not separate.
 struct Session {
-    /// What the objects are made from.
+    /// The platform that creates the objects.
     Platform *platform = nullptr;
 
     ObjectVariable<Utility> objUtility;
@@ -23,32 +24,33 @@ struct Session {
     ObjectVariable<Recordset> rsServices;
     ObjectVariable<Recordset> rsServiceCommands;
 
-    /// The component's directory followed by "\KVEX.log".
+    /// The directory of the component, followed by "\KVEX.log".
     std::u16string strLogFile;
-    /// In whose name rules are edited.
+    /// The user who edits the rules.
     std::u16string strUserID;
-    /// The text of the last query opened.
+    /// The text of the query that was opened last.
     std::u16string strSQL;
 
-    /// Whether the record set was not empty right after it was opened. Never computed again.
+    /// Whether the record set had rows right after it was opened. Later changes do not count.
     bool blnHasRules = false;
     bool blnHasUsers = false;
     bool blnHasAccounts = false;
     bool blnHasServices = false;
     bool blnHasServiceCommands = false;
 
-    /// Something was edited. Cleared by the rule editor's load alone, so it outlives a session.
+    /// Whether something was edited. Only loading the rule editor clears it, so it can outlive a
+    /// session.
     bool blnChanged = false;
 };
 
 /// This thread's session.
 [[nodiscard]] Session &session() noexcept;
 
-/// Makes the record whose ID `id` is the current one; without such a record `records` stands at
-/// its end. Fails with badArgument when `id` is no number.
+/// Makes the record with the ID `id` the current one. When there is none, `records` stands at its
+/// end. Fails with badArgument when `id` is no number.
 void findRecordById(Recordset &records, std::u16string_view id);
 
-/// Shows a message of the component to the user; the answer is one of message_box.
+/// Shows a message to the user and gives the answer, one of message_box.
 std::int32_t showMessage(const std::u16string &text, std::int32_t style);
 
 } // namespace kvex

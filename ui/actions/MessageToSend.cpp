@@ -28,7 +28,7 @@ void MessageToSend::listAccounts(AccountUse use, const std::u16string &storedAcc
     }
 }
 
-/// Counts UTF-16 units, a line break as two. There is no limit: the count is shown only.
+/// Counts UTF-16 units; a line break has two. The count is only shown, and nothing limits the text.
 void MessageToSend::textChanged() {
     session().blnChanged = true;
     const std::size_t length = text_.text().size();

@@ -16,22 +16,22 @@ class MessageToSend {
 public:
     MessageToSend(RichTextBox &text, TextBox &count, ListView &accounts, CommandButton &ok);
 
-    /// Lists the accounts for `use` and ticks `storedAccount`, an id, unless it is blank. Fails
-    /// with elementNotFound when that account is not listed.
+    /// Lists the accounts for `use`. Ticks the account whose id is `storedAccount`, unless that is
+    /// blank. Fails with elementNotFound when the list has no such account.
     void listAccounts(AccountUse use, const std::u16string &storedAccount);
-    /// Shows the text's length, and enables `ok` while there is a text. Sets the session's change
-    /// flag; so does accountTicked.
+    /// Shows the length of the text, and enables `ok` while there is a text. Sets the session's
+    /// change flag, as accountTicked does.
     void textChanged();
-    /// The user ticked or unticked the row: one account at most is ticked.
+    /// Call it when the user ticks or unticks the row. It keeps at most one account ticked.
     void accountTicked(int row);
 
     [[nodiscard]] bool isBlank() const;
-    /// Takes the first ticked account as the chosen one; false, and the choice before stays, when
-    /// none is ticked.
+    /// Chooses the first ticked account. When none is ticked, gives false and keeps the choice
+    /// before.
     [[nodiscard]] bool chooseAccount();
 
     [[nodiscard]] std::u16string text() const { return text_.text(); }
-    /// The chosen account's id. Fails with objectNotSet before a choice.
+    /// The id of the chosen account. Fails with objectNotSet before a choice.
     [[nodiscard]] std::u16string account() const;
 
 private:
@@ -39,7 +39,7 @@ private:
     TextBox &count_;
     ListView &accounts_;
     CommandButton &ok_;
-    /// 0 before a choice.
+    /// The row of the chosen account, or 0 before a choice.
     int chosenRow_ = 0;
 };
 
@@ -50,7 +50,7 @@ namespace design {
 [[nodiscard]] ControlDesign messageText(std::u16string name);
 /// The length of the message; a label names it.
 [[nodiscard]] ControlDesign characterCount();
-/// The accounts; the user ticks one. Their pictures are those of listIcons.
+/// The list of accounts. The user ticks one. Its pictures are those of listIcons.
 [[nodiscard]] ControlDesign outAccounts();
 
 /// The pictures of accounts and of people. A list names them by position.

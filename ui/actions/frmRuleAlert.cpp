@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::u16string_view module = u"frmRuleAlert";
 
-/// Tells what is missing, and leads to where it is to be given.
+/// Tells the user what is missing, and moves the focus to its control.
 void refuse(const std::u16string &text, Control &missing) {
     showMessage(text, message_box::exclamation);
     missing.setFocus();
@@ -106,7 +106,8 @@ frmRuleAlert::frmRuleAlert()
 void frmRuleAlert::Form_Load() {
     trapErrors(u"Form_Load", module, [&] {
         const RuleState &rule = ruleState();
-        // Before anything can fail: without its column no recipient would be seen.
+        // The list begins before anything can fail, because recipients do not show without a
+        // column.
         beginList(lvwPeople, u"People");
         alert_.listAccounts(AccountUse::any, rule.strAlertAccount);
         if (rule.strAlertRecipients.empty()) {
@@ -176,7 +177,7 @@ void frmRuleAlert::cmdOK_Click() {
     }
 }
 
-/// Each value is written as soon as it is known: before an account was chosen only the text is.
+/// Writes each value as soon as it is known. Without a chosen account, only the text is written.
 void frmRuleAlert::frmRuleAlert_BuildString() {
     trapErrors(u"frmRuleAlert_BuildString", module, [&] {
         RuleState &rule = ruleState();

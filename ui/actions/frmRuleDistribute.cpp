@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::u16string_view module = u"frmRuleDistribute";
 
-/// The sub-item of a row.
+/// The sub-item that holds a user's id.
 constexpr int idItem = 1;
 
 void addUser(ListView &list, const std::u16string &name, const std::u16string &id) {
@@ -86,7 +86,7 @@ frmRuleDistribute::frmRuleDistribute()
 
 void frmRuleDistribute::Form_Load() {
     trapErrors(u"Form_Load", module, [&] {
-        // Both before anything can fail: without columns no row would be seen.
+        // Both lists begin before anything can fail, because rows do not show without a column.
         beginList(lvwUsersSource, u"Available Users", {u"ID"});
         beginList(lvwUsersSelected, u"Selected Users", {u"ID"});
         listUsers();
@@ -114,8 +114,8 @@ void frmRuleDistribute::Form_Load() {
     });
 }
 
-/// Every user but the built-in one, in the record set's order; one without a name is none that
-/// could be offered.
+/// Lists every user except the built-in one, in the order of the record set. A user without a name
+/// is left out.
 void frmRuleDistribute::listUsers() {
     Recordset &rsUsers = *session().rsUsers;
     for (rsUsers.moveFirst(); !rsUsers.eof(); rsUsers.moveNext()) {

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::u16string_view module = u"frmRuleAccount";
 
-/// The sub-item of a row.
+/// The sub-item that holds an account's id.
 constexpr int idItem = 1;
 
 } // namespace
@@ -56,7 +56,7 @@ WindowDesign frmRuleAccountDesign() {
             place(u"Label4"),
             place(u"Label1"),
             row({column({place(u"lvwAccountSource", 1), place(u"lvwAccountSelected", 1)}, 1),
-                 // Each half beside its list.
+                 // Each half stands beside its list.
                  column({buttonColumn({u"cmdAdd"}, 1),
                          buttonColumn({u"cmdRemove", u"cmdClear", u"cmdOptions"}, 1)})},
                 1),
@@ -82,7 +82,8 @@ frmRuleAccount::frmRuleAccount()
 
 void frmRuleAccount::Form_Load() {
     trapErrors(u"Form_Load()", module, [&] {
-        // Both before what can fail: an account added after that still counts.
+        // Both lists begin before anything can fail, because the user may still add accounts after
+        // a failure.
         beginList(lvwAccountSource, u"Available Accounts", {u"AccountID"});
         beginList(lvwAccountSelected, u"Selected Accounts", {u"AccountID"});
         lvwAccountSelected.addRow(condition_heading::accounts);

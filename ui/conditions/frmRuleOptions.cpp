@@ -25,7 +25,7 @@ std::u16string asItIs(std::u16string_view entry) {
 
 } // namespace
 
-/// One condition with its modifiers. A date has no list; its captions are the designed ones.
+/// A condition with its modifiers. A date has no list and keeps the captions of the design.
 struct frmRuleOptions::Kind {
     std::u16string_view runFor;
     Flag isNot;
@@ -164,7 +164,8 @@ void frmRuleOptions::Form_Load() {
     describe(*condition);
     RuleState &rule = ruleState();
     opgConNotmodifier.select(rule.*condition->isNot == 0);
-    // Only words can be required all together, and only where they are no command.
+    // A rule can require all of its words, unless they are a command. No other list can be required
+    // as a whole.
     if (condition->entries != &RuleState::strWords) {
         disableAllAny();
         return;
@@ -177,7 +178,7 @@ void frmRuleOptions::Form_Load() {
     }
 }
 
-/// Captions and list of the condition.
+/// Shows the captions and the list of the condition.
 void frmRuleOptions::describe(const Kind &kind) {
     opgConNotmodifier.first.setCaption(kind.con);
     opgConNotmodifier.second.setCaption(kind.not_);

@@ -107,7 +107,7 @@ void frmRulePeople::cmdAdd_Click() {
 }
 
 void frmRulePeople::cmdAddressBook_Click() {
-    // Logged under the editor's name: readers of the log look for it there.
+    // The log uses the name of the editor, because readers of the log look for it there.
     trapErrors(u"cmdAddressBook_Click", u"frmRuleEdit", [&] { addFromAddressBook(numbers_); });
 }
 

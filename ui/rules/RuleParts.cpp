@@ -33,7 +33,7 @@ template <Text text> void setYesOrNo(RuleState &rule, bool ticked) {
     rule.*text = ticked ? u"YES" : u"NO";
 }
 
-/// A fresh dialog on every opening.
+/// Makes a new dialog each time.
 template <class Dialog> void show() {
     Dialog().Show();
 }

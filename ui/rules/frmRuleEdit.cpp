@@ -17,7 +17,7 @@ const RulePart &partOf(std::span<const RulePart> parts, int row) {
     return parts[static_cast<std::size_t>(row - 1)];
 }
 
-/// The list's one column, its rows, and the first of them selected.
+/// Fills the list with one column and a row for each part, and selects the first row.
 void fillList(ListView &list, const std::u16string &column, std::span<const RulePart> parts) {
     beginList(list, column);
     for (const RulePart &part : parts) {
@@ -51,7 +51,7 @@ frmRuleEdit::frmRuleEdit()
     lvwRuleConditions.onItemClick = [this](int row) { lvwRuleConditions_ItemClick(row); };
     lvwRuleActions.onItemCheck = [this](int row) { lvwRuleActions_ItemCheck(row); };
     lvwRuleActions.onItemClick = [this](int row) { lvwRuleActions_ItemClick(row); };
-    // A button is for the row that is selected.
+    // Each button works on the selected row, so it is disabled without one.
     lvwRuleConditions.onDeselect = [this] { cmdEditCondition.setEnabled(false); };
     lvwRuleActions.onDeselect = [this] { cmdConfigureAction.setEnabled(false); };
     onClick(u"cmdEditCondition", &frmRuleEdit::cmdEditCondition_Click);
@@ -77,12 +77,12 @@ void frmRuleEdit::Form_Load() {
         lvwRuleConditions_ItemClick(1);
         lvwRuleActions.select(1);
         lvwRuleActions_ItemClick(1);
-        // Discards what the rules window has set before, too.
+        // This also discards what the rules window has noted before.
         session().blnChanged = false;
     });
 }
 
-/// A new rule is named by the highest ID so far. Its own ID is the database's to give.
+/// Names a new rule after the highest ID so far. The database gives the rule its own ID.
 void frmRuleEdit::prepareNewRule() {
     ClearRuleData();
     window().setCaption(u"New Rule");
@@ -127,7 +127,7 @@ void frmRuleEdit::tickActions() {
     lockFurtherRules(ruleState().varDelete == u"YES");
 }
 
-/// A deleted message is never handed to further rules: "Delete it" holds that row.
+/// The server never applies further rules to a deleted message, so "Delete it" locks that row.
 void frmRuleEdit::lockFurtherRules(bool locked) {
     lvwRuleActions.setRowColour(rowOf(RulePartId::ignoreFurtherRules),
                                 locked ? RowColour::greyText : RowColour::windowText);
@@ -191,7 +191,7 @@ void frmRuleEdit::lvwRuleActions_ItemClick(int Item) {
                                   partOf(ruleActions(), Item).hasDialog());
 }
 
-/// What every tick and untick ends with.
+/// Every tick and untick ends with this.
 void frmRuleEdit::finishTick(ListView &list, int row) {
     list.select(row);
     session().blnChanged = true;
@@ -202,8 +202,8 @@ void frmRuleEdit::cmdConfigureAction_Click() {
     editSelectedPart(lvwRuleActions, ruleActions());
 }
 
-/// The dialog reads its part of the rule and writes it back; the rule is described anew however
-/// the dialog was left.
+/// Shows the dialog of the selected part, which reads the rule and writes it back. Then describes
+/// the rule again, however the user left the dialog.
 void frmRuleEdit::editSelectedPart(const ListView &list, std::span<const RulePart> parts) {
     const int row = list.selectedRow();
     if (row > 0 && partOf(parts, row).hasDialog()) {

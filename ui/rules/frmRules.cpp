@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::u16string_view module = u"frmRules";
 
-/// Sub-items of a row.
+/// The sub-items of a row.
 constexpr int positionItem = 1;
 constexpr int ruleIdItem = 2;
 constexpr int sortItem = 3;
@@ -138,8 +138,8 @@ void frmRules::ListRules() {
     });
 }
 
-/// Lists the current record of rsRules; its values first, so that a row is added whole or not at
-/// all.
+/// Lists the current record of rsRules. All values are read first, so a record that cannot be read
+/// adds no row.
 void frmRules::addListedRule(int position) {
     const Recordset &rsRules = *session().rsRules;
     const std::u16string id = rsRules.field(u"Id").text();
@@ -158,7 +158,8 @@ std::u16string frmRules::ruleIdOf(int row) const {
     return lvwRules.subItem(row, ruleIdItem);
 }
 
-/// The row's rule as this thread's rule, active as the row's check box says, and described.
+/// Loads the rule of the row as this thread's rule and describes it. The check box of the row says
+/// whether the rule is active.
 void frmRules::loadRuleOf(int row) {
     LoadRuleFromDB(ruleIdOf(row));
     ruleState().intRuleActive = lvwRules.checked(row) ? 1 : 0;
@@ -211,7 +212,8 @@ void frmRules::cmdRemove_Click() {
         if (row == 0) {
             return;
         }
-        // Stays 0 unless a rule was removed: the look-up below then fails and ends the handler.
+        // Stays 0 unless a rule is removed. The click on row 0 below then fails and ends the
+        // handler.
         int position = 0;
         if (showMessage(u"Are you sure you want to remove this rule?", message_box::yesNo) ==
             message_box::yes) {
@@ -239,9 +241,9 @@ void frmRules::cmdMoveDown_Click() {
     trapErrors(u"MoveDown", module, [&] { moveSelectedRule(+1); });
 }
 
-/// Exchanges the selected row with its neighbour. Their sort keys become their position numbers
-/// while all others keep the stored priority's: both agree once OK has renumbered the rules. The
-/// row selected afterwards is the one that stands at the neighbour's place.
+/// Exchanges the selected row with its neighbour. Their sort keys become their position numbers,
+/// while all other rows keep the stored priority. Both agree once OK has renumbered the rules.
+/// Afterwards the row at the neighbour's place is selected.
 void frmRules::moveSelectedRule(int step) {
     session().blnChanged = true;
     const int row = lvwRules.selectedRow();
