@@ -176,9 +176,11 @@ std::u16string editableValues(std::span<const RulePart> parts) {
         }
     }
     std::u16string text;
-    for (const std::u16string_view &value : values) {
-        const bool isLast = &value == &values.back();
-        text.append(text.empty() ? u"" : isLast ? u" or " : u", ").append(value);
+    for (std::size_t at = 0; at < values.size(); ++at) {
+        if (at > 0) {
+            text.append(at + 1 < values.size() ? u", " : u" or ");
+        }
+        text.append(values[at]);
     }
     return text;
 }
