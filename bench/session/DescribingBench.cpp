@@ -3,7 +3,7 @@
 #include "bench/support/RuleDatabase.h"
 #include "bench/support/Timing.h"
 #include "platform/Text.h"
-#include "rules/ParameterTags.h"
+#include "rules/ParameterStrings.h"
 
 namespace kvex::bench {
 namespace {
