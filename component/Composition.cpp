@@ -1,7 +1,6 @@
 #include "component/Composition.h"
 
 #include "adapters/classserver/server/ModulePath.h"
-#include "adapters/headless/LooseTextBox.h"
 #include "adapters/odbc/Provider.h"
 #include "adapters/qt/QtToolkit.h"
 #include "adapters/recordset/ClientConnection.h"
@@ -29,8 +28,6 @@ public:
     std::unique_ptr<AddressBook> createAddressBook() override { return createHostAddressBook(); }
 
     Toolkit &toolkit() override { return toolkit_; }
-
-    std::unique_ptr<RichTextBox> createTextBox() override { return headless::createRichTextBox(); }
 
     std::u16string componentDirectory() override {
         return fromUtf8(modulePath().parent_path().native());

@@ -1,11 +1,11 @@
-// The one place where the component is put together from real things.
+// The place where the component is put together from its adapters.
 #pragma once
 
 #include "platform/Platform.h"
 
 namespace kvex {
 
-/// What this build of the component stands on. Lives as long as the process.
+/// The platform of this build of the component. It lives as long as the process.
 [[nodiscard]] Platform &composition();
 
 } // namespace kvex

@@ -8,7 +8,7 @@
 namespace kvex {
 namespace {
 
-/// A host's object fails by a result; here it is an error again.
+/// A host's object reports a failure as a result. This turns it back into an error.
 void check(HRESULT result, const char16_t *operation) {
     if (FAILED(result)) {
         throw Error(error_number::automationError,
@@ -27,8 +27,8 @@ ComPointer<Interface> createHostObject(const CLSID &classId, const char16_t *nam
     return object;
 }
 
-/// Makes `call` with `text` by reference: what it leaves there goes back into `text`, also when it
-/// fails.
+/// Calls `call` with `text` by reference. Whatever the call leaves there goes back into `text`,
+/// even when the call fails.
 template <class Call> HRESULT withReference(std::u16string &text, Call &&call) {
     Bstr held(text);
     const HRESULT result = call(held.inOut());

@@ -1,4 +1,4 @@
-// The host suite's objects, reached through the class server.
+// The objects of the host suite, created through the class server.
 #pragma once
 
 #include "platform/AddressBook.h"
@@ -8,7 +8,8 @@
 
 namespace kvex {
 
-/// A new object of the suite's class; cannotCreateObject, naming the class, when nobody offers it.
+/// Creates an object of the suite's class. Fails with cannotCreateObject and names the class when
+/// no host offers it.
 [[nodiscard]] std::unique_ptr<Utility> createHostUtility();
 [[nodiscard]] std::unique_ptr<AddressBook> createHostAddressBook();
 

@@ -4,7 +4,6 @@
 #include "platform/AddressBook.h"
 #include "platform/Database.h"
 #include "platform/Utility.h"
-#include "platform/controls/RichTextBox.h"
 #include "platform/controls/Toolkit.h"
 
 #include <memory>
@@ -22,8 +21,6 @@ public:
     [[nodiscard]] virtual std::unique_ptr<Recordset> createRecordset() = 0;
     [[nodiscard]] virtual std::unique_ptr<AddressBook> createAddressBook() = 0;
     [[nodiscard]] virtual Toolkit &toolkit() = 0;
-    /// A text box that belongs to no window, to be filled and read where none is shown.
-    [[nodiscard]] virtual std::unique_ptr<RichTextBox> createTextBox() = 0;
     /// The directory from which the component was loaded, without a separator at its end unless
     /// it is a root. What is no UTF-8 in its name becomes U+FFFD.
     [[nodiscard]] virtual std::u16string componentDirectory() = 0;

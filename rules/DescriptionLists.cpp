@@ -1,10 +1,9 @@
 #include "rules/DescriptionLists.h"
 
-#include "component/ErrorTrap.h"
+#include "component/session/ErrorTrap.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
 #include "rules/Lookups.h"
-#include "rules/RuleState.h"
 #include "rules/StoredMoment.h"
 
 #include <algorithm>
@@ -18,7 +17,7 @@ std::u16string_view separatorFor(std::int16_t all) {
     return all == 1 ? andSeparator : u" or ";
 }
 
-/// The items of `list`, joined. A failure is trapped under `sub`.
+/// Joins the items of `list`. Traps a failure under the name `sub`.
 std::u16string joinedList(std::u16string_view sub, std::u16string_view list,
                           std::u16string_view separator) {
     std::u16string result;
@@ -37,7 +36,7 @@ std::u16string joinedList(std::u16string_view sub, std::u16string_view list,
     return result;
 }
 
-/// The items of `list` as `shown` gives them, joined. What `shown` raises is trapped under `sub`.
+/// Joins what `shown` gives for each item of `list`. Traps a failure under the name `sub`.
 template <class Shown>
 std::u16string joinedList(std::u16string_view sub, std::u16string_view list,
                           std::u16string_view separator, Shown &&shown) {
@@ -48,7 +47,8 @@ std::u16string joinedList(std::u16string_view sub, std::u16string_view list,
         }
         bool first = true;
         for (const std::u16string_view item : split(list, u';')) {
-            // Before the separator: what fails leaves none behind.
+            // The item is shown before the separator is added, so an item that fails leaves no
+            // separator behind.
             const auto text = shown(item);
             result.append(first ? u"" : separator).append(text);
             first = false;
@@ -62,35 +62,31 @@ constexpr auto userName = [](std::u16string_view id) { return GetUserName(toInt3
 
 } // namespace
 
-std::u16string BuildPeopleList() {
-    const RuleState &rule = ruleState();
+std::u16string BuildPeopleList(const RuleState &rule) {
     return joinedList(u"BuildPeopleList", rule.strPeople, separatorFor(rule.intPeopleAll));
 }
 
-std::u16string BuildAccountList() {
-    const RuleState &rule = ruleState();
+std::u16string BuildAccountList(const RuleState &rule) {
     return joinedList(u"BuildAccountList", rule.varAccounts, separatorFor(rule.intAccountAll),
                       accountName);
 }
 
-std::u16string BuildWordList() {
-    const RuleState &rule = ruleState();
+std::u16string BuildWordList(const RuleState &rule) {
     return joinedList(u"BuildWordList", rule.strWords, separatorFor(rule.intWordsAll));
 }
 
-std::u16string BuildDistributionList() {
-    return joinedList(u"BuildDistributionList", ruleState().strDistribution, andSeparator,
-                      userName);
+std::u16string BuildDistributionList(const RuleState &rule) {
+    return joinedList(u"BuildDistributionList", rule.strDistribution, andSeparator, userName);
 }
 
-std::u16string BuildAlertList() {
-    return joinedList(u"BuildAlertList", ruleState().strAlertRecipients, andSeparator);
+std::u16string BuildAlertList(const RuleState &rule) {
+    return joinedList(u"BuildAlertList", rule.strAlertRecipients, andSeparator);
 }
 
-std::u16string BuildDateTimeList() {
+std::u16string BuildDateTimeList(const RuleState &rule) {
     std::u16string result;
     trapErrors(u"BuildDateTimeList", u"General", [&] {
-        const std::u16string_view stored = ruleState().strDateTime;
+        const std::u16string_view stored = rule.strDateTime;
         if (stored.empty()) {
             return;
         }

@@ -1,6 +1,6 @@
 #include "rules/InputHelpers.h"
 
-#include "component/Session.h"
+#include "component/session/Session.h"
 #include "platform/Text.h"
 
 namespace kvex {

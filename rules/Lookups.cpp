@@ -1,8 +1,7 @@
 #include "rules/Lookups.h"
 
-#include "component/ErrorTrap.h"
-#include "component/RecordSearch.h"
-#include "component/Session.h"
+#include "component/session/ErrorTrap.h"
+#include "component/session/Session.h"
 #include "platform/Text.h"
 
 namespace kvex {

@@ -1,4 +1,4 @@
-// Names of stored ids.
+// The names that belong to stored ids.
 #pragma once
 
 #include <cstdint>
@@ -6,9 +6,9 @@
 
 namespace kvex {
 
-/// The name of the user or account with this id, without surrounding blanks; "" for an id that
-/// none has, when there were none as the session opened, and after an error, which is trapped.
-/// The shared record set is left on the row that was found, or at its end.
+/// The name of the user or account with this id, without blanks around it. Gives "" for an unknown
+/// id, and when the session opened without users or accounts. Traps its errors, and then gives "",
+/// too. Leaves the record set on the found row, or at its end.
 [[nodiscard]] std::u16string GetUserName(std::int32_t id);
 [[nodiscard]] std::u16string GetAccountName(std::int32_t id);
 

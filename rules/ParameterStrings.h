@@ -1,20 +1,21 @@
-// The two tagged strings of a rule's row, QueryParam (conditions) and ActionParam (actions).
+// The two tagged strings that a rule's row stores: QueryParam (conditions) and ActionParam
+// (actions).
 //
-// The server that applies the rules reads them too, so they are exact to the character:
+// The server that applies the rules also reads them, so every character counts.
 //
-//   QueryParam  = "<ALLMESSAGES>" | ignore [people] [account] [word] [datetime]
-//   ignore      = "<IGNOREIFSERVICE>" yesno "</IGNOREIFSERVICE>"
-//   people      = "<PEOPLE>" modifiers list "</PEOPLE>"
-//   account     = "<ACCOUNT>" modifiers list "</ACCOUNT>"
-//   word        = "<WORD>" modifiers ["<ASCOMMAND>"] list "</WORD>"
-//   datetime    = "<DATETIME>" moment "," moment "</DATETIME>"
-//   modifiers   = ("<NOT>" | "<CON>") ("<ALL>" | "<ANY>")
-//   ActionParam = [dist] [reply] [alert] delete ignorefurther
-//   dist        = "<DIST>" list "</DIST>"
-//   reply       = "<REPLY>" text ";" id "</REPLY>"
-//   alert       = "<ALERT>" text ";" id ";" list "</ALERT>"
-//   delete      = "<DELETE>" yesno "</DELETE>"
-//   ignorefurther = "<IGNOREFURTHERRULES>" yesno "</IGNOREFURTHERRULES>"
+//   `QueryParam  = "<ALLMESSAGES>" | ignore [people] [account] [word] [datetime]`
+//   `ignore      = "<IGNOREIFSERVICE>" yesno "</IGNOREIFSERVICE>"`
+//   `people      = "<PEOPLE>" modifiers list "</PEOPLE>"`
+//   `account     = "<ACCOUNT>" modifiers list "</ACCOUNT>"`
+//   `word        = "<WORD>" modifiers ["<ASCOMMAND>"] list "</WORD>"`
+//   `datetime    = "<DATETIME>" moment "," moment "</DATETIME>"`
+//   `modifiers   = ("<NOT>" | "<CON>") ("<ALL>" | "<ANY>")`
+//   `ActionParam = [dist] [reply] [alert] delete ignorefurther`
+//   `dist        = "<DIST>" list "</DIST>"`
+//   `reply       = "<REPLY>" text ";" id "</REPLY>"`
+//   `alert       = "<ALERT>" text ";" id ";" list "</ALERT>"`
+//   `delete      = "<DELETE>" yesno "</DELETE>"`
+//   `ignorefurther = "<IGNOREFURTHERRULES>" yesno "</IGNOREFURTHERRULES>"`
 //
 // Nothing is escaped.
 #pragma once
@@ -26,17 +27,47 @@
 
 namespace kvex {
 
-/// The longest strings that a row may hold, in UTF-16 units.
+struct ParameterTag {
+    std::u16string_view opening;
+    std::u16string_view closing;
+};
+
+namespace parameter_tag {
+inline constexpr std::u16string_view allMessages = u"<ALLMESSAGES>";
+inline constexpr ParameterTag ignoreIfService{u"<IGNOREIFSERVICE>", u"</IGNOREIFSERVICE>"};
+inline constexpr ParameterTag people{u"<PEOPLE>", u"</PEOPLE>"};
+inline constexpr ParameterTag account{u"<ACCOUNT>", u"</ACCOUNT>"};
+inline constexpr ParameterTag word{u"<WORD>", u"</WORD>"};
+inline constexpr ParameterTag dateTime{u"<DATETIME>", u"</DATETIME>"};
+inline constexpr ParameterTag distribute{u"<DIST>", u"</DIST>"};
+inline constexpr ParameterTag reply{u"<REPLY>", u"</REPLY>"};
+inline constexpr ParameterTag alert{u"<ALERT>", u"</ALERT>"};
+inline constexpr ParameterTag deleteIt{u"<DELETE>", u"</DELETE>"};
+inline constexpr ParameterTag ignoreFurtherRules{u"<IGNOREFURTHERRULES>", u"</IGNOREFURTHERRULES>"};
+} // namespace parameter_tag
+
+namespace modifier {
+inline constexpr std::u16string_view negated = u"<NOT>";
+inline constexpr std::u16string_view affirmed = u"<CON>";
+inline constexpr std::u16string_view all = u"<ALL>";
+inline constexpr std::u16string_view any = u"<ANY>";
+inline constexpr std::u16string_view asCommand = u"<ASCOMMAND>";
+/// The length of a list's two modifiers, without and with the mark of a command.
+inline constexpr std::size_t length = negated.size() + all.size();
+inline constexpr std::size_t lengthWithCommand = length + asCommand.size();
+} // namespace modifier
+
+/// The longest strings that a row can hold, in UTF-16 units.
 inline constexpr std::size_t longestQueryParam = 5000;
 inline constexpr std::size_t longestActionParam = 2500;
 
 [[nodiscard]] std::u16string buildQueryParam(const RuleState &rule);
 [[nodiscard]] std::u16string buildActionParam(const RuleState &rule);
 
-/// Reads a parameter string into `rule`, tag by tag; a tag that does not occur leaves its
-/// variables alone. Tags are found wherever they stand, the first occurrence counts, case matters.
-/// What was read before a failure stays. Fails with invalidCall for an opening tag without its
-/// closing tag behind it, with overflow where a position exceeds 16 bits.
+/// Reads a parameter string into `rule`, tag by tag. A missing tag leaves its variables unchanged.
+/// A tag may stand anywhere; its first occurrence counts, and so does case. Values read before a
+/// failure stay. Fails with invalidCall when no closing tag follows an opening one. Fails with
+/// overflow when a position does not fit in 16 bits.
 void readQueryParam(std::u16string_view queryParam, RuleState &rule);
 void readActionParam(std::u16string_view actionParam, RuleState &rule);
 

@@ -1,38 +1,42 @@
 #include "rules/RuleDescription.h"
 
-#include "component/ErrorTrap.h"
+#include "component/session/ErrorTrap.h"
+#include "platform/LineBreaks.h"
 #include "platform/Text.h"
 #include "rules/DescriptionLists.h"
 #include "rules/Lookups.h"
-#include "rules/RuleState.h"
 
 #include <utility>
-#include <vector>
 
 namespace kvex {
 namespace {
 
 class DescriptionWriter {
 public:
-    DescriptionWriter() {
+    DescriptionWriter(const RuleState &rule, std::vector<TextRun> &runs)
+        : rule_(rule), runs_(runs) {
         constexpr std::size_t usualCount = 24;
         runs_.reserve(usualCount);
     }
 
+    void writeRule();
+
+private:
+    void writeConditions();
+    void writeActions();
+
     void write(std::u16string text, Colour shade = colour::black) {
-        runs_.push_back({std::move(text), shade});
+        text = withCrLf(std::move(text));
+        if (!runs_.empty() && runs_.back().colour == shade) {
+            runs_.back().text += text;
+        } else if (!text.empty()) {
+            runs_.push_back({std::move(text), shade});
+        }
     }
     void writeQuoted(const std::u16string &value) { write(u"'" + value + u"'", colour::blue); }
 
-    void writeRule(const RuleState &rule);
-
-    [[nodiscard]] const std::vector<TextRun> &runs() const { return runs_; }
-
-private:
-    void writeConditions(const RuleState &rule);
-    void writeActions(const RuleState &rule);
-
-    std::vector<TextRun> runs_;
+    const RuleState &rule_;
+    std::vector<TextRun> &runs_;
 };
 
 std::u16string notIf(std::int16_t negated) {
@@ -43,88 +47,105 @@ std::u16string accountOf(const std::u16string &id) {
     return GetAccountName(toInt32(id));
 }
 
-void DescriptionWriter::writeConditions(const RuleState &rule) {
-    if (rule.blnAllMessages) {
+void DescriptionWriter::writeConditions() {
+    if (rule_.blnAllMessages) {
         write(u"\r\nFor ALL Messages");
         return;
     }
     auto lead = [more = false]() mutable -> std::u16string {
         return std::exchange(more, true) ? u"\r\nand the message" : u"\r\nIf the message";
     };
-    if (rule.strIgnoreIfService == u"YES") {
+    if (rule_.strIgnoreIfService == u"YES") {
         write(lead() + u" is not a Service message ");
     }
-    if (!rule.strPeople.empty()) {
-        write(lead() + u" is " + notIf(rule.intPeopleNot) + u"from ");
-        write(BuildPeopleList(), colour::blue);
+    if (!rule_.strPeople.empty()) {
+        write(lead() + u" is " + notIf(rule_.intPeopleNot) + u"from ");
+        write(BuildPeopleList(rule_), colour::blue);
     }
-    if (!rule.varAccounts.empty()) {
-        write(lead() + u" is " + notIf(rule.intAccountNot) + u"received through ");
-        write(BuildAccountList(), colour::blue);
+    if (!rule_.varAccounts.empty()) {
+        write(lead() + u" is " + notIf(rule_.intAccountNot) + u"received through ");
+        write(BuildAccountList(rule_), colour::blue);
     }
-    if (!rule.strWords.empty()) {
-        write(lead() + u" " + (rule.intWordsNot == 1 ? u"does not contain " : u"contains ") +
+    if (!rule_.strWords.empty()) {
+        write(lead() + u" " + (rule_.intWordsNot == 1 ? u"does not contain " : u"contains ") +
               u"the words ");
-        write(rule.intAsCommand == 1 ? u" (as SMS Command) " : u"", colour::red);
-        write(BuildWordList(), colour::blue);
+        write(rule_.intAsCommand == 1 ? u" (as SMS Command) " : u"", colour::red);
+        write(BuildWordList(rule_), colour::blue);
     }
-    if (!rule.strDateTime.empty()) {
+    if (!rule_.strDateTime.empty()) {
         write(lead() + u" is received between ");
-        write(BuildDateTimeList(), colour::blue);
+        write(BuildDateTimeList(rule_), colour::blue);
     }
 }
 
-void DescriptionWriter::writeActions(const RuleState &rule) {
+void DescriptionWriter::writeActions() {
     auto lead = [more = false]() mutable -> std::u16string {
         return std::exchange(more, true) ? u"\r\nand" : u"\r\nThen";
     };
-    if (!rule.strDistribution.empty()) {
+    if (!rule_.strDistribution.empty()) {
         write(lead() + u" distribute the message to ");
-        write(BuildDistributionList(), colour::blue);
+        write(BuildDistributionList(rule_), colour::blue);
     }
-    if (!rule.strReplyText.empty()) {
+    if (!rule_.strReplyText.empty()) {
         write(lead() + u" send Reply ");
-        writeQuoted(rule.strReplyText);
+        writeQuoted(rule_.strReplyText);
         write(u" to the Sender through Account ");
-        writeQuoted(accountOf(rule.strReplyAccount));
+        writeQuoted(accountOf(rule_.strReplyAccount));
     }
-    if (!rule.strAlertRecipients.empty()) {
+    if (!rule_.strAlertRecipients.empty()) {
         write(lead() + u" send Alert ");
-        writeQuoted(rule.strAlertText);
+        writeQuoted(rule_.strAlertText);
         write(u" through the Account ");
-        writeQuoted(accountOf(rule.strAlertAccount));
+        writeQuoted(accountOf(rule_.strAlertAccount));
         write(u" to ");
-        write(BuildAlertList(), colour::blue);
+        write(BuildAlertList(rule_), colour::blue);
     }
-    if (rule.varDelete == u"YES") {
+    if (rule_.varDelete == u"YES") {
         write(lead() + u" Delete it");
     }
-    if (rule.strIgnoreFurtherRules == u"YES") {
+    if (rule_.strIgnoreFurtherRules == u"YES") {
         write(lead() + u" do not process any more Rules");
     }
 }
 
-void DescriptionWriter::writeRule(const RuleState &rule) {
-    write(rule.intRuleActive == 1 ? u"Apply this Rule after the message arrives"
-                                  : u"This Rule is disabled");
-    writeConditions(rule);
-    writeActions(rule);
+void DescriptionWriter::writeRule() {
+    write(rule_.intRuleActive == 1 ? u"Apply this Rule after the message arrives"
+                                   : u"This Rule is disabled");
+    writeConditions();
+    writeActions();
+}
+
+/// Describes this thread's rule and passes the runs to `show`, even when an error ended them early.
+template <class Show> void buildDescription(Show &&show) {
+    trapErrors(u"BuildRuleDescription", u"General", [&] {
+        Description description = describe(ruleState());
+        show(std::move(description.runs));
+        if (description.error) {
+            std::rethrow_exception(description.error);
+        }
+    });
 }
 
 } // namespace
 
+Description describe(const RuleState &rule) {
+    Description description;
+    try {
+        DescriptionWriter(rule, description.runs).writeRule();
+    } catch (...) {
+        description.error = std::current_exception();
+    }
+    return description;
+}
+
 void BuildRuleDescription(RichTextBox &target) {
-    trapErrors(u"BuildRuleDescription", u"General", [&] {
-        DescriptionWriter writer;
-        try {
-            writer.writeRule(ruleState());
-        } catch (...) {
-            // As far as it went.
-            target.setRuns(writer.runs());
-            throw;
-        }
-        target.setRuns(writer.runs());
-    });
+    buildDescription([&](const std::vector<TextRun> &runs) { target.setRuns(runs); });
+}
+
+std::vector<TextRun> BuildRuleDescription() {
+    std::vector<TextRun> result;
+    buildDescription([&](std::vector<TextRun> runs) { result = std::move(runs); });
+    return result;
 }
 
 } // namespace kvex

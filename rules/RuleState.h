@@ -1,4 +1,4 @@
-// The one rule being shown or edited, as all windows of a thread exchange it.
+// The rule that the user sees or edits. All windows of a thread share it.
 #pragma once
 
 #include <cstdint>
@@ -6,12 +6,12 @@
 
 namespace kvex {
 
-/// Lists hold their entries joined by ";", without one at the end. Flags are 0 or 1; yes/no
-/// values are "YES" or "NO".
+/// A list joins its entries with ";" and does not end in one. Flags are 0 or 1. Yes/no values are
+/// "YES" or "NO".
 struct RuleState {
     std::u16string strRuleName;
     std::u16string strRuleText;
-    /// 1: the rule is applied.
+    /// 1 when the server applies the rule.
     std::int16_t intRuleActive = 0;
 
     bool blnAllMessages = false;
@@ -27,7 +27,7 @@ struct RuleState {
     std::u16string strWords;
     std::int16_t intWordsNot = 0;
     std::int16_t intWordsAll = 0;
-    /// The words are matched as an SMS command.
+    /// 1 when the words are an SMS command.
     std::int16_t intAsCommand = 0;
     std::int16_t intOptionNot = 0;
     std::int16_t intOptionAll = 0;
@@ -37,7 +37,7 @@ struct RuleState {
     /// Ids of SMS_USERS.
     std::u16string strDistribution;
     std::u16string strReplyText;
-    /// An id of SMS_ACCOUNT; so is strAlertAccount.
+    /// An id of SMS_ACCOUNT, as in strAlertAccount.
     std::u16string strReplyAccount;
     std::u16string strAlertText;
     std::u16string strAlertAccount;
@@ -50,8 +50,14 @@ struct RuleState {
 /// This thread's rule.
 [[nodiscard]] RuleState &ruleState() noexcept;
 
-/// Empties the rule. intAsCommand keeps its value, on purpose: it counts only beside words, and
+/// Empties the rule. intAsCommand keeps its value on purpose: it only matters beside words, and
 /// loading words sets it.
 void ClearRuleData();
+
+/// Loads the rule with the ID `ruleID` from rsRules into this thread's rule. Leaves rsRules on its
+/// record. With "" it clears the rule and moves nothing. Traps its errors: an unknown id, no value
+/// in Name or ACTIVE, an opening tag without its closing tag. The rule then holds what was read
+/// before. A parameter string without a value has no tags.
+void LoadRuleFromDB(const std::u16string &ruleID);
 
 } // namespace kvex

@@ -36,8 +36,8 @@ bool isCalendarDate(std::u16string_view date) {
     return year > 0 && day.ok();
 }
 
-/// The locale that the user's environment names, which need not be the process's own; the C locale
-/// where the system has none of that name.
+/// The locale in the user's environment, which may differ from that of the process. Gives the C
+/// locale when the system does not have it.
 std::locale userLocale() {
     try {
         return std::locale("");
@@ -46,8 +46,8 @@ std::locale userLocale() {
     }
 }
 
-/// What stands between the numbers of a date there; "/" where it is something else than "/", "."
-/// or "-".
+/// The separator between the numbers of a date in `locale`. Gives "/" for anything except "/", "."
+/// and "-".
 char16_t dateSeparatorOf(const std::locale &locale) {
     std::tm date{};
     date.tm_year = 101;
@@ -61,7 +61,7 @@ char16_t dateSeparatorOf(const std::locale &locale) {
     return found == std::string::npos ? u'/' : static_cast<char16_t>(text[found]);
 }
 
-/// The same as long as the process lives.
+/// Looked up once for each process.
 char16_t dateSeparator() {
     static const char16_t separator = dateSeparatorOf(userLocale());
     return separator;

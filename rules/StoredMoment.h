@@ -6,19 +6,19 @@
 
 namespace kvex {
 
-/// Views into the range.
+/// Both are views of the stored range.
 struct StoredRange {
     std::u16string_view start;
     std::u16string_view end;
 };
 
-/// What stands before and after the first ",". Fails with typeMismatch when there is none.
+/// Splits the range at its first ",". Fails with typeMismatch when there is none.
 [[nodiscard]] StoredRange storedRange(std::u16string_view range);
 
-/// "dd/mm/yyyy TIME Hrs.", where TIME is what is stored from the tenth character on. In place of
-/// "/" stands the date separator of the locale that the user's environment names; the process's
-/// own locale counts for nothing and is not changed. Fails with typeMismatch unless the first eight
-/// characters are the digits of a date that exists.
+/// Gives "dd/mm/yyyy TIME Hrs."; TIME is the stored text from the tenth character on. The date
+/// separator is that of the locale in the user's environment. The locale of the process is neither
+/// used nor changed. Fails with typeMismatch unless the first eight characters are the digits of an
+/// existing date.
 [[nodiscard]] std::u16string shownMoment(std::u16string_view stored);
 
 } // namespace kvex

@@ -1,6 +1,6 @@
 #include "ui/Accounts.h"
 
-#include "component/Session.h"
+#include "component/session/Session.h"
 #include "platform/Unicode.h"
 
 namespace kvex {

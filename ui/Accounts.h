@@ -1,4 +1,4 @@
-// The accounts that a dialog offers, by what they are used for.
+// The accounts that a dialog offers, chosen by their use.
 #pragma once
 
 #include <functional>
@@ -8,9 +8,9 @@ namespace kvex {
 
 enum class AccountUse { receiving, sending, any };
 
-/// Gives each account of rsAccounts that serves for `use` to `offer`, in the record set's order,
-/// and leaves the set at its end. An account without bind mode neither receives nor sends. One
-/// without a name has the name "": it keeps none behind it from being offered.
+/// Calls `offer` for each account of rsAccounts that fits `use`, in the order of the record set.
+/// Leaves the record set at its end. An account without a bind mode can neither receive nor send.
+/// An account without a name is offered with the name "".
 void forEachAccount(
     AccountUse use,
     const std::function<void(const std::u16string &name, const std::u16string &id)> &offer);

@@ -1,6 +1,6 @@
 #include "ui/AddressBookExchange.h"
 
-#include "component/Session.h"
+#include "component/session/Session.h"
 #include "platform/Text.h"
 
 namespace kvex {
@@ -28,7 +28,8 @@ void addFromAddressBook(EntryList &numbers) {
         return;
     }
     session().blnChanged = true;
-    // Both are fetched, in this order, of which the first is not read.
+    // The first collection is fetched and never read; the address book expects both calls, in this
+    // order.
     const auto items = addressBook->selectedItems();
     ObjectVariable<TextCollection> chosenNumbers;
     chosenNumbers = addressBook->selectedNumbers();

@@ -1,6 +1,6 @@
 #include "ui/EntryList.h"
 
-#include "component/Session.h"
+#include "component/session/Session.h"
 #include "platform/Text.h"
 
 namespace kvex {

@@ -1,4 +1,4 @@
-// The list in which a dialog gathers entries, and the buttons that wait for one.
+// The list in which a dialog collects entries, and the buttons that wait for an entry.
 #pragma once
 
 #include "platform/controls/CommandButton.h"
@@ -11,41 +11,43 @@
 
 namespace kvex {
 
-/// The rows' texts, or their sub-items `subItem` where it is not 0, from `firstRow` on, without
-/// surrounding blanks and joined by ";".
+/// Joins the rows from `firstRow` on with ";", without blanks around them. Takes the texts of the
+/// rows, or their sub-items `subItem` when that is not 0.
 [[nodiscard]] std::u16string joinedRows(const ListView &list, int firstRow, int subItem);
 
-/// An entry as its row shows it.
+/// The text of the row that shows `entry`.
 [[nodiscard]] std::u16string indented(std::u16string_view entry);
 
-/// Entries stand indented below a heading row, where the list has one: a row that is no entry and
-/// is never removed. Removing and clearing set the session's change flag first.
+/// A list of entries. A list with a heading row shows its entries indented below it; the heading is
+/// no entry and always stays. Removing and clearing first set the session's change flag.
 class EntryList {
 public:
     enum class Heading { none, firstRow };
 
-    /// `waiting`: enabled while there are entries, as far as the procedures below say.
+    /// `waiting` are the buttons that enableButtons switches.
     EntryList(ListView &list, Heading heading, std::vector<CommandButton *> waiting);
 
     [[nodiscard]] bool empty() const { return list_.rowCount() <= headings_; }
-    /// The heading counts.
+    /// The heading row counts, too.
     [[nodiscard]] bool hasRows() const { return list_.rowCount() > 0; }
 
-    /// Adds one entry; gives its row.
+    /// Adds an entry and gives its row.
     int add(std::u16string_view entry);
-    /// Adds what `entries` holds between ";", and enables the buttons; nothing for "".
+    /// Adds the entries that `entries` joins with ";", and enables the buttons. Does nothing for
+    /// "".
     void addJoined(std::u16string_view entries);
-    /// Ends the adding of an entry typed into `box`, whether or not one was added.
+    /// Empties `box`, gives it the focus and enables the buttons, whether an entry was added or
+    /// not.
     void finishTyping(TextBox &box);
     void enableButtons(bool enabled);
 
-    /// Removes the selected entry, for a selected heading the first one. Without a selection or
-    /// an entry nothing happens.
+    /// Removes the selected entry, or the first entry when the heading is selected. Without a
+    /// selection or an entry nothing happens.
     void removeSelected();
-    /// Removes all entries when the user confirms it.
+    /// Asks the user, and removes all entries on "Yes".
     void clearIfConfirmed();
 
-    /// The entries' texts, or their sub-items `subItem`, as joinedRows gives them.
+    /// Joins the entries as joinedRows does.
     [[nodiscard]] std::u16string joined(int subItem = 0) const {
         return joinedRows(list_, firstEntry(), subItem);
     }

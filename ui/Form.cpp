@@ -1,6 +1,6 @@
 #include "ui/Form.h"
 
-#include "component/Session.h"
+#include "component/session/Session.h"
 
 namespace kvex {
 

@@ -1,4 +1,4 @@
-// What every window of the component is: a design, a load procedure, a modal showing.
+// The base of every window of the component: a design, a load procedure and a modal showing.
 #pragma once
 
 #include "platform/controls/CommandButton.h"
@@ -12,21 +12,21 @@
 
 namespace kvex {
 
-/// One showing of one window. Made when it is to be shown and released once it is closed, so
-/// that its load procedure runs on every opening.
+/// One showing of a window. Make an object for each showing, so that the load procedure runs each
+/// time the window opens.
 class Form {
 public:
     virtual ~Form() = default;
 
-    /// Loads the window and shows it until it is closed. What leaves the load procedure passes to
-    /// the caller, and the window is not shown.
+    /// Loads the window and shows it until it is closed. An error that leaves the load procedure
+    /// passes to the caller, and the window is not shown.
     void Show() {
         Form_Load();
         window_->showModal();
     }
 
 protected:
-    /// Fails where the toolkit can show no window.
+    /// Fails when the toolkit cannot show windows.
     explicit Form(const WindowDesign &design);
     Form(const Form &) = delete;
     Form &operator=(const Form &) = delete;
@@ -38,7 +38,7 @@ protected:
     template <class Kind> [[nodiscard]] Kind &control(std::u16string_view name) {
         return window_->get<Kind>(name);
     }
-    /// Runs a handler of the window when the button is pressed.
+    /// Runs `handler` of this window when the user presses the button.
     template <class Self> void onClick(std::u16string_view button, void (Self::*handler)()) {
         auto *self = static_cast<Self *>(this);
         control<CommandButton>(button).onClick = [self, handler] { (self->*handler)(); };

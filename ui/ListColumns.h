@@ -1,4 +1,4 @@
-// How the lists of all windows begin: without rows, with one column of texts and hidden ones.
+// How every list of a window begins: no rows, one visible column and some hidden ones.
 #pragma once
 
 #include "platform/controls/ListView.h"
@@ -8,7 +8,8 @@
 
 namespace kvex {
 
-/// Empties the list; `hidden` are the headers of the columns whose sub-items nobody sees.
+/// Empties the list and makes its columns. `hidden` are the headers of the columns without width;
+/// their sub-items hold values that the user does not see.
 inline void beginList(ListView &list, const std::u16string &shown,
                       const std::vector<std::u16string> &hidden = {}) {
     list.clearRows();

@@ -10,31 +10,27 @@ Element::Element(HeadlessWindow *window, ControlDesign design)
 
 void Element::enable(bool enabled) {
     enabled_ = enabled;
-    if (window_ != nullptr) {
-        window_->passFocusOn();
-    }
+    window_->passFocusOn();
 }
 
 void Element::reveal(bool visible) {
     visible_ = visible;
-    if (window_ != nullptr) {
-        window_->passFocusOn();
-    }
+    window_->passFocusOn();
 }
 
 void Element::takeFocus() {
-    if (window_ == nullptr || !isUsable() || !takesFocus()) {
+    if (!isUsable() || !takesFocus()) {
         throw Error(error_number::invalidCall);
     }
     window_->setFocus(this);
 }
 
 std::u16string Element::where() const {
-    return (window_ != nullptr ? window_->name() + u"." : std::u16string()) + design_.name;
+    return window_->name() + u"." + design_.name;
 }
 
 controls::ErrorObserver Element::observer() const {
-    return window_ != nullptr ? window_->errorObserver() : controls::ErrorObserver();
+    return window_->errorObserver();
 }
 
 } // namespace kvex::headless

@@ -18,7 +18,6 @@ class HeadlessWindow;
 
 class Element {
 public:
-    /// `window` is null for an element that stands free.
     Element(HeadlessWindow *window, ControlDesign design);
     virtual ~Element() = default;
     Element(const Element &) = delete;

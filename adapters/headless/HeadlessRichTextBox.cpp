@@ -1,14 +1,14 @@
 #include "adapters/headless/HeadlessRichTextBox.h"
 
-#include "adapters/controls/LineBreaks.h"
 #include "adapters/headless/User.h"
+#include "platform/LineBreaks.h"
 
 #include <limits>
 
 namespace kvex::headless {
 
 void HeadlessRichTextBox::setText(const std::u16string &text) {
-    replace(0, content().size(), controls::withCrLf(text));
+    replace(0, content().size(), withCrLf(text));
 }
 
 void HeadlessRichTextBox::setRuns(const std::vector<TextRun> &runs) {
@@ -21,7 +21,7 @@ void HeadlessRichTextBox::setRuns(const std::vector<TextRun> &runs) {
     coming_.clear();
     coming_.reserve(length);
     for (const TextRun &run : runs) {
-        controls::appendWithCrLf(whole, run.text);
+        appendWithCrLf(whole, run.text);
         coming_.resize(whole.size(), run.colour);
     }
     replace(0, content().size(), whole);
@@ -49,7 +49,7 @@ void HeadlessRichTextBox::replaced(std::size_t from, std::size_t length, std::si
 }
 
 std::u16string HeadlessRichTextBox::pasteable(std::u16string_view text) const {
-    return controls::withCrLf(text);
+    return withCrLf(std::u16string(text));
 }
 
 std::size_t HeadlessRichTextBox::limit() const {
@@ -65,11 +65,6 @@ std::vector<TextRun> HeadlessRichTextBox::runs() const {
         result.back().text.push_back(content()[at]);
     }
     return result;
-}
-
-std::unique_ptr<RichTextBox> createRichTextBox() {
-    return std::make_unique<HeadlessRichTextBox>(nullptr,
-                                                 ControlDesign{ControlKind::richTextBox, {}});
 }
 
 } // namespace kvex::headless

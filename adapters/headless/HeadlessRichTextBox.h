@@ -2,8 +2,8 @@
 #pragma once
 
 #include "adapters/headless/HeadlessControl.h"
-#include "adapters/headless/LooseTextBox.h"
 #include "adapters/headless/TextInput.h"
+#include "platform/controls/RichTextBox.h"
 
 namespace kvex::headless {
 

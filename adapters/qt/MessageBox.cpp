@@ -1,9 +1,9 @@
 #include "adapters/qt/MessageBox.h"
 
-#include "adapters/controls/LineBreaks.h"
 #include "adapters/qt/Pictures.h"
 #include "adapters/qt/QText.h"
 #include "adapters/qt/QtApplication.h"
+#include "platform/LineBreaks.h"
 #include "platform/controls/Toolkit.h"
 
 #include <QAbstractButton>
@@ -20,7 +20,7 @@ std::int32_t showMessageBox(const std::u16string &title, const std::u16string &t
     box.setWindowTitle(toQt(title));
     box.setWindowIcon(productIcon());
     box.setTextFormat(Qt::PlainText);
-    box.setText(toQt(controls::withCrLf(text)).remove(u'\r'));
+    box.setText(toQt(withCrLf(text)).remove(u'\r'));
     box.setIcon(style == message_box::exclamation ? QMessageBox::Warning : QMessageBox::NoIcon);
     box.setStandardButtons(asks ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok);
     // As in every other window of the component.

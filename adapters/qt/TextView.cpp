@@ -1,9 +1,9 @@
 #include "adapters/qt/TextView.h"
 
-#include "adapters/controls/LineBreaks.h"
 #include "adapters/qt/Colours.h"
 #include "adapters/qt/QText.h"
 #include "adapters/qt/Room.h"
+#include "platform/LineBreaks.h"
 
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -57,7 +57,7 @@ std::u16string TextView::content() const {
     // Unlike the plain text, the raw text keeps no-break spaces.
     QString raw = document()->toRawText();
     raw.replace(QChar::ParagraphSeparator, QChar::LineFeed);
-    return controls::withCrLf(fromQt(raw));
+    return withCrLf(fromQt(raw));
 }
 
 std::vector<TextRun> TextView::runs() const {

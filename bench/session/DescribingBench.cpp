@@ -1,10 +1,9 @@
 // Loading and describing every rule, without a window.
-#include "adapters/headless/LooseTextBox.h"
 #include "bench/support/BenchSession.h"
 #include "bench/support/RuleDatabase.h"
 #include "bench/support/Timing.h"
 #include "platform/Text.h"
-#include "rules/ParameterTags.h"
+#include "rules/ParameterStrings.h"
 
 namespace kvex::bench {
 namespace {
@@ -17,27 +16,37 @@ std::vector<std::u16string> ruleIds(std::size_t count) {
     return ids;
 }
 
-void require(bool described) {
-    if (!described) {
+std::vector<TextRun> described(const std::u16string &id) {
+    auto description = describeRule(id);
+    if (!description) {
         throw std::runtime_error("a rule is missing");
+    }
+    return *std::move(description);
+}
+
+void describeAll(const std::vector<std::u16string> &ids) {
+    for (const std::u16string &id : ids) {
+        const std::vector<TextRun> runs = described(id);
+        benchmark::DoNotOptimize(runs.data());
     }
 }
 
-void describeAll(const std::vector<std::u16string> &ids, RichTextBox &box) {
-    for (const std::u16string &id : ids) {
-        require(describeRule(id, box));
+std::u16string textOf(const std::vector<TextRun> &runs) {
+    std::u16string text;
+    for (const TextRun &run : runs) {
+        text += run.text;
     }
+    return text;
 }
 
 void describeAgain(benchmark::State &state) {
     BenchSession session(readOnlyDatabase(sizeOf(state)).connectionString());
     session.open();
     const std::vector<std::u16string> ids = ruleIds(sizeOf(state));
-    const auto box = headless::createRichTextBox();
-    describeAll(ids, *box);
+    describeAll(ids);
     for (auto _ : state) {
         Stopwatch watch(state);
-        describeAll(ids, *box);
+        describeAll(ids);
         watch.stop();
     }
 }
@@ -49,9 +58,8 @@ void describeFirst(benchmark::State &state) {
     for (auto _ : state) {
         BenchSession session(readOnlyDatabase(sizeOf(state)).connectionString());
         session.open();
-        const auto box = headless::createRichTextBox();
         Stopwatch watch(state);
-        describeAll(ids, *box);
+        describeAll(ids);
         watch.stop();
     }
 }
@@ -66,13 +74,12 @@ struct Texts {
 std::vector<Texts> textsOf(std::size_t rules) {
     BenchSession opened(readOnlyDatabase(rules).connectionString());
     opened.open();
-    const auto box = headless::createRichTextBox();
     std::vector<Texts> texts;
     for (const std::u16string &id : ruleIds(rules)) {
-        require(describeRule(id, *box));
+        const std::u16string shown = textOf(described(id));
         const Recordset &rsRules = *session().rsRules;
-        texts.push_back({rsRules.field(u"QueryParam").text(), rsRules.field(u"ActionParam").text(),
-                         box->text()});
+        texts.push_back(
+            {rsRules.field(u"QueryParam").text(), rsRules.field(u"ActionParam").text(), shown});
     }
     return texts;
 }

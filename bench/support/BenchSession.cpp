@@ -29,19 +29,19 @@ BenchSession::BenchSession(std::u16string connectionString, recordset::Provider 
 BenchSession::BenchSession(std::u16string connectionString, Toolkit &toolkit,
                            recordset::Provider provider)
     : utility_(recordFor(std::move(connectionString))),
-      platform_(utility_, toolkit, std::move(provider)), ruleUI_(platform_) {}
+      platform_(utility_, toolkit, std::move(provider)), sessionOwner_(platform_) {}
 
 BenchSession::~BenchSession() {
-    ruleUI_.release();
+    sessionOwner_.release();
 }
 
 void BenchSession::open() {
-    ruleUI_.OpenRules();
+    sessionOwner_.OpenRules();
     requireNoError();
 }
 
 void BenchSession::showRules() {
-    ruleUI_.ShowRules(u"1", u"");
+    sessionOwner_.ShowRules(u"1", u"");
     requireNoError();
 }
 

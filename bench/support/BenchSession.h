@@ -3,7 +3,7 @@
 
 #include "adapters/headless/HeadlessToolkit.h"
 #include "adapters/recordset/Driver.h"
-#include "component/RuleUIClass.h"
+#include "component/SessionOwner.h"
 #include "tests/support/ComponentTest.h"
 
 #include <string>
@@ -37,7 +37,7 @@ private:
 
     test::UtilityRecord utility_;
     test::TestPlatform platform_;
-    RuleUI ruleUI_;
+    SessionOwner sessionOwner_;
 };
 
 } // namespace kvex::bench

@@ -1,30 +1,14 @@
 // Text of many lines, its parts in colours. Lines end in CR LF, in text() and in what is set.
 #pragma once
 
+#include "platform/TextRun.h"
 #include "platform/controls/Control.h"
 
-#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
 
 namespace kvex {
-
-/// 0x00BBGGRR.
-using Colour = std::uint32_t;
-
-namespace colour {
-inline constexpr Colour black = 0x000000;
-inline constexpr Colour blue = 0xFF0000;
-inline constexpr Colour red = 0x0000FF;
-} // namespace colour
-
-/// A piece of text in one colour.
-struct TextRun {
-    std::u16string text;
-    Colour colour;
-    friend bool operator==(const TextRun &, const TextRun &) = default;
-};
 
 class RichTextBox : public Control {
 public:

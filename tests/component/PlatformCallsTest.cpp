@@ -95,7 +95,7 @@ protected:
         EXPECT_EQ(toolkit.problems(), Calls());
         EXPECT_EQ(toolkit.pendingScripts(), 0U);
     }
-    std::int32_t showRules(RuleUI &rules) {
+    std::int32_t showRules(SessionOwner &rules) {
         toolkit.whenShown(u"frmRules", [](User &user) { user.click(u"cmdCancel"); });
         return rules.ShowRules(u"1", u"99");
     }
@@ -106,7 +106,7 @@ protected:
 };
 
 TEST_F(PlatformSequence, CreationMakesEveryObjectAndOpensNone) {
-    RuleUI rules(platform);
+    SessionOwner rules(platform);
     EXPECT_EQ(calls.take(), creation);
     rules.release();
     EXPECT_EQ(calls.take(), releaseAfter(0));
@@ -116,7 +116,7 @@ TEST_F(PlatformSequence, CreationEndsAtTheFirstObjectThatCannotBeMade) {
     for (std::size_t step = 0; step < creation.size(); ++step) {
         RecordingPlatform own(toolkit);
         own.calls.failing = creation[step];
-        EXPECT_THROW(RuleUI rules(own), Error);
+        EXPECT_THROW(SessionOwner rules(own), Error);
         Calls made = own.calls.take();
         std::erase_if(made, [](const std::string &call) { return call.starts_with("release"); });
         EXPECT_EQ(made, Calls(creation.begin(),
@@ -128,7 +128,7 @@ TEST_F(PlatformSequence, CreationEndsAtTheFirstObjectThatCannotBeMade) {
 }
 
 TEST_F(PlatformSequence, ShowRulesOpensConnectionAndRecordSetsInOrder) {
-    RuleUI rules(platform);
+    SessionOwner rules(platform);
     calls.made.clear();
     EXPECT_EQ(showRules(rules), 1);
     EXPECT_EQ(calls.take(), behind(opening, showing));
@@ -137,7 +137,7 @@ TEST_F(PlatformSequence, ShowRulesOpensConnectionAndRecordSetsInOrder) {
 }
 
 TEST_F(PlatformSequence, ASecondCallIsRefusedByTheConnection) {
-    RuleUI rules(platform);
+    SessionOwner rules(platform);
     EXPECT_EQ(showRules(rules), 1);
     calls.made.clear();
     EXPECT_EQ(rules.ShowRules(u"1", u""), 0);
@@ -151,7 +151,7 @@ TEST_F(PlatformSequence, OpeningEndsAtTheFirstCallThatFailsAndWhatIsOpenStaysSo)
     for (const std::string sub : {"ShowRuleUI", "OpenRules"}) {
         for (std::size_t step = 0; step < opening.size(); ++step) {
             RecordingPlatform own(toolkit);
-            RuleUI rules(own);
+            SessionOwner rules(own);
             own.calls.made.clear();
             own.calls.failing = opening[step];
             if (sub == "OpenRules") {
@@ -170,7 +170,7 @@ TEST_F(PlatformSequence, OpeningEndsAtTheFirstCallThatFailsAndWhatIsOpenStaysSo)
 }
 
 TEST_F(PlatformSequence, AWindowThatCannotBeMadeLeavesTheSessionOpen) {
-    RuleUI rules(platform);
+    SessionOwner rules(platform);
     calls.made.clear();
     calls.failing = "toolkit";
     EXPECT_EQ(rules.ShowRules(u"1", u""), 0);
@@ -181,7 +181,7 @@ TEST_F(PlatformSequence, AWindowThatCannotBeMadeLeavesTheSessionOpen) {
 }
 
 TEST_F(PlatformSequence, ReadingRulesOpensTheSameSession) {
-    RuleUI rules(platform);
+    SessionOwner rules(platform);
     calls.made.clear();
     EXPECT_TRUE(rules.OpenRules());
     EXPECT_EQ(calls.take(), opening);
@@ -190,7 +190,7 @@ TEST_F(PlatformSequence, ReadingRulesOpensTheSameSession) {
 }
 
 TEST_F(PlatformSequence, AReleaseThatFailsReachesTheHost) {
-    RuleUI rules(platform);
+    SessionOwner rules(platform);
     ASSERT_TRUE(rules.OpenRules());
     calls.made.clear();
     calls.failing = "recordset 3.close";

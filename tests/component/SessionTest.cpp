@@ -1,5 +1,5 @@
-#include "component/ErrorTrap.h"
-#include "component/RuleUIClass.h"
+#include "component/SessionOwner.h"
+#include "component/session/ErrorTrap.h"
 #include "rules/InputHelpers.h"
 #include "tests/support/ComponentTest.h"
 
@@ -18,7 +18,7 @@ protected:
 };
 
 TEST_F(SessionLife, CreationOpensNothingAndFixesTheLogPath) {
-    createRuleUI();
+    createSession();
     EXPECT_EQ(session().cnMain->state(), ObjectState::closed);
     EXPECT_EQ(session().rsRules->state(), ObjectState::closed);
     EXPECT_EQ(session().strLogFile, u"/usr/lib/kvex\\KVEX.log");
@@ -26,14 +26,14 @@ TEST_F(SessionLife, CreationOpensNothingAndFixesTheLogPath) {
 
 TEST_F(SessionLife, ARootDirectoryGivesADoubledBackslash) {
     platform.directory = u"C:\\";
-    createRuleUI();
+    createSession();
     EXPECT_EQ(session().strLogFile, u"C:\\\\KVEX.log");
 }
 
 TEST_F(SessionLife, AFailedCreationReachesTheHost) {
     utility.creationFails = true;
-    EXPECT_THROW(createRuleUI(), Error);
-    ruleUI.reset();
+    EXPECT_THROW(createSession(), Error);
+    sessionOwner.reset();
 }
 
 TEST_F(SessionLife, AnEmptyTableStillShowsTheWindow) {
@@ -176,7 +176,7 @@ TEST_F(SessionLife, TheSessionStaysOpenAfterTheWindowAndClosesWithTheObject) {
 
 TEST_F(SessionLife, ASecondObjectOnTheThreadReplacesTheFirstsObjects) {
     openSession();
-    RuleUI second(platform);
+    SessionOwner second(platform);
     EXPECT_EQ(session().cnMain->state(), ObjectState::closed);
     EXPECT_TRUE(second.OpenRules());
     // Releasing the first closes what the second opened: they share one session.
@@ -197,7 +197,7 @@ TEST_F(SessionLife, EachThreadHasASessionAndARuleOfItsOwn) {
         EXPECT_FALSE(session().blnChanged);
         EXPECT_EQ(ruleState().strPeople, u"");
         EXPECT_THROW((void)session().cnMain->state(), Error);
-        RuleUI other(platform);
+        SessionOwner other(platform);
         EXPECT_TRUE(other.OpenRules());
         ruleState().strPeople = u"theirs";
         other.release();
@@ -219,7 +219,7 @@ TEST_F(SessionLife, AWindowThatCannotBeShownIsLoggedAndGivesZero) {
         Clipboard &clipboard() override { throw Error(error_number::cannotCreateObject); }
     } noDisplay;
     TestPlatform blind(utility, noDisplay, database.provider());
-    ruleUI = std::make_unique<RuleUI>(blind);
+    sessionOwner = std::make_unique<SessionOwner>(blind);
     EXPECT_EQ(showRules(u""), 0);
     expectLog({showFailed});
     EXPECT_EQ(logged.front().description, u"no display");
@@ -238,7 +238,7 @@ TEST_F(SessionLife, ALogThatFailsPassesItsOwnErrorOn) {
 }
 
 TEST_F(SessionLife, AnErrorWithoutATrapIsLoggedUnderTheCaller) {
-    createRuleUI();
+    createSession();
     trapErrors(u"Caller", u"Somewhere", [] { (void)PadLeft(u"1234", 3, u'0'); });
     trapErrors(u"Caller", u"Somewhere", [] { throw std::bad_alloc(); });
     expectLog({u"Sub: Caller, Module: Somewhere", u"Sub: Caller, Module: Somewhere"});
@@ -249,12 +249,12 @@ TEST_F(SessionLife, AnErrorWithoutATrapIsLoggedUnderTheCaller) {
 TEST_F(SessionLife, RulesAreDescribedWithoutAWindow) {
     database.addRule("A", "<ALLMESSAGES>", "<DELETE>YES</DELETE>", 1, 0);
     openSession();
-    const auto box = platform.createTextBox();
-    EXPECT_TRUE(describeRule(u"1", *box));
-    EXPECT_EQ(box->text(), u"This Rule is disabled\r\nFor ALL Messages\r\nThen Delete it");
-    EXPECT_FALSE(describeRule(u"2", *box));
-    EXPECT_FALSE(describeRule(u"abc", *box));
-    EXPECT_FALSE(describeRule(u"", *box));
+    const std::vector<TextRun> expected{
+        {u"This Rule is disabled\r\nFor ALL Messages\r\nThen Delete it", colour::black}};
+    EXPECT_EQ(describeRule(u"1"), expected);
+    EXPECT_EQ(describeRule(u"2"), std::nullopt);
+    EXPECT_EQ(describeRule(u"abc"), std::nullopt);
+    EXPECT_EQ(describeRule(u""), std::nullopt);
     expectLog({});
 }
 

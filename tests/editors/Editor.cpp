@@ -74,9 +74,9 @@ void Editor::setServers(const std::u16string &servers, int connectTimeout) {
 }
 
 std::int32_t Editor::showRules(const std::u16string &ruleId) {
-    RuleUI ruleUI(platform_);
-    const std::int32_t result = ruleUI.ShowRules(u"1", ruleId);
-    ruleUI.release();
+    SessionOwner sessionOwner(platform_);
+    const std::int32_t result = sessionOwner.ShowRules(u"1", ruleId);
+    sessionOwner.release();
     return result;
 }
 

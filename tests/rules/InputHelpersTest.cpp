@@ -7,7 +7,7 @@ namespace {
 
 class InputHelpers : public ComponentTest {
 protected:
-    InputHelpers() { createRuleUI(); }
+    InputHelpers() { createSession(); }
     bool pasteAccepted(std::u16string text) {
         toolkit.clipboard().setText(std::move(text));
         return IsNumericKey(22, true);

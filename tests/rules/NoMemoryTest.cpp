@@ -35,7 +35,7 @@ const std::u16string longItem(5000, u'9');
 
 struct Builder {
     const char *name;
-    std::u16string (*build)();
+    std::u16string (*build)(const RuleState &);
     std::u16string RuleState::*list;
 };
 
@@ -49,7 +49,7 @@ TEST_P(NoMemory, IsLoggedUnderTheBuildersNameAndGivesNoText) {
     const auto &[name, build, list] = GetParam();
     ruleState().*list = longItem + u";" + longItem;
     refusedFrom = longItem.size();
-    const std::u16string built = build();
+    const std::u16string built = build(ruleState());
     refusedFrom = std::numeric_limits<std::size_t>::max();
     EXPECT_EQ(built, u"");
     expectLog({u"Sub: " + std::u16string(name, name + std::string_view(name).size()) +

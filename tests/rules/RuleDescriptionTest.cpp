@@ -1,6 +1,5 @@
 #include "rules/RuleDescription.h"
 
-#include "adapters/headless/LooseTextBox.h"
 #include "rules/DescriptionLists.h"
 #include "tests/support/ComponentTest.h"
 
@@ -24,7 +23,12 @@ protected:
     }
 
     RuleState &rule = ruleState();
-    std::unique_ptr<RichTextBox> box = headless::createRichTextBox();
+    std::unique_ptr<Window> window =
+        toolkit.createWindow({.name = u"frm",
+                              .caption = u"",
+                              .controls = {{.kind = ControlKind::richTextBox, .name = u"rt"}},
+                              .layout = place(u"rt")});
+    RichTextBox *box = &window->get<RichTextBox>(u"rt");
 };
 
 const std::u16string head = u"Apply this Rule after the message arrives";
@@ -156,6 +160,54 @@ TEST_F(RuleDescription, WhatStoodInTheBoxIsReplaced) {
     box->setRuns({{u"old", colour::red}});
     EXPECT_EQ(described(), head);
     EXPECT_EQ(box->runs(), (std::vector<TextRun>{{head, colour::black}}));
+}
+
+TEST_F(RuleDescription, NeedsNoTextBox) {
+    rule.varAccounts = u"2";
+    const std::vector<TextRun> expected{
+        {head + u"\r\nIf the message is received through ", colour::black},
+        {u"Main", colour::blue}};
+    EXPECT_EQ(describe(rule).runs, expected);
+    EXPECT_FALSE(describe(rule).error);
+    EXPECT_EQ(BuildRuleDescription(), expected);
+}
+
+TEST_F(RuleDescription, IsOfTheRuleThatIsGivenNotOfTheThreads) {
+    RuleState other;
+    other.strPeople = u"98;99";
+    other.strWords = u"STOP";
+    other.varAccounts = u"2";
+    other.strDistribution = u"3";
+    other.strAlertRecipients = u"96";
+    other.strAlertAccount = u"2";
+    other.strDateTime = u"20240301 ,20240302 ";
+    rule = other;
+    const std::vector<TextRun> expected = describe(rule).runs;
+    rule = RuleState();
+    EXPECT_EQ(describe(other).runs, expected);
+    EXPECT_EQ(BuildRuleDescription(),
+              (std::vector<TextRun>{{u"This Rule is disabled", colour::black}}));
+}
+
+TEST_F(RuleDescription, EndsLinesInCrLfWhateverTheUserTyped) {
+    rule.strReplyText = u"a\rb\nc\r";
+    rule.strReplyAccount = u"2";
+    EXPECT_EQ(describe(rule).runs.at(1).text, u"'a\r\nb\r\nc\r\n'");
+}
+
+TEST_F(RuleDescription, HoldsWhatWasWrittenBeforeAnErrorAndTheError) {
+    rule.strReplyText = u"Hi";
+    rule.strReplyAccount = u"two";
+    const std::vector<TextRun> expected{{head + u"\r\nThen send Reply ", colour::black},
+                                        {u"'Hi'", colour::blue},
+                                        {u" to the Sender through Account ", colour::black}};
+    const Description description = describe(rule);
+    EXPECT_EQ(description.runs, expected);
+    EXPECT_TRUE(description.error);
+    expectLog({});
+    EXPECT_EQ(BuildRuleDescription(), expected);
+    expectLog({u"Sub: BuildRuleDescription, Module: General"});
+    EXPECT_EQ(logged.at(0).number, error_number::typeMismatch);
 }
 
 TEST_F(RuleDescription, PeopleAreJoinedByTheirModifier) {

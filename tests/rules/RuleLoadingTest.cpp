@@ -1,4 +1,4 @@
-#include "rules/RuleLoading.h"
+#include "rules/RuleState.h"
 
 #include "platform/Text.h"
 #include "tests/support/ComponentTest.h"
@@ -91,7 +91,7 @@ TEST_F(RuleLoading, ParametersWithoutValueHoldNoTag) {
 TEST_F(RuleLoading, ParametersThatAreNumbersHoldNoTag) {
     const auto id = database.addRule("Rule");
     database.execute("UPDATE SMS_RULES SET ActionParam = '<DELETE>YES</DELETE>'");
-    createRuleUI();
+    createSession();
     session().cnMain->open(database.connectionString());
     session().rsRules->open(
         u"SELECT ID, Name, ACTIVE, 12 AS QueryParam, ActionParam FROM SMS_RULES",
@@ -175,7 +175,7 @@ TEST_F(RuleLoading, TwoFailuresInARowAreTwoEntries) {
 }
 
 TEST_F(RuleLoading, BeforeTheSessionIsOpenItIsLogged) {
-    createRuleUI();
+    createSession();
     LoadRuleFromDB(u"1");
     expectLog({loadFailed});
     EXPECT_EQ(logged.at(0).number, error_number::objectClosed);

@@ -1,6 +1,5 @@
 #include "tests/support/ComponentTest.h"
 
-#include "adapters/headless/LooseTextBox.h"
 #include "adapters/recordset/ClientConnection.h"
 #include "adapters/recordset/ClientRecordset.h"
 #include "platform/Text.h"
@@ -27,10 +26,6 @@ std::unique_ptr<AddressBook> TestPlatform::createAddressBook() {
     return std::make_unique<TestAddressBook>(addressBook);
 }
 
-std::unique_ptr<RichTextBox> TestPlatform::createTextBox() {
-    return headless::createRichTextBox();
-}
-
 ComponentTest::ComponentTest(const DatabaseKind &kind) : database(kind) {
     utility.connectionString = database.connectionString();
     session().blnChanged = false;
@@ -51,27 +46,27 @@ void ComponentTest::TearDown() {
     expectReports({});
 }
 
-RuleUI &ComponentTest::createRuleUI() {
-    ruleUI = std::make_unique<RuleUI>(platform);
-    return *ruleUI;
+SessionOwner &ComponentTest::createSession() {
+    sessionOwner = std::make_unique<SessionOwner>(platform);
+    return *sessionOwner;
 }
 
 void ComponentTest::openSession() {
-    ASSERT_TRUE(createRuleUI().OpenRules());
+    ASSERT_TRUE(createSession().OpenRules());
 }
 
 void ComponentTest::closeSession() {
-    if (ruleUI) {
-        ruleUI->release();
-        ruleUI.reset();
+    if (sessionOwner) {
+        sessionOwner->release();
+        sessionOwner.reset();
     }
 }
 
 std::int32_t ComponentTest::showRules(const std::u16string &ruleId) {
-    if (!ruleUI) {
-        createRuleUI();
+    if (!sessionOwner) {
+        createSession();
     }
-    return ruleUI->ShowRules(u"1", ruleId);
+    return sessionOwner->ShowRules(u"1", ruleId);
 }
 
 std::int32_t ComponentTest::playRules(Script script) {

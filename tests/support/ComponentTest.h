@@ -3,8 +3,8 @@
 
 #include "adapters/headless/HeadlessToolkit.h"
 #include "adapters/headless/User.h"
-#include "component/RuleUIClass.h"
-#include "component/Session.h"
+#include "component/SessionOwner.h"
+#include "component/session/Session.h"
 #include "rules/RuleState.h"
 #include "tests/support/TestAddressBook.h"
 #include "tests/support/TestDatabase.h"
@@ -34,7 +34,6 @@ public:
     std::unique_ptr<Recordset> createRecordset() override;
     std::unique_ptr<AddressBook> createAddressBook() override;
     Toolkit &toolkit() override { return toolkit_; }
-    std::unique_ptr<RichTextBox> createTextBox() override;
     std::u16string componentDirectory() override { return directory; }
 
     std::u16string directory = u"/usr/lib/kvex";
@@ -56,7 +55,7 @@ protected:
     void TearDown() override;
 
     /// Creates RuleUI on the database; may be called again after closeSession.
-    RuleUI &createRuleUI();
+    SessionOwner &createSession();
     /// Opens the session without a window.
     void openSession();
     void closeSession();
@@ -84,7 +83,7 @@ protected:
     UtilityRecord utility;
     headless::HeadlessToolkit toolkit;
     TestPlatform platform{utility, toolkit, database.provider()};
-    std::unique_ptr<RuleUI> ruleUI;
+    std::unique_ptr<SessionOwner> sessionOwner;
     std::vector<LogEntry> logged;
     /// What left a handler and was meant to.
     std::size_t expectedUnhandledErrors = 0;

@@ -190,10 +190,6 @@ public:
         calls.make("toolkit");
         return toolkit_;
     }
-    std::unique_ptr<RichTextBox> createTextBox() override {
-        calls.make("create text box");
-        return nullptr;
-    }
     std::u16string componentDirectory() override {
         calls.make("componentDirectory");
         return u"FOLDER";

@@ -1,6 +1,5 @@
 #include "tests/toolkit/HeadlessTest.h"
 
-#include "adapters/headless/LooseTextBox.h"
 #include "platform/Error.h"
 
 #include <stdexcept>
@@ -98,18 +97,6 @@ TEST_F(HeadlessToolkitTest, PlaysTheScriptOfAWindowThatAHandlerShows) {
     outer->showModal();
     EXPECT_EQ(order, u"abc");
     EXPECT_TRUE(toolkit_.problems().empty());
-}
-
-TEST(LooseTextBox, RunsItsHandlerAndTakesNoFocus) {
-    const auto box = createRichTextBox();
-    int changes = 0;
-    box->onChange = [&] { ++changes; };
-    box->setText(u"a");
-    box->setEnabled(false);
-    box->setVisible(false);
-    box->setVisible(true);
-    EXPECT_EQ(changes, 1);
-    EXPECT_EQ(test::errorOf([&] { box->setFocus(); }), error_number::invalidCall);
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 // The designs of the actions' dialogs, control by control.
 #include "tests/support/DesignTable.h"
-#include "ui/actions/frmRuleAlertDesign.h"
-#include "ui/actions/frmRuleDistributeDesign.h"
-#include "ui/actions/frmRuleReplyDesign.h"
+#include "ui/actions/frmRuleAlert.h"
+#include "ui/actions/frmRuleDistribute.h"
+#include "ui/actions/frmRuleReply.h"
 
 #include <gtest/gtest.h>
 

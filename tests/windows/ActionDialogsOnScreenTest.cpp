@@ -38,8 +38,8 @@ protected:
         WindowsOnScreen::play.whenShown(names.at(action), std::move(dialog));
         WindowsOnScreen::play.whenShown(u"frmRules", [](QtUser &user) { user.press(Key::escape); });
         showRules(u"");
-        ruleUI->release();
-        ruleUI.reset();
+        sessionOwner->release();
+        sessionOwner.reset();
     }
     static std::vector<int> ticked(QtUser &user) {
         return tickedRows(user.get<ListView>(u"lvwOutAccount"));

@@ -1,10 +1,10 @@
 // The designs of the conditions' dialogs, control by control.
 #include "tests/support/DesignTable.h"
-#include "ui/conditions/frmRuleAccountDesign.h"
-#include "ui/conditions/frmRuleDateDesign.h"
-#include "ui/conditions/frmRuleOptionsDesign.h"
-#include "ui/conditions/frmRulePeopleDesign.h"
-#include "ui/conditions/frmRuleWordsDesign.h"
+#include "ui/conditions/frmRuleAccount.h"
+#include "ui/conditions/frmRuleDate.h"
+#include "ui/conditions/frmRuleOptions.h"
+#include "ui/conditions/frmRulePeople.h"
+#include "ui/conditions/frmRuleWords.h"
 
 #include <gtest/gtest.h>
 

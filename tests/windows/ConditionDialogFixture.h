@@ -28,7 +28,7 @@ class ConditionDialog : public ComponentTest {
 protected:
     /// Shows the condition's dialog on this thread's rule, and plays in it.
     void playDialog(const Condition &condition, Script script) {
-        if (!ruleUI) {
+        if (!sessionOwner) {
             openSession();
         }
         whenShown(condition.window, std::move(script));
@@ -36,7 +36,7 @@ protected:
     }
     /// The same with the options of the condition `kind`.
     void playOptions(const std::u16string &kind, Script script) {
-        if (!ruleUI) {
+        if (!sessionOwner) {
             openSession();
         }
         whenShown(u"frmRuleOptions", std::move(script));

@@ -29,9 +29,9 @@ protected:
         showConditionOptions(kind);
     }
     void openSession() {
-        if (!ruleUI) {
-            ruleUI = std::make_unique<RuleUI>(platform);
-            ASSERT_TRUE(ruleUI->OpenRules());
+        if (!sessionOwner) {
+            sessionOwner = std::make_unique<SessionOwner>(platform);
+            ASSERT_TRUE(sessionOwner->OpenRules());
         }
     }
     /// Whether the widgets of the buttons are all enabled, or all disabled.

@@ -172,8 +172,8 @@ TEST_F(DateDialogOnScreen, MonthEndsLeapDaysAndTheOutermostDaysAreTyped) {
         });
         const std::u16string day = written;
         EXPECT_EQ(range(), day + u" 08:30:00," + day + u" 17:00:00");
-        ruleUI->release();
-        ruleUI.reset();
+        sessionOwner->release();
+        sessionOwner.reset();
     }
 }
 
@@ -222,8 +222,8 @@ TEST_F(DateDialogOnScreen, EscTheAccessKeyAndTheFrameLeaveTheRangeAlone) {
         });
         EXPECT_EQ(range(), stored);
         EXPECT_TRUE(session().blnChanged);
-        ruleUI->release();
-        ruleUI.reset();
+        sessionOwner->release();
+        sessionOwner.reset();
     }
 }
 
@@ -242,8 +242,8 @@ TEST_F(DateDialogOnScreen, TabWalksThePickersInTheirOrder) {
         EXPECT_EQ(QApplication::focusWidget(), &field(user, u"ToTime"));
         user.press(Key::escape);
     });
-    ruleUI->release();
-    ruleUI.reset();
+    sessionOwner->release();
+    sessionOwner.reset();
     playDialog(u"", [](QtUser &user) {
         EXPECT_EQ(user.tabOrder(), (Texts{u"FromDate", u"ToDate", u"cmdOK", u"cmdCancel"}));
         user.press(Key::escape);

@@ -49,8 +49,8 @@ protected:
     void begin(const std::u16string &list) {
         closeSession();
         breakage.list = list;
-        ruleUI = std::make_unique<RuleUI>(breakable);
-        ASSERT_TRUE(ruleUI->OpenRules());
+        sessionOwner = std::make_unique<SessionOwner>(breakable);
+        ASSERT_TRUE(sessionOwner->OpenRules());
         session().strUserID = u"1";
         RuleState &rule = ruleState();
         rule = RuleState();

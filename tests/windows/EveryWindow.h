@@ -62,8 +62,8 @@ protected:
             checked(u"frmRules");
         });
         showRules(toText(whole));
-        ruleUI->release();
-        ruleUI.reset();
+        sessionOwner->release();
+        sessionOwner.reset();
     }
 
     /// What waits for a choice or for a text gets it.

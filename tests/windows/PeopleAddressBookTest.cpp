@@ -11,7 +11,7 @@ class PeopleFromAddressBook : public ConditionDialog {
 protected:
     /// Presses Address Book once, in the name of `userId`, and leaves by Cancel.
     void choose(const std::u16string &userId = u"7", const Script &afterwards = {}) {
-        if (!ruleUI) {
+        if (!sessionOwner) {
             openSession();
         }
         session().strUserID = userId;

@@ -1,7 +1,7 @@
 // The designs of the rules window and of the rule editor, control by control.
 #include "tests/support/DesignTable.h"
-#include "ui/rules/frmRuleEditDesign.h"
-#include "ui/rules/frmRulesDesign.h"
+#include "ui/rules/frmRuleEdit.h"
+#include "ui/rules/frmRules.h"
 
 #include <gtest/gtest.h>
 

@@ -23,14 +23,14 @@ protected:
         EXPECT_EQ(play.problems(), std::vector<std::string>());
         EXPECT_EQ(play.pendingScripts(), 0U);
         EXPECT_EQ(utility.logTexts(), Texts());
-        if (ruleUI) {
-            ruleUI->release();
+        if (sessionOwner) {
+            sessionOwner->release();
         }
     }
 
     std::int32_t showRules(const std::u16string &ruleId) {
-        ruleUI = std::make_unique<RuleUI>(platform);
-        return ruleUI->ShowRules(u"1", ruleId);
+        sessionOwner = std::make_unique<SessionOwner>(platform);
+        return sessionOwner->ShowRules(u"1", ruleId);
     }
     std::int32_t playRules(OnScreen script) {
         play.whenShown(u"frmRuleEdit", [](QtUser &user) { user.press(Key::escape); });
@@ -52,7 +52,7 @@ protected:
     QtPlay play;
     qt::QtToolkit toolkit;
     TestPlatform platform{utility, toolkit, database.provider()};
-    std::unique_ptr<RuleUI> ruleUI;
+    std::unique_ptr<SessionOwner> sessionOwner;
 };
 
 } // namespace kvex::test

@@ -237,8 +237,8 @@ TEST_F(WindowsOnScreen, TheDescriptionCanBeReadOnLightAndDarkThemes) {
             EXPECT_EQ(coloured, static_cast<int>(std::string(" (as SMS Command) STOP").size()));
             user.press(Key::escape);
         });
-        ruleUI->release();
-        ruleUI.reset();
+        sessionOwner->release();
+        sessionOwner.reset();
     }
     QApplication::setPalette(usual);
 }

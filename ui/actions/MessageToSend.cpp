@@ -1,6 +1,6 @@
 #include "ui/actions/MessageToSend.h"
 
-#include "component/Session.h"
+#include "component/session/Session.h"
 #include "platform/Text.h"
 #include "ui/ListColumns.h"
 
@@ -28,7 +28,7 @@ void MessageToSend::listAccounts(AccountUse use, const std::u16string &storedAcc
     }
 }
 
-/// Counts UTF-16 units, a line break as two. There is no limit: the count is shown only.
+/// Counts UTF-16 units; a line break has two. The count is only shown, and nothing limits the text.
 void MessageToSend::textChanged() {
     session().blnChanged = true;
     const std::size_t length = text_.text().size();
@@ -69,4 +69,36 @@ std::u16string MessageToSend::account() const {
     return accounts_.key(chosenRow_).substr(keyPrefix.size());
 }
 
+namespace design {
+
+ControlDesign messageText(std::u16string name) {
+    return {.kind = ControlKind::richTextBox, .name = std::move(name), .columns = 48, .lines = 4};
+}
+
+ControlDesign characterCount() {
+    return {.kind = ControlKind::textBox,
+            .name = u"txtCharCount",
+            .caption = u"0",
+            .readOnly = true,
+            .columns = 8};
+}
+
+ControlDesign outAccounts() {
+    return {.kind = ControlKind::listView,
+            .name = u"lvwOutAccount",
+            .checkBoxes = true,
+            .emptyText = u"The server's accounts appear here.",
+            .imageList = u"imgListIcons",
+            .rowPicture = accountPicture,
+            .columns = 48,
+            .lines = 4};
+}
+
+ControlDesign listIcons() {
+    return {.kind = ControlKind::imageList,
+            .name = u"imgListIcons",
+            .pictures = {Picture::account, Picture::person}};
+}
+
+} // namespace design
 } // namespace kvex

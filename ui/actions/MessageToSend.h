@@ -1,11 +1,11 @@
-// What a reply and an alert have in common: a text, its length, and the one account through which
-// it is sent.
+// What a reply and an alert share: a text, its length, and the one account that sends it.
 #pragma once
 
 #include "platform/controls/CommandButton.h"
 #include "platform/controls/ListView.h"
 #include "platform/controls/RichTextBox.h"
 #include "platform/controls/TextBox.h"
+#include "platform/controls/WindowDesign.h"
 #include "ui/Accounts.h"
 
 #include <string>
@@ -16,22 +16,22 @@ class MessageToSend {
 public:
     MessageToSend(RichTextBox &text, TextBox &count, ListView &accounts, CommandButton &ok);
 
-    /// Lists the accounts for `use` and ticks `storedAccount`, an id, unless it is blank. Fails
-    /// with elementNotFound when that account is not listed.
+    /// Lists the accounts for `use`. Ticks the account whose id is `storedAccount`, unless that is
+    /// blank. Fails with elementNotFound when the list has no such account.
     void listAccounts(AccountUse use, const std::u16string &storedAccount);
-    /// Shows the text's length, and enables `ok` while there is a text. Sets the session's change
-    /// flag; so does accountTicked.
+    /// Shows the length of the text, and enables `ok` while there is a text. Sets the session's
+    /// change flag, as accountTicked does.
     void textChanged();
-    /// The user ticked or unticked the row: one account at most is ticked.
+    /// Call it when the user ticks or unticks the row. It keeps at most one account ticked.
     void accountTicked(int row);
 
     [[nodiscard]] bool isBlank() const;
-    /// Takes the first ticked account as the chosen one; false, and the choice before stays, when
-    /// none is ticked.
+    /// Chooses the first ticked account. When none is ticked, gives false and keeps the choice
+    /// before.
     [[nodiscard]] bool chooseAccount();
 
     [[nodiscard]] std::u16string text() const { return text_.text(); }
-    /// The chosen account's id. Fails with objectNotSet before a choice.
+    /// The id of the chosen account. Fails with objectNotSet before a choice.
     [[nodiscard]] std::u16string account() const;
 
 private:
@@ -39,8 +39,25 @@ private:
     TextBox &count_;
     ListView &accounts_;
     CommandButton &ok_;
-    /// 0 before a choice.
+    /// The row of the chosen account, or 0 before a choice.
     int chosenRow_ = 0;
 };
+
+/// The controls that both dialogs share.
+namespace design {
+
+/// Where the message is typed.
+[[nodiscard]] ControlDesign messageText(std::u16string name);
+/// The length of the message; a label names it.
+[[nodiscard]] ControlDesign characterCount();
+/// The list of accounts. The user ticks one. Its pictures are those of listIcons.
+[[nodiscard]] ControlDesign outAccounts();
+
+/// The pictures of accounts and of people. A list names them by position.
+[[nodiscard]] ControlDesign listIcons();
+inline constexpr int accountPicture = 1;
+inline constexpr int personPicture = 2;
+
+} // namespace design
 
 } // namespace kvex

@@ -1,4 +1,4 @@
-// The alert action: a text, the account through which it is sent, and its recipients.
+// The alert action: a text, the account that sends it, and its recipients.
 #pragma once
 
 #include "platform/controls/CommandButton.h"
@@ -11,7 +11,7 @@
 
 namespace kvex {
 
-/// Edits the alert of this thread's rule; OK writes it.
+/// Edits the alert of this thread's rule. OK writes it.
 class frmRuleAlert final : public Form {
 public:
     frmRuleAlert();
@@ -39,5 +39,8 @@ private:
     MessageToSend alert_;
     EntryList recipients_;
 };
+
+/// What the window looks like.
+[[nodiscard]] WindowDesign frmRuleAlertDesign();
 
 } // namespace kvex

@@ -1,20 +1,20 @@
 #include "ui/actions/frmRuleDistribute.h"
 
-#include "component/ErrorTrap.h"
-#include "component/Session.h"
+#include "component/session/ErrorTrap.h"
+#include "component/session/Session.h"
 #include "platform/Text.h"
+#include "platform/controls/DesignPieces.h"
 #include "rules/Lookups.h"
 #include "rules/RuleState.h"
 #include "ui/EntryList.h"
 #include "ui/ListColumns.h"
-#include "ui/actions/frmRuleDistributeDesign.h"
 
 namespace kvex {
 namespace {
 
 constexpr std::u16string_view module = u"frmRuleDistribute";
 
-/// The sub-item of a row.
+/// The sub-item that holds a user's id.
 constexpr int idItem = 1;
 
 void addUser(ListView &list, const std::u16string &name, const std::u16string &id) {
@@ -22,6 +22,54 @@ void addUser(ListView &list, const std::u16string &name, const std::u16string &i
 }
 
 } // namespace
+
+namespace {
+
+ControlDesign users(std::u16string name, std::u16string emptyText) {
+    return {.kind = ControlKind::listView,
+            .name = std::move(name),
+            .multiSelect = true,
+            .emptyText = std::move(emptyText),
+            .imageList = u"imgListIcons",
+            .rowPicture = 1,
+            .columns = 30,
+            .lines = 12};
+}
+
+} // namespace
+
+WindowDesign frmRuleDistributeDesign() {
+    using namespace design;
+    return {
+        .name = u"frmRuleDistribute",
+        .caption = u"Distribution List",
+        .controls =
+            {
+                label(u"Label2", u"Available users", u"lvwUsersSource"),
+                users(u"lvwUsersSource", u"The server's users appear here."),
+                button(u"cmdSelect", u"&Select ->"),
+                button(u"cmdAll", u"&All ->"),
+                button(u"cmdRemove", u"&Remove"),
+                label(u"Label1", u"Selected users for distribution", u"lvwUsersSelected"),
+                users(u"lvwUsersSelected", u"The users that you select appear here."),
+                separator(),
+                waiting(okButton(), u"Select a user first"),
+                cancelButton(),
+                {.kind = ControlKind::imageList,
+                 .name = u"imgListIcons",
+                 .pictures = {Picture::person}},
+            },
+        .layout = aboveButtons({
+            row({column({place(u"Label2"), place(u"lvwUsersSource", 1)}, 1),
+                 column({spring(), place(u"cmdSelect"), place(u"cmdAll"), place(u"cmdRemove"),
+                         spring()}),
+                 column({place(u"Label1"), place(u"lvwUsersSelected", 1)}, 1)},
+                1),
+        }),
+        .columns = 84,
+        .lines = 24,
+    };
+}
 
 frmRuleDistribute::frmRuleDistribute()
     : Form(frmRuleDistributeDesign()), lvwUsersSource(control<ListView>(u"lvwUsersSource")),
@@ -38,7 +86,7 @@ frmRuleDistribute::frmRuleDistribute()
 
 void frmRuleDistribute::Form_Load() {
     trapErrors(u"Form_Load", module, [&] {
-        // Both before anything can fail: without columns no row would be seen.
+        // Both lists begin before anything can fail, because rows do not show without a column.
         beginList(lvwUsersSource, u"Available Users", {u"ID"});
         beginList(lvwUsersSelected, u"Selected Users", {u"ID"});
         listUsers();
@@ -66,8 +114,8 @@ void frmRuleDistribute::Form_Load() {
     });
 }
 
-/// Every user but the built-in one, in the record set's order; one without a name is none that
-/// could be offered.
+/// Lists every user except the built-in one, in the order of the record set. A user without a name
+/// is left out.
 void frmRuleDistribute::listUsers() {
     Recordset &rsUsers = *session().rsUsers;
     for (rsUsers.moveFirst(); !rsUsers.eof(); rsUsers.moveNext()) {

@@ -7,7 +7,7 @@
 
 namespace kvex {
 
-/// Edits the distribution list of this thread's rule; OK alone writes it.
+/// Edits the distribution list of this thread's rule. Only OK writes it.
 class frmRuleDistribute final : public Form {
 public:
     frmRuleDistribute();
@@ -30,5 +30,8 @@ private:
     ListView &lvwUsersSelected;
     CommandButton &cmdOK;
 };
+
+/// What the window looks like.
+[[nodiscard]] WindowDesign frmRuleDistributeDesign();
 
 } // namespace kvex

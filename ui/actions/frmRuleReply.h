@@ -1,4 +1,4 @@
-// The reply action: a text, and the account through which it is sent.
+// The reply action: a text, and the account that sends it.
 #pragma once
 
 #include "platform/controls/CommandButton.h"
@@ -9,7 +9,7 @@
 
 namespace kvex {
 
-/// Edits the reply of this thread's rule; OK alone writes it.
+/// Edits the reply of this thread's rule. Only OK writes it.
 class frmRuleReply final : public Form {
 public:
     frmRuleReply();
@@ -26,5 +26,8 @@ private:
     ListView &lvwOutAccount;
     MessageToSend reply_;
 };
+
+/// What the window looks like.
+[[nodiscard]] WindowDesign frmRuleReplyDesign();
 
 } // namespace kvex

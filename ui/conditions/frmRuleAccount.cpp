@@ -1,14 +1,13 @@
 #include "ui/conditions/frmRuleAccount.h"
 
-#include "component/ErrorTrap.h"
-#include "component/Session.h"
+#include "component/session/ErrorTrap.h"
+#include "component/session/Session.h"
 #include "platform/Text.h"
+#include "platform/controls/DesignPieces.h"
 #include "rules/Lookups.h"
 #include "rules/RuleState.h"
 #include "ui/Accounts.h"
 #include "ui/ListColumns.h"
-#include "ui/conditions/ConditionHeadings.h"
-#include "ui/conditions/frmRuleAccountDesign.h"
 #include "ui/conditions/frmRuleOptions.h"
 
 namespace kvex {
@@ -16,10 +15,56 @@ namespace {
 
 constexpr std::u16string_view module = u"frmRuleAccount";
 
-/// The sub-item of a row.
+/// The sub-item that holds an account's id.
 constexpr int idItem = 1;
 
 } // namespace
+
+WindowDesign frmRuleAccountDesign() {
+    using namespace design;
+    const std::u16string accountAwaited = u"Add an account first";
+    const auto withHint = [&](ControlDesign control) {
+        control.disabledHint = accountAwaited;
+        return control;
+    };
+    return {
+        .name = u"frmRuleAccount",
+        .caption = u"Select Accounts",
+        .controls =
+            {
+                {.kind = ControlKind::listView,
+                 .name = u"lvwAccountSource",
+                 .emptyText = u"The server's accounts appear here.",
+                 .columns = 44,
+                 .lines = 6},
+                cancelButton(),
+                withHint(plainOkButton()),
+                byEnter(button(u"cmdAdd", u"&Add")),
+                withHint(button(u"cmdRemove", u"&Remove")),
+                withHint(button(u"cmdOptions", u"O&ptions")),
+                withHint(button(u"cmdClear", u"Clear &List")),
+                separator(),
+                {.kind = ControlKind::listView,
+                 .name = u"lvwAccountSelected",
+                 .accessibleName = u"Selected Accounts",
+                 .columns = 44,
+                 .lines = 6},
+                hint(u"Label4", u"Select an Account below and click Add"),
+                label(u"Label1", u"&Accounts", u"lvwAccountSource"),
+            },
+        .layout = aboveButtons({
+            place(u"Label4"),
+            place(u"Label1"),
+            row({column({place(u"lvwAccountSource", 1), place(u"lvwAccountSelected", 1)}, 1),
+                 // Each half stands beside its list.
+                 column({buttonColumn({u"cmdAdd"}, 1),
+                         buttonColumn({u"cmdRemove", u"cmdClear", u"cmdOptions"}, 1)})},
+                1),
+        }),
+        .columns = 68,
+        .lines = 28,
+    };
+}
 
 frmRuleAccount::frmRuleAccount()
     : Form(frmRuleAccountDesign()), lvwAccountSource(control<ListView>(u"lvwAccountSource")),
@@ -37,7 +82,8 @@ frmRuleAccount::frmRuleAccount()
 
 void frmRuleAccount::Form_Load() {
     trapErrors(u"Form_Load()", module, [&] {
-        // Both before what can fail: an account added after that still counts.
+        // Both lists begin before anything can fail, because the user may still add accounts after
+        // a failure.
         beginList(lvwAccountSource, u"Available Accounts", {u"AccountID"});
         beginList(lvwAccountSelected, u"Selected Accounts", {u"AccountID"});
         lvwAccountSelected.addRow(condition_heading::accounts);

@@ -1,4 +1,4 @@
-// The account condition: the accounts that a message is received through.
+// The account condition: the accounts through which a message may come.
 #pragma once
 
 #include "platform/controls/ListView.h"
@@ -7,8 +7,8 @@
 
 namespace kvex {
 
-/// Edits the accounts of this thread's rule: written by OK, and by Options before its dialog
-/// opens.
+/// Edits the accounts of this thread's rule. OK writes them, and Options writes them before its
+/// dialog opens.
 class frmRuleAccount final : public Form {
 public:
     frmRuleAccount();
@@ -28,5 +28,8 @@ private:
     ListView &lvwAccountSelected;
     EntryList accounts_;
 };
+
+/// What the window looks like.
+[[nodiscard]] WindowDesign frmRuleAccountDesign();
 
 } // namespace kvex

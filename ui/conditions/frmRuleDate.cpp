@@ -1,12 +1,12 @@
 #include "ui/conditions/frmRuleDate.h"
 
-#include "component/ErrorTrap.h"
-#include "component/Session.h"
+#include "component/session/ErrorTrap.h"
+#include "component/session/Session.h"
 #include "platform/Text.h"
+#include "platform/controls/DesignPieces.h"
 #include "rules/InputHelpers.h"
 #include "rules/RuleState.h"
 #include "rules/StoredMoment.h"
-#include "ui/conditions/frmRuleDateDesign.h"
 
 #include <algorithm>
 
@@ -29,13 +29,14 @@ std::u16string GetTimeString(const DTPicker &picker) {
            twoDigits(picker.second());
 }
 
-/// The number in `length` characters of `text`, from the `position`th on. Where the text ends
-/// before, there is none.
+/// The number that `length` characters of `text` hold, from the character at `position` on. The
+/// first position is 1. Fails where `text` is too short to hold a number there.
 int numberAt(std::u16string_view text, std::size_t position, std::size_t length) {
     return toInt32(text.substr(std::min(position - 1, text.size()), length));
 }
 
-/// No moment yet: once the date is ticked it is today, at the time that the picker shows at first.
+/// Starts without a moment. When the user ticks the date, it is today, and the time is the one that
+/// the picker showed at first.
 void startEmpty(DTPicker &date, DTPicker &time, std::u16string &savedTime) {
     date.setToday();
     savedTime = GetTimeString(time);
@@ -44,9 +45,9 @@ void startEmpty(DTPicker &date, DTPicker &time, std::u16string &savedTime) {
     time.setEnabled(false);
 }
 
-/// "yyyymmdd hh:mm:ss". Each part is read when it is its turn: what stands before a part that
-/// cannot be read is shown. The date is set as a whole, as its day may not exist in the month
-/// that the picker showed.
+/// Shows a moment of the form "yyyymmdd hh:mm:ss". Each part is read just before it is shown, so
+/// the parts before an unreadable one are shown. The date is set in one step, because its day may
+/// not exist in the month that the picker showed.
 void showMoment(std::u16string_view stored, DTPicker &date, DTPicker &time) {
     const int year = numberAt(stored, 1, 4);
     const int month = numberAt(stored, 5, 2);
@@ -56,8 +57,8 @@ void showMoment(std::u16string_view stored, DTPicker &date, DTPicker &time) {
     time.setSecond(numberAt(stored, 16, 2));
 }
 
-/// The time follows its date: without one it is put aside, and every change of the date brings
-/// the time back that was put aside last.
+/// Lets the time follow its date. Without a date, the time is saved and emptied. Every change of
+/// the date brings the saved time back.
 void followDate(const DTPicker &date, DTPicker &time, std::u16string &savedTime) {
     session().blnChanged = true;
     if (!date.hasValue()) {
@@ -76,7 +77,7 @@ void followDate(const DTPicker &date, DTPicker &time, std::u16string &savedTime)
     }
 }
 
-/// Whether there is a date; if not, the user has been told.
+/// Whether there is a date. If there is none, the user has been told.
 bool readMoment(const DTPicker &date, const DTPicker &time, std::u16string &dateText,
                 std::u16string &timeText) {
     dateText.clear();
@@ -93,6 +94,66 @@ bool readMoment(const DTPicker &date, const DTPicker &time, std::u16string &date
 }
 
 } // namespace
+
+namespace {
+
+ControlDesign datePicker(std::u16string name, std::u16string accessibleName) {
+    return {.kind = ControlKind::datePicker,
+            .name = std::move(name),
+            .accessibleName = std::move(accessibleName),
+            .format = u"dd/MM/yyy"};
+}
+
+ControlDesign timePicker(std::u16string name, std::u16string accessibleName,
+                         std::u16string disabledHint) {
+    return {.kind = ControlKind::timePicker,
+            .name = std::move(name),
+            .disabledHint = std::move(disabledHint),
+            .accessibleName = std::move(accessibleName),
+            .format = u"HH:mm:ss"};
+}
+
+ControlDesign lastSecondOfTheDay(ControlDesign picker) {
+    picker.hour = 23;
+    picker.minute = 59;
+    picker.second = 59;
+    return picker;
+}
+
+} // namespace
+
+WindowDesign frmRuleDateDesign() {
+    using namespace design;
+    return {
+        .name = u"frmRuleDate",
+        .caption = u"Select Date/Time Range",
+        .controls =
+            {
+                {.kind = ControlKind::frame, .name = u"Frame1"},
+                label(u"Label1", u"Message is received between", u"FromDate"),
+                datePicker(u"FromDate", u"From Date"),
+                timePicker(u"FromTime", u"From Time", u"Tick the From Date first"),
+                label(u"lblTime", u"and", u"ToDate"),
+                datePicker(u"ToDate", u"To Date"),
+                lastSecondOfTheDay(timePicker(u"ToTime", u"To Time", u"Tick the To Date first")),
+                okButton(),
+                cancelButton(),
+            },
+        .layout = column({
+            scrolling({
+                placeFrame(u"Frame1",
+                           {
+                               place(u"Label1"),
+                               row({place(u"FromDate"), place(u"FromTime"), spring()}),
+                               place(u"lblTime"),
+                               row({place(u"ToDate"), place(u"ToTime"), spring()}),
+                           }),
+                spring(),
+            }),
+            row({spring(), place(u"cmdOK"), place(u"cmdCancel")}),
+        }),
+    };
+}
 
 frmRuleDate::frmRuleDate()
     : Form(frmRuleDateDesign()), FromDate(control<DTPicker>(u"FromDate")),
@@ -136,8 +197,8 @@ void frmRuleDate::ToTime_Change() {
     session().blnChanged = true;
 }
 
-/// Dates and times are written with their largest part first: as texts they stand in the order
-/// of time, and no time before any.
+/// Dates and times begin with their largest unit, so they compare as texts. An empty time is before
+/// every other time.
 bool frmRuleDate::ValidateDates() {
     if (!readMoment(FromDate, FromTime, strFromDate, strFromTime) ||
         !readMoment(ToDate, ToTime, strToDate, strToTime)) {

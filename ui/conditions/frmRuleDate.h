@@ -1,4 +1,4 @@
-// The dialog of the date and time condition: the moments between which a message is received.
+// The date and time condition: the range of time in which a message must arrive.
 #pragma once
 
 #include "platform/controls/DTPicker.h"
@@ -21,7 +21,7 @@ private:
     void ToTime_Change();
     void cmdOK_Click();
     void cmdCancel_Click();
-    /// Whether the pickers hold a range; if not, the user has been told why.
+    /// Whether the pickers hold a range. If they do not, the user has been told why.
     [[nodiscard]] bool ValidateDates();
     void BuildString();
 
@@ -30,14 +30,17 @@ private:
     DTPicker &ToDate;
     DTPicker &ToTime;
 
-    /// The range as ValidateDates read it: "yyyymmdd" and "hh:mm:ss", or "" for no value.
+    /// The range that ValidateDates has read: "yyyymmdd" and "hh:mm:ss", or "" for no value.
     std::u16string strFromDate;
     std::u16string strFromTime;
     std::u16string strToDate;
     std::u16string strToTime;
-    /// The time that a picker showed before it was emptied, which a change of its date brings back.
+    /// The time that a picker showed before it was emptied. A change of its date brings it back.
     std::u16string strSavedFromTime;
     std::u16string strSavedToTime;
 };
+
+/// What the window looks like.
+[[nodiscard]] WindowDesign frmRuleDateDesign();
 
 } // namespace kvex

@@ -1,12 +1,11 @@
 #include "ui/conditions/frmRuleOptions.h"
 
-#include "component/Session.h"
+#include "component/session/Session.h"
 #include "platform/Text.h"
+#include "platform/controls/DesignPieces.h"
 #include "rules/Lookups.h"
 #include "ui/EntryList.h"
 #include "ui/ListColumns.h"
-#include "ui/conditions/ConditionHeadings.h"
-#include "ui/conditions/frmRuleOptionsDesign.h"
 
 #include <algorithm>
 #include <array>
@@ -26,7 +25,7 @@ std::u16string asItIs(std::u16string_view entry) {
 
 } // namespace
 
-/// One condition with its modifiers. A date has no list; its captions are the designed ones.
+/// A condition with its modifiers. A date has no list and keeps the captions of the design.
 struct frmRuleOptions::Kind {
     std::u16string_view runFor;
     Flag isNot;
@@ -78,6 +77,68 @@ const frmRuleOptions::Kind *frmRuleOptions::kind() const {
     return found == kinds.end() ? nullptr : found;
 }
 
+namespace {
+
+ControlDesign option(const std::u16string &group, const std::u16string &member,
+                     std::u16string caption, bool selected) {
+    return {.kind = ControlKind::optionButton,
+            .name = group + u"(" + member + u")",
+            .caption = std::move(caption),
+            .disabledHint = u"Any one of the entries is enough here",
+            .group = group,
+            .selected = selected};
+}
+
+} // namespace
+
+WindowDesign frmRuleOptionsDesign() {
+    using namespace design;
+    ControlDesign cancel = cancelButton();
+    cancel.name = u"cmdcancel";
+    return {
+        .name = u"frmRuleOptions",
+        .caption = u"Rule Condition Options",
+        .controls =
+            {
+                {.kind = ControlKind::frame, .name = u"Frame3"},
+                option(u"opgAllAnyModifier", u"0", u"Message matches all of the words below",
+                       false),
+                option(u"opgAllAnyModifier", u"1", u"Message matches any of the words below", true),
+                {.kind = ControlKind::frame, .name = u"Frame2"},
+                option(u"opgConNotmodifier", u"0", u"Message contains the words below", true),
+                option(u"opgConNotmodifier", u"1", u"Message does not contain the words below",
+                       false),
+                separator(),
+                cancel,
+                okButton(),
+                {.kind = ControlKind::listView,
+                 .name = u"lvwRuleCondition",
+                 .columns = 44,
+                 .lines = 8},
+                label(u"Label5", u""),
+                label(u"Label1", u"Rule Condition", u"lvwRuleCondition"),
+                label(u"Label3", u""),
+                label(u"Label2", u"Apply Rule if"),
+                hint(u"Label4", u"You can further customize this condition by setting the options "
+                                u"below"),
+            },
+        .layout = aboveButtons(
+            {
+                place(u"Label4"),
+                row({place(u"Label2"), place(u"Label3", 1)}),
+                placeFrame(u"Frame3", {column({place(u"opgAllAnyModifier(0)"),
+                                               place(u"opgAllAnyModifier(1)")})}),
+                placeFrame(u"Frame2", {column({place(u"opgConNotmodifier(0)"),
+                                               place(u"opgConNotmodifier(1)")})}),
+                row({place(u"Label1"), place(u"Label5", 1)}),
+                place(u"lvwRuleCondition", 1),
+            },
+            u"cmdOK", u"cmdcancel"),
+        .columns = 64,
+        .lines = 28,
+    };
+}
+
 frmRuleOptions::frmRuleOptions()
     : Form(frmRuleOptionsDesign()),
       opgAllAnyModifier{control<OptionButton>(u"opgAllAnyModifier(0)"),
@@ -103,7 +164,8 @@ void frmRuleOptions::Form_Load() {
     describe(*condition);
     RuleState &rule = ruleState();
     opgConNotmodifier.select(rule.*condition->isNot == 0);
-    // Only words can be required all together, and only where they are no command.
+    // A rule can require all of its words, unless they are a command. No other list can be required
+    // as a whole.
     if (condition->entries != &RuleState::strWords) {
         disableAllAny();
         return;
@@ -116,7 +178,7 @@ void frmRuleOptions::Form_Load() {
     }
 }
 
-/// Captions and list of the condition.
+/// Shows the captions and the list of the condition.
 void frmRuleOptions::describe(const Kind &kind) {
     opgConNotmodifier.first.setCaption(kind.con);
     opgConNotmodifier.second.setCaption(kind.not_);

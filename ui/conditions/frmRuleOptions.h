@@ -1,5 +1,5 @@
-// The options of a list condition: whether the message must match the list or must not, and all
-// of its entries or any one.
+// The options of a list condition. A message must match the list or must not match it, with all of
+// the entries or with any one.
 #pragma once
 
 #include "platform/controls/ListView.h"
@@ -9,13 +9,19 @@
 
 namespace kvex {
 
-/// OK writes the two modifiers of the condition into this thread's rule.
+/// How the sentence of a condition begins. A heading row above its entries says it.
+namespace condition_heading {
+inline constexpr const char16_t *people = u"Where the message is from ";
+inline constexpr const char16_t *accounts = u"Where the message is received through ";
+inline constexpr const char16_t *words = u"Where the message contains the words ";
+} // namespace condition_heading
+
+/// OK writes both modifiers of the condition into this thread's rule.
 class frmRuleOptions final : public Form {
 public:
     frmRuleOptions();
 
-    /// In: "PEOPLE", "ACCOUNT", "WORD" or "DATE", to the letter; anything else configures and
-    /// stores nothing.
+    /// In: "PEOPLE", "ACCOUNT", "WORD" or "DATE", exactly. Any other text shows and stores nothing.
     std::u16string RunFor;
 
 private:
@@ -30,7 +36,7 @@ private:
     void describe(const Kind &kind);
     void disableAllAny();
 
-    /// The members 0 and 1 of a group.
+    /// The two buttons of a group, with the indexes 0 and 1.
     struct Choice {
         OptionButton &first, &second;
         void select(bool isFirst) { (isFirst ? first : second).select(); }
@@ -42,5 +48,8 @@ private:
 
 /// Shows the options of the condition `runFor`.
 void showConditionOptions(const std::u16string &runFor);
+
+/// What the window looks like.
+[[nodiscard]] WindowDesign frmRuleOptionsDesign();
 
 } // namespace kvex

@@ -1,15 +1,14 @@
 #include "ui/conditions/frmRulePeople.h"
 
-#include "component/ErrorTrap.h"
-#include "component/Session.h"
+#include "component/session/ErrorTrap.h"
+#include "component/session/Session.h"
 #include "platform/Text.h"
+#include "platform/controls/DesignPieces.h"
 #include "rules/InputHelpers.h"
 #include "rules/RuleState.h"
 #include "ui/AddressBookExchange.h"
 #include "ui/ListColumns.h"
-#include "ui/conditions/ConditionHeadings.h"
 #include "ui/conditions/frmRuleOptions.h"
-#include "ui/conditions/frmRulePeopleDesign.h"
 
 namespace kvex {
 namespace {
@@ -17,6 +16,45 @@ namespace {
 constexpr std::u16string_view module = u"frmRulePeople";
 
 } // namespace
+
+WindowDesign frmRulePeopleDesign() {
+    using namespace design;
+    const std::u16string numberAwaited = u"Add a mobile number first";
+    return {
+        .name = u"frmRulePeople",
+        .caption = u"Select People",
+        .controls =
+            {
+                separator(),
+                waitingButton(u"cmdClear", u"Clear &List", numberAwaited),
+                waitingButton(u"cmdOptions", u"Op&tions", numberAwaited),
+                waitingButton(u"cmdRemove", u"&Remove", numberAwaited),
+                button(u"cmdAddressBook", u"Address &Book"),
+                byEnter(waitingButton(u"cmdAdd", u"&Add", u"Type a mobile number first")),
+                waiting(plainOkButton(), numberAwaited),
+                cancelButton(),
+                {.kind = ControlKind::textBox, .name = u"txtMobileNo", .maxLength = 20},
+                {.kind = ControlKind::listView,
+                 .name = u"lvwPeople",
+                 .accessibleName = u"Selected people",
+                 .columns = 44,
+                 .lines = 10},
+                label(u"Label1", u"&People", u"txtMobileNo"),
+                hint(u"Label4", u"Type one mobile number at a time and click Add, or select "
+                                u"numbers from the Address Book"),
+            },
+        .layout = aboveButtons({
+            place(u"Label4"),
+            place(u"Label1"),
+            row({column({place(u"txtMobileNo"), place(u"lvwPeople", 1)}, 1),
+                 buttonColumn(
+                     {u"cmdAdd", u"cmdAddressBook", u"cmdRemove", u"cmdClear", u"cmdOptions"})},
+                1),
+        }),
+        .columns = 74,
+        .lines = 24,
+    };
+}
 
 frmRulePeople::frmRulePeople()
     : Form(frmRulePeopleDesign()), cmdAdd(control<CommandButton>(u"cmdAdd")),
@@ -69,7 +107,7 @@ void frmRulePeople::cmdAdd_Click() {
 }
 
 void frmRulePeople::cmdAddressBook_Click() {
-    // Logged under the editor's name: readers of the log look for it there.
+    // The log uses the name of the editor, because readers of the log look for it there.
     trapErrors(u"cmdAddressBook_Click", u"frmRuleEdit", [&] { addFromAddressBook(numbers_); });
 }
 

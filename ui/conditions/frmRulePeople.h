@@ -1,4 +1,4 @@
-// The people condition: the mobile numbers that a message comes from.
+// The people condition: the mobile numbers from which a message may come.
 #pragma once
 
 #include "platform/controls/CommandButton.h"
@@ -9,7 +9,8 @@
 
 namespace kvex {
 
-/// Edits the numbers of this thread's rule: written by OK, and by Options before its dialog opens.
+/// Edits the numbers of this thread's rule. OK writes them, and Options writes them before its
+/// dialog opens.
 class frmRulePeople final : public Form {
 public:
     frmRulePeople();
@@ -32,5 +33,8 @@ private:
     ListView &lvwPeople;
     EntryList numbers_;
 };
+
+/// What the window looks like.
+[[nodiscard]] WindowDesign frmRulePeopleDesign();
 
 } // namespace kvex

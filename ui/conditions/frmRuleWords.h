@@ -1,4 +1,4 @@
-// The words condition: words and phrases that a message contains.
+// The words condition: the words and phrases that a message contains.
 #pragma once
 
 #include "platform/controls/CheckBox.h"
@@ -10,8 +10,8 @@
 
 namespace kvex {
 
-/// Edits the words of this thread's rule: written by OK, and by Options before its dialog opens.
-/// Whether they are matched as a command is written at once.
+/// Edits the words of this thread's rule. OK writes them, and Options writes them before its dialog
+/// opens. The check box for commands writes to the rule at once.
 class frmRuleWords final : public Form {
 public:
     frmRuleWords();
@@ -34,5 +34,8 @@ private:
     ListView &lvwWords;
     EntryList words_;
 };
+
+/// What the window looks like.
+[[nodiscard]] WindowDesign frmRuleWordsDesign();
 
 } // namespace kvex

@@ -1,42 +1,65 @@
-// The conditions and actions that a rule is composed of: one row each of the editor's lists.
+// The conditions and actions of a rule. Each is one row of a table, and one row of the editor's
+// lists.
 #pragma once
 
 #include "rules/RuleState.h"
 
 #include <span>
+#include <string>
 
 namespace kvex {
 
-/// Positions of the rows.
-namespace condition_row {
-inline constexpr int ignoreIfService = 1;
-inline constexpr int dateTime = 5;
-inline constexpr int allMessages = 6;
-} // namespace condition_row
+/// The name of a part in code. A part's position is its row in the table, and may change.
+enum class RulePartId {
+    ignoreIfService,
+    people,
+    accounts,
+    words,
+    dateTime,
+    allMessages,
+    distribute,
+    reply,
+    alert,
+    deleteIt,
+    ignoreFurtherRules,
+    count
+};
 
-namespace action_row {
-inline constexpr int deleteIt = 4;
-inline constexpr int ignoreFurtherRules = 5;
-} // namespace action_row
+/// How the user edits the values of a part.
+struct PartDialog {
+    /// The values in a few words, for the hint of the button that opens the dialog.
+    const char16_t *values = nullptr;
+    /// Whether the rule has all values of the part.
+    bool (*complete)(const RuleState &rule) = nullptr;
+    /// What the user is told when it does not.
+    const char16_t *incompleteText = nullptr;
+    /// Shows the dialog until the user closes it.
+    void (*show)() = nullptr;
+};
 
 struct RulePart {
+    RulePartId id;
     /// The row's text.
     const char16_t *text;
-    /// Whether the rule holds it: its row is ticked.
+    /// Whether the rule holds the part. Its row is then ticked.
     bool (*held)(const RuleState &rule);
-    /// What unticking its row takes from the rule.
-    void (*clear)(RuleState &rule);
-    /// For a part with values: whether the rule has them all, what the user is told when it has
-    /// not, and what shows the dialog that edits them, until it is closed. Null for a part that is
-    /// only ticked.
-    bool (*complete)(const RuleState &rule) = nullptr;
-    const char16_t *incompleteText = nullptr;
-    void (*showDialog)() = nullptr;
+    /// Takes the tick of the row into the rule. Unticking removes the part's values.
+    void (*setTicked)(RuleState &rule, bool ticked);
+    /// Empty for a part without values.
+    PartDialog dialog{};
 
-    [[nodiscard]] bool hasDialog() const { return showDialog != nullptr; }
+    [[nodiscard]] constexpr bool hasDialog() const { return dialog.show != nullptr; }
+    void showDialog() const { dialog.show(); }
 };
 
 [[nodiscard]] std::span<const RulePart> ruleConditions();
 [[nodiscard]] std::span<const RulePart> ruleActions();
+
+/// The part's row in its list; the first row is 1.
+[[nodiscard]] int rowOf(RulePartId id);
+[[nodiscard]] const RulePart &rulePart(RulePartId id);
+
+/// The values that dialogs of `parts` edit, as in "people, words or date/time".
+[[nodiscard]] std::u16string editableValues(std::span<const RulePart> parts);
 
 } // namespace kvex

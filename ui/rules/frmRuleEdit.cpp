@@ -1,11 +1,10 @@
 #include "ui/rules/frmRuleEdit.h"
 
-#include "component/ErrorTrap.h"
-#include "component/Session.h"
+#include "component/session/ErrorTrap.h"
+#include "component/session/Session.h"
 #include "platform/Text.h"
 #include "rules/RuleDescription.h"
 #include "ui/ListColumns.h"
-#include "ui/rules/frmRuleEditDesign.h"
 
 #include <limits>
 
@@ -18,7 +17,7 @@ const RulePart &partOf(std::span<const RulePart> parts, int row) {
     return parts[static_cast<std::size_t>(row - 1)];
 }
 
-/// The list's one column, its rows, and the first of them selected.
+/// Fills the list with one column and a row for each part, and selects the first row.
 void fillList(ListView &list, const std::u16string &column, std::span<const RulePart> parts) {
     beginList(list, column);
     for (const RulePart &part : parts) {
@@ -52,7 +51,7 @@ frmRuleEdit::frmRuleEdit()
     lvwRuleConditions.onItemClick = [this](int row) { lvwRuleConditions_ItemClick(row); };
     lvwRuleActions.onItemCheck = [this](int row) { lvwRuleActions_ItemCheck(row); };
     lvwRuleActions.onItemClick = [this](int row) { lvwRuleActions_ItemClick(row); };
-    // A button is for the row that is selected.
+    // Each button works on the selected row, so it is disabled without one.
     lvwRuleConditions.onDeselect = [this] { cmdEditCondition.setEnabled(false); };
     lvwRuleActions.onDeselect = [this] { cmdConfigureAction.setEnabled(false); };
     onClick(u"cmdEditCondition", &frmRuleEdit::cmdEditCondition_Click);
@@ -78,12 +77,12 @@ void frmRuleEdit::Form_Load() {
         lvwRuleConditions_ItemClick(1);
         lvwRuleActions.select(1);
         lvwRuleActions_ItemClick(1);
-        // Discards what the rules window has set before, too.
+        // This also discards what the rules window has noted before.
         session().blnChanged = false;
     });
 }
 
-/// A new rule is named by the highest ID so far. Its own ID is the database's to give.
+/// Names a new rule after the highest ID so far. The database gives the rule its own ID.
 void frmRuleEdit::prepareNewRule() {
     ClearRuleData();
     window().setCaption(u"New Rule");
@@ -115,8 +114,9 @@ void frmRuleEdit::Populate_Data() {
 
 void frmRuleEdit::tickConditions() {
     if (ruleState().blnAllMessages) {
-        lvwRuleConditions.setChecked(condition_row::allMessages, true);
-        lvwRuleConditions_ItemCheck(condition_row::allMessages);
+        const int allMessages = rowOf(RulePartId::allMessages);
+        lvwRuleConditions.setChecked(allMessages, true);
+        lvwRuleConditions_ItemCheck(allMessages);
     } else {
         tickHeldParts(lvwRuleConditions, ruleConditions());
     }
@@ -127,23 +127,25 @@ void frmRuleEdit::tickActions() {
     lockFurtherRules(ruleState().varDelete == u"YES");
 }
 
-/// A deleted message is never handed to further rules: "Delete it" holds that row.
+/// The server never applies further rules to a deleted message, so "Delete it" locks that row.
 void frmRuleEdit::lockFurtherRules(bool locked) {
-    lvwRuleActions.setRowColour(action_row::ignoreFurtherRules,
+    lvwRuleActions.setRowColour(rowOf(RulePartId::ignoreFurtherRules),
                                 locked ? RowColour::greyText : RowColour::windowText);
 }
 
 void frmRuleEdit::lvwRuleConditions_ItemCheck(int Item) {
     RuleState &rule = ruleState();
-    const bool isSingle = Item != condition_row::allMessages;
-    if (isSingle && rule.blnAllMessages && lvwRuleConditions.checked(Item)) {
+    const int allMessages = rowOf(RulePartId::allMessages);
+    if (Item != allMessages && rule.blnAllMessages && lvwRuleConditions.checked(Item)) {
         lvwRuleConditions.setChecked(Item, false);
     }
-    if (Item == condition_row::ignoreIfService) {
-        rule.strIgnoreIfService = yesOrNo(lvwRuleConditions.checked(Item));
-    }
-    rule.blnAllMessages = lvwRuleConditions.checked(condition_row::allMessages);
-    for (int row = condition_row::ignoreIfService; row <= condition_row::dateTime; ++row) {
+    partOf(ruleConditions(), Item).setTicked(rule, lvwRuleConditions.checked(Item));
+    rule.blnAllMessages = lvwRuleConditions.checked(allMessages);
+    // "For All Messages" excludes every other condition.
+    for (int row = 1; row <= lvwRuleConditions.rowCount(); ++row) {
+        if (row == allMessages) {
+            continue;
+        }
         if (rule.blnAllMessages) {
             lvwRuleConditions.setChecked(row, false);
         }
@@ -151,7 +153,7 @@ void frmRuleEdit::lvwRuleConditions_ItemCheck(int Item) {
                                                                 : RowColour::windowText);
     }
     lvwRuleConditions_ItemClick(Item);
-    finishTick(lvwRuleConditions, ruleConditions(), Item);
+    finishTick(lvwRuleConditions, Item);
 }
 
 void frmRuleEdit::lvwRuleConditions_ItemClick(int Item) {
@@ -165,23 +167,23 @@ void frmRuleEdit::cmdEditCondition_Click() {
 
 void frmRuleEdit::lvwRuleActions_ItemCheck(int Item) {
     RuleState &rule = ruleState();
+    const int furtherRules = rowOf(RulePartId::ignoreFurtherRules);
     const bool ticked = lvwRuleActions.checked(Item);
-    if (Item == action_row::deleteIt) {
-        rule.varDelete = yesOrNo(ticked);
+    partOf(ruleActions(), Item).setTicked(rule, ticked);
+    const auto tickFurtherRules = [&] {
+        lvwRuleActions.setChecked(furtherRules, true);
+        rule.strIgnoreFurtherRules = u"YES";
+    };
+    if (Item == rowOf(RulePartId::deleteIt)) {
         if (ticked) {
-            lvwRuleActions.setChecked(action_row::ignoreFurtherRules, true);
-            rule.strIgnoreFurtherRules = u"YES";
+            tickFurtherRules();
         }
         lockFurtherRules(ticked);
-    } else if (Item == action_row::ignoreFurtherRules) {
-        const bool locked = rule.varDelete == u"YES";
-        if (!ticked && locked) {
-            lvwRuleActions.setChecked(Item, true);
-        }
-        rule.strIgnoreFurtherRules = yesOrNo(ticked || locked);
+    } else if (Item == furtherRules && !ticked && rule.varDelete == u"YES") {
+        tickFurtherRules();
     }
     lvwRuleActions_ItemClick(Item);
-    finishTick(lvwRuleActions, ruleActions(), Item);
+    finishTick(lvwRuleActions, Item);
 }
 
 void frmRuleEdit::lvwRuleActions_ItemClick(int Item) {
@@ -189,11 +191,8 @@ void frmRuleEdit::lvwRuleActions_ItemClick(int Item) {
                                   partOf(ruleActions(), Item).hasDialog());
 }
 
-/// What every tick and untick ends with: an unticked part loses its values.
-void frmRuleEdit::finishTick(ListView &list, std::span<const RulePart> parts, int row) {
-    if (!list.checked(row)) {
-        partOf(parts, row).clear(ruleState());
-    }
+/// Every tick and untick ends with this.
+void frmRuleEdit::finishTick(ListView &list, int row) {
     list.select(row);
     session().blnChanged = true;
     describeRule();
@@ -203,8 +202,8 @@ void frmRuleEdit::cmdConfigureAction_Click() {
     editSelectedPart(lvwRuleActions, ruleActions());
 }
 
-/// The dialog reads its part of the rule and writes it back; the rule is described anew however
-/// the dialog was left.
+/// Shows the dialog of the selected part, which reads the rule and writes it back. Then describes
+/// the rule again, however the user left the dialog.
 void frmRuleEdit::editSelectedPart(const ListView &list, std::span<const RulePart> parts) {
     const int row = list.selectedRow();
     if (row > 0 && partOf(parts, row).hasDialog()) {

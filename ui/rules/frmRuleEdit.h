@@ -1,4 +1,4 @@
-// The rule editor: composes one rule from conditions and actions, names and saves it.
+// The rule editor: the user composes, names and saves one rule.
 #pragma once
 
 #include "platform/controls/CommandButton.h"
@@ -12,14 +12,14 @@
 
 namespace kvex {
 
-/// Works on this thread's rule; writes it to rsRules only when OK succeeds. Cancel leaves the
-/// edited rule in the rule state and writes nothing.
+/// Edits this thread's rule. Only a successful OK writes it to rsRules. Cancel writes nothing and
+/// leaves the edited rule in the rule state.
 class frmRuleEdit final : public Form {
 public:
     frmRuleEdit();
 
-    /// In: "" (or blanks) for a new rule, else the ID of the rule that the caller has loaded and
-    /// on whose record rsRules stands.
+    /// In: "" or blanks for a new rule. Else the ID of a rule that the caller has loaded; rsRules
+    /// must stand on its record.
     std::u16string RuleID;
 
 private:
@@ -40,11 +40,11 @@ private:
     void tickConditions();
     void tickActions();
     void lockFurtherRules(bool locked);
-    void finishTick(ListView &list, std::span<const RulePart> parts, int row);
+    void finishTick(ListView &list, int row);
     void editSelectedPart(const ListView &list, std::span<const RulePart> parts);
     void describeRule();
 
-    /// Whether the rule can be saved; if not, the user has been told what is missing.
+    /// Whether the rule can be saved. If it cannot, the user has been told what is missing.
     [[nodiscard]] bool confirmComplete();
     [[nodiscard]] bool isNameTaken() const;
     [[nodiscard]] std::u16string typedName() const;
@@ -57,8 +57,11 @@ private:
     RichTextBox &rtRuleDesc;
     TextBox &txtRuleName;
 
-    /// The rule's name as it was when the editor opened, "" for a new rule.
+    /// The name of the rule when the editor opened; "" for a new rule.
     std::u16string loadedName_;
 };
+
+/// What the window looks like.
+[[nodiscard]] WindowDesign frmRuleEditDesign();
 
 } // namespace kvex

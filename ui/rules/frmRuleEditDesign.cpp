@@ -1,18 +1,23 @@
-#include "ui/rules/frmRuleEditDesign.h"
+#include "ui/rules/frmRuleEdit.h"
 
 #include "platform/controls/DesignPieces.h"
 
 namespace kvex {
 namespace {
 
-ControlDesign partList(std::u16string name, std::u16string greyedRowHint, int lines) {
+ControlDesign partList(std::u16string name, std::span<const RulePart> parts,
+                       std::u16string greyedRowHint) {
     return {.kind = ControlKind::listView,
             .name = std::move(name),
             .checkBoxes = true,
             .columnHeaders = false,
             .greyedRowHint = std::move(greyedRowHint),
             .columns = 56,
-            .lines = lines};
+            .lines = static_cast<int>(parts.size())};
+}
+
+std::u16string quoted(RulePartId part) {
+    return u"\"" + std::u16string(rulePart(part).text) + u"\"";
 }
 
 } // namespace
@@ -25,16 +30,17 @@ WindowDesign frmRuleEditDesign() {
         .controls =
             {
                 label(u"Label1", u"1. Select the &Conditions for your rule", u"lvwRuleConditions"),
-                partList(u"lvwRuleConditions",
-                         u"Not available while \"For All Messages\" is ticked", 6),
+                partList(u"lvwRuleConditions", ruleConditions(),
+                         u"Not available while " + quoted(RulePartId::allMessages) + u" is ticked"),
                 waitingButton(u"cmdEditCondition", u"&Edit Currently Selected Condition",
-                              u"Select and tick a condition that has values: people, accounts, "
-                              u"words or date/time"),
+                              u"Select and tick a condition that has values: " +
+                                  editableValues(ruleConditions())),
                 label(u"Label2", u"2. Select the &Actions for your rule", u"lvwRuleActions"),
-                partList(u"lvwRuleActions", u"Stays ticked while \"Delete it\" is ticked", 5),
+                partList(u"lvwRuleActions", ruleActions(),
+                         u"Stays ticked while " + quoted(RulePartId::deleteIt) + u" is ticked"),
                 waitingButton(u"cmdConfigureAction", u"Configure Currently &Selected Action",
-                              u"Select and tick an action that has values: distribute, reply or "
-                              u"alert"),
+                              u"Select and tick an action that has values: " +
+                                  editableValues(ruleActions())),
                 label(u"Label3", u"3. Rule &Description", u"rtRuleDesc"),
                 hint(u"Label5", u"Select your Conditions and Actions first, then specify their "
                                 u"values in Description"),

@@ -1,7 +1,6 @@
-// The editor's OK: the rule is checked, turned into its two strings and written.
-#include "component/ErrorTrap.h"
-#include "component/RecordSearch.h"
-#include "component/Session.h"
+// OK in the rule editor: checks the rule, builds its two strings and writes them.
+#include "component/session/ErrorTrap.h"
+#include "component/session/Session.h"
 #include "platform/Text.h"
 #include "platform/Unicode.h"
 #include "rules/ParameterStrings.h"
@@ -25,12 +24,12 @@ bool hasTickedRow(const ListView &list) {
     return row > 0;
 }
 
-/// Whether every ticked part has its values; the user is told of the first that lacks some.
+/// Whether every ticked part has its values. The user is told about the first one that does not.
 bool confirmValues(const ListView &list, std::span<const RulePart> parts) {
     int row = 0;
     for (const RulePart &part : parts) {
-        if (list.checked(++row) && part.hasDialog() && !part.complete(ruleState())) {
-            warn(part.incompleteText);
+        if (list.checked(++row) && part.hasDialog() && !part.dialog.complete(ruleState())) {
+            warn(part.dialog.incompleteText);
             return false;
         }
     }
@@ -85,8 +84,8 @@ std::u16string frmRuleEdit::typedName() const {
     return std::u16string(trimmed(txtRuleName.text()));
 }
 
-/// The record set's search decides whether case counts. A session that began without rules knows
-/// no names.
+/// The search of the record set decides whether case counts. A session that began without rules
+/// finds no name.
 bool frmRuleEdit::isNameTaken() const {
     const std::u16string name = typedName();
     if (name == loadedName_ || !session().blnHasRules) {
@@ -112,7 +111,7 @@ void frmRuleEdit::saveRule(const std::u16string &queryParam, const std::u16strin
     try {
         rsRules.resyncCurrent();
     } catch (...) {
-        // Stored it is: the next OK goes on with this rule and adds no second one.
+        // The rule is stored. The next OK must change this rule and not add a second one.
         RuleID = rsRules.field(u"ID").text();
         loadedName_ = typedName();
         throw;

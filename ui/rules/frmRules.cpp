@@ -1,23 +1,21 @@
 #include "ui/rules/frmRules.h"
 
-#include "component/ErrorTrap.h"
-#include "component/RecordSearch.h"
-#include "component/Session.h"
+#include "component/session/ErrorTrap.h"
+#include "component/session/Session.h"
 #include "platform/Text.h"
+#include "platform/controls/DesignPieces.h"
 #include "rules/InputHelpers.h"
 #include "rules/RuleDescription.h"
-#include "rules/RuleLoading.h"
 #include "rules/RuleState.h"
 #include "ui/ListColumns.h"
 #include "ui/rules/frmRuleEdit.h"
-#include "ui/rules/frmRulesDesign.h"
 
 namespace kvex {
 namespace {
 
 constexpr std::u16string_view module = u"frmRules";
 
-/// Sub-items of a row.
+/// The sub-items of a row.
 constexpr int positionItem = 1;
 constexpr int ruleIdItem = 2;
 constexpr int sortItem = 3;
@@ -35,6 +33,55 @@ void openEditor(const std::u16string &ruleID) {
 }
 
 } // namespace
+
+WindowDesign frmRulesDesign() {
+    using namespace design;
+    return {
+        .name = u"frmRules",
+        .caption = u"SMS Rules",
+        .controls =
+            {
+                label(u"Label1", u"These rules will be applied to incoming short messages",
+                      u"lvwRules"),
+                {.kind = ControlKind::listView,
+                 .name = u"lvwRules",
+                 .checkBoxes = true,
+                 .emptyText = u"The rules appear here. Click New to make the first one.",
+                 .imageList = u"ImgListView",
+                 .columns = 42,
+                 .lines = 12},
+                {.kind = ControlKind::imageList,
+                 .name = u"ImgListView",
+                 .pictures = {Picture::inOrder}},
+                button(u"cmdNew", u"&New"),
+                button(u"cmdModify", u"&Modify"),
+                hiddenButton(u"cmdCopy", u"C&opy"),
+                button(u"cmdRemove", u"&Remove"),
+                hiddenButton(u"cmdApply", u"&Apply now..."),
+                button(u"cmdMoveUp", u"Move &Up"),
+                button(u"cmdMoveDown", u"Move &Down"),
+                label(u"Label2", u"Rule description", u"rtRuleDesc"),
+                {.kind = ControlKind::richTextBox,
+                 .name = u"rtRuleDesc",
+                 .readOnly = true,
+                 .lines = 10},
+                separator(),
+                okButton(),
+                cancelButton(),
+            },
+        .layout = aboveButtons({
+            place(u"Label1"),
+            row({place(u"lvwRules", 1),
+                 buttonColumn({u"cmdNew", u"cmdModify", u"cmdCopy", u"cmdRemove", u"cmdApply",
+                               u"cmdMoveUp", u"cmdMoveDown"})},
+                4),
+            place(u"Label2"),
+            place(u"rtRuleDesc", 3),
+        }),
+        .columns = 84,
+        .lines = 30,
+    };
+}
 
 frmRules::frmRules()
     : Form(frmRulesDesign()), lvwRules(control<ListView>(u"lvwRules")),
@@ -91,8 +138,8 @@ void frmRules::ListRules() {
     });
 }
 
-/// Lists the current record of rsRules; its values first, so that a row is added whole or not at
-/// all.
+/// Lists the current record of rsRules. All values are read first, so a record that cannot be read
+/// adds no row.
 void frmRules::addListedRule(int position) {
     const Recordset &rsRules = *session().rsRules;
     const std::u16string id = rsRules.field(u"Id").text();
@@ -111,7 +158,8 @@ std::u16string frmRules::ruleIdOf(int row) const {
     return lvwRules.subItem(row, ruleIdItem);
 }
 
-/// The row's rule as this thread's rule, active as the row's check box says, and described.
+/// Loads the rule of the row as this thread's rule and describes it. The check box of the row says
+/// whether the rule is active.
 void frmRules::loadRuleOf(int row) {
     LoadRuleFromDB(ruleIdOf(row));
     ruleState().intRuleActive = lvwRules.checked(row) ? 1 : 0;
@@ -164,7 +212,8 @@ void frmRules::cmdRemove_Click() {
         if (row == 0) {
             return;
         }
-        // Stays 0 unless a rule was removed: the look-up below then fails and ends the handler.
+        // Stays 0 unless a rule is removed. The click on row 0 below then fails and ends the
+        // handler.
         int position = 0;
         if (showMessage(u"Are you sure you want to remove this rule?", message_box::yesNo) ==
             message_box::yes) {
@@ -192,9 +241,9 @@ void frmRules::cmdMoveDown_Click() {
     trapErrors(u"MoveDown", module, [&] { moveSelectedRule(+1); });
 }
 
-/// Exchanges the selected row with its neighbour. Their sort keys become their position numbers
-/// while all others keep the stored priority's: both agree once OK has renumbered the rules. The
-/// row selected afterwards is the one that stands at the neighbour's place.
+/// Exchanges the selected row with its neighbour. Their sort keys become their position numbers,
+/// while all other rows keep the stored priority. Both agree once OK has renumbered the rules.
+/// Afterwards the row at the neighbour's place is selected.
 void frmRules::moveSelectedRule(int step) {
     session().blnChanged = true;
     const int row = lvwRules.selectedRow();

@@ -1,5 +1,4 @@
-// The rules window: lists the rules, switches them on and off, orders and removes them, and opens
-// the rule editor.
+// The rules window: lists, switches, orders and removes the rules, and opens the rule editor.
 #pragma once
 
 #include "platform/controls/CommandButton.h"
@@ -13,9 +12,10 @@ class frmRules final : public Form {
 public:
     frmRules();
 
-    /// In: the rule that the editor opens on at once; "" opens it on a new rule.
+    /// In: the ID of the rule on which the editor opens at once; "" opens it on a new rule.
     std::u16string RuleID;
-    /// Out: "OK" or "CANCEL", by the button that closed the window; its frame leaves it alone.
+    /// Out: "OK" or "CANCEL" after that button closed the window. Closing by the frame leaves it
+    /// alone.
     std::u16string LastButtonPressed;
 
 private:
@@ -39,5 +39,8 @@ private:
     ListView &lvwRules;
     RichTextBox &rtRuleDesc;
 };
+
+/// What the window looks like.
+[[nodiscard]] WindowDesign frmRulesDesign();
 
 } // namespace kvex

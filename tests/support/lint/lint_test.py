@@ -49,8 +49,7 @@ class Checks(unittest.TestCase):
         self.assertEqual(
             lines,
             ["rules/Load.cpp:2: includes adapters/qt/Window.h; rules/ may include the standard "
-             "library, platform/, rules/, component/Session.h, component/ErrorTrap.h, "
-             "component/RecordSearch.h"],
+             "library, platform/, component/session/, rules/"],
         )
 
     def testAnIncludeInAngleBracketsIsNoWayAround(self):
@@ -80,8 +79,19 @@ class Checks(unittest.TestCase):
     def testTheComponentNamesAdaptersInItsCompositionAlone(self):
         self.write("component/Composition.cpp", '#include "adapters/qt/Toolkit.h"\n')
         self.assert_passes("check-includes")
-        self.write("component/Session.cpp", '#include "adapters/qt/Toolkit.h"\n')
-        self.assert_refused("check-includes", "component/Session.cpp:1:")
+        self.write("component/RuleUIClass.cpp", '#include "adapters/qt/Toolkit.h"\n')
+        self.assert_refused("check-includes", "component/RuleUIClass.cpp:1:")
+
+    def testTheSessionSeesNothingOfTheRulesAboveIt(self):
+        self.write("component/session/Session.h", '#include "platform/Platform.h"\n')
+        self.write("rules/Load.cpp", '#include "component/session/Session.h"\n')
+        self.assert_passes("check-includes")
+        self.write("component/session/Session.cpp", '#include "rules/RuleState.h"\n')
+        self.assert_refused("check-includes", "component/session/Session.cpp:1:")
+
+    def testTheRulesSeeOfTheComponentItsSessionAlone(self):
+        self.write("rules/Load.cpp", '#include "component/RuleUIClass.h"\n')
+        self.assert_refused("check-includes", "rules/Load.cpp:1:")
 
     def testAHostSeesOfTheComponentItsPublicHeaderAlone(self):
         self.write("host/kvexrules/main.cpp", '#include "component/RuleUI.h"\n')

@@ -1,7 +1,7 @@
+#include "rules/ParameterStrings.h"
+
 #include "platform/Error.h"
 #include "platform/Text.h"
-#include "rules/ParameterStrings.h"
-#include "rules/ParameterTags.h"
 
 #include <algorithm>
 #include <limits>
@@ -11,9 +11,79 @@
 namespace kvex {
 namespace {
 
+void append(std::u16string &target, const ParameterTag &tag, std::u16string_view content) {
+    target.append(tag.opening).append(content).append(tag.closing);
+}
+
+std::u16string_view yesOrNo(std::u16string_view value) {
+    return value == u"YES" ? value : u"NO";
+}
+
+std::u16string modifiers(std::int16_t negated, std::int16_t all) {
+    std::u16string result(negated == 1 ? modifier::negated : modifier::affirmed);
+    return result.append(all == 1 ? modifier::all : modifier::any);
+}
+
+} // namespace
+
+std::u16string buildQueryParam(const RuleState &rule) {
+    if (rule.blnAllMessages) {
+        return std::u16string(parameter_tag::allMessages);
+    }
+    std::u16string result;
+    append(result, parameter_tag::ignoreIfService, yesOrNo(rule.strIgnoreIfService));
+    const auto appendList = [&](const ParameterTag &tag, std::u16string head,
+                                std::u16string_view list) {
+        if (const auto content = trimmed(list); !content.empty()) {
+            append(result, tag, head.append(content));
+        }
+    };
+    appendList(parameter_tag::people, modifiers(rule.intPeopleNot, rule.intPeopleAll),
+               rule.strPeople);
+    appendList(parameter_tag::account, modifiers(rule.intAccountNot, rule.intAccountAll),
+               rule.varAccounts);
+    auto wordHead = modifiers(rule.intWordsNot, rule.intWordsAll);
+    if (rule.intAsCommand == 1) {
+        wordHead.append(modifier::asCommand);
+    }
+    appendList(parameter_tag::word, wordHead, rule.strWords);
+    appendList(parameter_tag::dateTime, {}, rule.strDateTime);
+    return result;
+}
+
+std::u16string buildActionParam(const RuleState &rule) {
+    std::u16string result;
+    // Writes the tag when `decider` holds more than blanks.
+    const auto appendIf = [&](std::u16string_view decider, const ParameterTag &tag,
+                              std::u16string_view content) {
+        if (!trimmed(decider).empty()) {
+            append(result, tag, content);
+        }
+    };
+    const auto joined = [](std::initializer_list<std::u16string_view> parts) {
+        std::u16string content;
+        for (const auto part : parts) {
+            content.append(trimmed(part)).push_back(u';');
+        }
+        content.pop_back();
+        return content;
+    };
+    appendIf(rule.strDistribution, parameter_tag::distribute, trimmed(rule.strDistribution));
+    appendIf(rule.strReplyText, parameter_tag::reply,
+             joined({rule.strReplyText, rule.strReplyAccount}));
+    appendIf(rule.strAlertRecipients, parameter_tag::alert,
+             joined({rule.strAlertText, rule.strAlertAccount, rule.strAlertRecipients}));
+    appendIf(rule.varDelete, parameter_tag::deleteIt, yesOrNo(rule.varDelete));
+    appendIf(rule.strIgnoreFurtherRules, parameter_tag::ignoreFurtherRules,
+             yesOrNo(rule.strIgnoreFurtherRules));
+    return result;
+}
+
+namespace {
+
 constexpr auto npos = std::u16string_view::npos;
 
-/// Positions count from 1 and are kept in 16 bits; nothing found is 0.
+/// Positions begin at 1 and must fit in 16 bits. 0 means that nothing was found.
 std::int16_t position(std::size_t found, std::size_t beyond = 0) {
     if (found == npos) {
         return 0;
@@ -24,8 +94,8 @@ std::int16_t position(std::size_t found, std::size_t beyond = 0) {
     return static_cast<std::int16_t>(found + 1 + beyond);
 }
 
-/// A parameter string with the places where a tag can begin: few, so that all tags are found on one
-/// way through the text.
+/// A parameter string, with the few places where a tag can begin. So one pass through the text
+/// finds all tags.
 class TaggedText {
 public:
     explicit TaggedText(std::u16string_view text) : text_(text) {
@@ -36,7 +106,7 @@ public:
         }
     }
 
-    /// As std::u16string_view::find.
+    /// Gives what std::u16string_view::find gives.
     [[nodiscard]] std::size_t find(std::u16string_view tag) const {
         const auto stands = [&](std::size_t at) {
             const auto candidate = text_.substr(at, tag.size());
@@ -47,8 +117,8 @@ public:
         return found == places_.end() ? npos : *found;
     }
 
-    /// What stands between the tag's first opening and its first closing; none where it does not
-    /// open.
+    /// The text between the first opening tag and the first closing tag. Gives nothing when there
+    /// is no opening tag.
     [[nodiscard]] std::optional<std::u16string_view> contentOf(const ParameterTag &tag) const {
         const std::size_t opening = find(tag.opening);
         if (opening == npos) {
@@ -76,8 +146,8 @@ std::u16string_view behind(std::u16string_view text, std::size_t length) {
     return text.substr(std::min(length, text.size()));
 }
 
-/// The two modifiers and the list behind them. The modifiers are taken by position, whatever
-/// stands there.
+/// Reads two modifiers and the list after them. The modifiers have a fixed length, so other text in
+/// their place is skipped.
 void readList(std::u16string_view content, std::u16string &list, std::int16_t &negated,
               std::int16_t &all) {
     const auto head = content.substr(0, modifier::length);
@@ -101,7 +171,8 @@ void readWords(std::u16string_view content, RuleState &rule) {
         behind(content, rule.intAsCommand == 1 ? modifier::lengthWithCommand : modifier::length);
 }
 
-/// Cuts `text` at its first ";" and gives what stood before it; all of it where there is none.
+/// Removes the first part of `text` and its ";", and gives that part. Without a ";" the part is the
+/// whole text.
 std::u16string_view takePart(std::u16string_view &text) {
     const std::size_t at = text.find(u';');
     const auto part = text.substr(0, at);

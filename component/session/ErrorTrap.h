@@ -1,15 +1,15 @@
-// The error trap of a procedure: whatever is raised goes to the error log, and the procedure ends.
+// The error trap of a procedure: an error goes to the error log and ends the procedure.
 #pragma once
 
 #include <string_view>
 
 namespace kvex {
 
-/// Hands the exception being handled to the utility object's error log, under the text of the
-/// procedure `sub` of `module`. What the log itself raises passes on.
+/// Writes the exception that is being handled to the utility object's error log. The text names the
+/// procedure `sub` of `module`. An error in writing the log passes on.
 void logCurrentError(std::u16string_view sub, std::u16string_view module);
 
-/// Runs `body`. Nothing is undone, retried or shown when it fails.
+/// Runs `body` and logs its error, if it fails. Undoes, repeats and shows nothing.
 template <class Body>
 void trapErrors(std::u16string_view sub, std::u16string_view module, Body &&body) {
     try {

@@ -1,4 +1,4 @@
-// A variable that holds an object or nothing; using it while it holds nothing is an error.
+// A variable that holds an object or nothing. Using it while it holds nothing is an error.
 #pragma once
 
 #include "platform/Error.h"
@@ -10,7 +10,7 @@ namespace kvex {
 
 template <class Object> class ObjectVariable {
 public:
-    /// Releases the object held before.
+    /// Releases the object that the variable held before.
     ObjectVariable &operator=(std::unique_ptr<Object> object) noexcept {
         object_ = std::move(object);
         return *this;
@@ -18,7 +18,7 @@ public:
     void release() noexcept { object_.reset(); }
 
     [[nodiscard]] explicit operator bool() const noexcept { return object_ != nullptr; }
-    /// Raises objectNotSet while nothing is held.
+    /// Fails with objectNotSet while the variable is empty.
     [[nodiscard]] Object &operator*() const {
         if (!object_) {
             throw Error(error_number::objectNotSet);

@@ -1,6 +1,6 @@
-#include "component/ErrorTrap.h"
+#include "component/session/ErrorTrap.h"
 
-#include "component/Session.h"
+#include "component/session/Session.h"
 
 namespace kvex {
 

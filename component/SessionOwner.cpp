@@ -1,11 +1,10 @@
-#include "component/RuleUIClass.h"
+#include "component/SessionOwner.h"
 
-#include "component/ErrorTrap.h"
-#include "component/RecordSearch.h"
-#include "component/Session.h"
+#include "component/session/ErrorTrap.h"
+#include "component/session/Session.h"
 #include "platform/Text.h"
 #include "rules/RuleDescription.h"
-#include "rules/RuleLoading.h"
+#include "rules/RuleState.h"
 #include "ui/rules/frmRules.h"
 
 namespace kvex {
@@ -44,7 +43,7 @@ template <class Object> void closeIfOpen(ObjectVariable<Object> &object) {
 
 } // namespace
 
-RuleUI::RuleUI(Platform &platform) {
+SessionOwner::SessionOwner(Platform &platform) {
     Session &current = session();
     current.platform = &platform;
     current.objUtility = platform.createUtility();
@@ -57,7 +56,7 @@ RuleUI::RuleUI(Platform &platform) {
     current.strLogFile = platform.componentDirectory() + u"\\KVEX.log";
 }
 
-std::int32_t RuleUI::ShowRules(const std::u16string &UserId, const std::u16string &RuleID) {
+std::int32_t SessionOwner::ShowRules(const std::u16string &UserId, const std::u16string &RuleID) {
     std::int32_t result = 0;
     trapErrors(u"ShowRuleUI", module, [&] {
         session().strUserID = UserId;
@@ -72,7 +71,7 @@ std::int32_t RuleUI::ShowRules(const std::u16string &UserId, const std::u16strin
     return result;
 }
 
-bool RuleUI::OpenRules() {
+bool SessionOwner::OpenRules() {
     bool opened = false;
     trapErrors(u"OpenRules", module, [&] {
         openSession();
@@ -81,7 +80,7 @@ bool RuleUI::OpenRules() {
     return opened;
 }
 
-void RuleUI::release() {
+void SessionOwner::release() {
     Session &current = session();
     closeIfOpen(current.cnMain);
     closeIfOpen(current.rsAccounts);
@@ -104,18 +103,17 @@ bool hasOpenSession() {
     return rsRules && rsRules->state() == ObjectState::open;
 }
 
-bool describeRule(const std::u16string &ruleId, RichTextBox &target) {
+std::optional<std::vector<TextRun>> describeRule(const std::u16string &ruleId) {
     Recordset &rsRules = *session().rsRules;
     if (!isNumeric(ruleId)) {
-        return false;
+        return std::nullopt;
     }
     findRecordById(rsRules, ruleId);
     if (rsRules.eof()) {
-        return false;
+        return std::nullopt;
     }
     LoadRuleFromDB(ruleId);
-    BuildRuleDescription(target);
-    return true;
+    return BuildRuleDescription();
 }
 
 } // namespace kvex

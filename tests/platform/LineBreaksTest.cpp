@@ -1,8 +1,8 @@
-#include "adapters/controls/LineBreaks.h"
+#include "platform/LineBreaks.h"
 
 #include <gtest/gtest.h>
 
-namespace kvex::controls {
+namespace kvex {
 namespace {
 
 TEST(LineBreaks, LoneOnesBecomeCrLf) {
@@ -13,4 +13,4 @@ TEST(LineBreaks, LoneOnesBecomeCrLf) {
 }
 
 } // namespace
-} // namespace kvex::controls
+} // namespace kvex

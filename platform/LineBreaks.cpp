@@ -1,10 +1,10 @@
-#include "adapters/controls/LineBreaks.h"
+#include "platform/LineBreaks.h"
 
 #include "platform/Text.h"
 
 #include <algorithm>
 
-namespace kvex::controls {
+namespace kvex {
 namespace {
 
 bool isBreak(char16_t unit) {
@@ -36,10 +36,13 @@ void appendWithCrLf(std::u16string &target, std::u16string_view text) {
     }
 }
 
-std::u16string withCrLf(std::u16string_view text) {
+std::u16string withCrLf(std::u16string text) {
+    if (!hasBreak(text)) {
+        return text;
+    }
     std::u16string result;
     appendWithCrLf(result, text);
     return result;
 }
 
-} // namespace kvex::controls
+} // namespace kvex

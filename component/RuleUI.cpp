@@ -1,0 +1,96 @@
+// The class RuleUI, and the entry points through which the class server reaches it.
+#include "component/RuleUI.h"
+
+#include "adapters/classserver/server/ComObject.h"
+#include "adapters/classserver/server/Guard.h"
+#include "adapters/classserver/server/InProcessServer.h"
+#include "component/Composition.h"
+#include "component/SessionOwner.h"
+
+#include <iostream>
+
+namespace kvex {
+namespace {
+
+class RuleUI final : public ComObject<IRuleUI, IRuleReader> {
+public:
+    HRESULT ShowRules(BSTR userId, BSTR ruleId, LONG *result) noexcept override {
+        if (result == nullptr) {
+            return E_POINTER;
+        }
+        *result = 0;
+        return guarded([&] {
+            *result =
+                session_.ShowRules(std::u16string(viewOf(userId)), std::u16string(viewOf(ruleId)));
+            return S_OK;
+        });
+    }
+
+    HRESULT OpenRules() noexcept override {
+        return guarded([&] { return session_.OpenRules() ? S_OK : E_FAIL; });
+    }
+
+    HRESULT DescribeRule(BSTR ruleId, IDescriptionSink *sink) noexcept override {
+        if (sink == nullptr) {
+            return E_POINTER;
+        }
+        return guarded([&]() -> HRESULT {
+            if (!hasOpenSession()) {
+                return E_UNEXPECTED;
+            }
+            const auto description = describeRule(std::u16string(viewOf(ruleId)));
+            if (!description) {
+                return S_FALSE;
+            }
+            for (const TextRun &run : *description) {
+                const Bstr text(run.text);
+                const HRESULT written = sink->Write(text.get(), static_cast<LONG>(run.colour));
+                if (FAILED(written)) {
+                    return written;
+                }
+            }
+            return S_OK;
+        });
+    }
+
+private:
+    /// A release has no result, so a failure goes to the diagnostic stream.
+    ~RuleUI() override {
+        try {
+            session_.release();
+        } catch (...) {
+            std::cerr << "KVEXMessageRules: the session could not be closed: "
+                      << Error::current().what() << '\n';
+        }
+    }
+
+    SessionOwner session_{composition()};
+};
+
+constexpr ServedClass classes[] = {
+    {CLSID_RuleUI, RuleUIProgramId, u"The editor of message rules",
+     []() -> ComPointer<IUnknown> { return makeComObject<RuleUI>().as<IUnknown>(); }},
+};
+
+} // namespace
+} // namespace kvex
+
+extern "C" {
+
+KVEX_SERVER_ENTRY_POINT HRESULT DllGetClassObject(const CLSID &classId, const IID &interfaceId,
+                                                  void **object) {
+    return kvex::in_process_server::getClassObject(kvex::classes, classId, interfaceId, object);
+}
+
+KVEX_SERVER_ENTRY_POINT HRESULT DllCanUnloadNow() {
+    return kvex::in_process_server::canUnloadNow();
+}
+
+KVEX_SERVER_ENTRY_POINT HRESULT DllRegisterServer() {
+    return kvex::in_process_server::registerServer(kvex::classes);
+}
+
+KVEX_SERVER_ENTRY_POINT HRESULT DllUnregisterServer() {
+    return kvex::in_process_server::unregisterServer(kvex::classes);
+}
+}
