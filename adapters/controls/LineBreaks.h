@@ -1,4 +1,4 @@
-// Line breaks of texts of many lines.
+// Line breaks of multi-line texts.
 #pragma once
 
 #include <string>
@@ -6,9 +6,9 @@
 
 namespace kvex::controls {
 
-/// `text` with every line break, a lone CR or LF included, as CR LF.
+/// `text` with CR LF for every line break. A lone CR or LF is a line break too.
 [[nodiscard]] std::u16string withCrLf(std::u16string_view text);
-/// The same behind what `target` holds.
+/// Appends it to `target`.
 void appendWithCrLf(std::u16string &target, std::u16string_view text);
 
 } // namespace kvex::controls

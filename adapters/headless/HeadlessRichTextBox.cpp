@@ -1,7 +1,6 @@
 #include "adapters/headless/HeadlessRichTextBox.h"
 
 #include "adapters/controls/LineBreaks.h"
-#include "adapters/headless/User.h"
 
 #include <limits>
 
