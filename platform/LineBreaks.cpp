@@ -11,7 +11,7 @@ bool isBreak(char16_t unit) {
     return unit == u'\r' || unit == u'\n';
 }
 
-/// Most texts have none.
+/// Most texts have none, and this check is fast.
 bool hasBreak(std::u16string_view text) {
     constexpr auto npos = std::u16string_view::npos;
     return findUnit(text, u'\r') != npos || findUnit(text, u'\n') != npos;

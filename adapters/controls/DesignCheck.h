@@ -1,17 +1,17 @@
-// Whether a window's design can be built as it says.
+// Checks a window's design before a toolkit builds it.
 #pragma once
 
 #include "platform/controls/WindowDesign.h"
 
 namespace kvex::controls {
 
-/// Fails with invalidCall for a design that contradicts itself; the description names the window
-/// and the fault. These are the faults:
-/// - two controls have one name, or one control has none;
-/// - the layout places a name that no control has, or an image list, or one name twice;
-/// - the layout does not place a visible control (an image list needs no place);
-/// - a label's buddy is no control, or a list's image list is none;
-/// - two buttons are default, or two are cancel.
+/// Fails with invalidCall if the design contradicts itself. The description names the window and
+/// the fault. These are faults:
+/// - Two controls share a name, or a control has no name.
+/// - The layout places an unknown name, an image list, or a name twice.
+/// - The layout leaves out a visible control. An image list needs no place.
+/// - A label's buddy is not a control, or a list's image list is not an image list.
+/// - Two buttons are the default button, or two are the cancel button.
 void checkDesign(const WindowDesign &design);
 
 } // namespace kvex::controls

@@ -1,4 +1,4 @@
-// Runs handlers and keeps the errors that leave them away from the toolkit.
+// Runs handlers. An error that leaves a handler never reaches the toolkit.
 #pragma once
 
 #include "platform/Error.h"
@@ -9,14 +9,14 @@
 
 namespace kvex::controls {
 
-/// Learns of an error that left a handler, after it was written to the diagnostic stream.
+/// Called with an error that left a handler, after the diagnostic stream has it.
 using ErrorObserver = std::function<void(const Error &)>;
 
-/// Writes the exception being handled to the diagnostic stream, as one line that says in which
-/// control (`where`: "frmRules.cmdNew") it happened. Call inside a catch block only.
+/// Writes the current exception to the diagnostic stream, as one line. `where` names the control,
+/// such as "frmRules.cmdNew". Call it only in a catch block.
 void reportUnhandled(std::u16string_view where, const ErrorObserver &observer);
 
-/// Runs `handler`, when there is one, with `arguments`. Whatever it throws ends here. The handler
+/// Runs `handler` with `arguments` unless it is empty. Whatever it throws ends here. The handler
 /// may replace itself while it runs.
 template <class... Parameters, class... Arguments>
 void deliver(const std::function<void(Parameters...)> &handler, std::u16string_view where,

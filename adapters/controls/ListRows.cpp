@@ -1,19 +1,26 @@
 #include "adapters/controls/ListRows.h"
 
-#include "adapters/controls/ListMatch.h"
 #include "platform/Error.h"
+#include "platform/Unicode.h"
+#include "platform/Utf16.h"
 
 #include <algorithm>
 
 namespace kvex::controls {
 namespace {
 
-/// The element numbered `number` from 1 of `items`.
+/// Items count from 1.
 template <class Items> auto &numbered(Items &items, int number) {
     if (number < 1 || static_cast<std::size_t>(number) > items.size()) {
         throw Error(error_number::indexOutOfBounds);
     }
     return items[static_cast<std::size_t>(number) - 1];
+}
+
+bool beginsWithWhole(std::u16string_view text, std::u16string_view beginning) {
+    std::size_t end = beginning.size();
+    return text.starts_with(beginning) &&
+           (end == text.size() || !isLetterOrDigit(nextCharacter(text, end)));
 }
 
 } // namespace
@@ -154,8 +161,14 @@ void ListRows::setRowColour(int row, RowColour colour) {
 }
 
 int ListRows::findItem(std::u16string_view text, FindMatch match) const {
-    const auto found = std::ranges::find_if(rows_, ListMatch(text, match),
-                                            [](const auto &row) { return row->texts[1]; });
+    const std::u16string wanted = foldCase(text);
+    const auto matches = [&](const auto &row) {
+        const std::u16string shown = foldCase(row->texts[1]);
+        return match == FindMatch::wholeText
+                   ? shown == wanted
+                   : beginsWithWhole(shown, wanted) || beginsWithWhole(wanted, shown);
+    };
+    const auto found = std::ranges::find_if(rows_, matches);
     return found == rows_.end() ? 0 : static_cast<int>(found - rows_.begin()) + 1;
 }
 
@@ -188,8 +201,8 @@ std::u16string_view ListRows::sortText(const Row &row) const {
     return row.texts[static_cast<std::size_t>(sortKey_) + 1];
 }
 
-/// Behind the rows that sort before it or alike. Keys that changed since the last sort can leave
-/// the rows out of order; a place is found all the same.
+/// After all rows that sort before it or equal to it. Texts that changed since the last sort can
+/// leave the rows out of order. Then the place is arbitrary.
 std::size_t ListRows::placeFor(const Row &row) const {
     const std::u16string_view key = sortText(row);
     std::size_t low = 0;

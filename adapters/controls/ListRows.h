@@ -1,8 +1,7 @@
-// The rows and columns of a list view, whatever toolkit shows them. A toolkit's list view derives
-// from it, adds what a control is, and listens to the changes.
+// The rows and columns of a list view, the same for all toolkits. A toolkit's list view derives
+// from it, adds the control, and listens to the changes.
 #pragma once
 
-#include "adapters/controls/ListRowsListener.h"
 #include "adapters/controls/PackedTexts.h"
 #include "platform/controls/ListView.h"
 
@@ -17,6 +16,38 @@
 
 namespace kvex::controls {
 
+/// The view of a list's rows. It learns of all changes, from the user and from code. Rows and
+/// columns count from 1. An "about to" call comes before a change and its counterpart after it; the
+/// rows must not be read in between. If a change also alters the selection, selectionChanged comes
+/// last.
+class ListRowsListener {
+public:
+    virtual ~ListRowsListener() = default;
+
+    virtual void aboutToInsertRow(int row) = 0;
+    virtual void rowInserted() = 0;
+    virtual void aboutToRemoveRow(int row) = 0;
+    virtual void rowRemoved() = 0;
+    /// The rows are sorted.
+    virtual void aboutToReorder() = 0;
+    virtual void reordered() = 0;
+    /// The rows are cleared, a column is added, or the columns are cleared.
+    virtual void aboutToReset() = 0;
+    virtual void reset() = 0;
+
+    /// The row's text, tick or colour changed.
+    virtual void rowChanged(int row) = 0;
+    virtual void columnIconChanged(int column) = 0;
+    virtual void selectionChanged() = 0;
+    /// Code selected the row. The view scrolls to it.
+    virtual void rowSelectedByCode(int row) = 0;
+
+protected:
+    ListRowsListener() = default;
+    ListRowsListener(const ListRowsListener &) = delete;
+    ListRowsListener &operator=(const ListRowsListener &) = delete;
+};
+
 class ListRows : public ListView {
 public:
     struct Column {
@@ -26,7 +57,7 @@ public:
     };
 
     void clearColumns() final;
-    /// Fails with invalidPropertyValue for a width outside 0 to 1.
+    /// Fails with invalidPropertyValue if the width is not between 0 and 1.
     void addColumn(const std::u16string &header, double width) final;
     [[nodiscard]] int columnCount() const final { return static_cast<int>(columns_.size()); }
     void setColumnIcon(int column, int icon) final;
@@ -62,16 +93,16 @@ public:
     [[nodiscard]] int findItem(std::u16string_view text,
                                FindMatch match = FindMatch::wholeWordsAtStart) const final;
 
-    /// What a column shows of a row: the row text in column 1, sub-item n in column n + 1. Valid
-    /// until the row changes. Fails with indexOutOfBounds for no row's or no column's number.
+    /// What a row shows in a column: the row text in column 1, sub-item n in column n + 1. Valid
+    /// until the row changes. Fails with indexOutOfBounds if there is no such row or column.
     [[nodiscard]] std::u16string_view cell(int row, int column) const;
-    /// Fails with indexOutOfBounds.
+    /// Fails with indexOutOfBounds if there is no such column.
     [[nodiscard]] const Column &column(int column) const;
 
-    /// What a user does: the row is selected and no other, without scrolling; 0 deselects all.
+    /// Selects this row alone, as a user does, without scrolling. 0 deselects all rows.
     void selectOnly(int row);
 
-    /// At most one; null for none.
+    /// There is at most one listener; null removes it.
     void setListener(ListRowsListener *listener) { listener_ = listener; }
 
 protected:
@@ -79,9 +110,9 @@ protected:
 
 private:
     struct Row {
-        /// The key, then what each column shows.
+        /// The key, then the text of each column.
         PackedTexts texts;
-        /// Its place from 0; good below numbered_.
+        /// Its position from 0. Right only for the first numbered_ rows.
         std::uint32_t place = 0;
         bool checked = false;
         bool selected = false;
@@ -112,7 +143,7 @@ private:
     void putLast(Row &row);
     void drop(Row &row);
     void deselectAll();
-    /// Tells the listener, when there is one.
+    /// Tells the listener if there is one.
     template <class... Parameters, class... Arguments>
     void tell(void (ListRowsListener::*change)(Parameters...), Arguments... arguments) {
         if (listener_ != nullptr) {
@@ -122,11 +153,11 @@ private:
 
     std::vector<Column> columns_;
     std::vector<std::unique_ptr<Row>> rows_;
-    /// Those with a key.
+    /// The rows that have a key.
     std::unordered_set<Row *, KeyHash, KeyEqual> keyed_;
-    /// In the order in which they were selected.
+    /// The selected rows, in the order of their selection.
     std::vector<Row *> selection_;
-    /// The places of the rows before this one are known.
+    /// How many rows, from the first, know their place.
     mutable std::size_t numbered_ = 0;
     bool multiSelect_;
     bool sorted_ = false;

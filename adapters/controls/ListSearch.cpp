@@ -13,7 +13,7 @@ int ListSearch::rowAfter(std::u16string_view character) {
 
     const int count = rows_.rowCount();
     const int selected = rows_.selectedRow();
-    // The row that is selected already is none to go to, unless it still begins with all of it.
+    // A longer text may keep the selected row. Otherwise the search starts after it.
     const int before = isFirst || isRepeated || selected == 0 ? selected : selected - 1;
     for (int step = 0; step < count; ++step) {
         const int row = (before + step) % count + 1;

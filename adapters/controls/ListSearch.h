@@ -1,4 +1,4 @@
-// The search of a list by the first letters of its rows, as the user types them.
+// Finds a list's row by the first characters of its text, while the user types them.
 #pragma once
 
 #include "platform/controls/ListView.h"
@@ -8,26 +8,26 @@
 
 namespace kvex::controls {
 
-/// A search starts with a character and runs until it is ended. Each character more is one more
-/// of the text that the row's text must begin with, without regard to case. The same character
-/// again and again goes from one row that begins with it to the next.
+/// The first character starts a search, and end() ends it. The row's text must begin with all the
+/// characters typed so far, ignoring case. Typing one character repeatedly goes from each row that
+/// begins with it to the next.
 class ListSearch {
 public:
     /// `rows` must outlive the search.
     explicit ListSearch(const ListView &rows) : rows_(rows) {}
 
-    /// A blank is part of a running search. Without one it is for the row's check box.
+    /// A blank continues a running search. Otherwise it ticks the row's check box.
     [[nodiscard]] bool isRunning() const { return !typed_.empty(); }
     void end() { typed_.clear(); }
-    /// The row that this character leads to, from the selected row on and round; 0 when none
-    /// begins so. The search goes on in both cases.
+    /// Adds a character and returns the row that it leads to; 0 if there is none. Starts at the
+    /// selected row and continues from the top. The search keeps running in both cases.
     [[nodiscard]] int rowAfter(std::u16string_view character);
 
 private:
     [[nodiscard]] bool isOneCharacterRepeated(std::u16string_view character) const;
 
     const ListView &rows_;
-    /// Case folded.
+    /// Case-folded.
     std::u16string typed_;
 };
 

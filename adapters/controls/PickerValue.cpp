@@ -88,7 +88,7 @@ void PickerValue::hold(std::chrono::year_month_day date) {
     restoreValue();
 }
 
-/// The day of the date held, cut to the last of `month`.
+/// Keeps the day, or takes the last day of a shorter month.
 void PickerValue::holdCut(int year, int month) {
     const auto first = dateOf(year, month, 1);
     const std::chrono::year_month_day_last last{first.year(),

@@ -1,5 +1,5 @@
-// The date and time of day of a picker, whatever toolkit shows them. A toolkit's picker derives
-// from it and adds what a control is.
+// The date and time of a picker, the same for all toolkits. A toolkit's picker derives from it and
+// adds the control.
 #pragma once
 
 #include "platform/controls/DTPicker.h"
@@ -15,7 +15,7 @@ public:
 
     [[nodiscard]] bool hasValue() const final { return hasValue_; }
     void clearValue() final;
-    /// Brings the value back that was held before.
+    /// Brings back the value that clearValue() removed.
     void restoreValue();
     void setToday() final;
     void setDate(int year, int month, int day) final;
@@ -35,9 +35,9 @@ public:
     void setSecond(int second) final { setTime(hour_, minute_, second); }
 
 protected:
-    /// Holds today and this time of day.
+    /// Starts with today and this time of day.
     PickerValue(int hour, int minute, int second);
-    /// The value, or whether there is one, was set; what is shown is to follow.
+    /// Called after the value was set, cleared or restored. The toolkit updates what it shows.
     virtual void valueSet() {}
 
 private:

@@ -1,7 +1,6 @@
 #include "adapters/headless/HeadlessButtons.h"
 
 #include "adapters/headless/HeadlessWindow.h"
-#include "adapters/headless/User.h"
 
 #include <algorithm>
 

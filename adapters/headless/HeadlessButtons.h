@@ -1,33 +1,14 @@
-// The controls that show a caption and at most a mark: labels, buttons, check boxes, options.
+// Command buttons, check boxes and option buttons.
 #pragma once
 
 #include "adapters/headless/HeadlessControl.h"
 #include "platform/controls/CheckBox.h"
 #include "platform/controls/CommandButton.h"
-#include "platform/controls/Label.h"
 #include "platform/controls/OptionButton.h"
 
+#include <vector>
+
 namespace kvex::headless {
-
-/// A kind of control whose caption can change.
-template <class Kind> class HeadlessCaptioned : public HeadlessControl<Kind> {
-public:
-    HeadlessCaptioned(HeadlessWindow *window, const ControlDesign &design)
-        : HeadlessControl<Kind>(window, design), caption_(design.caption) {}
-
-    [[nodiscard]] std::u16string caption() const final { return caption_; }
-    void setCaption(const std::u16string &caption) final { caption_ = caption; }
-    [[nodiscard]] std::u16string_view accessCaption() const final { return caption_; }
-
-private:
-    std::u16string caption_;
-};
-
-class HeadlessLabel final : public HeadlessCaptioned<Label> {
-public:
-    using HeadlessCaptioned::HeadlessCaptioned;
-    [[nodiscard]] bool takesFocus() const override { return false; }
-};
 
 class HeadlessCommandButton final : public HeadlessCaptioned<CommandButton> {
 public:
@@ -58,7 +39,7 @@ public:
 
     [[nodiscard]] bool selected() const override { return selected_; }
     void select() override;
-    /// Tab reaches of a group the selected member; the arrow keys reach the others.
+    /// Tab reaches only the selected member of a group. The arrow keys reach the others.
     [[nodiscard]] bool isTabStop() const override;
     void click() override;
     bool press(Key key) override;

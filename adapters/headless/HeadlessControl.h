@@ -1,16 +1,78 @@
-// Gives a kind of control what every control has, upon the element that the user sees.
+// What every control of this toolkit has.
 #pragma once
 
-#include "adapters/headless/Element.h"
+#include "adapters/controls/EventDelivery.h"
+#include "adapters/controls/Keys.h"
 #include "platform/controls/Control.h"
+#include "platform/controls/WindowDesign.h"
 
+#include <functional>
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace kvex::headless {
 
+using controls::Key;
+
+class HeadlessWindow;
+
+/// A control as its window and the user see it.
+class Element {
+public:
+    /// `window` is null for an element outside any window.
+    Element(HeadlessWindow *window, ControlDesign design);
+    virtual ~Element() = default;
+    Element(const Element &) = delete;
+    Element &operator=(const Element &) = delete;
+
+    [[nodiscard]] const ControlDesign &design() const { return design_; }
+    [[nodiscard]] bool isEnabled() const { return enabled_; }
+    void enable(bool enabled);
+    [[nodiscard]] bool isVisible() const { return visible_; }
+    void reveal(bool visible);
+    [[nodiscard]] bool isUsable() const { return enabled_ && visible_; }
+    /// Fails with invalidCall if the element cannot have the focus.
+    void takeFocus();
+
+    /// Whether controls of this kind can have the focus.
+    [[nodiscard]] virtual bool takesFocus() const { return true; }
+    /// Whether Tab stops here while the element is usable.
+    [[nodiscard]] virtual bool isTabStop() const { return takesFocus(); }
+    /// The caption that names the access key.
+    [[nodiscard]] virtual std::u16string_view accessCaption() const { return {}; }
+
+    /// These are the user's actions on a usable element.
+    virtual void click() {}
+    /// Returns false to leave the key to the window.
+    virtual bool press(Key) { return false; }
+    /// The character may be a surrogate pair. Returns false if the element takes no text.
+    virtual bool type(std::u16string_view) { return false; }
+    /// Tab brought the focus here.
+    virtual void enteredByTab() {}
+    virtual void focusLost() {}
+
+protected:
+    [[nodiscard]] HeadlessWindow *window() const { return window_; }
+    template <class... Parameters, class... Arguments>
+    void deliver(const std::function<void(Parameters...)> &handler, Arguments &&...arguments) {
+        controls::deliver(handler, where(), observer(), std::forward<Arguments>(arguments)...);
+    }
+
+private:
+    [[nodiscard]] std::u16string where() const;
+    [[nodiscard]] controls::ErrorObserver observer() const;
+
+    HeadlessWindow *window_;
+    ControlDesign design_;
+    bool enabled_;
+    bool visible_;
+};
+
+/// Adds to an element what code sees: the interface `Kind`.
 template <class Kind, class Part = Element> class HeadlessControl : public Kind, public Part {
 public:
-    /// `kindArguments` are the kind's own.
+    /// `kindArguments` go to the constructor of `Kind`.
     template <class... KindArguments>
     HeadlessControl(HeadlessWindow *window, const ControlDesign &design,
                     KindArguments... kindArguments)
@@ -25,11 +87,18 @@ public:
     void refresh() final {}
 };
 
-/// A control that only stands there: a frame, or an image list.
-class HeadlessOrnament final : public HeadlessControl<Control> {
+/// A control whose caption can change.
+template <class Kind> class HeadlessCaptioned : public HeadlessControl<Kind> {
 public:
-    using HeadlessControl::HeadlessControl;
-    [[nodiscard]] bool takesFocus() const override { return false; }
+    HeadlessCaptioned(HeadlessWindow *window, const ControlDesign &design)
+        : HeadlessControl<Kind>(window, design), caption_(design.caption) {}
+
+    [[nodiscard]] std::u16string caption() const final { return caption_; }
+    void setCaption(const std::u16string &caption) final { caption_ = caption; }
+    [[nodiscard]] std::u16string_view accessCaption() const final { return caption_; }
+
+private:
+    std::u16string caption_;
 };
 
 } // namespace kvex::headless

@@ -1,7 +1,6 @@
 #include "adapters/headless/HeadlessListView.h"
 
 #include "adapters/headless/HeadlessWindow.h"
-#include "adapters/headless/User.h"
 
 #include <algorithm>
 
@@ -81,7 +80,7 @@ void HeadlessListView::pick(int row) {
     deliver(onItemClick, row);
 }
 
-/// By keys; a row that is not there, or selected already, is none to go to.
+/// Selects a row by key, unless it does not exist or is already selected.
 void HeadlessListView::walkTo(int row) {
     if (row >= 1 && row <= rowCount() && row != selectedRow()) {
         pick(row);

@@ -1,4 +1,4 @@
-// A list of rows, and what a user does to one.
+// A list of rows, and the user's actions on it.
 #pragma once
 
 #include "adapters/controls/ListRows.h"
@@ -12,12 +12,12 @@ public:
     HeadlessListView(HeadlessWindow *window, const ControlDesign &design)
         : HeadlessControl(window, design, design.multiSelect) {}
 
-    /// On the area without rows, which deselects all.
+    /// Clicks the area without rows, which deselects all rows.
     void clickBesideRows();
-    /// `row` is one of the rows.
+    /// The row must exist.
     void clickRow(int row);
     void doubleClickRow(int row);
-    /// The list has check boxes.
+    /// The list must have check boxes.
     void tickRow(int row);
     bool press(Key key) override;
     bool type(std::u16string_view character) override;
@@ -28,7 +28,7 @@ private:
     void pick(int row);
     void walkTo(int row);
 
-    /// No clock ends it: what the user does else does.
+    /// Any other action of the user ends the search. There is no time limit.
     controls::ListSearch search_{*this};
 };
 

@@ -1,6 +1,5 @@
 #include "adapters/headless/HeadlessRichTextBox.h"
 
-#include "adapters/headless/User.h"
 #include "platform/LineBreaks.h"
 
 #include <limits>

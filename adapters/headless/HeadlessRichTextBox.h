@@ -1,8 +1,8 @@
-// A text of many lines, its parts in colours.
+// A box of several lines in colours.
 #pragma once
 
 #include "adapters/headless/HeadlessControl.h"
-#include "adapters/headless/TextInput.h"
+#include "adapters/headless/HeadlessTextBox.h"
 #include "platform/controls/RichTextBox.h"
 
 namespace kvex::headless {
@@ -24,9 +24,9 @@ private:
     [[nodiscard]] std::u16string pasteable(std::u16string_view text) const override;
     [[nodiscard]] std::size_t limit() const override;
 
-    /// One for each unit of the text.
+    /// The colour of each unit of the text.
     std::vector<Colour> colours_;
-    /// Of the text that is being set; what is typed is black.
+    /// The colours of a text while it is being set. Typed text is black.
     std::vector<Colour> coming_;
 };
 

@@ -1,5 +1,5 @@
-// A toolkit without a screen. Windows, controls, focus, access keys and modality behave as on a
-// screen; a script plays the user. For tests and for work at a terminal.
+// A toolkit without a screen, for tests and for work at a terminal. Windows, controls, focus,
+// access keys and modality behave as on a screen. A script plays the user.
 #pragma once
 
 #include "platform/controls/Toolkit.h"
@@ -15,7 +15,7 @@ namespace kvex::headless {
 class HeadlessWindow;
 class User;
 
-/// Clipboard whose text the test sets.
+/// A clipboard. Tests set its text.
 class HeadlessClipboard final : public Clipboard {
 public:
     void setText(std::u16string text) { text_ = std::move(text); }
@@ -29,8 +29,8 @@ private:
 
 class HeadlessToolkit final : public Toolkit {
 public:
-    /// What the user does in a window, from its first moment on. When the script ends with the
-    /// window open, that is a problem and the window is closed by its frame.
+    /// What the user does in a window once it is shown. It is a problem if the script ends and the
+    /// window is still open. The window is then closed by its frame.
     using Script = std::function<void(User &)>;
     struct MessageBox {
         std::u16string title;
@@ -38,21 +38,21 @@ public:
         std::int32_t style;
     };
 
-    /// The next window to be shown is the one named `window`, and `script` plays in it. Calls
-    /// queue up, in the order in which the windows will be shown. A window that nobody waits for,
-    /// or another than the awaited one, is a problem and is closed by its frame at once.
+    /// Expects the window named `window` next and plays `script` in it. Calls queue up in the order
+    /// in which the windows appear. Any other window is a problem and is closed by its frame at
+    /// once.
     void whenShown(std::u16string window, Script script);
-    /// The answer to the next message box; calls queue up. Without one the answer is `ok` for an
-    /// OK box and `no` for a question.
+    /// The answer to the next message box. Calls queue up. Without an answer, the result is `ok`
+    /// for an OK box and `no` for a question.
     void answerNext(std::int32_t result);
 
     [[nodiscard]] const std::vector<MessageBox> &messageBoxes() const { return messageBoxes_; }
-    /// What went wrong with the play itself: unexpected windows, windows left open, actions that
-    /// no user could take (a click on a disabled button, typing without a focus). Empty after a
-    /// good test, together with pendingScripts() == 0.
+    /// What went wrong with the scripts: unexpected windows, windows left open, and actions that no
+    /// user could take. A click on a disabled button is such an action, and typing without a focus.
+    /// After a good test the list is empty and pendingScripts() is 0.
     [[nodiscard]] const std::vector<std::string> &problems() const { return problems_; }
     [[nodiscard]] std::size_t pendingScripts() const { return scripts_.size(); }
-    /// Errors that left a handler, as written to the diagnostic stream.
+    /// The errors that left a handler. The diagnostic stream has them too.
     [[nodiscard]] const std::vector<Error> &unhandledErrors() const { return unhandledErrors_; }
 
     [[nodiscard]] std::unique_ptr<Window> createWindow(const WindowDesign &design) override;
@@ -68,7 +68,7 @@ private:
         Script script;
     };
 
-    /// The life of a shown window: what awaits it plays, then it is closed.
+    /// Plays the script that waits for the window, then closes the window.
     void play(HeadlessWindow &window);
     void playScript(HeadlessWindow &window, const Script &script);
     void addProblem(std::u16string_view window, std::u16string_view text);
@@ -78,7 +78,7 @@ private:
     std::vector<MessageBox> messageBoxes_;
     std::vector<std::string> problems_;
     std::vector<Error> unhandledErrors_;
-    /// The last one is the active one.
+    /// The last one is active.
     std::vector<HeadlessWindow *> shown_;
     HeadlessClipboard clipboard_;
 };

@@ -1,7 +1,7 @@
-// A window without a screen: its controls, its focus, its life.
+// A window without a screen, with its controls and its focus.
 #pragma once
 
-#include "adapters/headless/Element.h"
+#include "adapters/headless/HeadlessControl.h"
 #include "adapters/headless/HeadlessToolkit.h"
 
 #include <memory>
@@ -30,21 +30,22 @@ public:
     [[nodiscard]] const std::vector<std::unique_ptr<Element>> &elements() const {
         return elements_;
     }
-    /// Null when there is none of the name.
+    /// Null if no element has the name.
     [[nodiscard]] Element *element(std::u16string_view name) const;
 
-    /// Null when none has it.
+    /// Null if no element has the focus.
     [[nodiscard]] Element *focus() const { return focus_; }
     void setFocus(Element *element);
-    /// To be called when an element may have become unusable: an unusable one passes the focus
-    /// back to the one that had it before or, when that cannot take it, on to the next in tab
-    /// order.
+    /// Call it when an element may have become unusable. If the focus is there, it goes back to the
+    /// element that had it before. If that one is unusable, it goes to the next tab stop.
     void passFocusOn();
     [[nodiscard]] std::vector<Element *> tabStops() const;
-    /// To the focus, else to the window: Tab moves the focus, Enter and Esc press their buttons.
+    /// The focused element gets the key first. Otherwise Tab moves the focus, and Enter and Esc
+    /// press their buttons.
     void press(Key key);
-    /// Whom Alt and the key lead to: the one control, or, when several have the key, the next one
-    /// after the focus, which then only takes the focus. False when none has the key.
+    /// Alt and the key focus and click the control that has the key. A label's key only focuses its
+    /// buddy. If several controls have the key, the next one after the focus only takes the focus.
+    /// Returns false if none has it.
     bool pressAccessKey(char16_t key);
 
 private:
@@ -61,7 +62,7 @@ private:
     std::u16string caption_;
     std::vector<std::unique_ptr<Element>> elements_;
     Element *focus_ = nullptr;
-    /// Had the focus before.
+    /// The element that had the focus before.
     Element *previousFocus_ = nullptr;
     State state_ = State::fresh;
     bool showCalled_ = false;

@@ -1,8 +1,8 @@
 #include "adapters/headless/User.h"
 
 #include "adapters/headless/HeadlessButtons.h"
+#include "adapters/headless/HeadlessDTPicker.h"
 #include "adapters/headless/HeadlessListView.h"
-#include "adapters/headless/HeadlessPicker.h"
 #include "adapters/headless/HeadlessWindow.h"
 #include "platform/Text.h"
 #include "platform/Utf16.h"
@@ -146,7 +146,7 @@ void User::focusOn(std::u16string_view control) {
 
 template <class Action>
 void User::onPicker(std::u16string_view picker, const Action &action) const {
-    if (auto *found = usable<HeadlessPicker>(picker)) {
+    if (auto *found = usable<HeadlessDTPicker>(picker)) {
         found->takeFocus();
         try {
             action(*found);
@@ -157,15 +157,15 @@ void User::onPicker(std::u16string_view picker, const Action &action) const {
 }
 
 void User::pickDate(std::u16string_view picker, int year, int month, int day) {
-    onPicker(picker, [=](HeadlessPicker &found) { found.pickDate(year, month, day); });
+    onPicker(picker, [=](HeadlessDTPicker &found) { found.pickDate(year, month, day); });
 }
 
 void User::pickTime(std::u16string_view picker, int hour, int minute, int second) {
-    onPicker(picker, [=](HeadlessPicker &found) { found.pickTime(hour, minute, second); });
+    onPicker(picker, [=](HeadlessDTPicker &found) { found.pickTime(hour, minute, second); });
 }
 
 void User::tickPicker(std::u16string_view picker, bool ticked) {
-    onPicker(picker, [=](HeadlessPicker &found) { found.tick(ticked); });
+    onPicker(picker, [=](HeadlessDTPicker &found) { found.tick(ticked); });
 }
 
 Window &User::window() {

@@ -1,8 +1,8 @@
-// What a person can do in a window of the headless toolkit, and see there. An action that no
-// person could take is recorded as the toolkit's problem and changes nothing.
+// What a person can do and see in a window of the headless toolkit. An action that no person could
+// take changes nothing; the toolkit records it as a problem.
 #pragma once
 
-#include "adapters/controls/Key.h"
+#include "adapters/controls/Keys.h"
 #include "platform/controls/CheckBox.h"
 #include "platform/controls/CommandButton.h"
 #include "platform/controls/DTPicker.h"
@@ -25,43 +25,43 @@ using controls::Key;
 
 class User {
 public:
-    /// Mouse.
+    // The mouse.
     void click(std::u16string_view control);
     void clickRow(std::u16string_view list, int row);
-    /// Where the list has no row: none is selected then.
+    /// Clicks the area without rows, which deselects all rows.
     void clickBesideRows(std::u16string_view list);
     void doubleClickRow(std::u16string_view list, int row);
-    /// On the area of the list that no row covers.
+    /// Double-clicks the area without rows.
     void doubleClickBesideRows(std::u16string_view list);
-    /// Clicks the row's check box, which toggles it.
+    /// Clicks the row's check box, which ticks or unticks it.
     void tickRow(std::u16string_view list, int row);
     void closeByFrame();
 
-    /// Keyboard, to whatever has the focus.
+    // The keyboard. The keys go to the control that has the focus.
     void press(Key key);
-    /// Each character as a key.
+    /// Types the characters one by one.
     void type(std::u16string_view text);
-    /// Alt and the key: the control (or the label's buddy) that has it as its access key.
+    /// Presses Alt and the key, for the control or the label's buddy with this access key.
     void pressAccessKey(char16_t key);
-    /// Gives the focus as a click into the control would.
+    /// Gives the control the focus, as a click into it would.
     void focusOn(std::u16string_view control);
 
-    /// Pickers: as if typed; unticking leaves no value, ticking brings the last one back.
+    // Pickers. The values are typed. Unticking clears the value; ticking brings the last one back.
     void pickDate(std::u16string_view picker, int year, int month, int day);
     void pickTime(std::u16string_view picker, int hour, int minute, int second);
     void tickPicker(std::u16string_view picker, bool ticked);
 
-    /// What is seen.
+    // What the user sees.
     [[nodiscard]] Window &window();
     template <class Kind> [[nodiscard]] Kind &get(std::u16string_view name) {
         return window().get<Kind>(name);
     }
     [[nodiscard]] bool isOpen() const;
-    /// The name of the control that has the focus, "" for none.
+    /// The name of the control that has the focus; "" if none has it.
     [[nodiscard]] std::u16string focused() const;
-    /// The texts of a list's rows, from the first to the last.
+    /// The row texts of a list, from the first to the last.
     [[nodiscard]] std::vector<std::u16string> rows(std::u16string_view list);
-    /// The controls that Tab reaches, in that order, from the first.
+    /// The names of the controls that Tab reaches, in tab order.
     [[nodiscard]] std::vector<std::u16string> tabOrder() const;
 
 private:
@@ -69,9 +69,10 @@ private:
     explicit User(HeadlessWindow &window) : window_(window) {}
 
     void complain(std::u16string_view text) const;
-    /// Whether the user can do anything in the window; else that is a problem.
+    /// Whether the user can do anything in the window. If not, it records a problem.
     [[nodiscard]] bool isBeforeWindow() const;
-    /// The control of this name and kind, null and a problem when the user cannot use it.
+    /// The control of this name and kind. If the user cannot use it, it records a problem and
+    /// returns null.
     template <class Kind> [[nodiscard]] Kind *usable(std::u16string_view name) const;
     template <class Action>
     void onRow(std::u16string_view list, int row, const Action &action) const;

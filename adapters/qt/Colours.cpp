@@ -36,7 +36,7 @@ QColor readable(const QColor &wanted, const QColor &background, double leastCont
     const QColor &away = contrast(black, background) > contrast(white, background) ? black : white;
     constexpr int steps = 20;
     for (int step = 0; step < steps; ++step) {
-        // Rounded to what is drawn.
+        // Rounded, as it will be drawn.
         const QColor candidate(mixed(wanted, away, static_cast<double>(step) / steps).rgb());
         if (contrast(candidate, background) >= leastContrast) {
             return candidate;

@@ -1,4 +1,4 @@
-// Colours that can be read on whatever theme is in force.
+// Colours that are readable in every theme.
 #pragma once
 
 #include <QColor>
@@ -6,25 +6,25 @@
 
 namespace kvex::qt {
 
-/// The least contrast of text with its background, and of what else is to be made out.
+/// The least contrast with the background, for text and for shapes.
 inline constexpr double leastTextContrast = 4.5;
 inline constexpr double leastShapeContrast = 3;
 
-/// The contrast ratio of two colours, 1 to 21, as web accessibility guidelines define it.
+/// The contrast ratio of two colours, from 1 to 21, as the web accessibility guidelines define it.
 [[nodiscard]] double contrast(const QColor &one, const QColor &other);
 
-/// `wanted`, shifted away from `background` as far as the least contrast asks for.
+/// `wanted`, moved away from `background` until it has the least contrast.
 [[nodiscard]] QColor readable(const QColor &wanted, const QColor &background,
                               double leastContrast = leastTextContrast);
 
-/// Text that steps back behind the text of `text` on `background`, still readable.
+/// A paler colour than that of `text`, still readable on `background`.
 [[nodiscard]] QColor quieterText(const QPalette &palette, QPalette::ColorRole text,
                                  QPalette::ColorRole background);
 
-/// Sets only the colours of disabled text, to ones that can be read on their backgrounds.
+/// A palette that only sets the colours of disabled text, to readable ones.
 [[nodiscard]] QPalette readableWhenDisabled(const QPalette &palette);
 
-/// The outline of a box to fill in, on the palette's base colour.
+/// The colour of a check box's outline on the palette's base colour.
 [[nodiscard]] QColor outline(const QPalette &palette);
 
 } // namespace kvex::qt

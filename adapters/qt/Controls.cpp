@@ -1,16 +1,13 @@
 #include "adapters/qt/Controls.h"
 
-#include "adapters/controls/Caption.h"
+#include "adapters/controls/Keys.h"
 #include "adapters/qt/LayoutBuilder.h"
 #include "adapters/qt/QText.h"
-#include "adapters/qt/QtCheckBox.h"
-#include "adapters/qt/QtCommandButton.h"
+#include "adapters/qt/QtButtons.h"
 #include "adapters/qt/QtDTPicker.h"
-#include "adapters/qt/QtFrame.h"
-#include "adapters/qt/QtLabel.h"
 #include "adapters/qt/QtListView.h"
-#include "adapters/qt/QtOptionButton.h"
 #include "adapters/qt/QtRichTextBox.h"
+#include "adapters/qt/QtStaticControls.h"
 #include "adapters/qt/QtTextBox.h"
 
 #include <algorithm>
@@ -31,14 +28,14 @@ void collectFrames(const Layout &layout, std::set<std::u16string> &surrounding) 
 
 } // namespace
 
-/// Makes the control of each design.
+/// Makes a control from its design.
 class Controls::Builder {
 public:
     Builder(const WindowDesign &design, Dialog &dialog) : design_(design), dialog_(dialog) {
         collectFrames(design.layout, surroundingFrames_);
     }
 
-    /// Nothing for an image list, which is no control.
+    /// Returns nothing for an image list, because it is not a control.
     [[nodiscard]] Built build(const ControlDesign &design) {
         switch (design.kind) {
         case ControlKind::label:
@@ -87,7 +84,7 @@ private:
         return built;
     }
 
-    /// An option button without a group is a group of its own.
+    /// An option button without a group name has its own group.
     [[nodiscard]] QButtonGroup &groupOf(const ControlDesign &design) {
         QButtonGroup *&group = groups_[design.group.empty() ? design.name : design.group];
         if (group == nullptr) {
@@ -126,22 +123,22 @@ Control *Controls::find(std::u16string_view name) const {
     return found == built_.end() ? nullptr : found->second.control.get();
 }
 
-ControlWidget *Controls::widgetOf(std::u16string_view name) const {
+Element *Controls::widgetOf(std::u16string_view name) const {
     const auto found = built_.find(name);
     return found == built_.end() ? nullptr : found->second.widget;
 }
 
-/// Gives every control the name of its label, unless its design has one for it.
+/// Gives every control the accessible name from its design, or else from its label.
 void Controls::nameAloud(const WindowDesign &design) {
     for (const ControlDesign &control : design.controls) {
-        ControlWidget *buddy = widgetOf(control.buddy);
+        Element *buddy = widgetOf(control.buddy);
         if (control.kind == ControlKind::label && buddy != nullptr) {
             dynamic_cast<QtLabel &>(*widgetOf(control.name)).setBuddy(buddy->widget());
             buddy->setSpokenName(toQt(controls::parseCaption(control.caption).shown));
         }
     }
     for (const ControlDesign &control : design.controls) {
-        if (ControlWidget *widget = widgetOf(control.name);
+        if (Element *widget = widgetOf(control.name);
             widget != nullptr && !control.accessibleName.empty()) {
             widget->setSpokenName(toQt(control.accessibleName));
         }
@@ -151,7 +148,7 @@ void Controls::nameAloud(const WindowDesign &design) {
 void Controls::setTabOrder(const WindowDesign &design) {
     QWidget *previous = nullptr;
     for (const ControlDesign &control : design.controls) {
-        const ControlWidget *widget = widgetOf(control.name);
+        const Element *widget = widgetOf(control.name);
         if (widget == nullptr) {
             continue;
         }

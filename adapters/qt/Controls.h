@@ -1,8 +1,8 @@
 // The controls of one window, built from its design.
 #pragma once
 
-#include "adapters/qt/ControlWidget.h"
 #include "adapters/qt/Dialog.h"
+#include "adapters/qt/QtControl.h"
 #include "platform/controls/WindowDesign.h"
 
 #include <map>
@@ -14,21 +14,21 @@ namespace kvex::qt {
 
 class Controls {
 public:
-    /// Builds them as children of `dialog`, in their layout and tab order.
+    /// Builds the controls as children of `dialog` and sets their layout and tab order.
     Controls(const WindowDesign &design, Dialog &dialog);
 
-    /// Null for none.
+    /// Null if no control has the name.
     [[nodiscard]] Control *find(std::u16string_view name) const;
 
 private:
     struct Built {
         std::unique_ptr<Control> control;
-        /// The same object.
-        ControlWidget *widget;
+        /// The same object as `control`.
+        Element *widget;
     };
     class Builder;
 
-    [[nodiscard]] ControlWidget *widgetOf(std::u16string_view name) const;
+    [[nodiscard]] Element *widgetOf(std::u16string_view name) const;
     void nameAloud(const WindowDesign &design);
     void setTabOrder(const WindowDesign &design);
 

@@ -1,7 +1,7 @@
 #include "adapters/qt/DateTimeEdit.h"
 
 #include "adapters/controls/PickerValue.h"
-#include "adapters/qt/TypedKey.h"
+#include "adapters/qt/QText.h"
 
 #include <QCalendarWidget>
 #include <QLineEdit>
@@ -17,7 +17,7 @@ namespace {
 
 const QString wholeYear = QStringLiteral("yyyy");
 
-/// To Qt "yyy" is a year of two digits, and a "y" behind it.
+/// Qt reads "yyy" as a two-digit year followed by "y".
 QString withWholeYear(QString format) {
     static const QRegularExpression year(QStringLiteral("y{3,}"));
     return format.replace(year, wholeYear);
@@ -25,13 +25,13 @@ QString withWholeYear(QString format) {
 
 constexpr int noDigit = -1;
 
-/// Of whatever script.
+/// Accepts the digits of every script.
 int digitOf(const QKeyEvent &event) {
     return isTyping(event) && event.text().size() == 1 ? event.text().front().digitValue()
                                                        : noDigit;
 }
 
-/// Whatever the format has between its parts: people write dates in many ways.
+/// Accepts the usual separators, not only the format's, because people write dates in many ways.
 bool isSeparator(const QKeyEvent &event) {
     return isTyping(event) && QStringLiteral("/.-:, ").contains(event.text());
 }
@@ -41,7 +41,7 @@ struct Range {
     int most;
 };
 
-/// What a part of two digits may hold, whatever the others do.
+/// The values of a two-digit part, independent of the other parts.
 Range rangeOf(QDateTimeEdit::Section part) {
     switch (part) {
     case QDateTimeEdit::DaySection:
@@ -59,7 +59,7 @@ Range rangeOf(QDateTimeEdit::Section part) {
 
 DateTimeEdit::DateTimeEdit(QWidget *parent, const QString &format) : QDateTimeEdit(parent) {
     setTimeSpec(Qt::UTC);
-    // In every language the digits that keyboards type.
+    // Shows the digits of keyboards in every language.
     setLocale(QLocale::c());
     setDisplayFormat(withWholeYear(format));
     setDateTimeRange({{controls::PickerValue::firstYear, 1, 1}, {0, 0}, Qt::UTC},
@@ -71,10 +71,10 @@ DateTimeEdit::DateTimeEdit(QWidget *parent, const QString &format) : QDateTimeEd
         QCalendarWidget &calendar = *calendarWidget();
         calendar.setLocale(QLocale());
         calendar.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-        // Red weekends would be the one colour that no theme chose.
+        // Qt's red weekends do not follow the theme.
         calendar.setWeekdayTextFormat(Qt::Saturday, {});
         calendar.setWeekdayTextFormat(Qt::Sunday, {});
-        // Not every dark theme darkens the colour that Qt puts behind the names of the days.
+        // Some dark themes leave a light background behind the names of the days.
         QTextCharFormat dayNames;
         dayNames.setBackground(QColor(Qt::transparent));
         calendar.setHeaderTextFormat(dayNames);
@@ -87,19 +87,19 @@ void DateTimeEdit::show(const QDateTime &value) {
     setDateTime(empty_ ? dateTime() : value);
 }
 
-/// With room for the caret behind the text.
+/// Leaves room for the caret after the text.
 QSize DateTimeEdit::sizeHint() const {
     return QDateTimeEdit::sizeHint() + QSize(fontMetrics().averageCharWidth(), 0);
 }
 
 QString DateTimeEdit::textFromDateTime(const QDateTime &value) const {
-    // For the room that it may take Qt asks for other values, too.
+    // Qt also asks for other values, to measure the room.
     const bool isShown = value == dateTime();
     return empty_ && isShown ? QString() : QDateTimeEdit::textFromDateTime(value);
 }
 
-/// The value that a whole text in range says; what the format does not show stays. Qt would keep a
-/// day that it remembers from before the text was replaced.
+/// The value of a complete text, if it is in range. Parts that the format does not show stay. Qt's
+/// own function would reuse a day from before the text was replaced.
 QDateTime DateTimeEdit::wholeValue(const QString &text) const {
     const QDateTime said = QDateTime::fromString(text, displayFormat());
     const Sections shown = displayedSections();
@@ -116,7 +116,7 @@ QValidator::State DateTimeEdit::validate(QString &text, int &position) const {
     return isYearBegun(text) ? QValidator::Intermediate : QDateTimeEdit::validate(text, position);
 }
 
-/// Whether only the end of the year is missing, be it that of no year in range.
+/// Whether only the end of the year is missing. The year need not be in range.
 bool DateTimeEdit::isYearBegun(const QString &text) const {
     const qsizetype at = displayFormat().indexOf(wholeYear);
     if (at < 0 || text.size() >= displayFormat().size()) {
@@ -147,7 +147,7 @@ void DateTimeEdit::keyPressEvent(QKeyEvent *event) {
     if (digit != noDigit) {
         typeDigit(digit);
     } else if (isSeparator(*event)) {
-        // What the last digit ended is not to be ended again.
+        // If the last digit ended the part, the separator does not end the next one.
         goToPart(hadEndedPart ? 0 : 1);
     } else if (isByWord && (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right)) {
         goToPart(event->key() == Qt::Key_Right ? 1 : -1);
@@ -156,15 +156,15 @@ void DateTimeEdit::keyPressEvent(QKeyEvent *event) {
     }
 }
 
-/// What is typed so far counts.
+/// Takes over the digits typed so far.
 void DateTimeEdit::goToPart(int step) {
     const int part = std::clamp(currentSectionIndex() + step, 0, sectionCount() - 1);
     interpretText();
     setSelectedSection(sectionAt(part));
 }
 
-/// A day may be typed before its month, whatever month is shown: the month and the year typed
-/// after it bring it back as far as they have it.
+/// The user types the day before the month, so the shown month may cut it. The month and the year
+/// typed next bring back as much of it as they allow.
 void DateTimeEdit::typeDigit(int digit) {
     if (date() != typedDate_) {
         typedDay_ = 0;
@@ -177,7 +177,7 @@ void DateTimeEdit::typeDigit(int digit) {
     typedDate_ = date();
 }
 
-/// Into a year that is whole Qt takes a digit only when the year is selected.
+/// If the year is complete, Qt takes a digit only while the year is selected.
 void DateTimeEdit::typeIntoYear(int digit) {
     const auto isWhole = [this] { return text() == QDateTimeEdit::textFromDateTime(dateTime()); };
     if (isWhole()) {
@@ -190,7 +190,7 @@ void DateTimeEdit::typeIntoYear(int digit) {
     }
 }
 
-/// A part of two digits.
+/// Takes a digit of a two-digit part.
 void DateTimeEdit::typeIntoPart(int digit) {
     const Section part = currentSection();
     const auto [least, most] = rangeOf(part);
@@ -211,7 +211,7 @@ void DateTimeEdit::typeIntoPart(int digit) {
     firstDigit_ = digitEndedPart_ ? std::nullopt : std::optional(digit);
 }
 
-/// The day is cut to the month's last. The section that was selected stays so.
+/// Cuts the day to the month's last day. Keeps the selected section.
 void DateTimeEdit::setPart(Section part, int value) {
     const Section section = currentSection();
     if (part == DaySection || part == MonthSection) {
@@ -227,9 +227,9 @@ void DateTimeEdit::setPart(Section part, int value) {
     setSelectedSection(section);
 }
 
-/// Its parts are walked through by the arrow keys.
+/// Tab leaves the field; the arrow keys go from part to part.
 bool DateTimeEdit::focusNextPrevChild(bool next) {
-    // Past Qt's own, which goes from part to part.
+    // QDateTimeEdit's own version goes from part to part.
     return QWidget::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call)
 }
 

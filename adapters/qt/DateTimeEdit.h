@@ -1,7 +1,7 @@
-// A QDateTimeEdit that can show nothing, that Tab leaves, and that takes every date as it is typed:
-// with separators or without. A part ends with its last digit or a separator; Ctrl with an arrow
-// key changes it too, and after Ctrl+A the first digit is that of the first part.
-// Its values are in UTC, whatever the system's time zone: no hour is missing on any day.
+// A QDateTimeEdit that can be empty. Tab leaves it. The user can type a date with or without
+// separators. The last digit of a part or a separator goes to the next part; Ctrl with Left or
+// Right goes to another part too. After Ctrl+A the first digit goes to the first part. Its values
+// are in UTC, so that every day has all its hours in every time zone.
 #pragma once
 
 #include <QDateTimeEdit>
@@ -14,7 +14,7 @@ class DateTimeEdit final : public QDateTimeEdit {
 public:
     DateTimeEdit(QWidget *parent, const QString &format);
 
-    /// Shows `value`, or nothing while it is not valid.
+    /// Shows `value`, or nothing if it is not valid.
     void show(const QDateTime &value);
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -37,11 +37,11 @@ private:
     void setPart(Section part, int value);
 
     bool empty_ = false;
-    /// The first digit of a part of two, until the second is typed.
+    /// The first digit of a two-digit part, until the user types the second.
     std::optional<int> firstDigit_;
-    /// The digit typed just now was its part's last.
+    /// The last key was a digit and ended its part.
     bool digitEndedPart_ = false;
-    /// The day typed last, 0 for none, and the date that it and what was typed after it made.
+    /// The day that the user typed last, or 0; and the date after the last digit.
     int typedDay_ = 0;
     QDate typedDate_;
 };

@@ -23,13 +23,13 @@ Dialog::Dialog(Window &owner) : owner_(owner) {
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setWindowIcon(productIcon());
     setPalette(readableWhenDisabled(QGuiApplication::palette()));
-    // Whether the host goes on when its last window is closed is not this window's business.
+    // Closing this window must not end the host program.
     setAttribute(Qt::WA_QuitOnClose, false);
     connect(qApp, &QApplication::focusChanged, this, &Dialog::noteFocus);
 }
 
 QSize Dialog::roomOnScreen() const {
-    // The frame is not known before the window is shown.
+    // The size of the frame is unknown before the window is shown, so this is an estimate.
     const int line = fontMetrics().height();
     return screen()->availableSize() - QSize(line, 3 * line);
 }
@@ -39,7 +39,7 @@ std::optional<QSize> Dialog::sizeByUser() const {
     return size == firstSize_ ? std::nullopt : std::optional(size);
 }
 
-/// The button that Enter presses is outlined.
+/// Qt outlines the default button, so it must be the one that Enter presses.
 void Dialog::noteFocus(QWidget *before, QWidget *now) {
     scrollTo(now);
     if (now == nullptr || now->window() != this) {
@@ -98,8 +98,8 @@ void Dialog::showEvent(QShowEvent *event) {
     scrollTo(focusWidget());
 }
 
-/// The narrower the window, the more lines a wrapped text takes. Only a small screen lets the
-/// window be smaller than its content: that scrolls then.
+/// In a narrower window, wrapped texts need more lines. The window becomes smaller than its content
+/// only on a small screen. Then the content scrolls.
 void Dialog::keepTextsWhole() {
     const QSize least = layout()->totalMinimumSize();
     const int withinPane = pane_->neededFor(pane_->width()).height();
@@ -107,7 +107,7 @@ void Dialog::keepTextsWhole() {
     setMinimumSize(QSize(least.width(), height).boundedTo(roomOnScreen()));
 }
 
-/// Nothing moves under a pressed mouse button.
+/// Scrolls only while no mouse button is down, so that nothing moves under the mouse.
 void Dialog::scrollTo(QWidget *focused) {
     if (focused != nullptr && pane_->isAncestorOf(focused) &&
         QGuiApplication::mouseButtons() == Qt::NoButton) {

@@ -1,4 +1,4 @@
-// The dialog of a window: its size, its focus, and what Enter and Esc press.
+// The dialog of a window: its size, its focus, and the buttons of Enter and Esc.
 #pragma once
 
 #include "adapters/qt/ScrollPane.h"
@@ -19,21 +19,21 @@ class Dialog final : public QDialog {
 public:
     explicit Dialog(Window &owner);
 
-    /// The window that it shows.
+    /// The window that this dialog shows.
     [[nodiscard]] Window &owner() const { return owner_; }
     void setDefaultButton(QPushButton *button) { defaultButton_ = button; }
-    /// What had the focus before, null for nothing.
+    /// The widget that had the focus before; null if there is none.
     [[nodiscard]] QWidget *previousFocus() const { return previousFocus_; }
     void setCancelButton(QPushButton *button) { cancelButton_ = button; }
-    /// What of it scrolls where the screen is too small.
+    /// The part that scrolls if the screen is too small.
     void setPane(ScrollPane &pane) { pane_ = &pane; }
 
-    /// What the screen has for it, beside its frame.
+    /// The room on the screen without the window's frame.
     [[nodiscard]] QSize roomOnScreen() const;
-    /// The size that the user gave it since it was shown; nothing when he left it as it was.
+    /// The size that the user gave the window; nothing if they left it unchanged.
     [[nodiscard]] std::optional<QSize> sizeByUser() const;
 
-    /// Lets the focus start at the first control that Tab reaches, unless it has a place.
+    /// Gives the focus to the first tab stop, unless a widget already has it.
     void focusFirst();
 
 protected:

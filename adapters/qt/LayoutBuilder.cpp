@@ -13,7 +13,7 @@ bool hasScrolling(const Layout &layout) {
     return layout.scrolls || std::ranges::any_of(layout.pieces, hasScrolling);
 }
 
-/// Distances follow the font, so that larger texts do not stand closer.
+/// Margins and spacing grow with the font.
 class LayoutBuilder {
 public:
     LayoutBuilder(QWidget &window, const FindControl &find)
@@ -65,7 +65,7 @@ private:
     }
 
     void addControl(QBoxLayout &box, const Layout &piece) const {
-        ControlWidget *control = find_(piece.control);
+        Element *control = find_(piece.control);
         if (control == nullptr) {
             return;
         }

@@ -1,7 +1,7 @@
-// Lays out a window's controls as its design says.
+// Lays out a window's controls by its design.
 #pragma once
 
-#include "adapters/qt/ControlWidget.h"
+#include "adapters/qt/QtControl.h"
 #include "adapters/qt/ScrollPane.h"
 #include "platform/controls/WindowDesign.h"
 
@@ -12,11 +12,10 @@
 
 namespace kvex::qt {
 
-/// Gives the control of a name, null when the window has none.
-using FindControl = std::function<ControlWidget *(const std::u16string &name)>;
+/// Returns the control of this name, or null.
+using FindControl = std::function<Element *(const std::u16string &name)>;
 
-/// Lays out `layout` in `window`, and gives the pane that scrolls. A name without a control is left
-/// out.
+/// Fills `window` with `layout` and returns the part that scrolls. Skips names without a control.
 ScrollPane &buildLayout(QWidget &window, const Layout &layout, const FindControl &find);
 
 } // namespace kvex::qt

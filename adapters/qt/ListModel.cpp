@@ -5,8 +5,29 @@
 #include "adapters/qt/QText.h"
 
 #include <QGuiApplication>
+#include <QWidget>
 
 namespace kvex::qt {
+namespace {
+
+/// The selection's colour in a list without the focus. It lies between background and highlight.
+QColor waitingHighlight(const QPalette &palette) {
+    const QColor base = palette.color(QPalette::Base);
+    const QColor highlight = palette.color(QPalette::Highlight);
+    const auto between = [](int from, int to) { return from + (to - from) / 4; };
+    return {between(base.red(), highlight.red()), between(base.green(), highlight.green()),
+            between(base.blue(), highlight.blue())};
+}
+
+/// The icon in the text's colour, also in a selected row.
+QIcon inTextColour(const QIcon &icon, QSize size, qreal pixelRatio) {
+    const QPixmap drawn = icon.pixmap(size, pixelRatio, QIcon::Normal);
+    QIcon plain(drawn);
+    plain.addPixmap(drawn, QIcon::Selected);
+    return plain;
+}
+
+} // namespace
 
 ListModel::ListModel(controls::ListRows &rows, const ControlDesign &design,
                      const std::vector<Picture> &pictures)
@@ -45,7 +66,8 @@ bool ListModel::setData(const QModelIndex &index, const QVariant &value, int rol
     if (role != Qt::CheckStateRole || !checkBoxes_ || !index.isValid()) {
         return false;
     }
-    tick(index.row() + 1, value.value<Qt::CheckState>() == Qt::Checked);
+    rows_.setChecked(index.row() + 1, value.value<Qt::CheckState>() == Qt::Checked);
+    ticked(index.row());
     return true;
 }
 
@@ -79,7 +101,7 @@ QVariant ListModel::picture(int number) const {
     return index < pictures_.size() ? QVariant(pictures_[index]) : QVariant();
 }
 
-/// What a greyed row has of its own: its colour, and the words that say what the colour says.
+/// The colour of a greyed row, and the text that tells why it is grey.
 QVariant ListModel::greyed(int row, int role) const {
     if (rows_.rowColour(row) != RowColour::greyText) {
         return {};
@@ -92,6 +114,25 @@ QVariant ListModel::greyed(int row, int role) const {
         return greyedHint_;
     default:
         return {};
+    }
+}
+
+QSize RowDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const {
+    const QSize usual = QStyledItemDelegate::sizeHint(option, index);
+    return usual.expandedTo({0, heightOf(option.fontMetrics)});
+}
+
+void RowDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (option->widget != nullptr && !option->widget->hasFocus()) {
+        const QColor highlight = waitingHighlight(option->palette);
+        option->palette.setColor(QPalette::Highlight, highlight);
+        option->palette.setColor(QPalette::HighlightedText,
+                                 readable(option->palette.color(QPalette::Text), highlight));
+        if (!option->icon.isNull()) {
+            option->icon = inTextColour(option->icon, option->decorationSize,
+                                        option->widget->devicePixelRatio());
+        }
     }
 }
 

@@ -1,28 +1,30 @@
-// A list's rows as Qt's item views read them: straight from the rows, nothing held twice.
+// How Qt's item views read and draw the rows of a list.
 #pragma once
 
 #include "adapters/controls/ListRows.h"
 #include "platform/controls/WindowDesign.h"
 
 #include <QAbstractTableModel>
+#include <QFontMetrics>
 #include <QIcon>
+#include <QStyledItemDelegate>
 
 #include <functional>
 #include <vector>
 
 namespace kvex::qt {
 
-/// Qt counts rows and columns from 0; the rows, and what is told to `tick`, count from 1.
+/// Reads ListRows directly and keeps no copy. Qt counts rows and columns from 0, ListRows from 1.
 class ListModel final : public QAbstractTableModel {
 public:
-    /// `pictures`: of the image list that the design names.
+    /// `pictures` is the image list that the design names.
     ListModel(controls::ListRows &rows, const ControlDesign &design,
               const std::vector<Picture> &pictures);
 
-    /// The user ticks or unticks a row.
-    std::function<void(int row, bool checked)> tick;
+    /// Called with the row's number, from 0, after the user ticked or unticked it.
+    std::function<void(int row)> ticked;
 
-    // The changes of the rows, between the calls that Qt wants around them.
+    // Qt requires these calls before and after each change of the rows.
     void aboutToInsertRow(int row) { beginInsertRows({}, row - 1, row - 1); }
     void rowInserted() { endInsertRows(); }
     void aboutToRemoveRow(int row) { beginRemoveRows({}, row - 1, row - 1); }
@@ -56,6 +58,23 @@ private:
     QString greyedHint_;
     bool checkBoxes_;
     int rowPicture_;
+};
+
+/// Draws rows with room for every script, and paler if the list does not have the focus.
+class RowDelegate final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    /// Scripts with marks above and below need more room than one line of the font.
+    [[nodiscard]] static int heightOf(const QFontMetrics &metrics) {
+        return metrics.height() * 4 / 3;
+    }
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem &option,
+                                 const QModelIndex &index) const override;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
 };
 
 } // namespace kvex::qt

@@ -1,10 +1,8 @@
 #include "adapters/qt/ListTree.h"
 
 #include "adapters/qt/Colours.h"
+#include "adapters/qt/ListModel.h"
 #include "adapters/qt/QText.h"
-#include "adapters/qt/Room.h"
-#include "adapters/qt/RowDelegate.h"
-#include "adapters/qt/TypedKey.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -60,7 +58,7 @@ void ListTree::noteTick(int row) {
     }
 }
 
-/// Qt makes a row current that was only ticked, or is merely the first.
+/// Qt may make another row current: one that was only ticked, or the first one.
 void ListTree::keepCurrentSelected() {
     QItemSelectionModel &selection = *selectionModel();
     if (!selection.hasSelection()) {
@@ -87,13 +85,13 @@ QSize ListTree::sizeHint() const {
 }
 
 QSize ListTree::minimumSizeHint() const {
-    // What is cut then is shown whole as its tool tip.
+    // A tool tip shows texts that are cut.
     constexpr int enough = 20;
     return roomFor(std::min(columns_, enough), 0);
 }
 
 QSize ListTree::roomFor(int columns, int lines) const {
-    // With less a row can neither be read nor clicked.
+    // A smaller list cannot be read or clicked.
     constexpr int leastColumns = 12;
     constexpr int leastLines = 3;
     const int headerHeight = isHeaderHidden() ? 0 : header()->sizeHint().height();
@@ -113,8 +111,8 @@ void ListTree::keyPressEvent(QKeyEvent *event) {
     tellDeeds();
 }
 
-/// A blank begins no search, and is none's that the user left waiting too long. What the event
-/// says of the time counts: a program that was busy meanwhile ends no search.
+/// A search ends after a pause between two keys. A blank never starts a search. The time stamps of
+/// the events count, so that a busy program does not end a search.
 bool ListTree::searchFor(const QKeyEvent &event) {
     const auto pause = static_cast<quint64>(QApplication::keyboardInputInterval());
     if (!isTyping(event) || event.timestamp() - searchedAt_ >= pause) {
@@ -128,8 +126,8 @@ bool ListTree::searchFor(const QKeyEvent &event) {
     return true;
 }
 
-/// Where no row is selected, the first of the keys that walk through the rows selects the first
-/// row, or the last, and a blank does nothing.
+/// If no row is selected, an arrow or page key or Home selects the first row, End selects the last,
+/// and a blank does nothing.
 bool ListTree::enterByKey(int key) {
     const bool toFirst = key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Home ||
                          key == Qt::Key_PageUp || key == Qt::Key_PageDown;
@@ -143,7 +141,7 @@ bool ListTree::enterByKey(int key) {
     return true;
 }
 
-/// A row that is not there is none to go to.
+/// Does nothing if the row does not exist.
 void ListTree::walkTo(int row) {
     if (const QModelIndex index = model()->index(row, 0); index.isValid()) {
         selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
@@ -197,7 +195,7 @@ void ListTree::mouseDoubleClickEvent(QMouseEvent *event) {
     QTreeView::mouseDoubleClickEvent(event);
 }
 
-/// A text that is cut is shown whole as its tool tip.
+/// Shows a text that is cut as its tool tip.
 bool ListTree::viewportEvent(QEvent *event) {
     if (event->type() == QEvent::ToolTip) {
         const auto &help = static_cast<const QHelpEvent &>(*event);
@@ -238,8 +236,8 @@ bool ListTree::isOnRow(const QMouseEvent &event) const {
     return index.isValid() && index == pressed_;
 }
 
-/// Handlers run here, when no code of the view is under way: they may change the rows, show other
-/// windows, or close this one.
+/// Runs the handlers, after all of the view's code. They may change the rows, show other windows,
+/// or close this one.
 void ListTree::tellDeeds() {
     keepCurrentSelected();
     const Deeds done = std::exchange(deeds_, {});

@@ -1,4 +1,4 @@
-// The item view of a list: finds out what the user did, and tells it once the view is done.
+// The item view of a list. It detects what the user did and reports it after Qt's own code has run.
 #pragma once
 
 #include "adapters/controls/ListSearch.h"
@@ -9,39 +9,39 @@
 
 namespace kvex::qt {
 
-/// Qt counts rows from 0, so does this. The row that Qt calls current, which has the focus
-/// rectangle, is the selected one; while none is selected there is none.
+/// Rows count from 0, as in Qt. Qt's current row has the focus rectangle. Here it is always the
+/// selected row, and there is none while no row is selected.
 class ListTree final : public QTreeView {
 public:
     ListTree(QWidget *parent, int columns, int lines);
 
-    /// Given a model: what the list says, to eyes and to assistive technology, while it has no
-    /// rows.
+    /// The text of an empty list, on the screen and for assistive technology. Set the model first.
     void setEmptyText(const QString &text);
-    /// The rows' search, which the keys typed go on with. It must outlive the view's last event.
+    /// The search that typed characters feed. It must outlive the view's last event.
     void setSearch(controls::ListSearch &search) { search_ = &search; }
-    /// Where no row is selected, Tab into the list selects the first.
+    /// Lets Tab into the list select the first row if none is selected.
     void startAtFirstRow() { startsAtFirstRow_ = true; }
 
-    /// Before a key or a button acts.
+    /// Called before a key or a mouse button takes effect.
     std::function<void()> beforeAction;
-    /// The user selected a row, or pressed the mouse on the selected row again.
+    /// The user changed the selection, or clicked the selected row again.
     std::function<void()> rowPicked;
     std::function<void(int row)> rowTicked;
     std::function<void()> rowDoubleClicked;
     std::function<void()> resized;
     std::function<void()> aboutToShow;
 
-    /// The user's selection changed; the row's tick.
+    /// Notes that the user changed the selection.
     void noteSelection();
+    /// Notes that the user ticked or unticked the row.
     void noteTick(int row);
-    /// To be called when code changed the selection.
+    /// Makes the selected row current. Call it after code changed the selection.
     void keepCurrentSelected();
 
-    /// The row's check box, in the viewport; empty where there is none.
+    /// The row's check box in the viewport; empty if there is none.
     [[nodiscard]] QRect tickRect(const QModelIndex &row) const;
 
-    /// The list has a search of its own.
+    /// Replaced by setSearch().
     void keyboardSearch(const QString & /*search*/) override {}
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -59,7 +59,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    /// What the user did since the last time it was told.
+    /// What the user did since the last report.
     struct Deeds {
         bool picked = false;
         bool doubleClicked = false;
@@ -75,11 +75,11 @@ private:
 
     QString emptyText_;
     Deeds deeds_;
-    /// Inside an event of the view's own, or between press and release.
+    /// True while the view handles an event, and from mouse press to release.
     bool busy_ = false;
     QPersistentModelIndex pressed_;
     controls::ListSearch *search_ = nullptr;
-    /// When the search took its last character, as events tell the time.
+    /// The time stamp of the event with the search's last character.
     quint64 searchedAt_ = 0;
     bool startsAtFirstRow_ = false;
     int columns_;

@@ -9,7 +9,7 @@
 namespace kvex::qt {
 namespace {
 
-/// A list that counts from the top: 1 and 2, each with its line.
+/// A numbered list: 1 and 2 with a line each.
 void drawInOrder(QPainter &painter) {
     painter.drawRect(8, 3, 7, 2);
     painter.drawRect(8, 11, 7, 2);
@@ -38,7 +38,7 @@ void drawPerson(QPainter &painter) {
     painter.drawPath(shoulders);
 }
 
-/// Draws in any size, into a square of `side`.
+/// Scales a drawing of `side` by `side` units to any size.
 class DrawnEngine : public QIconEngine {
 public:
     explicit DrawnEngine(double side) : side_(side) {}
@@ -96,7 +96,7 @@ private:
     Picture picture_;
 };
 
-/// The drawing of resources/kvexrules.svg: a message, and the rules that are tried on it in turn.
+/// Draws the same as resources/kvexrules.svg: a message with a list of rules.
 class ProductEngine final : public DrawnEngine {
 public:
     ProductEngine() : DrawnEngine(64) {}

@@ -1,4 +1,4 @@
-// The pictures that list views show, drawn in the theme's colours, and the product's icon.
+// The pictures of list views in the theme's colours, and the product's icon.
 #pragma once
 
 #include "platform/controls/WindowDesign.h"
@@ -9,7 +9,7 @@ namespace kvex::qt {
 
 [[nodiscard]] QIcon iconOf(Picture picture);
 
-/// The product's icon, which all its windows have.
+/// The icon of all windows.
 [[nodiscard]] QIcon productIcon();
 
 } // namespace kvex::qt

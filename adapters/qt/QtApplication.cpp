@@ -1,25 +1,136 @@
 #include "adapters/qt/QtApplication.h"
 
-#include "adapters/qt/DisplayProbe.h"
 #include "adapters/qt/ReadableStyle.h"
 #include "platform/Error.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QLibrary>
+#include <QPluginLoader>
 #include <QThread>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <clocale>
+#include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 
 namespace kvex::qt {
 namespace {
+
+// Qt ends the process if it cannot show windows. So the code below finds out before it starts Qt.
+
+struct UsablePlatform {
+    /// The platform plug-in with its parameters.
+    std::string name;
+    /// The connection to the display server, if there is one. Keep it until Qt has its own. A
+    /// server may reset when its only client leaves, and refuse new clients for a moment.
+    std::shared_ptr<void> connection;
+};
+
+QStringList candidates() {
+    const QString named = qEnvironmentVariable("QT_QPA_PLATFORM");
+    if (!named.isEmpty()) {
+        return named.split(u';', Qt::SkipEmptyParts);
+    }
+    const QString x11 = QStringLiteral("xcb");
+    const QString wayland = QStringLiteral("wayland");
+    return qEnvironmentVariable("XDG_SESSION_TYPE") == wayland ? QStringList{wayland, x11}
+                                                               : QStringList{x11, wayland};
+}
+
+/// Whether the file is a plug-in for `platform` and can be loaded with all its libraries.
+bool isPluginFor(const QString &platform, const QString &file) {
+    QPluginLoader plugin(file);
+    const QJsonArray keys =
+        plugin.metaData().value(u"MetaData").toObject().value(u"Keys").toArray();
+    const bool isFor = std::any_of(keys.begin(), keys.end(), [&platform](const auto &key) {
+        return key.toString().compare(platform, Qt::CaseInsensitive) == 0;
+    });
+    return isFor && plugin.load();
+}
+
+bool hasPlugin(const QString &platform) {
+    QStringList directories{qEnvironmentVariable("QT_QPA_PLATFORM_PLUGIN_PATH")};
+    for (const QString &path : QCoreApplication::libraryPaths()) {
+        directories += path + QStringLiteral("/platforms");
+    }
+    for (const QString &directory : directories) {
+        const QFileInfoList files =
+            directory.isEmpty() ? QFileInfoList() : QDir(directory).entryInfoList(QDir::Files);
+        if (std::any_of(files.begin(), files.end(), [&platform](const QFileInfo &file) {
+                return QLibrary::isLibrary(file.fileName()) &&
+                       isPluginFor(platform, file.absoluteFilePath());
+            })) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Null if no server answers.
+std::shared_ptr<void> connectToX11() {
+    QLibrary xcb(QStringLiteral("xcb"), 1);
+    using Connect = void *(*)(const char *, int *);
+    using HasError = int (*)(void *);
+    using Disconnect = void (*)(void *);
+    const auto connect = reinterpret_cast<Connect>(xcb.resolve("xcb_connect"));
+    const auto hasError = reinterpret_cast<HasError>(xcb.resolve("xcb_connection_has_error"));
+    const auto disconnect = reinterpret_cast<Disconnect>(xcb.resolve("xcb_disconnect"));
+    if (connect == nullptr || hasError == nullptr || disconnect == nullptr) {
+        return nullptr;
+    }
+    // A failed connection must be closed too.
+    std::shared_ptr<void> connection(connect(nullptr, nullptr), disconnect);
+    return hasError(connection.get()) == 0 ? connection : nullptr;
+}
+
+/// Null if no server answers.
+std::shared_ptr<void> connectToWayland() {
+    QLibrary wayland(QStringLiteral("wayland-client"), 0);
+    using Connect = void *(*)(const char *);
+    using Disconnect = void (*)(void *);
+    const auto connect = reinterpret_cast<Connect>(wayland.resolve("wl_display_connect"));
+    const auto disconnect = reinterpret_cast<Disconnect>(wayland.resolve("wl_display_disconnect"));
+    void *const display = connect != nullptr && disconnect != nullptr ? connect(nullptr) : nullptr;
+    return display != nullptr ? std::shared_ptr<void>(display, disconnect) : nullptr;
+}
+
+std::optional<UsablePlatform> tryPlatform(const QString &candidate) {
+    const QString platform = candidate.section(u':', 0, 0);
+    if (!hasPlugin(platform)) {
+        return std::nullopt;
+    }
+    UsablePlatform usable{candidate.toStdString(), nullptr};
+    const bool isWayland = platform.startsWith(u"wayland");
+    if (isWayland || platform == u"xcb") {
+        usable.connection = isWayland ? connectToWayland() : connectToX11();
+        return usable.connection != nullptr ? std::optional(usable) : std::nullopt;
+    }
+    // A platform without a server needs no further check.
+    return usable;
+}
+
+/// The first platform that can show windows: from QT_QPA_PLATFORM, or else those of desktops.
+std::optional<UsablePlatform> usablePlatform() {
+    for (const QString &candidate : candidates()) {
+        if (auto usable = tryPlatform(candidate)) {
+            return usable;
+        }
+    }
+    return std::nullopt;
+}
 
 [[noreturn]] void refuse(std::u16string why) {
     throw Error(error_number::cannotCreateObject, std::move(why));
 }
 
-/// Qt keeps references to the arguments for as long as the application lives.
+/// Qt refers to the arguments as long as the application lives.
 struct Arguments {
     std::string program = program_invocation_name;
     std::string option = "-platform";
@@ -33,14 +144,14 @@ void createApplication(std::string platform) {
     arguments.platform = std::move(platform);
     arguments.values = {arguments.program.data(), arguments.option.data(),
                         arguments.platform.data(), nullptr};
-    // Qt switches the process to the user's locale; numbers must still read and print the same.
+    // Qt sets the user's locale for the process. Numbers must still be read and printed as before.
     const std::string numbers = std::setlocale(LC_NUMERIC, nullptr);
     static auto *const application = new QApplication(arguments.count, arguments.values.data());
     std::setlocale(LC_NUMERIC, numbers.c_str());
     if (application->style()->name() == u"fusion") {
         QApplication::setStyle(new ReadableStyle(application->style()->name()));
     }
-    // The host outlives its windows.
+    // The host continues after its windows are closed.
     application->setQuitOnLastWindowClosed(false);
 }
 

@@ -1,16 +1,15 @@
-// The process's one QApplication: the host's, else one that is made when the first window is.
+// The one QApplication of the process. The first window creates it unless the host has one.
 #pragma once
 
 #include <QWidget>
 
 namespace kvex::qt {
 
-/// Makes sure that windows can be shown from this thread. Fails with cannotCreateObject, and a
-/// sentence that says why, where they cannot. An application that it makes lives as long as the
-/// process does.
+/// Makes sure that this thread can show windows. Otherwise fails with cannotCreateObject and says
+/// why. An application that it creates lives until the process ends.
 void requireApplication();
 
-/// The window over which the next one is to be shown, null for none.
+/// The parent of the next window; null if there is none.
 [[nodiscard]] QWidget *windowToShowOver();
 
 } // namespace kvex::qt

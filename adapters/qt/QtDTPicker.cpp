@@ -11,7 +11,7 @@
 namespace kvex::qt {
 namespace {
 
-/// Hands the focus that an access key gives it on to what takes it.
+/// An access key gives this panel the focus. The panel passes it on.
 class Panel final : public QWidget {
 public:
     explicit Panel(QWidget *parent) : QWidget(parent) { setFocusPolicy(Qt::ClickFocus); }
@@ -25,7 +25,7 @@ protected:
 } // namespace
 
 QtDTPicker::QtDTPicker(const ControlDesign &design, const std::u16string &window, QWidget &parent)
-    : WidgetControl(design, window, *new Panel(&parent), design.hour, design.minute, design.second),
+    : QtControl(design, window, *new Panel(&parent), design.hour, design.minute, design.second),
       tick_(*new QCheckBox(&widget())), field_(*new DateTimeEdit(&widget(), toQt(design.format))) {
     tick_.setObjectName(toQt(name_ + u"HasValue"));
     field_.setObjectName(toQt(name_ + u"Value"));

@@ -1,15 +1,15 @@
-// A date or time picker: a check box that says whether there is a value, and a field for it.
+// A date or time picker: a field for the value, and a check box that clears it.
 #pragma once
 
 #include "adapters/controls/PickerValue.h"
-#include "adapters/qt/ControlWidget.h"
 #include "adapters/qt/DateTimeEdit.h"
+#include "adapters/qt/QtControl.h"
 
 #include <QCheckBox>
 
 namespace kvex::qt {
 
-class QtDTPicker final : public WidgetControl<controls::PickerValue> {
+class QtDTPicker final : public QtControl<controls::PickerValue> {
 public:
     QtDTPicker(const ControlDesign &design, const std::u16string &window, QWidget &parent);
 
@@ -24,7 +24,7 @@ private:
 
     QCheckBox &tick_;
     DateTimeEdit &field_;
-    /// The field shows the value that is being set, and where in it the user is.
+    /// The new value comes from the field. Writing it back would move the caret.
     bool fieldLeads_ = false;
 };
 

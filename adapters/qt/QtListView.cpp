@@ -21,8 +21,8 @@ template <class Action> void forEachRow(const QItemSelection &selection, Action 
 
 QtListView::QtListView(const ControlDesign &design, const std::u16string &window, QWidget &parent,
                        const std::vector<Picture> &pictures)
-    : WidgetControl(design, window, *new ListTree(&parent, design.columns, design.lines),
-                    design.multiSelect),
+    : QtControl(design, window, *new ListTree(&parent, design.columns, design.lines),
+                design.multiSelect),
       model_(*this, design, pictures) {
     ListTree &tree = shown();
     tree.setHeaderHidden(!design.columnHeaders);
@@ -32,11 +32,11 @@ QtListView::QtListView(const ControlDesign &design, const std::u16string &window
     if (design.startsAtFirstRow) {
         tree.startAtFirstRow();
     }
-    // With the rows' selection it would be painted again whenever that changes.
+    // With the rows' selection model, each change of the selection would repaint the header.
     tree.header()->setSelectionModel(new QItemSelectionModel(&model_, tree.header()));
     setListener(this);
 
-    model_.tick = [this](int row, bool checked) { tick(row, checked); };
+    model_.ticked = [&tree](int row) { tree.noteTick(row); };
     tree.beforeAction = [this] {
         shown().setSelectionMode(multiSelect() ? QTreeView::ExtendedSelection
                                                : QTreeView::SingleSelection);
@@ -124,7 +124,7 @@ void QtListView::rowSelectedByCode(int row) {
     }
 }
 
-/// Shows the rows that came before the view was shown.
+/// Tells the view of the rows that were added before it was shown.
 void QtListView::settle() {
     if (filling_) {
         filling_ = false;
@@ -133,7 +133,7 @@ void QtListView::settle() {
     }
 }
 
-/// Makes the view show the rows' selection.
+/// Copies the rows' selection to the view.
 void QtListView::showSelection() {
     if (taking_ || filling_) {
         return;
@@ -161,7 +161,7 @@ void QtListView::showSelection() {
     showing_ = false;
 }
 
-/// Makes the rows' selection the one that the user made in the view.
+/// Copies the view's selection, which the user changed, to the rows.
 void QtListView::takeSelection(const QItemSelection &selected, const QItemSelection &deselected) {
     if (showing_) {
         return;
@@ -169,7 +169,7 @@ void QtListView::takeSelection(const QItemSelection &selected, const QItemSelect
     const QScopedValueRollback<bool> taking(taking_, true);
     const QItemSelection now = shown().selectionModel()->selection();
     if (now.size() == 1 && now.front().height() == 1) {
-        // However many were selected before.
+        // One step is enough, even if thousands of rows were selected before.
         selectOnly(now.front().top() + 1);
     } else {
         forEachRow(deselected, [this](int row) { deselect(row); });
@@ -181,7 +181,7 @@ void QtListView::takeSelection(const QItemSelection &selected, const QItemSelect
 }
 
 void QtListView::tellPicked() {
-    // Of a range the row that the user went to counts as selected last.
+    // In a selected range, the row where the user ended counts as selected last.
     const QModelIndex current = shown().currentIndex();
     if (current.isValid() && selected(current.row() + 1) && multiSelect()) {
         const QScopedValueRollback<bool> taking(taking_, true);
@@ -194,13 +194,8 @@ void QtListView::tellPicked() {
     }
 }
 
-void QtListView::tick(int row, bool checked) {
-    setChecked(row, checked);
-    shown().noteTick(row - 1);
-}
-
-/// Each column has its share; the last one shown also has what is left over, so that rows reach
-/// from edge to edge.
+/// Gives each column its share of the width. The last visible column also gets the rest, so that
+/// rows reach from edge to edge.
 void QtListView::divideWidth() {
     QHeaderView &header = *shown().header();
     const int width = shown().viewport()->width();

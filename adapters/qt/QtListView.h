@@ -1,20 +1,20 @@
-// A list view: the rows that every toolkit shares, shown by a tree view without branches.
+// A list view: the rows that all toolkits share, in a tree view without branches.
 #pragma once
 
 #include "adapters/controls/ListRows.h"
 #include "adapters/controls/ListSearch.h"
-#include "adapters/qt/ControlWidget.h"
 #include "adapters/qt/ListModel.h"
 #include "adapters/qt/ListTree.h"
+#include "adapters/qt/QtControl.h"
 
 #include <vector>
 
 namespace kvex::qt {
 
-class QtListView final : public WidgetControl<controls::ListRows, ListTree>,
+class QtListView final : public QtControl<controls::ListRows, ListTree>,
                          private controls::ListRowsListener {
 public:
-    /// `pictures`: of the image list that the design names.
+    /// `pictures` is the image list that the design names.
     QtListView(const ControlDesign &design, const std::u16string &window, QWidget &parent,
                const std::vector<Picture> &pictures);
     ~QtListView() override { setListener(nullptr); }
@@ -37,16 +37,15 @@ private:
     void showSelection();
     void takeSelection(const QItemSelection &selected, const QItemSelection &deselected);
     void tellPicked();
-    void tick(int row, bool checked);
     void divideWidth();
 
     ListModel model_;
     controls::ListSearch search_{*this};
-    /// Rows come before the view is shown: it learns of them all at once, when it is to show them.
+    /// Rows are added before the view is shown. The view learns of them all at once, by settle().
     bool filling_ = false;
-    /// The view's selection is made to follow the rows', not the other way round.
+    /// The view's selection is being set from the rows' selection.
     bool showing_ = false;
-    /// The rows' selection is made to follow the view's.
+    /// The rows' selection is being set from the view's selection.
     bool taking_ = false;
 };
 

@@ -1,13 +1,43 @@
-// A rich text box.
+// A text box of several lines in colours.
 #pragma once
 
-#include "adapters/qt/ControlWidget.h"
-#include "adapters/qt/TextView.h"
+#include "adapters/qt/QtControl.h"
 #include "platform/controls/RichTextBox.h"
+
+#include <QTextEdit>
 
 namespace kvex::qt {
 
-class QtRichTextBox final : public WidgetControl<RichTextBox, TextView> {
+/// A QTextEdit that takes plain text only and keeps every unit of it. It draws the colours so that
+/// they are readable in every theme.
+class TextView final : public QTextEdit {
+public:
+    TextView(QWidget *parent, int columns, int lines);
+
+    /// Lines end in CR LF.
+    [[nodiscard]] std::u16string content() const;
+    /// In the colours that were set, not in those drawn.
+    [[nodiscard]] std::vector<TextRun> runs() const;
+    void setContent(const std::u16string &text);
+    void setContent(const std::vector<TextRun> &runs);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    [[nodiscard]] QSize roomFor(int lines) const;
+    void placeCaret();
+    void adaptColours();
+
+    int columns_;
+    int lines_;
+};
+
+class QtRichTextBox final : public QtControl<RichTextBox, TextView> {
 public:
     QtRichTextBox(const ControlDesign &design, const std::u16string &window, QWidget &parent);
 
@@ -19,7 +49,7 @@ public:
 private:
     void textMayHaveChanged();
 
-    /// What the last change event told of.
+    /// The text at the last change event.
     std::u16string told_;
 };
 

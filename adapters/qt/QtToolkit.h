@@ -1,4 +1,4 @@
-// The toolkit that shows windows on a screen, by Qt Widgets.
+// The toolkit that shows windows on a screen, with Qt Widgets.
 #pragma once
 
 #include "platform/controls/Toolkit.h"
@@ -7,13 +7,13 @@ namespace kvex::qt {
 
 class QtClipboard final : public Clipboard {
 public:
-    /// No text while the process has no application that could show windows.
+    /// Returns false while the process has no application that can show windows.
     [[nodiscard]] bool hasText() const override;
     [[nodiscard]] std::u16string text() const override;
 };
 
-/// The first window or message box makes the process's QApplication where the host has none; it
-/// then stays. Windows are shown from the application's thread alone.
+/// The first window or message box creates the process's QApplication unless the host has one. The
+/// application then stays. Only its thread can show windows.
 class QtToolkit final : public Toolkit {
 public:
     [[nodiscard]] std::unique_ptr<Window> createWindow(const WindowDesign &design) override;

@@ -2,12 +2,48 @@
 
 #include "adapters/qt/QText.h"
 #include "adapters/qt/QtApplication.h"
-#include "adapters/qt/Room.h"
-#include "adapters/qt/WindowSizes.h"
 
-#include <QApplication>
+#include <QDir>
+#include <QSettings>
+
+#include <optional>
 
 namespace kvex::qt {
+namespace {
+
+/// The file of the window sizes: kvex/windows.ini in $XDG_STATE_HOME, or else in ~/.local/state.
+/// Empty if the user has no such folder. If it cannot be read or written, no size is remembered.
+/// Several processes may write at once. The last size of each window stays.
+QString stateFile() {
+    const QString state = qEnvironmentVariable("XDG_STATE_HOME");
+    const QString home = qEnvironmentVariable("HOME");
+    if (QDir::isAbsolutePath(state)) {
+        return state + QStringLiteral("/kvex/windows.ini");
+    }
+    return QDir::isAbsolutePath(home) ? home + QStringLiteral("/.local/state/kvex/windows.ini")
+                                      : QString();
+}
+
+QString keyOf(const QString &window) {
+    return QStringLiteral("sizes/") + window;
+}
+
+std::optional<QSize> rememberedSize(const QString &window) {
+    const QString file = stateFile();
+    if (file.isEmpty()) {
+        return {};
+    }
+    const QSize size = QSettings(file, QSettings::IniFormat).value(keyOf(window)).toSize();
+    return size.isEmpty() ? std::nullopt : std::optional(size);
+}
+
+void rememberSize(const QString &window, QSize size) {
+    if (const QString file = stateFile(); !file.isEmpty()) {
+        QSettings(file, QSettings::IniFormat).setValue(keyOf(window), size);
+    }
+}
+
+} // namespace
 
 QtWindow::QtWindow(const WindowDesign &design)
     : dialog_(new Dialog(*this)), controls_(design, *dialog_) {
@@ -22,7 +58,7 @@ QtWindow::~QtWindow() {
 
 void QtWindow::setCaption(const std::u16string &caption) {
     caption_ = caption;
-    // Qt takes this mark for a place to show that a document was changed.
+    // Qt would replace this mark, which stands for an unsaved document.
     const QString mark = QStringLiteral("[*]");
     dialog_->setWindowTitle(toQt(caption).replace(mark, mark + mark));
 }
@@ -58,8 +94,8 @@ Control *QtWindow::find(std::u16string_view name) {
     return controls_.find(name);
 }
 
-/// As the user left it, else as designed and never so small that something is cut; as far as the
-/// screen has room.
+/// Takes the size that the user left, or else the design's, enlarged so that nothing is cut. The
+/// screen limits both.
 void QtWindow::setFirstSize(const WindowDesign &design) {
     const QSize wanted(widthOf(design.columns, *dialog_), heightOf(design.lines, *dialog_));
     const QSize size =

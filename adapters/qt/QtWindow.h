@@ -26,7 +26,7 @@ private:
     std::u16string caption_;
     bool wasShown_ = false;
     bool isClosed_ = false;
-    /// Goes with the window over which it is shown, should that be destroyed first.
+    /// Qt destroys it with its parent window. Then this pointer is null.
     QPointer<Dialog> dialog_;
     Controls controls_;
 };

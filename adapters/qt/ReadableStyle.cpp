@@ -16,7 +16,7 @@ int lineHeight(const QWidget *widget) {
     return QFontMetrics(widget != nullptr ? widget->font() : QApplication::font()).height();
 }
 
-/// Dashes around the caption: the button that Enter presses is outlined, whatever has the focus.
+/// A dashed line around the caption. Qt's outline only shows which button Enter presses.
 void drawButtonFocus(const QStyleOption &option, QPainter &painter) {
     painter.save();
     painter.setPen(QPen(option.palette.color(QPalette::ButtonText), 1, Qt::DashLine));

@@ -1,6 +1,6 @@
-// The style of an application that the toolkit makes itself: Qt's own, with the little that it
-// lacks. Boxes to tick can be made out on dark themes. They and small pictures grow with the font.
-// Lists and text views show that they have the focus, and buttons keep room around their captions.
+// The style of an application that this toolkit creates. It adds to Qt's own style: Check boxes are
+// visible in dark themes. Check boxes and icons grow with the font. Lists and text boxes show that
+// they have the focus. Buttons keep room around their captions.
 #pragma once
 
 #include <QProxyStyle>
@@ -9,7 +9,7 @@ namespace kvex::qt {
 
 class ReadableStyle final : public QProxyStyle {
 public:
-    /// Over the style of that name.
+    /// Extends the style of this name.
     explicit ReadableStyle(const QString &name) : QProxyStyle(name) {}
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,

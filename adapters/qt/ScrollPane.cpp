@@ -8,7 +8,7 @@ namespace kvex::qt {
 
 ScrollPane::ScrollPane(QWidget *parent, QLayout *content) : QScrollArea(parent) {
     setFrameShape(NoFrame);
-    // The controls take the focus, never the pane.
+    // Only controls take the focus.
     setFocusPolicy(Qt::NoFocus);
     auto *page = new QWidget(this);
     page->setLayout(content);
@@ -42,8 +42,8 @@ void ScrollPane::resizeEvent(QResizeEvent *event) {
     fit();
 }
 
-/// Whoever moves the focus brings its widget into view. A scroll area shows no more than the caret
-/// or the row that has the focus.
+/// Dialog brings the focused widget into view. QScrollArea's own version would show only its caret
+/// or its current row.
 bool ScrollPane::focusNextPrevChild(bool next) {
     return QWidget::focusNextPrevChild(next);
 }
@@ -56,7 +56,7 @@ bool ScrollPane::eventFilter(QObject *object, QEvent *event) {
     return QScrollArea::eventFilter(object, event);
 }
 
-/// Lists and texts give way first; the page is larger than the pane only where that is not enough.
+/// Lists and texts shrink first. The page exceeds the pane only if that is not enough.
 void ScrollPane::fit() {
     QSize room = maximumViewportSize();
     if (neededFor(room.width()).height() > room.height()) {

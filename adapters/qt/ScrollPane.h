@@ -1,23 +1,23 @@
-// The part of a window that scrolls where the screen has not the room for it.
+// The part of a window that scrolls if the screen is too small.
 #pragma once
 
 #include <QScrollArea>
 
 namespace kvex::qt {
 
-/// Holds one page, which has a layout. The page fills the pane; what has not its room within the
-/// pane can be scrolled to.
+/// Holds one page with a layout. The page fills the pane. If it needs more room, the user can
+/// scroll it.
 class ScrollPane final : public QScrollArea {
 public:
     ScrollPane(QWidget *parent, QLayout *content);
 
-    /// What the page needs to show all of its content, `width` wide or wider.
+    /// The size that the page needs for all its content, at least `width` wide.
     [[nodiscard]] QSize neededFor(int width) const;
 
-    /// Scrolls to a widget of the page, and what is close to it.
+    /// Scrolls until the widget and a margin around it are visible.
     void bringIntoView(const QWidget &widget);
 
-    /// As the page wants it; and hardly anything.
+    /// The page's preferred size, but hardly any minimum height.
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 

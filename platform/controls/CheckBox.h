@@ -1,4 +1,4 @@
-// A box that is ticked or not.
+// A box that the user ticks or unticks.
 #pragma once
 
 #include "platform/controls/Control.h"
@@ -12,9 +12,9 @@ class CheckBox : public Control {
 public:
     std::function<void()> onClick;
 
-    /// 1 when ticked, else 0.
+    /// 1 if it is ticked, 0 if not.
     [[nodiscard]] virtual std::int16_t value() const = 0;
-    /// Fails with invalidPropertyValue for anything but 0 and 1.
+    /// Fails with invalidPropertyValue unless the value is 0 or 1.
     virtual void setValue(std::int16_t value) = 0;
 };
 

@@ -1,4 +1,4 @@
-// A button that runs a command. A "&" before a character of the caption makes it the access key.
+// A button that runs a command. A "&" in the caption makes the next character the access key.
 #pragma once
 
 #include "platform/controls/Control.h"

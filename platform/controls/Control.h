@@ -1,10 +1,11 @@
 // What every control of a window has.
 //
-// Positions of rows and columns count from 1. A handler (`on...`) runs when the user does
-// something; what code sets runs none, except that setting a text raises the change event.
-// An error that leaves a handler ends that handler at the toolkit: it is written to the
-// diagnostic stream and the window stays usable; toolkits with a screen also show what the
-// database refused. Handlers may close their window.
+// Rows and columns count from 1. A handler (`on...`) runs after an action of the user. Changes from
+// code run no handler, except that setting a text runs onChange.
+//
+// The toolkit catches an error that leaves a handler and writes it to the diagnostic stream. The
+// window stays usable. Toolkits with a screen also show database errors. Handlers may close their
+// window.
 #pragma once
 
 #include <string>
@@ -16,19 +17,19 @@ public:
     virtual ~Control() = default;
 
     [[nodiscard]] virtual const std::u16string &name() const = 0;
-    /// As set, whether or not what contains it is enabled.
+    /// As set. The state of the surrounding window or frame does not matter.
     [[nodiscard]] virtual bool enabled() const = 0;
-    /// A control that has the focus when it is disabled or hidden passes it back to the control
-    /// that had it before. Where that cannot take it, the next in tab order does. A disabled
-    /// control shows what it waits for (ControlDesign::disabledHint) as its tool tip.
+    /// If the control has the focus while it is disabled or hidden, the focus returns to the
+    /// control that had it before. If that one cannot take it, it goes to the next one in tab
+    /// order. The tool tip of a disabled control is ControlDesign::disabledHint.
     virtual void setEnabled(bool enabled) = 0;
-    /// As set, whether or not its window is shown.
+    /// As set, even before the window is shown.
     [[nodiscard]] virtual bool visible() const = 0;
     virtual void setVisible(bool visible) = 0;
-    /// Gives the focus. Before the window is shown it decides where the focus starts. Fails with
-    /// invalidCall when the control is disabled or not visible.
+    /// Moves the focus to this control. Before the window is shown, it sets where the focus starts.
+    /// Fails with invalidCall if the control is disabled or hidden.
     virtual void setFocus() = 0;
-    /// Repaints at once.
+    /// Repaints the control at once.
     virtual void refresh() = 0;
 
 protected:

@@ -7,31 +7,30 @@
 
 namespace kvex {
 
-/// Holds a date and a time of day, of which the design's format shows one; the other is kept.
-/// Years run from 1900 to 3000. A part that does not exist, or a date out of range, fails with
-/// invalidPropertyValue and changes nothing. Setting a part while there is no value brings the
-/// value back that was held before, with that part set. At first it holds today and the design's
-/// time of day.
+/// Holds a date and a time. The design's format shows one of them; the other is kept. Years run
+/// from 1900 to 3000. A setter fails with invalidPropertyValue for a part that does not exist or a
+/// date out of range, and changes nothing. A part that is set while there is no value brings the
+/// last value back, with that part set. The first value is today and the design's time.
 class DTPicker : public Control {
 public:
-    /// The user changed the value, ticked or unticked it.
+    /// The user changed, cleared or restored the value.
     std::function<void()> onChange;
 
     [[nodiscard]] virtual bool hasValue() const = 0;
     virtual void clearValue() = 0;
-    /// Today in the system's time zone; the time of day stays.
+    /// Sets today's date in the system's time zone. The time stays.
     virtual void setToday() = 0;
     virtual void setDate(int year, int month, int day) = 0;
     virtual void setTime(int hour, int minute, int second) = 0;
 
-    /// The parts, of the value last held while there is none.
+    /// The parts of the value. If there is none, the parts of the last value.
     [[nodiscard]] virtual int year() const = 0;
     [[nodiscard]] virtual int month() const = 0;
     [[nodiscard]] virtual int day() const = 0;
     [[nodiscard]] virtual int hour() const = 0;
     [[nodiscard]] virtual int minute() const = 0;
     [[nodiscard]] virtual int second() const = 0;
-    /// The day stays, cut to the month's last; so for setMonth.
+    /// Keeps the day, or takes the last day of a shorter month. setMonth does the same.
     virtual void setYear(int year) = 0;
     virtual void setMonth(int month) = 0;
     virtual void setDay(int day) = 0;

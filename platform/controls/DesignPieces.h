@@ -1,4 +1,4 @@
-// What the designs of all windows are made of.
+// Pieces that the designs of several windows share.
 #pragma once
 
 #include "platform/controls/WindowDesign.h"
@@ -7,31 +7,31 @@ namespace kvex::design {
 
 [[nodiscard]] ControlDesign label(std::u16string name, std::u16string caption,
                                   std::u16string buddy = {});
-/// A label that explains, rather than names.
+/// A label with an explanation instead of a control's name.
 [[nodiscard]] ControlDesign hint(std::u16string name, std::u16string caption);
 [[nodiscard]] ControlDesign button(std::u16string name, std::u16string caption);
-/// Kept for the window's scheme of names; nobody sees it.
+/// It only keeps a given control name in the window. The user never sees it.
 [[nodiscard]] ControlDesign hiddenButton(std::u16string name, std::u16string caption);
-/// Waits, as `hint` says, until a handler enables it.
+/// Disabled until a handler enables it. `hint` says what it waits for.
 [[nodiscard]] ControlDesign waiting(ControlDesign control, std::u16string hint);
 [[nodiscard]] ControlDesign waitingButton(std::u16string name, std::u16string caption,
                                           std::u16string hint);
 
-/// The button that Enter presses.
+/// Makes the button the one that Enter presses.
 [[nodiscard]] ControlDesign byEnter(ControlDesign button);
 
-/// The end of every window: a line, and OK and Cancel below it. Enter presses OK, but a plain one.
+/// Every window ends with a line, OK and Cancel. Enter presses OK, but not a plain OK.
 [[nodiscard]] ControlDesign separator();
 [[nodiscard]] ControlDesign okButton();
 [[nodiscard]] ControlDesign plainOkButton();
 [[nodiscard]] ControlDesign cancelButton();
 
-/// A window's layout: `content` from top to bottom, which may scroll, and the end that every window
-/// has, with these buttons, which stay in view.
+/// A window's layout: `content` from top to bottom, a line, and these two buttons. The content may
+/// scroll; the buttons stay visible.
 [[nodiscard]] Layout aboveButtons(std::vector<Layout> content,
                                   const std::u16string &accept = u"cmdOK",
                                   const std::u16string &cancel = u"cmdCancel");
-/// Buttons beside what they work on, one below the other.
+/// Buttons below each other, for a place beside the list that they change.
 [[nodiscard]] Layout buttonColumn(const std::vector<std::u16string> &buttons, int stretch = 0);
 
 } // namespace kvex::design

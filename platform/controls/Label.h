@@ -1,4 +1,4 @@
-// A fixed text; its access key goes to its buddy.
+// A text. Its access key leads to its buddy control.
 #pragma once
 
 #include "platform/controls/Control.h"

@@ -9,64 +9,62 @@
 
 namespace kvex {
 
-/// windowText, or greyText for a row that another choice locks. A greyed row also carries the
-/// design's greyedRowHint for those who cannot see it.
+/// A row is greyText if another choice locks it, and windowText otherwise. Assistive technology
+/// reads the design's greyedRowHint for a greyed row.
 enum class RowColour { windowText, greyText };
 
-/// How findItem compares, in both kinds without regard to case.
+/// How findItem compares. Both kinds ignore case.
 enum class FindMatch {
-    /// Either text begins with the whole of the other, ended by the text's end or by a
-    /// character that is neither letter nor digit.
+    /// One of the two texts begins with the other. The shorter text must end at the longer one's
+    /// end, or before a character that is neither a letter nor a digit.
     wholeWordsAtStart,
     wholeText,
 };
 
-/// A row is addressed by its position, from 1, in the order shown; 0 stands for no row. A
-/// position that is no row's fails with indexOutOfBounds.
+/// A row's number is its position in the order shown, from 1. 0 means no row. A number without a
+/// row fails with indexOutOfBounds.
 ///
-/// No row is selected until the user or code selects one. When the selected row is removed, the
-/// row that takes its place is selected; when it was the last, none is.
+/// No row is selected until the user or code selects one. If the selected row is removed, the next
+/// row becomes selected. If it was the last row, none is selected.
 ///
-/// Keys: a character goes to the next row whose text begins with it, and the characters typed
-/// after it go on with that search. A pause, any other key, a click and the loss of the focus end
-/// the search. A blank that is not part of a search ticks or unticks the selected row; without a
-/// selected row it does nothing. Up, Down and Home select the first row where none is selected,
-/// End the last. No row is drawn as if it were selected when none is.
+/// Keys: A character goes to the next row whose text begins with it. More characters continue that
+/// search. A pause, any other key, a click, or losing the focus ends it. Outside a search, a blank
+/// ticks or unticks the selected row. If no row is selected, it does nothing; Up, Down and Home
+/// select the first row, and End selects the last. The list draws a row as selected only if it is.
 class ListView : public Control {
 public:
-    /// The user selected a row (or the selected row again) by click or key.
+    /// The user selected a row by click or key, or selected the same row again.
     std::function<void(int row)> onItemClick;
-    /// The user left no row selected: he clicked beside the rows, or took the selection from its
-    /// row.
+    /// The user deselected the last selected row, for example by a click beside the rows.
     std::function<void()> onDeselect;
-    /// The user ticked or unticked a row's check box. Does not select the row by itself.
+    /// The user ticked or unticked a row's check box. This does not select the row.
     std::function<void(int row)> onItemCheck;
-    /// The user double-clicked a row, outside its check box. The row is selected then. A click
-    /// beside the rows deselects all, and a double click there raises nothing.
+    /// The user double-clicked a row outside its check box. The row is already selected. A double
+    /// click beside the rows deselects all rows and does not run this handler.
     std::function<void()> onDoubleClick;
 
     virtual void clearColumns() = 0;
-    /// `width` is a share of the list's own width, 0 to 1; 0 hides the column. The first column
-    /// shows the row texts, column n + 1 sub-item n.
+    /// `width` is a share of the list's width, from 0 to 1. 0 hides the column. The first column
+    /// shows the row texts, column n + 1 shows sub-item n.
     virtual void addColumn(const std::u16string &header, double width) = 0;
     [[nodiscard]] virtual int columnCount() const = 0;
-    /// Picture `icon` (from 1) of the image list that the design names; 0 for none.
+    /// `icon` is the number of a picture in the design's image list, from 1; 0 for none.
     virtual void setColumnIcon(int column, int icon) = 0;
 
     virtual void clearRows() = 0;
     [[nodiscard]] virtual int rowCount() const = 0;
-    /// Adds a row at the end (in a sorted list, at its place) and gives its position. A key that
-    /// is not empty must be unique, else keyNotUnique and no row is added.
+    /// Adds a row at the end, or at its place in a sorted list, and returns its number. Fails with
+    /// keyNotUnique, and adds nothing, if another row has the key. Several rows may have no key.
     virtual int addRow(const std::u16string &text, const std::u16string &key = {}) = 0;
     virtual void removeRow(int row) = 0;
 
     [[nodiscard]] virtual std::u16string text(int row) const = 0;
     virtual void setText(int row, const std::u16string &text) = 0;
     [[nodiscard]] virtual std::u16string key(int row) const = 0;
-    /// The row with this key; fails with elementNotFound when there is none.
+    /// Fails with elementNotFound if no row has this key.
     [[nodiscard]] virtual int rowOfKey(std::u16string_view key) const = 0;
-    /// `index` from 1; "" where none was set. Fails with invalidPropertyValue for an index
-    /// without a column.
+    /// `index` counts from 1. Returns "" if the sub-item was never set. Fails with
+    /// invalidPropertyValue if the index has no column.
     [[nodiscard]] virtual std::u16string subItem(int row, int index) const = 0;
     virtual void setSubItem(int row, int index, const std::u16string &text) = 0;
     [[nodiscard]] virtual bool checked(int row) const = 0;
@@ -74,27 +72,26 @@ public:
     [[nodiscard]] virtual RowColour rowColour(int row) const = 0;
     virtual void setRowColour(int row, RowColour colour) = 0;
 
-    /// The current item: the row that was selected last and still is; 0 for none.
+    /// The row that was selected last and is still selected; 0 if there is none.
     [[nodiscard]] virtual int selectedRow() const = 0;
     [[nodiscard]] virtual bool selected(int row) const = 0;
-    /// Selects the row, and with multiple selection off deselects every other, and scrolls it
-    /// into view.
+    /// Selects the row and scrolls to it. Without multiple selection, deselects all other rows.
     virtual void select(int row) = 0;
     virtual void deselect(int row) = 0;
-    /// Switched off, it leaves of the selected rows only the current item.
+    /// If it is switched off, only selectedRow() stays selected.
     virtual void setMultiSelect(bool multiSelect) = 0;
     [[nodiscard]] virtual bool multiSelect() const = 0;
 
-    /// While on, the rows stand in ascending order of the sort key, as text, by UTF-16 code
-    /// unit; equal ones stay as they stood. A changed key moves its row only when sorting is
-    /// switched on (again).
+    /// Sorts the rows, now and as they are added, by the text of the sort key in UTF-16 code units.
+    /// Equal rows keep their order. If a row's text changes, the row moves only when sorting is
+    /// switched on again.
     virtual void setSorted(bool sorted) = 0;
     [[nodiscard]] virtual bool sorted() const = 0;
-    /// 0 sorts on the row texts, n on sub-item n.
+    /// 0 sorts by the row text, n by sub-item n.
     virtual void setSortKey(int key) = 0;
     [[nodiscard]] virtual int sortKey() const = 0;
 
-    /// The first row whose text matches, 0 when none does.
+    /// The first row whose text matches; 0 if none does.
     [[nodiscard]] virtual int findItem(std::u16string_view text,
                                        FindMatch match = FindMatch::wholeWordsAtStart) const = 0;
 };

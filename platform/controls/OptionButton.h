@@ -1,4 +1,4 @@
-// One choice of a group; the members of a group are the controls of one array name.
+// One choice of a group. Members of a group share a group name in the design.
 #pragma once
 
 #include "platform/controls/Control.h"
@@ -9,13 +9,13 @@ namespace kvex {
 
 class OptionButton : public Control {
 public:
-    /// Runs when the user selects this member, also when it was selected already.
+    /// The user selected this member, even if it was already selected.
     std::function<void()> onClick;
 
     [[nodiscard]] virtual std::u16string caption() const = 0;
     virtual void setCaption(const std::u16string &caption) = 0;
     [[nodiscard]] virtual bool selected() const = 0;
-    /// Selects this member, which deselects the others of its group.
+    /// Selects this member and deselects the others of its group.
     virtual void select() = 0;
 };
 

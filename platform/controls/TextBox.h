@@ -1,4 +1,4 @@
-// One line of text: of what is pasted it takes the first line.
+// One line of text. It takes only the first line of a pasted text.
 #pragma once
 
 #include "platform/controls/Control.h"
@@ -10,16 +10,15 @@ namespace kvex {
 
 class TextBox : public Control {
 public:
-    /// The text changed, by the user or by setText (only when it is another text).
+    /// The user or setText changed the text. Setting an equal text does not count.
     std::function<void()> onChange;
-    /// A key that would change the text or work on the clipboard is about to: its character
-    /// code (8 backspace, 9 tab, 3 copy, 22 paste, 24 cut, else the character typed). Setting it
-    /// to 0 discards the key.
+    /// Runs before a key changes the text or uses the clipboard. `keyCode` is the typed character,
+    /// or a code: 3 copy, 8 backspace, 9 tab, 22 paste, 24 cut. Setting it to 0 discards the key.
     std::function<void(std::int16_t &keyCode)> onKeyPress;
 
     [[nodiscard]] virtual std::u16string text() const = 0;
-    /// The whole text, however long: the design's maximal length binds what the user types and
-    /// pastes, and what assistive technology sets.
+    /// Shows the whole text, even beyond the design's maxLength. That limits only typing, pasting
+    /// and assistive technology.
     virtual void setText(const std::u16string &text) = 0;
 };
 

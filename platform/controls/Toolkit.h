@@ -1,4 +1,4 @@
-// Where windows come from.
+// Creates windows and message boxes.
 #pragma once
 
 #include "platform/Clipboard.h"
@@ -24,13 +24,14 @@ class Toolkit {
 public:
     virtual ~Toolkit() = default;
 
-    /// Builds the window, not yet shown. The design is not kept. Fails with cannotCreateObject
-    /// where no window can be shown (no display, or another thread owns the windows), and with
-    /// invalidCall for a design that contradicts itself (a visible control without a place, a
-    /// name used twice, a buddy that does not exist).
+    /// Builds the window without showing it. The design is not needed afterwards. Fails with
+    /// cannotCreateObject if there is no display or another thread owns the windows. Fails with
+    /// invalidCall if the design contradicts itself. Examples are a visible control without a
+    /// place, a name used twice, and a buddy that does not exist.
     [[nodiscard]] virtual std::unique_ptr<Window> createWindow(const WindowDesign &design) = 0;
-    /// Shows `text` over the active window until it is answered: `ok` for style 48, `yes` or
-    /// `no` for style 4 (Esc and the frame answer `no`). Fails as createWindow does.
+    /// Shows `text` over the active window and waits for the answer: `ok` for style 48, `yes` or
+    /// `no` for style 4. Esc and the frame mean `no`. Fails with cannotCreateObject like
+    /// createWindow.
     virtual std::int32_t showMessageBox(const std::u16string &title, const std::u16string &text,
                                         std::int32_t style) = 0;
     [[nodiscard]] virtual Clipboard &clipboard() = 0;

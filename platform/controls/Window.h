@@ -1,4 +1,4 @@
-// A window with its controls, shown modally.
+// A modal window with its controls.
 #pragma once
 
 #include "platform/Error.h"
@@ -15,14 +15,14 @@ public:
 
     [[nodiscard]] virtual std::u16string caption() const = 0;
     virtual void setCaption(const std::u16string &caption) = 0;
-    /// Shows the window over whatever window is active and returns once it is closed: by close(),
-    /// or by its frame, which runs no handler. A window closed before it was shown is not shown.
-    /// Fails with invalidCall when it is shown already or was closed.
+    /// Shows the window over the active window and returns after it was closed, by close() or by
+    /// its frame. The frame runs no handler. A window that was closed before is not shown. Fails
+    /// with invalidCall if showModal was called before.
     virtual void showModal() = 0;
-    /// Ends showModal after the handler that called it.
+    /// Lets showModal return after the current handler.
     virtual void close() = 0;
 
-    /// The control of this name and kind; fails with controlNotFound for any other.
+    /// Fails with controlNotFound if no control has this name and kind.
     template <class Kind> [[nodiscard]] Kind &get(std::u16string_view name) {
         if (auto *found = dynamic_cast<Kind *>(find(name))) {
             return *found;
@@ -35,7 +35,7 @@ protected:
     Window(const Window &) = delete;
     Window &operator=(const Window &) = delete;
 
-    /// The control of this name, null when there is none.
+    /// Null if no control has this name.
     [[nodiscard]] virtual Control *find(std::u16string_view name) = 0;
 };
 

@@ -1,5 +1,5 @@
-// A window's design: its controls in tab order, captions, initial states, and a layout of boxes
-// with stretch. Declared once, beside the window's logic; every toolkit builds it.
+// A window's design: controls in tab order, captions, initial states, and a layout of nested boxes.
+// It stands beside the window's logic. Every toolkit builds the window from it.
 #pragma once
 
 #include <cstdint>
@@ -18,81 +18,82 @@ enum class ControlKind {
     listView,
     datePicker,
     timePicker,
-    /// A box around what the layout puts into it; empty, a separating line.
+    /// A box around the controls that the layout puts into it. If empty, a separating line.
     frame,
-    /// Not shown: the pictures that list views name.
+    /// The pictures of list views. It is never shown.
     imageList,
 };
 
-/// inOrder: the rows stand in an order of their own, counted from the top.
+/// inOrder is the picture of a column whose rows have an order of their own.
 enum class Picture { inOrder, account, person };
 
 struct ControlDesign {
     ControlKind kind;
     /// Unique in its window.
     std::u16string name;
-    /// textBox: the text at first.
+    /// textBox: the initial text.
     std::u16string caption = {};
     bool enabled = true;
     bool visible = true;
-    /// What a disabled control waits for.
+    /// Says what a disabled control waits for.
     std::u16string disabledHint = {};
-    /// For those who cannot see it, where neither a caption nor a buddy label names it.
+    /// For assistive technology, if neither a caption nor a label names the control.
     std::u16string accessibleName = {};
 
-    /// label: the control that its text names and its access key goes to.
+    /// label: the control that it names and that its access key leads to.
     std::u16string buddy = {};
-    /// label: explains, rather than names; drawn in a quieter colour, wrapped to the width.
+    /// label: an explanation, in a quieter colour and wrapped to the width.
     bool hint = false;
-    /// commandButton: pressed by Enter; by Esc.
+    /// commandButton: Enter presses the default button, Esc the cancel button.
     bool isDefault = false;
     bool isCancel = false;
-    /// textBox: UTF-16 units that the user may reach, by whatever means; 0 for no limit.
+    /// textBox: the longest text that the user can enter, in UTF-16 units; 0 for no limit.
     int maxLength = 0;
-    /// textBox and richTextBox: can be read, selected and copied, not changed.
+    /// textBox and richTextBox: the user can select and copy the text but not change it.
     bool readOnly = false;
     /// optionButton: the members of one group share this name.
     std::u16string group = {};
-    /// optionButton and checkBox: selected or ticked at first.
+    /// optionButton and checkBox: initially selected or ticked.
     bool selected = false;
     /// listView.
     bool checkBoxes = false;
     bool multiSelect = false;
     bool columnHeaders = true;
-    /// listView: what belongs there, said while it has no rows.
+    /// listView: the text of an empty list. It says what belongs there.
     std::u16string emptyText = {};
-    /// listView: where no row is selected, Tab into the list selects the first, as a key does.
+    /// listView: Tab into the list selects the first row if none is selected.
     bool startsAtFirstRow = false;
-    /// listView: what a greyed row says of itself.
+    /// listView: the description of a greyed row.
     std::u16string greyedRowHint = {};
-    /// listView: the image list whose pictures its columns and rows use; the picture (from 1)
-    /// that every row carries, 0 for none.
+    /// listView: the image list of its columns and rows. Every row shows the picture `rowPicture`,
+    /// counted from 1; 0 for none.
     std::u16string imageList = {};
     int rowPicture = 0;
     /// imageList.
     std::vector<Picture> pictures = {};
-    /// datePicker, timePicker: "dd/MM/yyyy" or "yyy", alike; "HH:mm:ss"; the time of day at first.
+    /// datePicker: "dd/MM/yyyy", where "yyy" means the same as "yyyy". timePicker: "HH:mm:ss".
+    /// Then the initial time.
     std::u16string format = {};
     int hour = 0, minute = 0, second = 0;
 
-    /// The least room for content, in average characters and lines; 0 leaves it to the toolkit.
+    /// The least room for content, in average characters and lines; 0 for the toolkit's default.
     int columns = 0;
     int lines = 0;
 };
 
 /// A piece of a layout: a control by its name, or a box of pieces. A layout names every visible
-/// control once. A control that is not visible takes no room; without a place it is never shown.
+/// control once. A hidden control takes no room. Without a place it can never be shown.
 struct Layout {
     enum class Kind { control, row, column, spring };
     Kind kind = Kind::spring;
     std::u16string control = {};
-    /// The pieces of a box, or of what the control (a frame) surrounds, top to bottom or leading
-    /// to trailing edge.
+    /// The pieces in a box or in a frame, from top to bottom or from the leading to the trailing
+    /// edge.
     std::vector<Layout> pieces = {};
-    /// The share of the room left over; 0 takes only what is needed.
+    /// The piece's share of the spare room; 0 for only the room that it needs.
     int stretch = 0;
-    /// A box whose pieces can be scrolled to where the window has not the room for all; at most
-    /// one in a layout. Without one the whole layout scrolls.
+    /// The box scrolls if the window is too small. At most one box of a layout does. Without one
+    /// the whole layout scrolls.
     bool scrolls = false;
 };
 
@@ -109,11 +110,11 @@ struct Layout {
 [[nodiscard]] inline Layout column(std::vector<Layout> pieces, int stretch = 0) {
     return {Layout::Kind::column, {}, std::move(pieces), stretch};
 }
-/// A column of what may scroll, above what stays in view.
+/// A column that may scroll. The pieces below it stay visible.
 [[nodiscard]] inline Layout scrolling(std::vector<Layout> pieces) {
     return {Layout::Kind::column, {}, std::move(pieces), 1, true};
 }
-/// Takes the room that is left.
+/// Takes the spare room.
 [[nodiscard]] inline Layout spring() {
     return {Layout::Kind::spring, {}, {}, 1};
 }
@@ -124,7 +125,7 @@ struct WindowDesign {
     /// In tab order.
     std::vector<ControlDesign> controls;
     Layout layout;
-    /// The size at first, in average characters and lines, as far as the screen has room.
+    /// The initial size, in average characters and lines. The screen limits it.
     int columns = 0;
     int lines = 0;
 };

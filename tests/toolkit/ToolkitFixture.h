@@ -2,7 +2,7 @@
 // a user does.
 #pragma once
 
-#include "adapters/controls/Key.h"
+#include "adapters/controls/Keys.h"
 #include "platform/controls/Toolkit.h"
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-// What every control of this toolkit is: one widget of its window, under the control's name.
+// What every control of this toolkit has.
 #pragma once
 
 #include "adapters/controls/EventDelivery.h"
@@ -13,21 +13,22 @@
 
 namespace kvex::qt {
 
-class ControlWidget {
+/// A control as its window sees it: a widget with the control's name.
+class Element {
 public:
-    ControlWidget(const ControlDesign &design, const std::u16string &window, QWidget &widget);
-    virtual ~ControlWidget() = default;
-    ControlWidget(const ControlWidget &) = delete;
-    ControlWidget &operator=(const ControlWidget &) = delete;
+    Element(const ControlDesign &design, const std::u16string &window, QWidget &widget);
+    virtual ~Element() = default;
+    Element(const Element &) = delete;
+    Element &operator=(const Element &) = delete;
 
     [[nodiscard]] QWidget &widget() const { return widget_; }
-    /// What takes the focus for it.
+    /// The widget that takes the focus for the control.
     [[nodiscard]] virtual QWidget &focusTarget() const { return widget_; }
-    /// What of it Tab reaches, in order.
+    /// The widgets that Tab reaches, in order.
     [[nodiscard]] virtual std::vector<QWidget *> tabStops() const { return {&widget_}; }
-    /// The layout has a place for it; without one it is never shown.
+    /// Tells the control that the layout has a place for it. Without a place it stays hidden.
     void setPlaced();
-    /// The text that assistive technology reads out for it.
+    /// The name that assistive technology reads out.
     virtual void setSpokenName(const QString &name);
 
 protected:
@@ -35,8 +36,8 @@ protected:
     void applyVisible(bool visible);
     void giveFocus();
 
-    /// Runs a handler of this control. An error of the database that leaves it is shown, too: the
-    /// user must not take for stored what he sees.
+    /// Runs a handler of this control. If a database error leaves it, the user sees a message.
+    /// Otherwise they would think that their change was stored.
     template <class... Parameters, class... Arguments>
     void run(const std::function<void(Parameters...)> &handler, Arguments &&...arguments) {
         controls::deliver(handler, where_, showRefusal, std::forward<Arguments>(arguments)...);
@@ -56,9 +57,8 @@ private:
     bool placed_ = false;
 };
 
-/// A control of the interface `Kind`, shown by a `Shown`.
-template <class Kind, class Shown = QWidget>
-class WidgetControl : public Kind, public ControlWidget {
+/// Adds to an element what code sees: the interface `Kind`. The widget is a `Shown`.
+template <class Kind, class Shown = QWidget> class QtControl : public Kind, public Element {
 public:
     [[nodiscard]] const std::u16string &name() const final { return name_; }
     [[nodiscard]] bool enabled() const final { return enabled_; }
@@ -72,10 +72,9 @@ public:
 
 protected:
     template <class... KindArguments>
-    WidgetControl(const ControlDesign &design, const std::u16string &window, Shown &shown,
-                  KindArguments &&...kindArguments)
-        : Kind(std::forward<KindArguments>(kindArguments)...),
-          ControlWidget(design, window, shown) {}
+    QtControl(const ControlDesign &design, const std::u16string &window, Shown &shown,
+              KindArguments &&...kindArguments)
+        : Kind(std::forward<KindArguments>(kindArguments)...), Element(design, window, shown) {}
 };
 
 } // namespace kvex::qt

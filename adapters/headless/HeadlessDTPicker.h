@@ -1,4 +1,4 @@
-// A date or a time, and what a user does to it.
+// A date or time picker, and the user's actions on it.
 #pragma once
 
 #include "adapters/controls/PickerValue.h"
@@ -6,12 +6,12 @@
 
 namespace kvex::headless {
 
-class HeadlessPicker final : public HeadlessControl<controls::PickerValue> {
+class HeadlessDTPicker final : public HeadlessControl<controls::PickerValue> {
 public:
-    HeadlessPicker(HeadlessWindow *window, const ControlDesign &design)
+    HeadlessDTPicker(HeadlessWindow *window, const ControlDesign &design)
         : HeadlessControl(window, design, design.hour, design.minute, design.second) {}
 
-    /// Each fails as setDate and setTime do, also on a picker of the other kind.
+    /// They fail as setDate and setTime do, and if the picker is of the other kind.
     void pickDate(int year, int month, int day);
     void pickTime(int hour, int minute, int second);
     void tick(bool ticked);

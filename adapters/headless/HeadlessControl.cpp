@@ -1,4 +1,4 @@
-#include "adapters/headless/Element.h"
+#include "adapters/headless/HeadlessControl.h"
 
 #include "adapters/headless/HeadlessWindow.h"
 

@@ -1,4 +1,4 @@
-#include "adapters/controls/Caption.h"
+#include "adapters/controls/Keys.h"
 
 #include "platform/Unicode.h"
 

@@ -1,17 +1,15 @@
-#include "adapters/qt/ControlWidget.h"
+#include "adapters/qt/QtControl.h"
 
 #include "adapters/qt/Dialog.h"
-#include "adapters/qt/MessageBox.h"
 #include "adapters/qt/QText.h"
+#include "adapters/qt/QtToolkit.h"
 #include "platform/Error.h"
-#include "platform/controls/Toolkit.h"
 
 #include <QApplication>
 
 namespace kvex::qt {
 
-ControlWidget::ControlWidget(const ControlDesign &design, const std::u16string &window,
-                             QWidget &widget)
+Element::Element(const ControlDesign &design, const std::u16string &window, QWidget &widget)
     : name_(design.name), enabled_(true), visible_(design.visible), widget_(widget),
       where_(window + u"." + design.name), disabledHint_(toQt(design.disabledHint)) {
     widget_.setObjectName(toQt(name_));
@@ -21,16 +19,16 @@ ControlWidget::ControlWidget(const ControlDesign &design, const std::u16string &
     }
 }
 
-void ControlWidget::setPlaced() {
+void Element::setPlaced() {
     placed_ = true;
     applyVisible(visible_);
 }
 
-void ControlWidget::setSpokenName(const QString &name) {
+void Element::setSpokenName(const QString &name) {
     widget_.setAccessibleName(name);
 }
 
-void ControlWidget::applyEnabled(bool enabled) {
+void Element::applyEnabled(bool enabled) {
     enabled_ = enabled;
     if (!enabled) {
         passFocusOn();
@@ -39,7 +37,7 @@ void ControlWidget::applyEnabled(bool enabled) {
     widget_.setToolTip(enabled ? QString() : disabledHint_);
 }
 
-void ControlWidget::applyVisible(bool visible) {
+void Element::applyVisible(bool visible) {
     visible_ = visible;
     if (!visible) {
         passFocusOn();
@@ -47,23 +45,24 @@ void ControlWidget::applyVisible(bool visible) {
     widget_.setVisible(visible && placed_);
 }
 
-void ControlWidget::giveFocus() {
+void Element::giveFocus() {
     if (!enabled_ || !visible_) {
         throw Error(error_number::invalidCall);
     }
     focusTarget().setFocus(Qt::OtherFocusReason);
 }
 
-void ControlWidget::showRefusal(const Error &error) {
+void Element::showRefusal(const Error &error) {
     if (error.fromDatabase()) {
         const QWidget *window = QApplication::activeWindow();
-        showMessageBox(window != nullptr ? fromQt(window->windowTitle()) : std::u16string(),
-                       error.description(), message_box::exclamation);
+        const std::u16string title =
+            window != nullptr ? fromQt(window->windowTitle()) : std::u16string();
+        QtToolkit().showMessageBox(title, error.description(), message_box::exclamation);
     }
 }
 
-/// Back to where it came from, else to the next control that Tab reaches.
-void ControlWidget::passFocusOn() {
+/// Returns the focus to the control that had it before, or else to the next tab stop.
+void Element::passFocusOn() {
     const QWidget *const window = widget_.window();
     QWidget *const focused = window->focusWidget();
     const auto isWithin = [this](const QWidget *widget) {

@@ -1,15 +1,17 @@
-#include "adapters/qt/QtLabel.h"
+#include "adapters/qt/QtStaticControls.h"
 
-#include "adapters/controls/Caption.h"
+#include "adapters/controls/Keys.h"
 #include "adapters/qt/Colours.h"
 #include "adapters/qt/QText.h"
 
+#include <QFrame>
+#include <QGroupBox>
 #include <QPainter>
 
 namespace kvex::qt {
 namespace {
 
-/// Wrapped, and drawn in the quieter colour of whatever theme is in force.
+/// A label that wraps its text and draws it in the theme's quieter colour.
 class HintLabel final : public QLabel {
 public:
     explicit HintLabel(QWidget *parent) : QLabel(parent) {
@@ -36,17 +38,26 @@ QLabel &createLabel(bool hint, QWidget &parent) {
     return label;
 }
 
+QWidget &createFrame(const QString &caption, QWidget &parent, bool surrounds) {
+    if (surrounds) {
+        return *new QGroupBox(caption, &parent);
+    }
+    auto &line = *new QFrame(&parent);
+    line.setFrameStyle(QFrame::HLine | QFrame::Sunken);
+    return line;
+}
+
 } // namespace
 
 QtLabel::QtLabel(const ControlDesign &design, const std::u16string &window, QWidget &parent)
-    : WidgetControl(design, window, createLabel(design.hint, parent)) {
+    : QtControl(design, window, createLabel(design.hint, parent)) {
     shown().setTextFormat(Qt::PlainText);
     setCaption(design.caption);
 }
 
 void QtLabel::setCaption(const std::u16string &caption) {
     caption_ = caption;
-    // Only with a buddy does Qt read an access key out of the text.
+    // Qt finds the access key in the text only if there is a buddy.
     const bool keyIsRead = shown().buddy() != nullptr;
     shown().setText(toQt(keyIsRead ? caption : controls::parseCaption(caption).shown));
 }
@@ -55,5 +66,9 @@ void QtLabel::setBuddy(QWidget &buddy) {
     shown().setBuddy(&buddy);
     setCaption(caption_);
 }
+
+QtFrame::QtFrame(const ControlDesign &design, const std::u16string &window, QWidget &parent,
+                 bool surrounds)
+    : QtControl(design, window, createFrame(toQt(design.caption), parent, surrounds)) {}
 
 } // namespace kvex::qt
