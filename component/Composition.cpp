@@ -1,6 +1,6 @@
 #include "component/Composition.h"
 
-#include "adapters/classserver/server/ModulePath.h"
+#include "adapters/classserver/server/InProcessServer.h"
 #include "adapters/headless/LooseTextBox.h"
 #include "adapters/odbc/Provider.h"
 #include "adapters/qt/QtToolkit.h"
