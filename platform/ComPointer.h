@@ -83,7 +83,7 @@ template <class Interface>
     return CoCreateInstance(classId, nullptr, Interface::iid, object.putVoid());
 }
 
-/// The characters of a text, without taking it over.
+/// A view of the text's characters.
 [[nodiscard]] inline std::u16string_view viewOf(BSTR text) noexcept {
     return {text == nullptr ? u"" : text, SysStringLen(text)};
 }

@@ -1,6 +1,6 @@
 // The types of the component model. Interfaces derive from IUnknown and have pure virtual functions
-// only. Results are HRESULTs, texts are BSTRs. As in the Component Object Model, an interface is
-// laid out by the system's C++ ABI as a class without a virtual destructor.
+// only. Results are HRESULTs, texts are BSTRs. The C++ ABI, Itanium's or the system's, lays out an
+// interface as a class without a virtual destructor. The Component Object Model does the same.
 #pragma once
 
 #include <cstddef>

@@ -24,17 +24,17 @@ public:
     /// Opens the database that `connectionString` names; it never creates one. `userId` and
     /// `password` apply when the string has none; empty ones are not sent.
     ///
-    /// After a failure the connection is closed as before, and the description says what to do.
-    /// The errors:
-    /// - objectOpen: the connection is open already. It stays open.
+    /// After a failure the connection is as it was before the call, and the description says what
+    /// to do. The errors:
+    /// - objectOpen: the connection is open already.
     /// - badArgument: the string names no known provider or no database.
     /// - the provider's negative number: the database refuses.
     virtual void open(std::u16string_view connectionString, std::u16string_view userId = {},
                       std::u16string_view password = {},
                       std::int32_t options = unspecifiedOptions) = 0;
     [[nodiscard]] virtual ObjectState state() const = 0;
-    /// Fails with objectClosed when the connection is not open. Its record sets stay readable;
-    /// to open it again does not reconnect them.
+    /// Closes the connection. Its record sets stay readable; opening the connection again does not
+    /// reconnect them. Fails with objectClosed when the connection is not open.
     virtual void close() = 0;
 };
 
@@ -44,8 +44,9 @@ public:
 /// It stays readable after its connection has closed; a write or resync then fails with
 /// objectClosed.
 ///
-/// When the database refuses a write or resync, the description of the error says what was not done,
-/// then why, then what to do. It begins like this: "The change of record ID 3 was not stored."
+/// When the database refuses a write or resync, the description of the error says what was not
+/// done, then why, then what to do. It begins like this: "The change of record ID 3 was not
+/// stored."
 ///
 /// Rows can be written when the query reads one table with a primary key and has each key column
 /// once. The lock must not be readOnly. Any other write fails with badArgument, and so does a write
@@ -60,8 +61,8 @@ public:
     /// Runs `source` on `connection`, reads every row and moves to the first one. With every cursor
     /// type the set is a copy of the rows as they are now.
     ///
-    /// After a failure the set is closed as before. The errors:
-    /// - objectOpen: the set is open already. It stays open.
+    /// After a failure the set is as it was before the call. The errors:
+    /// - objectOpen: the set is open already.
     /// - objectClosed: the connection is not open.
     /// - badArgument: the statement gives no rows. It is not run.
     /// - the provider's number: the database refuses.
@@ -102,14 +103,14 @@ public:
     /// first of several columns with the same name counts. Fails with itemNotFound for an unknown
     /// name, and with noCurrentRecord without a current record.
     [[nodiscard]] virtual ValueView field(std::u16string_view name) const = 0;
-    /// Keeps `value` as a pending change for update. A value of the same kind as the one read, with
-    /// the same characters or number, is no change. A new record sends every value that was set,
-    /// even Null. An unpaired surrogate becomes U+FFFD, because no database keeps one. Fails as
-    /// field does.
+    /// Keeps `value` as a pending change for update. A value equal to the one read is no change:
+    /// one of the same kind, with the same number or the same characters. A new record sends every
+    /// value that was set, even Null. An unpaired surrogate becomes U+FFFD, because no database
+    /// keeps one. Fails as field does.
     virtual void setField(std::u16string_view name, const Value &value) = 0;
 
     /// Makes a pending new record the current one. The database fills the columns that are not
-    /// set; until then they read as Null.
+    /// set; they read as Null until resync.
     virtual void addNew() = 0;
     /// Writes the pending change. It sends only the changed columns, and the row must still hold
     /// the values that were read in them. Without a pending change it sends nothing. A new record
@@ -142,8 +143,8 @@ public:
     virtual void resyncCurrent() = 0;
 };
 
-/// The row of a write or resync is gone, or no longer holds what was read. To repeat the write does
-/// not help: only resync, or a newly opened record set, reads what the other writer stored.
+/// The row of a write or resync is gone, or no longer holds what was read. A repeated write fails
+/// again: only resync, or a newly opened record set, reads what the other writer stored.
 inline constexpr std::int32_t rowChangedByAnother = -2147217864;
 
 } // namespace kvex

@@ -32,7 +32,7 @@ inline constexpr std::int32_t elementNotFound = 35601;
 inline constexpr std::int32_t keyNotUnique = 35602;
 } // namespace error_number
 
-/// A run-time error. The error log's entry is made of it.
+/// A run-time error, with the texts that the error log shows.
 class Error : public std::exception {
 public:
     /// An empty `description` stands for the platform's own text for `number`.

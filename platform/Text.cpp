@@ -35,7 +35,7 @@ void appendUtf8(std::string &target, char32_t code) {
     }
 }
 
-/// The number of bytes in the sequence that begins with `lead`; 0 when none can.
+/// The number of bytes in the sequence that begins with `lead`; 0 when no sequence can.
 std::size_t sequenceLength(unsigned char lead) {
     if (lead < 0x80) {
         return 1;
@@ -157,7 +157,7 @@ std::optional<double> valueOf(const std::string &form) {
 
 template <class Integer> Integer rounded(double number) {
     const double whole = std::nearbyint(number);
-    // A double holds this power of two exactly, but not every largest integer.
+    // A double holds this power of two exactly. It cannot hold the largest 64-bit integer.
     constexpr auto bound = -static_cast<double>(std::numeric_limits<Integer>::min());
     if (!(whole >= -bound && whole < bound)) {
         throw Error(error_number::overflow);

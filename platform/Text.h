@@ -8,10 +8,10 @@
 
 namespace kvex {
 
-/// Both conversions write U+FFFD for each code unit that cannot be read.
+/// fromUtf8 and toUtf8 write U+FFFD for each code unit that cannot be read.
 [[nodiscard]] std::u16string fromUtf8(std::string_view text);
-/// Writes the UTF-16 units to `target` and returns the end of them. `target` must have room for as
-/// many units as `text` has bytes.
+/// Writes the UTF-16 units to `target` and returns the position behind the last one. `target` must
+/// have room for as many units as `text` has bytes.
 char16_t *fromUtf8(std::string_view text, char16_t *target) noexcept;
 [[nodiscard]] std::string toUtf8(std::u16string_view text);
 
@@ -22,7 +22,7 @@ char16_t *fromUtf8(std::string_view text, char16_t *target) noexcept;
 [[nodiscard]] std::size_t findUnit(std::u16string_view text, char16_t unit,
                                    std::size_t from = 0) noexcept;
 
-/// Views of the items between the separators, with the empty ones. There is always at least one.
+/// Views of the items between the separators, including empty ones. There is always at least one.
 [[nodiscard]] std::vector<std::u16string_view> split(std::u16string_view text, char16_t separator);
 
 /// A view of `text` without one ";" at its end.

@@ -24,7 +24,7 @@ namespace kvex {
     return first;
 }
 
-/// Writes the character to `target` and returns its end.
+/// Writes the character to `target` and returns the position behind it.
 constexpr char16_t *putCharacter(char16_t *target, char32_t character) noexcept {
     if (character < 0x10000) {
         *target++ = static_cast<char16_t>(character);

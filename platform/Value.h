@@ -27,9 +27,10 @@ public:
     [[nodiscard]] bool isNull() const noexcept { return std::holds_alternative<Null>(held_); }
     [[nodiscard]] Value owned() const;
 
-    /// The value as text, a number in decimal. Fails with invalidUseOfNull for Null.
+    /// The value as text; a number is written in decimal. Fails with invalidUseOfNull for Null.
     [[nodiscard]] std::u16string text() const;
-    /// The text itself, not copied; "" for Null and for a number. Searches for words use it.
+    /// The text itself, not copied. "" for Null and for a number, so that a search for a word finds
+    /// nothing in them.
     [[nodiscard]] std::u16string_view textOrEmpty() const;
     /// The value as a number; text converts as in toInt64, toInt32 and toInt16. Each fails with
     /// invalidUseOfNull for Null, with overflow for a number out of range, and with typeMismatch

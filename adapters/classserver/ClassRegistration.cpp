@@ -37,7 +37,7 @@ void require(bool done) {
 }
 
 /// A new file in the same directory as the file that it will replace. The destructor removes it
-/// unless it has done so.
+/// unless it has replaced that file.
 class Replacement {
 public:
     explicit Replacement(const fs::path &file)

@@ -5,8 +5,8 @@
 // - Server: the absolute path of the server's file. Required.
 // - ProgramId: the name of the class.
 // - Description.
-// A reader skips empty lines, lines that begin with "#" and unknown keys. It passes over a file of
-// any other form, and searches on.
+// A reader skips empty lines, lines that begin with "#" and unknown keys. It ignores a file of any
+// other form and continues the search.
 #pragma once
 
 #include "platform/Component.h"

@@ -25,8 +25,8 @@ public:
 
     /// False for an unknown registration.
     [[nodiscard]] bool remove(std::uint32_t registration) noexcept {
-        // Declared before the lock, so that it is released without it: that may call the class
-        // server.
+        // Declared before the lock, so it is released after the lock: releasing it may call the
+        // class server.
         decltype(entries_)::node_type removed;
         const std::lock_guard lock(mutex_);
         removed = entries_.extract(registration);

@@ -6,7 +6,7 @@
 
 extern "C" {
 /// From now on this process gets the class from the server in the file `path`, registered or not.
-/// A class object that the process itself has registered comes first all the same. Fails with
+/// A class object that the process itself has registered still comes first. Fails with
 /// CO_E_DLLNOTFOUND when the file cannot be loaded, and with CO_E_ERRORINDLL when it is no server.
 /// Fails with the server's own result when the server does not give the class. A failed call
 /// changes nothing.

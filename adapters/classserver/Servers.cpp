@@ -73,7 +73,7 @@ void Servers::keep(const std::shared_ptr<ServerModule> &module) {
 }
 
 void Servers::freeUnused() {
-    // Declared before the lock, so that they are unloaded without it, for the same reason.
+    // Declared before the lock, so they are unloaded after the lock, for the same reason.
     std::vector<std::shared_ptr<ServerModule>> unused;
     const std::lock_guard lock(mutex_);
     unused.reserve(kept_.size());

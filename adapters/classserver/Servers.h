@@ -1,4 +1,4 @@
-// The servers that this process has loaded, and the classes whose server's file it was told.
+// The servers that this process has loaded, and the servers that a host has named for a class.
 #pragma once
 
 #include "platform/Component.h"
@@ -45,15 +45,15 @@ private:
 };
 
 /// Any number of threads may use it at once. A server stays loaded while a caller holds its module
-/// or while it is kept here. The caller keeps it once it has given out an object.
+/// or while it is kept here. Call keep when a server has given out an object.
 class Servers {
 public:
     /// Gives the kept module of the file, or else loads it. Fails as ServerModule::load does.
     [[nodiscard]] HRESULT module(const std::filesystem::path &file,
                                  std::shared_ptr<ServerModule> &module, std::string &reason) const;
     void keep(const std::shared_ptr<ServerModule> &module);
-    /// Releases every kept server that can be unloaded. A caller that is just getting an object
-    /// from such a module keeps the module again afterwards.
+    /// Releases every kept server that can be unloaded. A caller that still holds such a module,
+    /// and gets an object from it, must keep it again.
     void freeUnused();
 
     /// From now on the server of `classId` is `file`.

@@ -11,7 +11,7 @@ namespace kvex::recordset {
 
 class ClientConnection final : public Connection {
 public:
-    /// Of the providers, the first one that accepts a connection string opens it.
+    /// The first provider that accepts a connection string opens it.
     explicit ClientConnection(std::vector<Provider> providers) : providers_(std::move(providers)) {}
 
     void open(std::u16string_view connectionString, std::u16string_view userId,

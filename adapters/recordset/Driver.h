@@ -81,12 +81,13 @@ public:
     virtual void query(const Statement &statement, RowSink &sink) = 0;
     /// Fills in where the values of `columns` come from: table, column and key. `query` is a text
     /// that was queried before. A record set calls this before its first write. A driver implements
-    /// it when its query could only fill them in with a further request to the server.
+    /// it when its query could not fill them in without another request to the server.
     virtual void describe(const std::u16string &query, std::vector<Column> &columns) {
         static_cast<void>(query);
         static_cast<void>(columns);
     }
-    /// Returns the number of rows that the statement found, even when it did not change them.
+    /// Runs the statement and returns how many rows it found. Rows that it did not change count,
+    /// too.
     virtual std::int64_t execute(const Statement &statement) = 0;
     /// Inserts a row with these values and the table's defaults. Returns the row's values of
     /// `keyColumns`.
@@ -100,8 +101,8 @@ public:
                                                     const ValueView &read) const = 0;
 
     [[nodiscard]] virtual ColumnTypes columnTypes() const = 0;
-    /// The columns of the table that an unqualified statement finds under this name in any case.
-    /// Empty when there is no such table.
+    /// The columns of the table that a statement finds under this name without a qualifier. The
+    /// case of the name does not matter. Empty when there is no such table.
     [[nodiscard]] virtual std::vector<std::u16string> columnsOf(std::u16string_view table) = 0;
 
     /// Begins a transaction, which lasts until commit or rollback; see Transaction.h. Transactions

@@ -12,7 +12,7 @@ namespace kvex::recordset {
 /// Its texts are views of the text that it was read from.
 class FindCriterion {
 public:
-    /// A whole number is an integer when one can hold it.
+    /// A whole number is stored as an integer if it fits into one.
     using Wanted = std::variant<std::int64_t, double, std::u16string_view>;
 
     /// Fails with badArgument for a text of any other form. An apostrophe inside the quoted text is

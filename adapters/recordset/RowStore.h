@@ -72,7 +72,7 @@ private:
     [[nodiscard]] Cell &cellAt(std::size_t row, std::size_t column) const {
         return pieces_[row / rowsOfPiece][column * rowsOfPiece + row % rowsOfPiece];
     }
-    /// Stores a cell with its fingerprint. All other functions use this one.
+    /// Stores a cell and its fingerprint. All functions store cells through this one.
     void put(std::size_t row, std::size_t column, const Cell &cell) const noexcept;
     /// True when the value can be a text of `length` units. The text itself is not read.
     static bool canBeText(const Cell &cell, std::size_t length);

@@ -8,8 +8,8 @@
 namespace kvex::recordset {
 
 /// From its construction on, all writes through the connection and its record sets wait for commit.
-/// The destructor undoes them when there was no commit. On SQLite, other
-/// connections cannot write meanwhile.
+/// The destructor undoes them when there was no commit. On SQLite, other connections cannot write
+/// meanwhile.
 class Transaction {
 public:
     /// Fails with objectClosed when the connection is not open, and with the provider's number when

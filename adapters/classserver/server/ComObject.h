@@ -1,5 +1,5 @@
-// The base of every component object, the factory that creates objects, and the count of both that
-// keeps their module loaded.
+// The base class of component objects, their class factory, and the count that keeps their module
+// loaded.
 #pragma once
 
 #include "platform/ComPointer.h"
@@ -86,7 +86,7 @@ public:
 
     /// When the creator throws, fails as currentResult() says.
     HRESULT CreateInstance(IUnknown *outer, const IID &interfaceId, void **object) noexcept final;
-    /// Fails with E_UNEXPECTED when it is to remove a lock and there is none.
+    /// Fails with E_UNEXPECTED when there is no lock to remove.
     HRESULT LockServer(bool lock) noexcept final;
 
 private:

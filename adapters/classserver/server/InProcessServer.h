@@ -1,4 +1,4 @@
-// What the four entry points of a loadable server call, with the table of the server's classes.
+// Implements the four entry points of a loadable server, given the table of its classes.
 #pragma once
 
 #include "adapters/classserver/server/ComObject.h"
