@@ -119,8 +119,9 @@ TEST_F(SessionLife, WhatTheUtilityObjectMakesOfTheLogFileIsTheLogFileFromThenOn)
     utility.addedToLogFile = u".1";
     EXPECT_EQ(showRules(u""), 0);
     EXPECT_EQ(showRules(u""), 0);
-    EXPECT_EQ(utility.log.at(0).logFile, u"/usr/lib/kvex\\KVEX.log");
-    EXPECT_EQ(utility.log.at(1).logFile, u"/usr/lib/kvex\\KVEX.log.1");
+    expectLog({showFailed, showFailed});
+    EXPECT_EQ(logged.at(0).logFile, u"/usr/lib/kvex\\KVEX.log");
+    EXPECT_EQ(logged.at(1).logFile, u"/usr/lib/kvex\\KVEX.log.1");
     EXPECT_EQ(session().strLogFile, u"/usr/lib/kvex\\KVEX.log.1.1");
 }
 

@@ -94,7 +94,7 @@ Commands, edit where none is given:
   edit [--rule ID]                  open the rule editor; without --rule on a new rule
   list                              position, on or off, id and name of every rule in priority order
   show ID… | --all                  the description of rules, with a blank line between two
-  contacts import FILE | list       take contacts from vCards or CSV; or print id, name and number
+  contacts VERB…                    import, export, remove or list contacts, as told below
   init [--sample]                   create the tables, and sample data, where there are none
   register                          let hosts find the rule component by its class
   unregister                        undo that
@@ -106,8 +106,9 @@ Options:
   --user ID                         whose rules and contacts, 1 by default
   --log FILE                        where errors are logged
   --rule ID                         the rule to open
-  --format text|ansi|html           how to show rules, text by default
+  --format FORMAT                   of rules text, ansi or html; of contacts vcard or csv
   --all                             show every rule
+  --replace                         let contacts export replace a file
   --sample                          add users, accounts and rules to try out
 
 The database is the one that --database names, else $KVEX_DATABASE, else the
@@ -125,9 +126,15 @@ after --database.
 what could break the line is written as \n, \t, \\ or \u{HEX}. "contacts list"
 separates them by tabs, and lists the contacts that belong to nobody as well.
 
-"contacts import" reads vCards of the versions 3.0 and 4.0, and CSV whose first
-row names its columns ("Name,Mobile"), in UTF-8. What it skips is named with its
-line; a contact that is there already is not added again.
+"contacts import FILE" reads vCards of the versions 2.1, 3.0 and 4.0, and CSV whose
+first row names its columns ("Name,Mobile"); "-" is standard input. What it skips is
+named with its line; a contact that is there already is not added again. All
+contacts are added or, when the database refuses one, none.
+"contacts export [FILE]" writes what "contacts list" shows: as CSV into a file whose
+name ends in .csv, else as vCards, to standard output without FILE or with "-". The
+file is its owner's alone. One that exists is only replaced with --replace.
+"contacts remove ID…" removes contacts that "contacts list" shows: all of them or,
+when one is not there, none.
 
 "edit" ends with the line "result: 99" when the user may have edited something,
 "result: 1" when no edit was noted (rules may still have been removed), and

@@ -1,6 +1,7 @@
 #include "host/kvexrules/Components.h"
 
 #include "host/kvexrules/Failure.h"
+#include "platform/HostSuite.h"
 #include "tests/host/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -54,6 +55,7 @@ TEST(Components, ThatCannotBeLoadedAreNamed) {
 }
 
 TEST(Components, BesideTheProgramMakeRuleUI) {
+    loadServer(hostSuiteFile(), CLSID_Utility);
     EXPECT_TRUE(createRuleUI());
 }
 

@@ -36,8 +36,9 @@ TEST(SqliteError, EachCodeSaysWhatIsWrongAndWhatToDo) {
         {SQLITE_CONSTRAINT_UNIQUE,
          u"The database D refuses these values (words): change them and try again."},
         {SQLITE_TOOBIG, u"A text is too long for the database D: shorten it."},
-        {SQLITE_MISUSE, u"The database D failed: words. Close the window, open it again and repeat "
-                        u"the change."}};
+        {SQLITE_MISUSE,
+         u"The database D failed: words. Open the rules, or run the command, again and repeat "
+         u"the change."}};
     for (const auto &one : cases) {
         EXPECT_EQ(sqlite::errorOf(one.code, u"D", u"words").description(), one.description);
     }

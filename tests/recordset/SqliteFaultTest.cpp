@@ -231,8 +231,8 @@ TEST_F(SqliteFault, AFileThatWasMovedReplacedOrRemovedIsNotWrittenUntilItIsBack)
     SqliteSession session(name());
     const std::u16string why =
         u"The database file " + name() +
-        u" was moved, replaced or removed since it was opened: put it back, or close the window "
-        u"and open it again on the file that is there now.";
+        u" was moved, replaced or removed since it was opened: put it back, or open the rules, or "
+        u"run the command, again on the file that is there now.";
     const auto expectRefused = [&](const std::u16string &outcome, const auto &call) {
         try {
             call();

@@ -54,7 +54,7 @@ TEST_P(NoMemory, IsLoggedUnderTheBuildersNameAndGivesNoText) {
     EXPECT_EQ(built, u"");
     expectLog({u"Sub: " + std::u16string(name, name + std::string_view(name).size()) +
                u", Module: General"});
-    EXPECT_EQ(utility.log.at(0).number, error_number::outOfMemory);
+    EXPECT_EQ(logged.at(0).number, error_number::outOfMemory);
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -34,6 +34,7 @@ std::unique_ptr<RichTextBox> TestPlatform::createTextBox() {
 ComponentTest::ComponentTest(const DatabaseKind &kind) : database(kind) {
     utility.connectionString = database.connectionString();
     session().blnChanged = false;
+    session().strUserID.clear();
     ruleState() = RuleState();
 }
 

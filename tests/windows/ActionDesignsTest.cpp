@@ -13,12 +13,14 @@ TEST(ActionDesigns, Distribution) {
     expectDesign(frmRuleDistributeDesign(), "frmRuleDistribute", "Distribution List",
                  {
                      R"(label Label2 "Available users" for="lvwUsersSource")",
-                     R"(list lvwUsersSource many images="imgListIcons" picture=1)",
+                     R"(list lvwUsersSource many empty="The server's users appear here.")"
+                     R"( images="imgListIcons" picture=1)",
                      R"(button cmdSelect "&Select ->")",
                      R"(button cmdAll "&All ->")",
                      R"(button cmdRemove "&Remove")",
                      R"(label Label1 "Selected users for distribution" for="lvwUsersSelected")",
-                     R"(list lvwUsersSelected many images="imgListIcons" picture=1)",
+                     R"(list lvwUsersSelected many empty="The users that you select appear here.")"
+                     R"( images="imgListIcons" picture=1)",
                      R"(frame Frame1)",
                      R"(button cmdOK "&OK" disabled waits="Select a user first" default)",
                      R"(button cmdCancel "&Cancel" cancel)",
@@ -36,7 +38,8 @@ TEST(ActionDesigns, Reply) {
                      R"(text txtCharCount "0" readOnly)",
                      R"(label Label5 "2. Select the Account to be used for sending the Reply")"
                      R"( for="lvwOutAccount")",
-                     R"(list lvwOutAccount checkBoxes images="imgListIcons" picture=1)",
+                     R"(list lvwOutAccount checkBoxes empty="The server's accounts appear here.")"
+                     R"( images="imgListIcons" picture=1)",
                      R"(frame Frame1)",
                      R"(button cmdOK "&OK" disabled waits="Type a text first" default)",
                      R"(button cmdCancel "&Cancel" cancel)",
@@ -55,15 +58,17 @@ TEST(ActionDesigns, Alert) {
                      R"( @@SMS@@ and @@SENDER@@ for the Sender mobile number")",
                      R"(label Label5 "2. Select the Account to be used for sending the Alert")"
                      R"( for="lvwOutAccount")",
-                     R"(list lvwOutAccount checkBoxes images="imgListIcons" picture=1)",
+                     R"(list lvwOutAccount checkBoxes empty="The server's accounts appear here.")"
+                     R"( images="imgListIcons" picture=1)",
                      R"(label Label4 "3. Select the Alert Recipients. Type the mobile number and)"
                      R"( click Add")",
                      R"(label Label1 "Alert &Recipients" for="txtMobileNo")",
                      R"(text txtMobileNo)",
                      R"(button cmdAdd "&Add" disabled waits="Type a mobile number first" default)",
                      R"(button cmdAddressBook "Address &Book")",
-                     R"(list lvwPeople called="Selected recipients" images="imgListIcons")"
-                     R"( picture=2)",
+                     R"(list lvwPeople called="Selected recipients")"
+                     R"( empty="The recipients that you add appear here.")"
+                     R"( images="imgListIcons" picture=2)",
                      R"(button cmdRemove "&Remove" disabled waits="Add a recipient first")",
                      R"(button cmdClear "Clear &List" disabled waits="Add a recipient first")",
                      R"(button cmdOptions "O&ptions" hidden disabled)"

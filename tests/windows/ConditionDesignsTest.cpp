@@ -33,7 +33,7 @@ TEST(ConditionDesigns, People) {
 TEST(ConditionDesigns, Accounts) {
     expectDesign(frmRuleAccountDesign(), "frmRuleAccount", "Select Accounts",
                  {
-                     R"(list lvwAccountSource)",
+                     R"(list lvwAccountSource empty="The server's accounts appear here.")",
                      R"(button cmdCancel "&Cancel" cancel)",
                      R"(button cmdOK "&OK" waits="Add an account first")",
                      R"(button cmdAdd "&Add" default)",

@@ -117,7 +117,7 @@ TEST_F(ConditionsOnScreen, AccountsAreAddedByEnterAndDoubleClick) {
         expectEnabled(user, true);
         user.press(Key::enter);
         user.doubleClickBesideRows(u"lvwAccountSource");
-        EXPECT_EQ(rowsBelowHeading(user, u"lvwAccountSelected"), Texts());
+        EXPECT_EQ(rowsBelowHeading(user, u"lvwAccountSelected"), Texts{u"    Main"});
         user.doubleClickRow(u"lvwAccountSource", 1);
         user.doubleClickRow(u"lvwAccountSource", 2);
         EXPECT_EQ(rowsBelowHeading(user, u"lvwAccountSelected"),

@@ -51,6 +51,7 @@ protected:
         breakage.list = list;
         ruleUI = std::make_unique<RuleUI>(breakable);
         ASSERT_TRUE(ruleUI->OpenRules());
+        session().strUserID = u"1";
         RuleState &rule = ruleState();
         rule = RuleState();
         rule.strPeople = u"98;99";

@@ -141,7 +141,7 @@ TEST_F(PeopleFromAddressBook, NumbersBeforeOneThatCannotBeReadStay) {
         EXPECT_TRUE(session().blnChanged);
     });
     expectLog({loggedAs});
-    EXPECT_EQ(utility.log.at(0).number, error_number::automationError);
+    EXPECT_EQ(logged.at(0).number, error_number::automationError);
     EXPECT_EQ(platform.addressBook.calls.back(), u"released");
 }
 
@@ -149,7 +149,7 @@ TEST_F(PeopleFromAddressBook, OneThatGivesNoNumbersIsLogged) {
     platform.addressBook.hasNumbers = false;
     choose(u"7", [](User &user) { EXPECT_EQ(user.rows(list), Texts{heading}); });
     expectLog({loggedAs});
-    EXPECT_EQ(utility.log.at(0).number, error_number::objectNotSet);
+    EXPECT_EQ(logged.at(0).number, error_number::objectNotSet);
 }
 
 TEST_F(PeopleFromAddressBook, WhatTheHostMakesOfTheLogFileIsTheLogFileFromThenOn) {
@@ -157,9 +157,14 @@ TEST_F(PeopleFromAddressBook, WhatTheHostMakesOfTheLogFileIsTheLogFileFromThenOn
     utility.addedToLogFile = u".utility";
     platform.addressBook.initResult = false;
     choose(u"7", [](User &user) { user.click(u"cmdAddressBook"); });
-    ASSERT_EQ(utility.reports.size(), 2U);
-    EXPECT_EQ(utility.reports[0].logFile, u"/usr/lib/kvex\\KVEX.log.book");
-    EXPECT_EQ(utility.reports[1].logFile, u"/usr/lib/kvex\\KVEX.log.book.utility.book");
+    const auto report = [](const char16_t *logFile) {
+        return Report{
+            logFile,
+            u"KVEXMessageRules: Could not load AddressBook. Init() failed on ManageContacts.", true,
+            true};
+    };
+    expectReports({report(u"/usr/lib/kvex\\KVEX.log.book"),
+                   report(u"/usr/lib/kvex\\KVEX.log.book.utility.book")});
     EXPECT_EQ(session().strLogFile, u"/usr/lib/kvex\\KVEX.log.book.utility.book.utility");
 }
 

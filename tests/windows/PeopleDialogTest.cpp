@@ -261,6 +261,7 @@ TEST_F(PeopleDialog, AFailureWhileAddingIsLoggedAndEndsTheHandler) {
 }
 
 TEST_F(PeopleDialog, AccessKeysReachEveryControlThatHasOne) {
+    session().strUserID = u"1";
     ruleState().strPeople = u"98;99";
     playDialog(people, [this](User &user) {
         user.type(u"5");

@@ -13,7 +13,9 @@ TEST(RuleDesigns, TheRulesWindow) {
                  {
                      R"(label Label1 "These rules will be applied to incoming short messages")"
                      R"( for="lvwRules")",
-                     R"(list lvwRules checkBoxes images="ImgListView")",
+                     R"(list lvwRules checkBoxes)"
+                     R"( empty="The rules appear here. Click New to make the first one.")"
+                     R"( images="ImgListView")",
                      R"(images ImgListView inOrder)",
                      R"(button cmdNew "&New")",
                      R"(button cmdModify "&Modify")",

@@ -130,7 +130,7 @@ TEST_F(RuleEditor, BehindTheHighestIdOfAllThereIsNoNewRule) {
     database.execute("INSERT INTO SMS_RULES (ID, Name) VALUES (9223372036854775807, 'Last')");
     playNewRule([](User &user) { user.press(Key::escape); });
     expectLog({u"Sub: Form_Load, Module: frmRuleEdit"});
-    EXPECT_EQ(utility.log.at(0).number, error_number::overflow);
+    EXPECT_EQ(logged.at(0).number, error_number::overflow);
 }
 
 TEST_F(RuleEditor, AStoredRuleIsShownOnItsRows) {

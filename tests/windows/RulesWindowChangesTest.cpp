@@ -278,6 +278,7 @@ TEST_P(RulesWindow, RemoveTakesTheSelectedRuleWhereverTheRecordSetStands) {
         user.click(u"cmdCancel");
     });
     EXPECT_EQ(storedOrder(), (std::vector<std::string>{"A|10", "C|30"}));
+    expectMessages({removeQuestion});
 }
 
 } // namespace

@@ -252,7 +252,6 @@ TEST_P(RulesWindow, ARuleThatCannotBeListedLeavesTheOrderOfTheOthersRight) {
          {Unlistable{"PRIORITY = 123456789", error_number::invalidCall},
           Unlistable{"ACTIVE = NULL", error_number::invalidUseOfNull}}) {
         database.execute("DELETE FROM SMS_RULES");
-        utility.log.clear();
         for (const int priority : {1, 2, 3, 4}) {
             database.addRule(std::string(1, static_cast<char>('Z' - priority)), "<ALLMESSAGES>", "",
                              priority);
@@ -265,10 +264,8 @@ TEST_P(RulesWindow, ARuleThatCannotBeListedLeavesTheOrderOfTheOthersRight) {
             EXPECT_EQ(list(user).selectedRow(), 2);
             user.click(u"cmdOK");
         });
-        ASSERT_FALSE(utility.log.empty());
-        EXPECT_EQ(utility.log.front().text,
-                  u"KVEXMessageRules: Error occured. Sub: ListRules, Module: frmRules");
-        EXPECT_EQ(utility.log.front().number, number);
+        expectLog({u"Sub: ListRules, Module: frmRules", u"Sub: ListRules, Module: frmRules"});
+        EXPECT_EQ(logged.at(0).number, number);
         EXPECT_EQ(database.rows("SELECT Name, PRIORITY FROM SMS_RULES WHERE Name <> 'V' "
                                 "ORDER BY PRIORITY"),
                   (std::vector<std::string>{"Y|1", "W|2", "X|3"}));
