@@ -1,6 +1,6 @@
-"""What the benchmarks show, and what is to be reached.
+"""The figures that the benchmarks measure, and their limits.
 
-A figure's values are those of the benchmarks NAME/n; what it is compared with is NAME.peer/n.
+The benchmarks NAME/n measure the figure NAME; NAME.peer/n measure what it is compared with.
 """
 
 from dataclasses import dataclass
@@ -12,13 +12,13 @@ class Figure:
     name: str
     what: str
     peer: str = "–"
-    # The most that it may be of its peer's; nothing where there is no such limit.
+    # The largest allowed ratio to its peer. Each limit is None when there is none.
     ratio: float | None = None
-    # The most by which it may exceed its peer, in milliseconds.
+    # The most that it may take longer than its peer, in milliseconds.
     more: float | None = None
-    # The most by which it may grow from the smaller of two sizes to the larger.
+    # The largest allowed factor of growth from the smaller of two sizes to the larger.
     growth: float | None = None
-    # These two. The ratio counts at the first.
+    # These two sizes. The limit of the ratio applies to the first one.
     sizes: tuple[int, int] = (10_000, 100_000)
 
 

@@ -1,8 +1,9 @@
 #!/usr/bin/python3
 """Prints the figures in bench/results/*.json as one table: bench/table.py [FOLDER]
 
-A value is the least of the repetitions: on a shared machine the others tell of its other users.
-Status 1 when a benchmark failed, or there is none; a limit that does not hold is only printed.
+A value is the least of its repetitions: on a shared machine, the longer ones measure other users.
+The status is 1 when a benchmark failed or there is none. A limit that does not hold is only
+printed.
 """
 
 import json
@@ -28,7 +29,7 @@ class Results:
             self.failures.append(f"{run['name']}: {run['error_message']}")
         elif run["run_type"] == "iteration":
             name, size = run["run_name"].split("/")[:2]
-            # In milliseconds, unless it is no time.
+            # A time is in milliseconds.
             factor = {"ns": 1e-6, "us": 1e-3, "ms": 1, "s": 1e3}[run["time_unit"]]
             value = run.get("value", run["real_time"] * factor)
             key = (name, int(size))
@@ -52,7 +53,7 @@ def shown(number):
 
 
 def verdict(results):
-    """Of checks that are true, false or not to be made."""
+    """Whether all checks are true. None stands for a check that was not made."""
     made = [result for result in results if result is not None]
     return "" if not made else "holds" if all(made) else "DOES NOT HOLD"
 

@@ -1,5 +1,5 @@
-# The target `headers` compiles every header alone: each must include what it uses.
-# It is no part of the usual build; script/lint builds it.
+# The target `headers` compiles every header by itself, because each must include what it uses. The
+# usual build leaves it out; script/lint builds it.
 file(GLOB_RECURSE kvex_headers CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
   ${PROJECT_SOURCE_DIR}/platform/*.h ${PROJECT_SOURCE_DIR}/rules/*.h
   ${PROJECT_SOURCE_DIR}/ui/*.h ${PROJECT_SOURCE_DIR}/component/*.h

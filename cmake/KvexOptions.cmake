@@ -1,4 +1,4 @@
-# What every target is built with.
+# The options that every target is built with.
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -8,7 +8,7 @@ set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
-# Hosts find the class server beside themselves, wherever the folder stands.
+# Hosts find the class server in their own folder, even when the folder is moved.
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 set(CMAKE_INSTALL_RPATH "$ORIGIN")
 
@@ -19,21 +19,22 @@ endif()
 
 set(KVEX_SANITIZE "" CACHE STRING "Sanitizers to build with: address,undefined or thread")
 
-# Every library and program includes from the project's root and compiles without a warning.
+# Every library and program includes from the project's root and must compile without warnings.
 add_library(kvex_options INTERFACE)
 target_include_directories(kvex_options INTERFACE "${PROJECT_SOURCE_DIR}")
 target_compile_options(kvex_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion $<$<BOOL:${KVEX_WERROR}>:-Werror>
-  # Optimising, GCC 12 takes what std::string does for overlapping copies.
+  # When it optimises, GCC 12 wrongly warns that std::string copies overlapping memory.
   $<$<AND:$<CXX_COMPILER_ID:GNU>,$<CONFIG:Release>>:-Wno-restrict>)
-# A release leaves out what nothing calls: of the headless toolkit the component needs one text box.
+# A release leaves out code that nothing calls. For example, the component needs only one text box
+# of the headless toolkit.
 add_compile_options($<$<CONFIG:Release>:-ffunction-sections> $<$<CONFIG:Release>:-fdata-sections>)
 add_link_options($<$<CONFIG:Release>:LINKER:--gc-sections>)
 if(KVEX_SANITIZE)
   add_compile_options(-fsanitize=${KVEX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${KVEX_SANITIZE})
 else()
-  # What a library lacks shows when it is linked, not when a host loads it.
+  # A missing symbol is an error when a library is linked, not only when a host loads it.
   add_link_options(LINKER:-z,defs)
 endif()
 

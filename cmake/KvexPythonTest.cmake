@@ -1,8 +1,8 @@
 # kvex_python_tests(NAME FILE file.py LABELS label… [ENVIRONMENT A=B…])
-# Each test method of a file of Python's unittest becomes the CTest test NAME.Method, without its
-# "test". The file is read when CMake runs; it runs again when the file changes.
+# Makes each test method of a Python unittest file a CTest test: testMethod becomes NAME.Method.
+# CMake reads the file when it configures, and configures again when the file changes.
 
-# The system's own interpreter: the packages that the tests stand on are installed for it.
+# The system's own interpreter, because the packages that the tests need are installed for it.
 find_program(KVEX_PYTHON python3 PATHS /usr/bin NO_DEFAULT_PATH REQUIRED)
 
 function(kvex_python_tests name)

@@ -1,6 +1,6 @@
 # kvex_test(NAME [WHOLE] LABELS label… SOURCES file… LIBRARIES library… [ENVIRONMENT A=B…])
-# One GoogleTest program; each of its tests is a CTest test with these labels. With WHOLE the
-# program is one CTest test: its tests share what is costly to start.
+# Adds a GoogleTest program. Each of its tests is a CTest test with these labels. With WHOLE the
+# program is one CTest test; use it when the tests share something that is slow to start.
 find_package(GTest REQUIRED)
 include(GoogleTest)
 
@@ -15,7 +15,7 @@ function(kvex_test name)
     return()
   endif()
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST NO_PRETTY_VALUES)
-  # Set apart: the discovery takes one value a property, not a list.
+  # The discovery takes only one value for a property, so a file of its own sets the lists.
   set(properties "${CMAKE_CURRENT_BINARY_DIR}/${name}_properties.cmake")
   file(CONFIGURE OUTPUT "${properties}" @ONLY CONTENT [[
 if(@name@_TESTS)

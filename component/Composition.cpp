@@ -1,6 +1,6 @@
 #include "component/Composition.h"
 
-#include "adapters/classserver/server/ModulePath.h"
+#include "adapters/classserver/server/InProcessServer.h"
 #include "adapters/odbc/Provider.h"
 #include "adapters/qt/QtToolkit.h"
 #include "adapters/recordset/ClientConnection.h"

@@ -1,4 +1,4 @@
-// The host suite's address book, as the component uses it.
+// The host suite's address book as the component uses it.
 #pragma once
 
 #include <cstdint>
@@ -7,31 +7,32 @@
 
 namespace kvex {
 
-/// A collection of texts. Each call fails with an Error when the host's object does.
+/// A collection of texts. When the host's object fails, the call throws an Error.
 class TextCollection {
 public:
     virtual ~TextCollection() = default;
 
     [[nodiscard]] virtual std::int32_t count() = 0;
-    /// `index` from 1 to the count.
+    /// `index` runs from 1 to count().
     [[nodiscard]] virtual std::u16string item(std::int32_t index) = 0;
 };
 
-/// Each call fails with an Error when the host's object does.
+/// When the host's object fails, the call throws an Error.
 class AddressBook {
 public:
     virtual ~AddressBook() = default;
 
-    /// False when the address book cannot be used. The component passes "" and 1 for `first`
-    /// and `mode`, and the utility object's second text. The last two go by reference: what the
-    /// host's object makes of them is what the caller holds afterwards, also when the call fails.
+    /// Returns false when the address book cannot be used. The component passes "" as `first`, 1
+    /// as `mode`, and the utility object's second text. `secondText` and `logFile` are references:
+    /// the host's object may change them, and its changes stay even when the call fails.
     virtual bool init(const std::u16string &first, const std::u16string &connectionString,
                       std::int32_t mode, std::u16string &secondText, std::u16string &logFile) = 0;
-    /// Lets the user choose; 1 when he did. `multiple` is true from the component.
+    /// Lets the user choose contacts, and returns 1 when the user did. The component always passes
+    /// true as `multiple`.
     virtual std::int32_t selectRecipients(std::int32_t userId, bool multiple) = 0;
-    /// Null when the host's object gives none.
+    /// Null when the host's object has none.
     [[nodiscard]] virtual std::unique_ptr<TextCollection> selectedItems() = 0;
-    /// The chosen mobile numbers. Null when the host's object gives none.
+    /// The chosen mobile numbers. Null when the host's object has none.
     [[nodiscard]] virtual std::unique_ptr<TextCollection> selectedNumbers() = 0;
 };
 

@@ -1,4 +1,4 @@
-// The clipboard, for reading.
+// Reads the clipboard.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@ class Clipboard {
 public:
     virtual ~Clipboard() = default;
     [[nodiscard]] virtual bool hasText() const = 0;
-    /// "" when there is none.
+    /// "" when the clipboard holds no text.
     [[nodiscard]] virtual std::u16string text() const = 0;
 };
 

@@ -1,5 +1,5 @@
-// Owners for C++ users of component objects: ComPointer owns one reference to an object, Bstr
-// owns one text. Both give it back when they go, are assigned to, or are asked to receive another.
+// Smart pointers for component objects: ComPointer owns one reference to an object, Bstr owns one
+// text. Both release what they own when they are destroyed, assigned to, or filled through put().
 #pragma once
 
 #include "platform/Component.h"
@@ -16,7 +16,7 @@ namespace kvex {
 template <class Interface> class ComPointer {
 public:
     ComPointer() noexcept = default;
-    /// Adds a reference of its own; the caller keeps his.
+    /// Adds a reference; the caller keeps its own.
     explicit ComPointer(Interface *object) noexcept : object_(object) {
         if (object_ != nullptr) {
             object_->AddRef();
@@ -30,7 +30,8 @@ public:
     }
     ComPointer(const ComPointer &other) noexcept : ComPointer(other.object_) {}
     ComPointer(ComPointer &&other) noexcept : object_(other.detach()) {}
-    /// Of an object's class to one of its interfaces. Where IUnknown is ambiguous, as<IUnknown>().
+    /// Converts from the class of an object to one of its interfaces. Use as<IUnknown>() where the
+    /// class derives from IUnknown more than once.
     template <class Derived>
     requires std::convertible_to<Derived *, Interface *> ComPointer(ComPointer<Derived> other)
     noexcept : object_(other.detach()) {}
@@ -45,7 +46,7 @@ public:
     Interface &operator*() const noexcept { return *object_; }
     explicit operator bool() const noexcept { return object_ != nullptr; }
 
-    /// Empty from now on. Whatever the object does while it goes finds the pointer empty.
+    /// Releases the reference. The pointer is empty before the object's destructor runs.
     void reset() noexcept {
         if (Interface *object = detach()) {
             object->Release();
@@ -54,15 +55,16 @@ public:
     /// Gives the reference to the caller.
     [[nodiscard]] Interface *detach() noexcept { return std::exchange(object_, nullptr); }
 
-    /// Where a call is to leave a new reference; the pointer is empty before.
+    /// Empties the pointer and gives the place where a call can store a new reference.
     [[nodiscard]] Interface **put() noexcept {
         reset();
         return &object_;
     }
-    /// The same for calls that take an interface id, which must be Interface::iid.
+    /// The same for calls that take an interface id. It must be Interface::iid.
     [[nodiscard]] void **putVoid() noexcept { return reinterpret_cast<void **>(put()); }
 
-    /// Another interface of the object; empty when it has none such, or when this is empty.
+    /// Another interface of the object. Empty when the object does not have it, or when this
+    /// pointer is empty.
     template <class Other> [[nodiscard]] ComPointer<Other> as() const noexcept {
         ComPointer<Other> other;
         if (object_ != nullptr) {
@@ -75,13 +77,13 @@ private:
     Interface *object_ = nullptr;
 };
 
-/// CoCreateInstance into `object`, which is empty after a failure.
+/// Calls CoCreateInstance. `object` is empty after a failure.
 template <class Interface>
 [[nodiscard]] HRESULT createInstance(const CLSID &classId, ComPointer<Interface> &object) noexcept {
     return CoCreateInstance(classId, nullptr, Interface::iid, object.putVoid());
 }
 
-/// A text that somebody else owns.
+/// A view of the text's characters.
 [[nodiscard]] inline std::u16string_view viewOf(BSTR text) noexcept {
     return {text == nullptr ? u"" : text, SysStringLen(text)};
 }
@@ -89,7 +91,7 @@ template <class Interface>
 class Bstr {
 public:
     Bstr() noexcept = default;
-    /// A copy of `text`; std::bad_alloc when there is no memory for it.
+    /// Copies `text`. Throws std::bad_alloc when there is no memory.
     explicit Bstr(std::u16string_view text) {
         if (text.size() <= std::numeric_limits<std::uint32_t>::max()) {
             text_ = SysAllocStringLen(text.data(), static_cast<std::uint32_t>(text.size()));
@@ -112,12 +114,12 @@ public:
 
     /// Gives the text to the caller.
     [[nodiscard]] BSTR detach() noexcept { return std::exchange(text_, nullptr); }
-    /// Where a call is to leave a new text; what was held is freed before.
+    /// Frees the text and gives the place where a call can store a new one.
     [[nodiscard]] BSTR *put() noexcept {
         SysFreeString(detach());
         return &text_;
     }
-    /// For an argument by reference: the callee sees what is held and may free and replace it.
+    /// For an argument by reference: the callee reads the text and may free and replace it.
     [[nodiscard]] BSTR *inOut() noexcept { return &text_; }
 
 private:

@@ -1,6 +1,6 @@
-// The component model's types: interfaces of pure virtual functions on IUnknown, results as
-// HRESULT, texts as BSTR. The layout of an interface is the Itanium or system C++ ABI's of a class
-// with only virtual functions and no virtual destructor, as in the Component Object Model.
+// The types of the component model. Interfaces derive from IUnknown and have pure virtual functions
+// only. Results are HRESULTs, texts are BSTRs. The C++ ABI, Itanium's or the system's, lays out an
+// interface as a class without a virtual destructor. The Component Object Model does the same.
 #pragma once
 
 #include <cstddef>
@@ -10,9 +10,10 @@
 using HRESULT = std::int32_t;
 using LONG = std::int32_t;
 using ULONG = std::uint32_t;
-/// A text that carries its length: NUL characters may stand in it, and one follows it. Null is "".
+/// A text that stores its length, so it may contain NUL characters. A NUL follows it. A null
+/// pointer means "".
 using BSTR = char16_t *;
-/// True is -1, false 0.
+/// -1 is true, 0 is false.
 using VARIANT_BOOL = std::int16_t;
 inline constexpr VARIANT_BOOL VARIANT_TRUE = -1;
 inline constexpr VARIANT_BOOL VARIANT_FALSE = 0;
@@ -60,7 +61,8 @@ using IID = GUID;
 
 struct IUnknown {
     static constexpr IID iid{0x00000000, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
-    /// `*object` is nulled first; E_NOINTERFACE leaves it null, E_POINTER when `object` is null.
+    /// Stores the interface in `*object` and adds a reference. Fails with E_NOINTERFACE when the
+    /// object does not have it; `*object` is null then. Fails with E_POINTER for a null `object`.
     virtual HRESULT QueryInterface(const IID &interfaceId, void **object) noexcept = 0;
     virtual ULONG AddRef() noexcept = 0;
     virtual ULONG Release() noexcept = 0;
@@ -71,18 +73,19 @@ protected:
 
 struct IClassFactory : IUnknown {
     static constexpr IID iid{0x00000001, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
-    /// A new object of the class. `*object` is nulled first. CLASS_E_NOAGGREGATION when `outer`
-    /// is not null; what the object's constructor raises comes back as a failed result.
+    /// Creates an object of the class. Fails with CLASS_E_NOAGGREGATION when `outer` is not null,
+    /// and with the result of what the object's constructor throws. `*object` is null then.
     virtual HRESULT CreateInstance(IUnknown *outer, const IID &interfaceId,
                                    void **object) noexcept = 0;
-    /// A locked server is not unloaded; locks count.
+    /// Adds or removes a lock. A server is not unloaded while it has locks.
     virtual HRESULT LockServer(bool lock) noexcept = 0;
 
 protected:
     ~IClassFactory() = default;
 };
 
-/// What a loadable server exports, by these names, with C linkage.
+/// The functions that a loadable server exports under these names, without "Function" and with C
+/// linkage.
 extern "C" {
 using DllGetClassObjectFunction = HRESULT(const CLSID &classId, const IID &interfaceId,
                                           void **object);
@@ -91,37 +94,39 @@ using DllRegisterServerFunction = HRESULT();
 using DllUnregisterServerFunction = HRESULT();
 }
 
-/// The platform's part. On Linux the class server library implements it, on Windows the system.
+// The platform's functions. On Linux the class server library implements them, on Windows the
+// system does.
 #if defined(KVEX_CLASS_SERVER_BUILD)
 #define KVEX_CLASS_SERVER_API __attribute__((visibility("default")))
 #else
 #define KVEX_CLASS_SERVER_API
 #endif
 extern "C" {
-/// A new text of `length` characters; null when there is no memory. `text` may be null: zeros.
+/// Allocates a text of `length` characters and copies `text`; a null `text` gives NUL characters.
+/// Null when there is no memory.
 KVEX_CLASS_SERVER_API BSTR SysAllocStringLen(const char16_t *text, std::uint32_t length) noexcept;
-/// Null is allowed.
+/// `text` may be null.
 KVEX_CLASS_SERVER_API void SysFreeString(BSTR text) noexcept;
-/// In characters; 0 for null.
+/// The length in characters; 0 for a null pointer.
 KVEX_CLASS_SERVER_API std::uint32_t SysStringLen(BSTR text) noexcept;
 
-/// A class object that this process offers from now on, before any registered server of the
-/// class; `*registration` is what CoRevokeClassObject takes.
+/// From now on this process gets the class from `classObject`, even when a server of the class is
+/// registered. Pass `*registration` to CoRevokeClassObject.
 KVEX_CLASS_SERVER_API HRESULT CoRegisterClassObject(const CLSID &classId, IUnknown *classObject,
                                                     std::uint32_t *registration) noexcept;
-/// CO_E_OBJNOTREG for an unknown registration.
+/// Fails with CO_E_OBJNOTREG for an unknown registration.
 KVEX_CLASS_SERVER_API HRESULT CoRevokeClassObject(std::uint32_t registration) noexcept;
-/// The class object: one of this process, else that of the registered server, which is loaded.
-/// REGDB_E_CLASSNOTREG when nobody knows the class, CO_E_DLLNOTFOUND when its server's file
-/// cannot be loaded, CO_E_ERRORINDLL when that file is no server.
+/// Gives the class object: this process's own, or else that of the registered server, which it
+/// loads. Fails with REGDB_E_CLASSNOTREG when the class is unknown. Fails with CO_E_DLLNOTFOUND
+/// when the server's file cannot be loaded, and with CO_E_ERRORINDLL when that file is no server.
 KVEX_CLASS_SERVER_API HRESULT CoGetClassObject(const CLSID &classId, const IID &interfaceId,
                                                void **object) noexcept;
-/// CoGetClassObject and its CreateInstance.
+/// Gets the class object and calls its CreateInstance.
 KVEX_CLASS_SERVER_API HRESULT CoCreateInstance(const CLSID &classId, IUnknown *outer,
                                                const IID &interfaceId, void **object) noexcept;
-/// CO_E_CLASSSTRING for a name that is not registered.
+/// Fails with CO_E_CLASSSTRING for a name that is not registered.
 KVEX_CLASS_SERVER_API HRESULT CLSIDFromProgID(const char16_t *programId, CLSID *classId) noexcept;
-/// Unloads every server whose DllCanUnloadNow says S_OK. Not while another thread may be releasing
-/// the last object of one: its code would go from under that thread.
+/// Unloads every server whose DllCanUnloadNow returns S_OK. Do not call it while another thread may
+/// release a server's last object: that thread would run code that is no longer there.
 KVEX_CLASS_SERVER_API void CoFreeUnusedLibraries() noexcept;
 }

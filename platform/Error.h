@@ -1,4 +1,4 @@
-// The one exception type of the system, carrying the platform's own error numbers.
+// The project's only exception type. It carries the platform's own error numbers.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +7,7 @@
 
 namespace kvex {
 
-/// Numbers that callers compare with. What a database refuses carries the provider's own
+/// The numbers that callers compare with. An error that comes from a database has the provider's
 /// negative number instead.
 namespace error_number {
 inline constexpr std::int32_t invalidCall = 5;
@@ -32,23 +32,23 @@ inline constexpr std::int32_t elementNotFound = 35601;
 inline constexpr std::int32_t keyNotUnique = 35602;
 } // namespace error_number
 
-/// A run-time failure: what the error log's entry is made of.
+/// A run-time error, with the texts that the error log shows.
 class Error : public std::exception {
 public:
-    /// `description` empty: the platform's own text for `number`.
+    /// An empty `description` stands for the platform's own text for `number`.
     explicit Error(std::int32_t number, std::u16string description = {},
                    std::u16string source = u"KVEXMessageRules");
 
     [[nodiscard]] std::int32_t number() const noexcept { return number_; }
     [[nodiscard]] const std::u16string &description() const noexcept { return description_; }
     [[nodiscard]] const std::u16string &source() const noexcept { return source_; }
-    /// True when a database refused: its provider's number is negative.
+    /// True for an error that comes from a database: its number is negative.
     [[nodiscard]] bool fromDatabase() const noexcept { return number_ < 0; }
-    /// UTF-8, for diagnostic streams: "error NUMBER: DESCRIPTION (SOURCE)".
+    /// "error NUMBER: DESCRIPTION (SOURCE)" in UTF-8, for diagnostic streams.
     [[nodiscard]] const char *what() const noexcept override { return what_.c_str(); }
 
-    /// The exception being handled as an Error: itself when it is one, outOfMemory for a failed
-    /// allocation, internalError with its text for any other. Call inside a catch block only.
+    /// The exception that is being handled, as an Error. A failed allocation becomes outOfMemory,
+    /// any other exception internalError with its text. Call it only in a catch block.
     [[nodiscard]] static Error current();
 
 private:

@@ -1,10 +1,10 @@
-// The classes of the host suite, as they cross the component's boundary. Every call gives a
-// failed HRESULT instead of raising; texts given out belong to the caller.
+// The interfaces of the host suite's classes at the component's boundary. A call that fails returns
+// a failed HRESULT and never throws. The caller owns the texts that a call returns.
 #pragma once
 
 #include "platform/Component.h"
 
-/// The runtime's current error. The texts belong to whoever passes it.
+/// The runtime's current error. The caller that passes it owns its texts.
 struct ErrorRecord {
     LONG number;
     BSTR description;
@@ -16,12 +16,13 @@ struct IUtility : IUnknown {
         0x7B1F4E52, 0x0C6A, 0x4F0E, {0x9D, 0x31, 0x52, 0xA8, 0x6E, 0x17, 0xC4, 0x01}};
     virtual HRESULT GetConnectionString(BSTR *connectionString) noexcept = 0;
     virtual HRESULT GetSecondText(BSTR *text) noexcept = 0;
-    /// `reserved` is 0 and `*flag` -1; `*output` is for the utility object to set.
+    /// The component passes 0 as `reserved` and -1 as `*flag`. The utility object sets `*output`.
     virtual HRESULT WriteErrorLog(BSTR *logFile, ErrorRecord *error, BSTR text, LONG reserved,
                                   VARIANT_BOOL *flag, LONG *output) noexcept = 0;
     virtual HRESULT ReportMessage(BSTR *logFile, BSTR text, VARIANT_BOOL first,
                                   VARIANT_BOOL second) noexcept = 0;
-    /// Style 48: OK and an exclamation mark. Style 4: Yes and No; `*result` 6 is Yes, 7 No.
+    /// Style 48 shows OK and an exclamation mark. Style 4 shows Yes and No; `*result` is 6 for Yes
+    /// and 7 for No.
     virtual HRESULT ShowMessageBox(BSTR text, LONG style, LONG *result) noexcept = 0;
 
 protected:
@@ -36,7 +37,7 @@ struct ITextCollection : IUnknown {
     static constexpr IID iid{
         0x7B1F4E52, 0x0C6A, 0x4F0E, {0x9D, 0x31, 0x52, 0xA8, 0x6E, 0x17, 0xC4, 0x03}};
     virtual HRESULT GetCount(LONG *count) noexcept = 0;
-    /// `index` from 1 to the count, else E_INVALIDARG.
+    /// `index` runs from 1 to the count. Fails with E_INVALIDARG for any other.
     virtual HRESULT GetItem(LONG index, BSTR *text) noexcept = 0;
 
 protected:
@@ -48,7 +49,7 @@ struct IManageContacts : IUnknown {
         0x7B1F4E52, 0x0C6A, 0x4F0E, {0x9D, 0x31, 0x52, 0xA8, 0x6E, 0x17, 0xC4, 0x04}};
     virtual HRESULT Init(BSTR first, BSTR connectionString, LONG mode, BSTR *secondText,
                          BSTR *logFile, VARIANT_BOOL *success) noexcept = 0;
-    /// `*code` 1: the user chose.
+    /// Sets `*code` to 1 when the user has chosen.
     virtual HRESULT SelectRecipients(LONG userId, VARIANT_BOOL multiple, LONG *code) noexcept = 0;
     virtual HRESULT GetSelectedItems(ITextCollection **items) noexcept = 0;
     virtual HRESULT GetSelectedNumbers(ITextCollection **numbers) noexcept = 0;

@@ -1,4 +1,4 @@
-// What the component is composed with: everything real that stands behind an interface.
+// Creates the real objects behind the interfaces that the component uses.
 #pragma once
 
 #include "platform/AddressBook.h"
@@ -11,7 +11,7 @@
 
 namespace kvex {
 
-/// Each call makes a new object, and fails with cannotCreateObject where the system has none.
+/// Each create call makes a new object. It fails with cannotCreateObject when the system has none.
 class Platform {
 public:
     virtual ~Platform() = default;
@@ -21,8 +21,8 @@ public:
     [[nodiscard]] virtual std::unique_ptr<Recordset> createRecordset() = 0;
     [[nodiscard]] virtual std::unique_ptr<AddressBook> createAddressBook() = 0;
     [[nodiscard]] virtual Toolkit &toolkit() = 0;
-    /// The directory from which the component was loaded, without a separator at its end unless
-    /// it is a root. What is no UTF-8 in its name becomes U+FFFD.
+    /// The directory from which the component was loaded. It has no separator at its end unless it
+    /// is a root. Bytes of its name that are not UTF-8 become U+FFFD.
     [[nodiscard]] virtual std::u16string componentDirectory() = 0;
 };
 

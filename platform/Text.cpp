@@ -35,7 +35,7 @@ void appendUtf8(std::string &target, char32_t code) {
     }
 }
 
-/// The bytes that the sequence led by `lead` has, 0 for one that leads none.
+/// The number of bytes in the sequence that begins with `lead`; 0 when no sequence can.
 std::size_t sequenceLength(unsigned char lead) {
     if (lead < 0x80) {
         return 1;
@@ -55,8 +55,8 @@ bool isWellFormed(char32_t code, std::size_t length) {
            !isLowSurrogate(code);
 }
 
-/// How many units at the beginning are ASCII; eight bytes at a time, because most texts are nothing
-/// else.
+/// The number of ASCII units at the beginning. It checks eight bytes at a time, because most texts
+/// are ASCII only.
 template <class Unit> std::size_t asciiLength(std::basic_string_view<Unit> text) {
     constexpr std::uint64_t others = sizeof(Unit) == 1 ? 0x8080808080808080 : 0xFF80FF80FF80FF80;
     constexpr std::size_t count = sizeof others / sizeof(Unit);
@@ -73,8 +73,7 @@ template <class Unit> std::size_t asciiLength(std::basic_string_view<Unit> text)
     return at;
 }
 
-/// The character that begins at `at`, which moves behind it; or behind the one byte that cannot be
-/// read.
+/// Reads the character at `at` and moves `at` behind it, or behind one byte that cannot be read.
 char32_t readCharacter(std::string_view text, std::size_t &at) {
     const auto lead = static_cast<unsigned char>(text[at]);
     const std::size_t length = sequenceLength(lead);
@@ -90,7 +89,7 @@ char32_t readCharacter(std::string_view text, std::size_t &at) {
     return readable ? code : replacement;
 }
 
-/// The ASCII form of a decimal number, "" for anything else.
+/// The text of a decimal number in ASCII; "" for any other text.
 std::string decimalForm(std::u16string_view text) {
     const std::u16string_view body = trimmed(text);
     std::string form;
@@ -130,13 +129,14 @@ std::string decimalForm(std::u16string_view text) {
     return at == body.size() ? form : std::string();
 }
 
-/// Of a number out of a double's range: whether it is nearer to 0 rather than too large.
+/// For a number that a double cannot hold: true when it is too close to 0, false when it is too
+/// large.
 bool isTooSmall(std::string_view form) {
     const std::size_t mark = std::min(form.find('e'), form.size());
     const std::string_view mantissa = form.substr(0, mark);
     const auto point = static_cast<std::ptrdiff_t>(std::min(mantissa.find('.'), mark));
     const auto first = static_cast<std::ptrdiff_t>(mantissa.find_first_of("123456789"));
-    // The power of ten of the first digit that is not 0.
+    // The power of ten that belongs to the first digit other than 0.
     const std::ptrdiff_t place = first < point ? point - first - 1 : point - first;
 
     const std::string_view digits = form.substr(std::min(mark + 1, form.size()));
@@ -145,7 +145,7 @@ bool isTooSmall(std::string_view form) {
     return error == std::errc::result_out_of_range ? digits.starts_with('-') : exponent < -place;
 }
 
-/// The value of a decimal form; none when a double cannot hold it.
+/// The value of a decimal form; 0 when it is too close to 0, nothing when it is too large.
 std::optional<double> valueOf(const std::string &form) {
     double number = 0;
     const auto error = std::from_chars(form.data(), form.data() + form.size(), number).ec;
@@ -157,7 +157,7 @@ std::optional<double> valueOf(const std::string &form) {
 
 template <class Integer> Integer rounded(double number) {
     const double whole = std::nearbyint(number);
-    // A power of two, which a double holds; the largest number need not be one that it holds.
+    // A double holds this power of two exactly. It cannot hold the largest 64-bit integer.
     constexpr auto bound = -static_cast<double>(std::numeric_limits<Integer>::min());
     if (!(whole >= -bound && whole < bound)) {
         throw Error(error_number::overflow);
@@ -220,7 +220,7 @@ std::u16string_view trimmed(std::u16string_view text) noexcept {
 }
 
 std::size_t findUnit(std::u16string_view text, char16_t unit, std::size_t from) noexcept {
-    // The C library looks at many bytes at a time. Either byte of another unit can be the same.
+    // The C library searches many bytes at a time. A byte that it finds can belong to another unit.
     const auto *bytes = reinterpret_cast<const unsigned char *>(text.data());
     const std::size_t size = text.size() * sizeof(char16_t);
     for (std::size_t at = from * sizeof(char16_t); at < size; ++at) {

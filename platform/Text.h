@@ -1,4 +1,4 @@
-// Text is UTF-16 everywhere; a "blank" is U+0020 alone.
+// Functions for text. Text is UTF-16 everywhere; a "blank" is U+0020 only.
 #pragma once
 
 #include <cstdint>
@@ -8,44 +8,45 @@
 
 namespace kvex {
 
-/// Ill-formed input becomes U+FFFD, one for each code unit that cannot be read.
+/// fromUtf8 and toUtf8 write U+FFFD for each code unit that cannot be read.
 [[nodiscard]] std::u16string fromUtf8(std::string_view text);
-/// The same, written to `target`, which has room for as many units as `text` has bytes. Gives the
-/// place behind it.
+/// Writes the UTF-16 units to `target` and returns the position behind the last one. `target` must
+/// have room for as many units as `text` has bytes.
 char16_t *fromUtf8(std::string_view text, char16_t *target) noexcept;
 [[nodiscard]] std::string toUtf8(std::u16string_view text);
 
-/// `text` without the blanks at both ends. The view is into `text`.
+/// A view of `text` without the blanks at both ends.
 [[nodiscard]] std::u16string_view trimmed(std::u16string_view text) noexcept;
 
-/// As text.find(unit, from), for texts that are long to where it stands.
+/// The same as text.find(unit, from), but faster when the unit stands far behind `from`.
 [[nodiscard]] std::size_t findUnit(std::u16string_view text, char16_t unit,
                                    std::size_t from = 0) noexcept;
 
-/// The items between the separators, empty ones included; at least one. Views into `text`.
+/// Views of the items between the separators, including empty ones. There is always at least one.
 [[nodiscard]] std::vector<std::u16string_view> split(std::u16string_view text, char16_t separator);
 
-/// `text` without its last character where that is a ";". The view is into `text`.
+/// A view of `text` without one ";" at its end.
 [[nodiscard]] std::u16string_view withoutTrailingSeparator(std::u16string_view text) noexcept;
 
-/// A number in decimal.
+/// The number in decimal.
 [[nodiscard]] std::u16string toText(std::int64_t number);
 [[nodiscard]] std::u16string toText(double number);
 
-/// Whether `text` is a decimal number: surrounding blanks, a sign, ASCII digits with an optional
-/// fraction, an optional exponent; and whether a double can hold it.
+/// True when `text` is a decimal number and a double can hold it. The number may have blanks around
+/// it, a sign, a fraction and an exponent. Its digits are ASCII.
 [[nodiscard]] bool isNumeric(std::u16string_view text);
 
-/// The value of a decimal number; raises overflow where a double cannot hold it, typeMismatch for
-/// any other text.
+/// The value of a decimal number. Fails with overflow when a double cannot hold it, and with
+/// typeMismatch for any other text.
 [[nodiscard]] double toDouble(std::u16string_view text);
 
-/// toDouble, rounded half to even; raises overflow outside the type's range.
+/// The value that toDouble gives, rounded half to even. Fails as toDouble does, and with overflow
+/// outside the type's range.
 [[nodiscard]] std::int64_t toInt64(std::u16string_view text);
 [[nodiscard]] std::int32_t toInt32(std::u16string_view text);
 [[nodiscard]] std::int16_t toInt16(std::u16string_view text);
 
-/// `number` rounded half to even; raises overflow outside the type's range.
+/// `number` rounded half to even. Fails with overflow outside the type's range.
 [[nodiscard]] std::int64_t toInt64(double number);
 [[nodiscard]] std::int32_t toInt32(double number);
 [[nodiscard]] std::int16_t toInt16(double number);

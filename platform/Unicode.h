@@ -1,4 +1,4 @@
-// Case mapping of UTF-16 text and classes of characters; the tables are an adapter's.
+// Case mapping and character classes of Unicode. An adapter brings the tables.
 #pragma once
 
 #include <string>
@@ -6,16 +6,16 @@
 
 namespace kvex {
 
-/// Every character replaced by its simple upper-case mapping, whatever the locale. The length
-/// in characters stays; "ß" stays as it is.
+/// Replaces every character by its simple upper-case mapping; the locale does not matter. The
+/// number of characters stays the same, and "ß" stays as it is.
 [[nodiscard]] std::u16string upperCase(std::u16string_view text);
 
-/// Every character replaced by its simple case folding: two texts are equal without regard to
-/// case exactly when their foldings are equal. The length in UTF-16 units stays, and so do
+/// Replaces every character by its simple case folding. Two texts are equal without regard to case
+/// exactly when their foldings are equal. The number of UTF-16 units stays the same, and so do
 /// unpaired surrogates.
 [[nodiscard]] std::u16string foldCase(std::u16string_view text);
 
-/// Whether the character is a letter or a decimal digit, of whatever script.
+/// True for a letter or a decimal digit of any script.
 [[nodiscard]] bool isLetterOrDigit(char32_t character);
 
 } // namespace kvex

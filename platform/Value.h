@@ -1,4 +1,4 @@
-// A database field's value: Null, an integer, a floating-point number or text.
+// The value of a database field: Null, an integer, a floating-point number or text.
 #pragma once
 
 #include <cstdint>
@@ -15,7 +15,7 @@ struct Null {
 /// An owned value.
 using Value = std::variant<Null, std::int64_t, double, std::u16string>;
 
-/// A value that somebody else owns; see who gives it for how long it is valid.
+/// A value that another object owns. The function that returns it says how long it is valid.
 class ValueView {
 public:
     using Held = std::variant<Null, std::int64_t, double, std::u16string_view>;
@@ -27,13 +27,14 @@ public:
     [[nodiscard]] bool isNull() const noexcept { return std::holds_alternative<Null>(held_); }
     [[nodiscard]] Value owned() const;
 
-    /// As text: a number in decimal. Null raises invalidUseOfNull.
+    /// The value as text; a number is written in decimal. Fails with invalidUseOfNull for Null.
     [[nodiscard]] std::u16string text() const;
-    /// The text without a copy, for a value that is text; "" for Null and for a number, where a
-    /// search for a word finds nothing.
+    /// The text itself, not copied. "" for Null and for a number, so that a search for a word finds
+    /// nothing in them.
     [[nodiscard]] std::u16string_view textOrEmpty() const;
-    /// As a number: text converts as toInt64, toInt32 and toInt16 do. Null raises invalidUseOfNull,
-    /// a number out of range overflow, text that is no number typeMismatch.
+    /// The value as a number; text converts as in toInt64, toInt32 and toInt16. Each fails with
+    /// invalidUseOfNull for Null, with overflow for a number out of range, and with typeMismatch
+    /// for text that is no number.
     [[nodiscard]] std::int64_t int64() const;
     [[nodiscard]] std::int32_t int32() const;
     [[nodiscard]] std::int16_t int16() const;

@@ -1,15 +1,18 @@
 #include "adapters/classserver/ClassRegistration.h"
 
-#include "adapters/classserver/ClassDirectories.h"
 #include "adapters/classserver/GuidText.h"
-#include "adapters/classserver/WholeFile.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <sys/stat.h>
 #include <system_error>
+#include <unistd.h>
 #include <utility>
-#include <vector>
 
 namespace kvex {
 namespace {
@@ -17,6 +20,79 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view extension = ".class";
+
+std::string_view variable(const char *name) {
+    const char *value = std::getenv(name);
+    return value == nullptr ? "" : value;
+}
+
+fs::path classesBelow(const fs::path &dataDirectory) {
+    return dataDirectory / "kvex" / "classes";
+}
+
+void require(bool done) {
+    if (!done) {
+        throw std::system_error(errno, std::generic_category());
+    }
+}
+
+/// A new file in the same directory as the file that it will replace. The destructor removes it
+/// unless it has replaced that file.
+class Replacement {
+public:
+    explicit Replacement(const fs::path &file)
+        : name_(file.native() + ".XXXXXX"), descriptor_(::mkstemp(name_.data())) {
+        require(descriptor_ >= 0);
+    }
+    Replacement(const Replacement &) = delete;
+    Replacement &operator=(const Replacement &) = delete;
+    ~Replacement() {
+        if (descriptor_ >= 0) {
+            ::close(descriptor_);
+        }
+        if (!name_.empty()) {
+            ::unlink(name_.c_str());
+        }
+    }
+
+    void write(std::string_view text) const {
+        while (!text.empty()) {
+            const ssize_t count = ::write(descriptor_, text.data(), text.size());
+            require(count >= 0 || errno == EINTR);
+            text.remove_prefix(count < 0 ? 0 : static_cast<std::size_t>(count));
+        }
+        require(::fchmod(descriptor_, S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH) == 0);
+        require(::fsync(descriptor_) == 0);
+    }
+    void replace(const fs::path &file) {
+        require(::close(std::exchange(descriptor_, -1)) == 0);
+        fs::rename(name_, file);
+        name_.clear();
+    }
+
+private:
+    std::string name_;
+    int descriptor_;
+};
+
+/// Nothing when `file` is no regular file or cannot be read.
+std::optional<std::string> readWholeFile(const fs::path &file) {
+    std::error_code error;
+    if (!fs::is_regular_file(file, error)) {
+        return std::nullopt;
+    }
+    std::ifstream stream(file, std::ios::binary);
+    std::string text{std::istreambuf_iterator<char>(stream), {}};
+    return stream.is_open() && !stream.bad() ? std::optional(std::move(text)) : std::nullopt;
+}
+
+/// Replaces the contents of `file` in one step; everyone may read the file. Throws a
+/// std::system_error on failure; `file` is unchanged then.
+void writeWholeFile(const fs::path &file, std::string_view text) {
+    Replacement replacement(file);
+    replacement.write(text);
+    replacement.replace(file);
+}
 
 fs::path fileName(const CLSID &classId) {
     return guidText(classId).append(extension);
@@ -69,7 +145,7 @@ std::optional<ClassRegistration> registrationIn(const fs::path &directory, const
     return text ? read(classId, *text) : std::nullopt;
 }
 
-/// The classes that `directory` has files for, by file name.
+/// The classes that have a file in `directory`, in the order of the file names.
 std::vector<CLSID> classesIn(const fs::path &directory) {
     std::vector<std::string> names;
     std::error_code error;
@@ -99,6 +175,35 @@ bool isNamed(const ClassRegistration &registration, std::u16string_view programI
 }
 
 } // namespace
+
+std::optional<fs::path> userClassDirectory() {
+    if (const fs::path data = variable("XDG_DATA_HOME"); data.is_absolute()) {
+        return classesBelow(data);
+    }
+    if (const fs::path home = variable("HOME"); home.is_absolute()) {
+        return classesBelow(home / ".local" / "share");
+    }
+    return std::nullopt;
+}
+
+std::vector<fs::path> classDirectories() {
+    std::vector<fs::path> directories;
+    if (auto user = userClassDirectory()) {
+        directories.push_back(*std::move(user));
+    }
+    std::string_view rest = variable("XDG_DATA_DIRS");
+    if (rest.empty()) {
+        rest = "/usr/local/share:/usr/share";
+    }
+    while (!rest.empty()) {
+        const std::string_view item = rest.substr(0, rest.find(':'));
+        rest.remove_prefix(std::min(item.size() + 1, rest.size()));
+        if (const fs::path data = item; data.is_absolute()) {
+            directories.push_back(classesBelow(data));
+        }
+    }
+    return directories;
+}
 
 void writeClassRegistration(const ClassRegistration &registration) {
     if (!registration.server.is_absolute()) {

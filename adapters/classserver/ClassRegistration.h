@@ -1,10 +1,12 @@
-// Registered classes: one file a class, `{CLASS-ID}.class`, in the directories of
-// ClassDirectories.h.
+// Registered classes: one file for each class, `{CLASS-ID}.class`, in one of the class directories.
 //
-// The file is UTF-8, in lines "key=value" that each end with a line feed; the value is everything
-// after the first "=". Keys: Server, the absolute path of the server's file, always there;
-// ProgramId, the class's name; Description. Lines that are empty or begin with "#" and keys of
-// other names say nothing. A file that is not so is passed over, and the search goes on.
+// The file is UTF-8. Each line is "key=value" and ends with a line feed; the value is everything
+// after the first "=". The keys:
+// - Server: the absolute path of the server's file. Required.
+// - ProgramId: the name of the class.
+// - Description.
+// A reader skips empty lines, lines that begin with "#" and unknown keys. It ignores a file of any
+// other form and continues the search.
 #pragma once
 
 #include "platform/Component.h"
@@ -13,6 +15,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kvex {
 
@@ -24,20 +27,29 @@ struct ClassRegistration {
     std::u16string description;
 };
 
-/// Registers a class for the user, in place of what he had registered for its id. Readers see the
-/// old file or the new one, whole; after a failure the old one stands. An Error with invalidCall
-/// when `server` is not absolute or a text has a line feed; a std::system_error when the file
-/// cannot be written or the user has no directory.
+/// `$XDG_DATA_HOME/kvex/classes`, else `$HOME/.local/share/kvex/classes`. Nothing when neither
+/// variable holds an absolute path.
+[[nodiscard]] std::optional<std::filesystem::path> userClassDirectory();
+
+/// The directories in the order of search: the user's, then `kvex/classes` in each directory of
+/// `$XDG_DATA_DIRS`. The default of that variable is /usr/local/share:/usr/share. Its relative
+/// paths are skipped.
+[[nodiscard]] std::vector<std::filesystem::path> classDirectories();
+
+/// Registers a class for the user and replaces what the user had registered for its id. Readers
+/// see the whole old file or the whole new one. After a failure the old file is unchanged.
+/// Throws an Error with invalidCall when `server` is not absolute or a text contains a line feed.
+/// Throws a std::system_error when the file cannot be written or the user has no directory.
 void writeClassRegistration(const ClassRegistration &registration);
 
-/// Removes the user's registration of the class, if there is one. A std::system_error when it
-/// cannot be removed.
+/// Removes the user's registration of the class, if there is one. Throws a std::system_error when
+/// it cannot be removed.
 void removeClassRegistration(const CLSID &classId);
 
-/// The first directory's that has one.
+/// The registration in the first directory that has a readable one.
 [[nodiscard]] std::optional<ClassRegistration> findClassRegistration(const CLSID &classId);
-/// By the class's name, the case of ASCII letters ignored; in one directory the first by file name.
-/// No class has the name "".
+/// Finds a class by its name; the case of ASCII letters does not matter. Within a directory the
+/// first file in alphabetical order counts. Nothing for "": no class has that name.
 [[nodiscard]] std::optional<ClassRegistration> findClassRegistration(std::u16string_view programId);
 
 } // namespace kvex

@@ -1,21 +1,64 @@
 #include "adapters/classserver/ClassServer.h"
 
-#include "adapters/classserver/ClassObjects.h"
 #include "adapters/classserver/ClassRegistration.h"
 #include "adapters/classserver/Servers.h"
 #include "adapters/classserver/server/Guard.h"
+#include "platform/ComPointer.h"
+
+#include <algorithm>
+#include <map>
+#include <mutex>
 
 namespace {
 
 using namespace kvex;
-using namespace kvex::classserver;
+
+/// The class objects that this process has registered. Any number of threads may use it at once.
+class ClassObjects {
+public:
+    /// Gives the registration, which is never 0.
+    [[nodiscard]] std::uint32_t add(const CLSID &classId, IUnknown &classObject) {
+        const std::lock_guard lock(mutex_);
+        entries_.emplace(last_ + 1, Entry{classId, ComPointer<IUnknown>(&classObject)});
+        return ++last_;
+    }
+
+    /// False for an unknown registration.
+    [[nodiscard]] bool remove(std::uint32_t registration) noexcept {
+        // Declared before the lock, so it is released after the lock: releasing it may call the
+        // class server.
+        decltype(entries_)::node_type removed;
+        const std::lock_guard lock(mutex_);
+        removed = entries_.extract(registration);
+        return !removed.empty();
+    }
+
+    /// The one that was registered last; empty when there is none.
+    [[nodiscard]] ComPointer<IUnknown> find(const CLSID &classId) const noexcept {
+        const std::lock_guard lock(mutex_);
+        const auto found = std::find_if(entries_.rbegin(), entries_.rend(), [&](const auto &entry) {
+            return entry.second.classId == classId;
+        });
+        return found == entries_.rend() ? ComPointer<IUnknown>() : found->second.object;
+    }
+
+private:
+    struct Entry {
+        CLSID classId;
+        ComPointer<IUnknown> object;
+    };
+
+    mutable std::mutex mutex_;
+    std::uint32_t last_ = 0;
+    std::map<std::uint32_t, Entry> entries_;
+};
 
 struct Process {
     ClassObjects classObjects;
     Servers servers;
 };
 
-/// Never destroyed: objects that a host releases last, while it exits, still find their server.
+/// Never destroyed: a host may release its last objects while it exits, and they need their server.
 Process &process() {
     static Process &only = *new Process;
     return only;
@@ -26,7 +69,7 @@ std::string &loadErrorText() {
     return text;
 }
 
-/// The class object from the server in `file`, which is loaded at least as long as `server` lives.
+/// The class object of the server in `file`. The server stays loaded while `server` lives.
 HRESULT classObjectFrom(const std::filesystem::path &file, const CLSID &classId,
                         const IID &interfaceId, std::shared_ptr<ServerModule> &server,
                         void **object) {
@@ -58,7 +101,7 @@ HRESULT classObject(const CLSID &classId, const IID &interfaceId,
     return REGDB_E_CLASSNOTREG;
 }
 
-/// `call` with the server in the file `path`.
+/// Runs `call` with the server in the file `path`.
 template <class Call> HRESULT withServer(const char *path, Call &&call) noexcept {
     if (path == nullptr) {
         return E_INVALIDARG;
@@ -111,7 +154,7 @@ HRESULT CoCreateInstance(const CLSID &classId, IUnknown *outer, const IID &inter
     }
     *object = nullptr;
     return guarded([&] {
-        // Before the factory, so that the server outlives it.
+        // Declared before the factory, so that the server outlives it.
         std::shared_ptr<ServerModule> server;
         ComPointer<IClassFactory> factory;
         const HRESULT result = classObject(classId, IClassFactory::iid, server, factory.putVoid());

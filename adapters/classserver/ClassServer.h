@@ -1,22 +1,23 @@
-// What the class server offers a host beyond the platform's functions: servers named by their
-// file. Paths are absolute or relative to the working directory.
+// What the class server offers a host besides the platform's functions: it loads servers by file.
+// A path is absolute or relative to the working directory.
 #pragma once
 
 #include "platform/Component.h"
 
 extern "C" {
-/// From now on this process gets the class from the server in the file `path`, registered or not;
-/// a class object that the process registered itself goes before. Fails, and changes nothing, with
-/// CO_E_DLLNOTFOUND when the file cannot be loaded, CO_E_ERRORINDLL when it is no server, and
-/// with what the server says when it does not give the class.
+/// From now on this process gets the class from the server in the file `path`, registered or not.
+/// A class object that the process itself has registered still comes first. Fails with
+/// CO_E_DLLNOTFOUND when the file cannot be loaded, and with CO_E_ERRORINDLL when it is no server.
+/// Fails with the server's own result when the server does not give the class. A failed call
+/// changes nothing.
 KVEX_CLASS_SERVER_API HRESULT CoLoadServer(const char *path, const CLSID &classId) noexcept;
 
-/// Calls the DllRegisterServer or DllUnregisterServer of the server in the file `path` and gives
-/// its result; fails as CoLoadServer does.
+/// Calls DllRegisterServer or DllUnregisterServer of the server in the file `path` and returns its
+/// result. Fails to load the file as CoLoadServer does.
 KVEX_CLASS_SERVER_API HRESULT CoRegisterServer(const char *path) noexcept;
 KVEX_CLASS_SERVER_API HRESULT CoUnregisterServer(const char *path) noexcept;
 
-/// Why the calling thread's last CO_E_DLLNOTFOUND came, in the loader's words, UTF-8; "" before
-/// the first. Valid until the thread's next call of the class server.
+/// The loader's reason for the last CO_E_DLLNOTFOUND on the calling thread, in UTF-8; "" before the
+/// first. Valid until the thread next calls the class server.
 KVEX_CLASS_SERVER_API const char *CoLoadErrorText() noexcept;
 }

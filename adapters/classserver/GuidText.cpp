@@ -6,7 +6,7 @@
 namespace kvex {
 namespace {
 
-/// One letter for each hexadecimal digit, in the order of writing; the rest stands as it is.
+/// Each x stands for a hexadecimal digit; all other characters are written as they are.
 constexpr std::string_view form = "{xxxxxxxx-xxxx-xxxx-xxxx-xxxxxxxxxxxx}";
 constexpr std::string_view digits = "0123456789ABCDEF";
 

@@ -11,7 +11,7 @@ namespace kvex {
 
 /// In upper case.
 [[nodiscard]] std::string guidText(const GUID &guid);
-/// In either case, with the braces; none for any other text.
+/// Reads upper and lower case, with the braces. Nothing for any other text.
 [[nodiscard]] std::optional<GUID> guidFromText(std::string_view text) noexcept;
 
 } // namespace kvex

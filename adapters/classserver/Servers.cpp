@@ -1,9 +1,59 @@
 #include "adapters/classserver/Servers.h"
 
 #include <algorithm>
-#include <iterator>
+#include <dlfcn.h>
+#include <utility>
 
-namespace kvex::classserver {
+namespace kvex {
+
+HRESULT ServerModule::load(const std::filesystem::path &file, std::shared_ptr<ServerModule> &module,
+                           std::string &reason) {
+    module.reset();
+    void *handle = ::dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (handle == nullptr) {
+        const char *text = ::dlerror();
+        reason = text == nullptr ? "" : text;
+        return CO_E_DLLNOTFOUND;
+    }
+    const std::shared_ptr<ServerModule> loaded(new ServerModule(file, handle));
+    if (loaded->getClassObject_ == nullptr) {
+        return CO_E_ERRORINDLL;
+    }
+    module = loaded;
+    return S_OK;
+}
+
+ServerModule::ServerModule(std::filesystem::path file, void *handle)
+    : file_(std::move(file)), handle_(handle),
+      getClassObject_(function<DllGetClassObjectFunction>("DllGetClassObject")),
+      canUnloadNow_(function<DllCanUnloadNowFunction>("DllCanUnloadNow")) {}
+
+ServerModule::~ServerModule() {
+    ::dlclose(handle_);
+}
+
+template <class Function> Function *ServerModule::function(const char *name) const noexcept {
+    return reinterpret_cast<Function *>(::dlsym(handle_, name));
+}
+
+HRESULT ServerModule::getClassObject(const CLSID &classId, const IID &interfaceId,
+                                     void **object) const {
+    return getClassObject_(classId, interfaceId, object);
+}
+
+bool ServerModule::canUnload() const {
+    return canUnloadNow_ != nullptr && canUnloadNow_() == S_OK;
+}
+
+HRESULT ServerModule::registerServer() const {
+    auto *const call = function<DllRegisterServerFunction>("DllRegisterServer");
+    return call == nullptr ? CO_E_ERRORINDLL : call();
+}
+
+HRESULT ServerModule::unregisterServer() const {
+    auto *const call = function<DllUnregisterServerFunction>("DllUnregisterServer");
+    return call == nullptr ? CO_E_ERRORINDLL : call();
+}
 
 HRESULT Servers::module(const std::filesystem::path &file, std::shared_ptr<ServerModule> &module,
                         std::string &reason) const {
@@ -11,7 +61,7 @@ HRESULT Servers::module(const std::filesystem::path &file, std::shared_ptr<Serve
         const std::lock_guard lock(mutex_);
         module = kept(file);
     }
-    // Loading runs the server's own code, which may need the class server: not under the lock.
+    // Without the lock: loading runs the server's own code, which may call the class server.
     return module ? S_OK : ServerModule::load(file, module, reason);
 }
 
@@ -23,7 +73,7 @@ void Servers::keep(const std::shared_ptr<ServerModule> &module) {
 }
 
 void Servers::freeUnused() {
-    // Unloaded when the lock is free again, for the same reason.
+    // Declared before the lock, so they are unloaded after the lock, for the same reason.
     std::vector<std::shared_ptr<ServerModule>> unused;
     const std::lock_guard lock(mutex_);
     unused.reserve(kept_.size());
@@ -60,4 +110,4 @@ std::shared_ptr<ServerModule> Servers::kept(const std::filesystem::path &file) c
     return found == kept_.end() ? nullptr : *found;
 }
 
-} // namespace kvex::classserver
+} // namespace kvex

@@ -1,7 +1,7 @@
-// The servers that this process uses: the loaded ones, and the files it was told a class is in.
+// The servers that this process has loaded, and the servers that a host has named for a class.
 #pragma once
 
-#include "adapters/classserver/ServerModule.h"
+#include "platform/Component.h"
 
 #include <filesystem>
 #include <memory>
@@ -11,21 +11,52 @@
 #include <utility>
 #include <vector>
 
-namespace kvex::classserver {
+namespace kvex {
 
-/// For any number of threads. A server is loaded as long as somebody holds its module or it is
-/// kept here; it is kept from the moment it has given out its first object.
+/// One loaded server. It is unloaded when its last owner releases it.
+class ServerModule {
+public:
+    /// Fails with CO_E_DLLNOTFOUND when the file cannot be loaded; `reason` then holds what the
+    /// loader says. Fails with CO_E_ERRORINDLL when the file is no server. `module` is empty
+    /// after a failure.
+    [[nodiscard]] static HRESULT load(const std::filesystem::path &file,
+                                      std::shared_ptr<ServerModule> &module, std::string &reason);
+    ServerModule(const ServerModule &) = delete;
+    ServerModule &operator=(const ServerModule &) = delete;
+    ~ServerModule();
+
+    [[nodiscard]] const std::filesystem::path &file() const noexcept { return file_; }
+    [[nodiscard]] HRESULT getClassObject(const CLSID &classId, const IID &interfaceId,
+                                         void **object) const;
+    /// False also for a server without DllCanUnloadNow.
+    [[nodiscard]] bool canUnload() const;
+    /// Both fail with CO_E_ERRORINDLL when the server has no such function.
+    [[nodiscard]] HRESULT registerServer() const;
+    [[nodiscard]] HRESULT unregisterServer() const;
+
+private:
+    ServerModule(std::filesystem::path file, void *handle);
+    template <class Function> [[nodiscard]] Function *function(const char *name) const noexcept;
+
+    std::filesystem::path file_;
+    void *handle_;
+    DllGetClassObjectFunction *getClassObject_;
+    DllCanUnloadNowFunction *canUnloadNow_;
+};
+
+/// Any number of threads may use it at once. A server stays loaded while a caller holds its module
+/// or while it is kept here. Call keep when a server has given out an object.
 class Servers {
 public:
-    /// The kept module of the file, else one that is loaded now; fails as ServerModule::load does.
+    /// Gives the kept module of the file, or else loads it. Fails as ServerModule::load does.
     [[nodiscard]] HRESULT module(const std::filesystem::path &file,
                                  std::shared_ptr<ServerModule> &module, std::string &reason) const;
     void keep(const std::shared_ptr<ServerModule> &module);
-    /// Lets go of every kept server that can be unloaded. Whoever holds a module meanwhile keeps
-    /// it again when he has got an object from it.
+    /// Releases every kept server that can be unloaded. A caller that still holds such a module,
+    /// and gets an object from it, must keep it again.
     void freeUnused();
 
-    /// From now on `classId` is in `file`.
+    /// From now on the server of `classId` is `file`.
     void assign(const CLSID &classId, const std::filesystem::path &file);
     [[nodiscard]] std::optional<std::filesystem::path> assigned(const CLSID &classId) const;
 
@@ -37,4 +68,4 @@ private:
     std::vector<std::pair<CLSID, std::filesystem::path>> assigned_;
 };
 
-} // namespace kvex::classserver
+} // namespace kvex

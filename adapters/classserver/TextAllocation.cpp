@@ -1,4 +1,4 @@
-// The texts that cross component boundaries: their length in bytes stands before the characters.
+// The texts that cross component boundaries. The length in bytes lies before the characters.
 #include "platform/Component.h"
 
 #include <cstdlib>

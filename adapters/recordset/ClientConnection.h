@@ -1,4 +1,4 @@
-// The connection that every database shares: it picks the provider and holds its driver.
+// The connection for every kind of database: it chooses the provider and owns its driver.
 #pragma once
 
 #include "adapters/recordset/Driver.h"
@@ -19,8 +19,8 @@ public:
     [[nodiscard]] ObjectState state() const override;
     void close() override;
 
-    /// For the record sets opened on it: expires when the connection closes. Fails with
-    /// objectClosed when it is not open.
+    /// The driver, for the record sets on this connection. It expires when the connection closes.
+    /// Fails with objectClosed when the connection is not open.
     [[nodiscard]] std::weak_ptr<Driver> driver() const;
 
 private:

@@ -70,7 +70,7 @@ void ClientCursor::set(std::size_t column, const RowStore::Cell &prepared) noexc
 void ClientCursor::removeCurrent() noexcept {
     for (auto &[column, index] : indexes_) {
         if (index) {
-            // A Null needs no memory.
+            // This cannot fail: a Null needs no memory.
             static_cast<void>(index->replace(current_, value(column), ValueView()));
         }
     }

@@ -1,4 +1,4 @@
-// A record set's rows with the current one among them: moving, finding, holding values.
+// The rows of a record set and the current one: moves, finds, reads and changes values.
 #pragma once
 
 #include "adapters/recordset/FindCriterion.h"
@@ -14,59 +14,59 @@
 
 namespace kvex::recordset {
 
-/// Removed rows stay in their places and are skipped; a row removed while it is the current one
-/// stays the current one until the next move.
+/// A removed row keeps its place and is skipped. When the current row is removed, it stays the
+/// current one until the next move.
 class ClientCursor {
 public:
-    /// Stands on the first row.
+    /// Starts on the first row.
     explicit ClientCursor(RowStore rows);
 
     [[nodiscard]] const std::vector<Column> &columns() const noexcept { return rows_.columns(); }
-    /// The same columns, better described.
+    /// Replaces the descriptions of the same columns.
     void setColumns(std::vector<Column> columns) { rows_.columns(std::move(columns)); }
-    /// The first column of that name; fails with itemNotFound.
+    /// The first column of that name. Fails with itemNotFound when there is none.
     [[nodiscard]] std::size_t columnOf(std::u16string_view name) const;
 
     [[nodiscard]] bool atEnd() const noexcept { return current_ == rowCount(); }
-    /// Rows that are not removed.
+    /// The number of rows without the removed ones.
     [[nodiscard]] std::size_t count() const noexcept { return rowCount() - removedCount_; }
 
     void moveFirst() { current_ = firstKept(0); }
     /// Fails with noCurrentRecord at the end.
     void moveNext();
-    /// From the current row on, after skipping `skip` rows. Nothing found: at the end. Fails,
-    /// without a move, with itemNotFound.
+    /// Skips `skip` rows and searches from there; ends behind the last row when none matches. Fails
+    /// with itemNotFound for an unknown column, and does not move then.
     void find(const FindCriterion &criterion, std::size_t skip);
 
     /// Fails with noCurrentRecord at the end and on a removed row.
     void requireCurrent() const;
-    /// Of the current row, which there must be.
+    /// The value in the current row. There must be one.
     [[nodiscard]] ValueView value(std::size_t column) const {
         return rows_.value(current_, column);
     }
-    /// Whether the current row's value was read or set; see RowStore.
+    /// True when the current row's value was read or set.
     [[nodiscard]] bool isKnown(std::size_t column) const { return rows_.isKnown(current_, column); }
-    /// Takes the memory that holding `value` needs.
+    /// Allocates what set needs for `value`.
     [[nodiscard]] RowStore::Cell prepared(const ValueView &value) { return rows_.prepared(value); }
     void set(std::size_t column, const RowStore::Cell &prepared) noexcept;
     void removeCurrent() noexcept;
-    /// Takes the memory that append needs.
+    /// Allocates what append needs.
     void prepareAppend();
-    /// A row of unknown values behind the last one, which becomes the current one.
+    /// Appends a row of unknown values and makes it the current one.
     void append() noexcept;
 
 private:
-    /// With the removed ones, without the one prepared.
+    /// Counts the removed rows, but not a row that was only prepared.
     [[nodiscard]] std::size_t rowCount() const noexcept { return removed_.size(); }
     [[nodiscard]] std::size_t firstKept(std::size_t from) const;
     [[nodiscard]] const std::optional<IntegerIndex> &indexOf(std::size_t column);
 
-    /// Behind the last row can be one more, of unknown values: prepared for append.
+    /// Can have one row more than the set: the one prepared for append.
     RowStore rows_;
     std::vector<bool> removed_;
     std::size_t removedCount_ = 0;
     std::size_t current_ = 0;
-    /// Of the columns searched for a number so far; nothing for one that is not of integers.
+    /// The columns that were searched for a number. A column of other values has no index.
     std::map<std::size_t, std::optional<IntegerIndex>> indexes_;
 };
 

@@ -15,7 +15,8 @@ ValueView viewOf(const Value &value) {
     return std::visit([](const auto &held) { return ValueView(ValueView::Held(held)); }, value);
 }
 
-/// No database keeps an unpaired surrogate, so it must not look kept until the next reading.
+/// `value` as a database stores it. No database keeps an unpaired surrogate, so the record set must
+/// not show one either.
 Value storable(const Value &value) {
     if (const auto *text = std::get_if<std::u16string>(&value)) {
         return fromUtf8(toUtf8(*text));
@@ -23,7 +24,7 @@ Value storable(const Value &value) {
     return value;
 }
 
-/// Fails when a write or resync met no row.
+/// Fails when a write or resync found no row.
 void requireMet(bool met) {
     if (!met) {
         throw Error(rowChangedByAnother, u"Another user changed or removed it meanwhile: close the "
@@ -31,7 +32,7 @@ void requireMet(bool met) {
     }
 }
 
-/// `error` as it leaves the record set: of the database's the user learns first what it means.
+/// Throws `error`. An error of the database gets a description that begins with `outcome`.
 [[noreturn]] void refuse(const Error &error, const std::u16string &outcome) {
     if (!error.fromDatabase()) {
         throw error;
@@ -39,7 +40,7 @@ void requireMet(bool met) {
     throw Error(error.number(), outcome + u". " + error.description(), error.source());
 }
 
-/// Runs a call that writes; `outcome` gives what holds when the database refuses it.
+/// Runs a call that writes. `outcome` says what was not stored when the database refuses.
 template <class Outcome, class Call> auto writing(const Outcome &outcome, const Call &call) {
     try {
         return call();
@@ -263,7 +264,7 @@ std::u16string ClientRecordset::Opened::nameOf(const BaseTable &table) const {
     std::u16string_view separator = u" ";
     for (const std::size_t column : table.key) {
         const ValueView value = cursor.value(column);
-        // Some databases lower the names of columns.
+        // Some databases give the names of columns in lower case.
         name.append(separator).append(upperCase(cursor.columns()[column].name)).append(u" ");
         name.append(value.isNull() ? u"Null" : value.text());
         separator = u", ";
@@ -311,7 +312,8 @@ void ClientRecordset::Opened::insert() {
                 [&] { return database->insert(table.name, values, keyColumns); });
     cursor.append();
     hold(held);
-    // A long text may find no memory here. The record is stored and no new one all the same.
+    // Memory for a long text can be missing here. The record is stored all the same, and the set
+    // already holds it as a row.
     for (std::size_t i = 0; i < key.size(); ++i) {
         cursor.set(table.key[i], cursor.prepared(viewOf(key[i])));
     }
@@ -350,7 +352,7 @@ ClientRecordset::Opened::Held ClientRecordset::Opened::preparedChanges() {
     const std::vector<Column> &columns = cursor.columns();
     for (const auto &[changed, value] : changes) {
         const RowStore::Cell prepared = cursor.prepared(viewOf(value));
-        // A query can name one column twice.
+        // A query can have the same column twice.
         for (std::size_t column = 0; column < columns.size(); ++column) {
             if (std::ranges::equal(columns[column].baseColumn, columns[changed].baseColumn)) {
                 held.emplace_back(column, prepared);

@@ -1,7 +1,6 @@
-// The client-side record set that every database shares.
+// The client-side record set for every kind of database.
 #pragma once
 
-#include "adapters/recordset/BaseTable.h"
 #include "adapters/recordset/ClientCursor.h"
 #include "adapters/recordset/Driver.h"
 #include "adapters/recordset/RowStatements.h"
@@ -17,7 +16,7 @@
 
 namespace kvex::recordset {
 
-/// Opens on a ClientConnection; on a connection of another class it fails with badArgument.
+/// Opens on a ClientConnection; open fails with badArgument on any other connection.
 class ClientRecordset final : public Recordset {
 public:
     void setCursorLocation(CursorLocation location) override;
@@ -48,37 +47,38 @@ private:
         std::weak_ptr<Driver> driver;
         std::u16string source;
         LockType lock;
-        /// The values set and not yet written, by column.
+        /// The values that are set but not yet written, by column.
         std::map<std::size_t, Value> changes;
-        /// They are those of a new record; the cursor stays where it was before.
+        /// True when the changes belong to a new record. The cursor then keeps its place.
         bool isNew = false;
-        /// The table of the rows, once the driver has said where the columns come from.
+        /// The table of the rows; set when the driver has said where the columns come from.
         std::optional<BaseTable> base;
 
         void discardPending() noexcept;
-        /// Fails with noCurrentRecord unless a row of the table is the current record.
+        /// Fails with noCurrentRecord unless the current record is a row of the table.
         void requireRow() const;
-        /// Fails with objectClosed when the connection has closed.
+        /// The driver. Fails with objectClosed when the connection has closed.
         [[nodiscard]] std::shared_ptr<Driver> connected() const;
         /// The table of the rows. Fails with badArgument when there is none.
         [[nodiscard]] const BaseTable &table(Driver &database);
-        /// Fails with badArgument when the rows cannot be written.
+        /// The table, for a write. Fails with badArgument when the rows cannot be written.
         [[nodiscard]] const BaseTable &writable(Driver &database);
         [[nodiscard]] RowKey keyOf(const BaseTable &table) const;
-        /// The current row, for the user: "record ID 3".
+        /// What messages call the current row: "record ID 3".
         [[nodiscard]] std::u16string nameOf(const BaseTable &table) const;
-        /// Of the changes; fails with badArgument when one is to a computed column.
+        /// The changes as assignments. Fails with badArgument for a computed column.
         [[nodiscard]] std::vector<Assignment> assignments() const;
-        /// What is known of the current row's columns in the table beside its key.
+        /// The known values of the current row, without the key and computed columns.
         [[nodiscard]] std::vector<Assignment> known() const;
         void insert();
         void write();
         void remove();
-        /// What the current row will hold, by column.
+        /// New values for the current row, by column.
         using Held = std::vector<std::pair<std::size_t, RowStore::Cell>>;
-        /// The changes. They take their memory here: what the database has stored must be held.
+        /// The changes with their memory allocated: after the database has stored them, keeping
+        /// them must not fail.
         [[nodiscard]] Held preparedChanges();
-        /// In the current row; nothing is pending in it then.
+        /// Puts the values into the current row; no change is pending afterwards.
         void hold(const Held &held) noexcept;
     };
 

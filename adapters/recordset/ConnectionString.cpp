@@ -22,7 +22,7 @@ bool namesPath(std::u16string_view text) {
            (text.find(u';') == std::u16string_view::npos && !isKeyword(text.substr(0, equals)));
 }
 
-/// Reads the entries one after the other.
+/// Reads one entry after the other.
 class Reader {
 public:
     explicit Reader(std::u16string_view text) : text_(text) {}

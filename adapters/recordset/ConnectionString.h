@@ -1,4 +1,4 @@
-// A connection string: "KEY=VALUE;KEY=VALUE" or the bare path of a database file.
+// Reads connection strings: "KEY=VALUE;KEY=VALUE", or only the path of a database file.
 #pragma once
 
 #include <string>
@@ -7,12 +7,12 @@
 
 namespace kvex::recordset {
 
-/// Keys are found without regard to case; of a key given twice the first counts. Blanks around
-/// keys and values do not count. A value in braces or quotes holds any character, its closing
-/// one doubled: {a}}b} is "a}b".
+/// The case of keys and the blanks around keys and values do not matter. When a key occurs twice,
+/// the first one counts. A value in braces or quotes may contain any character, with the closing
+/// one doubled: {a}}b} means "a}b".
 ///
-/// A text without "=", or without ";" and with no keyword before its first "=", is a path:
-/// "/data/rules.db", "file:rules?mode=memory&cache=shared".
+/// A text is a path when it has no "=". It is also a path when it has no ";" and no keyword before
+/// its first "=". Examples are "/data/rules.db" and "file:rules?mode=memory&cache=shared".
 class ConnectionString {
 public:
     struct Entry {
@@ -20,13 +20,13 @@ public:
         std::u16string value;
     };
 
-    /// Fails with badArgument for a text that cannot be read. The description says where, and
-    /// repeats nothing of the text: it may hold a password.
+    /// Fails with badArgument for a text that cannot be read. The description says where, but
+    /// quotes nothing of the text, because it may contain a password.
     explicit ConnectionString(std::u16string_view text);
 
-    /// A path is held as the value of "Data Source".
+    /// True for a path. Its key is "Data Source".
     [[nodiscard]] bool isPath() const noexcept { return isPath_; }
-    /// "" for a key that it has not.
+    /// "" for a key that the string does not have.
     [[nodiscard]] std::u16string_view value(std::u16string_view key) const;
     [[nodiscard]] bool has(std::u16string_view key) const;
     void add(std::u16string_view key, std::u16string_view value);

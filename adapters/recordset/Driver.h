@@ -1,4 +1,4 @@
-// What a database must do for the client-side record sets, and how a connection finds it.
+// What a kind of database implements for the client-side record sets.
 #pragma once
 
 #include "adapters/recordset/ConnectionString.h"
@@ -17,16 +17,16 @@ namespace kvex::recordset {
 struct Column {
     /// As the query names it.
     std::u16string name;
-    /// The table and its column that the values come from, as a statement must write them
-    /// (qualified, quoted); both empty for an expression.
+    /// The table and column that the values come from, qualified and quoted as a statement must
+    /// write them. Both are empty for an expression.
     std::u16string table;
     std::u16string baseColumn;
-    /// When the column is part of its table's primary key: of how many columns that key is
-    /// made. Otherwise 0.
+    /// The number of columns in the table's primary key when this column is one of them, else 0.
     std::size_t keyParts = 0;
 };
 
-/// Takes a query's result: first its columns, then the rows, value by value from left to right.
+/// Receives the result of a query: first the columns, then the rows, value by value from left to
+/// right.
 class RowSink {
 public:
     virtual void columns(std::vector<Column> columns) = 0;
@@ -35,20 +35,20 @@ public:
     virtual void number(double number) = 0;
     /// Copies `text`.
     virtual void text(std::u16string_view text) = 0;
-    /// The same text in UTF-8, read as fromUtf8 does.
+    /// The same for a text in UTF-8; it converts as in fromUtf8.
     virtual void utf8(std::string_view text) = 0;
 
 protected:
     ~RowSink() = default;
 };
 
-/// A statement with one "?" for each parameter. The parameters are the caller's.
+/// A statement with one "?" for each parameter. The caller owns the parameters.
 struct Statement {
     std::u16string text;
     std::vector<ValueView> parameters;
 };
 
-/// A column's name as a statement must write it, and the value it gets.
+/// A column, named as a statement must write it, and its value.
 struct Assignment {
     std::u16string_view column;
     ValueView value;
@@ -56,71 +56,73 @@ struct Assignment {
 
 /// How the database writes the columns of a new table.
 struct ColumnTypes {
-    /// Numbered by the database; the number of a removed row is not given again.
+    /// The database numbers it, and does not give the number of a removed row again.
     std::u16string_view key;
-    /// Text of 255 characters at least.
+    /// Text of at least 255 characters.
     std::u16string_view name;
-    /// Text of 5,000 characters and more.
+    /// Text of at least 5,000 characters.
     std::u16string_view text;
     std::u16string_view integer;
-    /// After the closing bracket: a character set, for one; "" for nothing.
+    /// What follows the closing bracket, for example a character set; may be "".
     std::u16string_view behindTable;
 };
 
-/// One open connection to one database; its destruction closes it. Each call is a transaction of
-/// its own, unless begin was called. What the database refuses is thrown as an Error with the
-/// provider's negative number and a description that says what to do; the call wrote nothing then.
-/// The one exception is connectionLost: whether the call wrote is not known then, and every later
-/// one fails with it too.
+/// One open connection to one database; the destructor closes it. Each call is a transaction of its
+/// own, unless begin was called. When the database refuses, the call throws an Error with the
+/// provider's negative number. Its description says what to do, and nothing was written.
+/// connectionLost is the exception: then it is unknown whether the call wrote, and every later call
+/// fails with it too.
 class Driver {
 public:
     virtual ~Driver() = default;
 
-    /// Delivers the whole result. A statement that has none is not run: badArgument.
+    /// Delivers the whole result. Fails with badArgument for a statement without a result, and does
+    /// not run it.
     virtual void query(const Statement &statement, RowSink &sink) = 0;
-    /// Says of the columns of `query`, a text that was queried before, where their values come
-    /// from. A driver that cannot say it in query without asking its server for more says it
-    /// here, before the first write.
+    /// Fills in where the values of `columns` come from: table, column and key. `query` is a text
+    /// that was queried before. A record set calls this before its first write. A driver implements
+    /// it when its query could not fill them in without another request to the server.
     virtual void describe(const std::u16string &query, std::vector<Column> &columns) {
         static_cast<void>(query);
         static_cast<void>(columns);
     }
-    /// How many rows the statement found to write, changed in fact or not.
+    /// Runs the statement and returns how many rows it found. Rows that it did not change count,
+    /// too.
     virtual std::int64_t execute(const Statement &statement) = 0;
-    /// Inserts a row with these values and the table's defaults; gives the values that
-    /// `keyColumns` have in it.
+    /// Inserts a row with these values and the table's defaults. Returns the row's values of
+    /// `keyColumns`.
     virtual std::vector<Value> insert(std::u16string_view table,
                                       const std::vector<Assignment> &values,
                                       const std::vector<std::u16string_view> &keyColumns) = 0;
-    /// The condition, with one "?", that `column` still holds exactly the value that was read
-    /// and is not Null: for text every character counts, whatever the column's collation. It is
-    /// asked for columns of every kind that query delivers, those of long texts too.
+    /// The condition, with one "?", that `column` still holds exactly the value `read`, which is
+    /// not Null. In a text every character counts, whatever the column's collation. The condition
+    /// must work for every kind of column that query delivers, even for long texts.
     [[nodiscard]] virtual std::u16string stillHolds(std::u16string_view column,
                                                     const ValueView &read) const = 0;
 
     [[nodiscard]] virtual ColumnTypes columnTypes() const = 0;
-    /// The columns of the table that a statement without a qualifier finds under this name,
-    /// whatever its case; none when there is no such table.
+    /// The columns of the table that a statement finds under this name without a qualifier. The
+    /// case of the name does not matter. Empty when there is no such table.
     [[nodiscard]] virtual std::vector<std::u16string> columnsOf(std::u16string_view table) = 0;
 
-    /// What is called from now on is one transaction, up to commit or rollback; see Transaction.h.
-    /// Not within another one.
+    /// Begins a transaction, which lasts until commit or rollback; see Transaction.h. Transactions
+    /// cannot be nested.
     virtual void begin() = 0;
-    /// When it fails the transaction goes on.
+    /// When this fails, the transaction goes on.
     virtual void commit() = 0;
-    /// Undoes what was written since begin; nothing when the database has undone it already.
+    /// Undoes all writes since begin, unless the database has already undone them.
     virtual void rollback() noexcept = 0;
 };
 
-/// The number of an Error when the connection to the database broke.
+/// The error number when the connection to the database broke.
 inline constexpr std::int32_t connectionLost = -2147467259;
 
 /// A kind of database.
 struct Provider {
-    /// How its connection strings are written, for the user: "Provider=SQLite;Data Source=PATH".
+    /// The form of its connection strings, for messages: "Provider=SQLite;Data Source=PATH".
     std::u16string_view form;
     std::function<bool(const ConnectionString &connectionString)> accepts;
-    /// Fails as Connection::open does. User id and password are in the string as UID and PWD.
+    /// Fails as Connection::open does. The string has the user id as UID, the password as PWD.
     std::function<std::unique_ptr<Driver>(const ConnectionString &connectionString)> connect;
 };
 

@@ -15,8 +15,8 @@ char16_t asciiLower(char16_t unit) {
     return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + (u'a' - u'A')) : unit;
 }
 
-/// The same for all that one unit can become when case is ignored. What lies beyond ASCII counts
-/// as one; so do k and s, to which the Kelvin sign and the long s fold.
+/// One value for all units that are equal without regard to case. All units beyond ASCII share one
+/// value. So do k and s, because the Kelvin sign and the long s fold to them.
 std::uint32_t withoutCase(char16_t unit) {
     constexpr char16_t caseBit = u'a' ^ u'A';
     const auto lower = static_cast<char16_t>(unit | caseBit);
@@ -26,15 +26,15 @@ std::uint32_t withoutCase(char16_t unit) {
 } // namespace
 
 bool equalIgnoringCase(std::u16string_view left, std::u16string_view right) {
-    // A folding is as long as its text: most texts differ in that already.
+    // A folding is as long as its text, and most texts differ in length.
     if (left.size() != right.size()) {
         return false;
     }
-    // As bytes: the operator compares character by character.
+    // This compares bytes; operator== compares character by character.
     if (std::ranges::equal(left, right)) {
         return true;
     }
-    // Folding goes character by character, so the first two ASCII characters that differ decide.
+    // Folding works character by character, so the first two ASCII characters that differ decide.
     for (std::size_t i = 0; i < left.size(); ++i) {
         if (left[i] >= asciiEnd || right[i] >= asciiEnd) {
             return foldCase(left.substr(i)) == foldCase(right.substr(i));
@@ -53,7 +53,7 @@ std::uint16_t fingerprintIgnoringCase(std::u16string_view text) {
             sum = sum * 31 + withoutCase(unit);
         }
     }
-    // The golden ratio spreads sums that lie side by side.
+    // Multiplying by the golden ratio spreads neighbouring sums.
     constexpr std::uint32_t spreading = 0x9E3779B1;
     return std::max<std::uint16_t>(static_cast<std::uint16_t>((sum * spreading) >> 16), 1);
 }

@@ -1,4 +1,4 @@
-// Whether two texts are equal when case is ignored: names of columns and keys, searched texts.
+// Compares texts without regard to case: names of columns and keys, and texts to search for.
 #pragma once
 
 #include <cstdint>
@@ -6,11 +6,12 @@
 
 namespace kvex::recordset {
 
-/// As the comparison of the foldings, without making them where ASCII decides.
+/// True when the foldings of both texts are equal. It folds only texts beyond ASCII.
 [[nodiscard]] bool equalIgnoringCase(std::u16string_view left, std::u16string_view right);
 
-/// A number that is never 0: the same for texts that are equal so, and seldom for others of up to
-/// 64 units. A longer text's says only how long it is.
+/// A hash that is never 0. Texts that are equal without regard to case have the same one, so a
+/// search compares hashes first. It depends on all units of a text of up to 64 units; that of a
+/// longer text depends only on its length.
 [[nodiscard]] std::uint16_t fingerprintIgnoringCase(std::u16string_view text);
 
 } // namespace kvex::recordset

@@ -42,7 +42,7 @@ std::optional<std::int64_t> wholeNumber(std::u16string_view operand) {
 }
 
 FindCriterion::Wanted number(std::u16string_view operand, std::u16string_view criterion) {
-    // Ids are nothing else, and are searched most.
+    // Most searches are for ids, which are whole numbers.
     if (const auto whole = wholeNumber(operand)) {
         return *whole;
     }

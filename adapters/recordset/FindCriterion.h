@@ -1,4 +1,4 @@
-// What a record set's find looks for: "COLUMN = number" or "COLUMN = 'text'".
+// The criterion of a record set's find: "COLUMN = number" or "COLUMN = 'text'".
 #pragma once
 
 #include "platform/Value.h"
@@ -9,19 +9,19 @@
 
 namespace kvex::recordset {
 
-/// Views into the text that it was read from.
+/// Its texts are views of the text that it was read from.
 class FindCriterion {
 public:
-    /// A number with a whole value is held as an integer where one can hold it.
+    /// A whole number is stored as an integer if it fits into one.
     using Wanted = std::variant<std::int64_t, double, std::u16string_view>;
 
-    /// Fails with badArgument on a text of any other form, an apostrophe inside the searched
-    /// text among them.
+    /// Fails with badArgument for a text of any other form. An apostrophe inside the quoted text is
+    /// not allowed.
     explicit FindCriterion(std::u16string_view text);
 
     [[nodiscard]] std::u16string_view column() const noexcept { return column_; }
     [[nodiscard]] const Wanted &wanted() const noexcept { return wanted_; }
-    /// A number matches numbers only, a text texts only.
+    /// A number matches only numbers, a text only texts.
     [[nodiscard]] bool matches(const ValueView &value) const;
 
 private:

@@ -8,7 +8,7 @@ namespace kvex::recordset {
 std::optional<IntegerIndex> IntegerIndex::of(const RowStore &rows, std::size_t column,
                                              const std::vector<bool> &removed) {
     IntegerIndex index;
-    // Rows that are added soon must not make all of it move.
+    // Leaves room, so that the first added rows do not move all entries.
     constexpr std::size_t addedSoon = 64;
     index.entries_.reserve(removed.size() + addedSoon);
     for (std::size_t row = 0; row < removed.size(); ++row) {

@@ -1,4 +1,4 @@
-// Finds the rows of a column of integers by value.
+// An index of a column of integers: finds rows by value.
 #pragma once
 
 #include "adapters/recordset/RowStore.h"
@@ -12,16 +12,16 @@ namespace kvex::recordset {
 
 class IntegerIndex {
 public:
-    /// Of as many rows as `removed` has, without those removed. Nothing for a column that holds
-    /// anything but integers and Nulls.
+    /// Indexes the rows that are not removed. `removed` has one entry for each row. Nothing for a
+    /// column with any values except integers and Nulls.
     [[nodiscard]] static std::optional<IntegerIndex> of(const RowStore &rows, std::size_t column,
                                                         const std::vector<bool> &removed);
 
-    /// The first row from `from` on that holds `number`.
+    /// The first row at or after `from` that holds `number`.
     [[nodiscard]] std::optional<std::size_t> find(std::int64_t number, std::size_t from) const;
 
-    /// Row `row` holds `now` instead of `before`. False when `now` is neither an integer nor
-    /// Null, or finds no memory: the index is of no more use then.
+    /// Notes that row `row` holds `now` instead of `before`. Returns false when `now` is neither an
+    /// integer nor Null, or when memory is missing; drop the index then.
     [[nodiscard]] bool replace(std::size_t row, const ValueView &before,
                                const ValueView &now) noexcept;
 

@@ -1,12 +1,14 @@
 #include "adapters/recordset/RowStatements.h"
 
+#include "platform/Error.h"
+
 namespace kvex::recordset {
 namespace {
 
-/// Of a change of one column.
+/// The length of a statement that changes one column.
 constexpr std::size_t usualLength = 128;
 
-/// The texts one behind the other.
+/// The texts, one after the other.
 template <class... Texts> std::u16string joined(const Texts &...texts) {
     std::u16string text;
     text.reserve((std::u16string_view(texts).size() + ...));
@@ -14,7 +16,7 @@ template <class... Texts> std::u16string joined(const Texts &...texts) {
     return text;
 }
 
-/// "`separator`COLUMN = ?"
+/// Appends "COLUMN = ?" behind `separator`.
 void appendEqual(Statement &statement, std::u16string_view separator,
                  const Assignment &assignment) {
     statement.text.append(separator).append(assignment.column).append(u" = ?");
@@ -43,6 +45,33 @@ void appendRead(Statement &statement, const Driver &driver, const std::vector<As
 
 } // namespace
 
+BaseTable BaseTable::of(const std::vector<Column> &columns) {
+    BaseTable table;
+    std::size_t keyParts = 0;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const Column &column = columns[i];
+        if (column.table.empty()) {
+            continue;
+        }
+        if (!table.name.empty() && table.name != column.table) {
+            throw Error(error_number::badArgument,
+                        u"The rows of a query on several tables cannot be written: query one "
+                        u"table.");
+        }
+        table.name = column.table;
+        if (column.keyParts > 0) {
+            table.key.push_back(i);
+            keyParts = column.keyParts;
+        }
+    }
+    if (table.key.empty() || table.key.size() != keyParts) {
+        throw Error(error_number::badArgument,
+                    u"The rows of this query cannot be written: query one table, with each "
+                    u"column of its primary key once.");
+    }
+    return table;
+}
+
 std::u16string listed(const std::vector<std::u16string_view> &names) {
     std::u16string list;
     for (const std::u16string_view name : names) {
@@ -62,7 +91,7 @@ Statement updateRow(const Driver &driver, std::u16string_view table,
                     const std::vector<Assignment> &changes, const RowKey &key,
                     const std::vector<Assignment> &read) {
     Statement statement;
-    // Room for all of it: one change of a rule set's order follows the other.
+    // Allocates once: renumbering the rules makes many of these statements.
     statement.text.reserve(usualLength);
     statement.parameters.reserve(changes.size() + key.size() + read.size());
     statement.text.append(u"UPDATE ").append(table);

@@ -9,7 +9,7 @@
 namespace kvex::recordset {
 namespace {
 
-/// Each chunk is twice as long as the one before it, up to the longest: small tables take little.
+/// Each chunk is twice as long as the last, up to a limit. So small tables take little memory.
 constexpr std::size_t firstChunk = 0x400;
 constexpr std::size_t doublings = 5;
 
@@ -67,7 +67,7 @@ void RowStore::add(const Cell &cell) {
 void RowStore::appendRow() {
     Cell unknown;
     unknown.kind = Kind::unknown;
-    // From where memory failed the last time.
+    // Goes on where an earlier call ran out of memory.
     do {
         add(unknown);
     } while (begun_ != 0);
@@ -116,7 +116,8 @@ std::size_t RowStore::nextLike(std::u16string_view text, std::size_t column,
     std::size_t row = from;
     while (row < rowCount_) {
         const std::size_t end = std::min(rowCount_, (row / block + 1) * block);
-        // Most blocks hold none. A loop without an early end takes several rows at a time.
+        // Most blocks have no such row. The compiler can make this loop compare several rows at a
+        // time, because it always runs to its end.
         unsigned any = 0;
         for (std::size_t next = row; next < end; ++next) {
             any |= isLike(next);

@@ -1,4 +1,4 @@
-// The rows of a query, kept compactly in memory.
+// Stores the rows of a query compactly in memory.
 #pragma once
 
 #include "adapters/recordset/Driver.h"
@@ -11,10 +11,11 @@
 
 namespace kvex::recordset {
 
-/// A value takes 16 bytes; texts lie one behind the other in chunks. A text stays where it is,
-/// replaced ones too, until the store goes. One that came as UTF-8 is kept so until it is asked
-/// for, as most never are. Beside each value lies the fingerprint of its text, for searches. A
-/// call that finds no memory changes nothing and can be repeated. For one thread.
+/// A value takes 16 bytes, and texts lie one after the other in chunks. Every text, even a replaced
+/// one, stays in its place until the store is destroyed. A text that came as UTF-8 becomes UTF-16
+/// when a caller first reads it; most are never read. Each text that was read has a fingerprint,
+/// which makes searches fast. A call that fails for lack of memory changes nothing and can be
+/// repeated. Only one thread may use a store.
 class RowStore final : public RowSink {
 public:
     enum class Kind : std::uint32_t { null, integer, number, text, utf8, unknown };
@@ -39,58 +40,59 @@ public:
     void utf8(std::string_view text) override;
 
     [[nodiscard]] const std::vector<Column> &columns() const noexcept { return columns_; }
-    /// The whole ones.
+    /// The number of complete rows.
     [[nodiscard]] std::size_t rowCount() const noexcept { return rowCount_; }
     [[nodiscard]] ValueView value(std::size_t row, std::size_t column) const;
-    /// The first row from `from` on whose value can be this text, its case aside; without one
-    /// rowCount() or more. No row before it can, and most are told apart without being read.
+    /// The first row at or after `from` whose value may equal `text` without regard to case. The
+    /// rows before it do not. At least rowCount() when there is none. It reads no texts: it
+    /// compares fingerprints and lengths, so the caller must compare the text of the row.
     [[nodiscard]] std::size_t nextLike(std::u16string_view text, std::size_t column,
                                        std::size_t from) const;
-    /// Whether it was read or set; an unknown one reads as Null.
+    /// True when the value was read or set. An unknown value reads as Null.
     [[nodiscard]] bool isKnown(std::size_t row, std::size_t column) const {
         return cellAt(row, column).kind != Kind::unknown;
     }
-    /// Takes the memory that `value` needs here: setting it needs none then.
+    /// Allocates what `value` needs, so that set cannot fail.
     [[nodiscard]] Cell prepared(const ValueView &value);
     void set(std::size_t row, std::size_t column, const Cell &prepared) noexcept;
-    /// A row of unknown values behind the last one.
+    /// Appends a row of unknown values.
     void appendRow();
 
 private:
-    /// fingerprintIgnoringCase of a text; 0 for any other value, and UTF-8 that nobody asked for.
+    /// The fingerprintIgnoringCase of a text. 0 for any other value, and for UTF-8 that was not
+    /// read.
     using Fingerprint = std::uint16_t;
 
     static Cell cellOf(Null /*null*/) { return {}; }
     static Cell cellOf(std::int64_t number);
     static Cell cellOf(double number);
     Cell cellOf(std::u16string_view text);
-    /// Behind the last value.
+    /// Appends a value.
     void add(const Cell &cell);
     [[nodiscard]] Cell &cellAt(std::size_t row, std::size_t column) const {
         return pieces_[row / rowsOfPiece][column * rowsOfPiece + row % rowsOfPiece];
     }
-    /// The one place where a text gets into its cell, or out of it.
+    /// Stores a cell and its fingerprint. All functions store cells through this one.
     void put(std::size_t row, std::size_t column, const Cell &cell) const noexcept;
-    /// Whether the value can be a text of so many units: told without reading it.
+    /// True when the value can be a text of `length` units. The text itself is not read.
     static bool canBeText(const Cell &cell, std::size_t length);
     [[nodiscard]] Cell fromUtf8(const Cell &cell) const;
-    /// Room for a text of that length at `free_`.
+    /// Makes room for `length` units at `free_`.
     void provide(std::size_t length) const;
-    /// The text that was written there.
+    /// Takes the text that was written from `free_` to `end`.
     [[nodiscard]] Cell takeText(const char16_t *end) const;
 
     static constexpr std::size_t rowsOfPiece = 64;
 
     std::vector<Column> columns_;
-    /// Each of so many rows, column after column. A text that is asked for changes its cell, and
-    /// its fingerprint.
+    /// Each piece has the cells of rowsOfPiece rows, column after column.
     std::vector<std::unique_ptr<Cell[]>> pieces_;
-    /// Of each column those of its rows.
+    /// One for each column and row. They change in const functions too: when a text becomes UTF-16.
     mutable std::vector<std::vector<Fingerprint>> fingerprints_;
     std::size_t rowCount_ = 0;
-    /// The values of the row behind the last whole one that have come.
+    /// How many values the incomplete last row has.
     std::size_t begun_ = 0;
-    // What a text that is asked for takes up.
+    // Memory for texts. Reading a text can take some, when it becomes UTF-16.
     mutable std::vector<std::unique_ptr<char16_t[]>> chunks_;
     mutable char16_t *free_ = nullptr;
     mutable std::size_t freeLength_ = 0;

@@ -1,4 +1,4 @@
-// Several writes on one connection that are stored together or not at all.
+// A transaction: several writes on one connection are stored together or not at all.
 #pragma once
 
 #include "adapters/recordset/ClientConnection.h"
@@ -7,12 +7,13 @@
 
 namespace kvex::recordset {
 
-/// From its construction on the writes through the connection, those of its record sets too, wait
-/// for commit; destroyed without one it undoes them. Nobody else writes the database meanwhile.
+/// From its construction on, all writes through the connection and its record sets wait for commit.
+/// The destructor undoes them when there was no commit. On SQLite, other connections cannot write
+/// meanwhile.
 class Transaction {
 public:
-    /// Fails with objectClosed when the connection is not open, and with the provider's number
-    /// when the database refuses.
+    /// Fails with objectClosed when the connection is not open, and with the provider's number when
+    /// the database refuses.
     explicit Transaction(const ClientConnection &connection) : driver_(connection.driver().lock()) {
         driver_->begin();
     }
@@ -24,8 +25,8 @@ public:
     Transaction(const Transaction &) = delete;
     Transaction &operator=(const Transaction &) = delete;
 
-    /// Once. Fails with the provider's number; what was written is undone then at the latest when
-    /// this goes.
+    /// Call it once. Fails with the provider's number when the database refuses. The writes are
+    /// then undone at the latest when this object is destroyed.
     void commit() {
         driver_->commit();
         driver_.reset();

@@ -19,13 +19,13 @@ template <class Map> std::u16string mapped(std::u16string_view text, Map map) {
 }
 
 utf8proc_int32_t upper(utf8proc_int32_t character) {
-    // The library gives it the capital sharp s, which is no mapping of the standard's.
+    // The library maps it to the capital sharp s; the Unicode standard does not.
     constexpr utf8proc_int32_t sharpS = 0x00DF;
     return character == sharpS ? character : utf8proc_toupper(character);
 }
 
-/// The library's folding is the full one. Where that is longer than one character, the simple one
-/// is the lower case, but for the dotted capital I, which then has none.
+/// The library knows only the full case folding. Where that has more than one character, the simple
+/// folding is the lower case. The dotted capital I is the exception: it has no simple folding.
 utf8proc_int32_t folded(utf8proc_int32_t character) {
     constexpr utf8proc_int32_t dottedCapitalI = 0x0130;
     std::array<utf8proc_int32_t, 4> full{};

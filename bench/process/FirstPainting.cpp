@@ -1,5 +1,6 @@
-// Preloaded into a Qt program: when it has handed its first painted window to the display, the
-// time is printed and the program ends.
+// A library to preload into a Qt program. When the program has handed its first painted window to
+// the display, the library prints the time and ends the program. So the program itself is measured
+// as its users run it, without code for the benchmark.
 #include <QBackingStore>
 
 #include <chrono>
@@ -7,7 +8,7 @@
 #include <dlfcn.h>
 #include <unistd.h>
 
-/// Takes the place of Qt's own, which it calls.
+/// Replaces Qt's function of this name, and calls it.
 __attribute__((visibility("default"))) void
 QBackingStore::flush(const QRegion &region, QWindow *window, const QPoint &offset) {
     using Flush = void (*)(QBackingStore *, const QRegion &, QWindow *, const QPoint &);

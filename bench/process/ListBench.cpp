@@ -1,4 +1,4 @@
-// kvexrules list as a whole process.
+// Runs kvexrules list as a whole process.
 #include "bench/process/Processes.h"
 #include "bench/support/RuleDatabase.h"
 #include "bench/support/Timing.h"
@@ -14,7 +14,7 @@ constexpr const char *sameColumns =
 
 void requireLines(const Run &run, std::size_t count) {
     if (static_cast<std::size_t>(std::ranges::count(run.output, '\n')) != count) {
-        throw std::runtime_error("another list than was expected");
+        throw std::runtime_error("the list has another number of lines than it should");
     }
 }
 

@@ -1,4 +1,4 @@
-// Programs that benchmarks start.
+// Starts programs for benchmarks.
 #pragma once
 
 #include <filesystem>
@@ -10,23 +10,23 @@ namespace kvex::bench {
 
 struct Run {
     std::string output;
-    /// From before the start until the end.
+    /// The time from before the start until the end.
     double seconds;
 };
 
-/// Runs the program to its end, with these variables beside this process's own. Throws where it
-/// cannot be started or fails.
+/// Runs the program to its end. Its environment is this process's, with `variables` added. Throws
+/// when the program cannot be started or fails.
 [[nodiscard]] Run runProgram(const std::filesystem::path &program,
                              std::vector<std::string> arguments,
                              const std::map<std::string, std::string> &variables = {});
 
-/// A program or library that is built beside the benchmarks.
+/// The path of a program or library that is built beside the benchmarks.
 [[nodiscard]] std::filesystem::path besideBenchmarks(const char *name);
 
-/// Gives the programs a virtual display; it stays until this one ends.
+/// Gives the programs a virtual display. It stays until this process ends.
 void requireVirtualDisplay();
 
-/// In seconds, on the clock that all processes share.
+/// The time in seconds, on a clock that all processes share.
 [[nodiscard]] double now();
 
 } // namespace kvex::bench

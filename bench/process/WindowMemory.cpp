@@ -1,5 +1,5 @@
-// Shows the rules of an SQLite file in a window and prints how many bytes of memory the process
-// has then: window_memory component|table FILE
+// Shows the rules of an SQLite file in a window and prints the resident memory of the process in
+// bytes: window_memory component|table FILE
 #include "adapters/qt/QtApplication.h"
 #include "bench/windows/Painting.h"
 #include "bench/windows/RulesWindow.h"

@@ -1,7 +1,6 @@
-// Opening the session on a server: the connection and the five record sets.
+// Opens the session on a server: the connection and the five record sets.
 #include "adapters/odbc/Provider.h"
-#include "bench/servers/BenchedServer.h"
-#include "bench/session/SessionQueries.h"
+#include "bench/servers/Client.h"
 #include "bench/support/BenchSession.h"
 #include "bench/support/Timing.h"
 

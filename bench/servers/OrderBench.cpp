@@ -1,6 +1,7 @@
-// OK in the rules window, on a server, when every rule has another place than is stored.
+// Presses OK in the rules window, on a server, when every rule has a place other than the stored
+// one.
 #include "adapters/odbc/Provider.h"
-#include "bench/servers/BenchedServer.h"
+#include "bench/servers/Client.h"
 #include "bench/support/BenchSession.h"
 #include "bench/support/Timing.h"
 
@@ -11,7 +12,7 @@ namespace {
 
 constexpr std::int64_t shift = 1'000'000;
 
-/// The order as it is shown stays, but OK renumbers every rule.
+/// The window shows the same order as before, but OK renumbers every rule.
 template <class Server> void shiftPriorities(RulesOnServer &rules) {
     rules.run("UPDATE SMS_RULES SET PRIORITY = ID + " + std::to_string(shift));
     rules.run(Server::tidy);

@@ -1,4 +1,4 @@
-// A database of a rule set of a given size on a server.
+// A database on a server, with a rule set of a given size.
 #pragma once
 
 #include "tests/servers/DatabaseServer.h"
@@ -8,10 +8,10 @@
 
 namespace kvex::bench {
 
-/// With the users, accounts, services and commands that the rules name; their ids count from 1.
+/// It also has the users, accounts, services and commands that the rules refer to, with ids from 1.
 class RulesOnServer {
 public:
-    /// One of each size on each server, made when it is first wanted.
+    /// The database of this size on this server. The first call makes it.
     [[nodiscard]] static RulesOnServer &on(test::DatabaseServer &server, std::size_t rules);
     RulesOnServer(test::DatabaseServer &server, std::size_t rules);
 
@@ -21,7 +21,7 @@ public:
         return server_.valueOf(database_, query);
     }
 
-    /// What a client of another kind needs.
+    // The parts of the connection string, for the server's own client.
     [[nodiscard]] std::uint16_t port() const { return server_.port(); }
     [[nodiscard]] const std::string &database() const { return database_; }
     [[nodiscard]] std::string user() const;

@@ -1,4 +1,4 @@
-// Loading and describing every rule, without a window.
+// Loads and describes every rule, without a window.
 #include "bench/support/BenchSession.h"
 #include "bench/support/RuleDatabase.h"
 #include "bench/support/Timing.h"
@@ -52,7 +52,7 @@ void describeAgain(benchmark::State &state) {
 }
 BENCHMARK(describeAgain)->Name("describe_all")->Apply(atEverySize);
 
-/// A session's texts become UTF-16 when they are first asked for.
+/// The first time costs more: a session's texts become UTF-16 when they are first read.
 void describeFirst(benchmark::State &state) {
     const std::vector<std::u16string> ids = ruleIds(sizeOf(state));
     for (auto _ : state) {
@@ -96,7 +96,7 @@ void findEachTag(const Texts &rule) {
     }
 }
 
-/// What cannot be done without: one find of each tag, and one copy of what is shown.
+/// The least that any program must do: find each tag once, and copy the shown text once.
 void findAndCopy(benchmark::State &state) {
     const std::vector<Texts> rules = textsOf(sizeOf(state));
     for (auto _ : state) {

@@ -1,5 +1,4 @@
-// Opening the session: the connection and the five record sets.
-#include "bench/session/SessionQueries.h"
+// Opens the session: the connection and the five record sets.
 #include "bench/support/BenchSession.h"
 #include "bench/support/RuleDatabase.h"
 #include "bench/support/Timing.h"
@@ -69,7 +68,7 @@ std::size_t bytesInUse() {
     return now.uordblks + now.hblkhd;
 }
 
-/// What the open session holds, SQLite's own memory among it.
+/// The memory that the open session holds, with SQLite's own.
 void memory(benchmark::State &state) {
     const RuleDatabase &database = readOnlyDatabase(sizeOf(state));
     for (auto _ : state) {

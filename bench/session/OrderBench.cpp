@@ -1,4 +1,4 @@
-// OK in the rules window when every rule has another place than is stored.
+// Presses OK in the rules window when every rule has a place other than the stored one.
 #include "bench/support/BenchSession.h"
 #include "bench/support/RuleDatabase.h"
 #include "bench/support/Timing.h"
@@ -6,7 +6,7 @@
 namespace kvex::bench {
 namespace {
 
-/// The order as it is shown stays, but OK renumbers every rule.
+/// The window shows the same order as before, but OK renumbers every rule.
 void shiftPriorities(const RuleDatabase &database) {
     database.execute("UPDATE SMS_RULES SET PRIORITY = ID + 1000000; "
                      "PRAGMA wal_checkpoint(TRUNCATE)");
@@ -46,11 +46,11 @@ template <Place place> void renumberByApi(benchmark::State &state) {
 BENCHMARK(renumberByOk<Place::memory>)->Name("renumber")->Apply(atEverySize)->Iterations(1);
 BENCHMARK(renumberByApi<Place::memory>)->Name("renumber.peer")->Apply(atEverySize)->Iterations(1);
 
-/// Each row is a transaction, and waits for the disk.
+/// Each row is a transaction that waits for the disk.
 void atSmallSizes(benchmark::internal::Benchmark *benchmark) {
     benchmark->UseManualTime()->Unit(benchmark::kMillisecond)->Arg(100)->Arg(1'000)->Iterations(1);
 }
-/// For a hundred seconds, where the disk takes a millisecond: no more than twice.
+/// Only twice: this takes a hundred seconds when the disk takes a millisecond for each row.
 void atLargeSizes(benchmark::internal::Benchmark *benchmark) {
     benchmark->UseManualTime()->Unit(benchmark::kMillisecond)->Arg(10'000)->Arg(100'000);
     benchmark->Iterations(1)->Repetitions(2);

@@ -1,4 +1,4 @@
-// OK in the rule editor on a new rule with parameters of 5,000 characters.
+// Presses OK in the rule editor on a new rule with parameters of 5,000 characters.
 #include "bench/support/BenchSession.h"
 #include "bench/support/RuleDatabase.h"
 #include "bench/support/RuleSet.h"
@@ -16,7 +16,7 @@ namespace {
 constexpr int wordsRow = 4;
 constexpr int ignoreFurtherRow = 5;
 
-/// Words that make the longest QueryParam.
+/// The words that make the longest possible QueryParam.
 std::u16string longestWords() {
     RuleState rule;
     rule.strWords = u"x";
@@ -47,7 +47,7 @@ template <Place place> void saveByOk(benchmark::State &state) {
     });
 }
 
-/// Goes through all rules, as the rules window does to list them.
+/// Reads all rules, as the rules window does to list them.
 std::size_t listed(const std::vector<RuleRow> &rules) {
     std::size_t blanks = 0;
     for (const RuleRow &rule : rules) {
@@ -56,8 +56,8 @@ std::size_t listed(const std::vector<RuleRow> &rules) {
     return blanks;
 }
 
-/// The same statements. Between two saves the user sees all rules listed anew, so here they are
-/// gone through: a loop of nothing else finds all that it needs in the processor's caches.
+/// Sends the same statements. Between two saves the rules window lists all rules again, so this
+/// loop reads them, too. Otherwise it would find everything in the processor's caches.
 template <Place place> void saveByApi(benchmark::State &state) {
     const RuleDatabase database(sizeOf(state), place);
     const std::vector<RuleRow> rules = ruleRows(sizeOf(state));
@@ -89,7 +89,7 @@ template <Place place> void saveByApi(benchmark::State &state) {
     }
 }
 
-/// Each save on the disk waits for it: a fixed number of them.
+/// A fixed number of times, because each save waits for the disk.
 void tenTimes(benchmark::internal::Benchmark *benchmark) {
     atEverySize(benchmark);
     benchmark->Iterations(10);

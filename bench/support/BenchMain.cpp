@@ -1,4 +1,4 @@
-// The main function of benchmark programs.
+// The main function of all benchmark programs.
 #include <benchmark/benchmark.h>
 
 #include <exception>

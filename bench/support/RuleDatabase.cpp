@@ -4,10 +4,16 @@
 #include "platform/Text.h"
 #include "tests/databases/SqliteSchema.h"
 
+#include <cstdlib>
 #include <map>
+#include <stdexcept>
 
 namespace kvex::bench {
 namespace {
+
+std::filesystem::path parentFor(Place place) {
+    return place == Place::memory ? "/dev/shm" : std::filesystem::temp_directory_path();
+}
 
 void addRules(sqlite3 *database, std::size_t count) {
     const SqliteQuery insertion = prepared(
@@ -28,7 +34,7 @@ void addRules(sqlite3 *database, std::size_t count) {
     }
 }
 
-/// Rows of names, with the same `rest` in each.
+/// Adds rows with ids and names. Each row has the same `rest`.
 void addNamed(sqlite3 *database, int count, const std::string &table, const std::string &columns,
               const std::string &rest) {
     execute(database, ("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
@@ -38,6 +44,19 @@ void addNamed(sqlite3 *database, int count, const std::string &table, const std:
 }
 
 } // namespace
+
+BenchFolder::BenchFolder(Place place) {
+    std::string name = (parentFor(place) / "kvex-bench-XXXXXX").string();
+    if (mkdtemp(name.data()) == nullptr) {
+        throw std::runtime_error("no folder for the benchmarks' files: " + name);
+    }
+    path_ = name;
+}
+
+BenchFolder::~BenchFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+}
 
 RuleDatabase::RuleDatabase(std::size_t rules, Place place) : folder_(place) {
     test::createSqliteSchema(connectionString());

@@ -1,16 +1,34 @@
-// An SQLite file of the server's schema with a rule set of a given size.
+// Folders for the files of benchmarks, and SQLite files with the server's tables and a rule set.
 #pragma once
 
-#include "bench/support/BenchFolder.h"
 #include "bench/support/SqliteApi.h"
 
 #include <cstddef>
+#include <filesystem>
 #include <string>
 
 namespace kvex::bench {
 
-/// Lives in a folder of its own. The users, accounts, services and commands that the rules name
-/// are in it, too.
+/// On the disk of the system's temporary files, or in memory. In memory, synchronising costs
+/// nothing, so only the program's own costs are measured.
+enum class Place { disk, memory };
+
+/// The destructor removes the folder with its contents.
+class BenchFolder {
+public:
+    explicit BenchFolder(Place place);
+    ~BenchFolder();
+    BenchFolder(const BenchFolder &) = delete;
+    BenchFolder &operator=(const BenchFolder &) = delete;
+
+    [[nodiscard]] const std::filesystem::path &path() const { return path_; }
+
+private:
+    std::filesystem::path path_;
+};
+
+/// An SQLite file with a rule set of a given size, in a folder of its own. It also has the users,
+/// accounts, services and commands that the rules refer to.
 class RuleDatabase {
 public:
     RuleDatabase(std::size_t rules, Place place);
@@ -25,7 +43,7 @@ private:
     BenchFolder folder_;
 };
 
-/// One of each size, for benchmarks that only read; made when it is first wanted.
+/// The database of this size, for benchmarks that only read. The first call makes it.
 [[nodiscard]] const RuleDatabase &readOnlyDatabase(std::size_t rules);
 
 } // namespace kvex::bench

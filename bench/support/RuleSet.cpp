@@ -78,7 +78,7 @@ std::u16string RuleSet::number() {
     return digits;
 }
 
-/// The logarithm of the count is what is evenly spread.
+/// The logarithm of the count is evenly distributed, so short lists are more frequent.
 std::u16string RuleSet::numbers() {
     const double share = static_cast<double>(below(1001)) / 1000;
     std::u16string list = number();

@@ -1,4 +1,4 @@
-// Rule sets as operators gather them over years: the same ones on every run.
+// Rule sets such as operators gather over the years. They are the same on every run.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 
 namespace kvex::bench {
 
-/// A row of SMS_RULES but for its id.
+/// A row of SMS_RULES without its id.
 struct RuleRow {
     std::u16string name;
     std::u16string queryParam;
@@ -18,20 +18,20 @@ struct RuleRow {
     std::int16_t active;
 };
 
-/// What rules name by their ids, which count from 1.
+/// How many users, accounts, services and commands the rules refer to. Their ids count from 1.
 inline constexpr int userCount = 50;
 inline constexpr int accountCount = 20;
 inline constexpr int serviceCount = 20;
 inline constexpr int commandCount = 100;
 
-/// Gives rule after rule: every mix of conditions and actions, lists of 1 to 200 numbers of which
-/// short ones are the more frequent, names all different. Priorities are 1, 2, 3 and so on.
+/// Makes one rule after the other, with every mix of conditions and actions. Lists have 1 to 200
+/// numbers; short ones are more frequent. All names differ. Priorities are 1, 2, 3 and so on.
 class RuleSet {
 public:
     [[nodiscard]] RuleRow next();
 
 private:
-    /// From 0 to `count` - 1.
+    /// A random number from 0 to `count` - 1.
     [[nodiscard]] std::size_t below(std::size_t count) { return random_() % count; }
     [[nodiscard]] bool happens(std::size_t percent) { return below(100) < percent; }
     [[nodiscard]] std::u16string number();

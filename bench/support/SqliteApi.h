@@ -1,4 +1,4 @@
-// SQLite's C API as a program would use it that has nothing else: what figures are compared with.
+// SQLite's C API, used without any other layer. Our figures are compared with it.
 #pragma once
 
 #include <sqlite3.h>
@@ -16,13 +16,13 @@ struct SqliteCloser {
 using SqliteHandle = std::unique_ptr<sqlite3, SqliteCloser>;
 using SqliteQuery = std::unique_ptr<sqlite3_stmt, SqliteCloser>;
 
-/// The file's log and synchronisation are those that the system uses. Throws where it fails.
+/// Opens the file with the log and synchronisation that the product uses. Throws when that fails.
 [[nodiscard]] SqliteHandle openSqlite(const std::string &file);
 [[nodiscard]] SqliteQuery prepared(sqlite3 *database, std::string_view text);
-/// Runs it to its end and makes it ready for the next time; throws what the database refuses.
+/// Runs the statement to its end and resets it. Throws when the database refuses.
 void run(sqlite3_stmt *statement);
 void execute(sqlite3 *database, const char *statements);
-/// The text must stay until the statement has run.
+/// The text must stay valid until the statement has run.
 void bindText(sqlite3_stmt *statement, int parameter, std::string_view text);
 void bindNumber(sqlite3_stmt *statement, int parameter, std::int64_t number);
 

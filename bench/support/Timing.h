@@ -1,4 +1,4 @@
-// How benchmarks take time, and the sizes that they take it at.
+// How benchmarks measure time, and at which sizes.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -8,12 +8,12 @@
 
 namespace kvex::bench {
 
-/// Times one iteration from here on; for benchmarks with manual time.
+/// Measures one iteration from its construction on, for benchmarks with manual time.
 class Stopwatch {
 public:
     explicit Stopwatch(benchmark::State &state) : state_(state) {}
 
-    /// Ends the iteration's time.
+    /// Stops the time of the iteration.
     void stop() {
         const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start_;
         state_.SetIterationTime(passed.count());
@@ -29,12 +29,12 @@ private:
     return static_cast<std::size_t>(state.range(0));
 }
 
-/// What a benchmark that takes no time says instead, as the table compares it.
+/// Reports a value that is no time; the table then compares this value.
 inline void report(benchmark::State &state, double value) {
     state.counters["value"] = value;
 }
 
-/// Manual time, at the numbers of rules of every figure.
+/// Manual time, at the numbers of rules that most figures have.
 inline void atEverySize(benchmark::internal::Benchmark *benchmark) {
     benchmark->UseManualTime()->Unit(benchmark::kMillisecond);
     for (const int rules : {100, 1'000, 10'000, 100'000}) {

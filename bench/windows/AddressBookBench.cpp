@@ -1,7 +1,6 @@
-// The address book with many contacts: opened, one ticked, one unticked, Select.
+// The address book with many contacts: opens, ticks two, unticks one, presses Select.
 #include "adapters/qt/QtToolkit.h"
 #include "bench/support/Timing.h"
-#include "bench/windows/Display.h"
 #include "bench/windows/Painting.h"
 #include "host/addressbook/AddressBookWindow.h"
 #include "platform/Text.h"
@@ -52,7 +51,7 @@ void addressBook(benchmark::State &state) {
             host::AddressBookWindow(toolkit, std::move(copy), true).show().size();
         watch.stop();
         if (chosen != 1) {
-            state.SkipWithError("another choice than was made");
+            state.SkipWithError("the address book returned another choice");
         }
     }
 }

@@ -1,8 +1,8 @@
-// The dialogs of people and accounts with long lists: opened, one entry added, one removed, OK.
+// The dialogs of people and accounts with long lists: opens, adds an entry, removes one, presses
+// OK.
 #include "bench/support/RuleDatabase.h"
 #include "bench/support/RuleSet.h"
 #include "bench/support/Timing.h"
-#include "bench/windows/Display.h"
 #include "bench/windows/Painting.h"
 #include "bench/windows/RulesWindow.h"
 #include "platform/Text.h"
@@ -26,7 +26,7 @@ void selectRow(const QString &list, int row) {
     view.setCurrentIndex(view.model()->index(row, 0));
 }
 
-/// The entries of a list, from `first` on.
+/// A list of `count` numbers from `first` on.
 std::u16string entries(std::int64_t first, std::size_t count) {
     std::u16string list = toText(first);
     for (std::size_t added = 1; added < count; ++added) {
@@ -35,7 +35,7 @@ std::u16string entries(std::int64_t first, std::size_t count) {
     return list;
 }
 
-/// Shows the dialog; `play` runs once its list was painted.
+/// Shows the dialog, and runs `play` when its list is first painted.
 template <class Dialog, class Play>
 void timeDialog(benchmark::State &state, const QString &list, const Play &play) {
     Stopwatch watch(state);
@@ -65,12 +65,12 @@ void people(benchmark::State &state) {
             press("cmdOK");
         });
         if (ruleState().strPeople.size() != numbers.size()) {
-            state.SkipWithError("the list is another than it should be");
+            state.SkipWithError("the list has other entries than it should");
         }
     }
 }
 
-/// Accounts up to this id.
+/// Adds accounts up to the id `last`.
 void addAccounts(const RuleDatabase &database, std::size_t last) {
     database.execute(("WITH RECURSIVE n(i) AS (SELECT " + std::to_string(accountCount + 1) +
                       " UNION ALL SELECT i + 1 FROM n WHERE i < " + std::to_string(last) +
@@ -85,7 +85,7 @@ void accounts(benchmark::State &state) {
     addAccounts(database, sizeOf(state));
     QtSession session(database.connectionString());
     session.open();
-    // All but the last, which is added.
+    // All accounts except the last one, which the dialog adds.
     const std::u16string chosen = entries(1, sizeOf(state) - 1);
     const QString list = QStringLiteral("lvwAccountSelected");
     for (auto _ : state) {
@@ -98,7 +98,7 @@ void accounts(benchmark::State &state) {
             press("cmdOK");
         });
         if (ruleState().varAccounts != entries(2, sizeOf(state) - 1)) {
-            state.SkipWithError("the list is another than it should be");
+            state.SkipWithError("the list has other entries than it should");
         }
     }
 }

@@ -1,7 +1,6 @@
-// Move Up held down in the rules window: 100 steps, each of them painted.
+// Holds Move Up down in the rules window: 99 steps, each painted.
 #include "bench/support/RuleDatabase.h"
 #include "bench/support/Timing.h"
-#include "bench/windows/Display.h"
 #include "bench/windows/Painting.h"
 #include "bench/windows/RulesWindow.h"
 
@@ -11,7 +10,7 @@
 namespace kvex::bench {
 namespace {
 
-constexpr int steps = 99; // as many as a list of 100 rules has
+constexpr int steps = 99; // from the end of 100 rules to the top
 
 void moveUp(benchmark::State &state) {
     requireDisplay();

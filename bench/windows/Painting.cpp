@@ -1,5 +1,8 @@
 #include "bench/windows/Painting.h"
 
+#include "adapters/qt/QtApplication.h"
+#include "tests/support/VirtualDisplay.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QTimer>
@@ -20,6 +23,12 @@ QWidget &activeWindow() {
 
 } // namespace
 
+void requireDisplay() {
+    static const auto &display = *new test::VirtualDisplay;
+    static_cast<void>(display);
+    qt::requireApplication();
+}
+
 Painting::Painting(QString name, std::function<void()> then)
     : name_(std::move(name)), then_(std::move(then)) {
     qApp->installEventFilter(this);
@@ -29,7 +38,7 @@ bool Painting::eventFilter(QObject *object, QEvent *event) {
     const bool isOurs = object->objectName() == name_ ||
                         (object->parent() != nullptr && object->parent()->objectName() == name_);
     if (event->type() == QEvent::Paint && isOurs && !pending_) {
-        // The whole window is painted and handed over before the event loop goes on.
+        // Qt paints the whole window and hands it over before the event loop goes on.
         pending_ = true;
         QTimer::singleShot(0, this, [this] {
             pending_ = false;
@@ -52,7 +61,7 @@ void untilPainted(const QString &name, const std::function<void()> &action) {
     const Painting painting(name, [&painted] { painted = true; });
     action();
     while (!painted) {
-        // What was posted before the event that this runs in would be waited for in vain.
+        // Events that were posted before the current one would not wake the event loop.
         QCoreApplication::sendPostedEvents();
         QCoreApplication::processEvents(painted ? QEventLoop::AllEvents
                                                 : QEventLoop::WaitForMoreEvents);

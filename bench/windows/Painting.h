@@ -1,4 +1,4 @@
-// When a window has been painted.
+// Shows windows on a virtual display and waits until they are painted.
 #pragma once
 
 #include <QObject>
@@ -9,8 +9,11 @@
 
 namespace kvex::bench {
 
-/// Calls `then` from the event loop each time the widget of this name, or what scrolls in it, was
-/// painted and what was painted handed to the display. One at a time.
+/// Makes a virtual display and Qt's application on it. Both stay until the program ends.
+void requireDisplay();
+
+/// Calls `then` from the event loop each time a widget was painted and handed to the display. The
+/// widget is the one of this name, or its scrolled area. Paintings do not overlap.
 class Painting final : public QObject {
 public:
     Painting(QString name, std::function<void()> then);
@@ -24,14 +27,14 @@ private:
     bool pending_ = false;
 };
 
-/// The widget of this name in the window that is active.
+/// The widget of this name in the active window.
 [[nodiscard]] QWidget &shownWidget(const QString &name);
 template <class Kind> [[nodiscard]] Kind &shown(const QString &name) {
     return dynamic_cast<Kind &>(shownWidget(name));
 }
-/// Runs `action` and lets everything happen that is waiting, until the widget was painted.
+/// Runs `action`, then the event loop, until the widget has been painted.
 void untilPainted(const QString &name, const std::function<void()> &action);
-/// Closes the window that is active, as its frame does.
+/// Closes the active window, as a click on its frame does.
 void closeWindow();
 
 } // namespace kvex::bench

@@ -1,7 +1,6 @@
-// A click on a row of the rules window, until the rule's description is painted.
+// Clicks on rows of the rules window, until the rule's description is painted.
 #include "bench/support/RuleDatabase.h"
 #include "bench/support/Timing.h"
-#include "bench/windows/Display.h"
 #include "bench/windows/Painting.h"
 #include "bench/windows/RulesWindow.h"
 
@@ -17,11 +16,11 @@
 namespace kvex::bench {
 namespace {
 
-/// So many rows are clicked one after the other.
+/// How many rows are clicked, one after the other.
 constexpr int clicks = 10;
 
-/// The rules that are clicked say the same at every size: what every tenth of the first hundred
-/// says, long and short.
+/// The clicked rules have the same texts at every size, long and short ones: those of every tenth
+/// rule of the first hundred.
 constexpr const char *sameTexts =
     "WITH told AS MATERIALIZED ("
     "  SELECT ID / 10 AS place, Name, QueryParam, ActionParam FROM SMS_RULES"
@@ -43,7 +42,7 @@ void click(QTreeView &list, int row) {
     }
 }
 
-/// Makes a row in the middle of the list the first one shown; gives its number.
+/// Scrolls until a row in the middle of the list is the first one shown, and returns its number.
 int scrollToMiddle(QTreeView &list) {
     const int row = list.model()->rowCount() / 2;
     untilPainted(list.objectName(),
@@ -78,7 +77,7 @@ void clickRows(benchmark::State &state) {
     });
 }
 
-/// Painting waits for the display, now longer and now less.
+/// Painting waits for the display, and the wait varies.
 void manyTimes(benchmark::internal::Benchmark *benchmark) {
     atEverySize(benchmark);
     benchmark->MinTime(0.3);

@@ -6,7 +6,7 @@
 namespace kvex::bench {
 namespace {
 
-/// Runs `play` once.
+/// Runs `play` at the first painting of the list.
 class FirstPainting {
 public:
     explicit FirstPainting(std::function<void()> play) : play_(std::move(play)) {}

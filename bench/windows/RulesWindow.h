@@ -1,4 +1,4 @@
-// The rules window on Qt, without the rule editor that opens over it.
+// The rules window on Qt. The rule editor that opens over it is not shown.
 #pragma once
 
 #include "adapters/headless/HeadlessToolkit.h"
@@ -10,7 +10,7 @@
 
 namespace kvex::bench {
 
-/// Qt's windows; a rule editor is cancelled at once, where nobody sees it.
+/// Shows Qt's windows, but opens the rule editor on the headless toolkit and cancels it at once.
 class WithoutEditor final : public Toolkit {
 public:
     [[nodiscard]] std::unique_ptr<Window> createWindow(const WindowDesign &design) override;
@@ -23,17 +23,17 @@ private:
     headless::HeadlessToolkit hidden_;
 };
 
-/// A session whose windows Qt shows.
+/// A session with Qt's windows.
 class QtSession {
 public:
     explicit QtSession(std::u16string connectionString)
         : session_(std::move(connectionString), toolkit_) {}
 
     void open() { session_.open(); }
-    /// The rules window on the open session, until `play`, which runs once its list was painted,
-    /// closes it.
+    /// Shows the rules window of the open session. `play` runs when its list is first painted, and
+    /// must close the window.
     void showRulesWindow(const std::function<void()> &play);
-    /// The same with the opening of the session.
+    /// Opens the session first.
     void openAndShowRulesWindow(const std::function<void()> &play);
 
 private:

@@ -1,7 +1,6 @@
-// The rules window until its first painting.
+// Shows the rules window, until its first painting.
 #include "bench/support/RuleDatabase.h"
 #include "bench/support/Timing.h"
-#include "bench/windows/Display.h"
 #include "bench/windows/Painting.h"
 #include "bench/windows/RulesWindow.h"
 #include "bench/windows/TableWindow.h"

@@ -47,7 +47,7 @@ void TableDatabase::show(const std::function<void()> &play) const {
     view->setObjectName(viewName);
     view->setModel(&model);
     (new QVBoxLayout(&window))->addWidget(view);
-    // About as large as the rules window.
+    // About the size of the rules window.
     window.resize(760, 620);
     bool played = false;
     const Painting painting(viewName, [&] {

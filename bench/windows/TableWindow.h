@@ -1,4 +1,4 @@
-// What Qt itself offers for a table of a database: a QTableView on a QSqlTableModel.
+// What Qt itself offers to show a database table: a QTableView on a QSqlTableModel.
 #pragma once
 
 #include <QSqlDatabase>
@@ -16,8 +16,8 @@ public:
     TableDatabase(const TableDatabase &) = delete;
     TableDatabase &operator=(const TableDatabase &) = delete;
 
-    /// The rules in a window, all rows fetched and sorted as the rules window sorts them, until
-    /// `play`, which runs once they were painted, closes it.
+    /// Shows the rules in a window, with all rows fetched and sorted as in the rules window. `play`
+    /// runs when they are first painted, and must close the window.
     void show(const std::function<void()> &play) const;
 
 private:

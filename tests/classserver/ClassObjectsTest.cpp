@@ -1,4 +1,4 @@
-#include "adapters/classserver/server/ClassFactory.h"
+#include "adapters/classserver/server/ComObject.h"
 #include "tests/classserver/TestServer.h"
 
 #include <gtest/gtest.h>

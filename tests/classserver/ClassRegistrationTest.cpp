@@ -1,6 +1,5 @@
 #include "adapters/classserver/ClassRegistration.h"
 
-#include "adapters/classserver/ClassDirectories.h"
 #include "adapters/classserver/GuidText.h"
 #include "platform/Error.h"
 #include "tests/classserver/DataDirectories.h"

@@ -1,4 +1,4 @@
-#include "adapters/classserver/server/ClassFactory.h"
+#include "adapters/classserver/server/ComObject.h"
 #include "adapters/classserver/server/Guard.h"
 #include "platform/Error.h"
 #include "tests/classserver/TestServer.h"

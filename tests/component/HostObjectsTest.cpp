@@ -2,7 +2,7 @@
 // every call with its arguments.
 #include "component/HostObjects.h"
 
-#include "adapters/classserver/server/ClassFactory.h"
+#include "adapters/classserver/server/ComObject.h"
 #include "platform/ComPointer.h"
 #include "platform/Error.h"
 #include "platform/HostSuite.h"

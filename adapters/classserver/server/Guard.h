@@ -1,4 +1,4 @@
-// Exceptions end where a component's function begins: they become results.
+// No exception leaves a component's function: it becomes a result.
 #pragma once
 
 #include "platform/Component.h"
@@ -7,15 +7,16 @@
 
 namespace kvex {
 
-/// The exception being handled as a failed result. Call inside a catch block only.
-/// - An Error gives its number: the provider's own when negative, else 0x800A0000 + number, which
-///   is how the platform passes run-time errors on; outOfMemory gives E_OUTOFMEMORY.
-/// - A failed allocation gives E_OUTOFMEMORY, a refused permission E_ACCESSDENIED, any other
-///   failure of the system E_FAIL.
+/// Turns the exception that is being handled into a failed result. Call it only in a catch block.
+/// - An Error gives its number. A provider's negative number stays as it is. Any other becomes
+///   0x800A0000 + number, the platform's form for run-time errors. outOfMemory gives
+///   E_OUTOFMEMORY; 0 and numbers above 0xFFFF give E_FAIL.
+/// - A failed allocation gives E_OUTOFMEMORY.
+/// - A system error gives E_ACCESSDENIED when permission is missing, else E_FAIL.
 /// - Everything else gives E_UNEXPECTED.
 [[nodiscard]] HRESULT currentResult() noexcept;
 
-/// What `body` returns, or the result of what it throws.
+/// Returns what `body` returns, or the result of what it throws.
 template <class Body> [[nodiscard]] HRESULT guarded(Body &&body) noexcept {
     try {
         return std::forward<Body>(body)();

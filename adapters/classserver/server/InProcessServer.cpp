@@ -2,11 +2,23 @@
 
 #include "adapters/classserver/ClassRegistration.h"
 #include "adapters/classserver/server/Guard.h"
-#include "adapters/classserver/server/ModulePath.h"
 
 #include <algorithm>
+#include <dlfcn.h>
+#include <system_error>
 
-namespace kvex::in_process_server {
+namespace kvex {
+
+std::filesystem::path modulePath() {
+    static const char inThisModule = 0;
+    Dl_info info{};
+    if (::dladdr(&inThisModule, &info) == 0 || info.dli_fname == nullptr) {
+        throw std::system_error(std::make_error_code(std::errc::no_such_file_or_directory));
+    }
+    return std::filesystem::absolute(info.dli_fname);
+}
+
+namespace in_process_server {
 namespace {
 
 template <class Body> HRESULT selfRegistration(Body &&body) noexcept {
@@ -14,8 +26,9 @@ template <class Body> HRESULT selfRegistration(Body &&body) noexcept {
         body();
         return S_OK;
     });
-    const bool isTold = SUCCEEDED(result) || result == E_OUTOFMEMORY || result == E_ACCESSDENIED;
-    return isTold ? result : SELFREG_E_CLASS;
+    const bool isPassedOn =
+        SUCCEEDED(result) || result == E_OUTOFMEMORY || result == E_ACCESSDENIED;
+    return isPassedOn ? result : SELFREG_E_CLASS;
 }
 
 } // namespace
@@ -56,4 +69,5 @@ HRESULT unregisterServer(std::span<const ServedClass> classes) noexcept {
     });
 }
 
-} // namespace kvex::in_process_server
+} // namespace in_process_server
+} // namespace kvex

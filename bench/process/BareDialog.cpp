@@ -1,5 +1,5 @@
-// A Qt program that shows one dialog with the widgets and texts of the rule editor, and does
-// nothing else.
+// A Qt program that only shows one dialog: bare_dialog [widgets]. Without the argument the dialog
+// is empty, with it the dialog has the widgets and texts of the rule editor.
 #include <QApplication>
 #include <QBoxLayout>
 #include <QDialog>
@@ -8,6 +8,8 @@
 #include <QPushButton>
 #include <QTextEdit>
 #include <QTreeWidget>
+
+#include <string_view>
 
 namespace {
 
@@ -56,6 +58,8 @@ void fill(QDialog &dialog) {
 int main(int argc, char **argv) {
     const QApplication application(argc, argv);
     QDialog dialog;
-    fill(dialog);
+    if (argc > 1 && std::string_view(argv[1]) == "widgets") {
+        fill(dialog);
+    }
     return dialog.exec();
 }

@@ -1,8 +1,44 @@
-#include "adapters/classserver/server/ClassFactory.h"
+#include "adapters/classserver/server/ComObject.h"
 
 #include "adapters/classserver/server/Guard.h"
 
+#include <atomic>
+#include <cstddef>
+
 namespace kvex {
+namespace module_count {
+namespace {
+
+std::atomic<std::size_t> objects{0};
+std::atomic<std::size_t> locks{0};
+
+} // namespace
+
+void addObject() noexcept {
+    ++objects;
+}
+void removeObject() noexcept {
+    --objects;
+}
+
+void addLock() noexcept {
+    ++locks;
+}
+bool removeLock() noexcept {
+    std::size_t held = locks;
+    while (held > 0) {
+        if (locks.compare_exchange_weak(held, held - 1)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool isInUse() noexcept {
+    return objects > 0 || locks > 0;
+}
+
+} // namespace module_count
 
 HRESULT ClassFactory::CreateInstance(IUnknown *outer, const IID &interfaceId,
                                      void **object) noexcept {

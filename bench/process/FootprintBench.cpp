@@ -1,4 +1,5 @@
-// The resident memory of a process that shows the rules.
+// How much memory and disk the product takes: the memory of a process that shows the rules, and the
+// size of the stripped component.
 #include "bench/process/Processes.h"
 #include "bench/support/RuleDatabase.h"
 #include "bench/support/Timing.h"
@@ -23,6 +24,17 @@ BENCHMARK_CAPTURE(reportMemory, table, "table")
     ->Name("rules_window_memory.peer")
     ->Apply(atEverySize)
     ->Iterations(1);
+
+void componentSize(benchmark::State &state) {
+    const BenchFolder folder(Place::memory);
+    const std::filesystem::path stripped = folder.path() / "component.so";
+    for (auto _ : state) {
+        state.SetIterationTime(
+            runProgram("strip", {"-o", stripped.string(), KVEX_COMPONENT}).seconds);
+        report(state, static_cast<double>(std::filesystem::file_size(stripped)));
+    }
+}
+BENCHMARK(componentSize)->Name("component_size")->Arg(1)->UseManualTime()->Iterations(1);
 
 } // namespace
 } // namespace kvex::bench
