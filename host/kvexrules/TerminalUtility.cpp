@@ -1,6 +1,6 @@
 #include "host/kvexrules/TerminalUtility.h"
 
-#include "adapters/classserver/server/ClassFactory.h"
+#include "adapters/classserver/server/ComObject.h"
 #include "host/kvexrules/Components.h"
 #include "host/kvexrules/Console.h"
 #include "platform/Text.h"
