@@ -26,8 +26,8 @@ public:
     void accountTicked(int row);
 
     [[nodiscard]] bool isBlank() const;
-    /// Chooses the first ticked account. When none is ticked, gives false and keeps the choice
-    /// before.
+    /// Chooses the first ticked account. When none is ticked, gives false and keeps the earlier
+    /// choice.
     [[nodiscard]] bool chooseAccount();
 
     [[nodiscard]] std::u16string text() const { return text_.text(); }

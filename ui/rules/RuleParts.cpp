@@ -120,7 +120,7 @@ constexpr std::array actions{
              setYesOrNo<ignoreFurther>},
 };
 
-/// The part's place in `parts`; their count when it is none of them.
+/// The part's index in `parts`, or their count when it is not among them.
 constexpr std::size_t placeOf(RulePartId id, std::span<const RulePart> parts) {
     return static_cast<std::size_t>(std::ranges::find(parts, id, &RulePart::id) - parts.begin());
 }
