@@ -2,6 +2,7 @@
 
 #include "platform/Error.h"
 #include "platform/Text.h"
+#include "tests/support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -16,12 +17,7 @@ RuleState readBack(std::u16string_view queryParam, std::u16string_view actionPar
 }
 
 std::int32_t readingError(std::u16string_view queryParam, std::u16string_view actionParam = u"") {
-    try {
-        (void)readBack(queryParam, actionParam);
-    } catch (const Error &error) {
-        return error.number();
-    }
-    return 0;
+    return test::errorNumber([&] { return readBack(queryParam, actionParam); });
 }
 
 constexpr std::u16string_view exampleQuery =
@@ -290,7 +286,9 @@ TEST(ParameterStrings, AnOpeningTagWithoutItsClosingOneIsAnInvalidCall) {
 
 TEST(ParameterStrings, WhatWasReadBeforeAFailureStays) {
     RuleState rule;
-    EXPECT_THROW(readQueryParam(u"<PEOPLE><CON><ANY>1</PEOPLE><WORD>x", rule), Error);
+    EXPECT_EQ(
+        test::errorNumber([&] { readQueryParam(u"<PEOPLE><CON><ANY>1</PEOPLE><WORD>x", rule); }),
+        error_number::invalidCall);
     EXPECT_EQ(rule.strPeople, u"1");
 }
 

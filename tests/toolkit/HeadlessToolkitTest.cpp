@@ -2,6 +2,7 @@
 
 #include "adapters/headless/LooseTextBox.h"
 #include "platform/Error.h"
+#include "tests/support/RaisedError.h"
 
 #include <stdexcept>
 
@@ -109,7 +110,7 @@ TEST(LooseTextBox, RunsItsHandlerAndTakesNoFocus) {
     box->setVisible(false);
     box->setVisible(true);
     EXPECT_EQ(changes, 1);
-    EXPECT_EQ(test::errorOf([&] { box->setFocus(); }), error_number::invalidCall);
+    EXPECT_EQ(test::errorNumber([&] { box->setFocus(); }), error_number::invalidCall);
 }
 
 } // namespace
