@@ -3,6 +3,7 @@
 
 #include "platform/Text.h"
 #include "tests/support/ComponentTest.h"
+#include "tests/windows/EditorRows.h"
 #include "ui/conditions/frmRuleOptions.h"
 #include "ui/rules/RuleParts.h"
 
@@ -14,9 +15,9 @@ struct Condition {
     const char16_t *window;
     const char16_t *list;
 };
-inline constexpr Condition people{2, u"frmRulePeople", u"lvwPeople"};
-inline constexpr Condition accounts{3, u"frmRuleAccount", u"lvwAccountSelected"};
-inline constexpr Condition words{4, u"frmRuleWords", u"lvwWords"};
+inline constexpr Condition people{row::fromPeople, u"frmRulePeople", u"lvwPeople"};
+inline constexpr Condition accounts{row::throughAccounts, u"frmRuleAccount", u"lvwAccountSelected"};
+inline constexpr Condition words{row::containsWords, u"frmRuleWords", u"lvwWords"};
 
 /// The buttons that wait for an entry.
 inline const Texts noButtons;
@@ -58,7 +59,6 @@ protected:
     /// Goes to the condition in the editor, ticks it unless it is ticked, presses its button, and
     /// plays in its dialog.
     void edit(User &editor, const Condition &condition, Script script) {
-        constexpr auto conditions = u"lvwRuleConditions";
         if (editor.get<ListView>(conditions).checked(condition.row)) {
             editor.clickRow(conditions, condition.row);
         } else {
@@ -69,7 +69,7 @@ protected:
     }
     /// Saves the edited rule, with an action; gives its stored conditions.
     std::string save(User &editor) {
-        editor.tickRow(u"lvwRuleActions", 5);
+        editor.tickRow(actions, row::noMoreRules);
         editor.click(u"cmdOK");
         return database.value("SELECT QueryParam FROM SMS_RULES ORDER BY ID DESC LIMIT 1");
     }

@@ -3,6 +3,7 @@
 #include "tests/support/BreakableList.h"
 #include "tests/support/ComponentTest.h"
 #include "tests/support/RaisedError.h"
+#include "tests/windows/EditorRows.h"
 #include "ui/conditions/frmRuleOptions.h"
 #include "ui/rules/RuleParts.h"
 #include "ui/rules/frmRuleEdit.h"
@@ -97,14 +98,14 @@ protected:
             open();
         }
     }
-    /// Each action fails in a procedure without a trap; the window stays open.
+    /// Each step fails in a procedure without a trap; the window stays open.
     void expectNoTraps(const char16_t *window, const char16_t *list, Opening open,
-                       const std::vector<Script> &actions) {
+                       const std::vector<Script> &failing) {
         begin(list);
         whenShown(window, [&](User &user) {
-            for (const Script &action : actions) {
+            for (const Script &step : failing) {
                 const std::size_t before = toolkit.unhandledErrors().size();
-                whileBroken([&] { action(user); });
+                whileBroken([&] { step(user); });
                 EXPECT_EQ(toolkit.unhandledErrors().size(), before + 1);
                 EXPECT_TRUE(user.isOpen());
                 expectLog({});
@@ -112,7 +113,7 @@ protected:
             user.closeByFrame();
         });
         open();
-        expectedUnhandledErrors += actions.size();
+        expectedUnhandledErrors += failing.size();
     }
     static Script click(const char16_t *button) {
         return [button](User &user) { user.click(button); };
@@ -224,20 +225,21 @@ TEST_F(ErrorTraps, OfTheEditorEndAtItsListsAndDialogButtons) {
     const auto select = [](const char16_t *list) {
         return [list](User &user) { user.clickRow(list, 1); };
     };
-    expectNoTraps(u"frmRuleEdit", u"lvwRuleConditions", openEditor,
-                  {tick(u"lvwRuleConditions", 1), select(u"lvwRuleConditions"), [](User &user) {
-                       user.get<CommandButton>(u"cmdEditCondition").setEnabled(true);
-                       user.click(u"cmdEditCondition");
-                   }});
+    expectNoTraps(
+        u"frmRuleEdit", u"lvwRuleConditions", openEditor,
+        {tick(conditions, row::ignoreForService), select(u"lvwRuleConditions"), [](User &user) {
+             user.get<CommandButton>(u"cmdEditCondition").setEnabled(true);
+             user.click(u"cmdEditCondition");
+         }});
     expectNoTraps(u"frmRuleEdit", u"lvwRuleActions", openEditor,
-                  {tick(u"lvwRuleActions", 1), select(u"lvwRuleActions"), [](User &user) {
+                  {tick(actions, row::distribute), select(u"lvwRuleActions"), [](User &user) {
                        user.get<CommandButton>(u"cmdConfigureAction").setEnabled(true);
                        user.click(u"cmdConfigureAction");
                    }});
 }
 
 TEST_F(ErrorTraps, OfThePeopleLogTheAddressBookUnderTheEditorsName) {
-    expectTraps(u"frmRulePeople", u"lvwPeople", openCondition<2>,
+    expectTraps(u"frmRulePeople", u"lvwPeople", openCondition<row::fromPeople>,
                 u"Sub: Form_Load, Module: frmRulePeople",
                 {{u"cmdAdd", u"Sub: cmdAdd_Click, Module: frmRulePeople"},
                  {u"cmdAddressBook", u"Sub: cmdAddressBook_Click, Module: frmRuleEdit"},
@@ -249,7 +251,7 @@ TEST_F(ErrorTraps, OfThePeopleLogTheAddressBookUnderTheEditorsName) {
 }
 
 TEST_F(ErrorTraps, OfTheAccounts) {
-    expectTraps(u"frmRuleAccount", u"lvwAccountSelected", openCondition<3>,
+    expectTraps(u"frmRuleAccount", u"lvwAccountSelected", openCondition<row::throughAccounts>,
                 u"Sub: Form_Load(), Module: frmRuleAccount",
                 {{u"cmdAdd", u"Sub: cmdAdd_Click, Module: frmRuleAccount"},
                  {u"cmdRemove", u"Sub: cmdRemove_Click, Module: frmRuleAccount"},
@@ -260,8 +262,10 @@ TEST_F(ErrorTraps, OfTheAccounts) {
 
 TEST_F(ErrorTraps, OfTheWordsAreNone) {
     begin(u"lvwWords");
-    whileBroken([] { EXPECT_EQ(errorNumber(openCondition<4>), error_number::automationError); });
-    expectNoTraps(u"frmRuleWords", u"lvwWords", openCondition<4>,
+    whileBroken([] {
+        EXPECT_EQ(errorNumber(openCondition<row::containsWords>), error_number::automationError);
+    });
+    expectNoTraps(u"frmRuleWords", u"lvwWords", openCondition<row::containsWords>,
                   {[](User &user) {
                        user.type(u"GO");
                        user.click(u"cmdAdd");
@@ -276,7 +280,7 @@ TEST_F(ErrorTraps, OfTheConditionOptionsAreNone) {
 }
 
 TEST_F(ErrorTraps, OfTheDistribution) {
-    expectTraps(u"frmRuleDistribute", u"lvwUsersSelected", openAction<1>,
+    expectTraps(u"frmRuleDistribute", u"lvwUsersSelected", openAction<row::distribute>,
                 u"Sub: Form_Load, Module: frmRuleDistribute",
                 {{u"cmdSelect", u"Sub: cmdSelect_Click, Module: frmRuleDistribute"},
                  {u"cmdAll", u"Sub: cmdAll_Click, Module: frmRuleDistribute"},
@@ -285,14 +289,14 @@ TEST_F(ErrorTraps, OfTheDistribution) {
 }
 
 TEST_F(ErrorTraps, OfTheReplyEndAtItsLoading) {
-    expectTraps(u"frmRuleReply", u"lvwOutAccount", openAction<2>,
+    expectTraps(u"frmRuleReply", u"lvwOutAccount", openAction<row::reply>,
                 u"Sub: Form_Load, Module: frmRuleReply", {});
-    expectNoTraps(u"frmRuleReply", u"lvwOutAccount", openAction<2>,
+    expectNoTraps(u"frmRuleReply", u"lvwOutAccount", openAction<row::reply>,
                   {[](User &user) { user.tickRow(u"lvwOutAccount", 1); }, click(u"cmdOK")});
 }
 
 TEST_F(ErrorTraps, OfTheAlert) {
-    expectTraps(u"frmRuleAlert", u"lvwPeople", openAction<3>,
+    expectTraps(u"frmRuleAlert", u"lvwPeople", openAction<row::alert>,
                 u"Sub: Form_Load, Module: frmRuleAlert",
                 {{u"cmdAdd", u"Sub: cmdAdd_Click, Module: frmRuleAlert"},
                  {u"cmdAddressBook", u"Sub: cmdAddressBook_Click, Module: frmRuleAlert"},
@@ -300,7 +304,7 @@ TEST_F(ErrorTraps, OfTheAlert) {
                  {u"cmdClear", u"Sub: cmdClear_Click, Module: frmRuleAlert"}},
                 typeNumber);
     expectMessages({clearQuestion});
-    expectNoTraps(u"frmRuleAlert", u"lvwOutAccount", openAction<3>,
+    expectNoTraps(u"frmRuleAlert", u"lvwOutAccount", openAction<row::alert>,
                   {[](User &user) { user.tickRow(u"lvwOutAccount", 1); }, click(u"cmdOK")});
 }
 

@@ -37,8 +37,8 @@ TEST_P(RulesWindow, NewAndASaveListAllRulesAgainAndSelectTheFirst) {
     playRules([&](User &user) {
         user.clickRow(u"lvwRules", 3);
         whenShown(u"frmRuleEdit", [](User &editor) {
-            editor.tickRow(u"lvwRuleConditions", 6);
-            editor.tickRow(u"lvwRuleActions", 4);
+            editor.tickRow(conditions, row::forAllMessages);
+            editor.tickRow(actions, row::deleteIt);
             editor.click(u"cmdOK");
         });
         user.click(u"cmdNew");
@@ -58,7 +58,7 @@ TEST_P(RulesWindow, ModifyLoadsTheSelectedRuleAnew) {
     playRules([this](User &user) {
         user.clickRow(u"lvwRules", 2);
         whenShown(u"frmRuleEdit", [](User &editor) {
-            editor.tickRow(u"lvwRuleConditions", 1);
+            editor.tickRow(conditions, row::ignoreForService);
             editor.click(u"cmdCancel");
         });
         user.click(u"cmdNew");
@@ -83,7 +83,7 @@ TEST_P(RulesWindow, ModifyShowsTheNewNameAndLeavesPlaceAndTickAlone) {
             editor.focusOn(u"txtRuleName");
             editor.press(Key::selectAll);
             editor.type(u"Renamed");
-            editor.tickRow(u"lvwRuleActions", 5);
+            editor.tickRow(actions, row::noMoreRules);
             editor.click(u"cmdOK");
         });
         user.click(u"cmdModify");
@@ -100,7 +100,7 @@ TEST_P(RulesWindow, AfterACancelledModifyTheUnsavedRuleIsDescribedUntilTheNextCl
     playRules([this](User &user) {
         user.clickRow(u"lvwRules", 2);
         whenShown(u"frmRuleEdit", [](User &editor) {
-            editor.tickRow(u"lvwRuleActions", 4);
+            editor.tickRow(actions, row::deleteIt);
             editor.click(u"cmdCancel");
         });
         user.click(u"cmdModify");
@@ -133,7 +133,7 @@ TEST_P(RulesWindow, RemoveAndModifyFindTheirRuleWhereverTheRecordSetStands) {
     addThree();
     playRules([this](User &user) {
         const auto refuseName = [this](User &editor) {
-            editor.tickRow(u"lvwRuleActions", 5);
+            editor.tickRow(actions, row::noMoreRules);
             editor.focusOn(u"txtRuleName");
             editor.press(Key::selectAll);
             editor.type(u"A");
@@ -148,7 +148,7 @@ TEST_P(RulesWindow, RemoveAndModifyFindTheirRuleWhereverTheRecordSetStands) {
         user.click(u"cmdModify");
         EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"B", u"C"}));
         whenShown(u"frmRuleEdit", [&](User &editor) {
-            editor.tickRow(u"lvwRuleConditions", 6);
+            editor.tickRow(conditions, row::forAllMessages);
             refuseName(editor);
         });
         user.click(u"cmdNew");
@@ -215,8 +215,8 @@ TEST_P(RulesWindow, RemovingTheOnlyRuleClearsTheDescription) {
         EXPECT_EQ(description(user), u"");
         // The window stays whole: a first rule can be saved again.
         whenShown(u"frmRuleEdit", [](User &editor) {
-            editor.tickRow(u"lvwRuleConditions", 6);
-            editor.tickRow(u"lvwRuleActions", 5);
+            editor.tickRow(conditions, row::forAllMessages);
+            editor.tickRow(actions, row::noMoreRules);
             editor.click(u"cmdOK");
         });
         user.click(u"cmdNew");

@@ -244,7 +244,7 @@ TEST_F(WordsDialog, AnUnknownCommandValueIsNoWindow) {
     openSession();
     ruleState().strWords = u"STOP";
     ruleState().intAsCommand = 2;
-    EXPECT_EQ(errorNumber([] { ruleConditions()[3].showDialog(); }),
+    EXPECT_EQ(errorNumber([] { ruleConditions()[row::containsWords - 1].showDialog(); }),
               error_number::invalidPropertyValue);
 }
 
