@@ -1,38 +1,19 @@
-// What every procedure of the windows does with a failure: with a trap it is logged under the
-// procedure's own Sub and Module, and the window goes on; without one it ends at the toolkit.
+// What each procedure of the windows does with a failure. With a trap, it logs the failure under
+// its Sub and Module, and the window goes on. Without one, the failure ends at the toolkit.
 #include "tests/support/BreakableList.h"
 #include "tests/support/ComponentTest.h"
 #include "tests/support/RaisedError.h"
 #include "tests/windows/EditorRows.h"
-#include "ui/conditions/frmRuleOptions.h"
-#include "ui/rules/RuleParts.h"
-#include "ui/rules/frmRuleEdit.h"
-#include "ui/rules/frmRules.h"
+#include "tests/windows/OpenWindow.h"
+#include "tests/windows/Questions.h"
 
 namespace kvex::test {
 namespace {
 
 using What = Breakage::What;
-using Opening = void (*)();
 
-template <int row> void openCondition() {
-    ruleConditions()[row - 1].showDialog();
-}
-template <int row> void openAction() {
-    ruleActions()[row - 1].showDialog();
-}
-void openEditor() {
-    frmRuleEdit().Show();
-}
-void openRules() {
-    frmRules().Show();
-}
-void openOptions() {
-    showConditionOptions(u"WORD");
-}
-
-/// A button, what is logged when it is pressed while the list is broken, and whether the rule
-/// counts as changed all the same: what edits says so first.
+/// A button, the log entry when it is pressed while the list is broken, and whether the rule then
+/// counts as changed. Procedures that edit set the change flag first.
 struct Press {
     const char16_t *button;
     const char16_t *logged;
@@ -47,7 +28,7 @@ protected:
         breakable.addressBook.numbers = {u"97"};
     }
 
-    /// Begins a session in which `list` can break, on a rule with something of everything.
+    /// Begins a session in which `list` can break, on a rule that has every condition and action.
     void begin(const std::u16string &list) {
         closeSession();
         breakage.list = list;
@@ -75,7 +56,7 @@ protected:
         breakage.what = What::nothing;
     }
 
-    /// The window's load procedure, and its buttons one by one.
+    /// Breaks the list in the window's load procedure, then for each button.
     void expectTraps(
         const char16_t *window, const char16_t *list, Opening open, const char16_t *loadLogged,
         const std::vector<Press> &presses, const Script &prepare = [](User &) {}) {
@@ -118,7 +99,7 @@ protected:
     static Script click(const char16_t *button) {
         return [button](User &user) { user.click(button); };
     }
-    /// So that Add has something to add.
+    /// Types a number that Add can add.
     static void typeNumber(User &user) {
         user.focusOn(u"txtMobileNo");
         user.type(u"1");
@@ -127,9 +108,6 @@ protected:
     Breakage breakage;
     BreakableToolkit breakableToolkit{toolkit, breakage};
     TestPlatform breakable{utility, breakableToolkit, database.provider()};
-
-    const Message clearQuestion{u"Are you sure you want to clear the list?", 4};
-    const Message removeQuestion{u"Are you sure you want to remove this rule?", 4};
 };
 
 TEST_F(ErrorTraps, OfTheRulesWindow) {
@@ -197,7 +175,7 @@ TEST_F(ErrorTraps, OfTheEditorLeaveWhatWasFilledBefore) {
     expectLog({u"Sub: Form_Load, Module: frmRuleEdit"});
 }
 
-/// The rest of the loading goes on: its rows are listed and its first ones are selected.
+/// The rest of the load procedure runs: it lists the rows and selects the first ones.
 TEST_F(ErrorTraps, OfTheEditorsTicksLetTheLoadingGoOn) {
     database.addRule("A");
     begin(u"lvwRuleConditions");

@@ -1,10 +1,9 @@
 #include "platform/Text.h"
+#include "tests/windows/Questions.h"
 #include "tests/windows/RuleScenarios.h"
 
 namespace kvex::test {
 namespace {
-
-const Message removeQuestion{u"Are you sure you want to remove this rule?", 4};
 
 TEST_P(RulesWindow, NewAndCancelInTheEditorLeaveTheListUntouched) {
     addThree();
@@ -128,7 +127,7 @@ TEST_P(RulesWindow, RemoveAnsweredYesDeletesTheRowItself) {
     expectMessages({removeQuestion});
 }
 
-/// A name that is taken leaves the record set on the rule that has it.
+/// When a name is taken, the record set stays on the rule that has it.
 TEST_P(RulesWindow, RemoveAndModifyFindTheirRuleWhereverTheRecordSetStands) {
     addThree();
     playRules([this](User &user) {
@@ -213,7 +212,7 @@ TEST_P(RulesWindow, RemovingTheOnlyRuleClearsTheDescription) {
         user.click(u"cmdRemove");
         EXPECT_EQ(list(user).rowCount(), 0);
         EXPECT_EQ(description(user), u"");
-        // The window stays whole: a first rule can be saved again.
+        // The window still works: the first rule can be saved again.
         whenShown(u"frmRuleEdit", [](User &editor) {
             editor.tickRow(conditions, row::forAllMessages);
             editor.tickRow(actions, row::noMoreRules);
@@ -269,7 +268,8 @@ TEST_P(RulesWindow, RemoveTakesTheSelectedRuleWhereverTheRecordSetStands) {
     addThree(10, 10);
     utility.answers = {message_box::yes};
     playRules([](User &user) {
-        // The move selects another rule than the one clicked, whose record is the current one.
+        // The move selects another rule than the clicked one; the record of the clicked one stays
+        // current.
         user.clickRow(u"lvwRules", 3);
         user.click(u"cmdMoveUp");
         EXPECT_EQ(list(user).text(list(user).selectedRow()), u"B");
