@@ -1,4 +1,4 @@
-# kvex_test(NAME [WHOLE] LABELS label… SOURCES file… LIBRARIES library… [ENVIRONMENT A=B…])
+# kvex_test(SUBJECT_test [WHOLE] LABELS label… SOURCES file… LIBRARIES library… [ENVIRONMENT A=B…])
 # Adds a GoogleTest program. Each of its tests is a CTest test with these labels. With WHOLE the
 # program is one CTest test; use it when the tests share something that is slow to start.
 find_package(GTest REQUIRED)
@@ -6,6 +6,9 @@ include(GoogleTest)
 
 function(kvex_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "WHOLE" "" "LABELS;SOURCES;LIBRARIES;ENVIRONMENT")
+  if(NOT name MATCHES "_test$")
+    message(FATAL_ERROR "Name the test program ${name} after its subject: SUBJECT_test.")
+  endif()
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE kvex_options ${arg_LIBRARIES} GTest::gtest_main GTest::gmock)
   if(arg_WHOLE)

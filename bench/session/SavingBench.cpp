@@ -5,6 +5,7 @@
 #include "bench/support/Timing.h"
 #include "platform/Text.h"
 #include "rules/ParameterStrings.h"
+#include "tests/windows/EditorRows.h"
 
 #include <algorithm>
 #include <string>
@@ -13,10 +14,7 @@
 namespace kvex::bench {
 namespace {
 
-constexpr int wordsRow = 4;
-constexpr int ignoreFurtherRow = 5;
-
-/// The words that make the longest possible QueryParam.
+/// Words that make the longest QueryParam.
 std::u16string longestWords() {
     RuleState rule;
     rule.strWords = u"x";
@@ -26,8 +24,8 @@ std::u16string longestWords() {
 void composeRule(test::User &editor) {
     static const std::u16string words = longestWords();
     ruleState().strWords = words;
-    editor.tickRow(u"lvwRuleConditions", wordsRow);
-    editor.tickRow(u"lvwRuleActions", ignoreFurtherRow);
+    editor.tickRow(test::conditions, test::row::containsWords);
+    editor.tickRow(test::actions, test::row::noMoreRules);
 }
 
 template <Place place> void saveByOk(benchmark::State &state) {

@@ -1,10 +1,13 @@
 #include "host/addressbook/Contacts.h"
 
+#include "adapters/sqlite/SqliteError.h"
 #include "host/suite/Databases.h"
 #include "platform/Error.h"
+#include "tests/support/RaisedError.h"
 #include "tests/support/TestDatabase.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 namespace kvex::test {
 namespace {
@@ -53,7 +56,10 @@ TEST_F(ContactStore, DoesNotCountContactsOfOthersNobodysAndDeletedOnes) {
 TEST_F(ContactStore, StoresNothingWhenTheDatabaseRefusesOne) {
     database.execute("CREATE TRIGGER refuse BEFORE INSERT ON SMS_CONTACTS WHEN NEW.NAME = 'C' "
                      "BEGIN SELECT RAISE(ABORT, 'full'); END");
-    EXPECT_THROW(store({{u"A", u"1"}, {u"B", u"2"}, {u"C", u"3"}, {u"D", u"4"}}), Error);
+    EXPECT_EQ(test::errorNumber([&] {
+                  store({{u"A", u"1"}, {u"B", u"2"}, {u"C", u"3"}, {u"D", u"4"}});
+              }),
+              sqlite::errorBase + SQLITE_CONSTRAINT_TRIGGER);
     EXPECT_EQ(stored(), Rows());
     EXPECT_EQ(store({{u"A", u"1"}}).taken, 1U);
 }
@@ -87,7 +93,10 @@ TEST_F(ContactStore, RemovesNoneWhenTheDatabaseRefusesOne) {
                      "(3, 1, 'A', '1'), (4, 1, 'B', '2')");
     database.execute("CREATE TRIGGER refuse BEFORE UPDATE ON SMS_CONTACTS WHEN NEW.NAME = 'B' "
                      "BEGIN SELECT RAISE(ABORT, 'no'); END");
-    EXPECT_THROW(static_cast<void>(host::removeContacts(*connection, 1, {3, 4})), Error);
+    EXPECT_EQ(test::errorNumber([&] {
+                  return host::removeContacts(*connection, 1, {3, 4});
+              }),
+              sqlite::errorBase + SQLITE_CONSTRAINT_TRIGGER);
     EXPECT_EQ(deleted(), (Rows{"3|0", "4|0"}));
 }
 

@@ -3,6 +3,7 @@
 #include "adapters/classserver/GuidText.h"
 #include "platform/Error.h"
 #include "tests/classserver/DataDirectories.h"
+#include "tests/support/RaisedError.h"
 
 #include <gmock/gmock.h>
 
@@ -15,6 +16,7 @@ namespace fs = std::filesystem;
 using kvex::classDirectories;
 using kvex::ClassRegistration;
 using kvex::findClassRegistration;
+using kvex::test::errorNumber;
 using testing::ElementsAre;
 
 constexpr CLSID firstClass{0xA0000001, 1, 2, {3, 4, 5, 6, 7, 8, 9, 10}};
@@ -83,10 +85,14 @@ TEST_F(Registration, RemovalTakesTheUsersFileAndMayBeRepeated) {
 
 TEST_F(Registration, AWriteThatCannotBeDoneLeavesTheOldFile) {
     kvex::writeClassRegistration({firstClass, "/opt/old.so", u"Old", u""});
-    EXPECT_THROW(kvex::writeClassRegistration({firstClass, "relative.so", u"New", u""}),
-                 kvex::Error);
-    EXPECT_THROW(kvex::writeClassRegistration({firstClass, "/opt/new.so", u"New\nLine", u""}),
-                 kvex::Error);
+    EXPECT_EQ(errorNumber([] {
+                  kvex::writeClassRegistration({firstClass, "relative.so", u"New", u""});
+              }),
+              kvex::error_number::invalidCall);
+    EXPECT_EQ(errorNumber([] {
+                  kvex::writeClassRegistration({firstClass, "/opt/new.so", u"New\nLine", u""});
+              }),
+              kvex::error_number::invalidCall);
     EXPECT_EQ(findClassRegistration(firstClass)->server, "/opt/old.so");
 
     kvex::removeClassRegistration(firstClass);

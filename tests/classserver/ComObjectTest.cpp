@@ -2,6 +2,7 @@
 #include "adapters/classserver/server/Guard.h"
 #include "platform/Error.h"
 #include "tests/classserver/TestServer.h"
+#include "tests/support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -73,7 +74,8 @@ TEST(ComObject, KeepsItsModuleInUseWhileItIsAlive) {
     EXPECT_TRUE(isInUse());
     object.reset();
     EXPECT_FALSE(isInUse());
-    EXPECT_THROW(object = kvex::makeComObject<Both>(true), kvex::Error);
+    EXPECT_EQ(kvex::test::errorNumber([&] { object = kvex::makeComObject<Both>(true); }),
+              kvex::error_number::cannotCreateObject);
     EXPECT_FALSE(isInUse());
 }
 

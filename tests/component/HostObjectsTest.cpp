@@ -7,7 +7,7 @@
 #include "platform/Error.h"
 #include "platform/HostSuite.h"
 #include "platform/Text.h"
-#include "tests/platform/Raises.h"
+#include "tests/support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -157,8 +157,8 @@ private:
 };
 
 TEST_F(HostObjects, ThatNobodyOffersCannotBeCreated) {
-    EXPECT_EQ(raisedBy(createHostUtility), error_number::cannotCreateObject);
-    EXPECT_EQ(raisedBy(createHostAddressBook), error_number::cannotCreateObject);
+    EXPECT_EQ(errorNumber(createHostUtility), error_number::cannotCreateObject);
+    EXPECT_EQ(errorNumber(createHostAddressBook), error_number::cannotCreateObject);
 }
 
 TEST_F(HostObjects, TheUtilityObjectGetsEveryArgument) {
@@ -183,19 +183,20 @@ TEST_F(HostObjects, AFailureOfTheUtilityObjectIsAnAutomationErrorAndReferencesGo
     const auto object = utility();
     host().result = E_FAIL;
     std::u16string logFile = u"LOG";
-    EXPECT_EQ(raisedBy([&] { return object->connectionString(); }), error_number::automationError);
-    EXPECT_EQ(raisedBy([&] { return object->secondText(); }), error_number::automationError);
-    EXPECT_EQ(raisedBy([&] {
+    EXPECT_EQ(errorNumber([&] { return object->connectionString(); }),
+              error_number::automationError);
+    EXPECT_EQ(errorNumber([&] { return object->secondText(); }), error_number::automationError);
+    EXPECT_EQ(errorNumber([&] {
                   object->writeErrorLog(logFile, Error(13), u"TEXT", 0, -1);
                   return 0;
               }),
               error_number::automationError);
-    EXPECT_EQ(raisedBy([&] {
+    EXPECT_EQ(errorNumber([&] {
                   object->reportMessage(logFile, u"TEXT", true, true);
                   return 0;
               }),
               error_number::automationError);
-    EXPECT_EQ(raisedBy([&] { return object->showMessageBox(u"TEXT", 48); }),
+    EXPECT_EQ(errorNumber([&] { return object->showMessageBox(u"TEXT", 48); }),
               error_number::automationError);
     EXPECT_EQ(logFile, u"LOG++");
 }
@@ -220,13 +221,14 @@ TEST_F(HostObjects, AFailureOfTheAddressBookIsAnAutomationErrorAndReferencesGoBa
     host().result = E_FAIL;
     std::u16string second = u"SECOND";
     std::u16string logFile = u"LOG";
-    EXPECT_EQ(raisedBy([&] { return object->init(u"", u"DATABASE", 1, second, logFile); }),
+    EXPECT_EQ(errorNumber([&] { return object->init(u"", u"DATABASE", 1, second, logFile); }),
               error_number::automationError);
     EXPECT_EQ(second + logFile, u"SECOND+LOG+");
-    EXPECT_EQ(raisedBy([&] { return object->selectRecipients(7, true); }),
+    EXPECT_EQ(errorNumber([&] { return object->selectRecipients(7, true); }),
               error_number::automationError);
-    EXPECT_EQ(raisedBy([&] { return object->selectedItems(); }), error_number::automationError);
-    EXPECT_EQ(raisedBy([&] { return object->selectedNumbers(); }), error_number::automationError);
+    EXPECT_EQ(errorNumber([&] { return object->selectedItems(); }), error_number::automationError);
+    EXPECT_EQ(errorNumber([&] { return object->selectedNumbers(); }),
+              error_number::automationError);
 }
 
 TEST_F(HostObjects, ACollectionIsReadOnlyWhereItIsAsked) {
@@ -239,7 +241,7 @@ TEST_F(HostObjects, ACollectionIsReadOnlyWhereItIsAsked) {
     EXPECT_EQ(numbers->item(1), u"");
     EXPECT_EQ(numbers->item(2), u"98");
     host().itemResult = E_INVALIDARG;
-    EXPECT_EQ(raisedBy([&] { return numbers->item(2); }), error_number::automationError);
+    EXPECT_EQ(errorNumber([&] { return numbers->item(2); }), error_number::automationError);
     numbers.reset();
     items.reset();
     EXPECT_EQ(host().calls, (Calls{"Numbers.GetCount", "Numbers.GetItem 1", "Numbers.GetItem 2",

@@ -1,4 +1,5 @@
 #include "tests/editors/Editor.h"
+#include "tests/windows/EditorRows.h"
 
 #include "host/suite/SuiteState.h"
 #include "host/suite/UtilityObject.h"
@@ -158,13 +159,13 @@ std::u16string typedName(User &editor) {
 }
 
 void completeRule(User &editor) {
-    editor.tickRow(u"lvwRuleConditions", 6);
-    editor.tickRow(u"lvwRuleActions", 5);
+    editor.tickRow(conditions, row::forAllMessages);
+    editor.tickRow(actions, row::noMoreRules);
 }
 
 void setWord(User &editor, const std::u16string &word) {
-    editor.tickRow(u"lvwRuleConditions", 6);
-    editor.tickRow(u"lvwRuleConditions", 4);
+    editor.tickRow(conditions, row::forAllMessages);
+    editor.tickRow(conditions, row::containsWords);
     ruleState().strWords = word;
 }
 

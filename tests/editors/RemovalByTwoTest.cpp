@@ -1,5 +1,6 @@
 // One user removes a rule that another one changes.
 #include "tests/editors/Editors.h"
+#include "tests/windows/EditorRows.h"
 
 #include <algorithm>
 
@@ -99,7 +100,7 @@ TEST_P(Editors, ARuleOfTheLongestTextsIsRemoved) {
         completeRule(user);
         rename(user, u"Long");
         setWord(user, std::u16string(4900, u'ä'));
-        user.tickRow(u"lvwRuleActions", 2);
+        user.tickRow(actions, row::reply);
         ruleState().strReplyText = std::u16string(2400, u'\u20AC');
         user.click(u"cmdOK");
         EXPECT_FALSE(user.isOpen());

@@ -1,5 +1,6 @@
 // How often each step asks the database; each time costs a round trip to the server.
 #include "tests/editors/Editors.h"
+#include "tests/windows/EditorRows.h"
 
 namespace kvex::test {
 
@@ -30,7 +31,7 @@ TEST_P(Editors, AChangedRuleIsWrittenOnceAndReadOnce) {
     mine.inEditor(id, [this](User &user) {
         rename(user, u"Mine");
         setWord(user, u"STOP");
-        user.tickRow(u"lvwRuleActions", 4);
+        user.tickRow(actions, row::deleteIt);
         static_cast<void>(watched.takeCalls());
         user.click(u"cmdOK");
         EXPECT_EQ(watched.takeCalls(), (DriverCalls{.queries = 1, .executes = 1}));

@@ -2,6 +2,7 @@
 #include "host/suite/Schema.h"
 #include "platform/Error.h"
 #include "tests/recordset/ScriptedSession.h"
+#include "tests/support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -78,15 +79,10 @@ TEST_F(Schema, OnlyTheTablesThatAreMissingAreMade) {
 
 TEST_F(Schema, ATableOfAnotherProgramIsNamedWithTheColumnThatItLacks) {
     addTable(u"SMS_USERS", {u"ID", u"DELETED"});
-    try {
-        createSchema(session().connection());
-        FAIL() << "it was made";
-    } catch (const Error &error) {
-        EXPECT_EQ(error.number(), error_number::itemNotFound);
-        EXPECT_EQ(error.description(),
-                  u"The database's table SMS_USERS has no column NAME, so it is another program's: "
-                  u"nothing was changed, name another database.");
-    }
+    expectError(error_number::itemNotFound,
+                u"The database's table SMS_USERS has no column NAME, so it is another program's: "
+                u"nothing was changed, name another database.",
+                [&] { createSchema(session().connection()); });
     EXPECT_EQ(script().sent, Sent{});
 }
 

@@ -2,8 +2,8 @@
 #include "tests/databases/SqliteSchema.h"
 #include "platform/Text.h"
 #include "tests/databases/SqliteFixture.h"
-#include "tests/recordset/ErrorNumber.h"
 #include "tests/recordset/SqliteSession.h"
+#include "tests/support/RaisedError.h"
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>

@@ -2,7 +2,7 @@
 #include "adapters/odbc/ConnectionText.h"
 
 #include "platform/Text.h"
-#include "tests/recordset/ErrorNumber.h"
+#include "tests/support/RaisedError.h"
 
 #include <gmock/gmock.h>
 

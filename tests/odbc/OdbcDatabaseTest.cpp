@@ -12,10 +12,10 @@
 #include "tests/servers/MariaDbServer.h"
 #include "tests/servers/PostgreSqlServer.h"
 #include "tests/servers/TcpRelay.h"
+#include "tests/support/RaisedError.h"
 
 #include <gmock/gmock.h>
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -27,15 +27,6 @@ namespace {
 namespace refusal = odbc::refusal;
 using testing::HasSubstr;
 using testing::Not;
-
-std::optional<Error> errorOf(const std::function<void()> &call) {
-    try {
-        call();
-    } catch (const Error &error) {
-        return error;
-    }
-    return std::nullopt;
-}
 
 class OdbcDatabase : public testing::TestWithParam<DatabaseKind> {
 protected:
@@ -119,7 +110,7 @@ TEST_P(OdbcDatabase, RowsWithSeveralLongTextsAreReadWhole) {
 
 TEST_P(OdbcDatabase, AStatementThatMakesATableGivesNoRowsAndIsNotRun) {
     recordset::ClientRecordset records;
-    const auto error = errorOf([&] {
+    const auto error = raisedBy([&] {
         static_cast<Recordset &>(records).open(u"CREATE TABLE made (ID INTEGER)", connection);
     });
     ASSERT_TRUE(error);
@@ -134,7 +125,7 @@ TEST_P(OdbcDatabase, ATextTooLongForItsColumnIsRefusedAndNothingIsCut) {
     rules.open(u"SELECT * FROM SMS_RULES", connection, CursorType::dynamic, LockType::optimistic);
     const std::u16string text(300, u'x');
     rules.setField(u"Name", text);
-    const auto error = errorOf([&] { rules.update(); });
+    const auto error = raisedBy([&] { rules.update(); });
     if (error) {
         EXPECT_EQ(error->number(), refusal::tooLong);
         EXPECT_EQ(database->valueOf(u"SELECT Name FROM SMS_RULES"), u"rule");
@@ -176,7 +167,7 @@ TEST_P(OdbcDatabase, DecimalsAreIntegersWhereTheyAreWhole) {
 
 TEST_P(OdbcDatabase, AnEmptyStatementIsNone) {
     recordset::ClientRecordset records;
-    const auto error = errorOf([&] { static_cast<Recordset &>(records).open(u" ", connection); });
+    const auto error = raisedBy([&] { static_cast<Recordset &>(records).open(u" ", connection); });
     ASSERT_TRUE(error);
     EXPECT_EQ(error->number(), error_number::badArgument);
 }
@@ -191,7 +182,7 @@ protected:
     ~OdbcServer() override { server.dropDatabase("odbc"); }
 
     static std::optional<Error> refused(const std::string &text) {
-        return errorOf([&] {
+        return raisedBy([&] {
             recordset::ClientConnection client({odbc::provider()});
             static_cast<Connection &>(client).open(fromUtf8(text));
         });
@@ -245,7 +236,7 @@ TYPED_TEST(OdbcServer, AConnectionThatBreaksIsLostForEveryLaterCall) {
     for (int call = 0; call < 2; ++call) {
         recordset::ClientRecordset records;
         const auto error =
-            errorOf([&] { static_cast<Recordset &>(records).open(u"SELECT 1", connection); });
+            raisedBy([&] { static_cast<Recordset &>(records).open(u"SELECT 1", connection); });
         ASSERT_TRUE(error);
         EXPECT_EQ(error->number(), recordset::connectionLost) << error->what();
     }
@@ -351,15 +342,15 @@ TEST(OdbcMariaDb, ASilentServerEndsACall) {
     relay.cut();
     recordset::ClientRecordset records;
     const auto error =
-        errorOf([&] { static_cast<Recordset &>(records).open(u"SELECT 1", connection); });
+        raisedBy([&] { static_cast<Recordset &>(records).open(u"SELECT 1", connection); });
     ASSERT_TRUE(error);
     EXPECT_EQ(error->number(), recordset::connectionLost) << error->what();
 }
 
 TEST(OdbcDriverManager, ADriverThatIsNotInstalledIsSaidByItsName) {
     recordset::ClientConnection client({odbc::provider()});
-    const auto error =
-        errorOf([&] { static_cast<Connection &>(client).open(u"Driver={Unheard Of};PWD=hidden"); });
+    const auto error = raisedBy(
+        [&] { static_cast<Connection &>(client).open(u"Driver={Unheard Of};PWD=hidden"); });
     ASSERT_TRUE(error);
     EXPECT_EQ(error->number(), refusal::noConnection);
     EXPECT_THAT(std::string(error->what()), HasSubstr("Unheard Of"));

@@ -1,5 +1,5 @@
 #include "platform/Text.h"
-#include "tests/platform/Raises.h"
+#include "tests/support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -9,6 +9,7 @@
 namespace {
 
 using namespace kvex;
+using kvex::test::errorNumber;
 
 std::string shown(std::u16string_view text) {
     return '"' + toUtf8(text) + '"';
@@ -55,11 +56,11 @@ TEST(ToInt32, RoundsHalfToEven) {
 
 TEST(ToInt32, FailsWithTypeMismatchForWhatIsNoNumber) {
     for (const std::u16string_view text : {u"", u" ", u"x", u"1x", u"1;2", u"0x1", u"1\t"}) {
-        EXPECT_EQ(raisedBy([&] { return toInt32(text); }), error_number::typeMismatch)
+        EXPECT_EQ(errorNumber([&] { return toInt32(text); }), error_number::typeMismatch)
             << shown(text);
-        EXPECT_EQ(raisedBy([&] { return toInt16(text); }), error_number::typeMismatch)
+        EXPECT_EQ(errorNumber([&] { return toInt16(text); }), error_number::typeMismatch)
             << shown(text);
-        EXPECT_EQ(raisedBy([&] { return toDouble(text); }), error_number::typeMismatch)
+        EXPECT_EQ(errorNumber([&] { return toDouble(text); }), error_number::typeMismatch)
             << shown(text);
     }
 }
@@ -71,11 +72,12 @@ TEST(ToInt32, HoldsItsWholeRangeAndOverflowsBeyond) {
     EXPECT_EQ(toInt32(u"-2147483648.5"), std::numeric_limits<std::int32_t>::min());
     for (const std::u16string_view text : {u"2147483647.5", u"2147483648", u"-2147483649", u"1e10",
                                            u"99999999999999999999", u"1e999", u"-1e999"}) {
-        EXPECT_EQ(raisedBy([&] { return toInt32(text); }), error_number::overflow) << shown(text);
+        EXPECT_EQ(errorNumber([&] { return toInt32(text); }), error_number::overflow)
+            << shown(text);
     }
-    EXPECT_EQ(raisedBy([] { return toInt32(std::numeric_limits<double>::quiet_NaN()); }),
+    EXPECT_EQ(errorNumber([] { return toInt32(std::numeric_limits<double>::quiet_NaN()); }),
               error_number::overflow);
-    EXPECT_EQ(raisedBy([] { return toInt32(std::numeric_limits<double>::infinity()); }),
+    EXPECT_EQ(errorNumber([] { return toInt32(std::numeric_limits<double>::infinity()); }),
               error_number::overflow);
 }
 
@@ -85,7 +87,8 @@ TEST(ToInt16, HoldsItsWholeRangeAndOverflowsBeyond) {
     EXPECT_EQ(toInt16(u"-32768.5"), -32768);
     EXPECT_EQ(toInt16(2.5), 2);
     for (const std::u16string_view text : {u"32768", u"32767.5", u"-32769", u"1e5"}) {
-        EXPECT_EQ(raisedBy([&] { return toInt16(text); }), error_number::overflow) << shown(text);
+        EXPECT_EQ(errorNumber([&] { return toInt16(text); }), error_number::overflow)
+            << shown(text);
     }
 }
 
@@ -107,7 +110,8 @@ TEST(ToDouble, ANumberTooFarFromZeroOverflows) {
          {std::u16string(u"1e400"), std::u16string(u"-1e400"),
           std::u16string(u"1e99999999999999999999"), std::u16string(u"10e9223372036854775807"),
           u"1" + zeros, u"1" + manyZeros + u"e-10", u"0." + zeros + u"1e800"}) {
-        EXPECT_EQ(raisedBy([&] { return toDouble(text); }), error_number::overflow) << shown(text);
+        EXPECT_EQ(errorNumber([&] { return toDouble(text); }), error_number::overflow)
+            << shown(text);
     }
 }
 

@@ -1,6 +1,6 @@
 #include "platform/Value.h"
 
-#include "tests/platform/Raises.h"
+#include "tests/support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -9,6 +9,7 @@
 namespace {
 
 using namespace kvex;
+using kvex::test::errorNumber;
 
 ValueView null() {
     return ValueView();
@@ -41,7 +42,7 @@ TEST(ValueView, EveryValueButNullHasAText) {
     EXPECT_EQ(real(1.5).text(), u"1.5");
     EXPECT_EQ(real(3).text(), u"3");
     EXPECT_EQ(text(u" a ").text(), u" a ");
-    EXPECT_EQ(raisedBy([] { return null().text(); }), error_number::invalidUseOfNull);
+    EXPECT_EQ(errorNumber([] { return null().text(); }), error_number::invalidUseOfNull);
 }
 
 TEST(ValueView, TextOrEmptyTakesWhatIsNoTextForEmpty) {
@@ -69,30 +70,30 @@ TEST(ValueView, NumbersConvertWithinTheRange) {
 TEST(ValueView, NumbersOutOfRangeOverflow) {
     for (const ValueView &value : {integer(2147483648), integer(-2147483649),
                                    integer(std::numeric_limits<std::int64_t>::max()), real(1e10)}) {
-        EXPECT_EQ(raisedBy([&] { return value.int32(); }), error_number::overflow);
+        EXPECT_EQ(errorNumber([&] { return value.int32(); }), error_number::overflow);
     }
     for (const ValueView &value : {real(9223372036854775808.0), real(-9223372036854777856.0)}) {
-        EXPECT_EQ(raisedBy([&] { return value.int64(); }), error_number::overflow);
+        EXPECT_EQ(errorNumber([&] { return value.int64(); }), error_number::overflow);
     }
     for (const ValueView &value : {integer(32768), integer(-32769), real(32767.5)}) {
-        EXPECT_EQ(raisedBy([&] { return value.int16(); }), error_number::overflow);
+        EXPECT_EQ(errorNumber([&] { return value.int16(); }), error_number::overflow);
     }
 }
 
 TEST(ValueView, TextConvertsAsANumberIsWritten) {
     EXPECT_EQ(text(u"3000000000").int64(), 3000000000);
-    EXPECT_EQ(raisedBy([] { return null().int64(); }), error_number::invalidUseOfNull);
+    EXPECT_EQ(errorNumber([] { return null().int64(); }), error_number::invalidUseOfNull);
     EXPECT_EQ(text(u" 12 ").int32(), 12);
     EXPECT_EQ(text(u"2.5").int16(), 2);
-    EXPECT_EQ(raisedBy([] { return text(u"").int32(); }), error_number::typeMismatch);
-    EXPECT_EQ(raisedBy([] { return text(u"x").int16(); }), error_number::typeMismatch);
-    EXPECT_EQ(raisedBy([] { return text(u"2147483648").int32(); }), error_number::overflow);
-    EXPECT_EQ(raisedBy([] { return text(u"32768").int16(); }), error_number::overflow);
+    EXPECT_EQ(errorNumber([] { return text(u"").int32(); }), error_number::typeMismatch);
+    EXPECT_EQ(errorNumber([] { return text(u"x").int16(); }), error_number::typeMismatch);
+    EXPECT_EQ(errorNumber([] { return text(u"2147483648").int32(); }), error_number::overflow);
+    EXPECT_EQ(errorNumber([] { return text(u"32768").int16(); }), error_number::overflow);
 }
 
 TEST(ValueView, NullIsNoNumber) {
-    EXPECT_EQ(raisedBy([] { return null().int32(); }), error_number::invalidUseOfNull);
-    EXPECT_EQ(raisedBy([] { return null().int16(); }), error_number::invalidUseOfNull);
+    EXPECT_EQ(errorNumber([] { return null().int32(); }), error_number::invalidUseOfNull);
+    EXPECT_EQ(errorNumber([] { return null().int16(); }), error_number::invalidUseOfNull);
 }
 
 } // namespace

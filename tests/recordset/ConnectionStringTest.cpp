@@ -1,7 +1,7 @@
 // Reading connection strings.
 #include "adapters/recordset/ConnectionString.h"
 #include "platform/Error.h"
-#include "tests/recordset/ErrorNumber.h"
+#include "tests/support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -141,15 +141,10 @@ TEST(ConnectionString, AnUnreadableTextFailsWithItsPlaceAndReasonAndWithoutRepea
                  {u"UID=u;=hidden", u"7", noPair},
                  {u"UID=u;  =hidden", u"9", noPair}};
     for (const auto &one : cases) {
-        try {
-            const ConnectionString read(one.text);
-            FAIL() << "it was read";
-        } catch (const Error &error) {
-            EXPECT_EQ(error.number(), error_number::badArgument);
-            EXPECT_EQ(error.description(), u"The connection string cannot be read at character " +
-                                               std::u16string(one.place) + u": " + one.reason +
-                                               u".");
-        }
+        expectError(error_number::badArgument,
+                    u"The connection string cannot be read at character " +
+                        std::u16string(one.place) + u": " + one.reason + u".",
+                    [&] { return ConnectionString(one.text); });
     }
 }
 

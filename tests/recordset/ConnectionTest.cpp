@@ -2,7 +2,7 @@
 #include "adapters/recordset/ClientConnection.h"
 #include "adapters/recordset/ClientRecordset.h"
 #include "platform/Error.h"
-#include "tests/recordset/ErrorNumber.h"
+#include "tests/support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -102,15 +102,10 @@ TEST(Connection, AnUnknownStringFailsWithTheKnownFormsAndWithoutItsPassword) {
     for (const std::u16string_view text :
          {u"Driver={Some Server};Server=h;UID=u;PWD=hidden", u"DSN=rules;PWD=hidden",
           u"Provider=MSDASQL;DSN=rules;Password=hidden", u"Provider=Unheard;PWD=hidden"}) {
-        try {
-            connection.open(text);
-            FAIL() << "it opened";
-        } catch (const Error &error) {
-            EXPECT_EQ(error.number(), error_number::badArgument);
-            EXPECT_EQ(error.description(),
-                      u"The connection string names no database that this program can open; write "
-                      u"it as FORM ONE, or FORM TWO.");
-        }
+        expectError(error_number::badArgument,
+                    u"The connection string names no database that this program can open; write "
+                    u"it as FORM ONE, or FORM TWO.",
+                    [&] { connection.open(text); });
     }
 }
 

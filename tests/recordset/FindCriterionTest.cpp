@@ -1,6 +1,7 @@
 // Reading search criteria.
 #include "adapters/recordset/FindCriterion.h"
 #include "platform/Error.h"
+#include "tests/support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -98,16 +99,11 @@ TEST(FindCriterion, WhatCannotBeReadIsRefusedWithTheFormThatCan) {
                                            u"Name = '''",
                                            u"Name = \"a\"",
                                            u"Name = #a#"}) {
-        try {
-            const FindCriterion read(text);
-            ADD_FAILURE() << "it was read: " << Error(1, std::u16string(text)).what();
-        } catch (const Error &error) {
-            EXPECT_EQ(error.number(), error_number::badArgument);
-            EXPECT_EQ(error.description(),
-                      u"The search criterion " + std::u16string(text) +
-                          u" cannot be read: write COLUMN = number, or COLUMN = 'text' with no "
-                          u"apostrophe inside the text.");
-        }
+        expectError(error_number::badArgument,
+                    u"The search criterion " + std::u16string(text) +
+                        u" cannot be read: write COLUMN = number, or COLUMN = 'text' with no "
+                        u"apostrophe inside the text.",
+                    [&] { return FindCriterion(text); });
     }
 }
 

@@ -123,13 +123,8 @@ TEST_P(RecordsetConformance, AResyncMovesTheNumberThatIsSearched) {
 
 TEST_P(RecordsetConformance, AnUnknownColumnIsNamed) {
     const auto rules = openRules();
-    try {
-        rules->setField(u"TITLE", u"x");
-        FAIL() << "it was set";
-    } catch (const Error &error) {
-        EXPECT_EQ(error.number(), error_number::itemNotFound);
-        EXPECT_EQ(error.description(), u"The query has no column TITLE.");
-    }
+    expectError(error_number::itemNotFound, u"The query has no column TITLE.",
+                [&] { rules->setField(u"TITLE", u"x"); });
 }
 
 } // namespace kvex::test

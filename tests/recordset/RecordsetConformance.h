@@ -6,7 +6,7 @@
 #include "platform/Error.h"
 #include "platform/Text.h"
 #include "tests/databases/DatabaseFixture.h"
-#include "tests/recordset/ErrorNumber.h"
+#include "tests/support/RaisedError.h"
 
 #include <gtest/gtest.h>
 

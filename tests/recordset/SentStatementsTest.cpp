@@ -1,7 +1,7 @@
 // What a record set sends to its database, and what it says when the database refuses.
 #include "adapters/recordset/Transaction.h"
-#include "tests/recordset/ErrorNumber.h"
 #include "tests/recordset/ScriptedSession.h"
+#include "tests/support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -32,26 +32,15 @@ private:
     ScriptedSession session_;
 };
 
-Error errorOf(const std::function<void()> &call) {
-    try {
-        call();
-    } catch (const Error &error) {
-        return error;
-    }
-    return Error(0, u"no error");
-}
-
 void expectRefusal(const std::function<void()> &call, const std::u16string &description) {
-    const Error error = errorOf(call);
+    const Error error = raisedBy(call).value();
     EXPECT_EQ(error.number(), refused);
     EXPECT_EQ(error.description(), description);
     EXPECT_EQ(error.source(), u"The database");
 }
 
 void expectBadArgument(const std::function<void()> &call, const std::u16string &description) {
-    const Error error = errorOf(call);
-    EXPECT_EQ(error.number(), error_number::badArgument);
-    EXPECT_EQ(error.description(), description);
+    expectError(error_number::badArgument, description, call);
 }
 
 } // namespace
@@ -188,17 +177,16 @@ TEST_F(SentStatements, AfterABrokenConnectionItIsSaidThatTheOutcomeIsNotKnown) {
     rows->update();
     refuse(recordset::connectionLost);
     rows->setField(u"A", u"newer");
-    const Error error = errorOf([&] { rows->update(); });
-    EXPECT_EQ(error.number(), recordset::connectionLost);
-    EXPECT_EQ(error.description(),
-              u"The change of record ID 3 was not stored, as far as is known. The reason.");
+    expectError(recordset::connectionLost,
+                u"The change of record ID 3 was not stored, as far as is known. The reason.",
+                [&] { rows->update(); });
 }
 
 TEST_F(SentStatements, AnErrorThatIsNotTheDatabasesStaysAsItIs) {
     const auto rows = session().records();
     rows->setField(u"A", u"new");
     refuse(error_number::typeMismatch);
-    const Error error = errorOf([&] { rows->update(); });
+    const Error error = raisedBy([&] { rows->update(); }).value();
     EXPECT_EQ(error.number(), error_number::typeMismatch);
     EXPECT_EQ(error.description(), u"The reason.");
     EXPECT_EQ(error.source(), u"The database");
@@ -210,7 +198,7 @@ TEST_F(SentStatements, ARecordIsNamedByEveryPartOfItsKey) {
     script().rows = {{Null(), u"x", u"a"}};
     const auto rows = session().records();
     script().met = 0;
-    EXPECT_EQ(errorOf([&] { rows->deleteCurrent(); }).description(),
+    EXPECT_EQ(raisedBy([&] { rows->deleteCurrent(); }).value().description(),
               u"The removal of record ID Null, PART x was not stored. Another user changed or "
               u"removed it meanwhile: close the window and open it again to see what is stored "
               u"now.");

@@ -3,8 +3,8 @@
 #include "platform/Text.h"
 #include "tests/databases/SqliteFixture.h"
 #include "tests/databases/SqliteSchema.h"
-#include "tests/recordset/ErrorNumber.h"
 #include "tests/recordset/SqliteSession.h"
+#include "tests/support/RaisedError.h"
 
 #include <gtest/gtest.h>
 

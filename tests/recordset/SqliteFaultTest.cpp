@@ -234,13 +234,8 @@ TEST_F(SqliteFault, AFileThatWasMovedReplacedOrRemovedIsNotWrittenUntilItIsBack)
         u" was moved, replaced or removed since it was opened: put it back, or open the rules, or "
         u"run the command, again on the file that is there now.";
     const auto expectRefused = [&](const std::u16string &outcome, const auto &call) {
-        try {
-            call();
-            ADD_FAILURE() << "it was written";
-        } catch (const Error &error) {
-            EXPECT_EQ(error.number(), sqlite::errorBase + SQLITE_READONLY_DBMOVED);
-            EXPECT_EQ(error.description(), outcome + u" was not stored. " + why);
-        }
+        expectError(sqlite::errorBase + SQLITE_READONLY_DBMOVED,
+                    outcome + u" was not stored. " + why, call);
     };
     const auto rules = session.records();
     rules->setField(u"Name", u"mine");
@@ -291,13 +286,9 @@ TEST_F(SqliteFault, ARefusedValueIsAConstraintsAndSaysWhich) {
 TEST_F(SqliteFault, AStringWithoutADataSourceNamesNoDatabase) {
     for (const std::u16string_view text :
          {u"Provider=SQLite", u"Provider=SQLite;Data Source=", u""}) {
-        try {
-            SqliteSession session(text);
-            FAIL() << "it opened";
-        } catch (const Error &error) {
-            EXPECT_EQ(error.number(), error_number::badArgument);
-            EXPECT_NE(error.description().find(u"Data Source"), std::u16string::npos);
-        }
+        const auto error = raisedBy([&] { SqliteSession session(text); }).value();
+        EXPECT_EQ(error.number(), error_number::badArgument);
+        EXPECT_NE(error.description().find(u"Data Source"), std::u16string::npos);
     }
 }
 

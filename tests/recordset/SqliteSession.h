@@ -6,6 +6,7 @@
 #include "adapters/sqlite/Provider.h"
 #include "adapters/sqlite/SqliteError.h"
 #include "platform/Error.h"
+#include "tests/support/RaisedError.h"
 
 #include <memory>
 #include <string_view>
@@ -42,12 +43,9 @@ struct Refusal {
 };
 
 template <class Call> [[nodiscard]] Refusal refusalOf(Call call) {
-    try {
-        call();
-    } catch (const Error &error) {
-        return {(error.number() - sqlite::errorBase) & 0xFF, error.description()};
-    }
-    return {};
+    const auto error = raisedBy(call);
+    return error ? Refusal{(error->number() - sqlite::errorBase) & 0xFF, error->description()}
+                 : Refusal();
 }
 
 } // namespace kvex::test

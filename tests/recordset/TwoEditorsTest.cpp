@@ -2,20 +2,6 @@
 #include "tests/recordset/RecordsetConformance.h"
 
 namespace kvex::test {
-namespace {
-
-/// Of the error that `call` fails with; "" when it does not.
-template <class Call> std::u16string description(Call call) {
-    try {
-        call();
-    } catch (const Error &error) {
-        return error.description();
-    }
-    return {};
-}
-
-} // namespace
-
 TEST_P(RecordsetConformance, TheSecondOfTwoEditorsIsRefused) {
     insertRule(1, u"before");
     const auto otherConnection = openConnection();
@@ -204,11 +190,11 @@ TEST_P(RecordsetConformance, ARefusalSaysWhatWasNotStoredAndWhyAndWhatToDo) {
     const auto rules = openRules();
     database().run(u"DELETE FROM SMS_RULES");
     rules->setField(u"Name", u"mine");
-    EXPECT_EQ(description([&] { rules->update(); }),
+    EXPECT_EQ(raisedBy([&] { rules->update(); }).value().description(),
               u"The change of record ID 7 was not stored" + why);
-    EXPECT_EQ(description([&] { rules->deleteCurrent(); }),
+    EXPECT_EQ(raisedBy([&] { rules->deleteCurrent(); }).value().description(),
               u"The removal of record ID 7 was not stored" + why);
-    EXPECT_EQ(description([&] { rules->resyncCurrent(); }),
+    EXPECT_EQ(raisedBy([&] { rules->resyncCurrent(); }).value().description(),
               u"What was stored before stays stored, but record ID 7 could not be read again" +
                   why);
 }
@@ -218,8 +204,10 @@ TEST_P(RecordsetConformance, ARefusedNewRecordIsSaidToBeNotStored) {
     const auto rules = openRules();
     rules->addNew();
     rules->setField(u"ID", std::int64_t{1});
-    EXPECT_TRUE(
-        description([&] { rules->update(); }).starts_with(u"The new record was not stored. "));
+    EXPECT_TRUE(raisedBy([&] { rules->update(); })
+                    .value()
+                    .description()
+                    .starts_with(u"The new record was not stored. "));
 }
 
 } // namespace kvex::test

@@ -1,6 +1,7 @@
 #include "rules/InputHelpers.h"
 
 #include "tests/support/ComponentTest.h"
+#include "tests/support/RaisedError.h"
 
 namespace kvex::test {
 namespace {
@@ -51,12 +52,7 @@ TEST_F(InputHelpers, PaddingFillsToTheWidth) {
 }
 
 TEST_F(InputHelpers, ATextLongerThanTheWidthIsNotCut) {
-    try {
-        (void)PadLeft(u"1234", 3, u'0');
-        FAIL();
-    } catch (const Error &error) {
-        EXPECT_EQ(error.number(), error_number::invalidCall);
-    }
+    EXPECT_EQ(errorNumber([] { return PadLeft(u"1234", 3, u'0'); }), error_number::invalidCall);
 }
 
 TEST_F(InputHelpers, ClearingTheRuleKeepsTheCommandMarkAlone) {

@@ -2,6 +2,8 @@
 
 #include "platform/Error.h"
 #include "platform/Text.h"
+#include "tests/rules/ExampleRule.h"
+#include "tests/support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -16,12 +18,7 @@ RuleState readBack(std::u16string_view queryParam, std::u16string_view actionPar
 }
 
 std::int32_t readingError(std::u16string_view queryParam, std::u16string_view actionParam = u"") {
-    try {
-        (void)readBack(queryParam, actionParam);
-    } catch (const Error &error) {
-        return error.number();
-    }
-    return 0;
+    return test::errorNumber([&] { return readBack(queryParam, actionParam); });
 }
 
 constexpr std::u16string_view exampleQuery =
@@ -33,26 +30,8 @@ constexpr std::u16string_view exampleAction =
     u"<ALERT>New message;2;9811100033;9811100044</ALERT><DELETE>NO</DELETE>"
     u"<IGNOREFURTHERRULES>YES</IGNOREFURTHERRULES>";
 
-RuleState exampleRule() {
-    RuleState rule;
-    rule.strPeople = u"9811100011;9811100022";
-    rule.strWords = u"STOP;HALT";
-    rule.intWordsNot = 1;
-    rule.intWordsAll = 1;
-    rule.intAsCommand = 1;
-    rule.strDateTime = u"20240301 09:00:00,20240331 18:30:00";
-    rule.strDistribution = u"3;7";
-    rule.strReplyText = u"Received";
-    rule.strReplyAccount = u"2";
-    rule.strAlertText = u"New message";
-    rule.strAlertAccount = u"2";
-    rule.strAlertRecipients = u"9811100033;9811100044";
-    rule.strIgnoreFurtherRules = u"YES";
-    return rule;
-}
-
 TEST(ParameterStrings, ARuleForAllMessagesIsThatTagAlone) {
-    RuleState rule = exampleRule();
+    RuleState rule = test::exampleRule();
     rule.blnAllMessages = true;
     rule.strIgnoreIfService = u"YES";
     EXPECT_EQ(buildQueryParam(rule), u"<ALLMESSAGES>");
@@ -75,8 +54,8 @@ TEST(ParameterStrings, YesIsComparedWithItsCase) {
 }
 
 TEST(ParameterStrings, TheWholeExampleIsWrittenToTheCharacter) {
-    EXPECT_EQ(buildQueryParam(exampleRule()), exampleQuery);
-    EXPECT_EQ(buildActionParam(exampleRule()), exampleAction);
+    EXPECT_EQ(buildQueryParam(test::exampleRule()), exampleQuery);
+    EXPECT_EQ(buildActionParam(test::exampleRule()), exampleAction);
 }
 
 TEST(ParameterStrings, TheWholeExampleIsReadBack) {
@@ -290,7 +269,9 @@ TEST(ParameterStrings, AnOpeningTagWithoutItsClosingOneIsAnInvalidCall) {
 
 TEST(ParameterStrings, WhatWasReadBeforeAFailureStays) {
     RuleState rule;
-    EXPECT_THROW(readQueryParam(u"<PEOPLE><CON><ANY>1</PEOPLE><WORD>x", rule), Error);
+    EXPECT_EQ(
+        test::errorNumber([&] { readQueryParam(u"<PEOPLE><CON><ANY>1</PEOPLE><WORD>x", rule); }),
+        error_number::invalidCall);
     EXPECT_EQ(rule.strPeople, u"1");
 }
 

@@ -1,6 +1,7 @@
 #include "rules/RuleDescription.h"
 
 #include "rules/DescriptionLists.h"
+#include "tests/rules/ExampleRule.h"
 #include "tests/support/ComponentTest.h"
 
 namespace kvex::test {
@@ -54,17 +55,8 @@ TEST_F(RuleDescription, ARuleWithActionsAloneGoesStraightToThem) {
 }
 
 TEST_F(RuleDescription, TheWholeExampleReadsLineForLine) {
-    rule.strPeople = u"9811100011;9811100022";
-    rule.strWords = u"STOP;HALT";
-    rule.intWordsNot = rule.intWordsAll = rule.intAsCommand = 1;
-    rule.strDateTime = u"20240301 09:00:00,20240331 18:30:00";
-    rule.strDistribution = u"3;7";
-    rule.strReplyText = u"Received";
-    rule.strReplyAccount = u"2";
-    rule.strAlertText = u"New message";
-    rule.strAlertAccount = u"2";
-    rule.strAlertRecipients = u"9811100033;9811100044";
-    rule.strIgnoreFurtherRules = u"YES";
+    rule = exampleRule();
+    rule.intRuleActive = 1;
     EXPECT_EQ(described(),
               head +
                   u"\r\nIf the message is from 9811100011 or 9811100022"

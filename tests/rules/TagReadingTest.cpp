@@ -1,6 +1,7 @@
 // How tags, their contents and their flags are read: one row a case.
 #include "platform/Error.h"
 #include "rules/ParameterStrings.h"
+#include "tests/support/RaisedError.h"
 
 #include <gtest/gtest.h>
 
@@ -22,14 +23,8 @@ class TagContent : public testing::TestWithParam<Content> {};
 TEST_P(TagContent, IsWhatStandsBetweenFirstOpeningAndFirstClosing) {
     const auto &[name, text, expected, expectedError] = GetParam();
     RuleState rule;
-    std::int32_t error = 0;
-    try {
-        readQueryParam(text, rule);
-    } catch (const Error &raised) {
-        error = raised.number();
-    }
+    EXPECT_EQ(test::errorNumber([&, &read = text] { readQueryParam(read, rule); }), expectedError);
     EXPECT_EQ(rule.strDateTime, expected);
-    EXPECT_EQ(error, expectedError);
 }
 
 INSTANTIATE_TEST_SUITE_P(

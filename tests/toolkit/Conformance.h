@@ -14,6 +14,7 @@
 #include "platform/controls/OptionButton.h"
 #include "platform/controls/RichTextBox.h"
 #include "platform/controls/TextBox.h"
+#include "tests/support/RaisedError.h"
 
 #include <gtest/gtest.h>
 

@@ -204,7 +204,7 @@ TEST_P(ToolkitConformance, ACheckBoxTakesNoValueButZeroAndOne) {
     auto &tested = shown->get<CheckBox>(u"chk");
     tested.setValue(1);
     for (const std::int16_t value : {std::int16_t{-1}, std::int16_t{2}, std::int16_t{32767}}) {
-        EXPECT_EQ(errorOf([&] { tested.setValue(value); }), error_number::invalidPropertyValue);
+        EXPECT_EQ(errorNumber([&] { tested.setValue(value); }), error_number::invalidPropertyValue);
         EXPECT_EQ(tested.value(), 1);
     }
 }

@@ -62,9 +62,9 @@ TEST_P(ToolkitConformance, SetFocusFailsOnAControlThatIsDisabledOrNotVisible) {
     const auto shown = window({control(text, u"txt"), disabled(control(text, u"txtOff")),
                                hidden(control(text, u"txtGone"))});
     const auto check = [&] {
-        EXPECT_EQ(errorOf([&] { shown->get<TextBox>(u"txtOff").setFocus(); }),
+        EXPECT_EQ(errorNumber([&] { shown->get<TextBox>(u"txtOff").setFocus(); }),
                   error_number::invalidCall);
-        EXPECT_EQ(errorOf([&] { shown->get<TextBox>(u"txtGone").setFocus(); }),
+        EXPECT_EQ(errorNumber([&] { shown->get<TextBox>(u"txtGone").setFocus(); }),
                   error_number::invalidCall);
     };
     check();

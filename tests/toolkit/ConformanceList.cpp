@@ -62,7 +62,7 @@ TEST_P(ToolkitConformance, ListFindsARowByItsKey) {
     EXPECT_EQ(view.key(2), u"RU4");
     view.removeRow(1);
     EXPECT_EQ(view.rowOfKey(u"RU4"), 1);
-    EXPECT_EQ(errorOf([&] { static_cast<void>(view.rowOfKey(u"RU17")); }),
+    EXPECT_EQ(errorNumber([&] { static_cast<void>(view.rowOfKey(u"RU17")); }),
               error_number::elementNotFound);
 }
 
@@ -70,7 +70,7 @@ TEST_P(ToolkitConformance, ListFailsToFindAKeyThatNoRowHas) {
     const auto shown = window({list()});
     auto &view = filled(*shown, {u"no key"});
     for (const auto *key : {u"RU1", u"", u"no key"}) {
-        EXPECT_EQ(errorOf([&] { static_cast<void>(view.rowOfKey(key)); }),
+        EXPECT_EQ(errorNumber([&] { static_cast<void>(view.rowOfKey(key)); }),
                   error_number::elementNotFound);
     }
 }
@@ -79,7 +79,7 @@ TEST_P(ToolkitConformance, ListRefusesAKeyTwiceAndAddsNoRow) {
     const auto shown = window({list()});
     auto &view = filled(*shown, {});
     view.addRow(u"a", u"AC1");
-    EXPECT_EQ(errorOf([&] { view.addRow(u"b", u"AC1"); }), error_number::keyNotUnique);
+    EXPECT_EQ(errorNumber([&] { view.addRow(u"b", u"AC1"); }), error_number::keyNotUnique);
     EXPECT_EQ(texts(view), Texts{u"a"});
     view.removeRow(1);
     EXPECT_EQ(view.addRow(u"b", u"AC1"), 1);
@@ -107,7 +107,7 @@ TEST_P(ToolkitConformance, ListRefusesAPositionThatIsNoRows) {
             [&] { view.removeRow(row); },
         };
         for (std::size_t call = 0; call < calls.size(); ++call) {
-            EXPECT_EQ(errorOf(calls[call]), error_number::indexOutOfBounds)
+            EXPECT_EQ(errorNumber(calls[call]), error_number::indexOutOfBounds)
                 << "call " << call << " row " << row;
         }
     }
@@ -133,9 +133,9 @@ TEST_P(ToolkitConformance, ListRefusesASubItemWithoutAColumn) {
     const auto shown = window({list()});
     auto &view = filled(*shown, {u"a"});
     for (const int index : {0, 2, -1}) {
-        EXPECT_EQ(errorOf([&] { static_cast<void>(view.subItem(1, index)); }),
+        EXPECT_EQ(errorNumber([&] { static_cast<void>(view.subItem(1, index)); }),
                   error_number::invalidPropertyValue);
-        EXPECT_EQ(errorOf([&] { view.setSubItem(1, index, u"x"); }),
+        EXPECT_EQ(errorNumber([&] { view.setSubItem(1, index, u"x"); }),
                   error_number::invalidPropertyValue);
     }
 }
@@ -166,8 +166,8 @@ TEST_P(ToolkitConformance, ListColumnsTakePicturesOfTheImageList) {
         view.setColumnIcon(1, 1);
         view.setColumnIcon(1, 0);
     });
-    EXPECT_EQ(errorOf([&] { view.setColumnIcon(3, 1); }), error_number::indexOutOfBounds);
-    EXPECT_EQ(errorOf([&] { view.setColumnIcon(0, 1); }), error_number::indexOutOfBounds);
+    EXPECT_EQ(errorNumber([&] { view.setColumnIcon(3, 1); }), error_number::indexOutOfBounds);
+    EXPECT_EQ(errorNumber([&] { view.setColumnIcon(0, 1); }), error_number::indexOutOfBounds);
 }
 
 TEST_P(ToolkitConformance, ListRowsKeepTheirTicksAndColours) {

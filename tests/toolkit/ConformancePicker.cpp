@@ -107,7 +107,7 @@ TEST_P(ToolkitConformance, PickerRefusesADateThatDoesNotExistOrIsOutOfRange) {
           Date{2004, 1, 0}, Date{2004, 1, 32}, Date{2004, 4, 31}, Date{2003, 2, 29},
           Date{1900, 2, 29}, Date{3000, 2, 29}, Date{2004, 2, 30}, Date{2004, -1, 1},
           Date{2004, 1, -1}, Date{-1, 1, 1}, Date{2004, 257, 1}, Date{67540, 1, 1}}) {
-        EXPECT_EQ(errorOf([&] { picker.setDate(date[0], date[1], date[2]); }),
+        EXPECT_EQ(errorNumber([&] { picker.setDate(date[0], date[1], date[2]); }),
                   error_number::invalidPropertyValue)
             << date[0] << '-' << date[1] << '-' << date[2];
         EXPECT_EQ(dateOf(picker), (Date{2004, 5, 14}));
@@ -119,13 +119,13 @@ TEST_P(ToolkitConformance, PickerRefusesATimeThatDoesNotExist) {
     auto &picker = shown->get<DTPicker>(u"dtpTime");
     for (const Time time : {Time{24, 0, 0}, Time{-1, 0, 0}, Time{0, 60, 0}, Time{0, -1, 0},
                             Time{0, 0, 60}, Time{0, 0, -1}}) {
-        EXPECT_EQ(errorOf([&] { picker.setTime(time[0], time[1], time[2]); }),
+        EXPECT_EQ(errorNumber([&] { picker.setTime(time[0], time[1], time[2]); }),
                   error_number::invalidPropertyValue);
     }
-    EXPECT_EQ(errorOf([&] { picker.setHour(24); }), error_number::invalidPropertyValue);
-    EXPECT_EQ(errorOf([&] { picker.setMinute(60); }), error_number::invalidPropertyValue);
-    EXPECT_EQ(errorOf([&] { picker.setSecond(60); }), error_number::invalidPropertyValue);
-    EXPECT_EQ(errorOf([&] { picker.setSecond(-1); }), error_number::invalidPropertyValue);
+    EXPECT_EQ(errorNumber([&] { picker.setHour(24); }), error_number::invalidPropertyValue);
+    EXPECT_EQ(errorNumber([&] { picker.setMinute(60); }), error_number::invalidPropertyValue);
+    EXPECT_EQ(errorNumber([&] { picker.setSecond(60); }), error_number::invalidPropertyValue);
+    EXPECT_EQ(errorNumber([&] { picker.setSecond(-1); }), error_number::invalidPropertyValue);
     EXPECT_EQ(timeOf(picker), (Time{23, 59, 58}));
 }
 
@@ -164,17 +164,17 @@ TEST_P(ToolkitConformance, PickerRefusesAPartOutOfRangeAndChangesNothing) {
     auto &picker = shown->get<DTPicker>(u"dtp");
     picker.setDate(2003, 2, 28);
     for (const int year : {1899, 3001, 0, -1}) {
-        EXPECT_EQ(errorOf([&] { picker.setYear(year); }), error_number::invalidPropertyValue);
+        EXPECT_EQ(errorNumber([&] { picker.setYear(year); }), error_number::invalidPropertyValue);
     }
     for (const int month : {0, 13, -1}) {
-        EXPECT_EQ(errorOf([&] { picker.setMonth(month); }), error_number::invalidPropertyValue);
+        EXPECT_EQ(errorNumber([&] { picker.setMonth(month); }), error_number::invalidPropertyValue);
     }
     for (const int day : {0, 29, 32, -1}) {
-        EXPECT_EQ(errorOf([&] { picker.setDay(day); }), error_number::invalidPropertyValue);
+        EXPECT_EQ(errorNumber([&] { picker.setDay(day); }), error_number::invalidPropertyValue);
     }
     EXPECT_EQ(dateOf(picker), (Date{2003, 2, 28}));
     picker.clearValue();
-    EXPECT_EQ(errorOf([&] { picker.setDay(29); }), error_number::invalidPropertyValue);
+    EXPECT_EQ(errorNumber([&] { picker.setDay(29); }), error_number::invalidPropertyValue);
     EXPECT_FALSE(picker.hasValue());
 }
 

@@ -138,7 +138,7 @@ TEST_P(ToolkitConformance, ListOfManyRowsStaysRight) {
         view.removeRow(1);
         EXPECT_EQ(view.selectedRow(), count - 1);
         EXPECT_EQ(view.rowOfKey(u"RU2"), count - 2);
-        EXPECT_EQ(errorOf([&] { static_cast<void>(view.rowOfKey(u"RU" + number(count))); }),
+        EXPECT_EQ(errorNumber([&] { static_cast<void>(view.rowOfKey(u"RU" + number(count))); }),
                   error_number::elementNotFound);
     });
     for (int row = view.rowCount(); row > 1; --row) {

@@ -21,22 +21,22 @@ TEST_P(ToolkitConformance, WindowFindsItsControlsByNameAndKind) {
 
 TEST_P(ToolkitConformance, WindowFailsToFindAControlOfAnotherNameOrKind) {
     const auto shown = window({control(button, u"cmdOne")});
-    EXPECT_EQ(errorOf([&] { static_cast<void>(shown->get<Control>(u"cmdTwo")); }),
+    EXPECT_EQ(errorNumber([&] { static_cast<void>(shown->get<Control>(u"cmdTwo")); }),
               error_number::controlNotFound);
-    EXPECT_EQ(errorOf([&] { static_cast<void>(shown->get<Control>(u"CMDONE")); }),
+    EXPECT_EQ(errorNumber([&] { static_cast<void>(shown->get<Control>(u"CMDONE")); }),
               error_number::controlNotFound);
-    EXPECT_EQ(errorOf([&] { static_cast<void>(shown->get<Control>(u"")); }),
+    EXPECT_EQ(errorNumber([&] { static_cast<void>(shown->get<Control>(u"")); }),
               error_number::controlNotFound);
-    EXPECT_EQ(errorOf([&] { static_cast<void>(shown->get<TextBox>(u"cmdOne")); }),
+    EXPECT_EQ(errorNumber([&] { static_cast<void>(shown->get<TextBox>(u"cmdOne")); }),
               error_number::controlNotFound);
 }
 
 TEST_P(ToolkitConformance, WindowOfADesignThatContradictsItselfIsNotBuilt) {
-    EXPECT_EQ(errorOf([&] {
+    EXPECT_EQ(errorNumber([&] {
                   static_cast<void>(window({control(button, u"cmd"), control(button, u"cmd")}));
               }),
               error_number::invalidCall);
-    EXPECT_EQ(errorOf([&] {
+    EXPECT_EQ(errorNumber([&] {
                   static_cast<void>(toolkit().createWindow(
                       {u"frmTest", u"Test", {control(button, u"cmd")}, spring()}));
               }),
@@ -95,21 +95,21 @@ TEST_P(ToolkitConformance, AWindowClosedBeforeItWasShownIsNotShown) {
     const auto shown = window({control(button, u"cmdOne")});
     shown->close();
     shown->showModal();
-    EXPECT_EQ(errorOf([&] { shown->showModal(); }), error_number::invalidCall);
+    EXPECT_EQ(errorNumber([&] { shown->showModal(); }), error_number::invalidCall);
 }
 
 TEST_P(ToolkitConformance, AWindowIsShownOnceOnly) {
     const auto shown = window({control(button, u"cmdAgain", u"&Again")});
     int number = 0;
     shown->get<CommandButton>(u"cmdAgain").onClick = [&] {
-        number = errorOf([&] { shown->showModal(); });
+        number = errorNumber([&] { shown->showModal(); });
     };
     show(*shown, [](Hands &user) {
         user.click(u"cmdAgain");
         EXPECT_TRUE(user.isOpen());
     });
     EXPECT_EQ(number, error_number::invalidCall);
-    EXPECT_EQ(errorOf([&] { shown->showModal(); }), error_number::invalidCall);
+    EXPECT_EQ(errorNumber([&] { shown->showModal(); }), error_number::invalidCall);
 }
 
 TEST_P(ToolkitConformance, AWindowThatAHandlerShowsStandsOverItsOwn) {

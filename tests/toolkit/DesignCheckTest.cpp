@@ -2,6 +2,7 @@
 #include "adapters/controls/DesignCheck.h"
 
 #include "platform/Text.h"
+#include "tests/support/RaisedError.h"
 #include "tests/toolkit/Designs.h"
 
 #include <gtest/gtest.h>
@@ -41,13 +42,12 @@ ControlDesign &named(WindowDesign &design, std::u16string_view name) {
 
 /// What is said of the design, "" when it is sound.
 std::string faultOf(const WindowDesign &design) {
-    try {
-        controls::checkDesign(design);
-    } catch (const Error &error) {
-        EXPECT_EQ(error.number(), error_number::invalidCall);
-        return toUtf8(error.description());
+    const auto error = test::raisedBy([&] { controls::checkDesign(design); });
+    if (!error) {
+        return {};
     }
-    return {};
+    EXPECT_EQ(error->number(), error_number::invalidCall);
+    return toUtf8(error->description());
 }
 
 TEST(DesignCheck, ASoundDesignPasses) {

@@ -1,10 +1,8 @@
 // Designs of controls, and errors looked at, for the tests of toolkits.
 #pragma once
 
-#include "platform/Error.h"
 #include "platform/controls/WindowDesign.h"
 
-#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -35,16 +33,6 @@ namespace kvex::test {
         }
     }
     return column(std::move(pieces));
-}
-
-/// The number of the Error that `action` throws, 0 for none.
-[[nodiscard]] inline int errorOf(const std::function<void()> &action) {
-    try {
-        action();
-    } catch (const Error &error) {
-        return error.number();
-    }
-    return 0;
 }
 
 } // namespace kvex::test

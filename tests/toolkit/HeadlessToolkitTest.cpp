@@ -1,6 +1,7 @@
 #include "tests/toolkit/HeadlessTest.h"
 
 #include "platform/Error.h"
+#include "tests/support/RaisedError.h"
 
 #include <stdexcept>
 

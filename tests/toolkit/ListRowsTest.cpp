@@ -1,6 +1,7 @@
 #include "adapters/controls/ListRows.h"
 
 #include "platform/Error.h"
+#include "tests/support/RaisedError.h"
 #include "tests/toolkit/BareList.h"
 #include "tests/toolkit/Designs.h"
 
@@ -12,7 +13,7 @@ namespace kvex::controls {
 namespace {
 
 using test::BareList;
-using test::errorOf;
+using test::errorNumber;
 
 /// Writes down what it is told and how many rows there are then.
 class Log final : public ListRowsListener {
@@ -99,11 +100,12 @@ TEST_F(ListRowsTest, TellsOfRowsAndColumnsThatChange) {
 TEST_F(ListRowsTest, TellsNothingOfWhatFails) {
     rows_.addRow(u"a", u"key");
     static_cast<void>(log_.take());
-    EXPECT_EQ(errorOf([&] { rows_.addRow(u"b", u"key"); }), error_number::keyNotUnique);
-    EXPECT_EQ(errorOf([&] { rows_.removeRow(2); }), error_number::indexOutOfBounds);
-    EXPECT_EQ(errorOf([&] { rows_.select(2); }), error_number::indexOutOfBounds);
-    EXPECT_EQ(errorOf([&] { rows_.addColumn(u"Wide", 1.5); }), error_number::invalidPropertyValue);
-    EXPECT_EQ(errorOf([&] { rows_.setSortKey(-1); }), error_number::invalidPropertyValue);
+    EXPECT_EQ(errorNumber([&] { rows_.addRow(u"b", u"key"); }), error_number::keyNotUnique);
+    EXPECT_EQ(errorNumber([&] { rows_.removeRow(2); }), error_number::indexOutOfBounds);
+    EXPECT_EQ(errorNumber([&] { rows_.select(2); }), error_number::indexOutOfBounds);
+    EXPECT_EQ(errorNumber([&] { rows_.addColumn(u"Wide", 1.5); }),
+              error_number::invalidPropertyValue);
+    EXPECT_EQ(errorNumber([&] { rows_.setSortKey(-1); }), error_number::invalidPropertyValue);
     EXPECT_EQ(log_.take(), "");
 }
 
@@ -117,9 +119,9 @@ TEST_F(ListRowsTest, GivesItsCellsAndColumnsWithoutACopy) {
     rows_.setColumnIcon(1, 2);
     EXPECT_EQ(rows_.column(1).icon, 2);
     for (const int column : {0, 3}) {
-        EXPECT_EQ(errorOf([&] { static_cast<void>(rows_.cell(1, column)); }),
+        EXPECT_EQ(errorNumber([&] { static_cast<void>(rows_.cell(1, column)); }),
                   error_number::indexOutOfBounds);
-        EXPECT_EQ(errorOf([&] { static_cast<void>(rows_.column(column)); }),
+        EXPECT_EQ(errorNumber([&] { static_cast<void>(rows_.column(column)); }),
                   error_number::indexOutOfBounds);
     }
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "tests/support/ComponentTest.h"
+#include "tests/windows/EditorRows.h"
 
 #include <utility>
 
@@ -12,9 +13,6 @@ class ActionDialog : public ComponentTest {
 protected:
     /// The dialog that belongs to a row of the editor's actions.
     ActionDialog(std::u16string dialog, int row) : dialog_(std::move(dialog)), row_(row) {}
-
-    static constexpr auto actions = u"lvwRuleActions";
-    static constexpr auto forAllMessages = 6;
 
     /// The rule that the plays below open; without one they open a new rule.
     void storeRule(std::string_view actionParam) {
@@ -57,8 +55,8 @@ protected:
     static void confirm(User &user) { user.click(u"cmdOK"); }
     /// Saves the rule, for all messages.
     static void save(User &user) {
-        if (!user.get<ListView>(u"lvwRuleConditions").checked(forAllMessages)) {
-            user.tickRow(u"lvwRuleConditions", forAllMessages);
+        if (!user.get<ListView>(conditions).checked(row::forAllMessages)) {
+            user.tickRow(conditions, row::forAllMessages);
         }
         user.click(u"cmdOK");
     }

@@ -1,3 +1,4 @@
+#include "tests/windows/EditorRows.h"
 #include "tests/windows/WindowsOnScreenFixture.h"
 
 #include <QAccessible>
@@ -15,8 +16,6 @@ namespace {
 
 class ActionDialogsOnScreen : public WindowsOnScreen {
 protected:
-    enum Action { distribute = 1, reply = 2, alert = 3 };
-
     ActionDialogsOnScreen() {
         database.addUser(1, "SYSTEM");
         database.addUser(3, "Asha");
@@ -27,15 +26,16 @@ protected:
     }
 
     /// Ticks the action in the editor on a new rule, and plays in its dialog.
-    void play(Action action, OnScreen dialog) {
+    void play(int action, OnScreen dialog) {
         constexpr auto names =
             std::array{u"", u"frmRuleDistribute", u"frmRuleReply", u"frmRuleAlert"};
         WindowsOnScreen::play.whenShown(u"frmRuleEdit", [action](QtUser &user) {
-            user.tickRow(u"lvwRuleActions", action);
+            user.tickRow(actions, action);
             user.pressAccessKey(u'S');
             user.press(Key::escape);
         });
-        WindowsOnScreen::play.whenShown(names.at(action), std::move(dialog));
+        WindowsOnScreen::play.whenShown(names.at(static_cast<std::size_t>(action)),
+                                        std::move(dialog));
         WindowsOnScreen::play.whenShown(u"frmRules", [](QtUser &user) { user.press(Key::escape); });
         showRules(u"");
         sessionOwner->release();
@@ -58,7 +58,7 @@ protected:
 using Rows = std::vector<int>;
 
 TEST_F(ActionDialogsOnScreen, AReplyOfSeveralLinesIsWrittenByKeyboardAlone) {
-    play(reply, [](QtUser &user) {
+    play(row::reply, [](QtUser &user) {
         EXPECT_EQ(user.focused(), u"rtReplyText");
         user.type(u"Hello\n\nनमस्ते \U0001F4F1");
         EXPECT_EQ(user.get<RichTextBox>(u"rtReplyText").text(), u"Hello\r\n\r\nनमस्ते \U0001F4F1");
@@ -80,7 +80,7 @@ TEST_F(ActionDialogsOnScreen, AReplyOfSeveralLinesIsWrittenByKeyboardAlone) {
 }
 
 TEST_F(ActionDialogsOnScreen, TabLeavesTheTextInBothDirectionsAndInsertsNothing) {
-    play(reply, [](QtUser &user) {
+    play(row::reply, [](QtUser &user) {
         user.type(u"a");
         user.press(Key::shiftTab);
         EXPECT_EQ(user.focused(), u"cmdCancel");
@@ -94,7 +94,7 @@ TEST_F(ActionDialogsOnScreen, TabLeavesTheTextInBothDirectionsAndInsertsNothing)
 }
 
 TEST_F(ActionDialogsOnScreen, AccountsAreASingleChoiceByMouse) {
-    play(reply, [](QtUser &user) {
+    play(row::reply, [](QtUser &user) {
         user.tickRow(u"lvwOutAccount", 1);
         user.tickRow(u"lvwOutAccount", 2);
         EXPECT_EQ(ticked(user), Rows{2});
@@ -108,7 +108,7 @@ TEST_F(ActionDialogsOnScreen, AccountsAreASingleChoiceByMouse) {
 }
 
 TEST_F(ActionDialogsOnScreen, ARefusedReplyLeadsToTheAccounts) {
-    play(reply, [](QtUser &user) {
+    play(row::reply, [](QtUser &user) {
         EXPECT_EQ(user.widget(u"cmdOK")->toolTip(), "Type a text first");
         user.type(u"Hi");
         EXPECT_EQ(user.widget(u"cmdOK")->toolTip(), "");
@@ -122,7 +122,7 @@ TEST_F(ActionDialogsOnScreen, ARefusedReplyLeadsToTheAccounts) {
 TEST_F(ActionDialogsOnScreen, WhatIsPastedIntoATextIsKeptToTheUnit) {
     const QString whole = QString::fromUtf16(u"  one\ttwo\u00A0\nthree \U0001F600 ");
     QGuiApplication::clipboard()->setText(whole);
-    play(alert, [](QtUser &user) {
+    play(row::alert, [](QtUser &user) {
         user.press(Key::paste);
         EXPECT_EQ(user.get<RichTextBox>(u"rtAlertText").text(),
                   u"  one\ttwo\u00A0\r\nthree \U0001F600 ");
@@ -133,7 +133,7 @@ TEST_F(ActionDialogsOnScreen, WhatIsPastedIntoATextIsKeptToTheUnit) {
 
 TEST_F(ActionDialogsOnScreen, RecipientsAreAddedByEnterAndClearedAfterTheQuestion) {
     utility.answers = {message_box::no, message_box::yes};
-    play(alert, [](QtUser &user) {
+    play(row::alert, [](QtUser &user) {
         user.type(u"Look");
         user.pressAccessKey(u'R');
         EXPECT_EQ(user.focused(), u"txtMobileNo");
@@ -156,7 +156,7 @@ TEST_F(ActionDialogsOnScreen, RecipientsAreAddedByEnterAndClearedAfterTheQuestio
 }
 
 TEST_F(ActionDialogsOnScreen, OnceThereAreRecipientsTheirAccessKeyTurnsToRemoveToo) {
-    play(alert, [](QtUser &user) {
+    play(row::alert, [](QtUser &user) {
         user.pressAccessKey(u'R');
         user.type(u"98\r");
         user.focusOn(u"rtAlertText");
@@ -172,7 +172,7 @@ TEST_F(ActionDialogsOnScreen, OnceThereAreRecipientsTheirAccessKeyTurnsToRemoveT
 
 TEST_F(ActionDialogsOnScreen, AnAlertIsComposedAndConfirmed) {
     platform.addressBook.numbers = {u"91", u"92"};
-    play(alert, [](QtUser &user) {
+    play(row::alert, [](QtUser &user) {
         user.type(u"Look: @@SMS@@");
         user.tickRow(u"lvwOutAccount", 1);
         user.click(u"cmdAddressBook");
@@ -187,7 +187,7 @@ TEST_F(ActionDialogsOnScreen, AnAlertIsComposedAndConfirmed) {
 }
 
 TEST_F(ActionDialogsOnScreen, AnAlertWithoutRecipientsLeadsToTheirList) {
-    play(alert, [](QtUser &user) {
+    play(row::alert, [](QtUser &user) {
         user.type(u"Look");
         user.tickRow(u"lvwOutAccount", 1);
         user.click(u"cmdOK");
@@ -198,7 +198,7 @@ TEST_F(ActionDialogsOnScreen, AnAlertWithoutRecipientsLeadsToTheirList) {
 }
 
 TEST_F(ActionDialogsOnScreen, UsersAreSelectedByDoubleClickAndByKeys) {
-    play(distribute, [](QtUser &user) {
+    play(row::distribute, [](QtUser &user) {
         EXPECT_EQ(user.focused(), u"lvwUsersSource");
         user.doubleClickBesideRows(u"lvwUsersSource");
         EXPECT_EQ(user.rows(u"lvwUsersSelected"), Texts());
@@ -217,7 +217,7 @@ TEST_F(ActionDialogsOnScreen, UsersAreSelectedByDoubleClickAndByKeys) {
 }
 
 TEST_F(ActionDialogsOnScreen, OfSeveralHighlightedUsersTheOneClickedLastIsTaken) {
-    play(distribute, [](QtUser &user) {
+    play(row::distribute, [](QtUser &user) {
         user.pressAccessKey(u'A');
         EXPECT_FALSE(user.get<ListView>(u"lvwUsersSource").multiSelect());
         clickRowHolding(user, u"lvwUsersSource", 2, Qt::ControlModifier);
@@ -226,7 +226,7 @@ TEST_F(ActionDialogsOnScreen, OfSeveralHighlightedUsersTheOneClickedLastIsTaken)
     });
     database.execute("UPDATE SMS_RULES SET ActionParam = '<DIST>3</DIST>' WHERE ID = 1");
     WindowsOnScreen::play.whenShown(u"frmRuleEdit", [](QtUser &user) {
-        user.clickRow(u"lvwRuleActions", distribute);
+        user.clickRow(actions, row::distribute);
         user.click(u"cmdConfigureAction");
         user.press(Key::escape);
     });
@@ -242,13 +242,13 @@ TEST_F(ActionDialogsOnScreen, OfSeveralHighlightedUsersTheOneClickedLastIsTaken)
 }
 
 TEST_F(ActionDialogsOnScreen, TabWalksTheControlsInTheirOrder) {
-    play(reply, [](QtUser &user) {
+    play(row::reply, [](QtUser &user) {
         user.type(u"a");
         EXPECT_EQ(user.tabOrder(), (Texts{u"rtReplyText", u"txtCharCount", u"lvwOutAccount",
                                           u"cmdOK", u"cmdCancel"}));
         user.press(Key::escape);
     });
-    play(alert, [](QtUser &user) {
+    play(row::alert, [](QtUser &user) {
         user.pressAccessKey(u'R');
         user.type(u"98\r99");
         EXPECT_EQ(user.tabOrder(),
@@ -257,7 +257,7 @@ TEST_F(ActionDialogsOnScreen, TabWalksTheControlsInTheirOrder) {
                          u"cmdOK", u"cmdCancel"}));
         user.press(Key::escape);
     });
-    play(distribute, [](QtUser &user) {
+    play(row::distribute, [](QtUser &user) {
         user.click(u"cmdAll");
         EXPECT_EQ(user.tabOrder(), (Texts{u"lvwUsersSource", u"cmdSelect", u"cmdAll", u"cmdRemove",
                                           u"lvwUsersSelected", u"cmdOK", u"cmdCancel"}));
@@ -266,7 +266,7 @@ TEST_F(ActionDialogsOnScreen, TabWalksTheControlsInTheirOrder) {
 }
 
 TEST_F(ActionDialogsOnScreen, EveryControlThatTakesTheFocusHasANameForAssistiveTechnology) {
-    for (const Action action : {distribute, reply, alert}) {
+    for (const int action : {row::distribute, row::reply, row::alert}) {
         play(action, [](QtUser &user) {
             for (const std::u16string &name : user.tabOrder()) {
                 QAccessibleInterface *accessible =
@@ -284,7 +284,7 @@ TEST_F(ActionDialogsOnScreen, TheDialogsFitASmallScreenInTheUsualSizeOfText) {
     QFont font = usual;
     font.setPointSize(9);
     QApplication::setFont(font);
-    for (const Action action : {distribute, reply, alert}) {
+    for (const int action : {row::distribute, row::reply, row::alert}) {
         play(action, [](QtUser &user) {
             const QWidget *window = user.widget(u"cmdOK")->window();
             EXPECT_LT(window->height(), 700);
@@ -298,7 +298,7 @@ TEST_F(ActionDialogsOnScreen, TheDialogsFitASmallScreenInTheUsualSizeOfText) {
 TEST_F(ActionDialogsOnScreen, FiveThousandUsersAreSelectedTogether) {
     database.execute("WITH RECURSIVE n(i) AS (SELECT 10 UNION ALL SELECT i + 1 FROM n WHERE i < "
                      "5000) INSERT INTO SMS_USERS (ID, NAME) SELECT i, 'User ' || i FROM n");
-    play(distribute, [](QtUser &user) {
+    play(row::distribute, [](QtUser &user) {
         user.pressAccessKey(u'A');
         user.focusOn(u"lvwUsersSelected");
         user.press(Key::end);

@@ -7,7 +7,7 @@ namespace kvex::test {
 
 class AlertDialog : public ActionDialog {
 protected:
-    AlertDialog() : ActionDialog(u"frmRuleAlert", 3) {
+    AlertDialog() : ActionDialog(u"frmRuleAlert", row::alert) {
         database.addAccount(2, "Main");
         database.addAccount(5, "Incoming", "RECEIVER");
     }

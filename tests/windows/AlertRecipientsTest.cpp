@@ -1,11 +1,10 @@
 #include "tests/windows/AlertDialogFixture.h"
+#include "tests/windows/Questions.h"
 
 namespace kvex::test {
 namespace {
 
 class AlertRecipients : public AlertDialog {};
-
-const Message clearQuestion{u"Are you sure you want to clear the list?", 4};
 
 TEST_F(AlertRecipients, AddIsEnabledWhileTheNumberIsNotBlank) {
     play([](User &user) {

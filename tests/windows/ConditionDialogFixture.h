@@ -3,26 +3,26 @@
 
 #include "platform/Text.h"
 #include "tests/support/ComponentTest.h"
+#include "tests/windows/EditorRows.h"
+#include "tests/windows/Questions.h"
 #include "ui/conditions/frmRuleOptions.h"
 #include "ui/rules/RuleParts.h"
 
 namespace kvex::test {
 
-/// A condition by its row in the editor, its dialog, and the list of its entries there.
+/// A condition: its row in the editor, its dialog, and the list of entries there.
 struct Condition {
     int row;
     const char16_t *window;
     const char16_t *list;
 };
-inline constexpr Condition people{2, u"frmRulePeople", u"lvwPeople"};
-inline constexpr Condition accounts{3, u"frmRuleAccount", u"lvwAccountSelected"};
-inline constexpr Condition words{4, u"frmRuleWords", u"lvwWords"};
+inline constexpr Condition people{row::fromPeople, u"frmRulePeople", u"lvwPeople"};
+inline constexpr Condition accounts{row::throughAccounts, u"frmRuleAccount", u"lvwAccountSelected"};
+inline constexpr Condition words{row::containsWords, u"frmRuleWords", u"lvwWords"};
 
-/// The buttons that wait for an entry.
+/// The buttons that are disabled while there is no entry.
 inline const Texts noButtons;
 inline const Texts allButtons = {u"cmdRemove", u"cmdClear", u"cmdOptions", u"cmdOK"};
-
-inline const Message clearQuestion{u"Are you sure you want to clear the list?", 4};
 
 class ConditionDialog : public ComponentTest {
 protected:
@@ -34,7 +34,7 @@ protected:
         whenShown(condition.window, std::move(script));
         ruleConditions()[static_cast<std::size_t>(condition.row - 1)].showDialog();
     }
-    /// The same with the options of the condition `kind`.
+    /// Shows the options of the condition `kind`, and plays in them.
     void playOptions(const std::u16string &kind, Script script) {
         if (!sessionOwner) {
             openSession();
@@ -43,8 +43,8 @@ protected:
         showConditionOptions(kind);
     }
 
-    /// Opens the editor on the stored rule `id`, on a new one for 0, and plays in it. An editor
-    /// that is still open then is left by Escape.
+    /// Opens the editor on the stored rule `id`, or on a new one for 0, and plays in it. Then
+    /// leaves it by Esc if it is still open.
     void playEditor(std::int64_t id, Script script) {
         whenShown(u"frmRuleEdit", [this, script = std::move(script)](User &editor) {
             script(editor);
@@ -58,7 +58,6 @@ protected:
     /// Goes to the condition in the editor, ticks it unless it is ticked, presses its button, and
     /// plays in its dialog.
     void edit(User &editor, const Condition &condition, Script script) {
-        constexpr auto conditions = u"lvwRuleConditions";
         if (editor.get<ListView>(conditions).checked(condition.row)) {
             editor.clickRow(conditions, condition.row);
         } else {
@@ -67,9 +66,9 @@ protected:
         whenShown(condition.window, std::move(script));
         editor.click(u"cmdEditCondition");
     }
-    /// Saves the edited rule, with an action; gives its stored conditions.
+    /// Saves the edited rule with an action, and gives its stored conditions.
     std::string save(User &editor) {
-        editor.tickRow(u"lvwRuleActions", 5);
+        editor.tickRow(actions, row::noMoreRules);
         editor.click(u"cmdOK");
         return database.value("SELECT QueryParam FROM SMS_RULES ORDER BY ID DESC LIMIT 1");
     }
@@ -77,7 +76,7 @@ protected:
         return editor.get<RichTextBox>(u"rtRuleDesc").text();
     }
 
-    /// Those of the waiting buttons that are enabled.
+    /// The enabled buttons among `allButtons`.
     static Texts enabledButtons(User &user) {
         Texts enabled;
         for (const std::u16string &button : allButtons) {
@@ -90,7 +89,7 @@ protected:
     static bool enabled(User &user, std::u16string_view button) {
         return user.get<CommandButton>(button).enabled();
     }
-    /// What the button's handler does, also while no user could press it.
+    /// Runs the button's handler, even while the button is disabled.
     static void runClick(User &user, std::u16string_view button) {
         user.get<CommandButton>(button).onClick();
     }

@@ -1,4 +1,5 @@
 #include "platform/Text.h"
+#include "tests/windows/EditorRows.h"
 #include "tests/windows/WindowsOnScreenFixture.h"
 #include "ui/conditions/frmRuleOptions.h"
 #include "ui/rules/RuleParts.h"
@@ -12,7 +13,6 @@
 namespace kvex::test {
 namespace {
 
-constexpr int people = 2, accounts = 3, words = 4;
 const Texts allButtons = {u"cmdRemove", u"cmdClear", u"cmdOptions", u"cmdOK"};
 
 class ConditionsOnScreen : public WindowsOnScreen {
@@ -55,7 +55,7 @@ protected:
 };
 
 TEST_F(ConditionsOnScreen, NumbersAreTypedRemovedAndStoredByKeyboardAlone) {
-    playDialog(people, [](QtUser &user) {
+    playDialog(row::fromPeople, [](QtUser &user) {
         EXPECT_EQ(user.focused(), u"txtMobileNo");
         expectEnabled(user, false);
         for (const char16_t *number : {u"98a1", u"9.9", u"97"}) {
@@ -87,7 +87,7 @@ TEST_F(ConditionsOnScreen, NumbersComeFromTheAddressBookAndGoByMouse) {
     utility.answers = {message_box::no, message_box::yes};
     openSession();
     session().strUserID = u"1";
-    playDialog(people, [this](QtUser &user) {
+    playDialog(row::fromPeople, [this](QtUser &user) {
         user.click(u"cmdAddressBook");
         EXPECT_EQ(rowsBelowHeading(user, u"lvwPeople"), (Texts{u"    98", u"    99"}));
         user.clickRow(u"lvwPeople", 1);
@@ -111,7 +111,7 @@ TEST_F(ConditionsOnScreen, AccountsAreAddedByEnterAndDoubleClick) {
     database.addAccount(3, "Main");
     database.addAccount(7, "मुख्य \xF0\x9F\x93\xB1");
     database.addAccount(8, "Sender", "TRANSMITTER");
-    playDialog(accounts, [](QtUser &user) {
+    playDialog(row::throughAccounts, [](QtUser &user) {
         EXPECT_EQ(user.focused(), u"lvwAccountSource");
         EXPECT_EQ(user.rows(u"lvwAccountSource"), (Texts{u"Main", u"मुख्य \U0001F4F1"}));
         expectEnabled(user, true);
@@ -132,7 +132,7 @@ TEST_F(ConditionsOnScreen, AccountsAreAddedByEnterAndDoubleClick) {
 
 TEST_F(ConditionsOnScreen, TheSharedAccessKeyOfAccountsPressesNothing) {
     database.addAccount(3, "Main");
-    playDialog(accounts, [](QtUser &user) {
+    playDialog(row::throughAccounts, [](QtUser &user) {
         Texts reached;
         for (int i = 0; i < 2; ++i) {
             user.pressAccessKey(u'A');
@@ -146,7 +146,7 @@ TEST_F(ConditionsOnScreen, TheSharedAccessKeyOfAccountsPressesNothing) {
 }
 
 TEST_F(ConditionsOnScreen, WordsAreTypedAndMarkedAsACommand) {
-    playDialog(words, [](QtUser &user) {
+    playDialog(row::containsWords, [](QtUser &user) {
         EXPECT_EQ(user.focused(), u"txtWord");
         user.type(u"  price list ");
         user.press(Key::enter);
@@ -165,7 +165,7 @@ TEST_F(ConditionsOnScreen, WordsAreTypedAndMarkedAsACommand) {
 }
 
 TEST_F(ConditionsOnScreen, OptionsStandOverTheirDialogAndCommitTheList) {
-    playDialog(words, [this](QtUser &user) {
+    playDialog(row::containsWords, [this](QtUser &user) {
         user.type(u"STOP");
         user.press(Key::enter);
         play.whenShown(u"frmRuleOptions", [&](QtUser &options) {
@@ -209,20 +209,20 @@ TEST_F(ConditionsOnScreen, PeopleHaveNoChoiceOfAllAndSayWhy) {
 TEST_F(ConditionsOnScreen, TabWalksInTheOrderOfTheDesigns) {
     database.addAccount(3, "Main");
     ruleState().strPeople = ruleState().strWords = u"98";
-    playDialog(people, [](QtUser &user) {
+    playDialog(row::fromPeople, [](QtUser &user) {
         user.type(u"9");
         EXPECT_EQ(user.tabOrder(),
                   (Texts{u"cmdClear", u"cmdOptions", u"cmdRemove", u"cmdAddressBook", u"cmdAdd",
                          u"cmdOK", u"cmdCancel", u"txtMobileNo", u"lvwPeople"}));
         user.press(Key::escape);
     });
-    playDialog(accounts, [](QtUser &user) {
+    playDialog(row::throughAccounts, [](QtUser &user) {
         EXPECT_EQ(user.tabOrder(),
                   (Texts{u"lvwAccountSource", u"cmdCancel", u"cmdOK", u"cmdAdd", u"cmdRemove",
                          u"cmdOptions", u"cmdClear", u"lvwAccountSelected"}));
         user.press(Key::escape);
     });
-    playDialog(words, [](QtUser &user) {
+    playDialog(row::containsWords, [](QtUser &user) {
         user.type(u"w");
         EXPECT_EQ(user.tabOrder(),
                   (Texts{u"chkWordAsCommand", u"cmdClear", u"cmdOptions", u"cmdRemove", u"cmdAdd",
@@ -252,14 +252,14 @@ TEST_F(ConditionsOnScreen, EveryControlThatTakesTheFocusHasANameForAssistiveTech
         }
         user.press(Key::escape);
     };
-    for (const int condition : {people, accounts, words}) {
+    for (const int condition : {row::fromPeople, row::throughAccounts, row::containsWords}) {
         playDialog(condition, check);
     }
     playOptions(u"WORD", check);
 }
 
 TEST_F(ConditionsOnScreen, TheAccountButtonsStandBesideTheirLists) {
-    playDialog(accounts, [](QtUser &user) {
+    playDialog(row::throughAccounts, [](QtUser &user) {
         const auto top = [&](const char16_t *name) { return user.widget(name)->y(); };
         EXPECT_LT(std::abs(top(u"cmdAdd") - top(u"lvwAccountSource")), 4);
         EXPECT_LT(std::abs(top(u"cmdRemove") - top(u"lvwAccountSelected")), 4);
@@ -270,7 +270,7 @@ TEST_F(ConditionsOnScreen, TheAccountButtonsStandBesideTheirLists) {
 TEST_F(ConditionsOnScreen, FiveThousandNumbersAreScrolledRemovedAndCleared) {
     ruleState().strPeople = numbersUpTo(5000);
     utility.answers = {message_box::yes};
-    playDialog(people, [](QtUser &user) {
+    playDialog(row::fromPeople, [](QtUser &user) {
         user.focusOn(u"lvwPeople");
         user.press(Key::end);
         EXPECT_EQ(user.get<ListView>(u"lvwPeople").selectedRow(), 5001);
@@ -279,7 +279,7 @@ TEST_F(ConditionsOnScreen, FiveThousandNumbersAreScrolledRemovedAndCleared) {
         user.click(u"cmdOK");
     });
     EXPECT_EQ(ruleState().strPeople, numbersUpTo(4999));
-    playDialog(people, [](QtUser &user) {
+    playDialog(row::fromPeople, [](QtUser &user) {
         user.clickRow(u"lvwPeople", 5000);
         user.click(u"cmdClear");
         EXPECT_EQ(user.get<ListView>(u"lvwPeople").rowCount(), 1);
@@ -292,20 +292,20 @@ TEST_F(ConditionsOnScreen, ARuleIsComposedByWayOfTheDialogs) {
     database.addAccount(3, "Main");
     play.whenShown(u"frmRuleEdit", [this](QtUser &editor) {
         const auto edit = [&](int condition, OnScreen script) {
-            editor.tickRow(u"lvwRuleConditions", condition);
+            editor.tickRow(conditions, condition);
             play.whenShown(u"", std::move(script));
             editor.click(u"cmdEditCondition");
         };
-        edit(people, [](QtUser &user) {
+        edit(row::fromPeople, [](QtUser &user) {
             user.type(u"98");
             user.press(Key::enter);
             user.click(u"cmdOK");
         });
-        edit(accounts, [](QtUser &user) {
+        edit(row::throughAccounts, [](QtUser &user) {
             user.press(Key::enter);
             user.click(u"cmdOK");
         });
-        edit(words, [](QtUser &user) {
+        edit(row::containsWords, [](QtUser &user) {
             user.type(u"STOP");
             user.press(Key::enter);
             user.closeByFrame();
@@ -313,8 +313,8 @@ TEST_F(ConditionsOnScreen, ARuleIsComposedByWayOfTheDialogs) {
         EXPECT_EQ(description(editor), u"Apply this Rule after the message arrives\r\nIf the "
                                        u"message is from 98\r\nand the message is received "
                                        u"through Main");
-        editor.tickRow(u"lvwRuleConditions", words);
-        editor.tickRow(u"lvwRuleActions", 5);
+        editor.tickRow(conditions, row::containsWords);
+        editor.tickRow(actions, row::noMoreRules);
         editor.click(u"cmdOK");
         play.whenShown(u"frmRules", [](QtUser &user) { user.press(Key::escape); });
     });

@@ -1,3 +1,4 @@
+#include "tests/support/RaisedError.h"
 #include "tests/windows/ConditionDialogFixture.h"
 
 namespace kvex::test {
@@ -303,7 +304,7 @@ TEST_F(ConditionOptions, AnotherKindConfiguresAndStoresNothing) {
 TEST_F(ConditionOptions, AnAccountIdThatIsNoNumberIsNoWindowAndNoLogEntry) {
     openSession();
     ruleState().varAccounts = u"x";
-    EXPECT_THROW(showConditionOptions(u"ACCOUNT"), Error);
+    EXPECT_EQ(errorNumber([] { showConditionOptions(u"ACCOUNT"); }), error_number::typeMismatch);
 }
 
 TEST_F(ConditionOptions, ArrowKeysChooseWithinAGroup) {

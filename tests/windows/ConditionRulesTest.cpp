@@ -124,7 +124,7 @@ TEST_F(ConditionRules, ACancelledDialogLeavesTheTickedConditionWithoutItsValues)
             edit(editor, condition, [](User &user) { user.click(u"cmdCancel"); });
         }
         EXPECT_EQ(description(editor), u"Apply this Rule after the message arrives");
-        editor.tickRow(u"lvwRuleActions", 5);
+        editor.tickRow(actions, row::noMoreRules);
         editor.click(u"cmdOK");
         EXPECT_TRUE(editor.isOpen());
     });

@@ -1,4 +1,5 @@
 #include "tests/windows/DateDialogFixture.h"
+#include "tests/windows/EditorRows.h"
 
 namespace kvex::test {
 namespace {
@@ -78,7 +79,7 @@ TEST_F(DateDialog, TheEditorDescribesTheRangeOnceTheDialogIsClosed) {
                     user.click(u"cmdOK");
                 }},
                [&](User &editor) {
-                   editor.tickRow(u"lvwRuleConditions", 5);
+                   editor.tickRow(conditions, row::withinDates);
                    editor.click(u"cmdEditCondition");
                    const std::u16string described = description(editor);
                    EXPECT_EQ(described, applied + u"If the message is received between "
@@ -101,9 +102,9 @@ TEST_F(DateDialog, ARuleIsSavedWithItsRangeAndReadAgain) {
                    user.press(Key::enter);
                }},
                [](User &editor) {
-                   editor.tickRow(u"lvwRuleConditions", 5);
+                   editor.tickRow(conditions, row::withinDates);
                    editor.click(u"cmdEditCondition");
-                   editor.tickRow(u"lvwRuleActions", 5);
+                   editor.tickRow(actions, row::noMoreRules);
                    editor.click(u"cmdOK");
                });
     EXPECT_EQ(
@@ -119,7 +120,7 @@ TEST_F(DateDialog, ARuleIsSavedWithItsRangeAndReadAgain) {
             user.press(Key::escape);
         }},
         [](User &editor) {
-            editor.clickRow(u"lvwRuleConditions", 5);
+            editor.clickRow(conditions, row::withinDates);
             editor.click(u"cmdEditCondition");
             editor.press(Key::escape);
         },

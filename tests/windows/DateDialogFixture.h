@@ -4,6 +4,7 @@
 #include "platform/Text.h"
 #include "platform/controls/DTPicker.h"
 #include "tests/support/ComponentTest.h"
+#include "tests/windows/EditorRows.h"
 
 #include <array>
 #include <ctime>
@@ -48,7 +49,7 @@ protected:
     /// no change here.
     void playDialog(const std::u16string &range, Script script) {
         playEditor({std::move(script)}, [&range](User &editor) {
-            editor.tickRow(u"lvwRuleConditions", 5);
+            editor.tickRow(conditions, row::withinDates);
             ruleState().strDateTime = range;
             session().blnChanged = false;
             editor.click(u"cmdEditCondition");

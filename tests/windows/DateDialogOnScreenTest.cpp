@@ -1,4 +1,5 @@
 #include "adapters/qt/QText.h"
+#include "tests/windows/EditorRows.h"
 #include "tests/windows/WindowsOnScreenFixture.h"
 
 #include <QAbstractButton>
@@ -16,7 +17,7 @@ protected:
     /// Opens the dialog from a new rule's editor, by keys, on `range`.
     void playDialog(const std::u16string &range, OnScreen script) {
         play.whenShown(u"frmRuleEdit", [&range](QtUser &editor) {
-            editor.clickRow(u"lvwRuleConditions", 5);
+            editor.clickRow(conditions, row::withinDates);
             editor.press(Key::space);
             ruleState().strDateTime = range;
             editor.pressAccessKey(u'E');
@@ -269,12 +270,12 @@ TEST_F(DateDialogOnScreen, EveryPartOfEveryPickerHasANameOfItsOwn) {
 
 TEST_F(DateDialogOnScreen, ARuleIsSavedWithTheRangeTyped) {
     play.whenShown(u"frmRuleEdit", [](QtUser &editor) {
-        editor.tickRow(u"lvwRuleConditions", 5);
+        editor.tickRow(conditions, row::withinDates);
         editor.click(u"cmdEditCondition");
         EXPECT_EQ(description(editor),
                   u"Apply this Rule after the message arrives\r\nIf the message is received "
                   u"between 29/02/2024 00:00:00 Hrs. to 31/03/2024 23:59:59 Hrs.");
-        editor.tickRow(u"lvwRuleActions", 5);
+        editor.tickRow(actions, row::noMoreRules);
         editor.click(u"cmdOK");
     });
     play.whenShown(u"frmRuleDate", [](QtUser &user) {

@@ -1,4 +1,5 @@
 #include "tests/windows/DateDialogFixture.h"
+#include "tests/windows/EditorRows.h"
 
 namespace kvex::test {
 namespace {
@@ -175,7 +176,7 @@ TEST_F(DateDialog, AFreshOpeningKnowsNothingOfTheTimesPutAsideBefore) {
         user.press(Key::escape);
     };
     playEditor({untickAfterPicking, tick}, [](User &editor) {
-        editor.tickRow(u"lvwRuleConditions", 5);
+        editor.tickRow(conditions, row::withinDates);
         editor.click(u"cmdEditCondition");
         editor.click(u"cmdEditCondition");
         editor.press(Key::escape);

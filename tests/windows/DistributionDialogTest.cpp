@@ -8,7 +8,7 @@ constexpr auto chosen = u"lvwUsersSelected";
 
 class DistributionDialog : public ActionDialog {
 protected:
-    DistributionDialog() : ActionDialog(u"frmRuleDistribute", 1) {}
+    DistributionDialog() : ActionDialog(u"frmRuleDistribute", row::distribute) {}
 
     void addThree() {
         database.addUser(1, "SYSTEM");

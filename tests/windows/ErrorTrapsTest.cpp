@@ -1,36 +1,19 @@
-// What every procedure of the windows does with a failure: with a trap it is logged under the
-// procedure's own Sub and Module, and the window goes on; without one it ends at the toolkit.
+// What each procedure of the windows does with a failure. With a trap, it logs the failure under
+// its Sub and Module, and the window goes on. Without one, the failure ends at the toolkit.
 #include "tests/support/BreakableList.h"
 #include "tests/support/ComponentTest.h"
-#include "ui/conditions/frmRuleOptions.h"
-#include "ui/rules/RuleParts.h"
-#include "ui/rules/frmRuleEdit.h"
-#include "ui/rules/frmRules.h"
+#include "tests/support/RaisedError.h"
+#include "tests/windows/EditorRows.h"
+#include "tests/windows/OpenWindow.h"
+#include "tests/windows/Questions.h"
 
 namespace kvex::test {
 namespace {
 
 using What = Breakage::What;
-using Opening = void (*)();
 
-template <int row> void openCondition() {
-    ruleConditions()[row - 1].showDialog();
-}
-template <int row> void openAction() {
-    ruleActions()[row - 1].showDialog();
-}
-void openEditor() {
-    frmRuleEdit().Show();
-}
-void openRules() {
-    frmRules().Show();
-}
-void openOptions() {
-    showConditionOptions(u"WORD");
-}
-
-/// A button, what is logged when it is pressed while the list is broken, and whether the rule
-/// counts as changed all the same: what edits says so first.
+/// A button, the log entry when it is pressed while the list is broken, and whether the rule then
+/// counts as changed. Procedures that edit set the change flag first.
 struct Press {
     const char16_t *button;
     const char16_t *logged;
@@ -45,7 +28,7 @@ protected:
         breakable.addressBook.numbers = {u"97"};
     }
 
-    /// Begins a session in which `list` can break, on a rule with something of everything.
+    /// Begins a session in which `list` can break, on a rule that has every condition and action.
     void begin(const std::u16string &list) {
         closeSession();
         breakage.list = list;
@@ -73,7 +56,7 @@ protected:
         breakage.what = What::nothing;
     }
 
-    /// The window's load procedure, and its buttons one by one.
+    /// Breaks the list in the window's load procedure, then for each button.
     void expectTraps(
         const char16_t *window, const char16_t *list, Opening open, const char16_t *loadLogged,
         const std::vector<Press> &presses, const Script &prepare = [](User &) {}) {
@@ -96,14 +79,14 @@ protected:
             open();
         }
     }
-    /// Each action fails in a procedure without a trap; the window stays open.
+    /// Each step fails in a procedure without a trap; the window stays open.
     void expectNoTraps(const char16_t *window, const char16_t *list, Opening open,
-                       const std::vector<Script> &actions) {
+                       const std::vector<Script> &failing) {
         begin(list);
         whenShown(window, [&](User &user) {
-            for (const Script &action : actions) {
+            for (const Script &step : failing) {
                 const std::size_t before = toolkit.unhandledErrors().size();
-                whileBroken([&] { action(user); });
+                whileBroken([&] { step(user); });
                 EXPECT_EQ(toolkit.unhandledErrors().size(), before + 1);
                 EXPECT_TRUE(user.isOpen());
                 expectLog({});
@@ -111,12 +94,12 @@ protected:
             user.closeByFrame();
         });
         open();
-        expectedUnhandledErrors += actions.size();
+        expectedUnhandledErrors += failing.size();
     }
     static Script click(const char16_t *button) {
         return [button](User &user) { user.click(button); };
     }
-    /// So that Add has something to add.
+    /// Types a number that Add can add.
     static void typeNumber(User &user) {
         user.focusOn(u"txtMobileNo");
         user.type(u"1");
@@ -125,9 +108,6 @@ protected:
     Breakage breakage;
     BreakableToolkit breakableToolkit{toolkit, breakage};
     TestPlatform breakable{utility, breakableToolkit, database.provider()};
-
-    const Message clearQuestion{u"Are you sure you want to clear the list?", 4};
-    const Message removeQuestion{u"Are you sure you want to remove this rule?", 4};
 };
 
 TEST_F(ErrorTraps, OfTheRulesWindow) {
@@ -195,7 +175,7 @@ TEST_F(ErrorTraps, OfTheEditorLeaveWhatWasFilledBefore) {
     expectLog({u"Sub: Form_Load, Module: frmRuleEdit"});
 }
 
-/// The rest of the loading goes on: its rows are listed and its first ones are selected.
+/// The rest of the load procedure runs: it lists the rows and selects the first ones.
 TEST_F(ErrorTraps, OfTheEditorsTicksLetTheLoadingGoOn) {
     database.addRule("A");
     begin(u"lvwRuleConditions");
@@ -223,20 +203,21 @@ TEST_F(ErrorTraps, OfTheEditorEndAtItsListsAndDialogButtons) {
     const auto select = [](const char16_t *list) {
         return [list](User &user) { user.clickRow(list, 1); };
     };
-    expectNoTraps(u"frmRuleEdit", u"lvwRuleConditions", openEditor,
-                  {tick(u"lvwRuleConditions", 1), select(u"lvwRuleConditions"), [](User &user) {
-                       user.get<CommandButton>(u"cmdEditCondition").setEnabled(true);
-                       user.click(u"cmdEditCondition");
-                   }});
+    expectNoTraps(
+        u"frmRuleEdit", u"lvwRuleConditions", openEditor,
+        {tick(conditions, row::ignoreForService), select(u"lvwRuleConditions"), [](User &user) {
+             user.get<CommandButton>(u"cmdEditCondition").setEnabled(true);
+             user.click(u"cmdEditCondition");
+         }});
     expectNoTraps(u"frmRuleEdit", u"lvwRuleActions", openEditor,
-                  {tick(u"lvwRuleActions", 1), select(u"lvwRuleActions"), [](User &user) {
+                  {tick(actions, row::distribute), select(u"lvwRuleActions"), [](User &user) {
                        user.get<CommandButton>(u"cmdConfigureAction").setEnabled(true);
                        user.click(u"cmdConfigureAction");
                    }});
 }
 
 TEST_F(ErrorTraps, OfThePeopleLogTheAddressBookUnderTheEditorsName) {
-    expectTraps(u"frmRulePeople", u"lvwPeople", openCondition<2>,
+    expectTraps(u"frmRulePeople", u"lvwPeople", openCondition<row::fromPeople>,
                 u"Sub: Form_Load, Module: frmRulePeople",
                 {{u"cmdAdd", u"Sub: cmdAdd_Click, Module: frmRulePeople"},
                  {u"cmdAddressBook", u"Sub: cmdAddressBook_Click, Module: frmRuleEdit"},
@@ -248,7 +229,7 @@ TEST_F(ErrorTraps, OfThePeopleLogTheAddressBookUnderTheEditorsName) {
 }
 
 TEST_F(ErrorTraps, OfTheAccounts) {
-    expectTraps(u"frmRuleAccount", u"lvwAccountSelected", openCondition<3>,
+    expectTraps(u"frmRuleAccount", u"lvwAccountSelected", openCondition<row::throughAccounts>,
                 u"Sub: Form_Load(), Module: frmRuleAccount",
                 {{u"cmdAdd", u"Sub: cmdAdd_Click, Module: frmRuleAccount"},
                  {u"cmdRemove", u"Sub: cmdRemove_Click, Module: frmRuleAccount"},
@@ -259,8 +240,10 @@ TEST_F(ErrorTraps, OfTheAccounts) {
 
 TEST_F(ErrorTraps, OfTheWordsAreNone) {
     begin(u"lvwWords");
-    whileBroken([] { EXPECT_THROW(openCondition<4>(), Error); });
-    expectNoTraps(u"frmRuleWords", u"lvwWords", openCondition<4>,
+    whileBroken([] {
+        EXPECT_EQ(errorNumber(openCondition<row::containsWords>), error_number::automationError);
+    });
+    expectNoTraps(u"frmRuleWords", u"lvwWords", openCondition<row::containsWords>,
                   {[](User &user) {
                        user.type(u"GO");
                        user.click(u"cmdAdd");
@@ -271,11 +254,11 @@ TEST_F(ErrorTraps, OfTheWordsAreNone) {
 
 TEST_F(ErrorTraps, OfTheConditionOptionsAreNone) {
     begin(u"lvwRuleCondition");
-    whileBroken([] { EXPECT_THROW(openOptions(), Error); });
+    whileBroken([] { EXPECT_EQ(errorNumber(openOptions), error_number::automationError); });
 }
 
 TEST_F(ErrorTraps, OfTheDistribution) {
-    expectTraps(u"frmRuleDistribute", u"lvwUsersSelected", openAction<1>,
+    expectTraps(u"frmRuleDistribute", u"lvwUsersSelected", openAction<row::distribute>,
                 u"Sub: Form_Load, Module: frmRuleDistribute",
                 {{u"cmdSelect", u"Sub: cmdSelect_Click, Module: frmRuleDistribute"},
                  {u"cmdAll", u"Sub: cmdAll_Click, Module: frmRuleDistribute"},
@@ -284,14 +267,14 @@ TEST_F(ErrorTraps, OfTheDistribution) {
 }
 
 TEST_F(ErrorTraps, OfTheReplyEndAtItsLoading) {
-    expectTraps(u"frmRuleReply", u"lvwOutAccount", openAction<2>,
+    expectTraps(u"frmRuleReply", u"lvwOutAccount", openAction<row::reply>,
                 u"Sub: Form_Load, Module: frmRuleReply", {});
-    expectNoTraps(u"frmRuleReply", u"lvwOutAccount", openAction<2>,
+    expectNoTraps(u"frmRuleReply", u"lvwOutAccount", openAction<row::reply>,
                   {[](User &user) { user.tickRow(u"lvwOutAccount", 1); }, click(u"cmdOK")});
 }
 
 TEST_F(ErrorTraps, OfTheAlert) {
-    expectTraps(u"frmRuleAlert", u"lvwPeople", openAction<3>,
+    expectTraps(u"frmRuleAlert", u"lvwPeople", openAction<row::alert>,
                 u"Sub: Form_Load, Module: frmRuleAlert",
                 {{u"cmdAdd", u"Sub: cmdAdd_Click, Module: frmRuleAlert"},
                  {u"cmdAddressBook", u"Sub: cmdAddressBook_Click, Module: frmRuleAlert"},
@@ -299,7 +282,7 @@ TEST_F(ErrorTraps, OfTheAlert) {
                  {u"cmdClear", u"Sub: cmdClear_Click, Module: frmRuleAlert"}},
                 typeNumber);
     expectMessages({clearQuestion});
-    expectNoTraps(u"frmRuleAlert", u"lvwOutAccount", openAction<3>,
+    expectNoTraps(u"frmRuleAlert", u"lvwOutAccount", openAction<row::alert>,
                   {[](User &user) { user.tickRow(u"lvwOutAccount", 1); }, click(u"cmdOK")});
 }
 

@@ -2,6 +2,7 @@
 // that can be enabled is.
 #pragma once
 
+#include "tests/windows/EditorRows.h"
 #include "tests/windows/WindowsOnScreenFixture.h"
 
 #include <functional>
@@ -52,13 +53,13 @@ protected:
                 checked(window, further);
                 editor.click(button);
             };
-            open(u"lvwRuleConditions", 2, u"cmdEditCondition", u"frmRulePeople");
-            open(u"lvwRuleConditions", 3, u"cmdEditCondition", u"frmRuleAccount");
-            open(u"lvwRuleConditions", 4, u"cmdEditCondition", u"frmRuleWords", withOptions);
-            open(u"lvwRuleConditions", 5, u"cmdEditCondition", u"frmRuleDate");
-            open(u"lvwRuleActions", 1, u"cmdConfigureAction", u"frmRuleDistribute");
-            open(u"lvwRuleActions", 2, u"cmdConfigureAction", u"frmRuleReply");
-            open(u"lvwRuleActions", 3, u"cmdConfigureAction", u"frmRuleAlert");
+            open(conditions, row::fromPeople, u"cmdEditCondition", u"frmRulePeople");
+            open(conditions, row::throughAccounts, u"cmdEditCondition", u"frmRuleAccount");
+            open(conditions, row::containsWords, u"cmdEditCondition", u"frmRuleWords", withOptions);
+            open(conditions, row::withinDates, u"cmdEditCondition", u"frmRuleDate");
+            open(actions, row::distribute, u"cmdConfigureAction", u"frmRuleDistribute");
+            open(actions, row::reply, u"cmdConfigureAction", u"frmRuleReply");
+            open(actions, row::alert, u"cmdConfigureAction", u"frmRuleAlert");
             checked(u"frmRules");
         });
         showRules(toText(whole));
@@ -69,7 +70,7 @@ protected:
     /// What waits for a choice or for a text gets it.
     static void enableEverything(QtUser &user) {
         if (user.widget(u"lvwRuleConditions") != nullptr) {
-            user.clickRow(u"lvwRuleConditions", 2);
+            user.clickRow(conditions, row::fromPeople);
         }
         for (const auto *box : {u"txtMobileNo", u"txtWord"}) {
             if (user.widget(box) != nullptr) {

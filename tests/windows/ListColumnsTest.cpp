@@ -2,6 +2,7 @@
 #include "adapters/controls/ListRows.h"
 #include "platform/Text.h"
 #include "tests/support/ComponentTest.h"
+#include "tests/windows/EditorRows.h"
 #include "ui/conditions/frmRuleOptions.h"
 #include "ui/rules/RuleParts.h"
 
@@ -68,16 +69,16 @@ TEST_F(ListColumns, OfTheConditionsDialogs) {
     openSession();
     expectLists(u"frmRulePeople",
                 {{u"lvwPeople", {"People 95%"}, {u"Where the message is from "}}});
-    open(ruleConditions(), 2);
+    open(ruleConditions(), row::fromPeople);
     expectLists(u"frmRuleAccount",
                 {{u"lvwAccountSource", {"Available Accounts 95%", "AccountID 0%"}, {}},
                  {u"lvwAccountSelected",
                   {"Selected Accounts 95%", "AccountID 0%"},
                   {u"Where the message is received through "}}});
-    open(ruleConditions(), 3);
+    open(ruleConditions(), row::throughAccounts);
     expectLists(u"frmRuleWords",
                 {{u"lvwWords", {"Word 95%"}, {u"Where the message contains the words "}}});
-    open(ruleConditions(), 4);
+    open(ruleConditions(), row::containsWords);
 }
 
 TEST_F(ListColumns, OfTheConditionOptions) {
@@ -103,12 +104,12 @@ TEST_F(ListColumns, OfTheActionsDialogs) {
     expectLists(u"frmRuleDistribute",
                 {{u"lvwUsersSource", {"Available Users 95%", "ID 0%"}, {u"Asha"}},
                  {u"lvwUsersSelected", {"Selected Users 95%", "ID 0%"}, {}}});
-    open(ruleActions(), 1);
+    open(ruleActions(), row::distribute);
     const Expected accounts{u"lvwOutAccount", {"Available Accounts 95%", "AccountID 0%"}, {}};
     expectLists(u"frmRuleReply", {accounts});
-    open(ruleActions(), 2);
+    open(ruleActions(), row::reply);
     expectLists(u"frmRuleAlert", {accounts, {u"lvwPeople", {"People 95%"}, {}}});
-    open(ruleActions(), 3);
+    open(ruleActions(), row::alert);
 }
 
 } // namespace

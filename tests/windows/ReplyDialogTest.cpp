@@ -14,7 +14,7 @@ const Message accountMissing{u"Please select the account through which the Reply
 
 class ReplyDialog : public ActionDialog {
 protected:
-    ReplyDialog() : ActionDialog(u"frmRuleReply", 2) {
+    ReplyDialog() : ActionDialog(u"frmRuleReply", row::reply) {
         database.addAccount(2, "Main");
         database.addAccount(5, "Spare", "TRANSMITTER");
     }

@@ -1,11 +1,9 @@
 #include "tests/support/ComponentTest.h"
+#include "tests/windows/EditorRows.h"
 #include "ui/rules/frmRuleEdit.h"
 
 namespace kvex::test {
 namespace {
-
-constexpr auto conditions = u"lvwRuleConditions";
-constexpr auto actions = u"lvwRuleActions";
 
 class RuleEditor : public ComponentTest {
 protected:
@@ -140,8 +138,11 @@ TEST_F(RuleEditor, AStoredRuleIsShownOnItsRows) {
     playRule(id, [](User &user) {
         EXPECT_EQ(user.window().caption(), u"Modify Rule");
         EXPECT_EQ(name(user), u"Full");
-        EXPECT_EQ(ticked(user, conditions), (Rows{1, 2, 3, 4, 5}));
-        EXPECT_EQ(ticked(user, actions), (Rows{1, 2, 3, 5}));
+        EXPECT_EQ(ticked(user, conditions),
+                  (Rows{row::ignoreForService, row::fromPeople, row::throughAccounts,
+                        row::containsWords, row::withinDates}));
+        EXPECT_EQ(ticked(user, actions),
+                  (Rows{row::distribute, row::reply, row::alert, row::noMoreRules}));
         EXPECT_EQ(greyed(user, conditions), Rows());
         EXPECT_EQ(greyed(user, actions), Rows());
         EXPECT_EQ(user.get<ListView>(conditions).selectedRow(), 1);
@@ -156,13 +157,15 @@ TEST_F(RuleEditor, AStoredRuleIsShownOnItsRows) {
 TEST_F(RuleEditor, ARuleForAllMessagesLocksTheOtherConditions) {
     const auto id = database.addRule("All", "<ALLMESSAGES>", "<DELETE>NO</DELETE>");
     playRule(id, [](User &user) {
-        EXPECT_EQ(ticked(user, conditions), Rows{6});
-        EXPECT_EQ(greyed(user, conditions), (Rows{1, 2, 3, 4, 5}));
+        EXPECT_EQ(ticked(user, conditions), Rows{row::forAllMessages});
+        EXPECT_EQ(greyed(user, conditions),
+                  (Rows{row::ignoreForService, row::fromPeople, row::throughAccounts,
+                        row::containsWords, row::withinDates}));
         EXPECT_FALSE(enabled(user, u"cmdEditCondition"));
         EXPECT_FALSE(enabled(user, u"cmdConfigureAction"));
         EXPECT_FALSE(session().blnChanged);
-        user.tickRow(conditions, 2);
-        EXPECT_EQ(ticked(user, conditions), Rows{6});
+        user.tickRow(conditions, row::fromPeople);
+        EXPECT_EQ(ticked(user, conditions), Rows{row::forAllMessages});
         EXPECT_EQ(ruleState().strPeople, u"");
         EXPECT_FALSE(enabled(user, u"cmdEditCondition"));
         EXPECT_TRUE(session().blnChanged);
@@ -173,12 +176,12 @@ TEST_F(RuleEditor, ARuleForAllMessagesLocksTheOtherConditions) {
 TEST_F(RuleEditor, TickingForAllMessagesUnticksTheOthersAndKeepsTheirValues) {
     const auto id = database.addRule("Full", fullQuery, fullAction);
     playRule(id, [](User &user) {
-        user.tickRow(conditions, 6);
-        EXPECT_EQ(ticked(user, conditions), Rows{6});
+        user.tickRow(conditions, row::forAllMessages);
+        EXPECT_EQ(ticked(user, conditions), Rows{row::forAllMessages});
         EXPECT_TRUE(ruleState().blnAllMessages);
         EXPECT_EQ(ruleState().strPeople, u"98;99");
         EXPECT_EQ(ruleState().strWords, u"STOP");
-        user.tickRow(conditions, 6);
+        user.tickRow(conditions, row::forAllMessages);
         EXPECT_FALSE(ruleState().blnAllMessages);
         EXPECT_EQ(greyed(user, conditions), Rows());
         EXPECT_EQ(ticked(user, conditions), Rows());
@@ -190,14 +193,14 @@ TEST_F(RuleEditor, TickingForAllMessagesUnticksTheOthersAndKeepsTheirValues) {
 TEST_F(RuleEditor, UntickingAConditionClearsItsValue) {
     const auto id = database.addRule("Full", fullQuery, fullAction);
     playRule(id, [](User &user) {
-        for (const int row : {1, 2, 3, 4, 5}) {
+        for (int row = 1; row < row::forAllMessages; ++row) {
             user.tickRow(conditions, row);
             EXPECT_EQ(user.get<ListView>(conditions).selectedRow(), row);
         }
         const RuleState &rule = ruleState();
         EXPECT_EQ(rule.strIgnoreIfService, u"NO");
         EXPECT_EQ(rule.strPeople + rule.varAccounts + rule.strWords + rule.strDateTime, u"");
-        user.tickRow(conditions, 1);
+        user.tickRow(conditions, row::ignoreForService);
         EXPECT_EQ(rule.strIgnoreIfService, u"YES");
         user.press(Key::escape);
     });
@@ -207,13 +210,13 @@ TEST_F(RuleEditor, UntickingAnActionClearsAllOfItsValues) {
     const auto id = database.addRule("Full", fullQuery, fullAction);
     playRule(id, [](User &user) {
         const RuleState &rule = ruleState();
-        user.tickRow(actions, 1);
+        user.tickRow(actions, row::distribute);
         EXPECT_EQ(rule.strDistribution, u"");
-        user.tickRow(actions, 2);
+        user.tickRow(actions, row::reply);
         EXPECT_EQ(rule.strReplyText + rule.strReplyAccount, u"");
-        user.tickRow(actions, 3);
+        user.tickRow(actions, row::alert);
         EXPECT_EQ(rule.strAlertText + rule.strAlertAccount + rule.strAlertRecipients, u"");
-        user.tickRow(actions, 3);
+        user.tickRow(actions, row::alert);
         EXPECT_EQ(rule.strAlertText + rule.strAlertAccount + rule.strAlertRecipients, u"");
         user.press(Key::escape);
     });
@@ -221,20 +224,20 @@ TEST_F(RuleEditor, UntickingAnActionClearsAllOfItsValues) {
 
 TEST_F(RuleEditor, DeleteItHoldsTheLastAction) {
     playNewRule([](User &user) {
-        user.tickRow(actions, 4);
-        EXPECT_EQ(ticked(user, actions), (Rows{4, 5}));
-        EXPECT_EQ(greyed(user, actions), Rows{5});
+        user.tickRow(actions, row::deleteIt);
+        EXPECT_EQ(ticked(user, actions), (Rows{row::deleteIt, row::noMoreRules}));
+        EXPECT_EQ(greyed(user, actions), Rows{row::noMoreRules});
         EXPECT_EQ(ruleState().varDelete, u"YES");
         EXPECT_EQ(ruleState().strIgnoreFurtherRules, u"YES");
-        user.tickRow(actions, 5);
-        EXPECT_EQ(ticked(user, actions), (Rows{4, 5}));
+        user.tickRow(actions, row::noMoreRules);
+        EXPECT_EQ(ticked(user, actions), (Rows{row::deleteIt, row::noMoreRules}));
         EXPECT_EQ(ruleState().strIgnoreFurtherRules, u"YES");
-        user.tickRow(actions, 4);
-        EXPECT_EQ(ticked(user, actions), Rows{5});
+        user.tickRow(actions, row::deleteIt);
+        EXPECT_EQ(ticked(user, actions), Rows{row::noMoreRules});
         EXPECT_EQ(greyed(user, actions), Rows());
         EXPECT_EQ(ruleState().varDelete, u"NO");
         EXPECT_EQ(ruleState().strIgnoreFurtherRules, u"YES");
-        user.tickRow(actions, 5);
+        user.tickRow(actions, row::noMoreRules);
         EXPECT_EQ(ruleState().strIgnoreFurtherRules, u"NO");
         user.press(Key::escape);
     });
@@ -244,27 +247,27 @@ TEST_F(RuleEditor, AStoredDeleteItIsGreyFromTheStart) {
     const auto id = database.addRule(
         "D", "<ALLMESSAGES>", "<DELETE>YES</DELETE><IGNOREFURTHERRULES>YES</IGNOREFURTHERRULES>");
     playRule(id, [](User &user) {
-        EXPECT_EQ(ticked(user, actions), (Rows{4, 5}));
-        EXPECT_EQ(greyed(user, actions), Rows{5});
+        EXPECT_EQ(ticked(user, actions), (Rows{row::deleteIt, row::noMoreRules}));
+        EXPECT_EQ(greyed(user, actions), Rows{row::noMoreRules});
         user.press(Key::escape);
     });
 }
 
 TEST_F(RuleEditor, TheConditionButtonServesTickedConditionsWithValuesOnly) {
     playNewRule([](User &user) {
-        for (const int row : {1, 2, 3, 4, 5}) {
+        for (int row = 1; row < row::forAllMessages; ++row) {
             user.clickRow(conditions, row);
             EXPECT_FALSE(enabled(user, u"cmdEditCondition")) << row;
             user.tickRow(conditions, row);
-            EXPECT_EQ(enabled(user, u"cmdEditCondition"), row >= 2) << row;
+            EXPECT_EQ(enabled(user, u"cmdEditCondition"), row >= row::fromPeople) << row;
             user.clickRow(conditions, row);
-            EXPECT_EQ(enabled(user, u"cmdEditCondition"), row >= 2) << row;
+            EXPECT_EQ(enabled(user, u"cmdEditCondition"), row >= row::fromPeople) << row;
             user.tickRow(conditions, row);
             EXPECT_FALSE(enabled(user, u"cmdEditCondition")) << row;
         }
-        user.tickRow(conditions, 6);
+        user.tickRow(conditions, row::forAllMessages);
         EXPECT_FALSE(enabled(user, u"cmdEditCondition"));
-        user.clickRow(conditions, 6);
+        user.clickRow(conditions, row::forAllMessages);
         EXPECT_FALSE(enabled(user, u"cmdEditCondition"));
         user.press(Key::escape);
     });
@@ -272,13 +275,13 @@ TEST_F(RuleEditor, TheConditionButtonServesTickedConditionsWithValuesOnly) {
 
 TEST_F(RuleEditor, TheActionButtonServesTickedActionsWithValuesOnly) {
     playNewRule([](User &user) {
-        for (const int row : {1, 2, 3, 4, 5}) {
+        for (int row = 1; row <= row::noMoreRules; ++row) {
             user.clickRow(actions, row);
             EXPECT_FALSE(enabled(user, u"cmdConfigureAction")) << row;
             user.tickRow(actions, row);
-            EXPECT_EQ(enabled(user, u"cmdConfigureAction"), row <= 3) << row;
+            EXPECT_EQ(enabled(user, u"cmdConfigureAction"), row <= row::alert) << row;
             user.clickRow(actions, row);
-            EXPECT_EQ(enabled(user, u"cmdConfigureAction"), row <= 3) << row;
+            EXPECT_EQ(enabled(user, u"cmdConfigureAction"), row <= row::alert) << row;
             user.tickRow(actions, row);
             EXPECT_FALSE(enabled(user, u"cmdConfigureAction")) << row;
         }
@@ -288,8 +291,8 @@ TEST_F(RuleEditor, TheActionButtonServesTickedActionsWithValuesOnly) {
 
 TEST_F(RuleEditor, TheDescriptionFollowsEveryTick) {
     playNewRule([](User &user) {
-        user.tickRow(conditions, 6);
-        user.tickRow(actions, 5);
+        user.tickRow(conditions, row::forAllMessages);
+        user.tickRow(actions, row::noMoreRules);
         EXPECT_EQ(description(user), u"Apply this Rule after the message arrives\r\nFor ALL "
                                      u"Messages\r\nThen do not process any more Rules");
         user.press(Key::escape);
@@ -321,7 +324,7 @@ TEST_F(RuleEditor, TheNameTakesFiftyCharactersAndShowsALongerStoredOneWhole) {
 TEST_F(RuleEditor, CancelAfterEditsWritesNothingAndLeavesTheFlagSet) {
     const auto id = database.addRule("Full", fullQuery, fullAction);
     const std::int32_t result = playRule(id, [](User &user) {
-        user.tickRow(conditions, 2);
+        user.tickRow(conditions, row::fromPeople);
         user.click(u"cmdCancel");
     });
     EXPECT_EQ(result, 99);
@@ -349,7 +352,7 @@ TEST_F(RuleEditor, TheStringValuesAreShownOnRequest) {
     const auto id = database.addRule("Full", fullQuery, fullAction);
     playRule(id, [](User &user) {
         user.get<CommandButton>(u"cmdShow").onClick();
-        user.tickRow(conditions, 6);
+        user.tickRow(conditions, row::forAllMessages);
         user.get<CommandButton>(u"cmdShow").onClick();
         user.press(Key::escape);
     });
@@ -403,7 +406,7 @@ TEST_F(RuleEditor, TheDialogButtonsOfOtherRowsOnlyDescribeTheRule) {
 TEST_F(RuleEditor, UntickingAStoredDeleteItLeavesTheLastActionUnticked) {
     const auto id = database.addRule("A", "<ALLMESSAGES>", "<DELETE>YES</DELETE>");
     playRule(id, [](User &user) {
-        user.tickRow(actions, 4);
+        user.tickRow(actions, row::deleteIt);
         EXPECT_EQ(ticked(user, actions), Rows());
         EXPECT_EQ(greyed(user, actions), Rows());
         EXPECT_EQ(ruleState().varDelete, u"NO");

@@ -10,13 +10,13 @@ TEST_P(RuleSaving, TheChecksRunInTheirOrder) {
     playNewRule([this](User &user) {
         name(user, u"");
         expectRefused(user, u"Please select some conditions for this Rule.");
-        user.tickRow(conditions, 2);
+        user.tickRow(conditions, row::fromPeople);
         expectRefused(user, u"Please select some actions for this Rule.");
-        for (const int row : {3, 4, 5}) {
-            user.tickRow(conditions, row);
+        for (const int condition : {row::throughAccounts, row::containsWords, row::withinDates}) {
+            user.tickRow(conditions, condition);
         }
-        for (const int row : {1, 2, 3}) {
-            user.tickRow(actions, row);
+        for (const int action : {row::distribute, row::reply, row::alert}) {
+            user.tickRow(actions, action);
         }
         expectRefused(user, u"Type a name for this Rule.", u"txtRuleName");
         user.type(u"Rule");
@@ -64,7 +64,7 @@ TEST_P(RuleSaving, TheChecksRunInTheirOrder) {
 TEST_P(RuleSaving, ARuleWithoutActionsIsToldSoEvenWithoutAName) {
     playNewRule([this](User &user) {
         name(user, u"");
-        user.tickRow(conditions, 6);
+        user.tickRow(conditions, row::forAllMessages);
         expectRefused(user, u"Please select some actions for this Rule.");
         user.press(Key::escape);
     });
@@ -91,8 +91,8 @@ TEST_P(RuleSaving, ANameIsSavedTrimmed) {
 
 TEST_P(RuleSaving, ForAllMessagesAndDeleteItAreWrittenToTheCharacter) {
     playNewRule([](User &user) {
-        user.tickRow(conditions, 6);
-        user.tickRow(actions, 4);
+        user.tickRow(conditions, row::forAllMessages);
+        user.tickRow(actions, row::deleteIt);
         user.press(Key::enter);
     });
     EXPECT_EQ(rules(), (std::vector<std::string>{"New Rule #1|<ALLMESSAGES>|<DELETE>YES</DELETE>"
@@ -115,9 +115,9 @@ TEST_P(RuleSaving, AnExistingRuleIsOverwrittenInPlace) {
     database.addRule("Other", "<ALLMESSAGES>", TestDatabase::deleteNothing, 5);
     const auto id = database.addRule("Mine", "<ALLMESSAGES>", TestDatabase::deleteNothing, 7, 0);
     playRule(id, [](User &user) {
-        user.tickRow(conditions, 6);
-        user.tickRow(conditions, 1);
-        user.tickRow(actions, 5);
+        user.tickRow(conditions, row::forAllMessages);
+        user.tickRow(conditions, row::ignoreForService);
+        user.tickRow(actions, row::noMoreRules);
         user.click(u"cmdOK");
     });
     EXPECT_EQ(database.value("SELECT ID, Name, QueryParam, ActionParam, PRIORITY, ACTIVE FROM "
@@ -216,8 +216,8 @@ TEST_P(RuleSaving, AConditionStringOf5000CharactersIsSavedAndOneMoreRefused) {
                                                   "<CON><ANY></PEOPLE>")
                                      .size();
     playNewRule([&](User &user) {
-        user.tickRow(conditions, 2);
-        user.tickRow(actions, 5);
+        user.tickRow(conditions, row::fromPeople);
+        user.tickRow(actions, row::noMoreRules);
         ruleState().strPeople.assign(5001 - overhead, u'9');
         expectRefused(user, u"Length of Condition parameter cannot exceed 5000 characters.",
                       u"rtRuleDesc");
@@ -232,8 +232,8 @@ TEST_P(RuleSaving, AnActionStringOf2500CharactersIsSavedAndOneMoreRefused) {
                                                   "<IGNOREFURTHERRULES>NO</IGNOREFURTHERRULES>")
                                      .size();
     playNewRule([&](User &user) {
-        user.tickRow(conditions, 6);
-        user.tickRow(actions, 2);
+        user.tickRow(conditions, row::forAllMessages);
+        user.tickRow(actions, row::reply);
         ruleState().strReplyAccount = u"2";
         ruleState().strReplyText.assign(2501 - overhead, u'x');
         expectRefused(user, u"Length of Action parameter cannot exceed 2500 characters.",
@@ -246,8 +246,8 @@ TEST_P(RuleSaving, AnActionStringOf2500CharactersIsSavedAndOneMoreRefused) {
 
 TEST_P(RuleSaving, LengthsCountUtf16Units) {
     playNewRule([this](User &user) {
-        user.tickRow(conditions, 4);
-        user.tickRow(actions, 5);
+        user.tickRow(conditions, row::containsWords);
+        user.tickRow(actions, row::noMoreRules);
         for (int i = 0; i < 2490; ++i) {
             ruleState().strWords += u"\U0001F4F1";
         }
@@ -333,8 +333,8 @@ TEST_P(RuleSaving, SavingAnUnchangedRuleWritesNothing) {
                                      "<DELETE>NO</DELETE><IGNOREFURTHERRULES>YES"
                                      "</IGNOREFURTHERRULES>");
     playRule(id, [this](User &user) {
-        user.tickRow(actions, 5);
-        user.tickRow(actions, 5);
+        user.tickRow(actions, row::noMoreRules);
+        user.tickRow(actions, row::noMoreRules);
         database.refuseChanges();
         user.click(u"cmdOK");
         EXPECT_FALSE(user.isOpen());
@@ -352,9 +352,9 @@ TEST_P(RuleSaving, NamesAndTextsOfEveryScriptAreStoredAsTypedAndReadAgain) {
     const std::u16string reply =
         u"नमस्ते \U0001F469\u200D\U0001F33E!\r\nफिर मिलेंगे \U0001F1EE\U0001F1F3";
     playNewRule([&](User &user) {
-        user.tickRow(conditions, 4);
+        user.tickRow(conditions, row::containsWords);
         ruleState().strWords = words;
-        user.tickRow(actions, 2);
+        user.tickRow(actions, row::reply);
         ruleState().strReplyText = reply;
         ruleState().strReplyAccount = u"2";
         name(user, typed);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tests/support/ComponentTest.h"
+#include "tests/windows/EditorRows.h"
 
 namespace kvex::test {
 
@@ -29,8 +30,8 @@ protected:
         user.type(text);
     }
     static void completeRule(User &user) {
-        user.tickRow(conditions, 6);
-        user.tickRow(actions, 5);
+        user.tickRow(conditions, row::forAllMessages);
+        user.tickRow(actions, row::noMoreRules);
     }
     /// OK is refused with this message, the editor stays, and once the user has read it the focus
     /// is where it says.
@@ -46,9 +47,6 @@ protected:
     std::vector<std::string> rules() {
         return database.rows("SELECT Name, QueryParam, ActionParam FROM SMS_RULES ORDER BY ID");
     }
-
-    static constexpr auto conditions = u"lvwRuleConditions";
-    static constexpr auto actions = u"lvwRuleActions";
 };
 
 /// Activation, removal and re-ordering in the rules window.

@@ -1,10 +1,9 @@
 #include "platform/Text.h"
+#include "tests/windows/Questions.h"
 #include "tests/windows/RuleScenarios.h"
 
 namespace kvex::test {
 namespace {
-
-const Message removeQuestion{u"Are you sure you want to remove this rule?", 4};
 
 TEST_P(RulesWindow, NewAndCancelInTheEditorLeaveTheListUntouched) {
     addThree();
@@ -37,8 +36,8 @@ TEST_P(RulesWindow, NewAndASaveListAllRulesAgainAndSelectTheFirst) {
     playRules([&](User &user) {
         user.clickRow(u"lvwRules", 3);
         whenShown(u"frmRuleEdit", [](User &editor) {
-            editor.tickRow(u"lvwRuleConditions", 6);
-            editor.tickRow(u"lvwRuleActions", 4);
+            editor.tickRow(conditions, row::forAllMessages);
+            editor.tickRow(actions, row::deleteIt);
             editor.click(u"cmdOK");
         });
         user.click(u"cmdNew");
@@ -58,7 +57,7 @@ TEST_P(RulesWindow, ModifyLoadsTheSelectedRuleAnew) {
     playRules([this](User &user) {
         user.clickRow(u"lvwRules", 2);
         whenShown(u"frmRuleEdit", [](User &editor) {
-            editor.tickRow(u"lvwRuleConditions", 1);
+            editor.tickRow(conditions, row::ignoreForService);
             editor.click(u"cmdCancel");
         });
         user.click(u"cmdNew");
@@ -83,7 +82,7 @@ TEST_P(RulesWindow, ModifyShowsTheNewNameAndLeavesPlaceAndTickAlone) {
             editor.focusOn(u"txtRuleName");
             editor.press(Key::selectAll);
             editor.type(u"Renamed");
-            editor.tickRow(u"lvwRuleActions", 5);
+            editor.tickRow(actions, row::noMoreRules);
             editor.click(u"cmdOK");
         });
         user.click(u"cmdModify");
@@ -100,7 +99,7 @@ TEST_P(RulesWindow, AfterACancelledModifyTheUnsavedRuleIsDescribedUntilTheNextCl
     playRules([this](User &user) {
         user.clickRow(u"lvwRules", 2);
         whenShown(u"frmRuleEdit", [](User &editor) {
-            editor.tickRow(u"lvwRuleActions", 4);
+            editor.tickRow(actions, row::deleteIt);
             editor.click(u"cmdCancel");
         });
         user.click(u"cmdModify");
@@ -128,12 +127,12 @@ TEST_P(RulesWindow, RemoveAnsweredYesDeletesTheRowItself) {
     expectMessages({removeQuestion});
 }
 
-/// A name that is taken leaves the record set on the rule that has it.
+/// When a name is taken, the record set stays on the rule that has it.
 TEST_P(RulesWindow, RemoveAndModifyFindTheirRuleWhereverTheRecordSetStands) {
     addThree();
     playRules([this](User &user) {
         const auto refuseName = [this](User &editor) {
-            editor.tickRow(u"lvwRuleActions", 5);
+            editor.tickRow(actions, row::noMoreRules);
             editor.focusOn(u"txtRuleName");
             editor.press(Key::selectAll);
             editor.type(u"A");
@@ -148,7 +147,7 @@ TEST_P(RulesWindow, RemoveAndModifyFindTheirRuleWhereverTheRecordSetStands) {
         user.click(u"cmdModify");
         EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"B", u"C"}));
         whenShown(u"frmRuleEdit", [&](User &editor) {
-            editor.tickRow(u"lvwRuleConditions", 6);
+            editor.tickRow(conditions, row::forAllMessages);
             refuseName(editor);
         });
         user.click(u"cmdNew");
@@ -213,10 +212,10 @@ TEST_P(RulesWindow, RemovingTheOnlyRuleClearsTheDescription) {
         user.click(u"cmdRemove");
         EXPECT_EQ(list(user).rowCount(), 0);
         EXPECT_EQ(description(user), u"");
-        // The window stays whole: a first rule can be saved again.
+        // The window still works: the first rule can be saved again.
         whenShown(u"frmRuleEdit", [](User &editor) {
-            editor.tickRow(u"lvwRuleConditions", 6);
-            editor.tickRow(u"lvwRuleActions", 5);
+            editor.tickRow(conditions, row::forAllMessages);
+            editor.tickRow(actions, row::noMoreRules);
             editor.click(u"cmdOK");
         });
         user.click(u"cmdNew");
@@ -269,7 +268,8 @@ TEST_P(RulesWindow, RemoveTakesTheSelectedRuleWhereverTheRecordSetStands) {
     addThree(10, 10);
     utility.answers = {message_box::yes};
     playRules([](User &user) {
-        // The move selects another rule than the one clicked, whose record is the current one.
+        // The move selects another rule than the clicked one; the record of the clicked one stays
+        // current.
         user.clickRow(u"lvwRules", 3);
         user.click(u"cmdMoveUp");
         EXPECT_EQ(list(user).text(list(user).selectedRow()), u"B");

@@ -142,8 +142,8 @@ TEST_P(RulesWindow, RulesOfOnePriorityKeepTheirOrderWhenTheyAreListedAgain) {
     }
     playRules([this](User &user) {
         whenShown(u"frmRuleEdit", [](User &editor) {
-            editor.tickRow(u"lvwRuleConditions", 6);
-            editor.tickRow(u"lvwRuleActions", 5);
+            editor.tickRow(conditions, row::forAllMessages);
+            editor.tickRow(actions, row::noMoreRules);
             editor.focusOn(u"txtRuleName");
             editor.press(Key::selectAll);
             editor.type(u"New");
@@ -210,8 +210,8 @@ TEST_P(RulesWindow, RemembersTheButtonThatClosedItButNotItsFrame) {
 
 TEST_P(RulesWindow, ASessionThatBeganEmptyWritesNoOrder) {
     whenShown(u"frmRuleEdit", [](User &editor) {
-        editor.tickRow(u"lvwRuleConditions", 6);
-        editor.tickRow(u"lvwRuleActions", 5);
+        editor.tickRow(conditions, row::forAllMessages);
+        editor.tickRow(actions, row::noMoreRules);
         editor.click(u"cmdOK");
     });
     whenShown(u"frmRules", [](User &user) {

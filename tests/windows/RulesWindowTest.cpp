@@ -121,8 +121,8 @@ TEST_P(RulesWindow, ARuleThatDoesNotExistIsLoggedAndTheWindowStays) {
 TEST_P(RulesWindow, ASessionThatBeganEmptyListsFromWhereTheRecordSetStands) {
     const auto saveAs = [](const std::u16string &name) {
         return [name](User &editor) {
-            editor.tickRow(u"lvwRuleConditions", 6);
-            editor.tickRow(u"lvwRuleActions", 5);
+            editor.tickRow(conditions, row::forAllMessages);
+            editor.tickRow(actions, row::noMoreRules);
             editor.focusOn(u"txtRuleName");
             editor.press(Key::selectAll);
             editor.type(name);

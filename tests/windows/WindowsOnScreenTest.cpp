@@ -1,3 +1,4 @@
+#include "tests/windows/EditorRows.h"
 #include "tests/windows/WindowsOnScreenFixture.h"
 
 #include <QAbstractItemView>
@@ -115,7 +116,7 @@ TEST_F(WindowsOnScreen, ARuleIsModifiedOverTheRulesWindow) {
             editor.focusOn(u"txtRuleName");
             editor.press(Key::selectAll);
             editor.type(u"Changed");
-            editor.tickRow(u"lvwRuleActions", 5);
+            editor.tickRow(actions, row::noMoreRules);
             editor.click(u"cmdOK");
         });
         user.click(u"cmdModify");
@@ -127,8 +128,8 @@ TEST_F(WindowsOnScreen, ARuleIsModifiedOverTheRulesWindow) {
 
 TEST_F(WindowsOnScreen, AWarningLeavesTheEditorOpenAndPointsAtTheName) {
     playNewRule([](QtUser &user) {
-        user.tickRow(u"lvwRuleConditions", 6);
-        user.tickRow(u"lvwRuleActions", 5);
+        user.tickRow(conditions, row::forAllMessages);
+        user.tickRow(actions, row::noMoreRules);
         user.focusOn(u"txtRuleName");
         user.press(Key::selectAll);
         user.type(u"   ");
@@ -153,13 +154,13 @@ TEST_F(WindowsOnScreen, TheRulesWindowFirstShowsTenLinesOfTheDescription) {
 
 TEST_F(WindowsOnScreen, LockedRowsSayInWordsWhyTheyAreGrey) {
     playNewRule([](QtUser &user) {
-        user.tickRow(u"lvwRuleConditions", 6);
+        user.tickRow(conditions, row::forAllMessages);
         const auto *list = qobject_cast<QAbstractItemView *>(user.widget(u"lvwRuleConditions"));
         ASSERT_NE(list, nullptr);
         const QModelIndex first = list->model()->index(0, 0);
         EXPECT_EQ(first.data(Qt::AccessibleDescriptionRole).toString(),
                   "Not available while \"For All Messages\" is ticked");
-        user.tickRow(u"lvwRuleConditions", 6);
+        user.tickRow(conditions, row::forAllMessages);
         EXPECT_EQ(first.data(Qt::AccessibleDescriptionRole).toString(), "");
         user.press(Key::escape);
     });
@@ -168,7 +169,7 @@ TEST_F(WindowsOnScreen, LockedRowsSayInWordsWhyTheyAreGrey) {
 TEST_F(WindowsOnScreen, ADisabledButtonSaysWhatItWaitsFor) {
     playNewRule([](QtUser &user) {
         EXPECT_NE(user.widget(u"cmdEditCondition")->toolTip(), "");
-        user.tickRow(u"lvwRuleConditions", 2);
+        user.tickRow(conditions, row::fromPeople);
         EXPECT_TRUE(user.get<CommandButton>(u"cmdEditCondition").enabled());
         EXPECT_EQ(user.widget(u"cmdEditCondition")->toolTip(), "");
         user.press(Key::escape);

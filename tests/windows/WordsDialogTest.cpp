@@ -1,3 +1,4 @@
+#include "tests/support/RaisedError.h"
 #include "tests/windows/ConditionDialogFixture.h"
 
 namespace kvex::test {
@@ -243,7 +244,8 @@ TEST_F(WordsDialog, AnUnknownCommandValueIsNoWindow) {
     openSession();
     ruleState().strWords = u"STOP";
     ruleState().intAsCommand = 2;
-    EXPECT_THROW(ruleConditions()[3].showDialog(), Error);
+    EXPECT_EQ(errorNumber([] { ruleConditions()[row::containsWords - 1].showDialog(); }),
+              error_number::invalidPropertyValue);
 }
 
 TEST_F(WordsDialog, AccessKeysReachEveryControlThatHasOne) {

@@ -1,6 +1,7 @@
 // How the toolkit comes to an application, and says so where it cannot. Each test is a process.
 #include "adapters/qt/QtToolkit.h"
 #include "platform/Error.h"
+#include "tests/support/RaisedError.h"
 #include "tests/support/VirtualDisplay.h"
 
 #include <QApplication>
@@ -24,13 +25,14 @@ protected:
 
     /// What the toolkit says when it cannot show a window, "" when it can.
     std::string refusal() {
-        try {
-            static_cast<void>(toolkit_.createWindow({u"frmTest", u"Test", {}, column({})}));
-        } catch (const Error &error) {
-            EXPECT_EQ(error.number(), error_number::cannotCreateObject);
-            return error.what();
+        const auto error = test::raisedBy([&] {
+            return toolkit_.createWindow({u"frmTest", u"Test", {}, column({})});
+        });
+        if (!error) {
+            return {};
         }
-        return {};
+        EXPECT_EQ(error->number(), error_number::cannotCreateObject);
+        return error->what();
     }
 
 private:
@@ -43,7 +45,10 @@ bool mentions(const std::string &text, const char *word) {
 
 TEST_F(QtApplicationTest, WithoutADisplayWindowsAndMessageBoxesAreRefused) {
     EXPECT_TRUE(mentions(refusal(), "DISPLAY"));
-    EXPECT_THROW(qt::QtToolkit().showMessageBox(u"T", u"x", message_box::exclamation), Error);
+    EXPECT_EQ(test::errorNumber([] {
+                  return qt::QtToolkit().showMessageBox(u"T", u"x", message_box::exclamation);
+              }),
+              error_number::cannotCreateObject);
     EXPECT_EQ(QCoreApplication::instance(), nullptr);
 }
 
