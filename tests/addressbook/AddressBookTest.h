@@ -18,7 +18,7 @@ namespace kvex::test {
 
 using Texts = std::vector<std::u16string>;
 
-/// The user is 1; he has no contacts at first.
+/// The user is 1 and has no contacts at first.
 class AddressBookTest : public testing::Test {
 protected:
     AddressBookTest() { host::suiteState() = {u"", u"", host::ErrorLog(logFile)}; }
@@ -31,7 +31,7 @@ protected:
                          name + "," + number + "," + userId + "," + deleted + ")");
     }
 
-    /// "Contact 1" to "Contact 50000" with numbers of their own.
+    /// "Contact 1" to "Contact 50000", each with a number of its own.
     void addFiftyThousand() {
         database.execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < "
                          "50000) INSERT INTO SMS_CONTACTS (USER_ID, NAME, MOBILE) "

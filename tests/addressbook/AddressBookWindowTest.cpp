@@ -1,4 +1,4 @@
-// The address book as its user meets it.
+// What a user does in the address book, and sees there.
 #include "adapters/headless/HeadlessToolkit.h"
 #include "adapters/headless/User.h"
 #include "tests/addressbook/AddressBookTest.h"

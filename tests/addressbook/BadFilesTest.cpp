@@ -1,5 +1,5 @@
-// Contact files that are cut off, damaged or none at all: each gives contacts, lines that were
-// skipped, or a sentence.
+// Reading contact files that are cut off, damaged or of another kind: each gives contacts, skipped
+// lines, or a message.
 #include "tests/addressbook/ContactFileLines.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@ namespace {
 
 using namespace std::string_literals;
 
-/// As linesOf, or the sentence.
+/// The result of linesOf, or the message of the refusal.
 Lines outcome(const std::string &bytes) {
     try {
         return linesOf(readContactFile(bytes, false));

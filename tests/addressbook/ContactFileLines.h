@@ -1,4 +1,4 @@
-// What a reader of contact files gave, as lines that tests compare.
+// Writes what was read of a contact file as lines that tests compare.
 #pragma once
 
 #include "host/addressbook/ContactFile.h"
@@ -11,7 +11,7 @@ namespace kvex::host {
 
 using Lines = std::vector<std::string>;
 
-/// "NAME: NUMBER" of each contact, then "LINE: REASON" of what was skipped.
+/// "NAME: NUMBER" for each contact, then "LINE: REASON" for each skipped entry.
 inline Lines linesOf(const ContactFile &file) {
     Lines lines;
     for (const FileContact &contact : file.contacts) {

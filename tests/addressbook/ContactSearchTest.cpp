@@ -16,7 +16,7 @@ contacts(std::initializer_list<std::pair<const char16_t *, const char16_t *>> na
     return result;
 }
 
-/// The names found, in their order.
+/// The names that were found, in order.
 Texts names(const ContactSearch &search, std::u16string_view words) {
     Texts result;
     for (const std::size_t index : search.find(words)) {

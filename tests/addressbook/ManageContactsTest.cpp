@@ -16,7 +16,7 @@ using testing::Not;
 class ManageContacts : public AddressBookTest {
 protected:
     ComPointer<IManageContacts> created() { return makeComObject<host::ManageContacts>(toolkit); }
-    /// An Init that does not succeed; gives what was logged.
+    /// Calls Init, which must fail. Gives the log.
     std::string refusal(std::u16string_view connectionString) {
         const auto book = created();
         VARIANT_BOOL success = VARIANT_TRUE;
@@ -48,7 +48,8 @@ TEST_F(ManageContacts, LogsAndTellsWhyItCannotBeOpened) {
     EXPECT_THAT(refusal(u"Provider=Paper"),
                 AllOf(HasSubstr("\tKVEXHostSuite: The address book cannot be opened.\t"),
                       HasSubstr("Provider=SQLite")));
-    EXPECT_THAT(toUtf8(host::suiteState().lastError.value().error.description()), HasSubstr("Provider=SQLite"));
+    EXPECT_THAT(toUtf8(host::suiteState().lastError.value().error.description()),
+                HasSubstr("Provider=SQLite"));
     ASSERT_EQ(toolkit.messageBoxes().size(), 1U);
     EXPECT_THAT(toUtf8(toolkit.messageBoxes().front().text),
                 AllOf(HasSubstr("address book cannot be opened"), HasSubstr("Provider=SQLite")));

@@ -57,7 +57,7 @@ TEST_F(SuiteServer, WithoutADisplaySelectsNobodyAndLogsWhy) {
     LONG code = -1;
     EXPECT_LT(book->SelectRecipients(1, VARIANT_TRUE, &code), 0);
     EXPECT_EQ(code, 0);
-    // Root's log is never beside what names it.
+    // Root's log always goes to the state folder.
     EXPECT_THAT(host::readFile(folder / (geteuid() == 0 ? "kvex/KVEX.log" : "log")),
                 testing::HasSubstr("display"));
 }

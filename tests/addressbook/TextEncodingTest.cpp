@@ -12,7 +12,7 @@ namespace {
 
 using namespace std::string_literals;
 
-/// Each unit as two bytes, the lower one first or last.
+/// Writes each unit as two bytes, the lower one first or last.
 std::string bytesOf(std::u16string_view text, bool lowFirst) {
     std::string bytes;
     for (const char16_t unit : text) {
@@ -54,7 +54,7 @@ TEST(TextEncoding, DecodesUtf16WithAndWithoutAMark) {
 }
 
 TEST(TextEncoding, KnowsUtf16ByTheSideWhereZerosStand) {
-    // U+4E00 has its zero on the other side.
+    // In U+4E00 the other byte is the zero.
     EXPECT_EQ(decoded(bytesOf(u"一1234", true)), "一1234");
     EXPECT_EQ(decoded(bytesOf(u"一1234", false)), "一1234");
     // One zero in eight bytes is enough.

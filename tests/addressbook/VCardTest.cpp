@@ -13,7 +13,7 @@ Lines outcome(std::string_view text) {
     return linesOf(readVCards(text));
 }
 
-/// A card of version 4.0 with these lines, each ended.
+/// A card of version 4.0 with these lines; each gets a line end.
 std::string card(std::string_view lines, std::string_view version = "4.0") {
     return "BEGIN:VCARD\r\nVERSION:" + std::string(version) + "\r\n" + std::string(lines) +
            "END:VCARD\r\n";

@@ -21,7 +21,7 @@ template <class Call> std::string errorsOf(const Call &call) {
 
 class ConsoleOnATerminal : public testing::Test {
 protected:
-    /// What the terminal shows of standard error while `call` runs.
+    /// What `call` writes to standard error, as a terminal shows it.
     template <class Call> std::string shown(const Call &call) const {
         const StandardStream errors(STDERR_FILENO, terminal.program);
         call();

@@ -16,7 +16,7 @@ class ErrorLogFile : public testing::Test {
 protected:
     void SetUp() override { environment.set("XDG_STATE_HOME", (folder / "state").string()); }
 
-    /// The log's path as the component gives it, of a component in `directory`.
+    /// The log's path that a component in `directory` gives.
     static std::u16string given(const std::filesystem::path &directory) {
         return fromUtf8(directory.string()) + u"\\KVEX.log";
     }

@@ -1,4 +1,4 @@
-// A standard stream of the test program, connected to something else for a while.
+// Connects a standard stream of the test program to another file for a while.
 #pragma once
 
 #include <unistd.h>

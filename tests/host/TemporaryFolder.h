@@ -1,4 +1,4 @@
-// A folder of a test's own, removed with it.
+// A new folder for one test, which is removed with this object.
 #pragma once
 
 #include <cstdlib>

@@ -22,7 +22,7 @@ struct Shown {
     std::int32_t style;
 };
 
-/// A utility object whose user reads every message and gives one answer.
+/// A utility object whose user reads every message and always gives the same answer.
 class ToldUtility final : public UtilityObject {
 public:
     std::vector<Shown> shown;

@@ -1,4 +1,4 @@
-// Databases that cannot be read, whoever names them.
+// Databases that cannot be read, however they are named.
 #include "tests/process/KvexrulesTest.h"
 
 namespace kvex::process {
@@ -10,7 +10,7 @@ using testing::Not;
 
 class Database : public KvexrulesTest {
 protected:
-    /// What list says of it; show must say the same.
+    /// The message of `list`; `show` must give the same.
     std::string complaint(const std::string &name) const {
         std::string told = failed(2, {"list", "--database", name});
         EXPECT_EQ(failed(2, {"show", "--all", "--database", name}), told);
@@ -76,7 +76,7 @@ TEST_F(Database, NeverHasItsPasswordToldWhereItsOptionWasForgotten) {
 }
 
 TEST_F(Database, NeverHasItsPasswordListedWithTheProcess) {
-    // The contacts are a pipe that the program waits for once it has read its arguments.
+    // The contacts come through a pipe. The program waits for it after it has read its arguments.
     const Outcome outcome = run(
         // The limit only ends a hang.
         "/usr/bin/timeout",

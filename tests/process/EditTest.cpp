@@ -1,4 +1,4 @@
-// The rule editor where it cannot show its windows; with windows it has tests of its own.
+// The command `edit` where no window can be shown. Other tests cover it with windows.
 #include "tests/process/KvexrulesTest.h"
 
 namespace kvex::process {
@@ -14,7 +14,7 @@ class Edit : public KvexrulesTest {
 protected:
     void SetUp() override { done({"init", "--sample"}); }
 
-    /// The complaint of an editor that could not open the rules.
+    /// The message when the editor could not open the rules.
     std::string unopened(std::vector<std::string> arguments) const {
         arguments.insert(arguments.end(), {"--log", log.string()});
         const Outcome outcome = kvexrules(arguments);

@@ -1,4 +1,4 @@
-// kvexrules in a folder of its own, with and without the libraries that belong to it.
+// kvexrules in a folder of its own, with and without its libraries.
 #include "tests/process/KvexrulesTest.h"
 
 #include <initializer_list>
@@ -14,7 +14,7 @@ class Installation : public KvexrulesTest {
 protected:
     void SetUp() override { done({"init", "--sample"}); }
 
-    /// Copies the program, and those of its libraries, to a folder from which it is run then.
+    /// Copies the program and these of its libraries to a folder, and runs it from there.
     void install(std::initializer_list<const char *> libraries) {
         std::filesystem::create_directory(place);
         for (std::filesystem::path file : libraries) {

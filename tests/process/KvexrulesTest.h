@@ -1,4 +1,4 @@
-// A user at a terminal: kvexrules in an environment and a home of the test's own.
+// Runs kvexrules as a user at a terminal does, with an environment and a home of the test's own.
 #pragma once
 
 #include "tests/host/TemporaryFolder.h"
@@ -23,13 +23,13 @@ protected:
     /// The same on a terminal of its own, whose user types `typed`.
     Outcome atTerminal(const std::vector<std::string> &arguments,
                        const std::string &typed = {}) const;
-    /// The same where nothing but success is expected; gives the output.
+    /// Runs it, expects success, and gives the output.
     std::string done(const std::vector<std::string> &arguments) const;
-    /// The same where a failure with `status` is expected, told in one message and with nothing
-    /// printed; gives the message.
+    /// Runs it, and expects a failure with `status`, one message and no output. Gives the message.
     std::string failed(int status, const std::vector<std::string> &arguments) const;
 
-    /// What the database's own client gives for a statement on the database in `file`.
+    /// Runs a statement on the database in `file` with the database's own client, and gives the
+    /// output.
     static std::string sqlite3(const std::filesystem::path &file, const std::string &statement);
     /// The program as it was built.
     static std::filesystem::path builtProgram();

@@ -145,7 +145,7 @@ Outcome runAtTerminal(const std::filesystem::path &program,
     if (write(terminal.master, typed.data(), typed.size()) < 0) {
         throw std::runtime_error("nothing can be typed");
     }
-    // Its end is an error: nobody holds the terminal's other side any more.
+    // Reading ends with an error when no process holds the terminal's other side any more.
     collect(terminal.master, -1, outcome);
     waitFor(child, program, outcome);
     return outcome;

@@ -14,7 +14,7 @@ struct Outcome {
     std::string errors;
 };
 
-/// What a closed or redirected standard output is for the program.
+/// Where the standard output of the program goes, or that it is closed.
 enum class Output { captured, closed, full, withoutReader };
 
 /// Runs `program` to its end with `environment` as its whole environment, in the directory
@@ -24,8 +24,8 @@ enum class Output { captured, closed, full, withoutReader };
                           const std::map<std::string, std::string> &environment,
                           const std::filesystem::path &folder, Output output = Output::captured);
 
-/// The same on a terminal of the program's own, with `typed` as what its user types. The terminal
-/// shows as the outcome's output what the program writes to any standard stream, not what is typed.
+/// Runs it on a terminal of its own, on which its user types `typed`. The outcome's output is what
+/// the program writes to any standard stream, without what is typed.
 [[nodiscard]] Outcome runAtTerminal(const std::filesystem::path &program,
                                     const std::vector<std::string> &arguments,
                                     const std::map<std::string, std::string> &environment,

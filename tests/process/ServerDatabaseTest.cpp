@@ -18,7 +18,8 @@ using testing::Not;
 struct ServerKind {
     const char *name;
     DatabaseServer &(*server)();
-    /// What the administrator says so that the user "editor" may open a database without tables.
+    /// The statements by which the administrator lets the user "editor" open a database without
+    /// tables.
     std::string entry;
 };
 
@@ -30,14 +31,14 @@ DatabaseServer &mariaDb() {
     return MariaDbServer::shared();
 }
 
-/// With a database of its own, without tables, on the server.
+/// Each test has its own database on the server, without tables.
 class ServerDatabase : public KvexrulesTest, public testing::WithParamInterface<ServerKind> {
 protected:
     ServerDatabase() {
         server().createDatabase(name);
         environment["KVEX_DATABASE"] = server().odbcConnectionString(name);
-        // What the sanitizer is told of the databases' drivers. The leak check crashes where a
-        // driver manager has unloaded one.
+        // The sanitizer's options for the databases' drivers. The leak check crashes after a driver
+        // manager has unloaded a driver.
         if (const char *options = std::getenv("ASAN_OPTIONS")) {
             environment["ASAN_OPTIONS"] = std::string(options) + ":detect_leaks=0";
         }
@@ -48,7 +49,7 @@ protected:
     [[nodiscard]] static std::string valueOf(const std::string &query) {
         return server().valueOf(name, query);
     }
-    /// The connection string up to where the user stands, of the program's messages too.
+    /// The connection string up to the user's name. The program's messages contain it too.
     [[nodiscard]] static std::string place() {
         const std::string whole = server().odbcConnectionString(name);
         return whole.substr(0, whole.find("UID="));
@@ -77,7 +78,7 @@ TEST_P(ServerDatabase, HoldsTheSampleThatAFileHolds) {
 
 TEST_P(ServerDatabase, HoldsASampleWhoseRulesNameItsOwnRows) {
     done({"init"});
-    // The numbers of removed rows are not given again: those of the sample are others.
+    // The server does not reuse the ids of removed rows, so the sample has other ids now.
     server().run(name, "INSERT INTO SMS_USERS (NAME) VALUES ('gone')");
     server().run(name, "INSERT INTO SMS_ACCOUNT (NAME) VALUES ('gone')");
     server().run(name, "DELETE FROM SMS_USERS");

@@ -14,7 +14,7 @@ class Show : public KvexrulesTest {
 protected:
     void SetUp() override { done({"init", "--sample"}); }
 
-    /// Makes rule 6 one whose conditions cannot be read.
+    /// Gives rule 6 conditions that cannot be read.
     void spoilRule() const {
         sqlite3(database, "UPDATE SMS_RULES SET QueryParam = '<PEOPLE><CON><ANY>98111' "
                           "WHERE ID = 6");
