@@ -163,7 +163,7 @@ class Desktop:
         self.press("alt+F4")
 
     def screenshot(self, path, window="root"):
-        """`window` is an X window's number, or the whole screen. Waits until the picture stands still."""
+        """`window` is an X window's number, or the whole screen. Waits until it stands still."""
         Path(path).parent.mkdir(parents=True, exist_ok=True)
         pixels = [b""]
 
