@@ -9,7 +9,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-/// The numbers, or else the fault.
+/// The numbers of the cell, or what is wrong with it.
 Texts outcome(std::string_view text) {
     const NumberCell cell = readNumberCell(text);
     Texts result;

@@ -35,7 +35,7 @@ protected:
         return static_cast<std::size_t>(
             std::distance(fs::directory_iterator(directory), fs::directory_iterator()));
     }
-    /// What is found for `firstClass` when its file holds `text`.
+    /// The registration of `firstClass` that is found when its file holds `text`.
     std::optional<ClassRegistration> foundIn(std::string_view text) const {
         put(fileIn(userClasses()), text);
         return findClassRegistration(firstClass);

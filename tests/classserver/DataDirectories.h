@@ -1,4 +1,4 @@
-// Data directories of a test's own, instead of the user's and the system's.
+// Gives a test its own data directories in place of the user's and the system's.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@
 #include <string>
 #include <string_view>
 
-/// Sets an environment variable, or removes it for none, as long as it lives.
+/// While it lives, the environment variable has this value; without a value it is removed.
 class Variable {
 public:
     Variable(const char *name, const std::optional<std::string> &value) : name_(name) {

@@ -1,4 +1,4 @@
-// A library that can be loaded and is no server.
+// A library that loads but is no component server.
 extern "C" __attribute__((visibility("default"))) int noServer() {
     return 0;
 }

@@ -28,7 +28,7 @@ private:
     LONG last_ = 0;
 };
 
-/// Fails when the base class has been constructed and counted.
+/// Fails after the base class was constructed and counted.
 template <auto Raise> class Failing final : public kvex::ComObject<ICounter> {
 public:
     Failing() { Raise(); }

@@ -1,4 +1,4 @@
-// The component as any host meets it: loaded from its file, reached through its entry points.
+// The component as any host uses it: loaded from its file and called through its entry points.
 #include "adapters/classserver/ClassServer.h"
 #include "adapters/classserver/server/ComObject.h"
 #include "component/RuleUI.h"
@@ -178,7 +178,7 @@ TEST_F(Boundary, AFailingConstructorIsAResult) {
                   CLSID_RuleUI, IClassFactory::iid, factory.putVoid()),
               S_OK);
     void *object = &object;
-    // Nobody offers the utility object.
+    // No server offers the utility object.
     EXPECT_EQ(factory->CreateInstance(nullptr, IRuleUI::iid, &object),
               resultOf(error_number::cannotCreateObject));
     EXPECT_EQ(object, nullptr);

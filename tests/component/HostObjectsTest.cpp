@@ -1,5 +1,5 @@
-// The host's objects as the component calls them: strict fakes behind each interface write down
-// every call with its arguments.
+// How the component calls the host's objects. Strict fakes behind each interface record every call
+// with its arguments.
 #include "component/HostObjects.h"
 
 #include "adapters/classserver/server/ComObject.h"
@@ -40,7 +40,7 @@ template <class... Arguments> HRESULT called(const char *name, const Arguments &
     return host().result;
 }
 
-/// As a callee does with an argument by reference.
+/// Changes the text as a callee changes an argument that is passed by reference.
 void change(BSTR *text) {
     Bstr changed(std::u16string(viewOf(*text)) + u"+");
     SysFreeString(*text);

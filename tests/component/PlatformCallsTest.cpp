@@ -1,4 +1,4 @@
-// What RuleUI asks of its platform: every call, in its order, with all its arguments.
+// Every call that RuleUI makes to its platform, in order and with all arguments.
 #include "tests/support/ComponentTest.h"
 #include "tests/support/RaisedError.h"
 #include "tests/support/RecordingPlatform.h"
@@ -38,7 +38,7 @@ const Calls opening{
     "recordset 5.eof",
 };
 
-/// The rules window on no rules, asked for one that is not there.
+/// The calls that open the rules window when there are no rules, for a rule that does not exist.
 const Calls showing{
     "toolkit",
     "recordset 1.eof",
@@ -54,7 +54,8 @@ std::string recordset(int number) {
     return "recordset " + std::to_string(number);
 }
 
-/// The release after this many calls of the opening were made, of which the last may have failed.
+/// The calls of the release after this many calls of the opening. The last of those may have
+/// failed.
 Calls releaseAfter(std::size_t made) {
     const auto isOpened = [made](const std::string &object) {
         const auto open = std::ranges::find_if(
@@ -122,7 +123,7 @@ TEST_F(PlatformSequence, CreationEndsAtTheFirstObjectThatCannotBeMade) {
         std::erase_if(made, [](const std::string &call) { return call.starts_with("release"); });
         EXPECT_EQ(made, Calls(creation.begin(),
                               creation.begin() + static_cast<std::ptrdiff_t>(step) + 1));
-        // What was made goes while its platform is still there.
+        // The objects are released while their platform still exists.
         own.calls.failing.clear();
         session() = Session();
     }
@@ -164,7 +165,7 @@ TEST_F(PlatformSequence, OpeningEndsAtTheFirstCallThatFailsAndWhatIsOpenStaysSo)
             EXPECT_EQ(own.calls.take(), behind(Calls(opening.begin(), end),
                                                {logged(error_number::automationError, sub)}));
             rules.release();
-            // An open that failed has opened nothing.
+            // A call of open that failed has opened nothing.
             EXPECT_EQ(own.calls.take(), releaseAfter(step));
         }
     }

@@ -143,7 +143,7 @@ TEST_F(SessionLife, TheFlagOutlivesASessionUntilAnEditorLoads) {
               }),
               99);
     closeSession();
-    // The rule is not found, so no editor opens and clears the flag.
+    // The rule is not found, so no editor opens that would clear the flag.
     whenShown(u"frmRules", [](User &user) { user.click(u"cmdCancel"); });
     EXPECT_EQ(showRules(u"99"), 99);
     expectLog({u"Sub: Form_Load, Module: frmRules"});

@@ -14,8 +14,8 @@ LISTS = {Role.TABLE, Role.TREE, Role.TREE_TABLE}
 
 
 class Node:
-    """A window, control or row. What it says is asked for each time; a node that is gone says
-    nothing."""
+    """A window, control or row. Each property is read when it is asked for. A node that no
+    longer exists has none."""
 
     def __init__(self, desktop, accessible):
         self.desktop = desktop
@@ -78,7 +78,7 @@ class Node:
         return self
 
     def tab_to(self):
-        """Gives it the focus by the Tab key."""
+        """Moves the focus to it by the Tab key."""
         for _ in range(30):
             if self.has(State.FOCUSED):
                 return self
@@ -86,7 +86,7 @@ class Node:
         raise TimedOut(f"Tab does not reach {self}")
 
     def replace(self, text):
-        """Types over the whole text; the text box has the focus."""
+        """Replaces the whole text by typing; the text box must have the focus."""
         self.desktop.press("ctrl+a")
         self.desktop.type(text)
         wait_for(f"{self} to hold {text!r}", lambda: self.text == text)
@@ -111,13 +111,13 @@ class ListNode(Node):
         return next((row.name for row in self.rows() if row.has(State.SELECTED)), None)
 
     def go_to(self, name):
-        """Selects a row by keys; the list has the focus."""
+        """Selects a row by keys; the list must have the focus."""
         place = self.row_names().index(self.row(name).name)
         self.desktop.press("Home", *["Down"] * place)
         return self.row(name).wait_until(State.SELECTED)
 
     def tick(self, name, ticked=True):
-        """Toggles a row's check box by the space key; the list has the focus."""
+        """Toggles a row's check box by the space key; the list must have the focus."""
         row = self.go_to(name)
         self.desktop.press("space")
         return row.wait_until(State.CHECKED, ticked)
@@ -127,7 +127,7 @@ class PickerNode(Node):
     """The field of a date or time picker."""
 
     def type_date(self, digits, shown):
-        """Types all parts; Tab has just brought the focus to the first."""
+        """Types all parts; Tab must just have moved the focus to the first."""
         self.desktop.type(digits)
         wait_for(f"{self} to hold {shown!r}", lambda: self.text == shown)
 
@@ -161,7 +161,7 @@ class WindowNode(Node):
         return self.find({Role.PUSH_BUTTON}, caption)
 
     def says(self, text):
-        """Whether a label, a message box's for one, says so."""
+        """Whether a label, such as that of a message box, shows this text."""
         return any(node.role == Role.LABEL and node.name == text for node in self.descendants())
 
 
@@ -181,13 +181,13 @@ class Application:
         return None
 
     def windows(self):
-        """Those that are shown."""
+        """The visible windows."""
         root = self.root()
         return [WindowNode(self.desktop, node.accessible) for node in (root.children() if root else [])
                 if node.role in WINDOWS and node.has(State.SHOWING)]
 
     def active_window(self, what, wanted):
-        """The active window, once it is the one that is wanted."""
+        """Waits until the wanted window is active, and gives it."""
         def found():
             if self.process.poll() is not None:
                 raise TimedOut(f"the program ended with status {self.process.returncode}"
@@ -201,7 +201,7 @@ class Application:
         return self.active_window(f"the window {title!r}", lambda window: window.name == title)
 
     def message(self, text):
-        """The message box that says `text`."""
+        """The message box that shows `text`."""
         return self.active_window(f"the message {text!r}", lambda window: window.says(text))
 
     def outline(self):

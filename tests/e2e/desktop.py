@@ -15,7 +15,7 @@ PATIENCE = 30  # seconds for a state that ought to come within one
 
 
 class TimedOut(Exception):
-    """What was waited for did not come."""
+    """The awaited state was not reached."""
 
 
 class ServerEnded(Exception):
@@ -23,7 +23,7 @@ class ServerEnded(Exception):
 
 
 def wait_for(what, condition, seconds=PATIENCE):
-    """The first value of `condition` that counts as true."""
+    """Waits until `condition` gives a true value, and gives that value."""
     end = time.monotonic() + seconds
     while True:
         if value := condition():
@@ -34,7 +34,7 @@ def wait_for(what, condition, seconds=PATIENCE):
 
 
 def adopt_orphans():
-    """What our children leave behind becomes our child, so that it can be ended."""
+    """Makes orphaned descendants children of this process, which can then end them."""
     pr_set_child_subreaper = 36
     ctypes.CDLL(None).prctl(pr_set_child_subreaper, 1, 0, 0, 0)
 
@@ -45,7 +45,7 @@ def children():
 
 
 def end_all_children():
-    """Asks them to end, then makes them, and those that they leave behind."""
+    """Asks all children to end, then kills them and their orphans."""
     for request, seconds in ((signal.SIGTERM, 5), (signal.SIGKILL, PATIENCE)):
         asked = set()
         end = time.monotonic() + seconds
@@ -58,8 +58,8 @@ def end_all_children():
 
 
 class Desktop:
-    """One at a time in a process: the environment of the process names it. `files` are put into
-    its home folder; they can hold the settings of a session that Qt follows."""
+    """A process has one at a time, as the environment names it. `files` are put into its home
+    folder, for example the settings of a session that Qt follows."""
 
     def __init__(self, width=1280, height=1024, files=None):
         self.size = f"{width}x{height}x24"
@@ -108,12 +108,12 @@ class Desktop:
     def stop(self):
         end_all_children()
         for server in self.servers:
-            server.poll()  # it knows of its end
+            server.poll()  # takes note of its end
         self.folder.cleanup()
 
     def start_display(self):
-        """On a number of its own: a server that picks the lowest free one can lose its socket to
-        another that is just ending."""
+        """Its number depends on the process. A server that takes the lowest free number can lose
+        its socket when another server ends."""
         for attempt in range(10):
             display = f":{1000 + (os.getpid() * 10 + attempt) % 50000}"
             try:
@@ -125,7 +125,7 @@ class Desktop:
         raise problem
 
     def spawn(self, command, **options):
-        """Starts a server of the desktop; what it says goes to a file in the home folder."""
+        """Starts a server of the desktop; its output goes to a file in the home folder."""
         log = self.home / (Path(command[0]).name + ".log")
         with log.open("ab") as out:
             self.servers.append(subprocess.Popen(
@@ -133,7 +133,7 @@ class Desktop:
         return self.servers[-1]
 
     def announced(self, command):
-        """The line that a server writes, once it is ready, to the descriptor for "{}"."""
+        """Starts a server that writes a line to the descriptor "{}" when it is ready; that line."""
         reading, writing = os.pipe()
         server = self.spawn([word.format(writing) for word in command], pass_fds=[writing])
         os.close(writing)
@@ -143,7 +143,7 @@ class Desktop:
         raise ServerEnded(f"{command[0]} ended with status {server.wait()} before it was ready")
 
     def xdotool(self, *words, may_fail=False):
-        """What it prints; None for a failure that may be."""
+        """What xdotool prints; None for a failure that is allowed."""
         done = subprocess.run(["xdotool", *words], capture_output=True, text=True, check=False)
         if done.returncode == 0:
             return done.stdout.strip()
@@ -159,11 +159,11 @@ class Desktop:
         self.xdotool("type", "--delay", "15", "--", text)
 
     def close_active_by_frame(self):
-        """As the cross in the window's frame does."""
+        """Closes the window as the cross in its frame does."""
         self.press("alt+F4")
 
     def screenshot(self, path, window="root"):
-        """`window` is an X window's number, or the whole screen. Taken once it stands still."""
+        """`window` is an X window's number, or the whole screen. Waits until it stands still."""
         Path(path).parent.mkdir(parents=True, exist_ok=True)
         pixels = [b""]
 

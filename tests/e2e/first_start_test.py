@@ -16,7 +16,7 @@ def setUpModule():  # pylint: disable=invalid-name
 
 
 class FirstStart(ProgramTest):
-    """Nobody has made the database."""
+    """The database does not exist yet."""
 
     def setUp(self):
         self.database = Database(DESKTOP.home / f"{self.id()}.db")

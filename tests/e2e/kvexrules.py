@@ -60,7 +60,7 @@ class KvexRules(Application):
         return log.read_text(encoding="utf-8") if log.exists() else ""
 
     def report(self):
-        """What a failure's reader wants to see."""
+        """What helps to find the cause of a failure."""
         return "\n".join([
             "windows:", self.outline(),
             "printed:", self.output.read_text(encoding="utf-8", errors="replace"),
@@ -69,8 +69,8 @@ class KvexRules(Application):
 
 
 class ProgramTest(unittest.TestCase):
-    """Of a program that runs as self.program, and is ended with the test. A failure leaves a
-    picture of the screen beside the program's file, and prints what its reader wants to see."""
+    """Tests a program that runs as self.program, and ends it with the test. A failure leaves a
+    picture of the screen beside the program's file, and prints a report."""
 
     program = None
 
@@ -88,12 +88,12 @@ class ProgramTest(unittest.TestCase):
 
 
 def environment(path):
-    """Names the database where no list of processes shows it: it may hold a password."""
+    """Names the database in a variable, as arguments are public and it may hold a password."""
     return {**os.environ, "KVEX_DATABASE": str(path)}
 
 
 def initialise(program, path, *arguments):
-    """A new database made by the program itself; of a server its tables."""
+    """Lets the program make a new database, or the tables in that of a server."""
     subprocess.run([program, "init", *arguments], check=True, stdout=subprocess.DEVNULL,
                    env=environment(path))
     return Database(path)

@@ -1,4 +1,4 @@
-"""kvexrules as its user meets it: keys in real windows, rows in the database."""
+"""The user's steps in kvexrules: keys in real windows, rows in the database."""
 
 import os
 import unittest
@@ -23,7 +23,7 @@ def setUpModule():  # pylint: disable=invalid-name
 
 
 class RuleEditor(ProgramTest):
-    """Three rules stand in the database: Boss, Weather and, switched off, Night."""
+    """The database has three rules: Boss, Weather and Night, which is switched off."""
 
     def setUp(self):
         self.database = initialise(PROGRAM, DESKTOP.home / f"{self.id()}.db")
@@ -39,7 +39,7 @@ class RuleEditor(ProgramTest):
         return self.program.window(title)
 
     def rules_window(self):
-        """The rules window of a program that was started anew, past the editor."""
+        """Starts the program, leaves the editor, and gives the rules window."""
         self.start()
         self.editor()
         DESKTOP.press("Escape")
@@ -56,7 +56,7 @@ class RuleEditor(ProgramTest):
         self.assertEqual((rule["QueryParam"], rule["ActionParam"]), (query, action))
 
     def assert_refused(self, editor, message):
-        """OK is answered by a message, and the editor is there again after it."""
+        """OK shows the message; after it, the editor is active again."""
         DESKTOP.press("alt+o")
         self.program.message(message)
         DESKTOP.press("Return")

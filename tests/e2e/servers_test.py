@@ -23,7 +23,7 @@ def setUpModule():  # pylint: disable=invalid-name
 
 
 class Server:
-    """A server of its own, with an empty database."""
+    """A database server for one test, with an empty database."""
 
     def __init__(self, kind):
         self.process = subprocess.Popen([SERVE, kind], text=True, encoding="utf-8",
@@ -51,15 +51,15 @@ class File:
         self.connection = f"Driver={{SQLite3}};Database={path}"
 
     def rows(self, statement):
-        """As those of a server."""
+        """In the form of Server.rows."""
         done = subprocess.run(["sqlite3", "-cmd", ".timeout 5000", self.path, statement],
                               capture_output=True, text=True, check=True)
         return done.stdout.splitlines()
 
 
 def data_source(connection, folder):
-    """Has ODBC know the data source "SMS server" of this connection string; the environment to
-    find it by, and the connection string that names it."""
+    """Makes the data source "SMS server" from this connection string. Gives the environment in
+    which ODBC finds it, and the connection string that names it."""
     parts = dict(part.split("=", 1) for part in connection.split(";"))
     user = {key: parts.pop(key) for key in ("UID", "PWD")}
     parts["Driver"] = parts["Driver"].strip("{}")
@@ -76,7 +76,7 @@ class Servers(ProgramTest):
         return server
 
     def play(self, place, connection):
-        """On the sample rules: one more is composed by keys alone, another moves and is changed."""
+        """Composes a rule by keys alone beside the sample rules, and moves and changes another."""
         database = initialise(PROGRAM, connection, "--sample")
         self.program = KvexRules(DESKTOP, PROGRAM, database)
         Composer(self.program).compose("Whole")
@@ -85,7 +85,7 @@ class Servers(ProgramTest):
         rules.row("Whole").wait_until(State.SELECTED)
 
         def ids(table, *names):
-            """Not every database counts them one by one."""
+            """Some databases leave ids out."""
             return ";".join(place.rows(f"SELECT ID FROM {table} WHERE NAME = '{name}'")[0]
                             for name in names)
 

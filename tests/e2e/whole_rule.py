@@ -1,5 +1,5 @@
-"""One whole rule, composed by keys alone: every condition and every action there is, each in its
-dialog. On a database with the sample data."""
+"""Composes one rule by keys alone, with every condition and every action, each in its dialog. The
+database must have the sample data."""
 
 from accessibility import State
 from names import (ACCOUNTS, ACTIONS, ALERT, ALERT_ACCOUNT, ALERT_TEXT, AS_COMMAND, CONDITIONS,
@@ -10,7 +10,7 @@ from names import (ACCOUNTS, ACTIONS, ALERT, ALERT_ACCOUNT, ALERT_TEXT, AS_COMMA
 
 
 def whole_query(accounts):
-    """Through the accounts of these ids."""
+    """The conditions, with these ids of accounts."""
     return ("<IGNOREIFSERVICE>YES</IGNOREIFSERVICE>"
             "<PEOPLE><CON><ANY>9811100011;9811100022</PEOPLE>"
             f"<ACCOUNT><CON><ANY>{accounts}</ACCOUNT>"
@@ -19,17 +19,17 @@ def whole_query(accounts):
 
 
 def whole_action(users, account):
-    """To the users of these ids; reply and alert through one account."""
+    """The actions, with these ids of users, and one account for reply and alert."""
     return (f"<DIST>{users}</DIST><REPLY>Received;{account}</REPLY>"
             f"<ALERT>New message;{account};9811100033;9811100044</ALERT>"
             "<DELETE>YES</DELETE><IGNOREFURTHERRULES>YES</IGNOREFURTHERRULES>")
 
 
-# Where the ids of the sample count from 1.
+# For a database in which the ids of the sample count from 1.
 QUERY = whole_query("1;4")
 ACTION = whole_action("3;7", "2")
 
-# Without its service and account conditions and its deletion.
+# The rule after `reduce`: without service, accounts and deletion.
 LESSER_QUERY = ("<IGNOREIFSERVICE>NO</IGNOREIFSERVICE>"
                 "<PEOPLE><CON><ANY>9811100011;9811100022</PEOPLE>"
                 "<WORD><NOT><ALL><ASCOMMAND>STOP;HALT</WORD>"
@@ -50,7 +50,7 @@ class Composer:
         self.editor = None
 
     def compose(self, name):
-        """Fills the editor; leaves it open, to be stored by Return."""
+        """Fills the editor and leaves it open: Return saves the rule."""
         self.editor = self.program.window("New Rule")
         self.condition(IGNORE_SERVICE)
         self.condition(FROM_PEOPLE, "Select People", self.people)
@@ -65,7 +65,7 @@ class Composer:
         self.seen("frmRuleEdit")
 
     def reduce(self):
-        """Takes from the rule what a lesser one has not; the editor is open on it."""
+        """Reduces the rule to the lesser one; the editor must be open on it."""
         self.editor = self.program.window("Modify Rule")
         conditions = self.editor.list(CONDITIONS).tab_to()
         conditions.tick(IGNORE_SERVICE, False)
@@ -122,7 +122,7 @@ class Composer:
         self.desktop.press("alt+p")
         self.options(self.program.window("Rule Condition Options"))
         window.wait_until(State.ACTIVE)
-        # As a command the words match one by one: the box comes after the options.
+        # The command box comes after the options, as it sets words to match one by one.
         command = window.check_box(AS_COMMAND).tab_to()
         self.desktop.press("space")
         command.wait_until(State.CHECKED)

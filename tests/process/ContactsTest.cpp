@@ -23,7 +23,7 @@ protected:
         const std::string line = program.string() + " contacts import - < input";
         return run("/bin/sh", {"-c", line}, environment, folder.path());
     }
-    /// Adds contacts of user 1, or of nobody, by the client of the database.
+    /// Adds contacts of user 1, or of nobody, with the database's own client.
     void addContacts(const std::string &values) const {
         sqlite3(database, "INSERT INTO SMS_CONTACTS (ID, USER_ID, NAME, MOBILE) VALUES " + values);
     }

@@ -76,7 +76,7 @@ TEST_F(Database, NeverHasItsPasswordToldWhereItsOptionWasForgotten) {
 }
 
 TEST_F(Database, NeverHasItsPasswordListedWithTheProcess) {
-    // The contacts are a pipe that the program waits for once it has read its arguments.
+    // The contacts come through a pipe. The program waits for it after it has read its arguments.
     const Outcome outcome = run(
         // The limit only ends a hang.
         "/usr/bin/timeout",

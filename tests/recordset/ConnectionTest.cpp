@@ -69,7 +69,7 @@ bool isNothing(const ConnectionString & /*text*/) {
     return false;
 }
 
-/// A connection of another making.
+/// A connection of another class.
 class ForeignConnection final : public Connection {
 public:
     void open(std::u16string_view /*connectionString*/, std::u16string_view /*userId*/,

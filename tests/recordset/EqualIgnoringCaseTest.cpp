@@ -67,7 +67,7 @@ TEST(EqualIgnoringCase, FingerprintsTellMostShortTextsApart) {
     for (std::int64_t number = 1; number <= count; ++number) {
         different.insert(fingerprintIgnoringCase(u"New Rule #" + toText(number)));
     }
-    // As many as by chance: 9,276 of the 65,535 numbers are expected.
+    // By chance, 9,276 of the 65,535 numbers are expected.
     EXPECT_GT(different.size(), 9000U);
 }
 

@@ -32,7 +32,7 @@ FailingMemory::~FailingMemory() {
 
 } // namespace kvex::test
 
-// The program's own: the array forms come here, too.
+// This replaces the library's operator; the array forms call it, too.
 void *operator new(std::size_t size) {
     return kvex::test::allocated(size);
 }

@@ -1,11 +1,11 @@
-// Memory that cannot be had, for the program that this is linked into.
+// Makes allocations fail in the program that links this.
 #pragma once
 
 #include <new>
 
 namespace kvex::test {
 
-/// While it lives, this thread's allocation number `number` fails, counted from 0: that one alone.
+/// While it lives, this thread's allocation number `number` fails, and no other. They count from 0.
 class FailingMemory {
 public:
     explicit FailingMemory(int number);
@@ -14,7 +14,7 @@ public:
     FailingMemory &operator=(const FailingMemory &) = delete;
 };
 
-/// Runs `call` with allocation number `number` failing. False when it got along with fewer.
+/// Runs `call` while allocation number `number` fails. False when the call made fewer allocations.
 template <class Call> [[nodiscard]] bool failsAt(int number, Call call) {
     const FailingMemory failing(number);
     try {

@@ -1,4 +1,4 @@
-// Rights and limits taken from this process while an object lives.
+// Takes rights and limits from this process while an object lives.
 #pragma once
 
 #include <sys/types.h>
@@ -12,8 +12,8 @@ namespace kvex::test {
 enum class FolderRights : std::uint16_t { write = 0777, read = 0555 };
 enum class FileRights : std::uint16_t { write = 0666, read = 0444, none = 0 };
 
-/// A file and its folder as an ordinary user without more than these rights finds them; the
-/// superuser, whom no rights bind, becomes another user for the time.
+/// Limits the rights on a file and its folder. As no rights bind the superuser, the process becomes
+/// an ordinary user meanwhile.
 class WithoutRights {
 public:
     WithoutRights(const std::filesystem::path &folder, const std::filesystem::path &file,

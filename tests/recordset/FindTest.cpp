@@ -210,7 +210,7 @@ TEST_P(RecordsetConformance, FindFindsAWrittenNumberAndTheOldOneNoMore) {
 }
 
 TEST_P(RecordsetConformance, FindAmongManyNumbersFindsEach) {
-    // Neither in order nor all different.
+    // The numbers are not in order, and some are equal.
     for (int rule = 1; rule <= 60; ++rule) {
         database().run(u"INSERT INTO SMS_RULES (ID, PRIORITY) VALUES (" +
                        toText(std::int64_t{(rule * 37) % 61}) + u", " +

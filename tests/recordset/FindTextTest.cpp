@@ -1,4 +1,4 @@
-// Finding a record by a text, among changes of every kind.
+// Finding a record by a text while records change in every way.
 #include "platform/Unicode.h"
 #include "tests/recordset/RecordsetConformance.h"
 
@@ -98,7 +98,7 @@ TEST_P(RecordsetConformance, FindTellsLongTextsOfOneLengthApart) {
 }
 
 TEST_P(RecordsetConformance, FindIgnoresTheCaseOfEveryCharacter) {
-    // Characters beyond ASCII whose other case is within, and of two units.
+    // Characters whose other case is in ASCII, and characters of two units.
     insertRule(1, u"\u212Aio\u017Fk");
     insertRule(2, u"\U00010428");
     insertRule(3, u"\u03A3\u03B9\u03C3\u03C5\u03C6\u03BF\u03C2");

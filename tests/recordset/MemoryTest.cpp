@@ -1,4 +1,4 @@
-// Memory that fails in the middle of a call.
+// An allocation that fails in the middle of a call.
 #include "adapters/recordset/RowStore.h"
 #include "tests/databases/SqliteFixture.h"
 #include "tests/databases/SqliteSchema.h"
@@ -20,7 +20,7 @@ using recordset::RowStore;
 
 /// More allocations than any of these calls makes.
 constexpr int tooMany = 1000;
-/// Too long to lie in a text's own object, or in what is left of a small store.
+/// Too long for a text's own buffer and for what is left of a small store.
 const std::u16string longText(3000, u'x');
 
 std::int64_t sentBeginning(const Script &script, std::u16string_view beginning) {

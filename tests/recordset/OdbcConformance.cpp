@@ -6,7 +6,7 @@ namespace kvex::test {
 
 namespace {
 
-/// The numbers that it gives know nothing of those that a statement gives, as the suite's do: they
+/// PostgreSQL does not count ids that a statement sets, as those of the suite do. Its own ids must
 /// begin above them.
 std::unique_ptr<DatabaseFixture> makePostgreSql() {
     auto made = postgreSqlServer().make();

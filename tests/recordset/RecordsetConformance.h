@@ -28,15 +28,15 @@ protected:
     [[nodiscard]] std::unique_ptr<Connection> closedConnection() const;
     [[nodiscard]] std::unique_ptr<Connection> openConnection() const;
 
-    /// A rule of that id, without parameters.
+    /// Inserts a rule with this id and no parameters.
     void insertRule(int id, std::u16string_view name);
-    /// The rules by id, to be written.
+    /// The rules ordered by id, open for writing.
     [[nodiscard]] std::unique_ptr<Recordset> openRules();
     [[nodiscard]] std::unique_ptr<Recordset> openRules(Connection &connection);
     [[nodiscard]] std::unique_ptr<Recordset> openQuery(std::u16string_view query);
     [[nodiscard]] std::u16string storedName(int id);
     [[nodiscard]] std::u16string ruleCount();
-    /// True, with the reason in the report, when the database declares that it deviates.
+    /// True when the database declares this deviation. The reason goes into the report.
     [[nodiscard]] bool deviates(Deviation deviation) const;
 
     static std::u16string name(const Recordset &rules);

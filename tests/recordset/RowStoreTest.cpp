@@ -45,7 +45,7 @@ TEST(RowStore, ATextStaysWhereItIs) {
     EXPECT_EQ(rows.value(0, 0).textOrEmpty(), u"another");
 }
 
-/// The rows that can be `text`, as a search comes by them.
+/// The rows that can hold `text`, in the order in which a search meets them.
 std::vector<std::size_t> like(const RowStore &rows, std::u16string_view text) {
     std::vector<std::size_t> found;
     for (std::size_t row = rows.nextLike(text, 0, 0); row < rows.rowCount();
@@ -87,7 +87,7 @@ TEST(RowStore, ATextInUtf8IsFoundByItsUnitsWhateverItsBytes) {
     EXPECT_EQ(like(rows, u"€€€"), (Rows{0, 1, 2, 3}));
     EXPECT_EQ(like(rows, u"📱"), (Rows{0, 2, 3, 4}));
     EXPECT_EQ(like(rows, u""), (Rows{5}));
-    // What was read is told apart.
+    // Texts that were read can be told apart.
     for (std::size_t row = 0; row < rows.rowCount(); ++row) {
         static_cast<void>(rows.value(row, 0));
     }
@@ -101,7 +101,7 @@ TEST(RowStore, TextsOfEveryLengthStayWhole) {
     RowStore rows;
     rows.columns({{u"UTF-16", {}, {}, 0}, {u"UTF-8", {}, {}, 0}});
     std::vector<std::size_t> lengths;
-    // About the ends of chunks, too.
+    // The lengths include those around the ends of chunks.
     for (const std::size_t from : {0U, 1010U, 2030U, 4080U, 32750U}) {
         for (std::size_t length = from; length < from + 30; ++length) {
             lengths.push_back(length);

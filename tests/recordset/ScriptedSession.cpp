@@ -55,7 +55,7 @@ public:
         insertion.text.append(recordset::listed(columns)).append(u" GIVING ");
         insertion.text.append(recordset::listed(keyColumns));
         std::vector<Value> key = script_->key;
-        // What was sent is stored, so nothing may fail behind it.
+        // The change was stored when it was sent, so nothing may fail afterwards.
         receive(shown(insertion));
         return key;
     }

@@ -14,23 +14,23 @@
 
 namespace kvex::test {
 
-/// What the driver answers, and what it was sent.
+/// What the driver answers, and what was sent to it.
 struct Script {
     std::vector<recordset::Column> columns{};
     /// The result of every query.
     std::vector<std::vector<Value>> rows{};
-    /// What describe says of the columns; nothing for what query said.
+    /// The columns that describe gives. Without a value, it gives those of the query.
     std::optional<std::vector<recordset::Column>> described{};
-    /// How many rows execute meets.
+    /// How many rows each execute changes.
     std::int64_t met = 1;
-    /// The key that insert gives.
+    /// The key that insert returns.
     std::vector<Value> key{};
     recordset::ColumnTypes types{};
     /// The columns of the tables that there are, by the table's name.
     std::map<std::u16string, std::vector<std::u16string>, std::less<>> tables{};
     /// Runs when a transaction begins.
     std::function<void()> begun = [] {};
-    /// What every call fails with.
+    /// The error that every call raises.
     std::optional<Error> refusal{};
 
     /// "STATEMENT [PARAMETER, PARAMETER]"; "INSERT TABLE COLUMN, COLUMN GIVING KEY [...]".

@@ -1,4 +1,4 @@
-// What is SQLite's own: its settings, keys, encodings and loosely typed values.
+// What only SQLite has: its settings, keys, encodings and loosely typed values.
 #include "platform/Database.h"
 #include "platform/Text.h"
 #include "tests/databases/SqliteFixture.h"
@@ -15,7 +15,7 @@ namespace {
 
 class SqliteDriver : public testing::Test {
 protected:
-    /// What another program finds, and a session on the same database.
+    /// Another program and a session, both on the same database.
     [[nodiscard]] OtherProgram &other() { return other_; }
     [[nodiscard]] SqliteSession &session() {
         if (!session_) {

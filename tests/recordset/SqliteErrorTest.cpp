@@ -1,4 +1,4 @@
-// What SQLite's result codes become.
+// The errors that SQLite's result codes become.
 #include "adapters/sqlite/SqliteError.h"
 
 #include <gtest/gtest.h>

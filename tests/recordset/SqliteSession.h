@@ -31,8 +31,8 @@ private:
     recordset::ClientConnection connection_{{sqlite::provider()}};
 };
 
-/// The error that `call` fails with as SQLite's primary result code, with its description; 0 for
-/// none.
+/// The error of `call`: SQLite's primary result code and the description. The code is 0 when there
+/// is no error.
 struct Refusal {
     int code = 0;
     std::u16string description;

@@ -15,7 +15,7 @@ namespace {
 using recordset::ClientConnection;
 using recordset::Transaction;
 
-/// A row of C refers to one of P: SQLite looks at the end of each transaction.
+/// Rows of C refer to rows of P. SQLite checks this at the end of each transaction.
 class SqliteTransaction : public testing::Test {
 protected:
     SqliteTransaction() {

@@ -1,4 +1,4 @@
-// Two connections that edit the same records: who comes second overwrites nothing unseen.
+// Two connections edit the same records. The second to write never overwrites a change unseen.
 #include "tests/recordset/RecordsetConformance.h"
 
 namespace kvex::test {

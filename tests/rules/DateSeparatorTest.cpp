@@ -1,4 +1,4 @@
-// Dates in the user's locale, which the environment names, whatever the process has made its own.
+// Dates follow the user's locale, which the environment names, and not the locale of the process.
 #include "rules/DescriptionLists.h"
 #include "tests/support/ComponentTest.h"
 
@@ -8,19 +8,19 @@
 namespace kvex::test {
 namespace {
 
-/// The user's locale is looked at once a process, so each row is one.
+/// Each row runs in a process of its own, as a process reads the user's locale once.
 struct UsersLocale {
     const char *name;
-    /// What the environment holds, "" for a variable without value.
+    /// The environment; "" means an empty value.
     const char *lcAll, *lcTime, *lang;
-    /// What the process sets for itself.
+    /// The locale that the process sets for itself.
     const char *process;
     char separator;
 };
 
 class DateSeparator : public testing::TestWithParam<UsersLocale> {};
 
-/// Ends the process with what stands between day and month in a described range.
+/// Ends the process with the separator of day and month in the description of a range.
 [[noreturn]] void describeRange(const UsersLocale &user) {
     setenv("LC_ALL", user.lcAll, 1);
     setenv("LC_TIME", user.lcTime, 1);

@@ -1,4 +1,4 @@
-// The list builders where memory runs out: each traps that under its own name.
+// When memory runs out, each list builder traps that under its own name.
 #include "rules/DescriptionLists.h"
 #include "tests/support/ComponentTest.h"
 
@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Allocations of so many bytes and more are refused on this thread.
+/// On this thread, allocations of this many bytes or more fail.
 thread_local std::size_t refusedFrom = std::numeric_limits<std::size_t>::max();
 
 } // namespace

@@ -11,7 +11,8 @@
 namespace kvex {
 namespace {
 
-/// What DATETIME holds of a text; "5" and the like for the number of the error it raises.
+/// A text, the content of DATETIME that is read from it, and the number of the error that it
+/// raises.
 struct Content {
     const char *name;
     std::u16string text, expected;
@@ -56,8 +57,8 @@ INSTANTIATE_TEST_SUITE_P(
         Content{"BeforeAllMessages", u"<DATETIME>x</DATETIME><ALLMESSAGES>", u""}),
     [](const auto &test) { return std::string(test.param.name); });
 
-/// The content of PEOPLE, ACCOUNT and WORD, and what is read of it there. The first two share what
-/// is expected.
+/// A content of PEOPLE, ACCOUNT and WORD, and what is read from it. PEOPLE and ACCOUNT give the
+/// same.
 struct Flags {
     const char *name;
     std::u16string content;
@@ -72,7 +73,7 @@ class TagFlags : public testing::TestWithParam<Flags> {};
 TEST_P(TagFlags, AreTakenFromTheFirstCharacters) {
     const Flags &expected = GetParam();
     RuleState rule;
-    // What no content says stays as it was.
+    // What the content does not state keeps its value.
     rule.intPeopleNot = rule.intPeopleAll = rule.intAccountNot = rule.intAccountAll =
         rule.intWordsNot = rule.intWordsAll = rule.intAsCommand = 7;
     rule.strPeople = rule.varAccounts = rule.strWords = u"old";

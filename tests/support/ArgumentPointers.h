@@ -1,4 +1,4 @@
-// Texts as a new process takes its arguments and its environment.
+// Texts in the form in which a new process takes its arguments and environment.
 #pragma once
 
 #include <string>
@@ -6,7 +6,7 @@
 
 namespace kvex::test {
 
-/// Into `texts`, and null behind the last.
+/// Pointers into `texts`, followed by null.
 [[nodiscard]] inline std::vector<char *> argumentPointers(std::vector<std::string> &texts) {
     std::vector<char *> pointers;
     pointers.reserve(texts.size() + 1);

@@ -1,4 +1,4 @@
-// A list view that fails when a test says so, and the toolkit that puts it into a window.
+// A list view that fails when a test wants it to, and a toolkit whose windows contain it.
 #pragma once
 
 #include "platform/Error.h"
@@ -13,11 +13,11 @@
 
 namespace kvex::test {
 
-/// Which list fails, and in which of its calls: these then fail with automationError.
+/// Which list fails, and which of its calls fail with automationError.
 struct Breakage {
     enum class What { nothing, ticking, everything };
     What what = What::nothing;
-    /// By its name, in whatever window is shown.
+    /// The name of the list, in any window.
     std::u16string list = {};
 
     void meet(What met) const {
@@ -27,7 +27,7 @@ struct Breakage {
     }
 };
 
-/// Passes on to a real list until it breaks; the user goes on to work on the real one.
+/// Passes each call on to a real list until it breaks. The user acts on the real list all the time.
 class BreakableList final : public ListView {
 public:
     BreakableList(ListView &real, const Breakage &breakage) : real_(real), breakage_(breakage) {
@@ -104,7 +104,7 @@ private:
     const Breakage &breakage_;
 };
 
-/// Windows of another toolkit, with a breakable list in them.
+/// Makes windows of another toolkit and puts a breakable list into them.
 class BreakableToolkit final : public Toolkit {
 public:
     BreakableToolkit(Toolkit &real, const Breakage &breakage) : real_(real), breakage_(breakage) {}

@@ -45,9 +45,9 @@ private:
     recordset::Provider provider_;
 };
 
-/// Every test begins without a session and with a cleared rule; it ends with its play whole: no
-/// unexpected window, none left open, no script unplayed, no error that left a handler. Nothing
-/// was logged, shown in a message box or reported that the test did not expect.
+/// Every test begins without a session and with a cleared rule. It fails when a window was
+/// unexpected or stayed open, a script was not played, or an error left a handler. It fails also
+/// when something was logged, reported or shown in a message box that it did not expect.
 class ComponentTest : public testing::Test {
 protected:
     explicit ComponentTest(const DatabaseKind &kind = sqliteMemory());
@@ -63,7 +63,7 @@ protected:
     void whenShown(std::u16string window, Script script) {
         toolkit.whenShown(std::move(window), std::move(script));
     }
-    /// ShowRules for the user "1", on a new object where there is none.
+    /// Calls ShowRules for the user "1", on a new object when there is none.
     std::int32_t showRules(const std::u16string &ruleId);
     /// Cancels the editor that opens at once, and plays in the rules window.
     std::int32_t playRules(Script script);
@@ -72,10 +72,10 @@ protected:
     /// The same on a stored rule.
     std::int32_t playRule(std::int64_t id, Script script);
 
-    /// What was logged since the last call, in its order; each is "Sub: S, Module: M" behind the
-    /// fixed beginning. The entries move to `logged`.
+    /// Expects these log entries since the last call, in order. Each is written "Sub: S, Module:
+    /// M", without the fixed beginning. The entries move to `logged`.
     void expectLog(const Texts &subsAndModules);
-    /// The message boxes since the last call, and the reports.
+    /// Expects these message boxes or reports since the last call.
     void expectMessages(const std::vector<Message> &messages);
     void expectReports(const std::vector<Report> &reports);
 
@@ -85,11 +85,11 @@ protected:
     TestPlatform platform{utility, toolkit, database.provider()};
     std::unique_ptr<SessionOwner> sessionOwner;
     std::vector<LogEntry> logged;
-    /// What left a handler and was meant to.
+    /// How many errors the test expects to leave a handler.
     std::size_t expectedUnhandledErrors = 0;
 };
 
-/// The database's text as tests compare it.
+/// The text as UTF-8, in which tests compare it with the database's.
 [[nodiscard]] std::string utf8(std::u16string_view text);
 
 /// The positions of the rows that are ticked.

@@ -1,4 +1,4 @@
-// A window's design as a table: one row a control, in the design's order.
+// A window's design as a table with one row for each control, in the design's order.
 #pragma once
 
 #include "platform/controls/WindowDesign.h"
@@ -8,12 +8,12 @@
 
 namespace kvex::test {
 
-/// What the control is, as one line: its kind, its name, its caption in quotes, and behind them
-/// whatever is not as in most controls: "button cmdAdd "&Add" disabled waits="Type a word first"
-/// default". Its least size is left out.
+/// Describes the control in one line: its kind, its name, its caption in quotes, then each property
+/// that differs from its default. The minimum size is left out. Example: button cmdAdd "&Add"
+/// disabled waits="Type a word first" default
 [[nodiscard]] std::string rowOf(const ControlDesign &control);
 
-/// The design has this name and this title, and its controls are these rows, in this order.
+/// Expects the design to have this name and title, and the controls of these rows in this order.
 void expectDesign(const WindowDesign &design, const std::string &name, const std::string &title,
                   const std::vector<std::string> &rows);
 

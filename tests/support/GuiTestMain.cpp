@@ -1,5 +1,5 @@
-// The main of test programs that show windows: they bring their own display, of the size that
-// KVEX_TEST_SCREEN says.
+// The main function of test programs that show windows. It starts a display of the size that
+// KVEX_TEST_SCREEN gives.
 #include "tests/support/VirtualDisplay.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +13,7 @@ public:
     void SetUp() override {
         display_ = std::make_unique<kvex::test::VirtualDisplay>(KVEX_TEST_SCREEN);
     }
-    // The toolkit stays connected until the program ends, and the server with it.
+    // The toolkit stays connected until the program ends, so the server must run until then.
 
 private:
     std::unique_ptr<kvex::test::VirtualDisplay> display_;

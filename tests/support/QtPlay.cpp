@@ -18,7 +18,7 @@ namespace kvex::test {
 
 QtPlay::QtPlay() {
     qt::requireApplication();
-    // However slow the machine, it does not end the search of a list.
+    // The time in which keys count as one search never ends, even on a slow machine.
     QApplication::setKeyboardInputInterval(3'600'000);
     qApp->installEventFilter(this);
 }
@@ -29,7 +29,7 @@ void QtPlay::whenShown(std::u16string window, Script script) {
 
 bool QtPlay::eventFilter(QObject *object, QEvent *event) {
     if (event->type() == QEvent::Show) {
-        // Not before the window runs its own loop.
+        // The script must not begin before the window runs its own event loop.
         if (auto *dialog = dynamic_cast<qt::Dialog *>(object)) {
             QTimer::singleShot(0, dialog, [this, dialog] { play(*dialog); });
         } else if (auto *box = dynamic_cast<QMessageBox *>(object)) {
@@ -87,8 +87,8 @@ void QtPlay::answer(QMessageBox &box) {
 
 bool QtPlay::activate(QWidget &window) {
     window.activateWindow();
-    // A window over another counts as active for Qt as soon as that one is; and the focus follows
-    // the activation: a key pressed before would go to the window below.
+    // Qt calls a window active as soon as the window below it is. The focus comes later: a key
+    // pressed before then would go to the window below.
     return QTest::qWaitFor([&window] {
         const QWidget *focused = window.focusWidget();
         return QApplication::activeWindow() == &window &&

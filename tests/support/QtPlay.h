@@ -1,5 +1,5 @@
-// Plays the user of the Qt toolkit: waits for windows and message boxes to be shown, and lets a
-// script act in each. One at a time; it must outlive the windows.
+// Plays the user of the Qt toolkit: waits for windows and message boxes, and runs a script in each.
+// There is one at a time, and it must outlive the windows.
 #pragma once
 
 #include "tests/support/QtUser.h"
@@ -26,13 +26,12 @@ public:
         std::int32_t style;
     };
 
-    /// Makes the application that the toolkit will use.
+    /// Creates the application that the toolkit will use.
     QtPlay();
 
-    /// The next window to be shown is the one named `window`, "" for whichever, and `script`
-    /// plays in it. Calls queue up, in the order in which the windows will be shown. A window that
-    /// nobody waits for, or another than the awaited one, is a problem and is closed by its frame
-    /// at once; so is one that a script leaves open.
+    /// Expects `window` as the next window to be shown, any window for "", and runs `script` in it.
+    /// Calls queue up in the order in which the windows will be shown. An unexpected window is a
+    /// problem, as is one that its script leaves open. Either is closed by its frame.
     void whenShown(std::u16string window, Script script);
     /// The answer to the next message box; calls queue up. Without one the answer is `ok` for an
     /// OK box and `no` for a question.
@@ -54,7 +53,7 @@ private:
 
     void play(qt::Dialog &dialog);
     void answer(QMessageBox &box);
-    /// Whether the window came to be the active one, and what has its focus to be focused.
+    /// Whether the window became active, and its focus widget, if it has one, got the focus.
     bool activate(QWidget &window);
 
     std::deque<Awaited> scripts_;

@@ -21,7 +21,7 @@ namespace {
 
 using qt::toQt;
 
-/// In the middle, or where the indicator of a check box or an option button is.
+/// The middle of the widget, or the indicator of a check box or option button.
 QPoint placeToClick(const QWidget &widget) {
     const bool isTickable = widget.inherits("QCheckBox") || widget.inherits("QRadioButton");
     const QPoint middle = widget.rect().center();
@@ -168,7 +168,7 @@ void QtUser::pickTime(std::u16string_view picker, int hour, int minute, int seco
     retype(picker, QDateTime(QDate(2000, 1, 1), QTime(hour, minute, second)));
 }
 
-/// The whole text at once, as an input method would commit it.
+/// Enters the whole text at once, as an input method does.
 void QtUser::retype(std::u16string_view picker, const QDateTime &value) {
     const QWidget *whole = usable(picker);
     auto *field = whole != nullptr ? whole->findChild<QDateTimeEdit *>() : nullptr;
@@ -253,13 +253,13 @@ std::u16string QtUser::controlOf(const QWidget *widget) const {
             const std::u16string name = qt::fromQt(widget->objectName());
             return dialog_->owner().get<Control>(name).name();
         } catch (const Error &) {
-            // A widget within a control's.
+            // This widget is a part of a control's widget.
         }
     }
     return {};
 }
 
-/// As the window system would hand it over: to the window, at the place.
+/// Sends the event as the window system does: to the window, with the position.
 void QtUser::pressMouse(QWidget &widget, QPoint at, bool isDouble) {
     if (auto *pane = dialog_->findChild<qt::ScrollPane *>(); pane->isAncestorOf(&widget)) {
         pane->bringIntoView(widget);

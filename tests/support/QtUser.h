@@ -1,5 +1,5 @@
-// What a person does in a window of the Qt toolkit, by key and mouse events at the places where
-// the things are, and sees there.
+// Does what a person does in a window of the Qt toolkit, by key and mouse events where the widgets
+// are. Reads what the person sees.
 #pragma once
 
 #include "adapters/qt/Dialog.h"
@@ -27,7 +27,7 @@ namespace kvex::test {
 
 class QtUser final : public Hands {
 public:
-    /// `problems` takes what no person could do: such an action does nothing else.
+    /// An action that no person could do is added to `problems`, and does nothing else.
     QtUser(qt::Dialog &dialog, std::vector<std::string> &problems)
         : dialog_(&dialog), problems_(problems) {}
 
@@ -42,7 +42,7 @@ public:
     void press(Key key) override;
     void type(std::u16string_view text) override;
     void pressAccessKey(char16_t key) override;
-    /// Gives the focus as a click into the control would.
+    /// Gives the focus to the control, as a click into it does.
     void focusOn(std::u16string_view control);
 
     void pickDate(std::u16string_view picker, int year, int month, int day) override;
@@ -57,7 +57,7 @@ public:
     }
     /// The texts of a list's rows, from the first to the last.
     [[nodiscard]] std::vector<std::u16string> rows(std::u16string_view list);
-    /// The controls that Tab reaches, in that order, from the first.
+    /// The controls that Tab reaches, in this order, beginning with the first.
     [[nodiscard]] std::vector<std::u16string> tabOrder() const;
     /// The widget of a control, null for none.
     [[nodiscard]] QWidget *widget(std::u16string_view name) const;

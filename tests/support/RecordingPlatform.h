@@ -1,5 +1,5 @@
-// A platform of strict fakes: each call of the component is written down with all its arguments,
-// and any of them can be made to fail. There is no database behind it; every record set is empty.
+// A platform of strict fakes. It records each call of the component with all arguments, and can
+// make any call fail. It has no database; every record set is empty.
 #pragma once
 
 #include "platform/Platform.h"
@@ -15,7 +15,8 @@ namespace kvex::test {
 /// Outlives the platform's objects.
 struct PlatformCalls {
     std::vector<std::string> made;
-    /// The call that fails, as it is written down; one that ends in "*" is any that begins so.
+    /// The call that fails, in its recorded form. With "*" at its end, every call that begins so
+    /// fails.
     std::string failing;
 
     void make(const std::string &call) {
@@ -27,11 +28,11 @@ struct PlatformCalls {
             throw Error(error_number::automationError);
         }
     }
-    /// Those since the last time.
+    /// The calls since the last `take`.
     [[nodiscard]] std::vector<std::string> take() { return std::exchange(made, {}); }
 };
 
-/// What of a call is written down before its arguments: "NAME.OPERATION".
+/// Records each call as "NAME.OPERATION" and its arguments.
 class RecordedObject {
 public:
     RecordedObject(PlatformCalls &calls, std::string name) : calls_(calls), name_(std::move(name)) {
@@ -108,7 +109,7 @@ private:
     ObjectState state_ = ObjectState::closed;
 };
 
-/// What no session of an empty database asks fails the call: it is written down and raised.
+/// A call that no session on an empty database makes is recorded and fails.
 class RecordedRecordset final : public Recordset, private RecordedObject {
 public:
     RecordedRecordset(PlatformCalls &calls, int number)

@@ -9,7 +9,7 @@
 
 namespace kvex::test {
 
-/// Shows no input and changes no output. The test holds `master`, the program `program`.
+/// Echoes no input and changes no output. The test uses `master`, the program uses `program`.
 struct Terminal {
     int master = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
     int program = -1;

@@ -1,4 +1,4 @@
-// An address book that records what the component asks of it, and chooses what a test says.
+// An address book that records the calls of the component and selects what a test wants.
 #pragma once
 
 #include "platform/AddressBook.h"
@@ -9,9 +9,9 @@
 
 namespace kvex::test {
 
-/// Outlives the address books, of which every click makes a new one.
+/// Outlives the address books: every click creates a new one.
 struct AddressBookRecord {
-    /// What each call was given, in order: "init FIRST|CONNECTION|MODE|SECOND|LOG",
+    /// The calls in order, with their arguments: "init FIRST|CONNECTION|MODE|SECOND|LOG",
     /// "selectRecipients USER|MULTIPLE", "selectedItems", "selectedNumbers", "count", "item INDEX",
     /// "numbers released", "items released", "released".
     std::vector<std::u16string> calls;
@@ -25,9 +25,9 @@ struct AddressBookRecord {
     bool numbersFail = false;
     /// The address book gives no numbers.
     bool hasNumbers = true;
-    /// Reading the number of this index fails.
+    /// Reading the number at this index fails.
     std::int32_t failingIndex = 0;
-    /// What init puts behind the log file's path, which it gets by reference.
+    /// The text that init appends to the log file's path, which it gets by reference.
     std::u16string addedToLogFile;
 };
 
@@ -52,7 +52,7 @@ private:
     AddressBookRecord &record_;
 };
 
-/// Whoever reads it ends the test program's play with an error.
+/// Reading it raises an error that fails the test.
 class UnreadTexts final : public TextCollection {
 public:
     explicit UnreadTexts(AddressBookRecord &record) : record_(record) {}

@@ -1,4 +1,4 @@
-// A database with the server's tables, and a second way into it beside the component.
+// A database with the server's tables, which a test reads and writes beside the component.
 #pragma once
 
 #include "tests/databases/SqliteFixture.h"
@@ -11,8 +11,8 @@
 
 namespace kvex::test {
 
-/// A statement that fails ends the test program with the database's words: the component would
-/// take it for its own. Texts are UTF-8.
+/// A statement that fails ends the test program with the database's message, since the component
+/// would trap an exception as its own. Texts are UTF-8.
 class TestDatabase {
 public:
     explicit TestDatabase(const DatabaseKind &kind = sqliteMemory());
@@ -23,18 +23,18 @@ public:
     void execute(std::string_view sql);
     /// The rows of a query, columns joined by "|", Null as "NULL".
     [[nodiscard]] std::vector<std::string> rows(std::string_view sql);
-    /// The first row, "NONE" without one.
+    /// The first row of a query; "NONE" when there is none.
     [[nodiscard]] std::string value(std::string_view sql);
 
-    /// A rule with these columns; its id.
+    /// Adds a rule with these columns and gives its id.
     std::int64_t addRule(std::string_view name, std::string_view queryParam = "<ALLMESSAGES>",
                          std::string_view actionParam = deleteNothing, int priority = 0,
                          int active = 1);
     void addUser(int id, std::string_view name);
     void addAccount(int id, std::string_view name, std::string_view bindMode = "TRANSCEIVER");
 
-    /// The database refuses new rules, or changes of rules (of those of a name), until it permits
-    /// everything again.
+    /// From now on the database refuses new rules, or changes of rules or of those with a name.
+    /// `permit` ends that.
     void refuseNewRules();
     void refuseChanges(std::string_view ofRules = {});
     void permit();

@@ -1,4 +1,4 @@
-// A utility object that records what the component asks of it.
+// A utility object that records the calls of the component.
 #pragma once
 
 #include "platform/Text.h"
@@ -50,9 +50,9 @@ struct UtilityRecord {
     std::vector<Message> messages;
     /// Answers to the next questions; without one the answer is No.
     std::deque<std::int32_t> answers;
-    /// Run as each message is shown, the window below it still as it was.
+    /// Runs while each message is shown, before the window below it changes.
     std::function<void()> onMessage;
-    /// What the utility object puts behind the log file's path, which it gets by reference.
+    /// The text that the utility object appends to the log file's path, which it gets by reference.
     std::u16string addedToLogFile;
     /// The log operation fails.
     bool logFails = false;

@@ -23,7 +23,7 @@ namespace {
     _exit(127);
 }
 
-/// Whether the server has told that it is ready, by a line with its number; false when it ends
+/// Waits until the server reports, by a line with its number, that it is ready. False when it ends
 /// before.
 bool isReady(int pipe) {
     char last = 0;
@@ -35,7 +35,7 @@ bool isReady(int pipe) {
     return true;
 }
 
-/// The server of this display; 0 when it could not start.
+/// Starts the server of this display; 0 when it could not start.
 pid_t startServer(const std::string &display, const std::string &screen) {
     std::array<int, 2> ends{};
     if (pipe(ends.data()) != 0) {
@@ -58,8 +58,8 @@ pid_t startServer(const std::string &display, const std::string &screen) {
 } // namespace
 
 VirtualDisplay::VirtualDisplay(const std::string &size) {
-    // Numbers of its own: a server that picks the lowest free one can lose its socket to another
-    // that is just ending.
+    // The display number depends on the process. A server that takes the lowest free number can
+    // lose its socket when another server ends.
     constexpr int attempts = 10;
     std::string display;
     for (int attempt = 0; server_ <= 0 && attempt < attempts; ++attempt) {
@@ -71,7 +71,7 @@ VirtualDisplay::VirtualDisplay(const std::string &size) {
     }
     setenv("DISPLAY", display.c_str(), 1);
     setenv("QT_QPA_PLATFORM", "xcb", 1);
-    // No folder: the sizes of the user's own windows are neither read nor written.
+    // Without a folder, the sizes of the user's own windows are neither read nor written.
     setenv("XDG_STATE_HOME", "/dev/null", 1);
     for (const char *variable : {"WAYLAND_DISPLAY", "QT_QPA_PLATFORMTHEME", "QT_STYLE_OVERRIDE"}) {
         unsetenv(variable);

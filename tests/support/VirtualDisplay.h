@@ -1,4 +1,4 @@
-// A display of a test program's own: a virtual X server that lives as long as this object.
+// A private display for a test program: a virtual X server that runs as long as this object lives.
 #pragma once
 
 #include <sys/types.h>
@@ -7,8 +7,8 @@
 
 namespace kvex::test {
 
-/// Points DISPLAY at the server, and Qt at DISPLAY; the sizes of windows are not remembered.
-/// Throws where the server cannot be started.
+/// Sets DISPLAY to the server, and makes Qt use it. The sizes of windows are not remembered. Throws
+/// when the server cannot start.
 class VirtualDisplay {
 public:
     explicit VirtualDisplay(const std::string &size = "1280x1024");

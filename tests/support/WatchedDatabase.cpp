@@ -16,7 +16,8 @@ struct WatchedDatabase::State {
     std::optional<int> callsUntilEvent{};
     std::function<void()> event{};
     bool lost = false;
-    /// How often the server went away; a connection lives in the time in which it was made.
+    /// How often the server went away. A connection is lost when this differs from its value at the
+    /// connect.
     int losses = 0;
 
     void admit(int lossesBefore) {

@@ -1,4 +1,4 @@
-// A provider whose drivers count what is asked of them, and fail when they are told to.
+// A provider whose drivers count their calls and fail when a test wants it.
 #pragma once
 
 #include "adapters/recordset/Driver.h"
@@ -9,7 +9,7 @@
 
 namespace kvex::test {
 
-/// What was asked of drivers and of their provider, call by call.
+/// How often each call of the drivers and their provider was made.
 struct DriverCalls {
     int connects = 0;
     int queries = 0;
@@ -20,24 +20,24 @@ struct DriverCalls {
     friend std::ostream &operator<<(std::ostream &out, const DriverCalls &calls);
 };
 
-/// May go before the drivers that it watches.
+/// May be destroyed before the drivers that it watches.
 class WatchedDatabase {
 public:
     explicit WatchedDatabase(recordset::Provider real);
 
     [[nodiscard]] recordset::Provider provider() const;
 
-    /// Those since the last time; a call that fails counts.
+    /// The calls since the last `takeCalls`. A call that fails counts.
     [[nodiscard]] DriverCalls takeCalls();
 
-    /// After `calls` further ones the server goes away: what is asked then fails with
-    /// connectionLost and does not reach the database.
+    /// After `calls` further calls the server goes away. Later calls fail with connectionLost and
+    /// do not reach the database.
     void loseAfter(int calls);
-    /// New connections are made again; those that were there stay lost.
+    /// New connections succeed again; the old ones stay lost.
     void comeBack();
-    /// After `calls` further ones `event` comes to pass; what is asked then is asked behind it.
+    /// After `calls` further calls `event` runs, before the next call reaches the database.
     void interruptAfter(int calls, std::function<void()> event);
-    /// After `calls` further ones a single one is refused with `number`.
+    /// After `calls` further calls, a single call is refused with `number`.
     void refuseAfter(int calls, std::int32_t number);
 
     /// Shared with the drivers.

@@ -1,4 +1,4 @@
-// A list view that nothing shows.
+// A list view without a window.
 #pragma once
 
 #include "adapters/controls/ListRows.h"

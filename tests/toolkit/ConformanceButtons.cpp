@@ -26,7 +26,7 @@ ControlDesign option(const std::u16string &name, std::u16string group, bool sele
     return design;
 }
 
-/// Appends the names of the buttons pressed to `pressed`.
+/// Each pressed button appends its name to `pressed`.
 void watch(Window &window, const std::vector<std::u16string> &names, std::u16string &pressed) {
     for (const auto &name : names) {
         window.get<CommandButton>(name).onClick = [&pressed, name] { pressed += name + u";"; };

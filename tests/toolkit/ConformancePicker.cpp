@@ -41,7 +41,7 @@ Date today() {
     return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday};
 }
 
-/// What `read` gives lies between today before and after, should midnight pass meanwhile.
+/// The date that `read` gives is today. Should midnight pass meanwhile, either day is right.
 template <class Read> void expectToday(const Read &read) {
     const Date earliest = today();
     const Date given = read();

@@ -12,7 +12,7 @@ ControlDesign textBox(int maxLength = 0, bool readOnly = false) {
     return design;
 }
 
-/// The character codes that `box` reports from now on; those of `discarded` are set to 0.
+/// Collects the character codes that `box` reports from now on, and sets those in `discarded` to 0.
 void watchKeys(TextBox &box, std::vector<int> &codes, const std::vector<int> &discarded = {}) {
     box.onKeyPress = [&codes, discarded](std::int16_t &code) {
         codes.push_back(code);

@@ -1,4 +1,4 @@
-// Designs that contradict themselves are not built.
+// A design that contradicts itself is refused.
 #include "adapters/controls/DesignCheck.h"
 
 #include "platform/Text.h"
@@ -40,7 +40,7 @@ ControlDesign &named(WindowDesign &design, std::u16string_view name) {
     throw Error(error_number::controlNotFound);
 }
 
-/// What is said of the design, "" when it is sound.
+/// What is wrong with the design, "" when it is sound.
 std::string faultOf(const WindowDesign &design) {
     const auto error = test::raisedBy([&] { controls::checkDesign(design); });
     if (!error) {

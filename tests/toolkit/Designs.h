@@ -1,4 +1,4 @@
-// Designs of controls, and errors looked at, for the tests of toolkits.
+// Designs of controls for the tests of toolkits.
 #pragma once
 
 #include "platform/controls/WindowDesign.h"

@@ -62,7 +62,7 @@ public:
         window.showModal();
     }
     void answerNext(std::int32_t result) override { toolkit_.answerNext(result); }
-    /// Esc answers as nobody does.
+    /// Esc gives the same answer as a test that sets none.
     void answerNextByEscape() override {}
     [[nodiscard]] std::vector<MessageBox> messageBoxes() const override {
         std::vector<MessageBox> shown;
@@ -77,7 +77,7 @@ public:
     [[nodiscard]] std::u16string clipboardText() const override {
         return toolkit_.clipboard().text();
     }
-    /// Each click on a disabled control is a problem, as it should be; no other may be.
+    /// Each click on a disabled control must be a problem, and nothing else may be one.
     [[nodiscard]] std::string complaints() const override {
         std::string result;
         for (const std::string &problem : toolkit_.problems()) {
@@ -87,7 +87,7 @@ public:
     }
 
 private:
-    // clipboard() is not const: who holds it can set it.
+    // clipboard() is not const, since its caller can change the clipboard.
     mutable headless::HeadlessToolkit toolkit_;
     std::size_t forgiven_ = 0;
 };

@@ -1,4 +1,4 @@
-// A headless toolkit and a small window for its tests.
+// A headless toolkit and a small window for the tests of the toolkit.
 #pragma once
 
 #include "adapters/headless/HeadlessToolkit.h"

@@ -15,7 +15,7 @@ namespace {
 using test::BareList;
 using test::errorNumber;
 
-/// Writes down what it is told and how many rows there are then.
+/// Records each notification and the number of rows at that time.
 class Log final : public ListRowsListener {
 public:
     explicit Log(const ListRows &rows) : rows_(rows) {}
@@ -33,7 +33,7 @@ public:
     void selectionChanged() override { add("selected " + std::to_string(rows_.selectedRow())); }
     void rowSelectedByCode(int row) override { add("to be seen " + std::to_string(row)); }
 
-    /// What was told since the last call.
+    /// The notifications since the last call.
     [[nodiscard]] std::string take() { return std::exchange(text_, {}); }
 
 private:

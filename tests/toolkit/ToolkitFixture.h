@@ -1,5 +1,5 @@
-// What a toolkit brings to the conformance suite: itself, and hands that do to an open window what
-// a user does.
+// What a toolkit provides for the conformance suite: itself, and hands that do what a user does in
+// an open window.
 #pragma once
 
 #include "adapters/controls/Keys.h"
@@ -16,9 +16,9 @@ namespace kvex::test {
 
 using controls::Key;
 
-/// A user before the active window. What an action sets off has happened when it returns. Controls
-/// go by their names, rows count from 1. The suite asks for nothing that a user cannot do, except
-/// where `tryTo...` says so: that must do nothing.
+/// A user of the active window. When an action returns, its effects have happened. Controls are
+/// named, and rows count from 1. The suite does only what a user can do. The exceptions are named
+/// `tryTo...` and must have no effect.
 class Hands {
 public:
     virtual ~Hands() = default;
@@ -26,20 +26,20 @@ public:
     virtual void click(std::u16string_view control) = 0;
     virtual void clickRow(std::u16string_view list, int row) = 0;
     virtual void doubleClickRow(std::u16string_view list, int row) = 0;
-    /// On the area of the list that no row covers.
+    /// Double-clicks the area of the list below its rows.
     virtual void doubleClickBesideRows(std::u16string_view list) = 0;
     /// Clicks the check box of the row.
     virtual void tickRow(std::u16string_view list, int row) = 0;
-    /// A click on a control that is disabled.
+    /// Clicks a disabled control.
     virtual void tryToClick(std::u16string_view control) = 0;
     virtual void closeByFrame() = 0;
 
     virtual void press(Key key) = 0;
     virtual void type(std::u16string_view text) = 0;
-    /// Alt and the key.
+    /// Presses the key with Alt.
     virtual void pressAccessKey(char16_t key) = 0;
 
-    /// As typed into the picker, in one step.
+    /// Types the date or time into the picker in one step.
     virtual void pickDate(std::u16string_view picker, int year, int month, int day) = 0;
     virtual void pickTime(std::u16string_view picker, int hour, int minute, int second) = 0;
     /// Ticks or unticks the picker's own check box.
@@ -47,7 +47,7 @@ public:
 
     /// The name of the control that has the focus, "" for none.
     [[nodiscard]] virtual std::u16string focused() const = 0;
-    /// Whether the window that these hands are for is shown.
+    /// Whether the window of these hands is shown.
     [[nodiscard]] virtual bool isOpen() const = 0;
 };
 
@@ -69,21 +69,22 @@ public:
     virtual ~ToolkitFixture() = default;
 
     [[nodiscard]] virtual Toolkit &toolkit() = 0;
-    /// Calls showModal, plays `script` in the window as soon as it is shown, and returns when
-    /// showModal does. When the script ends with the window open, it is closed by its frame. May
-    /// be called by a handler, while another script plays.
+    /// Calls showModal, runs `script` in the window as soon as it is shown, and returns when
+    /// showModal does. If the script leaves the window open, the window is closed by its frame. A
+    /// handler may call this while another script runs.
     virtual void show(Window &window, Script script) = 0;
-    /// How the user answers the next message box: by the button of this result, or by Esc.
+    /// Answers the next message box with the button of this result, or with Esc.
     virtual void answerNext(std::int32_t result) = 0;
     virtual void answerNextByEscape() = 0;
     /// The message boxes shown so far.
     [[nodiscard]] virtual std::vector<MessageBox> messageBoxes() const = 0;
-    /// The clipboard's text as another program would set it and see it.
+    /// The clipboard's text, as another program sets and reads it.
     virtual void setClipboardText(const std::u16string &text) = 0;
     [[nodiscard]] virtual std::u16string clipboardText() const = 0;
 
     [[nodiscard]] virtual std::vector<Deviation> deviations() const { return {}; }
-    /// What went wrong that no test asked for, "" for nothing: asked at the end of each test.
+    /// What went wrong without a test wanting it, "" for nothing. It is read at the end of each
+    /// test.
     [[nodiscard]] virtual std::string complaints() const { return {}; }
 };
 

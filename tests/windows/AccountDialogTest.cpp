@@ -29,7 +29,7 @@ protected:
         user.clickRow(offered, static_cast<int>(found - names.begin()) + 1);
         user.click(u"cmdAdd");
     }
-    /// The chosen accounts, without the heading, after these were added one after another.
+    /// Adds these accounts one by one, and gives the chosen accounts without the heading.
     Texts chosenAfterAdding(const Texts &names) {
         Texts rows;
         playDialog(accounts, [&](User &user) {

@@ -1,5 +1,4 @@
-// What the tests of the action dialogs share: the way from the rules window into the dialog and
-// back.
+// The tests of the action dialogs share this: the way from the rules window to the dialog and back.
 #pragma once
 
 #include "tests/support/ComponentTest.h"
@@ -11,19 +10,19 @@ namespace kvex::test {
 
 class ActionDialog : public ComponentTest {
 protected:
-    /// The dialog that belongs to a row of the editor's actions.
+    /// `dialog` belongs to `row` of the editor's actions.
     ActionDialog(std::u16string dialog, int row) : dialog_(std::move(dialog)), row_(row) {}
 
-    /// The rule that the plays below open; without one they open a new rule.
+    /// Stores the rule that the functions below open. Without it, they open a new rule.
     void storeRule(std::string_view actionParam) {
         rule_ = toText(database.addRule("Stored", "<ALLMESSAGES>", actionParam));
     }
-    /// Where and what the next dialog opens, in its order of showing.
+    /// A script for a window that the next dialog opens. Calls queue up in the order of showing.
     void whenShownWithin(std::u16string window, Script script) {
         within_.emplace_back(std::move(window), std::move(script));
     }
-    /// Opens the editor, ticks the row unless it is ticked, runs `beforeDialog`, clears the change
-    /// flag, and plays in the dialog, then in the editor. Gives what ShowRules gives.
+    /// Opens the editor, ticks the row unless it is ticked, runs `beforeDialog` and clears the
+    /// change flag. Then plays in the dialog and in the editor. Gives the result of ShowRules.
     std::int32_t play(Script dialog, Script editor = cancel) {
         whenShown(u"frmRuleEdit", [this, editor = std::move(editor)](User &user) {
             if (user.get<ListView>(actions).checked(row_)) {
@@ -45,7 +44,7 @@ protected:
         whenShown(u"frmRules", cancel);
         return showRules(rule_);
     }
-    /// The same as another run of the host.
+    /// Does the same in a new session, as another run of the host does.
     std::int32_t playAgain(Script dialog, Script editor = cancel) {
         closeSession();
         return play(std::move(dialog), std::move(editor));
@@ -62,7 +61,7 @@ protected:
     }
     std::string savedAction() { return database.value("SELECT ActionParam FROM SMS_RULES"); }
 
-    /// Types behind what the box holds.
+    /// Types after the box's text.
     static void typeInto(User &user, std::u16string_view box, std::u16string_view text) {
         user.focusOn(box);
         user.type(text);
@@ -87,7 +86,7 @@ protected:
     static std::u16string description(User &user) {
         return user.get<RichTextBox>(u"rtRuleDesc").text();
     }
-    /// Named and numbered from 1 to `last`.
+    /// Adds accounts with the names and ids 1 to `last`.
     void addAccounts(int last) {
         database.execute(
             "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +

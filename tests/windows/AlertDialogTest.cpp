@@ -279,7 +279,7 @@ TEST_F(AlertDialog, ATextWithASemicolonShiftsAccountAndRecipientsWhenItComesBack
         EXPECT_EQ(user.rows(people), Texts());
         EXPECT_EQ(utility.logTexts().back(),
                   u"KVEXMessageRules: Error occured. Sub: Form_Load, Module: frmRuleAlert");
-        // The descriptions before and after miss the account, too.
+        // The descriptions before and after have no account, either.
         utility.log.clear();
         cancel(user);
     });

@@ -10,10 +10,10 @@ struct ListDialog {
     const char *name;
     Condition condition;
     std::u16string heading;
-    /// The rule's entries, which are "98", "99" and "97", and as rows show them.
+    /// The rule's entries "98", "99" and "97", and the rows that show them.
     std::u16string RuleState::*entries;
     Texts shown;
-    /// How a failing question is logged, "" where it is not.
+    /// The log entry of a question that fails, "" for none.
     std::u16string clearFailure;
     /// The first caption of its options.
     std::u16string optionCaption;
@@ -57,7 +57,7 @@ protected:
     }
     static std::u16string &entries() { return ruleState().*GetParam().entries; }
     static const char16_t *list() { return GetParam().condition.list; }
-    /// The rows of the entries with these places among the stored ones, below the heading.
+    /// The rows of the stored entries at these positions, below the heading.
     static Texts rowsOf(const std::vector<std::size_t> &places) {
         Texts rows = {GetParam().heading};
         for (const std::size_t place : places) {

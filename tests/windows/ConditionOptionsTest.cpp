@@ -43,7 +43,7 @@ protected:
         EXPECT_EQ(user.get<ListView>(list).columnCount(), 0);
         EXPECT_EQ(user.rows(list), Texts());
     }
-    /// Opens the options of words and leaves them at once; what is selected.
+    /// Opens the options of words, leaves them at once, and gives the selected options.
     Texts selectedForWords() {
         Texts names;
         playOptions(u"WORD", [&](User &user) {

@@ -1,4 +1,4 @@
-// Whole rules, composed in the editor by way of the conditions' dialogs and saved.
+// Whole rules that are composed in the conditions' dialogs and saved.
 #include "tests/windows/ConditionDialogFixture.h"
 
 namespace kvex::test {

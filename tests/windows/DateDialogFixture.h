@@ -33,7 +33,7 @@ struct RangeEnd {
 inline constexpr RangeEnd start{u"FromDate", u"FromTime", {0, 0, 0}};
 inline constexpr RangeEnd end{u"ToDate", u"ToTime", {23, 59, 59}};
 
-/// The last days of the months, leap years among them, and the ends of what the pickers take.
+/// The last days of months, in leap years too, and the limits of the pickers.
 inline constexpr Date edges[] = {{1900, 1, 1},  {1900, 2, 28},  {2000, 2, 29},  {2023, 2, 28},
                                  {2024, 2, 28}, {2024, 2, 29},  {2100, 2, 28},  {2024, 1, 29},
                                  {2024, 1, 30}, {2024, 1, 31},  {2024, 4, 29},  {2024, 4, 30},
@@ -45,8 +45,8 @@ class DateDialog : public ComponentTest {
 protected:
     DateDialog() : dayBefore(today()) {}
 
-    /// Opens the dialog on `range`; the editor is cancelled afterwards. Ticking the condition is
-    /// no change here.
+    /// Opens the dialog on `range`, and cancels the editor afterwards. Ticking the condition does
+    /// not count as a change here.
     void playDialog(const std::u16string &range, Script script) {
         playEditor({std::move(script)}, [&range](User &editor) {
             editor.tickRow(conditions, row::withinDates);
@@ -80,7 +80,7 @@ protected:
     static bool hasValue(User &user, const char16_t *name) { return picker(user, name).hasValue(); }
     static bool enabled(User &user, const char16_t *name) { return picker(user, name).enabled(); }
 
-    /// It is today, should midnight pass during the test.
+    /// The date is today. Should midnight pass during the test, either day is right.
     void expectToday(const Date &shown) {
         EXPECT_GE(shown, dayBefore);
         EXPECT_LE(shown, today());

@@ -49,7 +49,7 @@ struct Unreadable {
     const char *name;
     std::u16string range;
     int error;
-    /// Today where nothing is said of a date.
+    /// The date that is shown; no date means today.
     std::optional<Date> from = {};
     Time fromTime = start.timeAtFirst;
     std::optional<Date> to = {};

@@ -38,7 +38,7 @@ protected:
     static std::string text(const QtUser &user, const std::u16string &picker) {
         return field(user, picker).text().toStdString();
     }
-    /// Types from the first part of the picker on.
+    /// Types into the picker from its first part on.
     static void typeInto(QtUser &user, const std::u16string &picker, std::u16string_view keys) {
         user.focusOn(picker + u"Value");
         field(user, picker).setCurrentSectionIndex(0);

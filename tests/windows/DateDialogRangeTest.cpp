@@ -11,7 +11,7 @@ const std::u16string timesOnOneDay = u"You have selected to define the filter fo
 
 class DateDialogRange : public DateDialog {
 protected:
-    /// OK is refused with this message and the dialog stays, the focus where it was or at `focus`.
+    /// OK shows this message and the dialog stays open. The focus stays, or moves to `focus`.
     void expectRefused(User &user, const std::u16string &message,
                        const std::u16string &focus = u"cmdOK") {
         const std::u16string before = range();

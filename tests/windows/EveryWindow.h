@@ -1,5 +1,5 @@
-// A walk through every window, on a rule with all conditions and all actions, so that everything
-// that can be enabled is.
+// A walk through every window on a rule that has all conditions and actions, which enable every
+// control that they can.
 #pragma once
 
 #include "tests/windows/EditorRows.h"
@@ -67,7 +67,7 @@ protected:
         sessionOwner.reset();
     }
 
-    /// What waits for a choice or for a text gets it.
+    /// Makes the selections and types the texts that enable further controls.
     static void enableEverything(QtUser &user) {
         if (user.widget(u"lvwRuleConditions") != nullptr) {
             user.clickRow(conditions, row::fromPeople);
@@ -80,7 +80,7 @@ protected:
         }
     }
 
-    /// The same check in all of them.
+    /// Runs the same check in each window.
     void walk(const Check &check) {
         std::map<std::u16string, Check> checks;
         for (const auto &[window, tabOrder] : tabOrders()) {
@@ -107,7 +107,7 @@ protected:
              {u"chkWordAsCommand", u"cmdClear", u"cmdOptions", u"cmdRemove", u"cmdAdd", u"cmdOK",
               u"cmdCancel", u"txtWord", u"lvwWords"}},
             {u"frmRuleOptions",
-             // Of each group the selected member.
+             // Tab reaches the selected option of each group.
              {u"opgAllAnyModifier(0)", u"opgConNotmodifier(1)", u"cmdcancel", u"cmdOK",
               u"lvwRuleCondition"}},
             {u"frmRuleDate",

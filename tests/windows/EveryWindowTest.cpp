@@ -15,7 +15,7 @@ TEST_F(EveryWindow, EachControlIsReachedByTabInItsPlaceAndSaysWhatItIs) {
     walk(checks);
 }
 
-/// The captions are given; a key that two of them have goes to each in turn.
+/// The captions are fixed. When two controls share a key, it goes to each in turn.
 TEST_F(EveryWindow, AccessKeysAreSharedOnlyWhereTheCaptionsDemandIt) {
     const std::map<std::u16string, SharedKeys> demanded{
         {u"frmRuleEdit", {{u'C', {u"cmdCancel", u"lvwRuleConditions"}}}},

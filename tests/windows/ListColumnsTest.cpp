@@ -9,7 +9,7 @@
 namespace kvex::test {
 namespace {
 
-/// "Header 95%" for each column; "icon 1" behind it where its header has a picture.
+/// "Header 95%" for each column, followed by "icon 1" when the header has a picture.
 std::vector<std::string> columnsOf(const controls::ListRows &list) {
     std::vector<std::string> columns;
     for (int number = 1; number <= list.columnCount(); ++number) {
@@ -30,7 +30,7 @@ protected:
         Columns columns;
         Texts rows;
     };
-    /// The next window is `window`, its lists are these, and it is left by Esc.
+    /// Expects `window` next, with these lists, and leaves it by Esc.
     void expectLists(const std::u16string &window, const std::vector<Expected> &lists) {
         whenShown(window, [lists](User &user) {
             for (const Expected &expected : lists) {

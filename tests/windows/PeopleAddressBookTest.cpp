@@ -9,7 +9,7 @@ const std::u16string loggedAs = u"Sub: cmdAddressBook_Click, Module: frmRuleEdit
 
 class PeopleFromAddressBook : public ConditionDialog {
 protected:
-    /// Presses Address Book once, in the name of `userId`, and leaves by Cancel.
+    /// Presses Address Book once as the user `userId`, and leaves by Cancel.
     void choose(const std::u16string &userId = u"7", const Script &afterwards = {}) {
         if (!sessionOwner) {
             openSession();

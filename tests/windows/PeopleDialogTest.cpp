@@ -9,7 +9,7 @@ const std::u16string heading = u"Where the message is from ";
 class PeopleDialog : public ConditionDialog {
 protected:
     static std::u16string box(User &user) { return user.get<TextBox>(u"txtMobileNo").text(); }
-    /// Puts a text into the box that no key filter has seen, and presses Add.
+    /// Sets the text of the box past the key filter, and presses Add.
     static void addText(User &user, const std::u16string &text) {
         user.get<TextBox>(u"txtMobileNo").setText(text);
         runClick(user, u"cmdAdd");

@@ -296,7 +296,7 @@ TEST_F(ReplyDialog, ATextWithASemicolonIsStoredAndComesBackCut) {
         EXPECT_EQ(ruleState().strReplyAccount, u" there;2");
         EXPECT_EQ(utility.logTexts().back(),
                   u"KVEXMessageRules: Error occured. Sub: Form_Load, Module: frmRuleReply");
-        // The descriptions before and after miss the account, too.
+        // The descriptions before and after have no account, either.
         utility.log.clear();
         EXPECT_EQ(typed(user), u"");
         cancel(user);

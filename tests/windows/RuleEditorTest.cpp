@@ -376,7 +376,7 @@ TEST_F(RuleEditor, AnIdOfBlanksIsANewRule) {
     editor.Show();
 }
 
-/// Where no user can press them: on a row without a dialog, and without a row.
+/// The user cannot press these buttons on a row without a dialog, or without a row.
 TEST_F(RuleEditor, TheDialogButtonsOfOtherRowsOnlyDescribeTheRule) {
     playNewRule([](User &user) {
         const auto press = [&](const char16_t *list, int row, const char16_t *button) {

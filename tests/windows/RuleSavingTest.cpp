@@ -51,7 +51,7 @@ TEST_P(RuleSaving, TheChecksRunInTheirOrder) {
         user.click(u"cmdOK");
         EXPECT_FALSE(user.isOpen());
     });
-    // People of blanks alone count as content, and are not written.
+    // Blanks alone count as people, but are not stored.
     EXPECT_EQ(rules(),
               (std::vector<std::string>{
                   "Rule|<IGNOREIFSERVICE>NO</IGNOREIFSERVICE><ACCOUNT><CON><ANY>2</ACCOUNT>"
@@ -371,7 +371,7 @@ TEST_P(RuleSaving, NamesAndTextsOfEveryScriptAreStoredAsTypedAndReadAgain) {
         EXPECT_EQ(user.get<TextBox>(u"txtRuleName").text(), typed);
         EXPECT_EQ(ruleState().strWords, words);
         EXPECT_EQ(ruleState().strReplyText, reply);
-        // The row is found again by what was read of it.
+        // The row is found again by the values that were read.
         name(user, typed + u" \U0001F4A1");
         user.click(u"cmdOK");
         EXPECT_FALSE(user.isOpen());

@@ -10,7 +10,7 @@ inline const std::u16string appliedToAll =
     u"Apply this Rule after the message arrives\r\nFor ALL Messages";
 inline const std::u16string disabledForAll = u"This Rule is disabled\r\nFor ALL Messages";
 
-/// Ids are those that the database gives: each higher than those before, not always by one.
+/// The database gives the ids. Each is higher than those before, but not always by one.
 class RuleScenarios : public ComponentTest, public testing::WithParamInterface<DatabaseKind> {
 protected:
     RuleScenarios() : ComponentTest(GetParam()) {}
@@ -33,8 +33,7 @@ protected:
         user.tickRow(conditions, row::forAllMessages);
         user.tickRow(actions, row::noMoreRules);
     }
-    /// OK is refused with this message, the editor stays, and once the user has read it the focus
-    /// is where it says.
+    /// OK shows this message and the editor stays open. After the message, `focus` has the focus.
     void expectRefused(User &user, const std::u16string &message,
                        const std::u16string &focus = u"cmdOK") {
         utility.onMessage = [&user] { EXPECT_EQ(user.focused(), u"cmdOK"); };

@@ -117,7 +117,7 @@ TEST_P(RulesWindow, ARuleThatDoesNotExistIsLoggedAndTheWindowStays) {
     EXPECT_EQ(logged.at(0).number, error_number::elementNotFound);
 }
 
-/// The list begins where the record set stands: of two new rules on the second.
+/// The list begins at the current record. After two new rules, that is the second.
 TEST_P(RulesWindow, ASessionThatBeganEmptyListsFromWhereTheRecordSetStands) {
     const auto saveAs = [](const std::u16string &name) {
         return [name](User &editor) {
@@ -194,8 +194,8 @@ TEST_P(RulesWindow, ARowThatCannotBeReadEndsTheListWithoutAHalfRow) {
         EXPECT_EQ(description(user), u"Apply this Rule after the message arrives");
         user.click(u"cmdCancel");
     });
-    // The list is filled at the start, and again since it differs from the record set after the
-    // cancelled editor.
+    // The list is filled at the start. It is filled again after the cancelled editor, as it then
+    // differs from the record set.
     expectLog({u"Sub: ListRules, Module: frmRules", u"Sub: ListRules, Module: frmRules"});
 }
 

@@ -22,7 +22,7 @@ protected:
         return *user.widget(user.tabOrder().front())->window();
     }
 
-    /// All of it can be seen, and a click into its middle reaches it.
+    /// The whole control is visible, and a click into its middle reaches it.
     static void expectInView(const QWidget &widget) {
         SCOPED_TRACE(widget.objectName().toStdString());
         EXPECT_EQ(widget.visibleRegion().boundingRect(), widget.rect());
@@ -32,8 +32,8 @@ protected:
         EXPECT_TRUE(hit == &widget || widget.isAncestorOf(hit));
     }
 
-    /// From wherever the window stands, Tab brings each control into view, and all fixed texts
-    /// can be scrolled to.
+    /// Tab brings each control into view from any position, and the user can scroll to every fixed
+    /// text.
     static void expectReachable(QtUser &user, const std::vector<std::u16string> &ends) {
         const QWidget &window = windowOf(user);
         EXPECT_TRUE(window.screen()->availableGeometry().contains(window.frameGeometry()));

@@ -57,7 +57,8 @@ void expectColumnsWide(const QTreeView &list) {
 
 void expectAccessible(QtUser &user, const std::vector<std::u16string> &tabOrder) {
     EXPECT_EQ(user.tabOrder(), tabOrder);
-    // A control may consist of several widgets that take the focus: a picker's box and its field.
+    // A control may have several widgets that take the focus, such as a picker's check box and
+    // field.
     for (QWidget *widget : shown<QWidget>(user)) {
         if ((widget->focusPolicy() & Qt::TabFocus) == 0 || widget->focusProxy() != nullptr ||
             !widget->isEnabled()) {

@@ -1,4 +1,4 @@
-// What holds in every window, whatever it is for.
+// Checks that every window must pass.
 #pragma once
 
 #include "tests/support/QtPlay.h"
@@ -9,17 +9,17 @@
 
 namespace kvex::test {
 
-/// Access keys that more than one control has, each with its controls.
+/// Access keys that several controls share, each with these controls.
 using SharedKeys = std::map<char16_t, std::vector<std::u16string>>;
 
-/// The controls that Tab reaches stand in the order `tabOrder`, and each says to assistive
-/// technology what it is and what it is called.
+/// Tab reaches the controls in the order `tabOrder`, and each tells assistive technology its role
+/// and name.
 void expectAccessible(QtUser &user, const std::vector<std::u16string> &tabOrder);
 
-/// The access keys that more than one of the controls has that can be used now.
+/// The access keys that several enabled controls share.
 [[nodiscard]] SharedKeys sharedAccessKeys(QtUser &user);
 
-/// Every fixed text of the window has the room that it takes, and the window fits on its screen.
+/// Every fixed text has enough room in the window, and the window fits on its screen.
 void expectNothingCut(QtUser &user);
 
 } // namespace kvex::test

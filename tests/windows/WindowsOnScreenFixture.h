@@ -1,4 +1,4 @@
-// The windows on a real toolkit, by key and mouse, with a real database: what its tests share.
+// The windows on a real toolkit with a database, for tests that play a user by key and mouse.
 #pragma once
 
 #include "adapters/qt/QtToolkit.h"

@@ -1,4 +1,5 @@
-// How the toolkit comes to an application, and says so where it cannot. Each test is a process.
+// How the toolkit gets its application, and what it says when it cannot. Each test runs in a
+// process of its own.
 #include "adapters/qt/QtToolkit.h"
 #include "platform/Error.h"
 #include "tests/support/RaisedError.h"
@@ -23,7 +24,7 @@ protected:
         }
     }
 
-    /// What the toolkit says when it cannot show a window, "" when it can.
+    /// The error of the toolkit when it cannot show a window, "" when it can.
     std::string refusal() {
         const auto error = test::raisedBy([&] {
             return toolkit_.createWindow({u"frmTest", u"Test", {}, column({})});

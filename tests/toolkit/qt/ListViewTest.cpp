@@ -118,7 +118,7 @@ TEST_F(QtListViewTest, APictureStandsInTheColumnsHeader) {
         EXPECT_FALSE(picture().isValid());
         view().setColumnIcon(1, 1);
         const QImage drawn = picture().value<QIcon>().pixmap(16, 16).toImage();
-        // Two entries of a list, with room between.
+        // Two entries of a list, with space between them.
         const QColor text = QApplication::palette().color(QPalette::Text);
         EXPECT_EQ(drawn.pixelColor(11, 4), text);
         EXPECT_EQ(drawn.pixelColor(11, 8).alpha(), 0);
@@ -171,7 +171,7 @@ TEST_F(QtListViewTest, AnEmptyListSaysWhatBelongsThereUntilItHasARow) {
     });
 }
 
-/// The most that a pixel of the row stands out from the row's trailing end.
+/// The greatest difference between a pixel of the row and the row's trailing end.
 double contrastInRow(QTreeView &tree, int row) {
     const QRect place = tree.visualRect(tree.model()->index(row - 1, 0));
     const QImage drawn = tree.viewport()->grab(place).toImage();

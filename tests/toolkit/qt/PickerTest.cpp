@@ -343,7 +343,7 @@ TEST_F(QtPickerTest, TheSystemsTimeZoneMovesNoDateAndNoTime) {
             user.pickTime(u"dtpTime", 23, 59, 59);
             EXPECT_EQ(clock.hour() * 10000 + clock.minute() * 100 + clock.second(), 235959);
             auto &day = time->get<DTPicker>(u"dtp");
-            // Where clocks are put forward between 2 and 3.
+            // A time zone in which clocks go forward between 2 and 3.
             day.setDate(2024, 3, 10);
             day.setTime(2, 30, 0);
             EXPECT_EQ(fieldOf(u"dtp")->text(), QStringLiteral("10/03/2024"));

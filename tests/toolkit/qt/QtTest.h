@@ -1,4 +1,4 @@
-// Windows of the Qt toolkit on a display of the test's own, with a user before them.
+// Windows of the Qt toolkit on the test's own display, with a user.
 #pragma once
 
 #include "adapters/qt/QtToolkit.h"
@@ -41,7 +41,7 @@ protected:
     qt::QtToolkit toolkit;
 };
 
-/// The application's palette and font while it lives, and as they were afterwards.
+/// Sets the application's palette and font while it lives, and restores them afterwards.
 class Theme {
 public:
     Theme(const QPalette &palette, int points)

@@ -17,7 +17,7 @@ namespace {
 
 class QtTextBoxTest : public QtTest {
 protected:
-    /// Takes digits alone.
+    /// Accepts digits only.
     std::unique_ptr<Window> digitBox(int maxLength) {
         auto shown = window({{.kind = ControlKind::textBox,
                               .name = u"txt",

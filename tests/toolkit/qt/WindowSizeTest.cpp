@@ -1,4 +1,4 @@
-// How windows come to their sizes, and keep those that the user gave them.
+// How windows get their sizes, and keep the sizes that the user chose.
 #include "tests/host/EnvironmentVariables.h"
 #include "tests/host/TemporaryFolder.h"
 #include "tests/toolkit/qt/QtTest.h"
@@ -12,7 +12,7 @@ class QtWindowSize : public QtTest {
 protected:
     QtWindowSize() { environment.set("XDG_STATE_HOME", folder.path().string()); }
 
-    /// Shows a window of that name, resizes it if wanted, and gives the size that it had first.
+    /// Shows a window of this name, resizes it if wanted, and gives the size with which it opened.
     QSize show(const std::u16string &name, std::optional<QSize> resized = {}) {
         const auto shown = toolkit.createWindow(
             {name,
@@ -53,7 +53,7 @@ TEST_F(QtWindowSize, EachWindowHasItsOwn) {
     EXPECT_EQ(show(u"frmTwo"), first + QSize(50, 50));
 }
 
-/// So that it still follows the font.
+/// The size still follows the font, then.
 TEST_F(QtWindowSize, ASizeThatTheUserLeftAsItWasIsNotKept) {
     show(u"frmOne");
     EXPECT_FALSE(exists(file));

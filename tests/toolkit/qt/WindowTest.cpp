@@ -79,7 +79,7 @@ class QtWindowTest : public QtTest {
 protected:
     static QWidget &dialog(const QtUser &user) { return *user.widget(u"cmdOK")->window(); }
 
-    /// Every control in view has the room that it says it needs.
+    /// Every visible control has at least its minimum size.
     static void expectNothingIsCut(const QtUser &user) {
         const QRect inside = dialog(user).rect();
         for (const ControlDesign &control : everything().controls) {
@@ -132,7 +132,7 @@ TEST_F(QtWindowTest, ABoxToTickIsMadeOutOnADarkThemeAndGrowsWithTheFont) {
     }
 }
 
-/// The most that a pixel of the widget's caption stands out from what is beside it.
+/// The greatest difference between a pixel of the widget's caption and the background beside it.
 double contrastOfCaption(QWidget &widget) {
     const QImage drawn = widget.grab().toImage();
     const int beside = drawn.width() - 6;
@@ -195,7 +195,7 @@ TEST_F(QtWindowTest, WindowsAndMessageBoxesHaveTheProductsIcon) {
     toolkit.showMessageBox(u"T", u"x", message_box::exclamation);
 }
 
-/// Whether dashes run around the button's caption: its top line changes along the way.
+/// Whether dashes surround the button's caption: the pixels of their top line vary.
 bool hasFocusDashes(QPushButton &button) {
     const QImage drawn = button.grab().toImage();
     constexpr int line = 3;
