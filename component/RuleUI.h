@@ -26,7 +26,8 @@ struct IRuleUI : IUnknown {
     /// `*result`:
     /// - 99: the user may have edited something. The user may also have cancelled the edit. An edit
     ///   that an earlier call on this thread noted counts until the editor opens.
-    /// - 1: no edit was noted. The user may still have removed rules. They may also have switched or
+    /// - 1: no edit was noted. The user may still have removed rules. They may also have switched
+    /// or
     ///   ordered rules and opened the editor again; such changes are stored but no longer noted.
     /// - 0: the session could not be opened or the window could not be shown. The log says why.
     /// So a host reloads its rules after every call that did not give 0.

@@ -9,7 +9,7 @@ namespace kvex::odbc {
 
 class OdbcStatement;
 
-/// The columns of a prepared query, with their tables and keys as far as the driver knows them.
+/// The columns of a prepared query, with the tables and keys that the driver knows.
 /// Asks the server's catalogue for the keys.
 [[nodiscard]] std::vector<recordset::Column> originsOf(const OdbcStatement &query);
 

@@ -1,8 +1,8 @@
 #include "adapters/qt/QtRichTextBox.h"
 
-#include "platform/LineBreaks.h"
 #include "adapters/qt/Colours.h"
 #include "adapters/qt/QText.h"
+#include "platform/LineBreaks.h"
 
 #include <QKeyEvent>
 #include <QScrollBar>

@@ -1,11 +1,11 @@
 #include "adapters/qt/QtToolkit.h"
 
 #include "adapters/controls/DesignCheck.h"
-#include "platform/LineBreaks.h"
 #include "adapters/qt/Pictures.h"
 #include "adapters/qt/QText.h"
 #include "adapters/qt/QtApplication.h"
 #include "adapters/qt/QtWindow.h"
+#include "platform/LineBreaks.h"
 
 #include <QAbstractButton>
 #include <QApplication>

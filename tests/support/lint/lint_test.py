@@ -39,8 +39,8 @@ class Checks(unittest.TestCase):
     def testTheProjectIncludesOnlyWhatItMay(self):
         self.assert_passes("check-includes", PROJECT)
 
-    def testTheProjectSpeaksOfItselfAlone(self):
-        self.assert_passes("check-words", PROJECT)
+    def testTheProjectsSentencesAreShort(self):
+        self.assert_passes("check-prose", PROJECT)
 
     def testAnAdapterInTheRulesIsRefusedWithFileLineAndRule(self):
         self.write("rules/Load.cpp", '#include "platform/Text.h"\n#include "adapters/qt/Window.h"\n')
@@ -118,25 +118,32 @@ class Checks(unittest.TestCase):
         self.write("host/kvexrules/main.cpp", '#include "adapters/qt/QtToolkit.h"\n')
         self.assert_refused("check-includes", "host/kvexrules/main.cpp:1:")
 
-    def testAPaperOutsideTheProjectIsRefused(self):
-        self.write("docs/a.md", "One.\nAs the " + "sp" + "ecification says.\n")
-        self.assert_refused("check-words", "docs/a.md:2:")
+    def testADocumentsSentenceHasAtMostTwentyFiveWords(self):
+        self.write("docs/a.md", "One.\n\n" + "word " * 24 + "word.\n")
+        self.assert_passes("check-prose")
+        self.write("docs/a.md", "One.\n\n" + "word " * 25 + "word.\n")
+        self.assert_refused("check-prose", "docs/a.md:3: a sentence of 26 words")
 
-    def testAChapterOfSuchAPaperIsRefused(self):
-        self.write("rules/Load.h", "// See Part" + " 2.2.\n")
-        self.assert_refused("check-words", "rules/Load.h:1:")
+    def testAHeadersSentenceIsReadAcrossItsLines(self):
+        self.write("a/b.h", "/// " + "word " * 13 + "\n/// " + "word " * 13 + "\nint a;\n")
+        self.assert_refused("check-prose", "a/b.h:1: a sentence of 26 words")
 
-    def testTheFolderOfOneMachineIsRefused(self):
-        self.write("script/run", "cd /" + "root/build\n")
-        self.assert_refused("check-words", "script/run:1:")
+    def testSentencesItemsAndCellsAreReadOneByOne(self):
+        half = "word " * 14
+        self.write("docs/a.md", f"{half}. {half}.\n- {half}\n- {half}\n\n| {half} | {half} |\n")
+        self.assert_passes("check-prose")
 
-    def testAFileNamedAfterSuchAPaperIsRefused(self):
-        self.write("docs/" + "dec" + "isions.md", "One.\n")
-        self.assert_refused("check-words", "docs/")
+    def testCodeIsOneWordAndAFenceNone(self):
+        self.write("docs/a.md", "`" + "word " * 30 + "`\n\n```\n" + "word " * 30 + "\n```\n")
+        self.assert_passes("check-prose")
+
+    def testAPhraseThatMakesReadersStumbleIsRefused(self):
+        self.write("a/b.h", "// It writes as " + "far as it can.\n")
+        self.assert_refused("check-prose", "a/b.h:1: says 'as " + "far as'; write: say the condition")
 
     def testWhatIsBuiltIsNotRead(self):
-        self.write("build/dev/log.txt", "cd /" + "root/build\n")
-        self.assert_passes("check-words")
+        self.write("build/dev/a.md", "word " * 30 + "\n")
+        self.assert_passes("check-prose")
 
 
 if __name__ == "__main__":
