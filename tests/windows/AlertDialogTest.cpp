@@ -288,7 +288,10 @@ TEST_F(AlertDialog, ATextWithASemicolonShiftsAccountAndRecipientsWhenItComesBack
 
 TEST_F(AlertDialog, HiddenOptionsBeforeAnAccountWasChosenWriteTheTextAlone) {
     storeRule(storedAlert);
-    whenShownWithin(u"frmRuleOptions", [](User &user) { user.press(Key::escape); });
+    whenShownWithin(u"frmRuleOptions", [](User &user) {
+        EXPECT_EQ(ruleState().strAlertText, u"Look!");
+        user.press(Key::escape);
+    });
     play([](User &user) {
         typeInto(user, text, u"!");
         add(user, u"97");

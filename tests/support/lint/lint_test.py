@@ -134,7 +134,8 @@ class Checks(unittest.TestCase):
         self.assert_passes("check-prose")
 
     def testCodeIsOneWordAndAFenceNone(self):
-        self.write("docs/a.md", "`" + "word " * 30 + "`\n\n```\n" + "word " * 30 + "\n```\n")
+        long = "word " * 30
+        self.write("docs/a.md", f"`{long}`\n\n```\n{long}\n```\n\n    {long}\n")
         self.assert_passes("check-prose")
 
     def testAPhraseThatMakesReadersStumbleIsRefused(self):
