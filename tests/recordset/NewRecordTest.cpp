@@ -67,6 +67,8 @@ TEST_P(RecordsetConformance, TheFirstRecordOfAnEmptySetIsAdded) {
     const auto rules = openRules();
     rules->moveFirst();
     rules->addNew();
+    EXPECT_FALSE(rules->eof());
+    EXPECT_FALSE(rules->bof());
     rules->setField(u"Name", u"new");
     rules->update();
     EXPECT_EQ(rules->recordCount(), 1);

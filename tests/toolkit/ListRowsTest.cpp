@@ -1,6 +1,7 @@
 #include "adapters/controls/ListRows.h"
 
 #include "platform/Error.h"
+#include "platform/Text.h"
 #include "tests/support/RaisedError.h"
 #include "tests/toolkit/BareList.h"
 #include "tests/toolkit/Designs.h"
@@ -8,6 +9,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace kvex::controls {
 namespace {
@@ -170,6 +173,93 @@ TEST(ListRowsSelection, OfSeveralFallsBackToTheOneSelectedBefore) {
     rows.selectOnly(0);
     EXPECT_EQ(rows.selectedRow(), 0);
     EXPECT_FALSE(rows.selected(1));
+}
+
+/// Writes down what a view reads in each notification.
+class View final : public ListRowsListener {
+public:
+    explicit View(const ListRows &rows) : rows_(rows) {}
+
+    void aboutToInsertRow(int /*row*/) override {}
+    void rowInserted() override {}
+    void aboutToRemoveRow(int /*row*/) override {}
+    void rowRemoved() override {}
+    void aboutToReorder() override { add("from " + order()); }
+    void reordered() override {
+        add("to " + order() + ", selected " + std::to_string(rows_.selectedRow()));
+    }
+    void aboutToReset() override {}
+    void reset() override {}
+    void rowChanged(int row) override {
+        add(toUtf8(rows_.text(row)) + toUtf8(rows_.subItem(row, 1)) +
+            (rows_.checked(row) ? " ticked" : "") +
+            (rows_.rowColour(row) == RowColour::greyText ? " grey" : ""));
+    }
+    void columnIconChanged(int column) override {
+        add("icon " + std::to_string(rows_.column(column).icon));
+    }
+    void selectionChanged() override {
+        std::string selected = "selected";
+        for (int row = 1; row <= rows_.rowCount(); ++row) {
+            selected += rows_.selected(row) ? " " + std::to_string(row) : "";
+        }
+        add(selected + ", last " + std::to_string(rows_.selectedRow()));
+    }
+    void rowSelectedByCode(int row) override { add("to be seen " + std::to_string(row)); }
+
+    /// What was read since the last call.
+    [[nodiscard]] std::vector<std::string> take() { return std::exchange(read_, {}); }
+
+private:
+    void add(std::string what) { read_.push_back(std::move(what)); }
+    [[nodiscard]] std::string order() const {
+        std::string texts;
+        for (int row = 1; row <= rows_.rowCount(); ++row) {
+            texts += toUtf8(rows_.text(row));
+        }
+        return texts;
+    }
+
+    const ListRows &rows_;
+    std::vector<std::string> read_;
+};
+
+TEST(ListRowsView, ReadsInEachNotificationWhatHolds) {
+    using Read = std::vector<std::string>;
+    BareList rows(true);
+    View view(rows);
+    rows.addColumn(u"Text", 0.5);
+    rows.addColumn(u"Item", 0.5);
+    for (const auto *text : {u"c", u"a", u"b"}) {
+        rows.addRow(text);
+    }
+    rows.setListener(&view);
+    rows.setText(1, u"d");
+    rows.setSubItem(1, 1, u"!");
+    rows.setChecked(1, true);
+    rows.setRowColour(1, RowColour::greyText);
+    EXPECT_EQ(view.take(), (Read{"d", "d!", "d! ticked", "d! ticked grey"}));
+    rows.setColumnIcon(1, 2);
+    EXPECT_EQ(view.take(), Read{"icon 2"});
+    rows.select(3);
+    rows.select(1);
+    EXPECT_EQ(view.take(),
+              (Read{"selected 3, last 3", "to be seen 3", "selected 1 3, last 1", "to be seen 1"}));
+    rows.setSorted(true);
+    EXPECT_EQ(view.take(), (Read{"from dab", "to abd, selected 3"}));
+    rows.deselect(3);
+    EXPECT_EQ(view.take(), Read{"selected 2, last 2"});
+}
+
+TEST(ListRowsColumns, AWidthIsAShareOfTheListFromNoneToAll) {
+    BareList rows;
+    for (const double width : {-0.01, 1.01}) {
+        EXPECT_EQ(errorNumber([&] { rows.addColumn(u"Text", width); }),
+                  error_number::invalidPropertyValue);
+    }
+    rows.addColumn(u"None", 0);
+    rows.addColumn(u"All", 1);
+    EXPECT_EQ(rows.columnCount(), 2);
 }
 
 } // namespace
