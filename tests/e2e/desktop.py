@@ -158,8 +158,17 @@ class Desktop:
     def type(self, text):
         self.xdotool("type", "--delay", "15", "--", text)
 
-    def close_active_by_frame(self):
-        """Closes the window as the cross in its frame does."""
+    def close_by_frame(self, title):
+        """Closes the active window as the cross in its frame does.
+
+        The window manager learns of a new focus after the window itself. Until then it closes
+        nothing.
+        """
+        def is_active():
+            name = self.xdotool("getactivewindow", "getwindowname", may_fail=True)
+            return name == title
+
+        wait_for(f"the window manager to see {title!r} as active", is_active)
         self.press("alt+F4")
 
     def screenshot(self, path, window="root"):

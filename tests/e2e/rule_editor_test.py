@@ -197,9 +197,9 @@ class RuleEditor(ProgramTest):
         before = self.database.rules()
         self.start()
         self.editor()
-        DESKTOP.close_active_by_frame()
+        DESKTOP.close_by_frame("New Rule")
         self.program.window("SMS Rules")
-        DESKTOP.close_active_by_frame()
+        DESKTOP.close_by_frame("SMS Rules")
         self.assert_ends(1)
         self.assertEqual(self.database.rules(), before)
 
