@@ -26,8 +26,7 @@ target_compile_options(kvex_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion $<$<BOOL:${KVEX_WERROR}>:-Werror>
   # When it optimises, GCC 12 wrongly warns that std::string copies overlapping memory.
   $<$<AND:$<CXX_COMPILER_ID:GNU>,$<CONFIG:Release>>:-Wno-restrict>)
-# A release leaves out code that nothing calls. For example, the component needs only one text box
-# of the headless toolkit.
+# A release leaves out code that nothing calls.
 add_compile_options($<$<CONFIG:Release>:-ffunction-sections> $<$<CONFIG:Release>:-fdata-sections>)
 add_link_options($<$<CONFIG:Release>:LINKER:--gc-sections>)
 if(KVEX_SANITIZE)
