@@ -136,18 +136,6 @@ constexpr bool everyIdHasOneRow() {
 }
 static_assert(everyIdHasOneRow());
 
-constexpr bool isWhole(const RulePart &part) {
-    const auto &[values, complete, incompleteText, show] = part.dialog;
-    const bool whole =
-        values != nullptr && complete != nullptr && incompleteText != nullptr && show != nullptr;
-    const bool none =
-        values == nullptr && complete == nullptr && incompleteText == nullptr && show == nullptr;
-    return part.text != nullptr && part.held != nullptr && part.setTicked != nullptr &&
-           (whole || none);
-}
-static_assert(std::ranges::all_of(conditions, isWhole) && std::ranges::all_of(actions, isWhole),
-              "a dialog has all its fields or is none");
-
 } // namespace
 
 std::span<const RulePart> ruleConditions() {

@@ -25,8 +25,14 @@ enum class RulePartId {
     count
 };
 
-/// How the user edits the values of a part.
+/// How the user edits the values of a part: with all four fields, or not at all.
 struct PartDialog {
+    constexpr PartDialog() = default;
+    constexpr PartDialog(const char16_t *valueWords, bool (*isComplete)(const RuleState &rule),
+                         const char16_t *textOfIncomplete, void (*showing)())
+        : values(valueWords), complete(isComplete), incompleteText(textOfIncomplete),
+          show(showing) {}
+
     /// The values in a few words, for the hint of the button that opens the dialog.
     const char16_t *values = nullptr;
     /// Whether the rule has all values of the part.
@@ -38,6 +44,12 @@ struct PartDialog {
 };
 
 struct RulePart {
+    /// `editing` is empty for a part without values.
+    constexpr RulePart(RulePartId partId, const char16_t *rowText,
+                       bool (*isHeld)(const RuleState &rule),
+                       void (*onTick)(RuleState &rule, bool ticked), PartDialog editing = {})
+        : id(partId), text(rowText), held(isHeld), setTicked(onTick), dialog(editing) {}
+
     RulePartId id;
     /// The row's text.
     const char16_t *text;
@@ -45,8 +57,7 @@ struct RulePart {
     bool (*held)(const RuleState &rule);
     /// Takes the tick of the row into the rule. Unticking removes the part's values.
     void (*setTicked)(RuleState &rule, bool ticked);
-    /// Empty for a part without values.
-    PartDialog dialog{};
+    PartDialog dialog;
 
     [[nodiscard]] constexpr bool hasDialog() const { return dialog.show != nullptr; }
     void showDialog() const { dialog.show(); }
