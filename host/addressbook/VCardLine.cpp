@@ -115,8 +115,8 @@ bool VCardLines::next(UnfoldedLine &line) {
         return false;
     }
     line = {number_ + 1, std::string(takeLine())};
-    const std::string_view head = std::string_view(line.text).substr(0, line.text.find(':'));
-    const bool isEncoded = lowerCase(head).find(quotedPrintable) != std::string::npos;
+    const std::string head = lowerCase(line.text.substr(0, line.text.find(':')));
+    const bool isEncoded = head.find(quotedPrintable) != std::string::npos;
     while (isEncoded && line.text.ends_with('=') && !text_.empty()) {
         line.text.pop_back();
         line.text += takeLine();
@@ -124,8 +124,8 @@ bool VCardLines::next(UnfoldedLine &line) {
     while (text_.starts_with(' ') || text_.starts_with('\t')) {
         line.text += takeLine().substr(keepsBlanks_ ? 0 : 1);
     }
-    const bool isVersion = lowerCase(head) == "version";
-    const bool isBeginning = lowerCase(head) == "begin";
+    const bool isVersion = head == "version";
+    const bool isBeginning = head == "begin";
     if (isVersion || isBeginning) {
         keepsBlanks_ = isVersion && line.text.find("2.1") != std::string::npos;
     }

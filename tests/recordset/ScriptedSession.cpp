@@ -54,7 +54,13 @@ public:
         }
         insertion.text.append(recordset::listed(columns)).append(u" GIVING ");
         insertion.text.append(recordset::listed(keyColumns));
-        std::vector<Value> key = script_->key;
+        // Copies each text before its Value is made: in some standard libraries, the copy of a
+        // variant is undefined when memory fails.
+        std::vector<Value> key;
+        key.reserve(script_->key.size());
+        for (const Value &part : script_->key) {
+            key.push_back(std::visit([](auto held) { return Value(std::move(held)); }, part));
+        }
         // The change was stored when it was sent, so nothing may fail afterwards.
         receive(shown(insertion));
         return key;
