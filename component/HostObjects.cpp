@@ -54,7 +54,8 @@ public:
                        std::int32_t reserved, std::int16_t flag) override {
         const Bstr description(error.description());
         const Bstr source(error.source());
-        ErrorRecord record{error.number(), description.get(), source.get()};
+        ErrorRecord record{error.number(), description.get(), source.get(),
+                           static_cast<LONG>(error.helpContext())};
         LONG output = 0;
         check(withReference(logFile,
                             [&](BSTR *file) {

@@ -53,11 +53,13 @@ std::u16string descriptionOf(std::int32_t number) {
 
 } // namespace
 
-Error::Error(std::int32_t number, std::u16string description, std::u16string source)
+Error::Error(std::int32_t number, std::u16string description, std::u16string source,
+             HelpContext helpContext)
     : number_(number),
       description_(description.empty() ? descriptionOf(number) : std::move(description)),
-      source_(std::move(source)), what_("error " + std::to_string(number_) + ": " +
-                                        toUtf8(description_) + " (" + toUtf8(source_) + ")") {}
+      source_(std::move(source)), helpContext_(helpContext),
+      what_("error " + std::to_string(number_) + ": " + toUtf8(description_) + " (" +
+            toUtf8(source_) + ")") {}
 
 Error Error::current() {
     try {

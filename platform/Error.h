@@ -32,16 +32,58 @@ inline constexpr std::int32_t elementNotFound = 35601;
 inline constexpr std::int32_t keyNotUnique = 35602;
 } // namespace error_number
 
+/// What an error means for the user. The numbers come from the libraries of databases, and one
+/// number can mean several things. The host suite keeps an advice for each context. The values
+/// cross the component's boundary, so they never change.
+enum class HelpContext : std::int32_t {
+    /// No advice beyond the error's description.
+    none = 0,
+    // The database cannot be opened.
+    cannotConnect = 1,
+    noDriver = 2,
+    noDataSource = 3,
+    wrongUser = 4,
+    noFile = 5,
+    notADatabase = 6,
+    // The database refuses a statement.
+    connectionLost = 20,
+    forbidden = 21,
+    noTable = 22,
+    badStatement = 23,
+    constraint = 24,
+    tooLong = 25,
+    badValue = 26,
+    locked = 27,
+    lockedOrCutOff = 28,
+    noAnswer = 29,
+    diskFull = 30,
+    inputOutput = 31,
+    damaged = 32,
+    fileMoved = 33,
+    failed = 34,
+    // The rows are not as the record set read them, or cannot be written.
+    changedByAnother = 50,
+    noPrimaryKey = 51,
+    valueNotKept = 52,
+    // The rules are not all there, or not all stored.
+    ruleReadInPart = 70,
+    listEndsEarly = 71,
+    ruleNotStored = 72,
+    orderNotStored = 73,
+};
+
 /// A run-time error, with the texts that the error log shows.
 class Error : public std::exception {
 public:
     /// An empty `description` stands for the platform's own text for `number`.
     explicit Error(std::int32_t number, std::u16string description = {},
-                   std::u16string source = u"KVEXMessageRules");
+                   std::u16string source = u"KVEXMessageRules",
+                   HelpContext helpContext = HelpContext::none);
 
     [[nodiscard]] std::int32_t number() const noexcept { return number_; }
     [[nodiscard]] const std::u16string &description() const noexcept { return description_; }
     [[nodiscard]] const std::u16string &source() const noexcept { return source_; }
+    [[nodiscard]] HelpContext helpContext() const noexcept { return helpContext_; }
     /// True for an error that comes from a database: its number is negative.
     [[nodiscard]] bool fromDatabase() const noexcept { return number_ < 0; }
     /// "error NUMBER: DESCRIPTION (SOURCE)" in UTF-8, for diagnostic streams.
@@ -55,6 +97,7 @@ private:
     std::int32_t number_;
     std::u16string description_;
     std::u16string source_;
+    HelpContext helpContext_;
     std::string what_;
 };
 

@@ -9,6 +9,8 @@ struct ErrorRecord {
     LONG number;
     BSTR description;
     BSTR source;
+    /// A HelpContext of platform/Error.h.
+    LONG helpContext;
 };
 
 struct IUtility : IUnknown {

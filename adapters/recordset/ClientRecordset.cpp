@@ -37,7 +37,8 @@ void requireMet(bool met) {
     if (!error.fromDatabase()) {
         throw error;
     }
-    throw Error(error.number(), outcome + u". " + error.description(), error.source());
+    throw Error(error.number(), outcome + u". " + error.description(), error.source(),
+                error.helpContext());
 }
 
 /// Runs a call that writes. `outcome` says what was not stored when the database refuses.

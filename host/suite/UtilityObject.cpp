@@ -55,7 +55,8 @@ HRESULT UtilityObject::WriteErrorLog(BSTR *logFile, ErrorRecord *error, BSTR tex
             *output = 0;
         }
         const Error entry(error->number, std::u16string(viewOf(error->description)),
-                          std::u16string(viewOf(error->source)));
+                          std::u16string(viewOf(error->source)),
+                          static_cast<HelpContext>(error->helpContext));
         logEntry(viewOf(*logFile), viewOf(text), &entry);
         if (entry.fromDatabase() && (flag == nullptr || *flag != VARIANT_FALSE)) {
             tellUser(entry);

@@ -63,8 +63,9 @@ public:
         change(logFile);
         *output = 5;
         return called("WriteErrorLog", file, std::to_string(error->number),
-                      shown(error->description), shown(error->source), shown(text),
-                      std::to_string(reserved), std::to_string(*flag));
+                      shown(error->description), shown(error->source),
+                      std::to_string(error->helpContext), shown(text), std::to_string(reserved),
+                      std::to_string(*flag));
     }
     HRESULT ReportMessage(BSTR *logFile, BSTR text, VARIANT_BOOL first,
                           VARIANT_BOOL second) noexcept override {
@@ -166,7 +167,8 @@ TEST_F(HostObjects, TheUtilityObjectGetsEveryArgument) {
     std::u16string logFile = u"LOG";
     EXPECT_EQ(object->connectionString(), u"DATABASE");
     EXPECT_EQ(object->secondText(), u"SECOND");
-    object->writeErrorLog(logFile, Error(13, u"WHY", u"WHERE"), u"TEXT", 0, -1);
+    object->writeErrorLog(logFile, Error(13, u"WHY", u"WHERE", HelpContext::locked), u"TEXT", 0,
+                          -1);
     object->reportMessage(logFile, u"TEXT", true, true);
     object->reportMessage(logFile, u"TEXT", false, true);
     object->reportMessage(logFile, u"TEXT", true, false);
@@ -174,7 +176,7 @@ TEST_F(HostObjects, TheUtilityObjectGetsEveryArgument) {
     EXPECT_EQ(logFile, u"LOG++++");
     EXPECT_EQ(host().calls,
               (Calls{"GetConnectionString", "GetSecondText",
-                     "WriteErrorLog 'LOG' 13 'WHY' 'WHERE' 'TEXT' 0 -1",
+                     "WriteErrorLog 'LOG' 13 'WHY' 'WHERE' 27 'TEXT' 0 -1",
                      "ReportMessage 'LOG+' 'TEXT' -1 -1", "ReportMessage 'LOG++' 'TEXT' 0 -1",
                      "ReportMessage 'LOG+++' 'TEXT' -1 0", "ShowMessageBox 'TEXT' 48"}));
 }

@@ -38,7 +38,8 @@ public:
         Bstr file(logFile);
         const Bstr description(error.description());
         const Bstr source(error.source());
-        ErrorRecord record{error.number(), description.get(), source.get()};
+        ErrorRecord record{error.number(), description.get(), source.get(),
+                           static_cast<LONG>(error.helpContext())};
         EXPECT_EQ(suite_->WriteErrorLog(file.inOut(), &record, Bstr(text).get(), reserved, &flag,
                                         nullptr),
                   S_OK);

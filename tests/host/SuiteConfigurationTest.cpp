@@ -47,7 +47,7 @@ TEST_F(SuiteConfiguration, KnowsTheLastErrorUntilItIsConfiguredAgain) {
     EXPECT_EQ(description.get(), nullptr);
 
     const Bstr told(u"Type mismatch");
-    ErrorRecord error{13, told.get(), nullptr};
+    ErrorRecord error{13, told.get(), nullptr, 0};
     Bstr logFile(u"/nowhere\\KVEX.log");
     EXPECT_EQ(utility->WriteErrorLog(logFile.inOut(), &error, nullptr, 0, nullptr, nullptr), S_OK);
     EXPECT_EQ(suite->GetLastError(file.put(), description.put(), &number), S_OK);

@@ -37,7 +37,7 @@ TEST_F(TerminalUtility, LeavesADatabasesErrorToItsCommand) {
     const TemporaryFolder folder;
     suiteState().log = ErrorLog(folder / "a.log");
     const Bstr why(u"refused");
-    ErrorRecord error{-1, why.get(), nullptr};
+    ErrorRecord error{-1, why.get(), nullptr, 0};
     Bstr logFile(u"");
     EXPECT_EQ(utility->WriteErrorLog(logFile.inOut(), &error, nullptr, 0, nullptr, nullptr), S_OK);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");

@@ -51,7 +51,7 @@ protected:
         const Bstr source(u"the source");
         const Bstr text(u"the text");
         const Bstr described(description);
-        ErrorRecord error{number, described.get(), source.get()};
+        ErrorRecord error{number, described.get(), source.get(), 0};
         LONG output = 99;
         const HRESULT result =
             utility->WriteErrorLog(logFile.inOut(), &error, text.get(), 0, &flag, &output);
