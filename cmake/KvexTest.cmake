@@ -1,6 +1,6 @@
 # kvex_test(SUBJECT_test [WHOLE] LABELS label… SOURCES file… LIBRARIES library… [ENVIRONMENT A=B…])
 # Adds a GoogleTest program. Each of its tests is a CTest test with these labels. With WHOLE the
-# program is one CTest test; use it when the tests share something that is slow to start.
+# program is one CTest test. Use WHOLE when the tests share something that starts slowly.
 find_package(GTest REQUIRED)
 include(GoogleTest)
 
