@@ -52,10 +52,10 @@ public:
             object->Release();
         }
     }
-    /// Gives the reference to the caller.
+    /// Hands the reference over to the caller.
     [[nodiscard]] Interface *detach() noexcept { return std::exchange(object_, nullptr); }
 
-    /// Empties the pointer and gives the place where a call can store a new reference.
+    /// Empties the pointer and returns the address where a call can store a new reference.
     [[nodiscard]] Interface **put() noexcept {
         reset();
         return &object_;
@@ -112,9 +112,9 @@ public:
     [[nodiscard]] std::u16string_view view() const noexcept { return viewOf(text_); }
     [[nodiscard]] std::u16string text() const { return std::u16string(view()); }
 
-    /// Gives the text to the caller.
+    /// Hands the text over to the caller.
     [[nodiscard]] BSTR detach() noexcept { return std::exchange(text_, nullptr); }
-    /// Frees the text and gives the place where a call can store a new one.
+    /// Frees the text and returns the address where a call can store a new one.
     [[nodiscard]] BSTR *put() noexcept {
         SysFreeString(detach());
         return &text_;

@@ -1,6 +1,6 @@
 // The types of the component model. Interfaces derive from IUnknown and have pure virtual functions
-// only. Results are HRESULTs, texts are BSTRs. The C++ ABI, Itanium's or the system's, lays out an
-// interface as a class without a virtual destructor. The Component Object Model does the same.
+// only. Results are HRESULTs, texts are BSTRs. The compiler lays out an interface as a class
+// without a virtual destructor. The Component Object Model uses the same layout.
 #pragma once
 
 #include <cstddef>
@@ -73,8 +73,9 @@ protected:
 
 struct IClassFactory : IUnknown {
     static constexpr IID iid{0x00000001, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
-    /// Creates an object of the class. Fails with CLASS_E_NOAGGREGATION when `outer` is not null,
-    /// and with the result of what the object's constructor throws. `*object` is null then.
+    /// Creates an object of the class. Fails with CLASS_E_NOAGGREGATION when `outer` is not null.
+    /// An exception of the object's constructor becomes a failed result. After a failure `*object`
+    /// is null.
     virtual HRESULT CreateInstance(IUnknown *outer, const IID &interfaceId,
                                    void **object) noexcept = 0;
     /// Adds or removes a lock. A server is not unloaded while it has locks.

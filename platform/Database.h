@@ -103,10 +103,10 @@ public:
     /// first of several columns with the same name counts. Fails with itemNotFound for an unknown
     /// name, and with noCurrentRecord without a current record.
     [[nodiscard]] virtual ValueView field(std::u16string_view name) const = 0;
-    /// Keeps `value` as a pending change for update. A value equal to the one read is no change:
-    /// one of the same kind, with the same number or the same characters. A new record sends every
-    /// value that was set, even Null. An unpaired surrogate becomes U+FFFD, because no database
-    /// keeps one. Fails as field does.
+    /// Keeps `value` as a pending change for update. A value that equals the one read is no change.
+    /// Equal values have the same kind, and the same number or the same characters. A new record
+    /// sends every value that was set, even Null. An unpaired surrogate becomes U+FFFD, because no
+    /// database keeps one. Fails as field does.
     virtual void setField(std::u16string_view name, const Value &value) = 0;
 
     /// Makes a pending new record the current one. The database fills the columns that are not

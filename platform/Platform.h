@@ -11,7 +11,7 @@
 
 namespace kvex {
 
-/// Each create call makes a new object. It fails with cannotCreateObject when the system has none.
+/// Each create call makes a new object. It fails with cannotCreateObject when no program offers it.
 class Platform {
 public:
     virtual ~Platform() = default;

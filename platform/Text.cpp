@@ -35,7 +35,7 @@ void appendUtf8(std::string &target, char32_t code) {
     }
 }
 
-/// The number of bytes in the sequence that begins with `lead`; 0 when no sequence can.
+/// The number of bytes in the sequence that begins with `lead`; 0 when no sequence begins with it.
 std::size_t sequenceLength(unsigned char lead) {
     if (lead < 0x80) {
         return 1;

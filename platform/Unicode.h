@@ -1,4 +1,4 @@
-// Case mapping and character classes of Unicode. An adapter brings the tables.
+// Case mapping and character classes of Unicode. An adapter implements these functions.
 #pragma once
 
 #include <string>

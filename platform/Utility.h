@@ -22,7 +22,7 @@ public:
     virtual void writeErrorLog(std::u16string &logFile, const Error &error,
                                const std::u16string &text, std::int32_t reserved,
                                std::int16_t flag) = 0;
-    /// Writes a message to the log that is no run-time error.
+    /// Writes a message to the log. The message is no run-time error.
     virtual void reportMessage(std::u16string &logFile, const std::u16string &text, bool first,
                                bool second) = 0;
     /// See message_box in platform/controls/Toolkit.h for styles and results.

@@ -17,13 +17,13 @@ public:
     virtual ~Control() = default;
 
     [[nodiscard]] virtual const std::u16string &name() const = 0;
-    /// As set. The state of the surrounding window or frame does not matter.
+    /// What was set last. The state of the surrounding window or frame does not matter.
     [[nodiscard]] virtual bool enabled() const = 0;
     /// If the control has the focus while it is disabled or hidden, the focus returns to the
     /// control that had it before. If that one cannot take it, it goes to the next one in tab
     /// order. The tool tip of a disabled control is ControlDesign::disabledHint.
     virtual void setEnabled(bool enabled) = 0;
-    /// As set, even before the window is shown.
+    /// What was set last, even before the window is shown.
     [[nodiscard]] virtual bool visible() const = 0;
     virtual void setVisible(bool visible) = 0;
     /// Moves the focus to this control. Before the window is shown, it sets where the focus starts.

@@ -9,8 +9,8 @@ namespace kvex {
 
 /// Holds a date and a time. The design's format shows one of them; the other is kept. Years run
 /// from 1900 to 3000. A setter fails with invalidPropertyValue for a part that does not exist or a
-/// date out of range, and changes nothing. A part that is set while there is no value brings the
-/// last value back, with that part set. The first value is today and the design's time.
+/// date out of range, and changes nothing. Setting a part while there is no value brings back the
+/// last value, with the new part. The first value is today and the design's time.
 class DTPicker : public Control {
 public:
     /// The user changed, cleared or restored the value.

@@ -10,7 +10,7 @@ namespace kvex::design {
 /// A label with an explanation instead of a control's name.
 [[nodiscard]] ControlDesign hint(std::u16string name, std::u16string caption);
 [[nodiscard]] ControlDesign button(std::u16string name, std::u16string caption);
-/// It only keeps a given control name in the window. The user never sees it.
+/// A button that the user never sees. Its window must have a control of this name.
 [[nodiscard]] ControlDesign hiddenButton(std::u16string name, std::u16string caption);
 /// Disabled until a handler enables it. `hint` says what it waits for.
 [[nodiscard]] ControlDesign waiting(ControlDesign control, std::u16string hint);
@@ -20,7 +20,8 @@ namespace kvex::design {
 /// Makes the button the one that Enter presses.
 [[nodiscard]] ControlDesign byEnter(ControlDesign button);
 
-/// Every window ends with a line, OK and Cancel. Enter presses OK, but not a plain OK.
+/// Every window ends with a line, OK and Cancel. Enter presses the OK of okButton(), but not that
+/// of plainOkButton().
 [[nodiscard]] ControlDesign separator();
 [[nodiscard]] ControlDesign okButton();
 [[nodiscard]] ControlDesign plainOkButton();

@@ -78,7 +78,7 @@ public:
     /// Selects the row and scrolls to it. Without multiple selection, deselects all other rows.
     virtual void select(int row) = 0;
     virtual void deselect(int row) = 0;
-    /// If it is switched off, only selectedRow() stays selected.
+    /// Switching it off deselects every row except selectedRow().
     virtual void setMultiSelect(bool multiSelect) = 0;
     [[nodiscard]] virtual bool multiSelect() const = 0;
 

@@ -15,8 +15,8 @@ public:
 
     [[nodiscard]] virtual std::u16string caption() const = 0;
     virtual void setCaption(const std::u16string &caption) = 0;
-    /// Shows the window over the active window and returns after it was closed, by close() or by
-    /// its frame. The frame runs no handler. A window that was closed before is not shown. Fails
+    /// Shows the window over the active window. Returns when close() or the user has closed it.
+    /// Closing it by its frame runs no handler. A window that was closed before is not shown. Fails
     /// with invalidCall if showModal was called before.
     virtual void showModal() = 0;
     /// Lets showModal return after the current handler.

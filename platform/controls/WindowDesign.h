@@ -18,7 +18,8 @@ enum class ControlKind {
     listView,
     datePicker,
     timePicker,
-    /// A box around the controls that the layout puts into it. If empty, a separating line.
+    /// A box around the controls that the layout puts into it. Without controls, it is a separating
+    /// line.
     frame,
     /// The pictures of list views. It is never shown.
     imageList,
@@ -71,8 +72,8 @@ struct ControlDesign {
     int rowPicture = 0;
     /// imageList.
     std::vector<Picture> pictures = {};
-    /// datePicker: "dd/MM/yyyy", where "yyy" means the same as "yyyy". timePicker: "HH:mm:ss".
-    /// Then the initial time.
+    /// datePicker: "dd/MM/yyyy", where "yyy" means the same as "yyyy". timePicker: "HH:mm:ss". Both
+    /// have an initial time.
     std::u16string format = {};
     int hour = 0, minute = 0, second = 0;
 
