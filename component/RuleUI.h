@@ -27,13 +27,13 @@ struct IRuleUI : IUnknown {
     /// - 99: the user may have edited something. The user may also have cancelled the edit. An edit
     ///   that an earlier call on this thread noted counts until the editor opens.
     /// - 1: no edit was noted. The user may still have removed rules. They may also have switched
-    /// or
-    ///   ordered rules and opened the editor again; such changes are stored but no longer noted.
+    ///   or moved rules and then opened the editor, which forgets all earlier notes.
     /// - 0: the session could not be opened or the window could not be shown. The log says why.
-    /// So a host reloads its rules after every call that did not give 0.
     ///
-    /// A second call on the same object gives 0, because its session stays open until the object is
-    /// released. Fails with E_POINTER when `result` is null.
+    /// So a host reloads its rules after every call whose result is not 0.
+    ///
+    /// A second call on the same object has the result 0, because its session stays open until the
+    /// object is released. Fails with E_POINTER when `result` is null.
     virtual HRESULT ShowRules(BSTR userId, BSTR ruleId, LONG *result) noexcept = 0;
 
 protected:

@@ -36,7 +36,7 @@ std::u16string joinedList(std::u16string_view sub, std::u16string_view list,
     return result;
 }
 
-/// Joins what `shown` gives for each item of `list`. Traps a failure under the name `sub`.
+/// Joins what `shown` returns for each item of `list`. Traps a failure under the name `sub`.
 template <class Shown>
 std::u16string joinedList(std::u16string_view sub, std::u16string_view list,
                           std::u16string_view separator, Shown &&shown) {

@@ -1,8 +1,8 @@
 // The lists of a rule as readable text.
 //
-// Each function traps its errors and then gives what it has joined so far. An id that is no number
-// ends the list of accounts or users. The result is "" for a date that does not exist. It is ""
-// too when there is no memory for a list of people, words or recipients.
+// Each function traps its errors and then returns what it has joined so far. An id that is no
+// number ends the list of accounts or users. The result is "" for a date that does not exist, and
+// when memory runs out for a list of people, words or recipients.
 #pragma once
 
 #include "rules/RuleState.h"

@@ -13,7 +13,7 @@ namespace kvex {
 [[nodiscard]] bool IsNumericKey(std::int16_t keyCode, bool integerOnly);
 
 /// Pads `text` on its left with `fill` until it has `width` characters. Fails with invalidCall when
-/// it is longer; nothing is cut.
+/// `text` is longer; it never cuts the text.
 [[nodiscard]] std::u16string PadLeft(std::u16string_view text, std::int32_t width, char16_t fill);
 
 } // namespace kvex

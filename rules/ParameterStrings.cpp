@@ -106,7 +106,7 @@ public:
         }
     }
 
-    /// Gives what std::u16string_view::find gives.
+    /// Returns the same as std::u16string_view::find.
     [[nodiscard]] std::size_t find(std::u16string_view tag) const {
         const auto stands = [&](std::size_t at) {
             const auto candidate = text_.substr(at, tag.size());
@@ -117,8 +117,8 @@ public:
         return found == places_.end() ? npos : *found;
     }
 
-    /// The text between the first opening tag and the first closing tag. Gives nothing when there
-    /// is no opening tag.
+    /// The text between the first opening tag and the first closing tag. Nothing when there is no
+    /// opening tag.
     [[nodiscard]] std::optional<std::u16string_view> contentOf(const ParameterTag &tag) const {
         const std::size_t opening = find(tag.opening);
         if (opening == npos) {
@@ -171,8 +171,8 @@ void readWords(std::u16string_view content, RuleState &rule) {
         behind(content, rule.intAsCommand == 1 ? modifier::lengthWithCommand : modifier::length);
 }
 
-/// Removes the first part of `text` and its ";", and gives that part. Without a ";" the part is the
-/// whole text.
+/// Removes the first part of `text` and its ";", and returns that part. Without a ";" the part is
+/// the whole text.
 std::u16string_view takePart(std::u16string_view &text) {
     const std::size_t at = text.find(u';');
     const auto part = text.substr(0, at);

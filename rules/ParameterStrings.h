@@ -65,7 +65,7 @@ inline constexpr std::size_t longestActionParam = 2500;
 [[nodiscard]] std::u16string buildActionParam(const RuleState &rule);
 
 /// Reads a parameter string into `rule`, tag by tag. A missing tag leaves its variables unchanged.
-/// A tag may stand anywhere; its first occurrence counts, and so does case. Values read before a
+/// A tag may stand anywhere. Its first occurrence counts. Case matters. Values read before a
 /// failure stay. Fails with invalidCall when no closing tag follows an opening one. Fails with
 /// overflow when a position does not fit in 16 bits.
 void readQueryParam(std::u16string_view queryParam, RuleState &rule);

@@ -14,8 +14,8 @@ struct Description {
     /// One line for each condition and action. Fixed words are black, the user's values blue, the
     /// command remark red. Neighbours differ in colour, and no run is empty. Lines end in CR LF.
     std::vector<TextRun> runs;
-    /// The error that ended the description early, or null. A reply or alert account that is no
-    /// number does that.
+    /// The error that ended the description early, or null. One such error is a reply or alert
+    /// account that is no number.
     std::exception_ptr error;
 };
 

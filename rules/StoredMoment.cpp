@@ -36,7 +36,7 @@ bool isCalendarDate(std::u16string_view date) {
     return year > 0 && day.ok();
 }
 
-/// The locale in the user's environment, which may differ from that of the process. Gives the C
+/// The locale in the user's environment, which may differ from that of the process. Returns the C
 /// locale when the system does not have it.
 std::locale userLocale() {
     try {
@@ -46,8 +46,8 @@ std::locale userLocale() {
     }
 }
 
-/// The separator between the numbers of a date in `locale`. Gives "/" for anything except "/", "."
-/// and "-".
+/// The separator between the numbers of a date in `locale`: "/", "." or "-". "/" when the locale
+/// has none of them.
 char16_t dateSeparatorOf(const std::locale &locale) {
     std::tm date{};
     date.tm_year = 101;

@@ -15,7 +15,7 @@ struct StoredRange {
 /// Splits the range at its first ",". Fails with typeMismatch when there is none.
 [[nodiscard]] StoredRange storedRange(std::u16string_view range);
 
-/// Gives "dd/mm/yyyy TIME Hrs."; TIME is the stored text from the tenth character on. The date
+/// Returns "dd/mm/yyyy TIME Hrs."; TIME is the stored text from the tenth character on. The date
 /// separator is that of the locale in the user's environment. The locale of the process is neither
 /// used nor changed. Fails with typeMismatch unless the first eight characters are the digits of an
 /// existing date.

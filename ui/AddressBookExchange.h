@@ -7,7 +7,7 @@ namespace kvex {
 
 /// Lets the user choose numbers, adds them unchanged, and enables the buttons. When the address
 /// book does not work or the user cancels, the log gets a report and the list stays as it was.
-/// Fails as the host's objects do, and with objectNotSet when the address book gives no numbers.
+/// Fails as the host's objects do, and with objectNotSet when the address book returns no numbers.
 /// Numbers added before a failure stay.
 void addFromAddressBook(EntryList &numbers);
 

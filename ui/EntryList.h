@@ -31,13 +31,12 @@ public:
     /// The heading row counts, too.
     [[nodiscard]] bool hasRows() const { return list_.rowCount() > 0; }
 
-    /// Adds an entry and gives its row.
+    /// Adds an entry and returns its row.
     int add(std::u16string_view entry);
     /// Adds the entries that `entries` joins with ";", and enables the buttons. Does nothing for
     /// "".
     void addJoined(std::u16string_view entries);
-    /// Empties `box`, gives it the focus and enables the buttons, whether an entry was added or
-    /// not.
+    /// Empties `box`, moves the focus there and enables the buttons, even when no entry was added.
     void finishTyping(TextBox &box);
     void enableButtons(bool enabled);
 

@@ -6,7 +6,7 @@
 namespace kvex {
 
 /// Writes the exception that is being handled to the utility object's error log. The text names the
-/// procedure `sub` of `module`. An error in writing the log passes on.
+/// procedure `sub` of `module`. An error while it writes the log goes to the caller.
 void logCurrentError(std::u16string_view sub, std::u16string_view module);
 
 /// Runs `body` and logs its error, if it fails. Undoes, repeats and shows nothing.

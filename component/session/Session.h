@@ -50,7 +50,7 @@ struct Session {
 /// end. Fails with badArgument when `id` is no number.
 void findRecordById(Recordset &records, std::u16string_view id);
 
-/// Shows a message to the user and gives the answer, one of message_box.
+/// Shows a message to the user and returns the answer, one of message_box.
 std::int32_t showMessage(const std::u16string &text, std::int32_t style);
 
 } // namespace kvex

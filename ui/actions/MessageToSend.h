@@ -26,7 +26,7 @@ public:
     void accountTicked(int row);
 
     [[nodiscard]] bool isBlank() const;
-    /// Chooses the first ticked account. When none is ticked, gives false and keeps the earlier
+    /// Chooses the first ticked account. When none is ticked, returns false and keeps the earlier
     /// choice.
     [[nodiscard]] bool chooseAccount();
 

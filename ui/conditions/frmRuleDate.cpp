@@ -77,7 +77,7 @@ void followDate(const DTPicker &date, DTPicker &time, std::u16string &savedTime)
     }
 }
 
-/// Whether there is a date. If there is none, the user has been told.
+/// Reads the moment, and returns true. If there is no date, shows a message and returns false.
 bool readMoment(const DTPicker &date, const DTPicker &time, std::u16string &dateText,
                 std::u16string &timeText) {
     dateText.clear();

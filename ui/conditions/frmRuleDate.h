@@ -21,7 +21,7 @@ private:
     void ToTime_Change();
     void cmdOK_Click();
     void cmdCancel_Click();
-    /// Whether the pickers hold a range. If they do not, the user has been told why.
+    /// Whether the pickers hold a range. If they do not, it shows a message that says why.
     [[nodiscard]] bool ValidateDates();
     void BuildString();
 

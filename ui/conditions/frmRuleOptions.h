@@ -1,5 +1,5 @@
-// The options of a list condition. A message must match the list or must not match it, with all of
-// the entries or with any one.
+// The options of a list condition. A message must or must not match the list: all of its entries,
+// or any one of them.
 #pragma once
 
 #include "platform/controls/ListView.h"

@@ -107,7 +107,8 @@ void frmRulePeople::cmdAdd_Click() {
 }
 
 void frmRulePeople::cmdAddressBook_Click() {
-    // The log uses the name of the editor, because readers of the log look for it there.
+    // The log names the rule editor as the module, because readers of the log expect this error
+    // there.
     trapErrors(u"cmdAddressBook_Click", u"frmRuleEdit", [&] { addFromAddressBook(numbers_); });
 }
 

@@ -37,7 +37,7 @@ struct PartDialog {
     const char16_t *values = nullptr;
     /// Whether the rule has all values of the part.
     bool (*complete)(const RuleState &rule) = nullptr;
-    /// What the user is told when it does not.
+    /// The message to the user when a value is missing.
     const char16_t *incompleteText = nullptr;
     /// Shows the dialog until the user closes it.
     void (*show)() = nullptr;

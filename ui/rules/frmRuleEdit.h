@@ -44,7 +44,7 @@ private:
     void editSelectedPart(const ListView &list, std::span<const RulePart> parts);
     void describeRule();
 
-    /// Whether the rule can be saved. If it cannot, the user has been told what is missing.
+    /// Whether the rule can be saved. If it cannot, it shows a message that says what is missing.
     [[nodiscard]] bool confirmComplete();
     [[nodiscard]] bool isNameTaken() const;
     [[nodiscard]] std::u16string typedName() const;

@@ -24,7 +24,7 @@ bool hasTickedRow(const ListView &list) {
     return row > 0;
 }
 
-/// Whether every ticked part has its values. The user is told about the first one that does not.
+/// Whether every ticked part has its values. If one does not, it shows the message of the first.
 bool confirmValues(const ListView &list, std::span<const RulePart> parts) {
     int row = 0;
     for (const RulePart &part : parts) {
