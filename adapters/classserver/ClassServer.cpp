@@ -16,7 +16,7 @@ using namespace kvex;
 /// The class objects that this process has registered. Any number of threads may use it at once.
 class ClassObjects {
 public:
-    /// Gives the registration, which is never 0.
+    /// Returns the registration, which is never 0.
     [[nodiscard]] std::uint32_t add(const CLSID &classId, IUnknown &classObject) {
         const std::lock_guard lock(mutex_);
         entries_.emplace(last_ + 1, Entry{classId, ComPointer<IUnknown>(&classObject)});

@@ -48,7 +48,7 @@ private:
 /// or while it is kept here. Call keep when a server has given out an object.
 class Servers {
 public:
-    /// Gives the kept module of the file, or else loads it. Fails as ServerModule::load does.
+    /// Finds the kept module of the file, or else loads it. Fails as ServerModule::load does.
     [[nodiscard]] HRESULT module(const std::filesystem::path &file,
                                  std::shared_ptr<ServerModule> &module, std::string &reason) const;
     void keep(const std::shared_ptr<ServerModule> &module);

@@ -29,8 +29,8 @@ private:
 
 class HeadlessToolkit final : public Toolkit {
 public:
-    /// What the user does in a window once it is shown. It is a problem if the script ends and the
-    /// window is still open. The window is then closed by its frame.
+    /// What the user does in a window once it is shown. A window that is still open when its script
+    /// ends is a problem. The toolkit then closes it by its frame.
     using Script = std::function<void(User &)>;
     struct MessageBox {
         std::u16string title;
@@ -39,8 +39,8 @@ public:
     };
 
     /// Expects the window named `window` next and plays `script` in it. Calls queue up in the order
-    /// in which the windows appear. Any other window is a problem and is closed by its frame at
-    /// once.
+    /// in which the windows appear. Any other window is a problem, and the toolkit closes it by its
+    /// frame at once.
     void whenShown(std::u16string window, Script script);
     /// The answer to the next message box. Calls queue up. Without an answer, the result is `ok`
     /// for an OK box and `no` for a question.

@@ -43,9 +43,9 @@ public:
     /// The focused element gets the key first. Otherwise Tab moves the focus, and Enter and Esc
     /// press their buttons.
     void press(Key key);
-    /// Alt and the key focus and click the control that has the key. A label's key only focuses its
-    /// buddy. If several controls have the key, the next one after the focus only takes the focus.
-    /// Returns false if none has it.
+    /// The user presses Alt and the key. The control with this access key takes the focus and is
+    /// clicked. A label's key only focuses its buddy. If several controls have the key, the next
+    /// one after the focus only takes the focus. Returns false if none has it.
     bool pressAccessKey(char16_t key);
 
 private:

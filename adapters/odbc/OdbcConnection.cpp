@@ -36,7 +36,7 @@ bool localeSpeaksUtf8() {
            read == L'\u0915';
 }
 
-/// A short value of the first row that the statement gives; "" when it gives no row.
+/// A short value of the first row that the statement returns; "" when it returns no row.
 std::u16string firstValue(const OdbcConnection &connection, const char16_t *text,
                           SQLUSMALLINT column) {
     const Handle<SQL_HANDLE_STMT> query(connection.handle(), SQL_HANDLE_DBC);

@@ -10,8 +10,8 @@
 
 namespace kvex::odbc {
 
-/// On a node of a Galera cluster, its statements wait until the node has what the other nodes have
-/// committed before.
+/// On a node of a Galera cluster, its statements wait until the node has received what other nodes
+/// have committed.
 class OdbcConnection {
 public:
     /// Tries the servers of the string in their order. A server that cannot be reached, or a node

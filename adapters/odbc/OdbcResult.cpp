@@ -13,7 +13,7 @@
 namespace kvex::odbc {
 namespace {
 
-/// The most characters that a place holds; the texts of rules fit.
+/// The most characters that a Place holds; the texts of rules fit.
 constexpr std::size_t longestBoundText = 5000;
 
 /// utf8 is a text that the driver returns as UTF-8 (ServerKind.h).
@@ -59,8 +59,8 @@ void deliverDecimal(std::u16string_view text, recordset::RowSink &sink) {
     }
 }
 
-/// The current row of a result. The driver writes each value to its place. When a driver cannot
-/// read a bound column again, no column is bound, and each value is asked for.
+/// The current row of a result. The driver writes each value to its Place. When the driver cannot
+/// read a bound column again, no column is bound, and the row asks for each value.
 class BoundRow {
 public:
     /// `query` has run, and must outlive the row.
@@ -189,7 +189,7 @@ void BoundRow::deliverText(SQLUSMALLINT column, const Place &place, recordset::R
     }
     const auto length = static_cast<std::size_t>(place.length);
     const bool isHeld = isBound_ && place.length >= 0 &&
-                        // A full place may hold only a part of the text.
+                        // A full Place may hold only a part of the text.
                         length <= (place.text.size() - 2) * sizeof(char16_t);
     if (isHeld && place.kind == ValueKind::utf8) {
         return sink.utf8({reinterpret_cast<const char *>(place.text.data()), length});

@@ -10,8 +10,8 @@ namespace kvex::odbc {
 /// (ServerKind.h). OdbcError.h has the numbers of the errors.
 ///
 /// PostgreSQL, MariaDB, MySQL, SQLite and Microsoft SQL Server are known (ServerKind.h). On other
-/// databases records can be read and changed; a new record must bring its own key, else insert
-/// fails with badStatement and stores nothing.
+/// databases the record set can read and change records. There a new record must have its own key,
+/// else insert fails with badStatement and stores nothing.
 [[nodiscard]] recordset::Provider provider();
 
 } // namespace kvex::odbc

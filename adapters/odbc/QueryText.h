@@ -1,4 +1,4 @@
-// Reads what the text of a query tells without the server.
+// Analyses the text of a query, without asking the server.
 #pragma once
 
 #include <string>

@@ -40,7 +40,7 @@ std::vector<DriverOption> postgresOptions(const Timeouts &timeouts) {
         {.key = u"UseDeclareFetch", .value = u"0"},
         // The server prepares the statements.
         {.key = u"UseServerSidePrepare", .value = u"1"},
-        // Only types of characters count as long texts, so that each can be read as UTF-8.
+        // Only character types count as long texts, so that every long text can be read as UTF-8.
         {.key = u"UnknownsAsLongVarchar", .value = u"0", .usersValue = UsersValue::isReplaced},
         // libpq uses the last value of an option that is given twice: the user's.
         {.key = u"pqopt", .value = std::move(library), .usersValue = UsersValue::followsOurs},
@@ -56,7 +56,7 @@ std::vector<DriverOption> mySqlOptions(std::u16string_view readTimeout,
         {.key = u"OPTION", .value = u"2", .otherKey = u"OPTIONS"},
         {.key = readTimeout, .value = seconds},
         {.key = writeTimeout, .value = seconds},
-        // The server refuses a text that is too long, and does not cut it.
+        // The server refuses a text that is too long instead of cutting it.
         {.key = u"INITSTMT",
          .value = u"SET SESSION sql_mode=CONCAT(@@sql_mode,',STRICT_ALL_TABLES'),"
                   u"innodb_lock_wait_timeout=" +
@@ -122,8 +122,8 @@ constexpr ServerKind mariaDb{
     .afterColumn = u" USING utf8mb4) = ",
     .parameter = u"BINARY CONVERT(? USING utf8mb4)",
     .utf8Driver = u"libmaodbc.so",
-    // When it is asked for wide characters, the driver cuts a text with surrogates that just does
-    // not fit, and does not report it.
+    // When the adapter reads wide characters, the driver loses the end of a text with surrogates
+    // that is slightly too long, and reports nothing.
     .utf8Texts = Utf8Texts::all,
     .columnTypes = {.key = u"INTEGER NOT NULL AUTO_INCREMENT PRIMARY KEY",
                     .name = u"VARCHAR(255)",

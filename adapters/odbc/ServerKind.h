@@ -1,4 +1,4 @@
-// The kinds of servers: what each one's driver must be told, and how each one's SQL differs.
+// The kinds of servers: which options their drivers need, and how their SQL differs.
 #pragma once
 
 #include "adapters/recordset/Driver.h"

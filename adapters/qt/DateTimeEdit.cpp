@@ -59,7 +59,7 @@ Range rangeOf(QDateTimeEdit::Section part) {
 
 DateTimeEdit::DateTimeEdit(QWidget *parent, const QString &format) : QDateTimeEdit(parent) {
     setTimeSpec(Qt::UTC);
-    // Shows the digits of keyboards in every language.
+    // Shows the digits 0 to 9 in every language, as keyboards have them.
     setLocale(QLocale::c());
     setDisplayFormat(withWholeYear(format));
     setDateTimeRange({{controls::PickerValue::firstYear, 1, 1}, {0, 0}, Qt::UTC},
@@ -163,8 +163,8 @@ void DateTimeEdit::goToPart(int step) {
     setSelectedSection(sectionAt(part));
 }
 
-/// The user types the day before the month, so the shown month may cut it. The month and the year
-/// typed next bring back as much of it as they allow.
+/// The user types the day before the month, so the old month may cut it: 31 becomes 30 in April.
+/// Once the user has typed the month or the year, the field tries the typed day again.
 void DateTimeEdit::typeDigit(int digit) {
     if (date() != typedDate_) {
         typedDay_ = 0;
@@ -229,7 +229,7 @@ void DateTimeEdit::setPart(Section part, int value) {
 
 /// Tab leaves the field; the arrow keys go from part to part.
 bool DateTimeEdit::focusNextPrevChild(bool next) {
-    // QDateTimeEdit's own version goes from part to part.
+    // With Tab, QDateTimeEdit's own version would go from part to part.
     return QWidget::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call)
 }
 

@@ -1,7 +1,7 @@
 // A QDateTimeEdit that can be empty. Tab leaves it. The user can type a date with or without
-// separators. The last digit of a part or a separator goes to the next part; Ctrl with Left or
-// Right goes to another part too. After Ctrl+A the first digit goes to the first part. Its values
-// are in UTC, so that every day has all its hours in every time zone.
+// separators. A separator, or the last digit of a part, moves to the next part. Ctrl with Left or
+// Right also changes the part. After Ctrl+A the first digit goes to the first part. Its values are
+// in UTC, so that every day has all its hours in every time zone.
 #pragma once
 
 #include <QDateTimeEdit>

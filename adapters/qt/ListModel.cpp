@@ -101,7 +101,7 @@ QVariant ListModel::picture(int number) const {
     return index < pictures_.size() ? QVariant(pictures_[index]) : QVariant();
 }
 
-/// The colour of a greyed row, and the text that tells why it is grey.
+/// The colour of a greyed row, and the text that says why it is grey.
 QVariant ListModel::greyed(int row, int role) const {
     if (rows_.rowColour(row) != RowColour::greyText) {
         return {};

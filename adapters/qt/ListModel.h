@@ -60,7 +60,7 @@ private:
     int rowPicture_;
 };
 
-/// Draws rows with room for every script, and paler if the list does not have the focus.
+/// Draws rows that have room for every script. If the list lacks the focus, the selection is paler.
 class RowDelegate final : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;

@@ -85,7 +85,7 @@ QSize ListTree::sizeHint() const {
 }
 
 QSize ListTree::minimumSizeHint() const {
-    // A tool tip shows texts that are cut.
+    // The list may be narrower than its texts, because a tool tip shows a cut text.
     constexpr int enough = 20;
     return roomFor(std::min(columns_, enough), 0);
 }

@@ -41,7 +41,7 @@ public:
     /// The row's check box in the viewport; empty if there is none.
     [[nodiscard]] QRect tickRect(const QModelIndex &row) const;
 
-    /// Replaced by setSearch().
+    /// Does nothing, because the search of setSearch() replaces Qt's own.
     void keyboardSearch(const QString & /*search*/) override {}
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;

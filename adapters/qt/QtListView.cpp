@@ -124,7 +124,7 @@ void QtListView::rowSelectedByCode(int row) {
     }
 }
 
-/// Tells the view of the rows that were added before it was shown.
+/// Reports to the view the rows that were added before it was shown.
 void QtListView::settle() {
     if (filling_) {
         filling_ = false;

@@ -41,7 +41,8 @@ private:
 
     ListModel model_;
     controls::ListSearch search_{*this};
-    /// Rows are added before the view is shown. The view learns of them all at once, by settle().
+    /// True while rows are added before the view is shown. settle() then reports all of them to the
+    /// view at once.
     bool filling_ = false;
     /// The view's selection is being set from the rows' selection.
     bool showing_ = false;

@@ -56,7 +56,8 @@ struct Assignment {
 
 /// How the database writes the columns of a new table.
 struct ColumnTypes {
-    /// The database numbers it, and does not give the number of a removed row again.
+    /// An integer key. The database numbers its rows, and never uses the number of a removed row
+    /// again.
     std::u16string_view key;
     /// Text of at least 255 characters.
     std::u16string_view name;

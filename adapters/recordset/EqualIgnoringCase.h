@@ -10,8 +10,8 @@ namespace kvex::recordset {
 [[nodiscard]] bool equalIgnoringCase(std::u16string_view left, std::u16string_view right);
 
 /// A hash that is never 0. Texts that are equal without regard to case have the same one, so a
-/// search compares hashes first. It depends on all units of a text of up to 64 units; that of a
-/// longer text depends only on its length.
+/// search compares hashes first. For a text of up to 64 units it depends on all units; for a longer
+/// text it depends only on the length.
 [[nodiscard]] std::uint16_t fingerprintIgnoringCase(std::u16string_view text);
 
 } // namespace kvex::recordset

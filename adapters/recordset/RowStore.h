@@ -44,8 +44,8 @@ public:
     [[nodiscard]] std::size_t rowCount() const noexcept { return rowCount_; }
     [[nodiscard]] ValueView value(std::size_t row, std::size_t column) const;
     /// The first row at or after `from` whose value may equal `text` without regard to case. The
-    /// rows before it do not. At least rowCount() when there is none. It reads no texts: it
-    /// compares fingerprints and lengths, so the caller must compare the text of the row.
+    /// rows before it do not. When there is none, rowCount() or more. The search compares only
+    /// fingerprints and lengths, so the caller must compare the text of the row.
     [[nodiscard]] std::size_t nextLike(std::u16string_view text, std::size_t column,
                                        std::size_t from) const;
     /// True when the value was read or set. An unknown value reads as Null.

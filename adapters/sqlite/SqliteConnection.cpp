@@ -47,7 +47,7 @@ bool isForbidden(const Error &error) {
     return error.fromDatabase() && (code == SQLITE_CANTOPEN || code == SQLITE_READONLY);
 }
 
-/// Lets SQLite read the file without locks and without a log.
+/// A URI that lets SQLite read the file without locks and without a log.
 std::string unchangingUri(const std::string &path) {
     std::string uri = "file:";
     for (const char byte : path) {

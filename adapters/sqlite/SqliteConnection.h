@@ -25,7 +25,7 @@ public:
     /// Opens the string's "Data Source": a file, a "file:" URI or ":memory:". Fails with
     /// badArgument when there is none, and when "Busy Timeout" is not a whole number of
     /// milliseconds. Fails with the provider's number when the file is no database, or is damaged
-    /// or locked. So it does for a missing or empty file, unless `missing` is create.
+    /// or locked. A missing or empty file fails in the same way, unless `missing` is create.
     ///
     /// A file that may not be written opens for reading. When its folder may not be written either
     /// and holds no log of the file, SQLite treats the file as one that nobody changes.

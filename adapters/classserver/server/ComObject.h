@@ -84,7 +84,7 @@ class ClassFactory final : public ComObject<IClassFactory> {
 public:
     explicit ClassFactory(Creator creator) noexcept : creator_(creator) {}
 
-    /// When the creator throws, fails as currentResult() says.
+    /// When the creator throws, fails with currentResult().
     HRESULT CreateInstance(IUnknown *outer, const IID &interfaceId, void **object) noexcept final;
     /// Fails with E_UNEXPECTED when there is no lock to remove.
     HRESULT LockServer(bool lock) noexcept final;

@@ -24,8 +24,8 @@ struct ServedClass {
 
 namespace in_process_server {
 
-/// Gives a class factory of the class. Fails with CLASS_E_CLASSNOTAVAILABLE when the table does not
-/// have the class.
+/// Stores the class's factory in `*object`. Fails with CLASS_E_CLASSNOTAVAILABLE when the table
+/// does not have the class.
 [[nodiscard]] HRESULT getClassObject(std::span<const ServedClass> classes, const CLSID &classId,
                                      const IID &interfaceId, void **object) noexcept;
 
