@@ -95,8 +95,8 @@ using DllRegisterServerFunction = HRESULT();
 using DllUnregisterServerFunction = HRESULT();
 }
 
-// The platform's functions. On Linux the class server library implements them, on Windows the
-// system does.
+// The functions of the component model. On Linux the class server library implements them, on
+// Windows the system does.
 #if defined(KVEX_CLASS_SERVER_BUILD)
 #define KVEX_CLASS_SERVER_API __attribute__((visibility("default")))
 #else

@@ -1,4 +1,4 @@
-// The project's only exception type. It carries the platform's own error numbers.
+// The project's only exception type. It carries the runtime's error numbers.
 #pragma once
 
 #include <cstdint>
@@ -32,9 +32,9 @@ inline constexpr std::int32_t elementNotFound = 35601;
 inline constexpr std::int32_t keyNotUnique = 35602;
 } // namespace error_number
 
-/// What an error means for the user. The numbers come from the libraries of databases, and one
-/// number can mean several things. The host suite keeps an advice for each context. The values
-/// cross the component's boundary, so they never change.
+/// What an error means for the user. A database error has the number that the database's library
+/// chose, and one number can mean several things. The host suite has advice for each context. The
+/// values cross the component's boundary, so they never change.
 enum class HelpContext : std::int32_t {
     /// No advice beyond the error's description.
     none = 0,
@@ -75,7 +75,7 @@ enum class HelpContext : std::int32_t {
 /// A run-time error, with the texts that the error log shows.
 class Error : public std::exception {
 public:
-    /// An empty `description` stands for the platform's own text for `number`.
+    /// An empty `description` stands for the runtime's own text for `number`.
     explicit Error(std::int32_t number, std::u16string description = {},
                    std::u16string source = u"KVEXMessageRules",
                    HelpContext helpContext = HelpContext::none);

@@ -73,7 +73,7 @@ template <class Unit> std::size_t asciiLength(std::basic_string_view<Unit> text)
     return at;
 }
 
-/// Reads the character at `at` and moves `at` behind it, or behind one byte that cannot be read.
+/// Reads the character at `at` and moves `at` past it, or past one byte that cannot be read.
 char32_t readCharacter(std::string_view text, std::size_t &at) {
     const auto lead = static_cast<unsigned char>(text[at]);
     const std::size_t length = sequenceLength(lead);

@@ -10,7 +10,7 @@ namespace kvex {
 
 /// fromUtf8 and toUtf8 write U+FFFD for each code unit that cannot be read.
 [[nodiscard]] std::u16string fromUtf8(std::string_view text);
-/// Writes the UTF-16 units to `target` and returns the position behind the last one. `target` must
+/// Writes the UTF-16 units to `target` and returns the position after the last one. `target` must
 /// have room for as many units as `text` has bytes.
 char16_t *fromUtf8(std::string_view text, char16_t *target) noexcept;
 [[nodiscard]] std::string toUtf8(std::u16string_view text);
@@ -18,7 +18,7 @@ char16_t *fromUtf8(std::string_view text, char16_t *target) noexcept;
 /// A view of `text` without the blanks at both ends.
 [[nodiscard]] std::u16string_view trimmed(std::u16string_view text) noexcept;
 
-/// The same as text.find(unit, from), but faster when the unit stands far behind `from`.
+/// The same as text.find(unit, from), but faster when the unit stands far after `from`.
 [[nodiscard]] std::size_t findUnit(std::u16string_view text, char16_t unit,
                                    std::size_t from = 0) noexcept;
 

@@ -14,8 +14,8 @@ namespace kvex {
     return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
-/// Reads the character at `at` and moves `at` behind it. An unpaired surrogate is a character of
-/// its own.
+/// Reads the character at `at` and moves `at` past it. An unpaired surrogate is a character of its
+/// own.
 [[nodiscard]] constexpr char32_t nextCharacter(std::u16string_view text, std::size_t &at) noexcept {
     const char32_t first = text[at++];
     if (isHighSurrogate(first) && at < text.size() && isLowSurrogate(text[at])) {
@@ -24,7 +24,7 @@ namespace kvex {
     return first;
 }
 
-/// Writes the character to `target` and returns the position behind it.
+/// Writes the character to `target` and returns the position after it.
 constexpr char16_t *putCharacter(char16_t *target, char32_t character) noexcept {
     if (character < 0x10000) {
         *target++ = static_cast<char16_t>(character);

@@ -10,6 +10,7 @@ namespace kvex {
 /// "YES" or "NO".
 struct RuleState {
     std::u16string strRuleName;
+    /// Unused. It keeps its fixed name.
     std::u16string strRuleText;
     /// 1 when the server applies the rule.
     std::int16_t intRuleActive = 0;
@@ -29,6 +30,7 @@ struct RuleState {
     std::int16_t intWordsAll = 0;
     /// 1 when the words are an SMS command.
     std::int16_t intAsCommand = 0;
+    /// The modifiers of a date. Only the options dialog uses them; no record stores them.
     std::int16_t intOptionNot = 0;
     std::int16_t intOptionAll = 0;
     /// "yyyymmdd hh:mm:ss,yyyymmdd hh:mm:ss".

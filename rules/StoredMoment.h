@@ -16,9 +16,9 @@ struct StoredRange {
 [[nodiscard]] StoredRange storedRange(std::u16string_view range);
 
 /// Returns "dd/mm/yyyy TIME Hrs."; TIME is the stored text from the tenth character on. The date
-/// separator is that of the locale in the user's environment. The locale of the process is neither
-/// used nor changed. Fails with typeMismatch unless the first eight characters are the digits of an
-/// existing date.
+/// separator is that of the locale in the user's environment. It ignores the locale of the process
+/// and leaves it unchanged. Fails with typeMismatch unless the first eight characters are the
+/// digits of an existing date.
 [[nodiscard]] std::u16string shownMoment(std::u16string_view stored);
 
 } // namespace kvex

@@ -1,5 +1,5 @@
-// What the class server offers a host besides the platform's functions: it loads servers by file.
-// A path is absolute or relative to the working directory.
+// What the class server offers a host besides the functions of platform/Component.h: it loads
+// servers by file. A path is absolute or relative to the working directory.
 #pragma once
 
 #include "platform/Component.h"

@@ -80,7 +80,7 @@ void HeadlessListView::pick(int row) {
     deliver(onItemClick, row);
 }
 
-/// Selects a row by key, unless it does not exist or is already selected.
+/// Selects a row by key, if it exists and is not yet selected.
 void HeadlessListView::walkTo(int row) {
     if (row >= 1 && row <= rowCount() && row != selectedRow()) {
         pick(row);

@@ -69,8 +69,8 @@ private:
 
 enum class Purpose { reading, writing };
 
-/// Keeps the statements that ran last prepared, so that a repeated one is sent whole only once.
-/// The connection frees them when it closes.
+/// Keeps the statements that ran last prepared, so that the text of a repeated one is sent only
+/// once. The connection frees them when it closes.
 class PreparedStatements {
 public:
     /// The connection must outlive the object.

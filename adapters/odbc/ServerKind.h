@@ -31,8 +31,8 @@ struct DriverOption {
 /// How a session learns the key that the server gave a new row.
 enum class NewKey { returning, lastNumber, output, given };
 
-/// Which texts the driver returns as UTF-8 when it is asked for bytes. All others are read as wide
-/// characters, which these drivers convert slowly.
+/// Which texts the driver returns as UTF-8 when the adapter asks for bytes. All others are read as
+/// wide characters, which these drivers convert slowly.
 enum class Utf8Texts { none, longOnes, all };
 
 struct ServerKind {

@@ -121,7 +121,8 @@ bool LineEdit::passes(int code) const {
     return !filter_ || filter_(static_cast<std::int16_t>(code));
 }
 
-/// The typed characters that the filter lets through. A surrogate pair passes whole or not at all.
+/// The typed characters that the filter lets through. Both halves of a surrogate pair pass, or
+/// none.
 QString LineEdit::passed(const QString &typed) const {
     QString kept;
     for (qsizetype at = 0; at < typed.size(); ++at) {

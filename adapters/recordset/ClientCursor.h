@@ -34,7 +34,7 @@ public:
     void moveFirst() { current_ = firstKept(0); }
     /// Fails with noCurrentRecord at the end.
     void moveNext();
-    /// Skips `skip` rows and searches from there; ends behind the last row when none matches. Fails
+    /// Skips `skip` rows and searches from there; ends after the last row when none matches. Fails
     /// with itemNotFound for an unknown column, and does not move then.
     void find(const FindCriterion &criterion, std::size_t skip);
 

@@ -109,7 +109,7 @@ public:
     /// Begins a transaction, which lasts until commit or rollback; see Transaction.h. Transactions
     /// cannot be nested.
     virtual void begin() = 0;
-    /// When this fails, the transaction goes on.
+    /// When this fails, the transaction stays open.
     virtual void commit() = 0;
     /// Undoes all writes since begin, unless the database has already undone them.
     virtual void rollback() noexcept = 0;

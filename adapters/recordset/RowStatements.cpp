@@ -16,7 +16,7 @@ template <class... Texts> std::u16string joined(const Texts &...texts) {
     return text;
 }
 
-/// Appends "COLUMN = ?" behind `separator`.
+/// Appends `separator` and "COLUMN = ?".
 void appendEqual(Statement &statement, std::u16string_view separator,
                  const Assignment &assignment) {
     statement.text.append(separator).append(assignment.column).append(u" = ?");

@@ -67,7 +67,7 @@ void RowStore::add(const Cell &cell) {
 void RowStore::appendRow() {
     Cell unknown;
     unknown.kind = Kind::unknown;
-    // Goes on where an earlier call ran out of memory.
+    // Continues where an earlier call ran out of memory.
     do {
         add(unknown);
     } while (begun_ != 0);

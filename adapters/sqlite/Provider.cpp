@@ -98,7 +98,8 @@ std::int64_t SqliteDriver::execute(const Statement &statement) {
 }
 
 SqliteStatement &SqliteDriver::command(const std::u16string &text) {
-    // This compares blocks of memory, which is faster than the operator's single characters.
+    // This compares blocks of memory, which is faster than operator==: that compares single
+    // characters.
     if (!command_ || !std::ranges::equal(commandText_, text)) {
         command_.reset();
         command_.emplace(connection_, text);
