@@ -34,7 +34,8 @@ std::unique_ptr<recordset::ClientConnection> openContacts(const Settings &settin
     }
 }
 
-/// Runs `change` on the contacts. If the database refuses it, the request is refused.
+/// Runs `change` on the contacts. If the database refuses it, raises a Failure with the status
+/// `refused`.
 template <class Change> auto changed(const Settings &settings, Change change) {
     const auto connection = openContacts(settings);
     try {
@@ -56,7 +57,7 @@ std::string counted(std::size_t count, std::string_view what) {
     return std::to_string(count) + (count == 1 ? " contact " : " contacts ") + std::string(what);
 }
 
-/// Prints what has been done. If that fails, standard error gets the sentence.
+/// Prints the sentence, which says what has been done. If that fails, standard error gets it.
 void report(const std::string &sentence) {
     try {
         print(sentence + "\n");

@@ -20,7 +20,7 @@ namespace {
 constexpr LONG notShown = 0;
 
 void requireDisplay(const Settings &settings) {
-    // The last variable chooses a display for the windows and needs none of the others.
+    // $QT_QPA_PLATFORM can choose a kind of display that needs neither of the other variables.
     for (const char *variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
         const char *value = std::getenv(variable);
         if (value != nullptr && *value != '\0') {
@@ -67,8 +67,8 @@ std::optional<bool> askInBox(std::string_view question) {
     return answer == message_box::yes;
 }
 
-/// Says what went wrong last and where it is logged. Unless a window failed, it also says who named
-/// the database.
+/// Says what went wrong last and where it is logged. Unless a window failed, it also says where the
+/// database's name came from.
 std::string lastError(ISuiteConfiguration &suite, const Settings &settings) {
     Bstr file;
     Bstr description;
