@@ -67,7 +67,7 @@ StoredCount storeContacts(recordset::ClientConnection &connection, std::int32_t 
         rows->setField(u"NAME", contact.name);
         rows->setField(u"MOBILE", contact.number);
         rows->update();
-        ++count.taken;
+        ++count.added;
     }
     transaction.commit();
     return count;

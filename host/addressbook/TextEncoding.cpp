@@ -150,7 +150,7 @@ std::string decodeAs(std::string_view name, std::string_view bytes) {
     }
     std::optional<std::string> text = converted(name, bytes);
     if (!text) {
-        throw std::invalid_argument("the text is not in its character set");
+        throw std::invalid_argument("the text is not valid in its character set");
     }
     return std::move(*text);
 }

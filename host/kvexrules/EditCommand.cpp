@@ -76,8 +76,9 @@ std::string lastError(ISuiteConfiguration &suite, const Settings &settings) {
     if (suite.GetLastError(file.put(), description.put(), &number) != S_OK) {
         return "No reason was given.";
     }
-    const std::string told = reasonAndLog(toUtf8(description.view()), toUtf8(file.view()));
-    return number == error_number::cannotCreateObject ? told : told + " " + settings.databaseOrigin;
+    const std::string reason = reasonAndLog(toUtf8(description.view()), toUtf8(file.view()));
+    return number == error_number::cannotCreateObject ? reason
+                                                      : reason + " " + settings.databaseOrigin;
 }
 
 LONG showRules(const std::string &user, const std::string &rule) {

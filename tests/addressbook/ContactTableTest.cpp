@@ -62,7 +62,7 @@ TEST(ContactTable, SplitsACellOfSeveralNumbers) {
 TEST(ContactTable, NamesTheLineOfANumberThatCannotBeTaken) {
     EXPECT_EQ(outcome("Name;Mobile;Home Phone\nA;9,81111E+11;98\nB;'98;\nC;98;9,8E+11\n"),
               (Lines{"C: 98", "2: the number 9,81111E+11 lost its digits in a spreadsheet",
-                     "3: the number '98 begins with a spreadsheet's mark of text"}));
+                     "3: the number '98 begins with a spreadsheet's text marker"}));
 }
 
 TEST(ContactTable, ReadsNumbersWithTheirLabels) {

@@ -54,7 +54,7 @@ TEST(TextEncoding, DecodesUtf16WithAndWithoutAMark) {
 }
 
 TEST(TextEncoding, KnowsUtf16ByTheSideWhereZerosStand) {
-    // U+4E00 has its zero as the other byte.
+    // U+4E00 has its zero in the other byte than the digits.
     EXPECT_EQ(decoded(bytesOf(u"一1234", true)), "一1234");
     EXPECT_EQ(decoded(bytesOf(u"一1234", false)), "一1234");
     // One zero in eight bytes is enough.
@@ -129,7 +129,7 @@ TEST(TextEncoding, RefusesASetThatNobodyKnows) {
 }
 
 TEST(TextEncoding, RefusesBytesThatAreNotOfTheirSet) {
-    const std::string reason = "the text is not in its character set";
+    const std::string reason = "the text is not valid in its character set";
     EXPECT_EQ(refusal([] { static_cast<void>(decodeAs("UTF-8", "Ren\xE9")); }), reason);
     EXPECT_EQ(refusal([] { static_cast<void>(decodeAs("", "\x81")); }), reason);
 }

@@ -132,7 +132,7 @@ TEST(VCard, NamesTheLineOfATextThatCannotBeDecoded) {
                 card("NOTE;ENCODING=QUOTED-PRINTABLE:=4\r\nFN:A\r\nTEL:1\r\n", "2.1")),
         (Lines{"A: 1", "3: the quoted-printable text is not complete",
                "8: the quoted-printable text is not complete", "13: the character set is not known",
-               "18: the text is not in its character set"}));
+               "18: the text is not valid in its character set"}));
 }
 
 TEST(VCard, NamesACardWhoseQuotedPrintableTextSwallowsItsEnd) {
@@ -154,7 +154,7 @@ TEST(VCard, NamesTheLineOfANumberThatCannotBeTaken) {
                       card("FN:B\r\nTEL;TYPE=home:9.8E+11\r\nTEL;TYPE=cell:1\r\n") +
                       card("FN:C\r\nTEL:1\r\nTEL:'2\r\nTEL:'3\r\n")),
               (Lines{"B: 1", "4: the number 9.8E+11 lost its digits in a spreadsheet",
-                     "16: the number '2 begins with a spreadsheet's mark of text"}));
+                     "16: the number '2 begins with a spreadsheet's text marker"}));
 }
 
 TEST(VCard, NamesTheLineOfAnotherVersion) {

@@ -92,8 +92,8 @@ TEST(CommandLine, RefusesOptionsOfOtherCommands) {
 }
 
 TEST(CommandLine, RefusesWordsWhereNoneBelong) {
-    EXPECT_THAT(refusal({"list", "3"}), HasSubstr("list takes no word \"3\""));
-    EXPECT_THAT(refusal({"edit", "3"}), HasSubstr("edit takes no word \"3\""));
+    EXPECT_THAT(refusal({"list", "3"}), HasSubstr("list does not take \"3\""));
+    EXPECT_THAT(refusal({"edit", "3"}), HasSubstr("edit does not take \"3\""));
 }
 
 TEST(CommandLine, RefusesAMissingValue) {
@@ -110,7 +110,7 @@ TEST(CommandLine, NamesNoWholeConnectionStringInARefusal) {
     EXPECT_EQ(refusal({"DSN=sms;PWD=s3cret"}),
               "There is no command \"DSN=…\". See: kvexrules help");
     EXPECT_EQ(refusal({"list", "DSN=sms;PWD=s3cret"}),
-              "The command list takes no word \"DSN=…\". See: kvexrules help");
+              "The command list does not take \"DSN=…\". See: kvexrules help");
 }
 
 TEST(CommandLine, SaysExactlyWhatItRefuses) {
@@ -121,7 +121,7 @@ TEST(CommandLine, SaysExactlyWhatItRefuses) {
     EXPECT_EQ(refusal({"show", "--all="}), "The option --all takes no value. See: kvexrules help");
     EXPECT_EQ(refusal({"list", "--all"}),
               "The command list has no option --all. See: kvexrules help");
-    EXPECT_EQ(refusal({"list", "-"}), "The command list takes no word \"-\". See: kvexrules help");
+    EXPECT_EQ(refusal({"list", "-"}), "The command list does not take \"-\". See: kvexrules help");
 }
 
 TEST(CommandLine, TakesADashForAWord) {

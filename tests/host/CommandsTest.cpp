@@ -97,19 +97,19 @@ Commands (edit if you name none):
   contacts VERB…                    import, export, remove or list contacts (see below)
   init [--sample]                   create missing tables; with --sample, fill empty ones
   register                          register the rule component, so that hosts find it
-  unregister                        remove this registration
+  unregister                        remove the registration of the rule component
   help                              print this text
   version                           print the program's version
 
 Options:
   --database CONNECTION|PATH        the database: a connection string or an SQLite file
-  --user ID                         whose rules and contacts to use (default: 1)
+  --user ID                         the user whose contacts to use (default: 1)
   --log FILE                        the file in which to log errors
   --rule ID                         the rule to open
-  --format FORMAT                   for rules text, ansi or html; for contacts vcard or csv
+  --format FORMAT                   text, ansi or html for rules; vcard or csv for contacts
   --all                             show all rules
-  --replace                         let contacts export replace an existing file
-  --sample                          add users, accounts and rules for trying out
+  --replace                         replace an existing file (contacts export)
+  --sample                          add sample users, accounts and rules
 
 The database is the first of these that is set:
   --database CONNECTION|PATH
@@ -129,9 +129,9 @@ that could break the line appear as \n, \t, \\ or \u{HEX}. "contacts list" separ
 its columns by tabs. It also lists the contacts that belong to no user.
 
 "contacts import FILE" reads vCards (versions 2.1, 3.0 and 4.0), or CSV whose first row
-names the columns ("Name,Mobile"). "-" means standard input. It reports the line of each
-entry that it skips, and does not add a contact that is already there. If the database
-refuses one contact, none is added.
+names the columns ("Name,Mobile"). "-" means standard input. The command reports the
+line of each entry that it skips. It does not add a contact that is already there. If
+the database refuses one contact, none is added.
 "contacts export [FILE]" writes the contacts that "contacts list" shows: as CSV if the
 file's name ends in .csv, else as vCards. Without FILE, or with "-", it writes to
 standard output. Only you can read the file. An existing file is replaced only with

@@ -40,14 +40,14 @@ protected:
 TEST_F(Contacts, AreTakenFromVCards) {
     const Outcome outcome = imported("book.vcf", twoCards);
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.output, "2 contacts taken, 0 skipped.\n");
+    EXPECT_EQ(outcome.output, "2 contacts added, 0 skipped.\n");
     EXPECT_EQ(outcome.errors, "");
     EXPECT_EQ(rows(), "1|Asha Rao|9811100011\n1|अनिल 🚨|+91-98111\n");
 }
 
 TEST_F(Contacts, AreTakenFromATable) {
     EXPECT_EQ(imported("book.csv", "Name;Mobile\nRao, Asha;98\n").output,
-              "1 contact taken, 0 skipped.\n");
+              "1 contact added, 0 skipped.\n");
     EXPECT_EQ(rows(), "1|Rao, Asha|98\n");
 }
 
@@ -62,7 +62,7 @@ TEST_F(Contacts, AreNotTakenTwice) {
     imported("book.vcf", twoCards);
     const Outcome again = imported("book.vcf", twoCards);
     EXPECT_EQ(again.status, 0);
-    EXPECT_EQ(again.output, "0 contacts taken, 2 already there, 0 skipped.\n");
+    EXPECT_EQ(again.output, "0 contacts added, 2 already there, 0 skipped.\n");
     EXPECT_EQ(rows("COUNT(*)"), "2\n");
 }
 
@@ -71,7 +71,7 @@ TEST_F(Contacts, ThatCannotBeReadAreNamedWithTheirLine) {
         imported("book.vcf", std::string(twoCards) + "BEGIN:VCARD\nVERSION:4.0\nFN:B\nEND:VCARD\n"
                                                      "BEGIN:VCARD\nVERSION:2.1\nTEL:1\n");
     EXPECT_EQ(cards.status, 1);
-    EXPECT_EQ(cards.output, "2 contacts taken, 2 skipped.\n");
+    EXPECT_EQ(cards.output, "2 contacts added, 2 skipped.\n");
     EXPECT_EQ(cards.errors, "kvexrules: book.vcf:11: the card has no telephone number; skipped\n"
                             "kvexrules: book.vcf:15: the card has no END; skipped\n");
     const Outcome table = imported("book.csv", "Name,Mobile\nA,\nB,2\n");
@@ -95,7 +95,7 @@ TEST_F(Contacts, OfAFileThatHoldsNoneAreNotTaken) {
                 HasSubstr("cannot be read"));
     const Outcome skipped = imported("all.csv", "Name,Mobile\nA,\n");
     EXPECT_EQ(skipped.status, 2);
-    EXPECT_EQ(skipped.output, "0 contacts taken, 1 skipped.\n");
+    EXPECT_EQ(skipped.output, "0 contacts added, 1 skipped.\n");
 }
 
 TEST_F(Contacts, OfAFileWithoutAnEndOrWithNothingAreNotTaken) {
@@ -127,7 +127,7 @@ TEST_F(Contacts, AreTakenAllOrNone) {
 TEST_F(Contacts, AreTakenFromStandardInput) {
     const Outcome outcome = importedFromInput(twoCards + std::string("FN:A\n"));
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.output, "2 contacts taken, 1 skipped.\n");
+    EXPECT_EQ(outcome.output, "2 contacts added, 1 skipped.\n");
     EXPECT_EQ(outcome.errors,
               "kvexrules: standard input:11: the text belongs to no card; skipped\n");
     EXPECT_EQ(rows("NAME"), "Asha Rao\nअनिल 🚨\n");
@@ -138,7 +138,7 @@ TEST_F(Contacts, AreTakenFromUtf16) {
     EXPECT_EQ(imported("book.csv", "\xFF\xFEN\0a\0m\0e\0;\0T\0e\0l\0\n\0\x05\x09;\0"s
                                    "9\0\n\0"s)
                   .output,
-              "1 contact taken, 0 skipped.\n");
+              "1 contact added, 0 skipped.\n");
     EXPECT_EQ(rows(), "1|अ|9\n");
 }
 
@@ -155,12 +155,12 @@ TEST_F(Contacts, ThatWereStoredAreToldOfWhereTheReportCannotBeWritten) {
     const Outcome full = kvexrules({"contacts", "import", "book.vcf"}, Output::full);
     EXPECT_EQ(full.status, 1);
     EXPECT_EQ(full.errors,
-              "kvexrules: 2 contacts taken, 0 skipped. The output cannot be written (No space left "
+              "kvexrules: 2 contacts added, 0 skipped. The output cannot be written (No space left "
               "on device). Redirect it to a terminal, a pipe or a disk with free space.\n");
     EXPECT_EQ(rows("COUNT(*)"), "2\n");
     const Outcome gone = kvexrules({"contacts", "import", "book.vcf"}, Output::withoutReader);
     EXPECT_EQ(gone.status, 0);
-    EXPECT_EQ(gone.errors, "kvexrules: 0 contacts taken, 2 already there, 0 skipped.\n");
+    EXPECT_EQ(gone.errors, "kvexrules: 0 contacts added, 2 already there, 0 skipped.\n");
 }
 
 TEST_F(Contacts, AreRemovedByTheirIds) {
@@ -250,11 +250,11 @@ TEST_F(Contacts, ThatWereExportedAreTheSameWhenImported) {
     for (const std::string file : {"book.vcf", "book.csv"}) {
         done({"contacts", "export", file});
         EXPECT_EQ(done({"contacts", "import", file, "--user", "1"}),
-                  "1 contact taken, 4 already there, 0 skipped.\n")
+                  "1 contact added, 4 already there, 0 skipped.\n")
             << "nobody's contact becomes the user's";
         sqlite3(database, "DELETE FROM SMS_CONTACTS WHERE ID > 5");
         EXPECT_EQ(done({"contacts", "import", file, "--user", "7"}),
-                  "5 contacts taken, 0 skipped.\n");
+                  "5 contacts added, 0 skipped.\n");
         EXPECT_EQ(sqlite3(database, "SELECT NAME, MOBILE FROM SMS_CONTACTS WHERE USER_ID = 7 "
                                     "ORDER BY ID"),
                   "अनिल 🚨|+91 98-11\nO'Neill \"Ace\", \\; Rao|12\nLine break|(98) 11\n77|77\n" +
@@ -294,9 +294,9 @@ TEST_F(Contacts, WantToBeToldWhatToDo) {
 
 TEST_F(Contacts, TakeOptionsOnlyWhereTheyBelong) {
     EXPECT_EQ(failed(2, {"contacts", "list", "--format", "csv"}),
-              "kvexrules: Use --format and --replace only with kvexrules contacts export.\n");
+              "kvexrules: Of the contacts commands, only export takes --format and --replace.\n");
     EXPECT_EQ(failed(2, {"contacts", "import", "a.vcf", "--replace"}),
-              "kvexrules: Use --format and --replace only with kvexrules contacts export.\n");
+              "kvexrules: Of the contacts commands, only export takes --format and --replace.\n");
 }
 
 TEST_F(Contacts, ComeByTheThousand) {
@@ -304,7 +304,7 @@ TEST_F(Contacts, ComeByTheThousand) {
     for (int i = 1; i <= 50000; ++i) {
         text += "Contact " + std::to_string(i) + ",98" + std::to_string(i) + "\n";
     }
-    EXPECT_EQ(imported("book.csv", text).output, "50000 contacts taken, 0 skipped.\n");
+    EXPECT_EQ(imported("book.csv", text).output, "50000 contacts added, 0 skipped.\n");
     EXPECT_EQ(rows("COUNT(*), COUNT(DISTINCT MOBILE)"), "50000|50000\n");
 }
 

@@ -10,7 +10,7 @@ using testing::Not;
 
 class Database : public KvexrulesTest {
 protected:
-    /// The message of "list" for it. "show" must give the same.
+    /// The message of "list" for this database. "show" must give the same.
     std::string complaint(const std::string &name) const {
         std::string told = failed(2, {"list", "--database", name});
         EXPECT_EQ(failed(2, {"show", "--all", "--database", name}), told);
@@ -72,7 +72,7 @@ TEST_F(Database, NeverHasItsPasswordToldWhereItsOptionWasForgotten) {
     EXPECT_THAT(failed(2, {"DSN=sms;PWD=s3cret"}),
                 AllOf(HasSubstr("no command \"DSN=…\". See"), Not(HasSubstr("cret"))));
     EXPECT_THAT(failed(2, {"list", "DSN=sms;PWD=s3cret"}),
-                AllOf(HasSubstr("takes no word \"DSN=…\". See"), Not(HasSubstr("cret"))));
+                AllOf(HasSubstr("does not take \"DSN=…\". See"), Not(HasSubstr("cret"))));
 }
 
 TEST_F(Database, NeverHasItsPasswordListedWithTheProcess) {

@@ -1,4 +1,4 @@
-// The behaviour that all commands share.
+// What all commands do alike.
 #include "tests/process/KvexrulesTest.h"
 
 namespace kvex::process {
@@ -28,7 +28,7 @@ TEST_F(Kvexrules, HelpsOnStandardOutput) {
 TEST_F(Kvexrules, RefusesWhatItDoesNotKnow) {
     EXPECT_THAT(failed(2, {"lsit"}), HasSubstr("no command \"lsit\""));
     EXPECT_THAT(failed(2, {"list", "--quick"}), HasSubstr("no option --quick"));
-    EXPECT_THAT(failed(2, {"list", "extra"}), HasSubstr("takes no word \"extra\""));
+    EXPECT_THAT(failed(2, {"list", "extra"}), HasSubstr("does not take \"extra\""));
     EXPECT_THAT(failed(2, {"list", "--sample"}), HasSubstr("has no option --sample"));
     EXPECT_THAT(failed(2, {"list", "--database"}), HasSubstr("needs a value"));
 }
