@@ -64,7 +64,7 @@ TEST_F(ContactStore, StoresNothingWhenTheDatabaseRefusesOne) {
     EXPECT_EQ(store({{u"A", u"1"}}).added, 1U);
 }
 
-TEST_F(ContactStore, TakesAContactForKnownWhenItsFileWouldSayTheSame) {
+TEST_F(ContactStore, DoesNotAddAContactWhoseExportWouldReadTheSame) {
     database.execute("INSERT INTO SMS_CONTACTS (USER_ID, NAME, MOBILE) VALUES "
                      "(1, 'A' || char(13, 10) || ' B ', ' 1 '), (1, NULL, '2'), (1, ' ', '3')");
     EXPECT_EQ(store({{u"A  B", u"1"}, {u"2", u"2"}, {u"3", u"3"}}).alreadyThere, 3U);

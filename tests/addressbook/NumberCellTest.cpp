@@ -70,7 +70,7 @@ TEST(NumberCell, TakesLettersThatAreNoExponent) {
     }
 }
 
-TEST(NumberCell, RefusesASpreadsheetsMarkOfText) {
+TEST(NumberCell, RefusesASpreadsheetsTextMarker) {
     EXPECT_EQ(outcome("'98111"),
               (Texts{"! the number '98111 begins with a spreadsheet's text marker"}));
     EXPECT_EQ(outcome(" ’98111"),

@@ -193,7 +193,7 @@ TEST_F(Commands, InitFillsTablesOnce) {
               "--database. The database was named by $KVEX_DATABASE.");
 }
 
-TEST_F(Commands, InitTellsOfAServerThatIsNotThere) {
+TEST_F(Commands, InitReportsAMissingServer) {
     EXPECT_THAT(
         failed(2, {"init", "--database", "DSN=none"}),
         EndsWith(" kvexrules init needs a database that exists, and a user who may create tables "
@@ -201,7 +201,7 @@ TEST_F(Commands, InitTellsOfAServerThatIsNotThere) {
                  "The database was named by --database."));
 }
 
-TEST_F(Commands, InitTellsOfAFolderThatItCannotMake) {
+TEST_F(Commands, InitReportsAFolderThatItCannotMake) {
     environment.set("KVEX_DATABASE", std::nullopt);
     writeFile(folder / "home/.local", "");
     EXPECT_EQ(failed(2, {"init"}),
@@ -239,7 +239,7 @@ TEST_F(Commands, InitRefusedByTheDatabaseEndsWithOne) {
     EXPECT_EQ(rows(u"SELECT count(*) T FROM SMS_USERS"), "0\n");
 }
 
-TEST_F(Commands, ListTellsWhoNamedADatabaseThatCannotBeRead) {
+TEST_F(Commands, ListSaysWhereTheNameOfAnUnreadableDatabaseCameFrom) {
     EXPECT_THAT(failed(2, {"list"}),
                 AllOf(StartsWith("The database file " + file.string() + " does not exist"),
                       EndsWith(" The database was named by $KVEX_DATABASE.")));
@@ -329,7 +329,7 @@ TEST_F(Commands, ShowGoesOnAfterARuleThatIsNotThere) {
     EXPECT_EQ(result.errors, "kvexrules: There is no rule 99. To list the rules: kvexrules list\n");
 }
 
-TEST_F(Commands, ShowTellsWhatIsStoredOfARuleThatCannotBeLoaded) {
+TEST_F(Commands, ShowPrintsTheStoredTextsOfARuleThatCannotBeLoaded) {
     done({"init", "--sample"});
     run(u"UPDATE SMS_RULES SET QueryParam = '<ACCOUNT><CON><ANY>x</ACCOUNT><WORD>PWD=a' WHERE ID = "
         u"6");
@@ -351,7 +351,7 @@ TEST_F(Commands, ShowTellsWhatIsStoredOfARuleThatCannotBeLoaded) {
                                         "SYSTEM\n"));
 }
 
-TEST_F(Commands, ShowTellsWhatIsStoredOfARuleThatCannotBeDescribed) {
+TEST_F(Commands, ShowPrintsTheStoredTextsOfARuleThatCannotBeDescribed) {
     done({"init", "--sample"});
     run(u"UPDATE SMS_RULES SET QueryParam = NULL, ActionParam = '<DIST>x</DIST>' WHERE ID = 6");
     const Ended result = ended({"show", "6"});
@@ -373,7 +373,7 @@ TEST_F(Commands, ShowNeedsAllTables) {
                       EndsWith(". The database was named by $KVEX_DATABASE.")));
 }
 
-TEST_F(Commands, ShowKnowsWhatToShow) {
+TEST_F(Commands, ShowRefusesUnknownFormatsMissingIdsAndTextsThatAreNoId) {
     EXPECT_EQ(failed(2, {"show", "1", "--format", "pdf"}),
               "There is no format \"pdf\". The formats are text, ansi and html.");
     for (const std::vector<const char *> &arguments :
@@ -402,7 +402,7 @@ TEST_F(Commands, EditNeedsADisplay) {
                 StartsWith("\"one\" is not the id of a rule."));
 }
 
-TEST_F(Commands, EditOnADisplayThatIsGoneSaysNothingOfTheDatabase) {
+TEST_F(Commands, EditOnADisplayThatIsGoneDoesNotMentionTheDatabase) {
     done({"init"});
     environment.set("QT_QPA_PLATFORM", std::nullopt);
     environment.set("WAYLAND_DISPLAY", std::nullopt);
@@ -418,7 +418,7 @@ TEST_F(Commands, EditOnADisplayThatIsGoneSaysNothingOfTheDatabase) {
                   log + ".\n");
 }
 
-TEST_F(Commands, EditTellsWhoNamedADatabaseThatCannotBeOpened) {
+TEST_F(Commands, EditSaysWhereTheNameOfAnUnusableDatabaseCameFrom) {
     environment.set("QT_QPA_PLATFORM", "offscreen");
     const std::string log = (folder / "a.log").string();
     const Ended result = ended({"edit", "--log", log.c_str(), "--database", "Provider=Paper"});
@@ -430,7 +430,7 @@ TEST_F(Commands, EditTellsWhoNamedADatabaseThatCannotBeOpened) {
                                               ". The database was named by --database.\n")));
 }
 
-TEST_F(Commands, RegisterTellsWhatIsRegistered) {
+TEST_F(Commands, RegisterPrintsWhatItRegisters) {
     const std::string component =
         (std::filesystem::read_symlink("/proc/self/exe").parent_path() / "libKVEXMessageRules.so")
             .string();

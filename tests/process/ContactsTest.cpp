@@ -37,7 +37,7 @@ protected:
                                             "TEL;VALUE=uri:tel:+91-98111\r\nEND:VCARD\r\n";
 };
 
-TEST_F(Contacts, AreTakenFromVCards) {
+TEST_F(Contacts, AreImportedFromVCards) {
     const Outcome outcome = imported("book.vcf", twoCards);
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.output, "2 contacts added, 0 skipped.\n");
@@ -45,7 +45,7 @@ TEST_F(Contacts, AreTakenFromVCards) {
     EXPECT_EQ(rows(), "1|Asha Rao|9811100011\n1|अनिल 🚨|+91-98111\n");
 }
 
-TEST_F(Contacts, AreTakenFromATable) {
+TEST_F(Contacts, AreImportedFromATable) {
     EXPECT_EQ(imported("book.csv", "Name;Mobile\nRao, Asha;98\n").output,
               "1 contact added, 0 skipped.\n");
     EXPECT_EQ(rows(), "1|Rao, Asha|98\n");
@@ -58,7 +58,7 @@ TEST_F(Contacts, BelongToTheUserWhoIsNamed) {
     EXPECT_EQ(done({"contacts", "list", "--user", "7"}), "1\tA\t98\n");
 }
 
-TEST_F(Contacts, AreNotTakenTwice) {
+TEST_F(Contacts, AreNotImportedTwice) {
     imported("book.vcf", twoCards);
     const Outcome again = imported("book.vcf", twoCards);
     EXPECT_EQ(again.status, 0);
@@ -79,7 +79,7 @@ TEST_F(Contacts, ThatCannotBeReadAreNamedWithTheirLine) {
     EXPECT_EQ(table.errors, "kvexrules: book.csv:2: the row has no telephone number; skipped\n");
 }
 
-TEST_F(Contacts, OfAFileThatHoldsNoneAreNotTaken) {
+TEST_F(Contacts, CannotBeImportedFromAFileThatHoldsNone) {
     writeFile(folder / "head.csv", "Name,Mobile\n");
     EXPECT_EQ(failed(2, {"contacts", "import", "head.csv"}),
               "kvexrules: head.csv holds no contacts that can be read. Its first row names the "
@@ -98,7 +98,7 @@ TEST_F(Contacts, OfAFileThatHoldsNoneAreNotTaken) {
     EXPECT_EQ(skipped.output, "0 contacts added, 1 skipped.\n");
 }
 
-TEST_F(Contacts, OfAFileWithoutAnEndOrWithNothingAreNotTaken) {
+TEST_F(Contacts, CannotBeImportedFromAnEndlessOrEmptyFile) {
     EXPECT_EQ(failed(2, {"contacts", "import", "/dev/zero"}),
               "kvexrules: /dev/zero is longer than 256 MiB. Name a file of contacts, or split it "
               "into several files.\n");
@@ -109,12 +109,12 @@ TEST_F(Contacts, OfAFileWithoutAnEndOrWithNothingAreNotTaken) {
     EXPECT_THAT(binary.errors, HasSubstr("It is not text: it holds bytes of value 0."));
 }
 
-TEST_F(Contacts, AreNotTakenIntoATableThatIsNotThere) {
+TEST_F(Contacts, CannotBeImportedIntoAMissingTable) {
     sqlite3(database, "DROP TABLE SMS_CONTACTS");
     EXPECT_EQ(imported("book.vcf", twoCards).status, 2);
 }
 
-TEST_F(Contacts, AreTakenAllOrNone) {
+TEST_F(Contacts, AreImportedAllOrNone) {
     sqlite3(database, "CREATE TRIGGER refuse BEFORE INSERT ON SMS_CONTACTS WHEN NEW.NAME = 'B' "
                       "BEGIN SELECT RAISE(ABORT, 'no room for B'); END");
     const Outcome outcome = imported("book.csv", "Name,Mobile\nA,1\nB,2\nC,3\n");
@@ -124,7 +124,7 @@ TEST_F(Contacts, AreTakenAllOrNone) {
     EXPECT_EQ(rows("COUNT(*)"), "0\n");
 }
 
-TEST_F(Contacts, AreTakenFromStandardInput) {
+TEST_F(Contacts, AreImportedFromStandardInput) {
     const Outcome outcome = importedFromInput(twoCards + std::string("FN:A\n"));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.output, "2 contacts added, 1 skipped.\n");
@@ -133,7 +133,7 @@ TEST_F(Contacts, AreTakenFromStandardInput) {
     EXPECT_EQ(rows("NAME"), "Asha Rao\nअनिल 🚨\n");
 }
 
-TEST_F(Contacts, AreTakenFromUtf16) {
+TEST_F(Contacts, AreImportedFromUtf16) {
     using namespace std::string_literals;
     EXPECT_EQ(imported("book.csv", "\xFF\xFEN\0a\0m\0e\0;\0T\0e\0l\0\n\0\x05\x09;\0"s
                                    "9\0\n\0"s)
@@ -142,7 +142,7 @@ TEST_F(Contacts, AreTakenFromUtf16) {
     EXPECT_EQ(rows(), "1|अ|9\n");
 }
 
-TEST_F(Contacts, TellsThatAFileIsTakenAsWindows1252) {
+TEST_F(Contacts, AreReadAsWindows1252WithAMessage) {
     const Outcome outcome = imported("book.csv", "Name,Mobile\nRen\xE9,98\n");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "kvexrules: book.csv is not UTF-8, so it was read as Windows-1252. "
@@ -150,7 +150,7 @@ TEST_F(Contacts, TellsThatAFileIsTakenAsWindows1252) {
     EXPECT_EQ(rows(), "1|René|98\n");
 }
 
-TEST_F(Contacts, ThatWereStoredAreToldOfWhereTheReportCannotBeWritten) {
+TEST_F(Contacts, ThatWereStoredAreCountedOnStandardErrorWhenTheOutputFails) {
     writeFile(folder / "book.vcf", twoCards);
     const Outcome full = kvexrules({"contacts", "import", "book.vcf"}, Output::full);
     EXPECT_EQ(full.status, 1);
@@ -210,7 +210,7 @@ TEST_F(Contacts, AreExportedAsVCardsOrCsv) {
               "kvexrules: There is no format \"html\". The formats are vcard and csv.\n");
 }
 
-TEST_F(Contacts, AreExportedIntoAFileOfTheOwnersThatIsNotReplacedUnasked) {
+TEST_F(Contacts, AreExportedIntoAFileForItsOwnerThatIsReplacedOnlyOnRequest) {
     addContacts("(3, 1, 'A', '1')");
     EXPECT_EQ(done({"contacts", "export", "book.vcf"}), "1 contact written.\n");
     const auto permissions = std::filesystem::status(folder / "book.vcf").permissions();
@@ -238,7 +238,7 @@ TEST_F(Contacts, AreExportedIntoAFileOfTheOwnersThatIsNotReplacedUnasked) {
                      ? 1
                      : 0;
     }
-    EXPECT_EQ(files, 2U) << "nothing half written stays";
+    EXPECT_EQ(files, 2U) << "a half-written file was left";
 }
 
 TEST_F(Contacts, ThatWereExportedAreTheSameWhenImported) {
@@ -251,7 +251,7 @@ TEST_F(Contacts, ThatWereExportedAreTheSameWhenImported) {
         done({"contacts", "export", file});
         EXPECT_EQ(done({"contacts", "import", file, "--user", "1"}),
                   "1 contact added, 4 already there, 0 skipped.\n")
-            << "nobody's contact becomes the user's";
+            << "a contact of nobody was not added for the user";
         sqlite3(database, "DELETE FROM SMS_CONTACTS WHERE ID > 5");
         EXPECT_EQ(done({"contacts", "import", file, "--user", "7"}),
                   "5 contacts added, 0 skipped.\n");
@@ -263,7 +263,7 @@ TEST_F(Contacts, ThatWereExportedAreTheSameWhenImported) {
     }
 }
 
-TEST_F(Contacts, AreNotTakenIntoADatabaseThatIsNotThere) {
+TEST_F(Contacts, CannotBeImportedIntoAMissingDatabase) {
     writeFile(folder / "book.vcf", twoCards);
     EXPECT_THAT(failed(2, {"contacts", "import", "book.vcf", "--database", "none.db"}),
                 HasSubstr("none.db does not exist"));
@@ -280,7 +280,7 @@ TEST_F(Contacts, AreListedEachOnItsLine) {
     EXPECT_EQ(done({"contacts", "list"}), "3\tDesk\t1\n6\t\t\n12\ta\\n\\t\\\\ O'Neill 🌙\t98 11\n");
 }
 
-TEST_F(Contacts, WantToBeToldWhatToDo) {
+TEST_F(Contacts, NeedAVerb) {
     for (const std::vector<std::string> &words : {std::vector<std::string>{"contacts"},
                                                   {"contacts", "import"},
                                                   {"contacts", "lst"},
@@ -299,7 +299,7 @@ TEST_F(Contacts, TakeOptionsOnlyWhereTheyBelong) {
               "kvexrules: Of the contacts commands, only export takes --format and --replace.\n");
 }
 
-TEST_F(Contacts, ComeByTheThousand) {
+TEST_F(Contacts, MayBeFiftyThousand) {
     std::string text = "Name,Mobile\n";
     for (int i = 1; i <= 50000; ++i) {
         text += "Contact " + std::to_string(i) + ",98" + std::to_string(i) + "\n";

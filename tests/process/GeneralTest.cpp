@@ -10,7 +10,7 @@ using testing::Not;
 
 class Kvexrules : public KvexrulesTest {};
 
-TEST_F(Kvexrules, TellsItsVersion) {
+TEST_F(Kvexrules, PrintsItsVersion) {
     EXPECT_THAT(done({"version"}), testing::MatchesRegex("kvexrules [0-9]+\\.[0-9]+\\.[0-9]+\n"));
     EXPECT_EQ(done({"--version"}), done({"version"}));
 }
@@ -49,7 +49,7 @@ TEST_F(Kvexrules, EndsQuietlyWhenTheReaderHasGone) {
     EXPECT_EQ(outcome.errors, "");
 }
 
-TEST_F(Kvexrules, TellsWhenItsOutputIsLost) {
+TEST_F(Kvexrules, ReportsOutputThatCannotBeWritten) {
     done({"init", "--sample"});
     for (const Output output : {Output::closed, Output::full}) {
         const Outcome outcome = kvexrules({"list"}, output);
