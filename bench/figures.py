@@ -14,7 +14,7 @@ class Figure:
     peer: str = "–"
     # The largest allowed ratio to its peer. Each limit is None when there is none.
     ratio: float | None = None
-    # The most that it may take longer than its peer, in milliseconds.
+    # How many milliseconds longer than its peer it may take.
     more: float | None = None
     # The largest allowed factor of growth from the smaller of two sizes to the larger.
     growth: float | None = None

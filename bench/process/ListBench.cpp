@@ -14,7 +14,7 @@ constexpr const char *sameColumns =
 
 void requireLines(const Run &run, std::size_t count) {
     if (static_cast<std::size_t>(std::ranges::count(run.output, '\n')) != count) {
-        throw std::runtime_error("the list has another number of lines than it should");
+        throw std::runtime_error("the list has the wrong number of lines");
     }
 }
 

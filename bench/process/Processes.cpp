@@ -41,7 +41,7 @@ Run runProgram(const std::filesystem::path &program, std::vector<std::string> ar
     std::vector<std::string> environment = environmentWith(variables);
     std::array<int, 2> ends{};
     if (pipe(ends.data()) != 0) {
-        throw std::runtime_error("no pipe");
+        throw std::runtime_error("cannot create a pipe");
     }
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);

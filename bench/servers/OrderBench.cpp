@@ -1,5 +1,4 @@
-// Presses OK in the rules window, on a server, when every rule has a place other than the stored
-// one.
+// Presses OK in the rules window, on a server, when the stored priority of every rule must change.
 #include "adapters/odbc/Provider.h"
 #include "bench/servers/Client.h"
 #include "bench/support/BenchSession.h"

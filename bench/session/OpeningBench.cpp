@@ -68,7 +68,7 @@ std::size_t bytesInUse() {
     return now.uordblks + now.hblkhd;
 }
 
-/// The memory that the open session holds, with SQLite's own.
+/// The memory that the open session holds, including SQLite's own.
 void memory(benchmark::State &state) {
     const RuleDatabase &database = readOnlyDatabase(sizeOf(state));
     for (auto _ : state) {

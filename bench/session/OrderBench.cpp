@@ -1,4 +1,4 @@
-// Presses OK in the rules window when every rule has a place other than the stored one.
+// Presses OK in the rules window when the stored priority of every rule must change.
 #include "bench/support/BenchSession.h"
 #include "bench/support/RuleDatabase.h"
 #include "bench/support/Timing.h"
@@ -50,7 +50,7 @@ BENCHMARK(renumberByApi<Place::memory>)->Name("renumber.peer")->Apply(atEverySiz
 void atSmallSizes(benchmark::internal::Benchmark *benchmark) {
     benchmark->UseManualTime()->Unit(benchmark::kMillisecond)->Arg(100)->Arg(1'000)->Iterations(1);
 }
-/// Only twice: this takes a hundred seconds when the disk takes a millisecond for each row.
+/// Runs only twice: it takes a hundred seconds if the disk takes a millisecond for each row.
 void atLargeSizes(benchmark::internal::Benchmark *benchmark) {
     benchmark->UseManualTime()->Unit(benchmark::kMillisecond)->Arg(10'000)->Arg(100'000);
     benchmark->Iterations(1)->Repetitions(2);

@@ -54,8 +54,9 @@ std::size_t listed(const std::vector<RuleRow> &rules) {
     return blanks;
 }
 
-/// Sends the same statements. Between two saves the rules window lists all rules again, so this
-/// loop reads them, too. Otherwise it would find everything in the processor's caches.
+/// Sends the same statements through SQLite's API. Between two saves the rules window lists all
+/// rules again, so this loop reads them, too. Otherwise everything would still be in the
+/// processor's caches.
 template <Place place> void saveByApi(benchmark::State &state) {
     const RuleDatabase database(sizeOf(state), place);
     const std::vector<RuleRow> rules = ruleRows(sizeOf(state));

@@ -48,7 +48,7 @@ void addNamed(sqlite3 *database, int count, const std::string &table, const std:
 BenchFolder::BenchFolder(Place place) {
     std::string name = (parentFor(place) / "kvex-bench-XXXXXX").string();
     if (mkdtemp(name.data()) == nullptr) {
-        throw std::runtime_error("no folder for the benchmarks' files: " + name);
+        throw std::runtime_error("cannot create a folder for the benchmarks' files: " + name);
     }
     path_ = name;
 }

@@ -24,8 +24,9 @@ inline constexpr int accountCount = 20;
 inline constexpr int serviceCount = 20;
 inline constexpr int commandCount = 100;
 
-/// Makes one rule after the other, with every mix of conditions and actions. Lists have 1 to 200
-/// numbers; short ones are more frequent. All names differ. Priorities are 1, 2, 3 and so on.
+/// Each call of next makes a rule, with every mix of conditions and actions over time. Lists have 1
+/// to 200 numbers; short ones are more frequent. All names differ. Priorities are 1, 2, 3 and so
+/// on.
 class RuleSet {
 public:
     [[nodiscard]] RuleRow next();

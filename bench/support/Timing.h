@@ -29,7 +29,7 @@ private:
     return static_cast<std::size_t>(state.range(0));
 }
 
-/// Reports a value that is no time; the table then compares this value.
+/// Reports a value other than a time, such as bytes. The table then compares this value.
 inline void report(benchmark::State &state, double value) {
     state.counters["value"] = value;
 }

@@ -1,4 +1,4 @@
-// Holds Move Up down in the rules window: 99 steps, each painted.
+// Presses Move Up 99 times in the rules window, and waits for the painting after each step.
 #include "bench/support/RuleDatabase.h"
 #include "bench/support/Timing.h"
 #include "bench/windows/Painting.h"

@@ -51,7 +51,7 @@ bool Painting::eventFilter(QObject *object, QEvent *event) {
 QWidget &shownWidget(const QString &name) {
     auto *found = activeWindow().findChild<QWidget *>(name);
     if (found == nullptr) {
-        throw std::runtime_error("no widget " + name.toStdString());
+        throw std::runtime_error("there is no widget " + name.toStdString());
     }
     return *found;
 }

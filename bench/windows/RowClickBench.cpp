@@ -19,14 +19,14 @@ namespace {
 /// How many rows are clicked, one after the other.
 constexpr int clicks = 10;
 
-/// The clicked rules have the same texts at every size, long and short ones: those of every tenth
-/// rule of the first hundred.
+/// Gives the rules that are clicked the same texts at every size: those of the rules 1, 11, 21 and
+/// so on up to 91. Some are long, some short.
 constexpr const char *sameTexts =
-    "WITH told AS MATERIALIZED ("
+    "WITH source AS MATERIALIZED ("
     "  SELECT ID / 10 AS place, Name, QueryParam, ActionParam FROM SMS_RULES"
     "  WHERE ID <= 100 AND ID % 10 = 1) "
-    "UPDATE SMS_RULES SET Name = told.Name, QueryParam = told.QueryParam,"
-    " ActionParam = told.ActionParam FROM told "
+    "UPDATE SMS_RULES SET Name = source.Name, QueryParam = source.QueryParam,"
+    " ActionParam = source.ActionParam FROM source "
     "WHERE ID = (SELECT COUNT(*) FROM SMS_RULES) / 2 + 1 + place";
 
 const QString description = QStringLiteral("rtRuleDesc");

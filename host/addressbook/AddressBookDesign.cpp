@@ -7,7 +7,7 @@ namespace {
 
 using namespace design;
 
-/// Shown only where many contacts can be chosen.
+/// A button that is visible only if the user may choose many contacts.
 ControlDesign manyButton(std::u16string name, std::u16string caption, std::u16string wait,
                          bool multiple) {
     ControlDesign button = waitingButton(std::move(name), std::move(caption), std::move(wait));

@@ -57,7 +57,7 @@ void AddressBookWindow::lvwContacts_ItemCheck(int row) {
     showChoice();
 }
 
-/// Where one contact is chosen, takes it. Where many are, ticks or unticks the row.
+/// Selects the contact if the user may choose only one. Otherwise ticks or unticks the row.
 void AddressBookWindow::lvwContacts_DblClick() {
     if (!multiple_) {
         cmdSelect_Click();

@@ -15,7 +15,8 @@
 
 namespace kvex::host {
 
-/// `multiple`: the user ticks rows; else the selected row is the choice.
+/// If `multiple` is set, the user chooses by ticking rows. Otherwise the selected row is the
+/// choice.
 [[nodiscard]] WindowDesign addressBookDesign(bool multiple);
 
 /// Serves one showing of the window. A ticked contact stays ticked while the search hides it.
@@ -43,7 +44,7 @@ private:
     void showTicks();
     void choose(std::size_t contact, bool chosen);
     void chooseNone();
-    /// Where one row is the choice: forgets the choice when no row is selected any more.
+    /// If the user may choose only one contact, forgets the choice once no row is selected.
     void dropLostChoice();
     void showChoice();
     [[nodiscard]] std::u16string hintText() const;

@@ -14,7 +14,7 @@ bool continuesCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80;
 }
 
-/// A folded line continues after a line break and a blank. Never folds within a character.
+/// Breaks a long line into lines that begin with a blank. Never breaks within a character.
 std::string folded(std::string_view line) {
     constexpr std::size_t longest = 75;
     std::string text;

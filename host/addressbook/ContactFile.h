@@ -46,7 +46,7 @@ struct ContactFile {
 /// the parts of N, else ORG.
 ///
 /// A card is skipped when it has
-/// - no version, or another one,
+/// - no version, or one that is not listed above,
 /// - no number, or one that cannot be taken,
 /// - no END,
 /// - a name or number that cannot be decoded,

@@ -66,7 +66,7 @@ public:
     }
 
 private:
-    /// Adds the pairs of a value and its label, which have a number: "Phone 1 - Value".
+    /// Adds the numbered pairs of columns, such as "Phone 1 - Value" with "Phone 1 - Type".
     void addLabelledNumbers(const std::vector<std::u16string> &headings) {
         for (int number = 1;; ++number) {
             const std::u16string prefix = u"phone" + toText(std::int64_t{number});

@@ -19,7 +19,7 @@ std::unique_ptr<Recordset> openContacts(Connection &connection, const std::u16st
 
 using NameAndNumber = std::pair<std::u16string, std::u16string>;
 
-/// A contact that was exported and is read again.
+/// The name and number that an import reads from the contact's export.
 NameAndNumber asFromAFile(const std::u16string &name, const std::u16string &number) {
     std::u16string numberLine = oneLine(toUtf8(number));
     std::u16string nameLine = oneLine(toUtf8(name));
@@ -67,7 +67,7 @@ StoredCount storeContacts(recordset::ClientConnection &connection, std::int32_t 
         rows->setField(u"NAME", contact.name);
         rows->setField(u"MOBILE", contact.number);
         rows->update();
-        ++count.taken;
+        ++count.added;
     }
     transaction.commit();
     return count;

@@ -28,8 +28,9 @@ struct Contact {
 void requireContacts(Connection &connection);
 
 struct StoredCount {
-    std::size_t taken = 0;
-    /// The user has a live contact with the same number and with the name that a file would give.
+    std::size_t added = 0;
+    /// Contacts that were not added: the user already has one whose export reads as the same name
+    /// and number.
     std::size_t alreadyThere = 0;
 };
 

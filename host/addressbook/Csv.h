@@ -24,7 +24,7 @@ public:
     CsvReader(std::string_view text, char separator, std::size_t line = 1)
         : text_(text), separator_(separator), line_(line) {}
 
-    /// Reads the next row, and skips lines of blanks alone. Returns false when there is none. A row
+    /// Reads the next row, and skips blank lines before it. Returns false when there is none. A row
     /// that cannot be read ends with its first line.
     bool next(CsvRow &row);
 

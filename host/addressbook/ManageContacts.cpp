@@ -13,7 +13,7 @@
 namespace kvex::host {
 namespace {
 
-/// Texts that do not change, as they cross a component's boundary.
+/// A collection of texts that does not change, for callers outside this component.
 class TextCollection final : public ComObject<ITextCollection> {
 public:
     explicit TextCollection(std::vector<std::u16string> texts) : texts_(std::move(texts)) {}
@@ -110,8 +110,8 @@ std::vector<Contact> ManageContacts::contactsOf(LONG userId) {
     return contacts;
 }
 
-/// Tells the user as well. The caller only logs the failure, and the user would see a button that
-/// does nothing.
+/// Logs the error, and shows it to the user. Callers only log a failure, so without the message the
+/// button would seem to do nothing.
 void ManageContacts::tell(const Error &error) {
     const std::u16string sentence = u"The address book cannot be opened.";
     logEntry(logFile_, u"KVEXHostSuite: " + sentence, &error);

@@ -56,7 +56,7 @@ std::string faultOf(std::u16string_view number) {
         return shown + " lost its digits in a spreadsheet";
     }
     if (number.starts_with(u'\'') || number.starts_with(u'\u2019') || number.starts_with(u'=')) {
-        return shown + " begins with a spreadsheet's mark of text";
+        return shown + " begins with a spreadsheet's text marker";
     }
     return "";
 }

@@ -16,8 +16,8 @@ struct NumberCell {
 
 /// Splits `text`, which is UTF-8, at " ::: ", "|", line breaks, ";" and ",".
 ///
-/// The signs ";" and "," can also mean a pause, and "," separates thousands. So a part next to one
-/// is a fault when it has fewer than five digits. A number that a spreadsheet has changed is a
+/// The signs ";" and "," can also mean a pause, and "," separates thousands. So a part next to such
+/// a sign is a fault if it has fewer than five digits. A number that a spreadsheet has changed is a
 /// fault as well: 9.8E+11, '98, ="98".
 [[nodiscard]] NumberCell readNumberCell(std::string_view text);
 

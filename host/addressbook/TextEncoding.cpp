@@ -79,8 +79,8 @@ std::string decodeUtf16(const std::string &name, std::string_view bytes) {
     }
 }
 
-/// The name of the UTF-16 encoding that `bytes` look like without a byte order mark, or "". Digits
-/// and separators have one zero byte each, always on the same side.
+/// Guesses the UTF-16 encoding of bytes without a byte order mark; "" for other bytes. Digits and
+/// separators have one zero byte each, always on the same side.
 std::string utf16Without(std::string_view bytes) {
     std::array<std::size_t, 2> zeros{};
     for (std::size_t at = 0; at < bytes.size(); ++at) {
@@ -150,7 +150,7 @@ std::string decodeAs(std::string_view name, std::string_view bytes) {
     }
     std::optional<std::string> text = converted(name, bytes);
     if (!text) {
-        throw std::invalid_argument("the text is not in its character set");
+        throw std::invalid_argument("the text is not valid in its character set");
     }
     return std::move(*text);
 }

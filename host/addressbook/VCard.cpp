@@ -20,7 +20,7 @@ bool isType(const VCardLine &line, std::initializer_list<std::string_view> types
                                [&](std::string_view type) { return line.has("type", type); });
 }
 
-/// The numbers of a TEL line. A line to which no message can go has none.
+/// The numbers of a TEL line. A line that holds another kind of address gives none.
 NumberCell numbersOf(const VCardLine &line) {
     constexpr std::string_view scheme = "tel:";
     if (equalInAscii(line.value.substr(0, scheme.size()), scheme)) {
@@ -36,7 +36,8 @@ void append(std::string &name, std::string_view part) {
     }
 }
 
-/// Puts "FAMILY;GIVEN;ADDITIONAL;PREFIXES;SUFFIXES", each a list, in the order of speech.
+/// The name in the order in which people say it. `value` is
+/// "FAMILY;GIVEN;ADDITIONAL;PREFIXES;SUFFIXES", where each part is a list.
 std::string nameOfParts(std::string_view value) {
     constexpr std::array<std::size_t, 5> saidOrder{3, 1, 2, 0, 4};
     const std::vector<std::string_view> parts = escapedParts(value, ';');
@@ -51,7 +52,7 @@ std::string nameOfParts(std::string_view value) {
     return name;
 }
 
-/// "ORGANISATION;UNIT;UNIT".
+/// Joins the parts of "ORGANISATION;UNIT;UNIT" with blanks.
 std::string nameOfOrganisation(std::string_view value) {
     std::string name;
     for (const std::string_view unit : escapedParts(value, ';')) {
@@ -135,7 +136,7 @@ private:
         }
     }
 
-    /// In another version, this is the reason, whatever else is wrong with its lines.
+    /// An unknown version becomes the reason, even if the card's lines have other faults.
     void takeVersion(const std::string &value, std::size_t number) {
         version_ = toUtf8(oneLine(value));
         if (version_ != "2.1" && version_ != "3.0" && version_ != "4.0") {

@@ -88,7 +88,7 @@ private:
     std::size_t at_ = 0;
 };
 
-/// "=41" as "A".
+/// Decodes "=41" to "A".
 std::string decodeQuotedPrintable(std::string_view text) {
     std::string bytes;
     for (std::size_t at = 0; at < text.size(); ++at) {

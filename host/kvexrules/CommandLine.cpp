@@ -18,8 +18,8 @@ using Commands = std::span<const CommandDescription>;
     throw Failure(what + " See: kvexrules help");
 }
 
-/// Puts `word` in quotation marks. It cuts off all from the first "=" on: a connection string
-/// without its option may hold a password.
+/// Puts `word` in quotation marks, without anything after its first "=". The user may have
+/// forgotten --database before a connection string, which holds a password.
 std::string inQuotes(std::string_view word) {
     const std::size_t sign = word.find('=');
     const bool isWhole = sign == std::string_view::npos;
@@ -127,7 +127,7 @@ Request parseArguments(std::span<const char *const> arguments, Commands commands
         }
     }
     if (!request.words.empty() && !request.command->takesWords) {
-        refuse("The command " + name + " takes no word " + inQuotes(request.words.front()) + ".");
+        refuse("The command " + name + " does not take " + inQuotes(request.words.front()) + ".");
     }
     return request;
 }

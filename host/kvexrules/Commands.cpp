@@ -50,7 +50,12 @@ std::span<const CommandDescription> commands() {
          {},
          false,
          registerCommand},
-        {"unregister", "", "remove this registration", {}, false, unregisterCommand},
+        {"unregister",
+         "",
+         "remove the registration of the rule component",
+         {},
+         false,
+         unregisterCommand},
         {"help", "", "print this text", {}, false, helpCommand},
         {"version", "", "print the program's version", {}, false, versionCommand},
     };
@@ -62,14 +67,14 @@ std::span<const OptionDescription> options() {
     static constexpr std::array table{
         OptionDescription{database, "--database", "CONNECTION|PATH",
                           "the database: a connection string or an SQLite file"},
-        OptionDescription{user, "--user", "ID", "whose rules and contacts to use (default: 1)"},
+        OptionDescription{user, "--user", "ID", "the user whose contacts to use (default: 1)"},
         OptionDescription{log, "--log", "FILE", "the file in which to log errors"},
         OptionDescription{rule, "--rule", "ID", "the rule to open"},
         OptionDescription{format, "--format", "FORMAT",
-                          "for rules text, ansi or html; for contacts vcard or csv"},
+                          "text, ansi or html for rules; vcard or csv for contacts"},
         OptionDescription{all, "--all", "", "show all rules"},
-        OptionDescription{replace, "--replace", "", "let contacts export replace an existing file"},
-        OptionDescription{sample, "--sample", "", "add users, accounts and rules for trying out"},
+        OptionDescription{replace, "--replace", "", "replace an existing file (contacts export)"},
+        OptionDescription{sample, "--sample", "", "add sample users, accounts and rules"},
     };
     return table;
 }
@@ -105,9 +110,9 @@ that could break the line appear as \n, \t, \\ or \u{HEX}. "contacts list" separ
 its columns by tabs. It also lists the contacts that belong to no user.
 
 "contacts import FILE" reads vCards (versions 2.1, 3.0 and 4.0), or CSV whose first row
-names the columns ("Name,Mobile"). "-" means standard input. It reports the line of each
-entry that it skips, and does not add a contact that is already there. If the database
-refuses one contact, none is added.
+names the columns ("Name,Mobile"). "-" means standard input. The command reports the
+line of each entry that it skips. It does not add a contact that is already there. If
+the database refuses one contact, none is added.
 "contacts export [FILE]" writes the contacts that "contacts list" shows: as CSV if the
 file's name ends in .csv, else as vCards. Without FILE, or with "-", it writes to
 standard output. Only you can read the file. An existing file is replaced only with

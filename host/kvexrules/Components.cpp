@@ -59,8 +59,8 @@ ComPointer<IRuleUI> createRuleUI() {
         loadServer(componentFile(), classId);
     } else {
         require(CLSIDFromProgID(RuleUIProgramId, &classId),
-                "There is no rule component: neither " + componentFile().string() +
-                    " nor a registered one",
+                "There is no rule component: " + componentFile().string() +
+                    " does not exist, and none is registered",
                 installAgain);
     }
     ComPointer<IRuleUI> ruleUI;

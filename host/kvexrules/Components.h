@@ -17,7 +17,8 @@ namespace kvex::host {
 /// If `result` is a failure, raises a Failure with this text: "`what` (the reason). `advice`".
 void require(HRESULT result, std::string_view what, std::string_view advice);
 
-/// From now on takes the class from the server in `file`. Raises a Failure if that lacks the class.
+/// From now on takes the class from the server in `file`. Raises a Failure if the file does not
+/// serve the class.
 void loadServer(const std::filesystem::path &file, const CLSID &classId);
 
 /// Creates an object of the component beside this program, or else of the registered component.

@@ -45,8 +45,8 @@ void secureStandardStreams() {
     std::signal(SIGPIPE, SIG_IGN);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         if (fcntl(stream, F_GETFD) < 0) {
-            // The stand-in is opened in the wrong direction, so using it fails as a closed stream
-            // does. open() takes the lowest free number, which is the closed stream's.
+            // Opens the stand-in in the wrong direction, so that using it fails as on a closed
+            // stream. open() takes the lowest free number, which is the closed stream's.
             static_cast<void>(
                 open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY)); // NOLINT
         }

@@ -10,8 +10,8 @@ namespace kvex::host {
 struct ReaderGone {};
 
 /// Replaces every closed standard stream. Otherwise a file that is opened later could take its
-/// place and get the output. It also makes a write fail when the reader has gone, instead of ending
-/// the program. Call it first in main.
+/// place and get the output. Afterwards a write fails when the reader has gone; without this call
+/// it would end the program. Call it first in main.
 void secureStandardStreams();
 
 /// Writes `text` to standard output at once. Raises ReaderGone when the reader has gone, and a

@@ -15,8 +15,8 @@ namespace kvex::host {
 /// 256 MiB or holds no readable contacts.
 [[nodiscard]] ContactFile readContactsFrom(const std::string &file);
 
-/// Writes a file that only its owner can use, whole or not at all. If the file exists and
-/// `replaces` is not set, raises a Failure with the status `refused`. Other Failures have
+/// Writes the whole text or no file at all. Only the file's owner can use it. If the file exists
+/// and `replaces` is not set, raises a Failure with the status `refused`. Other Failures have
 /// `unusable`.
 void writeOwnersFile(const std::string &file, std::string_view text, bool replaces);
 

@@ -34,7 +34,8 @@ std::unique_ptr<recordset::ClientConnection> openContacts(const Settings &settin
     }
 }
 
-/// Runs `change` on the contacts. If the database refuses it, the request is refused.
+/// Runs `change` on the contacts. If the database refuses it, raises a Failure with the status
+/// `refused`.
 template <class Change> auto changed(const Settings &settings, Change change) {
     const auto connection = openContacts(settings);
     try {
@@ -56,7 +57,7 @@ std::string counted(std::size_t count, std::string_view what) {
     return std::to_string(count) + (count == 1 ? " contact " : " contacts ") + std::string(what);
 }
 
-/// Prints what has been done. If that fails, standard error gets the sentence.
+/// Prints the sentence, which says what has been done. If that fails, standard error gets it.
 void report(const std::string &sentence) {
     try {
         print(sentence + "\n");
@@ -81,11 +82,11 @@ int importContacts(const Request &request, const std::string &file) {
     const auto count = changed(settings, [&](auto &connection, std::int32_t user) {
         return storeContacts(connection, user, found.contacts);
     });
-    std::string told = counted(count.taken, "taken, ");
+    std::string summary = counted(count.added, "added, ");
     if (count.alreadyThere > 0) {
-        told += std::to_string(count.alreadyThere) + " already there, ";
+        summary += std::to_string(count.alreadyThere) + " already there, ";
     }
-    report(told + std::to_string(found.skipped.size()) + " skipped.");
+    report(summary + std::to_string(found.skipped.size()) + " skipped.");
     if (found.contacts.empty()) {
         return exit_status::unusable;
     }
@@ -160,7 +161,7 @@ int contactsCommand(const Request &request) {
     const std::string verb = words.empty() ? "" : words.front();
     const bool isExport = verb == "export" && words.size() <= 2;
     if (!isExport && (request.has(Option::format) || request.has(Option::replace))) {
-        throw Failure("Use --format and --replace only with kvexrules contacts export.");
+        throw Failure("Of the contacts commands, only export takes --format and --replace.");
     }
     if (isExport) {
         return exportContacts(request, words.size() == 2 ? words.back() : "-");

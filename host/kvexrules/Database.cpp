@@ -56,7 +56,8 @@ void requireOwnFile(ClientConnection &connection, const Settings &settings) {
     }
 }
 
-/// While it lives, only their owner can use new files: SQLite's database and the files beside it.
+/// While it lives, new files are for their owner alone. SQLite makes files beside the database,
+/// too.
 class FilesForTheirOwner {
 public:
     FilesForTheirOwner() : before_(umask(S_IRWXG | S_IRWXO)) {}

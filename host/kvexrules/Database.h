@@ -14,23 +14,23 @@
 
 namespace kvex::host {
 
-/// Fails as Connection::open does.
+/// Opens the database. Fails as Connection::open does.
 [[nodiscard]] std::unique_ptr<recordset::ClientConnection> openConnection(const Settings &settings);
 
-/// Ends a command because the database reported `error`. The Failure also says who named the
-/// database.
+/// Ends a command because the database reported `error`. The Failure also says where the database's
+/// name came from.
 [[noreturn]] void failFor(const Settings &settings, const Error &error,
                           int status = exit_status::unusable);
 
 enum class Content { empty, sample };
 
-/// Creates the tables that the database lacks, and fills them with sample data if asked. Creates a
-/// missing SQLite file, and its folder if the database is the user's own. Only their owner can use
-/// the new file and folder.
+/// Creates the tables that the database lacks, and fills them with sample data if `content` says
+/// so. Creates a missing SQLite file, and its folder if the database is the user's own. Only their
+/// owner can use the new file and folder.
 ///
-/// Returns the database's name without passwords. Raises a Failure when the tables are there
-/// already, or for sample data their rows. Raises one as well when the database cannot be opened,
-/// belongs to another program, or refuses.
+/// Returns the database's name without passwords. Raises a Failure for `empty` when no table is
+/// missing, and for `sample` when a table has a row already. Raises one as well when the database
+/// cannot be opened, belongs to another program, or refuses.
 [[nodiscard]] std::string makeDatabase(const Settings &settings, Content content);
 
 /// The path of the SQLite file that `settings` name, if nothing is there.

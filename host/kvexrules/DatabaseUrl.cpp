@@ -60,7 +60,7 @@ std::string entry(std::string_view key, std::string_view encoded) {
     return std::string(key) + "=" + held + ";";
 }
 
-/// "Server=HOST;Port=PORT;". A list of hosts keeps their ports.
+/// "Server=HOST;Port=PORT;". In a list of hosts, each host keeps its port.
 std::string servers(std::string_view hosts) {
     const std::size_t colon = hosts.rfind(':');
     const bool hasPort = colon != npos && hosts.find(',') == npos &&

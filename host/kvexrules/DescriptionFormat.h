@@ -17,8 +17,8 @@ struct DescriptionRun {
 };
 using Description = std::vector<DescriptionRun>;
 
-/// Makes a document in UTF-8 of descriptions: `opening`, the rules separated by `between`, then
-/// `closing`.
+/// Prints descriptions as one document in UTF-8: `opening`, then the rules with `between` between
+/// them, then `closing`.
 struct DescriptionFormat {
     std::string_view name;
     std::string_view opening;

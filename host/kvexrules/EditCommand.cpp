@@ -20,7 +20,7 @@ namespace {
 constexpr LONG notShown = 0;
 
 void requireDisplay(const Settings &settings) {
-    // The last variable chooses a display for the windows and needs none of the others.
+    // $QT_QPA_PLATFORM can choose a kind of display that needs neither of the other variables.
     for (const char *variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
         const char *value = std::getenv(variable);
         if (value != nullptr && *value != '\0') {
@@ -67,8 +67,8 @@ std::optional<bool> askInBox(std::string_view question) {
     return answer == message_box::yes;
 }
 
-/// Says what went wrong last and where it is logged. Unless a window failed, it also says who named
-/// the database.
+/// Says what went wrong last and where it is logged. Unless a window failed, it also says where the
+/// database's name came from.
 std::string lastError(ISuiteConfiguration &suite, const Settings &settings) {
     Bstr file;
     Bstr description;
@@ -76,8 +76,9 @@ std::string lastError(ISuiteConfiguration &suite, const Settings &settings) {
     if (suite.GetLastError(file.put(), description.put(), &number) != S_OK) {
         return "No reason was given.";
     }
-    const std::string told = reasonAndLog(toUtf8(description.view()), toUtf8(file.view()));
-    return number == error_number::cannotCreateObject ? told : told + " " + settings.databaseOrigin;
+    const std::string reason = reasonAndLog(toUtf8(description.view()), toUtf8(file.view()));
+    return number == error_number::cannotCreateObject ? reason
+                                                      : reason + " " + settings.databaseOrigin;
 }
 
 LONG showRules(const std::string &user, const std::string &rule) {

@@ -15,7 +15,7 @@ int change(HRESULT (*call)(const char *) noexcept, const std::string &done) {
     }
     const std::string component = componentFile().string();
     require(call(component.c_str()), "The registration of " + component + " cannot be changed",
-            "See that the file is installed, and that you may write the folder of your own data "
+            "Check that the file is installed, and that you may write to the folder of your data "
             "($XDG_DATA_HOME, else ~/.local/share).");
     print(done + component + "\n");
     return exit_status::done;

@@ -26,7 +26,7 @@ struct Configuration {
 struct Settings {
     /// A connection string, or the path of a SQLite file.
     std::string database;
-    /// A sentence that says who named it: "The database was named by --database."
+    /// A sentence that says where its name came from: "The database was named by --database."
     std::string databaseOrigin;
     /// True when it is the user's own database, because no other was named.
     bool isOwnDatabase = false;

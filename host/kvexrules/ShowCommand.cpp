@@ -59,12 +59,12 @@ std::string lastError() {
                : "No reason was given.";
 }
 
-/// True when the rule could not be loaded whole. Else it only could not be described.
+/// True when loading the rule failed. Otherwise the rule was loaded, and describing it failed.
 bool isAboutLoading(const LoggedError &error) {
     return error.text.find(u"Sub: LoadRuleFromDB,") != std::u16string::npos;
 }
 
-/// Prints the texts of the rule's row, which the description lacks, and says what OK would do.
+/// Prints the rule's two texts as they are stored. Says what OK in the editor would make of them.
 void tellWhatIsStored(const std::string &id, const Settings &settings) {
     complain(
         suiteState().firstError && isAboutLoading(*suiteState().firstError)
@@ -95,7 +95,8 @@ public:
         }
     }
 
-    /// Tells the user and returns false when there is no such rule or not all of it could be read.
+    /// Returns false when there is no such rule, or when a part of it cannot be read. A message has
+    /// then told the user.
     bool describe(const std::string &id, Description &description) const {
         const ComPointer<Collector> collector = makeComObject<Collector>();
         suiteState().firstError.reset();

@@ -5,8 +5,9 @@
 
 namespace kvex::host {
 
-/// Writes messages to standard error and answers a question with "no". It leaves a database's
-/// error to the command that meets it: the command only reads, so nothing is lost.
+/// Writes messages to standard error and answers a question with "no". It does not show errors of
+/// the database: the command that meets one reports it. The command only reads, so the user has no
+/// changes to lose.
 class TerminalUtility final : public UtilityObject {
 private:
     ~TerminalUtility() final = default;

@@ -23,7 +23,8 @@ namespace kvex::host {
 /// the system's error number when the line was not written, or only a part of it.
 [[nodiscard]] int appendLine(const std::filesystem::path &file, std::string_view line);
 
-/// True for root. Root may write beside the installed libraries, where no log belongs.
+/// True for root. Root can write to the folder of the installed libraries, but a log does not
+/// belong there.
 [[nodiscard]] bool runsAsRoot();
 
 class ErrorLog {

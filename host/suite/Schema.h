@@ -5,7 +5,7 @@
 
 namespace kvex::host {
 
-/// Creates the tables that the open database lacks of the server's six. Returns true when it
+/// Creates those of the server's six tables that the open database lacks. Returns true when it
 /// created one.
 ///
 /// Fails with objectClosed when the connection is not open. Fails with itemNotFound when a table

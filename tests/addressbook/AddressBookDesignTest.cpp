@@ -7,7 +7,7 @@
 namespace kvex::test {
 namespace {
 
-TEST(AddressBookDesign, ForManyContacts) {
+TEST(AddressBookDesign, ForManyContactsHasTheseControls) {
     expectDesign(
         host::addressBookDesign(true), "frmAddressBook", "Address Book",
         {
@@ -28,7 +28,7 @@ TEST(AddressBookDesign, ForManyContacts) {
         });
 }
 
-TEST(AddressBookDesign, ForOneContact) {
+TEST(AddressBookDesign, ForOneContactHasTheseControls) {
     expectDesign(host::addressBookDesign(false), "frmAddressBook", "Address Book",
                  {
                      R"(label Label1 "&Find" for="txtSearch")",

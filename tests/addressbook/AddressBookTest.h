@@ -24,7 +24,7 @@ protected:
     AddressBookTest() { host::suiteState() = {u"", u"", host::ErrorLog(logFile)}; }
     ~AddressBookTest() override { host::suiteState() = host::SuiteState(); }
 
-    /// Takes each value as SQL writes it.
+    /// Each argument is a value in SQL, with its apostrophes.
     void addContact(const std::string &name, const std::string &number,
                     const std::string &userId = "1", const std::string &deleted = "0") {
         database.execute("INSERT INTO SMS_CONTACTS (NAME, MOBILE, USER_ID, DELETED) VALUES (" +

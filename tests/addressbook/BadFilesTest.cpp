@@ -1,5 +1,5 @@
-// Files that are cut off, damaged or not contact files at all. Each gives contacts, skipped lines
-// or a sentence.
+// Files that are cut off, damaged or not contact files at all. Reading one gives contacts, skipped
+// entries or an error's sentence.
 #include "tests/addressbook/ContactFileLines.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@ namespace {
 
 using namespace std::string_literals;
 
-/// The lines of linesOf(), or the sentence.
+/// The lines of linesOf(), or the error's sentence.
 Lines outcome(const std::string &bytes) {
     try {
         return linesOf(readContactFile(bytes, false));
@@ -38,7 +38,7 @@ const std::string goodTable =
     "\"Rao, \"\"A\"\"\";98111 ::: 98112;;\r\nअनिल 🚨;;\"97\r\n98\";* Mobile\r\n";
 const std::string goodWide = utf16(u"Name,Mobile\nअनिल 🚨,98111\n");
 
-TEST(BadFiles, AreToldOf) {
+TEST(BadFiles, AreRefusedWithTheReason) {
     const Lines noText{"It is not text: it holds bytes of value 0."};
     const Lines noTable{
         "Its first row names no column of numbers. Name the columns there, as in: Name,Mobile"};
@@ -72,7 +72,7 @@ TEST(BadFiles, ThatAreCutOffAnywhereAreReadOrRefused) {
     EXPECT_EQ(outcome(goodCards).size() + outcome(goodTable).size() + outcome(goodWide).size(), 7U);
 }
 
-TEST(BadFiles, OfAnyDamagedByteAreReadOrRefused) {
+TEST(BadFiles, WithAnyByteDamagedAreReadOrRefused) {
     for (const std::string *good : {&goodCards, &goodTable, &goodWide}) {
         for (std::size_t at = 0; at < good->size(); ++at) {
             for (const char byte : "\xFF\n\r\"=;:, \\"s + "\0"s) {

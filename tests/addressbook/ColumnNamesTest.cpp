@@ -47,7 +47,7 @@ TEST(ColumnNames, KnowMobileNumbers) {
                 "मोबाइल फोन", "मोबाइल नं.", "मोबाइल संख्या"});
 }
 
-TEST(ColumnNames, KnowNumbersThatSayNoMore) {
+TEST(ColumnNames, KnowNumbersOfNoParticularKind) {
     expectKind(ColumnKind::phone, {"Phone",
                                    "Phone 1",
                                    "Phone number",

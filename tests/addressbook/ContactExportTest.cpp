@@ -16,7 +16,7 @@ TEST(ContactExport, WritesACardForEachContact) {
     EXPECT_EQ(asVCards({}), "");
 }
 
-TEST(ContactExport, EscapesWhatACardSeparatesValuesBy) {
+TEST(ContactExport, EscapesTheSeparatorsOfACardsValues) {
     EXPECT_EQ(asVCards(Contacts{{u"", u"a\\b,c;d\r\ne\"f:g", u"1;2"}}),
               "BEGIN:VCARD\r\nVERSION:4.0\r\nFN:a\\\\b\\,c\\;d\\ne\"f:g\r\nTEL;TYPE=cell:1\\;2\r\n"
               "END:VCARD\r\n");
@@ -38,7 +38,7 @@ TEST(ContactExport, WritesATable) {
     EXPECT_EQ(asCsv({}), "Name,Mobile\r\n");
 }
 
-TEST(ContactExport, QuotesWhatATableSeparatesFieldsBy) {
+TEST(ContactExport, QuotesFieldsThatContainASeparator) {
     EXPECT_EQ(asCsv(Contacts{{u"", u"a,b", u"1\n2"}, {u"", u"a\rb", u"1"}, {u"", u"\"a\"", u"1"}}),
               "Name,Mobile\r\n\"a,b\",\"1\n2\"\r\n\"a\rb\",1\r\n\"\"\"a\"\"\",1\r\n");
 }

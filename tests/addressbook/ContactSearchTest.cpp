@@ -31,7 +31,7 @@ TEST(ContactSearch, OrdersByNameWithoutRegardToCaseThenByNumber) {
     EXPECT_EQ(names(search, u""), (Texts{u"Asha", u"asha k", u"Ravi", u"ravi"}));
 }
 
-TEST(ContactSearch, LeavesEqualOnesAsTheyWere) {
+TEST(ContactSearch, KeepsTheOrderOfEqualContacts) {
     const ContactSearch search({{u"2", u"A", u"1"}, {u"1", u"a", u"1"}});
     EXPECT_EQ(names(search, u""), (Texts{u"A", u"a"}));
 }
@@ -42,7 +42,7 @@ TEST(ContactSearch, FindsEveryContactWithoutAWord) {
     EXPECT_EQ(search.find(u"   ").size(), 2U);
 }
 
-TEST(ContactSearch, WantsEveryWordInWhateverOrder) {
+TEST(ContactSearch, NeedsEveryWordInAnyOrder) {
     const ContactSearch search(
         contacts({{u"Ravi Kumar", u"981"}, {u"Ravi Rao", u"982"}, {u"Kumar Sen", u"983"}}));
     EXPECT_EQ(names(search, u"kum rav"), (Texts{u"Ravi Kumar"}));
@@ -58,7 +58,7 @@ TEST(ContactSearch, IgnoresCaseInEveryScript) {
     EXPECT_EQ(names(search, u"🚨"), (Texts{u"🚨 duty"}));
 }
 
-TEST(ContactSearch, FindsDigitsWhateverStandsBetweenThem) {
+TEST(ContactSearch, FindsDigitsDespiteSeparatorsBetweenThem) {
     const ContactSearch search(contacts({{u"A", u"+91 (98111) 000-11"}, {u"B", u"98.111/00022"}}));
     EXPECT_EQ(names(search, u"9811100011"), (Texts{u"A"}));
     EXPECT_EQ(names(search, u"+919811"), (Texts{u"A"}));
@@ -66,7 +66,7 @@ TEST(ContactSearch, FindsDigitsWhateverStandsBetweenThem) {
     EXPECT_EQ(names(search, u"000-11"), (Texts{u"A"}));
 }
 
-TEST(ContactSearch, TakesMarksThatAreNoNumberAsTheyAre) {
+TEST(ContactSearch, MatchesMarksThatAreNotBetweenDigits) {
     const ContactSearch search(contacts({{u"A-B", u"1"}, {u"AB", u"2"}, {u"C (D)", u"3"}}));
     EXPECT_EQ(names(search, u"a-b"), (Texts{u"A-B"}));
     EXPECT_EQ(names(search, u"-"), (Texts{u"A-B"}));

@@ -62,7 +62,7 @@ TEST(ContactTable, SplitsACellOfSeveralNumbers) {
 TEST(ContactTable, NamesTheLineOfANumberThatCannotBeTaken) {
     EXPECT_EQ(outcome("Name;Mobile;Home Phone\nA;9,81111E+11;98\nB;'98;\nC;98;9,8E+11\n"),
               (Lines{"C: 98", "2: the number 9,81111E+11 lost its digits in a spreadsheet",
-                     "3: the number '98 begins with a spreadsheet's mark of text"}));
+                     "3: the number '98 begins with a spreadsheet's text marker"}));
 }
 
 TEST(ContactTable, ReadsNumbersWithTheirLabels) {
@@ -112,15 +112,15 @@ TEST(ContactTable, KnowsTheHeadingsOfOtherLanguages) {
     EXPECT_EQ(outcome("Name,Vorname,Nachname,Handy\nAsha Rao,A,R,98\n"), (Lines{"Asha Rao: 98"}));
 }
 
-TEST(ContactTable, TakesNameForTheWholeNameBesideAFirstName) {
+TEST(ContactTable, TakesTheColumnNameForTheFullNameBesideAFirstName) {
     EXPECT_EQ(outcome("Name,First Name,Mobile\nAsha Rao,Asha,98\n"), (Lines{"Asha Rao: 98"}));
 }
 
-TEST(ContactTable, TellsAHeaderAlone) {
+TEST(ContactTable, RefusesAHeaderWithoutRows) {
     for (const char *text : {"Name,Mobile", "Name,Mobile\n\n \n", "sep=,\nName,Mobile\n"}) {
         try {
             static_cast<void>(readContactTable(text));
-            FAIL() << text;
+            FAIL() << "no error was raised for " << text;
         } catch (const std::invalid_argument &error) {
             EXPECT_STREQ(error.what(), "Its first row names the columns, but no row follows.");
         }

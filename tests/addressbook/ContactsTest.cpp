@@ -34,7 +34,7 @@ protected:
 
 TEST_F(ContactStore, AddsTheContactsAsTheUsers) {
     const auto count = store({{u"O'Neill", u"98 11"}, {u"अनिल 🚨", u"+91"}});
-    EXPECT_EQ(count.taken, 2U);
+    EXPECT_EQ(count.added, 2U);
     EXPECT_EQ(count.alreadyThere, 0U);
     EXPECT_EQ(stored(), (Rows{"1|O'Neill|98 11|0", "1|अनिल 🚨|+91|0"}));
 }
@@ -42,7 +42,7 @@ TEST_F(ContactStore, AddsTheContactsAsTheUsers) {
 TEST_F(ContactStore, AddsNoneTwice) {
     database.execute("INSERT INTO SMS_CONTACTS (USER_ID, NAME, MOBILE) VALUES (1, 'A', '1')");
     const auto count = store({{u"A", u"1"}, {u"A", u"2"}, {u"a", u"1"}, {u"A", u"2"}});
-    EXPECT_EQ(count.taken, 2U);
+    EXPECT_EQ(count.added, 2U);
     EXPECT_EQ(count.alreadyThere, 2U);
     EXPECT_EQ(stored(), (Rows{"1|A|1|0", "1|A|2|0", "1|a|1|0"}));
 }
@@ -50,7 +50,7 @@ TEST_F(ContactStore, AddsNoneTwice) {
 TEST_F(ContactStore, DoesNotCountContactsOfOthersNobodysAndDeletedOnes) {
     database.execute("INSERT INTO SMS_CONTACTS (USER_ID, NAME, MOBILE, DELETED) VALUES "
                      "(2, 'A', '1', 0), (NULL, 'A', '1', 0), (1, 'A', '1', 1)");
-    EXPECT_EQ(store({{u"A", u"1"}}).taken, 1U);
+    EXPECT_EQ(store({{u"A", u"1"}}).added, 1U);
 }
 
 TEST_F(ContactStore, StoresNothingWhenTheDatabaseRefusesOne) {
@@ -61,14 +61,14 @@ TEST_F(ContactStore, StoresNothingWhenTheDatabaseRefusesOne) {
               }),
               sqlite::errorBase + SQLITE_CONSTRAINT_TRIGGER);
     EXPECT_EQ(stored(), Rows());
-    EXPECT_EQ(store({{u"A", u"1"}}).taken, 1U);
+    EXPECT_EQ(store({{u"A", u"1"}}).added, 1U);
 }
 
-TEST_F(ContactStore, TakesAContactForKnownWhenItsFileWouldSayTheSame) {
+TEST_F(ContactStore, DoesNotAddAContactWhoseExportWouldReadTheSame) {
     database.execute("INSERT INTO SMS_CONTACTS (USER_ID, NAME, MOBILE) VALUES "
                      "(1, 'A' || char(13, 10) || ' B ', ' 1 '), (1, NULL, '2'), (1, ' ', '3')");
     EXPECT_EQ(store({{u"A  B", u"1"}, {u"2", u"2"}, {u"3", u"3"}}).alreadyThere, 3U);
-    EXPECT_EQ(store({{u"A B", u"1"}}).taken, 1U);
+    EXPECT_EQ(store({{u"A B", u"1"}}).added, 1U);
 }
 
 TEST_F(ContactStore, MarksTheUsersContactsAndNobodysAsDeleted) {

@@ -44,7 +44,7 @@ TEST_F(ManageContacts, HasNothingSelectedBeforeASelection) {
     EXPECT_EQ(namesOf(*book), Texts());
 }
 
-TEST_F(ManageContacts, LogsAndTellsWhyItCannotBeOpened) {
+TEST_F(ManageContacts, LogsAndShowsWhyItCannotBeOpened) {
     EXPECT_THAT(refusal(u"Provider=Paper"),
                 AllOf(HasSubstr("\tKVEXHostSuite: The address book cannot be opened.\t"),
                       HasSubstr("Provider=SQLite")));
@@ -55,7 +55,7 @@ TEST_F(ManageContacts, LogsAndTellsWhyItCannotBeOpened) {
                 AllOf(HasSubstr("address book cannot be opened"), HasSubstr("Provider=SQLite")));
 }
 
-TEST_F(ManageContacts, NeverTellsAPassword) {
+TEST_F(ManageContacts, NeverShowsAPassword) {
     EXPECT_THAT(refusal(u"Provider=SQLite;Data Source=\"none;PWD=s3cret\""),
                 AllOf(HasSubstr("none;PWD=***"), Not(HasSubstr("s3cret"))));
     ASSERT_EQ(toolkit.messageBoxes().size(), 1U);
@@ -63,7 +63,7 @@ TEST_F(ManageContacts, NeverTellsAPassword) {
                 AllOf(HasSubstr("none;PWD=***"), Not(HasSubstr("s3cret"))));
 }
 
-TEST_F(ManageContacts, MakesNoDatabaseThatIsNotThere) {
+TEST_F(ManageContacts, DoesNotCreateAMissingDatabase) {
     const std::filesystem::path file = folder / "none.db";
     EXPECT_THAT(refusal(file.u16string()), HasSubstr("does not exist"));
     EXPECT_FALSE(std::filesystem::exists(file));
@@ -74,7 +74,7 @@ TEST_F(ManageContacts, RefusesADatabaseWithoutContacts) {
     EXPECT_THAT(refusal(database.connectionString()), HasSubstr("no table SMS_CONTACTS"));
 }
 
-TEST_F(ManageContacts, IsOfNoUseAfterAnInitThatFails) {
+TEST_F(ManageContacts, RefusesToSelectAfterAFailedInit) {
     const auto book = open(toolkit);
     VARIANT_BOOL success = VARIANT_TRUE;
     EXPECT_EQ(init(*book, u"Provider=Paper", success), S_OK);
@@ -83,7 +83,7 @@ TEST_F(ManageContacts, IsOfNoUseAfterAnInitThatFails) {
     EXPECT_EQ(book->SelectRecipients(1, VARIANT_TRUE, &code), E_UNEXPECTED);
 }
 
-TEST_F(ManageContacts, LogsAndTellsWhatTheDatabaseRefusesLater) {
+TEST_F(ManageContacts, LogsAndShowsWhatTheDatabaseRefusesLater) {
     addContact("'A'", "'1'");
     const auto book = open(toolkit);
     toolkit.whenShown(u"frmAddressBook", [](headless::User &user) {
@@ -101,7 +101,7 @@ TEST_F(ManageContacts, LogsAndTellsWhatTheDatabaseRefusesLater) {
     EXPECT_THAT(toUtf8(toolkit.messageBoxes().front().text), HasSubstr("no table SMS_CONTACTS"));
 }
 
-TEST_F(ManageContacts, GivesItemsByTheirNumbersFromOne) {
+TEST_F(ManageContacts, CountsItemsFromOne) {
     addContact("'A'", "'1'");
     addContact("'B'", "'2'");
     const auto book = open(toolkit);

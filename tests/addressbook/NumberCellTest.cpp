@@ -70,15 +70,15 @@ TEST(NumberCell, TakesLettersThatAreNoExponent) {
     }
 }
 
-TEST(NumberCell, RefusesASpreadsheetsMarkOfText) {
+TEST(NumberCell, RefusesASpreadsheetsTextMarker) {
     EXPECT_EQ(outcome("'98111"),
-              (Texts{"! the number '98111 begins with a spreadsheet's mark of text"}));
+              (Texts{"! the number '98111 begins with a spreadsheet's text marker"}));
     EXPECT_EQ(outcome(" ’98111"),
-              (Texts{"! the number ’98111 begins with a spreadsheet's mark of text"}));
+              (Texts{"! the number ’98111 begins with a spreadsheet's text marker"}));
     EXPECT_EQ(outcome("=\"98111\""),
-              (Texts{"! the number =\"98111\" begins with a spreadsheet's mark of text"}));
+              (Texts{"! the number =\"98111\" begins with a spreadsheet's text marker"}));
     EXPECT_EQ(outcome("98111;'98112"),
-              (Texts{"! the number '98112 begins with a spreadsheet's mark of text"}));
+              (Texts{"! the number '98112 begins with a spreadsheet's text marker"}));
     EXPECT_EQ(outcome("98'111"), (Texts{"98'111"}));
 }
 

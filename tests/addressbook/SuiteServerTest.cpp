@@ -62,7 +62,7 @@ TEST_F(SuiteServer, WithoutADisplaySelectsNobodyAndLogsWhy) {
                 testing::HasSubstr("display"));
 }
 
-TEST_F(SuiteServer, WithoutADisplayTellsOnStandardErrorWhyItCannotBeOpened) {
+TEST_F(SuiteServer, WithoutADisplaySaysOnStandardErrorWhyItCannotBeOpened) {
     const auto book = create();
     testing::internal::CaptureStderr();
     EXPECT_EQ(init(*book, u"Provider=Paper"), VARIANT_FALSE);

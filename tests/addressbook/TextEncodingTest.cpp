@@ -53,8 +53,8 @@ TEST(TextEncoding, DecodesUtf16WithAndWithoutAMark) {
     }
 }
 
-TEST(TextEncoding, KnowsUtf16ByTheSideWhereZerosStand) {
-    // U+4E00 has its zero as the other byte.
+TEST(TextEncoding, RecognisesUtf16ByThePositionOfItsZeroBytes) {
+    // U+4E00 has its zero in the other byte than the digits.
     EXPECT_EQ(decoded(bytesOf(u"一1234", true)), "一1234");
     EXPECT_EQ(decoded(bytesOf(u"一1234", false)), "一1234");
     // One zero in eight bytes is enough.
@@ -115,21 +115,21 @@ TEST(TextEncoding, RefusesBytesThatAreNoText) {
               sentence);
 }
 
-TEST(TextEncoding, DecodesASetByItsName) {
+TEST(TextEncoding, DecodesACharacterSetByItsName) {
     EXPECT_EQ(decodeAs("ISO-8859-1", "Ren\xE9"), "René");
     EXPECT_EQ(decodeAs("utf-8", "Ren\xC3\xA9"), "René");
     EXPECT_EQ(decodeAs("", "Ren\xC3\xA9"), "René");
     EXPECT_EQ(decodeAs("", "Ren\xE9"), "René");
 }
 
-TEST(TextEncoding, RefusesASetThatNobodyKnows) {
+TEST(TextEncoding, RefusesAnUnknownCharacterSet) {
     const std::string reason = "the character set is not known";
     EXPECT_EQ(refusal([] { static_cast<void>(decodeAs("KLINGON", "a")); }), reason);
     EXPECT_EQ(refusal([] { static_cast<void>(decodeAs("UTF-8//IGNORE", "a")); }), reason);
 }
 
-TEST(TextEncoding, RefusesBytesThatAreNotOfTheirSet) {
-    const std::string reason = "the text is not in its character set";
+TEST(TextEncoding, RefusesBytesThatAreInvalidInTheirCharacterSet) {
+    const std::string reason = "the text is not valid in its character set";
     EXPECT_EQ(refusal([] { static_cast<void>(decodeAs("UTF-8", "Ren\xE9")); }), reason);
     EXPECT_EQ(refusal([] { static_cast<void>(decodeAs("", "\x81")); }), reason);
 }

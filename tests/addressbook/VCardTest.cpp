@@ -50,7 +50,7 @@ TEST(VCard, ReadsEscapedCharacters) {
               (Lines{"Rao, Asha; \\ O'Neill Desk: 1"}));
 }
 
-TEST(VCard, PutsTheNameTogetherWhereItIsNotWritten) {
+TEST(VCard, BuildsAMissingNameFromItsPartsOrTheOrganisation) {
     EXPECT_EQ(outcome(card("N:Rao;Asha,Devi;K\\;;Dr.;Ph.D.\r\nTEL:1\r\n") +
                       card("FN:\r\nN:;;;;\r\nORG:Acme\\, Inc.;Sales\r\nTEL:2\r\n") +
                       card("TEL:3\r\n")),
@@ -63,13 +63,13 @@ TEST(VCard, PrefersMobileNumbers) {
               (Lines{"A: 2", "A: 3", "A: 4"}));
 }
 
-TEST(VCard, TakesEveryNumberOfPeopleWhereThereIsNoMobile) {
+TEST(VCard, WithoutAMobileTakesEveryNumberOfAPerson) {
     EXPECT_EQ(outcome(card("FN:A\r\nTEL;TYPE=home,voice:1\r\nTEL;TYPE=fax:2\r\nTEL:3\r\n"
                            "TEL;TYPE=pager:4\r\nTEL;TYPE=\"fax,voice\":5\r\n")),
               (Lines{"A: 1", "A: 3", "A: 5"}));
 }
 
-TEST(VCard, KeepsOfATelephoneUriTheNumber) {
+TEST(VCard, KeepsOnlyTheNumberOfATelephoneUri) {
     EXPECT_EQ(outcome(card("FN:A\r\nTEL;VALUE=uri;TYPE=cell:tel:+91-98111-00011;ext=5\r\n"
                            "TEL;VALUE=URI;TYPE=cell:TEL:98\r\nTEL;VALUE=uri:sip:a1@b\r\n")),
               (Lines{"A: +91-98111-00011", "A: 98"}));
@@ -115,7 +115,7 @@ TEST(VCard, KeepsTheBlankOfAFoldedLineInVersion21Alone) {
               (Lines{"Asha Rao: 1", "AshaRao: 2"}));
 }
 
-TEST(VCard, FoldsEachCardAsItsOwnVersionDoes) {
+TEST(VCard, UnfoldsEachCardByItsOwnVersion) {
     EXPECT_EQ(outcome(card("TEL:1\r\n", "2.1") +
                       "BEGIN:VCARD\r\nFN:Asha\r\n Rao\r\nVERSION:3.0\r\nTEL:2\r\nEND:VCARD\r\n"),
               (Lines{"1: 1", "AshaRao: 2"}));
@@ -132,7 +132,7 @@ TEST(VCard, NamesTheLineOfATextThatCannotBeDecoded) {
                 card("NOTE;ENCODING=QUOTED-PRINTABLE:=4\r\nFN:A\r\nTEL:1\r\n", "2.1")),
         (Lines{"A: 1", "3: the quoted-printable text is not complete",
                "8: the quoted-printable text is not complete", "13: the character set is not known",
-               "18: the text is not in its character set"}));
+               "18: the text is not valid in its character set"}));
 }
 
 TEST(VCard, NamesACardWhoseQuotedPrintableTextSwallowsItsEnd) {
@@ -154,7 +154,7 @@ TEST(VCard, NamesTheLineOfANumberThatCannotBeTaken) {
                       card("FN:B\r\nTEL;TYPE=home:9.8E+11\r\nTEL;TYPE=cell:1\r\n") +
                       card("FN:C\r\nTEL:1\r\nTEL:'2\r\nTEL:'3\r\n")),
               (Lines{"B: 1", "4: the number 9.8E+11 lost its digits in a spreadsheet",
-                     "16: the number '2 begins with a spreadsheet's mark of text"}));
+                     "16: the number '2 begins with a spreadsheet's text marker"}));
 }
 
 TEST(VCard, NamesTheLineOfAnotherVersion) {
@@ -171,14 +171,14 @@ TEST(VCard, NamesTheLineOfACardWhoseNameIsTooLong) {
               (Lines{"1: 1", "5: the name is longer than 255 characters"}));
 }
 
-TEST(VCard, NamesTheLineThatIsNone) {
+TEST(VCard, NamesTheLineThatIsNotAVCardLine) {
     EXPECT_EQ(outcome(card("FN:A\r\nTEL\r\n") + card("FN:B\r\nTEL;X=\"1:2\r\n") +
                       card("FN:C\r\n.TEL:1\r\n") + card("FN:D\r\n\r\nTEL:1\r\n")),
               (Lines{"D: 1", "4: the line is not one of a vCard",
                      "9: the line is not one of a vCard", "14: the line is not one of a vCard"}));
 }
 
-TEST(VCard, NamesTheLineWithBytesThatAreNoCharacter) {
+TEST(VCard, NamesTheLineThatIsNotUtf8) {
     EXPECT_EQ(outcome(card("FN:Ren\xE9\r\nTEL:1\r\n") + card("FN:B\r\nTEL:2\r\n")),
               (Lines{"B: 2", "3: the line holds bytes that are not a character"}));
 }

@@ -73,7 +73,7 @@ TEST_F(Registration, ASecondWriteReplacesTheFirstAndLeavesNoOtherFile) {
     EXPECT_EQ(filesIn(userClasses()), 1U);
 }
 
-TEST_F(Registration, RemovalTakesTheUsersFileAndMayBeRepeated) {
+TEST_F(Registration, RemovalDeletesTheUsersFileAndCanBeRepeated) {
     kvex::removeClassRegistration(firstClass);
     kvex::writeClassRegistration({firstClass, "/opt/lib.so", u"Program.Name", u""});
     kvex::writeClassRegistration({secondClass, "/opt/lib.so", u"Program.Other", u""});
@@ -108,7 +108,7 @@ TEST_F(Registration, AFileInPlaceOfTheDirectoryFailsTheWrite) {
                  std::system_error);
 }
 
-TEST_F(Registration, TheUsersGoesBeforeTheSystemsInTheirOrder) {
+TEST_F(Registration, TheUsersFileWinsThenTheSystemsInTheirOrder) {
     put(fileIn(secondSystemClasses()), "Server=/second.so\nProgramId=A.B\n");
     EXPECT_EQ(findClassRegistration(firstClass)->server, "/second.so");
     put(fileIn(firstSystemClasses()), "Server=/first.so\nProgramId=A.B\n");
@@ -119,14 +119,14 @@ TEST_F(Registration, TheUsersGoesBeforeTheSystemsInTheirOrder) {
     EXPECT_EQ(findClassRegistration(u"A.B")->server, "/user.so");
 }
 
-TEST_F(Registration, CommentsEmptyLinesAndOtherKeysSayNothing) {
+TEST_F(Registration, CommentsEmptyLinesAndOtherKeysAreIgnored) {
     const auto found = foundIn("# Server=/no.so\n\nThreading=Any\nServer=/a.so\n\n#");
     ASSERT_TRUE(found);
     EXPECT_EQ(found->server, "/a.so");
     EXPECT_EQ(found->programId, u"");
 }
 
-TEST_F(Registration, AMalformedFileIsPassedOver) {
+TEST_F(Registration, AMalformedFileIsIgnored) {
     for (const char *text : {"", "ProgramId=A.B\n", "Server=relative.so\n", "Server\n",
                              "Server=/a.so\nno key\n", "server=/a.so\n", "binary \x01\n"}) {
         EXPECT_FALSE(foundIn(text)) << text;

@@ -99,7 +99,7 @@ TEST(ClassFactory, NeedsSomewhereToPutTheObject) {
     EXPECT_EQ(factory->CreateInstance(nullptr, IUnknown::iid, nullptr), E_POINTER);
 }
 
-TEST(ClassFactory, AnObjectWithoutTheInterfaceIsGivenUp) {
+TEST(ClassFactory, AnObjectWithoutTheInterfaceIsReleased) {
     {
         const auto factory = kvex::makeComObject<ClassFactory>(createBoth);
         void *object = factory.get();

@@ -11,7 +11,7 @@
 #include <string>
 #include <string_view>
 
-/// While it lives, the environment variable has this value; without a value it is removed.
+/// While it lives, the environment variable has this value, or does not exist if there is none.
 class Variable {
 public:
     Variable(const char *name, const std::optional<std::string> &value) : name_(name) {
@@ -65,7 +65,7 @@ private:
     static std::filesystem::path newDirectory() {
         std::string name = (std::filesystem::temp_directory_path() / "kvex.XXXXXX").native();
         if (::mkdtemp(name.data()) == nullptr) {
-            throw std::runtime_error("no temporary directory");
+            throw std::runtime_error("cannot create a temporary directory");
         }
         return name;
     }

@@ -101,7 +101,7 @@ TEST_F(Loading, AggregationIsRefused) {
     EXPECT_EQ(object, nullptr);
 }
 
-TEST_F(Loading, AMissingFileIsNotFoundAndTheReasonTold) {
+TEST_F(Loading, AMissingFileIsNotFoundAndTheReasonIsGiven) {
     const std::string missing = (root() / "missing.so").native();
     EXPECT_EQ(CoLoadServer(missing.c_str(), CLSID_Unknown), CO_E_DLLNOTFOUND);
     EXPECT_NE(std::string_view(CoLoadErrorText()).find("missing.so"), std::string_view::npos);

@@ -8,7 +8,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-TEST(TextAllocation, KeepsLengthAndNulCharactersAndAddsOne) {
+TEST(TextAllocation, KeepsLengthAndNulCharactersAndAddsATerminatingNul) {
     constexpr auto text = u"a\0b"sv;
     const BSTR copy = SysAllocStringLen(text.data(), 3);
     ASSERT_NE(copy, nullptr);

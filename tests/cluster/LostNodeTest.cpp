@@ -20,7 +20,7 @@ protected:
         mine.setServers(everyNode, 30);
     }
 
-    /// Renames "A" while the session's node goes away, and expects the user to be told.
+    /// Renames "A" while the session's node goes away, and expects a message.
     template <class Event>
     void loseNodeBeforeTheSave(std::int32_t number, std::u16string_view words, const Event &event) {
         mine.inEditor(id, [&](User &user) {
@@ -49,7 +49,7 @@ protected:
     std::u16string id;
 };
 
-TEST_F(LostNode, ThatIsKilledInASessionIsToldAndTheNextSessionTakesAnother) {
+TEST_F(LostNode, ThatIsKilledInASessionCausesAMessageAndTheNextSessionUsesAnother) {
     loseNodeBeforeTheSave(connectionLost, u"The connection to the database is lost (",
                           [this] { cluster.node(0).kill(); });
     // The next session starts at once, when the other nodes may not have noticed yet.
@@ -58,7 +58,7 @@ TEST_F(LostNode, ThatIsKilledInASessionIsToldAndTheNextSessionTakesAnother) {
     cluster.waitUntilSynced();
 }
 
-TEST_F(LostNode, ThatIsCutOffFromTheOthersInASessionIsToldAndTheNextSessionTakesAnother) {
+TEST_F(LostNode, ThatIsCutOffInASessionCausesAMessageAndTheNextSessionUsesAnother) {
     loseNodeBeforeTheSave(odbc::refusal::timeout, u"or the server is cut off from its cluster (",
                           [this] { cluster.isolate(0); });
     expectNextSessionWorks();

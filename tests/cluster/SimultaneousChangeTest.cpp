@@ -51,9 +51,9 @@ TEST_F(SimultaneousChange, WhatAnotherNodeStoredBeforeIsSeenByASessionThatOpens)
     release.join();
 }
 
-/// The winner differs from round to round. In each round one change is stored, and the other user
-/// is told.
-TEST_F(SimultaneousChange, IsStoredOnceAndTheLoserIsTold) {
+/// The winner differs from round to round. In each round one change is stored, and a message tells
+/// the other user.
+TEST_F(SimultaneousChange, IsStoredOnceAndTheOtherUserGetsAMessage) {
     const std::u16string id = addRule(u"A");
     // With this retry, the node would repeat the loser's change, which then finds no row.
     cluster.node(0).run("mysql", "SET GLOBAL wsrep_retry_autocommit = 0");

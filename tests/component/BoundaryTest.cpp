@@ -224,7 +224,7 @@ TEST_F(Boundary, WithoutADisplayTheCallGivesZeroAndTheReasonIsLogged) {
     EXPECT_EQ(host().logFiles.front(), folder + u"\\KVEX.log");
 }
 
-TEST_F(Boundary, ABadConnectionIsLoggedWithAnAdvice) {
+TEST_F(Boundary, ABadConnectionIsLoggedWithAdvice) {
     host().connectionString = u"Provider=Nobody";
     auto rules = create<IRuleUI>();
     LONG result = -1;

@@ -54,7 +54,7 @@ std::string recordset(int number) {
     return "recordset " + std::to_string(number);
 }
 
-/// The calls of the release after this many calls of the opening. The last of those may have
+/// The calls that release the objects after this many opening calls. The last opening call may have
 /// failed.
 Calls releaseAfter(std::size_t made) {
     const auto isOpened = [made](const std::string &object) {

@@ -11,7 +11,7 @@
 
 namespace kvex::test {
 
-/// Gives one test the server's tables, empty.
+/// A database for one test, with the server's tables and no rows.
 class DatabaseFixture {
 public:
     /// How a kind of database may differ from the others. The suites test the difference.
@@ -24,7 +24,7 @@ public:
 
     [[nodiscard]] virtual recordset::Provider provider() const = 0;
     [[nodiscard]] virtual std::u16string connectionString() const = 0;
-    /// For another user, who uses another server where there are several.
+    /// The connection string of a second user. In a cluster it names another node.
     [[nodiscard]] virtual std::u16string otherConnectionString() const {
         return connectionString();
     }
@@ -38,10 +38,10 @@ public:
         return found.empty() ? u"NONE" : found.front();
     }
 
-    /// Refuses every `event`, INSERT or UPDATE, on the rules from now on. A condition on the stored
-    /// row, OLD, limits this to the rows that meet it.
+    /// Makes the database refuse every INSERT or UPDATE of a rule, as `event` says, from now on. A
+    /// `condition` on OLD, the stored row, limits this to the rows that meet it.
     virtual void refuse(std::u16string_view event, std::u16string_view condition) = 0;
-    /// Ends what `refuse` began.
+    /// Ends every refusal.
     virtual void permit() = 0;
 
     /// Each deviation with its reason.

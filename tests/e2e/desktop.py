@@ -1,5 +1,5 @@
-"""A desktop of one's own: a virtual display with a window manager, a session bus and
-accessibility, a home folder. Everything that was started on it ends with it.
+"""A desktop for tests: a virtual display with a window manager, a session bus,
+accessibility and a home folder. Everything that was started on it ends with it.
 """
 
 import ctypes
@@ -11,7 +11,7 @@ import time
 from pathlib import Path
 
 AT_SPI_LAUNCHER = "/usr/libexec/at-spi-bus-launcher"
-PATIENCE = 30  # seconds for a state that ought to come within one
+PATIENCE = 30  # the limit in seconds for a state that should come within one
 
 
 class TimedOut(Exception):
@@ -58,8 +58,8 @@ def end_all_children():
 
 
 class Desktop:
-    """A process has one at a time, as the environment names it. `files` are put into its home
-    folder, for example the settings of a session that Qt follows."""
+    """The environment names the desktop, so a process has only one at a time. `files` go into its
+    home folder, for example the settings of a session that Qt follows."""
 
     def __init__(self, width=1280, height=1024, files=None):
         self.size = f"{width}x{height}x24"
@@ -108,7 +108,7 @@ class Desktop:
     def stop(self):
         end_all_children()
         for server in self.servers:
-            server.poll()  # takes note of its end
+            server.poll()  # records that it has ended
         self.folder.cleanup()
 
     def start_display(self):
@@ -133,7 +133,8 @@ class Desktop:
         return self.servers[-1]
 
     def announced(self, command):
-        """Starts a server that writes a line to the descriptor "{}" when it is ready; that line."""
+        """Starts a server that writes a line to the descriptor "{}" when it is ready. Gives that
+        line."""
         reading, writing = os.pipe()
         server = self.spawn([word.format(writing) for word in command], pass_fds=[writing])
         os.close(writing)

@@ -1,4 +1,5 @@
-// Two users change one rule. The second overwrites nothing that he has not seen, and is told.
+// Two users change one rule. The second overwrites nothing that they have not seen, and sees a
+// message.
 #include "tests/editors/Editors.h"
 
 namespace kvex::test {
@@ -10,7 +11,7 @@ constexpr std::u16string_view changedByAnother =
 
 } // namespace
 
-TEST_P(Editors, TheSecondOfTwoWhoRenameARuleIsToldAndKeepsTheInput) {
+TEST_P(Editors, TheSecondOfTwoWhoRenameARuleGetsAMessageAndKeepsTheInput) {
     const std::u16string id = addRule(u"A");
     mine.inEditor(id, [&](User &user) {
         meanwhile([&] {
@@ -73,7 +74,7 @@ TEST_P(Editors, ANewSessionSeesWhatTheOtherStoredAndCanChangeIt) {
     EXPECT_EQ(idOf(u"Mine"), id);
 }
 
-TEST_P(Editors, TheSecondOfTwoWhoChangeTheConditionsIsToldAndKeepsTheInput) {
+TEST_P(Editors, TheSecondOfTwoWhoChangeTheConditionsGetsAMessageAndKeepsTheInput) {
     const std::u16string id = addRule(u"A");
     mine.inEditor(id, [&](User &user) {
         meanwhile([&] {
@@ -124,7 +125,7 @@ TEST_P(Editors, ANameAndTheConditionsChangedByTwoAreBothStored) {
     EXPECT_NE(stored(u"QueryParam", u"Mine").find(u"THEIRS"), std::u16string::npos);
 }
 
-TEST_P(Editors, AnotherWhoSwitchesTheRuleOffDoesNotDisturbItsEditor) {
+TEST_P(Editors, SwitchingARuleOffDoesNotDisturbAnotherUserWhoEditsIt) {
     const std::u16string id = addRule(u"A");
     mine.inEditor(id, [&](User &user) {
         meanwhile([&] {
@@ -156,7 +157,7 @@ TEST_P(Editors, ATickIsRefusedWhenAnotherHasSwitchedTheRuleAlready) {
     });
 }
 
-TEST_P(Editors, TwoWhoAddARuleOfOneNameAddTwo) {
+TEST_P(Editors, TwoUsersWhoAddRulesOfTheSameNameAddTwoRules) {
     addRule(u"A");
     const auto save = [](User &editor) {
         completeRule(editor);

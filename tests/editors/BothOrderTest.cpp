@@ -41,7 +41,7 @@ TEST_P(Editors, TheSecondOfTwoOrdersStopsWhereTheFirstHasChangedAPriority) {
     EXPECT_EQ(stored(u"PRIORITY", u"A"), u"3");
 }
 
-TEST_P(Editors, WhoIsStoppedIsToldThatTheFirstPartStaysStored) {
+TEST_P(Editors, AUserWhoseOrderStopsLearnsThatTheFirstPartStaysStored) {
     addThree(10, 10);
     mine.inRulesWindow([this](User &user) {
         run(u"UPDATE SMS_RULES SET PRIORITY = 5 WHERE Name = 'C'");
@@ -71,7 +71,7 @@ TEST_P(Editors, OrdersThatTouchDifferentRulesAreBothStored) {
     EXPECT_EQ(stored(u"PRIORITY", u"D"), u"3");
 }
 
-TEST_P(Editors, ARemovedRuleThatIsMovedIsToldAndOneThatKeepsItsPlaceIsNot) {
+TEST_P(Editors, MovingARemovedRuleGivesAMessageAndLeavingItInPlaceGivesNone) {
     addThree();
     mine.inRulesWindow([this](User &user) {
         run(u"DELETE FROM SMS_RULES WHERE Name = 'C'");

@@ -1,5 +1,5 @@
-// One user who edits rules. He uses the component with the suite's own utility object, the headless
-// toolkit and any database.
+// One user who edits rules: the component with the suite's own utility object, the headless toolkit
+// and any database.
 #pragma once
 
 #include "adapters/recordset/Driver.h"
@@ -27,8 +27,8 @@ public:
     /// window with Cancel.
     std::int32_t inEditor(const std::u16string &ruleId, Script script);
 
-    /// Expects exactly these errors since the last call. Each is in the log with its Sub and Module
-    /// and this number. One message shows each error, with these words.
+    /// Expects exactly these errors since the last call. The log has each error with its Sub, its
+    /// Module and this number. One message with these words shows each error.
     void expectTold(const std::vector<std::u16string> &subsAndModules, std::int32_t number,
                     std::u16string_view words);
     /// Expects that nothing was logged or shown since the last call.

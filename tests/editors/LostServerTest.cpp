@@ -10,7 +10,7 @@ constexpr std::u16string_view broke = u"The connection to the server broke: chec
 
 } // namespace
 
-TEST_P(Editors, AServerThatGoesAwayWhileASessionOpensIsToldAndANewSessionWorks) {
+TEST_P(Editors, AServerLostWhileASessionOpensGivesAMessageAndANewSessionWorks) {
     addRule(u"A");
     for (int calls = 0; calls <= 5; ++calls) {
         watched.loseAfter(calls);
@@ -35,7 +35,7 @@ TEST_P(Editors, ANewRulesEditorOpensWithoutANameWhenTheServerIsGone) {
     });
 }
 
-TEST_P(Editors, WithoutAServerATickIsToldAndTheWindowStaysUsable) {
+TEST_P(Editors, WithoutAServerATickGivesAMessageAndTheWindowStaysUsable) {
     addThree();
     mine.inRulesWindow([this](User &user) {
         watched.loseAfter(0);
@@ -49,7 +49,7 @@ TEST_P(Editors, WithoutAServerATickIsToldAndTheWindowStaysUsable) {
     EXPECT_EQ(stored(u"ACTIVE", u"B"), u"1");
 }
 
-TEST_P(Editors, WithoutAServerASaveIsToldAndTheInputStays) {
+TEST_P(Editors, WithoutAServerASaveGivesAMessageAndKeepsTheInput) {
     const std::u16string id = addRule(u"A");
     for (const std::u16string &rule : {id, std::u16string()}) {
         mine.inEditor(rule, [&](User &user) {
@@ -79,7 +79,7 @@ TEST_P(Editors, WithoutAServerASaveIsToldAndTheInputStays) {
     EXPECT_EQ(idOf(u"Mine"), id);
 }
 
-TEST_P(Editors, AServerLostBehindTheWriteIsToldAsOneThatStored) {
+TEST_P(Editors, AServerLostAfterTheWriteGivesAMessageThatTheRuleIsStored) {
     const std::u16string id = addRule(u"A");
     for (const std::u16string &rule : {id, std::u16string()}) {
         const std::u16string name = rule.empty() ? u"New" : u"Changed";
@@ -138,7 +138,7 @@ TEST_P(Editors, ARuleThatWasStoredButNotReadAgainIsStoredOnceHoweverOftenOkIsPre
     EXPECT_EQ(stored(u"Name", u"Second b"), u"Second b");
 }
 
-TEST_P(Editors, ARuleThatWasStoredButNotReadAgainHasItsNameForItself) {
+TEST_P(Editors, ARuleThatWasStoredButNotReadAgainKeepsItsNameFromOtherRules) {
     addRule(u"A");
     mine.inRulesWindow([this](User &user) {
         mine.toolkit.whenShown(u"frmRuleEdit", [this](User &editor) {
@@ -156,7 +156,7 @@ TEST_P(Editors, ARuleThatWasStoredButNotReadAgainHasItsNameForItself) {
     EXPECT_EQ(ruleCount(), u"2");
 }
 
-TEST_P(Editors, WithoutAServerARemovalIsToldAndTheRowStays) {
+TEST_P(Editors, WithoutAServerARemovalGivesAMessageAndKeepsTheRow) {
     addThree();
     mine.inRulesWindow([this](User &user) {
         watched.loseAfter(0);
@@ -172,7 +172,7 @@ TEST_P(Editors, WithoutAServerARemovalIsToldAndTheRowStays) {
     EXPECT_EQ(ruleCount(), u"3");
 }
 
-TEST_P(Editors, AnOrderThatIsCutOffInTheMiddleIsToldAndFinishedInANewSession) {
+TEST_P(Editors, AnOrderCutOffInTheMiddleGivesAMessageAndANewSessionFinishesIt) {
     addThree(10, 10);
     mine.inRulesWindow([this](User &user) {
         watched.loseAfter(2);
@@ -191,7 +191,7 @@ TEST_P(Editors, AnOrderThatIsCutOffInTheMiddleIsToldAndFinishedInANewSession) {
     EXPECT_EQ(priorities(), (Texts{u"1", u"2", u"3"}));
 }
 
-TEST_P(Editors, AnOrderOfWhichOneRuleWasRefusedIsFinishedByTheNextOk) {
+TEST_P(Editors, AnOrderWithOneRefusedRuleIsFinishedByTheNextOk) {
     addThree(10, 10);
     mine.inRulesWindow([this](User &user) {
         watched.refuseAfter(2, -5);

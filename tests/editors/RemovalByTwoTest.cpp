@@ -37,7 +37,7 @@ TEST_P(Editors, AChangeOfARuleThatAnotherRemovedBringsNothingBack) {
     EXPECT_EQ(stored(u"Name", u"B"), u"B");
 }
 
-TEST_P(Editors, SavingAnUnchangedRuleThatAnotherRemovedIsToldToo) {
+TEST_P(Editors, SavingAnUnchangedRuleThatAnotherRemovedGivesAMessageToo) {
     const std::u16string id = addRule(u"A");
     mine.inEditor(id, [&](User &user) {
         run(u"DELETE FROM SMS_RULES");

@@ -87,7 +87,7 @@ private:
     DatabaseServer &server_ = GetParam().server();
 };
 
-TEST_P(ServerRefusals, WhoMayOnlyReadIsToldAtEveryWayToWrite) {
+TEST_P(ServerRefusals, AUserWhoMayOnlyReadGetsAMessageForEveryKindOfWrite) {
     Editor user(odbc::provider(), editor());
     expectNoWay(
         user, refusal::forbidden, u"so nothing was stored: ask its administrator for the right",
@@ -97,7 +97,7 @@ TEST_P(ServerRefusals, WhoMayOnlyReadIsToldAtEveryWayToWrite) {
     expectSessionWorks(editor());
 }
 
-TEST_P(ServerRefusals, WhoMayNotAddRulesKeepsTheInputAndCanSaveItOncePermitted) {
+TEST_P(ServerRefusals, AUserWhoMayNotAddRulesKeepsTheInputAndCanSaveItOncePermitted) {
     run("REVOKE INSERT ON SMS_RULES FROM editor");
     Editor user(odbc::provider(), editor());
     user.inEditor(u"", [&](User &window) {
@@ -126,7 +126,7 @@ TEST_P(ServerRefusals, AReadOnlyDatabaseIsShownAndNotWritten) {
     expectSessionWorks(editor());
 }
 
-TEST_P(ServerRefusals, ATableThatIsAwayIsNamedAtEveryWayToWrite) {
+TEST_P(ServerRefusals, AMissingTableIsNamedForEveryKindOfWrite) {
     Editor user(odbc::provider(), owner());
     expectNoWay(
         user, refusal::noTable, u"Nothing was stored. The database lacks a table (",
@@ -178,7 +178,7 @@ TEST_P(ServerRefusals, WithoutAColumnThatTheListShowsTheLogNamesItAndOkStoresNot
     expectSessionWorks(owner());
 }
 
-TEST_P(ServerRefusals, AColumnThatGoesAwayIsToldByTheSaveThatNeedsIt) {
+TEST_P(ServerRefusals, ASaveNamesAColumnThatHasGone) {
     Editor user(odbc::provider(), owner());
     user.inRulesWindow([&](User &window) {
         run("ALTER TABLE SMS_RULES RENAME COLUMN ACTIVE TO AWAY");
@@ -196,13 +196,13 @@ TEST_P(ServerRefusals, AColumnThatGoesAwayIsToldByTheSaveThatNeedsIt) {
     expectSessionWorks(owner());
 }
 
-TEST_P(ServerRefusals, ADatabaseOfAnotherNameIsToldByIt) {
+TEST_P(ServerRefusals, AMissingDatabaseIsNamedInTheMessage) {
     std::u16string elsewhere = owner();
     elsewhere.replace(elsewhere.find(u"refusals"), 8, u"nowhere");
     expectNoSession(elsewhere, refusal::noConnection, u"nowhere");
 }
 
-TEST_P(ServerRefusals, WhoMayNotComeInIsToldSo) {
+TEST_P(ServerRefusals, AWrongPasswordIsReportedWithAdvice) {
     std::u16string wrong = editor();
     wrong.replace(wrong.find(u"ed1t"), 4, u"w0rd");
     expectNoSession(wrong, refusal::wrongUser, u"correct UID and PWD in the connection string");

@@ -71,7 +71,7 @@ TEST_F(SqliteFile, LockedByAnotherProgramIsNotWritten) {
     expectNewSessionWorks();
 }
 
-TEST_F(SqliteFile, ReplacedIsNotWrittenNorIsWhatItWas) {
+TEST_F(SqliteFile, ThatWasReplacedIsNotWrittenAndNeitherIsItsPredecessor) {
     const auto old = folder() / "old.db";
     expectNoWay(
         user_, number(SQLITE_READONLY_DBMOVED), u"was not stored. The database file ",

@@ -1,4 +1,4 @@
-// How often each step asks the database; each time costs a round trip to the server.
+// How many statements each step sends. Each one costs a round trip to the server.
 #include "tests/editors/Editors.h"
 #include "tests/windows/EditorRows.h"
 
@@ -13,7 +13,7 @@ TEST_P(Editors, ASessionOpensWithOneConnectionAndFiveQueries) {
     EXPECT_EQ(watched.takeCalls(), DriverCalls{});
 }
 
-TEST_P(Editors, TheEditorOfANewRuleAsksForTheHighestIdAndItsSaveTwice) {
+TEST_P(Editors, ANewRuleTakesOneQueryToOpenAndTwoStatementsToSave) {
     addRule(u"A");
     mine.inEditor(u"", [this](User &user) {
         EXPECT_EQ(watched.takeCalls(), (DriverCalls{.connects = 1, .queries = 6}));

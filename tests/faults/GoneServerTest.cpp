@@ -1,5 +1,5 @@
-// The server goes away while a user works. The user is told and keeps his input; no message claims
-// more than was stored. A new session works when the server is back.
+// The server goes away while a user works. A message tells the user, and the input stays. No
+// message claims more than was stored. A new session works when the server is back.
 #include "tests/editors/Editors.h"
 #include "tests/faults/OtherSession.h"
 #include "tests/faults/OwnNetwork.h"
@@ -170,7 +170,7 @@ TEST_P(GoneServer, AtASaveLeavesTheEditorWithItsInput) {
     EXPECT_EQ(ruleCount(), u"2");
 }
 
-TEST_P(GoneServer, BetweenTheWriteAndTheReadingOfASaveIsToldAsStored) {
+TEST_P(GoneServer, BetweenTheWriteAndTheReadingOfASaveIsReportedAsStored) {
     const std::u16string id = addRule(u"A");
     mine.inEditor(id, [&](User &user) {
         rename(user, u"Changed");

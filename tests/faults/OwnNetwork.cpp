@@ -30,7 +30,7 @@ void write(const char *file, const std::string &text) {
     }
 }
 
-/// A user without the right to create a network has it in his own user namespace.
+/// A user who may not create a network may create one in a user namespace of their own.
 void enterOwnUsers() {
     const std::string user = std::to_string(geteuid());
     const std::string group = std::to_string(getegid());
@@ -45,7 +45,7 @@ void enterOwnUsers() {
 
 void setLoopback(bool on) {
     if (!isOwn) {
-        throw std::runtime_error("the network is not the test's own");
+        throw std::runtime_error("the test has no network of its own");
     }
     const Socket any(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0));
     ifreq loopback{};

@@ -9,10 +9,10 @@ namespace kvex::test {
 /// program has one thread. Raises std::runtime_error when the system forbids it.
 void enterOwnNetwork();
 
-/// Loses all that is sent, without telling either side. Connections stay open; a new one waits for
-/// an answer. Raises std::runtime_error before enterOwnNetwork.
+/// Loses all data that is sent from now on. Neither side notices. Connections stay open; a new one
+/// waits for an answer. Raises std::runtime_error before enterOwnNetwork.
 void cutNetwork();
-/// Lets data arrive again, also what both ends have kept for sending.
+/// Lets data arrive again, including what both ends have kept for sending.
 void restoreNetwork();
 
 /// True when the receiving system has acknowledged everything that was sent to the port.

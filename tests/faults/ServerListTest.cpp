@@ -34,14 +34,14 @@ protected:
     DatabaseServer &server = GetParam().server();
 };
 
-TEST_P(ServerList, ServersThatRefuseOrDoNotAnswerArePassedOver) {
+TEST_P(ServerList, ServersThatRefuseOrDoNotAnswerAreSkipped) {
     TcpRelay silent(server.port());
     silent.cut();
     listServers({freePort(), silent.port(), server.port()});
     expectRules();
 }
 
-TEST_P(ServerList, ADataSourcesListIsOneToo) {
+TEST_P(ServerList, TheListOfADataSourceIsUsedToo) {
     // The driver manager caches data sources for a while, so each has another name.
     host::TemporaryFolder folder;
     std::u16string &text = mine.utility.connectionString;
@@ -73,14 +73,14 @@ TEST_P(ServerList, ALostServersSessionEndsAndTheNextTakesAnother) {
     expectRules();
 }
 
-TEST_P(ServerList, WithoutAnyServerTheLastOnesErrorIsTold) {
+TEST_P(ServerList, WithoutAUsableServerTheErrorOfTheLastOneIsShown) {
     const std::uint16_t last = freePort();
     listServers({freePort(), last});
     EXPECT_EQ(mine.showRules(), 0);
     mine.expectTold({openingFailed}, connectionLost, u"The database cannot be reached (");
 }
 
-TEST_P(ServerList, AServerThatRefusesTheUserIsNotPassedOver) {
+TEST_P(ServerList, AServerThatRefusesTheUserIsNotSkipped) {
     listServers({server.port(), freePort()});
     std::u16string &text = mine.utility.connectionString;
     text.replace(text.find(u"PWD="), 4, u"PWD=no");

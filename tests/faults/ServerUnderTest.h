@@ -33,7 +33,7 @@ struct ServerKindUnderTest {
 
 struct WayToGo {
     std::string name;
-    /// Only clients of the relay lose the server.
+    /// True when only the clients of the relay lose the server.
     bool relayed;
     void (*go)(ServerUnderTest &);
     void (*comeBack)(ServerUnderTest &);

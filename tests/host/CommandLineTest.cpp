@@ -22,7 +22,7 @@ Request parsed(const std::vector<const char *> &arguments) {
 std::string refusal(const std::vector<const char *> &arguments) {
     try {
         const Request request = parsed(arguments);
-        ADD_FAILURE() << "understood as " << request.command->name;
+        ADD_FAILURE() << "no Failure was raised; the command is " << request.command->name;
         return {};
     } catch (const Failure &failure) {
         EXPECT_EQ(failure.status(), exit_status::unusable);
@@ -52,12 +52,12 @@ TEST(CommandLine, TakesOptionsBeforeAndAfterTheCommand) {
     EXPECT_EQ(request.value(Option::rule), "");
 }
 
-TEST(CommandLine, KeepsASignInAValue) {
+TEST(CommandLine, KeepsAnEqualsSignInAValue) {
     EXPECT_EQ(parsed({"list", "--database=Provider=SQLite;Data Source=a"}).value(Option::database),
               "Provider=SQLite;Data Source=a");
 }
 
-TEST(CommandLine, CountsTheLastOfAnOption) {
+TEST(CommandLine, UsesTheLastValueOfARepeatedOption) {
     EXPECT_EQ(parsed({"--rule", "1", "--rule", "2"}).value(Option::rule), "2");
 }
 
@@ -79,7 +79,7 @@ TEST(CommandLine, HasOptionsThatStandForCommands) {
     EXPECT_THAT(request.words, IsEmpty());
 }
 
-TEST(CommandLine, RefusesWhatNobodyKnows) {
+TEST(CommandLine, RefusesUnknownCommandsAndOptions) {
     EXPECT_THAT(refusal({"lsit"}), HasSubstr("no command \"lsit\""));
     EXPECT_THAT(refusal({""}), HasSubstr("no command \"\""));
     EXPECT_THAT(refusal({"--databse", "a"}), HasSubstr("no option --databse"));
@@ -92,8 +92,8 @@ TEST(CommandLine, RefusesOptionsOfOtherCommands) {
 }
 
 TEST(CommandLine, RefusesWordsWhereNoneBelong) {
-    EXPECT_THAT(refusal({"list", "3"}), HasSubstr("list takes no word \"3\""));
-    EXPECT_THAT(refusal({"edit", "3"}), HasSubstr("edit takes no word \"3\""));
+    EXPECT_THAT(refusal({"list", "3"}), HasSubstr("list does not take \"3\""));
+    EXPECT_THAT(refusal({"edit", "3"}), HasSubstr("edit does not take \"3\""));
 }
 
 TEST(CommandLine, RefusesAMissingValue) {
@@ -110,7 +110,7 @@ TEST(CommandLine, NamesNoWholeConnectionStringInARefusal) {
     EXPECT_EQ(refusal({"DSN=sms;PWD=s3cret"}),
               "There is no command \"DSN=…\". See: kvexrules help");
     EXPECT_EQ(refusal({"list", "DSN=sms;PWD=s3cret"}),
-              "The command list takes no word \"DSN=…\". See: kvexrules help");
+              "The command list does not take \"DSN=…\". See: kvexrules help");
 }
 
 TEST(CommandLine, SaysExactlyWhatItRefuses) {
@@ -121,14 +121,14 @@ TEST(CommandLine, SaysExactlyWhatItRefuses) {
     EXPECT_EQ(refusal({"show", "--all="}), "The option --all takes no value. See: kvexrules help");
     EXPECT_EQ(refusal({"list", "--all"}),
               "The command list has no option --all. See: kvexrules help");
-    EXPECT_EQ(refusal({"list", "-"}), "The command list takes no word \"-\". See: kvexrules help");
+    EXPECT_EQ(refusal({"list", "-"}), "The command list does not take \"-\". See: kvexrules help");
 }
 
 TEST(CommandLine, TakesADashForAWord) {
     EXPECT_THAT(parsed({"show", "-", "--", "--"}).words, ElementsAre("-", "--"));
 }
 
-TEST(CommandLine, ReadsOnAfterTwoDashesAndAnOptionBeforeThem) {
+TEST(CommandLine, KeepsOptionsBeforeTwoDashesAndTakesWordsAfterThem) {
     const Request request = parsed({"show", "--all", "--", "-h"});
     EXPECT_TRUE(request.has(Option::all));
     EXPECT_EQ(request.value(Option::all), "");
@@ -167,7 +167,7 @@ TEST(Help, NamesEveryCommandAndOption) {
     }
 }
 
-TEST(Help, AlignsWhatItExplains) {
+TEST(Help, AlignsItsExplanations) {
     const CommandDescription show{"show", "ID…", "this", {}, true, nullptr};
     const CommandDescription list{"list", "", "that", {}, false, nullptr};
     const std::string text = helpText(std::vector{show, list}, {});

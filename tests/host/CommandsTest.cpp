@@ -97,19 +97,19 @@ Commands (edit if you name none):
   contacts VERB…                    import, export, remove or list contacts (see below)
   init [--sample]                   create missing tables; with --sample, fill empty ones
   register                          register the rule component, so that hosts find it
-  unregister                        remove this registration
+  unregister                        remove the registration of the rule component
   help                              print this text
   version                           print the program's version
 
 Options:
   --database CONNECTION|PATH        the database: a connection string or an SQLite file
-  --user ID                         whose rules and contacts to use (default: 1)
+  --user ID                         the user whose contacts to use (default: 1)
   --log FILE                        the file in which to log errors
   --rule ID                         the rule to open
-  --format FORMAT                   for rules text, ansi or html; for contacts vcard or csv
+  --format FORMAT                   text, ansi or html for rules; vcard or csv for contacts
   --all                             show all rules
-  --replace                         let contacts export replace an existing file
-  --sample                          add users, accounts and rules for trying out
+  --replace                         replace an existing file (contacts export)
+  --sample                          add sample users, accounts and rules
 
 The database is the first of these that is set:
   --database CONNECTION|PATH
@@ -129,9 +129,9 @@ that could break the line appear as \n, \t, \\ or \u{HEX}. "contacts list" separ
 its columns by tabs. It also lists the contacts that belong to no user.
 
 "contacts import FILE" reads vCards (versions 2.1, 3.0 and 4.0), or CSV whose first row
-names the columns ("Name,Mobile"). "-" means standard input. It reports the line of each
-entry that it skips, and does not add a contact that is already there. If the database
-refuses one contact, none is added.
+names the columns ("Name,Mobile"). "-" means standard input. The command reports the
+line of each entry that it skips. It does not add a contact that is already there. If
+the database refuses one contact, none is added.
 "contacts export [FILE]" writes the contacts that "contacts list" shows: as CSV if the
 file's name ends in .csv, else as vCards. Without FILE, or with "-", it writes to
 standard output. Only you can read the file. An existing file is replaced only with
@@ -193,7 +193,7 @@ TEST_F(Commands, InitFillsTablesOnce) {
               "--database. The database was named by $KVEX_DATABASE.");
 }
 
-TEST_F(Commands, InitTellsOfAServerThatIsNotThere) {
+TEST_F(Commands, InitReportsAMissingServer) {
     EXPECT_THAT(
         failed(2, {"init", "--database", "DSN=none"}),
         EndsWith(" kvexrules init needs a database that exists, and a user who may create tables "
@@ -201,7 +201,7 @@ TEST_F(Commands, InitTellsOfAServerThatIsNotThere) {
                  "The database was named by --database."));
 }
 
-TEST_F(Commands, InitTellsOfAFolderThatItCannotMake) {
+TEST_F(Commands, InitReportsAFolderThatItCannotMake) {
     environment.set("KVEX_DATABASE", std::nullopt);
     writeFile(folder / "home/.local", "");
     EXPECT_EQ(failed(2, {"init"}),
@@ -239,7 +239,7 @@ TEST_F(Commands, InitRefusedByTheDatabaseEndsWithOne) {
     EXPECT_EQ(rows(u"SELECT count(*) T FROM SMS_USERS"), "0\n");
 }
 
-TEST_F(Commands, ListTellsWhoNamedADatabaseThatCannotBeRead) {
+TEST_F(Commands, ListSaysWhereTheNameOfAnUnreadableDatabaseCameFrom) {
     EXPECT_THAT(failed(2, {"list"}),
                 AllOf(StartsWith("The database file " + file.string() + " does not exist"),
                       EndsWith(" The database was named by $KVEX_DATABASE.")));
@@ -329,7 +329,7 @@ TEST_F(Commands, ShowGoesOnAfterARuleThatIsNotThere) {
     EXPECT_EQ(result.errors, "kvexrules: There is no rule 99. To list the rules: kvexrules list\n");
 }
 
-TEST_F(Commands, ShowTellsWhatIsStoredOfARuleThatCannotBeLoaded) {
+TEST_F(Commands, ShowPrintsTheStoredTextsOfARuleThatCannotBeLoaded) {
     done({"init", "--sample"});
     run(u"UPDATE SMS_RULES SET QueryParam = '<ACCOUNT><CON><ANY>x</ACCOUNT><WORD>PWD=a' WHERE ID = "
         u"6");
@@ -351,7 +351,7 @@ TEST_F(Commands, ShowTellsWhatIsStoredOfARuleThatCannotBeLoaded) {
                                         "SYSTEM\n"));
 }
 
-TEST_F(Commands, ShowTellsWhatIsStoredOfARuleThatCannotBeDescribed) {
+TEST_F(Commands, ShowPrintsTheStoredTextsOfARuleThatCannotBeDescribed) {
     done({"init", "--sample"});
     run(u"UPDATE SMS_RULES SET QueryParam = NULL, ActionParam = '<DIST>x</DIST>' WHERE ID = 6");
     const Ended result = ended({"show", "6"});
@@ -373,7 +373,7 @@ TEST_F(Commands, ShowNeedsAllTables) {
                       EndsWith(". The database was named by $KVEX_DATABASE.")));
 }
 
-TEST_F(Commands, ShowKnowsWhatToShow) {
+TEST_F(Commands, ShowRefusesUnknownFormatsMissingIdsAndTextsThatAreNoId) {
     EXPECT_EQ(failed(2, {"show", "1", "--format", "pdf"}),
               "There is no format \"pdf\". The formats are text, ansi and html.");
     for (const std::vector<const char *> &arguments :
@@ -402,7 +402,7 @@ TEST_F(Commands, EditNeedsADisplay) {
                 StartsWith("\"one\" is not the id of a rule."));
 }
 
-TEST_F(Commands, EditOnADisplayThatIsGoneSaysNothingOfTheDatabase) {
+TEST_F(Commands, EditOnADisplayThatIsGoneDoesNotMentionTheDatabase) {
     done({"init"});
     environment.set("QT_QPA_PLATFORM", std::nullopt);
     environment.set("WAYLAND_DISPLAY", std::nullopt);
@@ -418,7 +418,7 @@ TEST_F(Commands, EditOnADisplayThatIsGoneSaysNothingOfTheDatabase) {
                   log + ".\n");
 }
 
-TEST_F(Commands, EditTellsWhoNamedADatabaseThatCannotBeOpened) {
+TEST_F(Commands, EditSaysWhereTheNameOfAnUnusableDatabaseCameFrom) {
     environment.set("QT_QPA_PLATFORM", "offscreen");
     const std::string log = (folder / "a.log").string();
     const Ended result = ended({"edit", "--log", log.c_str(), "--database", "Provider=Paper"});
@@ -430,7 +430,7 @@ TEST_F(Commands, EditTellsWhoNamedADatabaseThatCannotBeOpened) {
                                               ". The database was named by --database.\n")));
 }
 
-TEST_F(Commands, RegisterTellsWhatIsRegistered) {
+TEST_F(Commands, RegisterPrintsWhatItRegisters) {
     const std::string component =
         (std::filesystem::read_symlink("/proc/self/exe").parent_path() / "libKVEXMessageRules.so")
             .string();

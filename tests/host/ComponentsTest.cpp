@@ -13,7 +13,7 @@ namespace {
 template <class Call> std::string failureOf(const Call &call) {
     try {
         call();
-        ADD_FAILURE() << "went well";
+        ADD_FAILURE() << "no Failure was raised";
         return {};
     } catch (const Failure &failure) {
         EXPECT_EQ(failure.status(), exit_status::unusable);

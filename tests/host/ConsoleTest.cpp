@@ -51,13 +51,13 @@ TEST(Console, PrintsExactlyTheText) {
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "a\x1b\nb");
 }
 
-TEST(Console, TellsWhyTheOutputCannotBeWritten) {
+TEST(Console, SaysWhyTheOutputCannotBeWritten) {
     const int full = open("/dev/full", O_WRONLY | O_CLOEXEC);
     const StandardStream output(STDOUT_FILENO, full);
     close(full);
     try {
         print("a");
-        ADD_FAILURE() << "written";
+        ADD_FAILURE() << "no Failure was raised";
     } catch (const Failure &failure) {
         EXPECT_STREQ(failure.what(),
                      "The output cannot be written (No space left on device). "
@@ -84,7 +84,7 @@ TEST(Console, ComplainsInItsNameWithoutPasswords) {
     EXPECT_EQ(errorsOf([] { complain("PWD=s3cret; मदद \x1b"); }), "kvexrules: PWD=***; मदद \x1b\n");
 }
 
-TEST(Console, ComplainsExactly) {
+TEST(Console, CanComplainWithoutChangingTheText) {
     EXPECT_EQ(errorsOf([] { complainExactly("PWD=x\x1b\\"); }), "PWD=x\x1b\\\n");
 }
 

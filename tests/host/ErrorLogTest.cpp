@@ -151,7 +151,7 @@ TEST_F(ErrorLogFile, KeepsTheLinesOfManyWritersWhole) {
     EXPECT_EQ(count, writers * lines);
 }
 
-TEST(LogPath, TurnsTheSeparatorBeforeTheName) {
+TEST(LogPath, ReplacesTheBackslashBeforeTheFileName) {
     EXPECT_EQ(logPath(u"/opt/kvex\\KVEX.log"), "/opt/kvex/KVEX.log");
 }
 
@@ -187,7 +187,7 @@ TEST_F(LogLine, HoldsTimeTextNumberSourceAndDescription) {
               "Type mismatch\n");
 }
 
-TEST_F(LogLine, TellsAWesternOffset) {
+TEST_F(LogLine, HoldsANegativeOffsetFromUtc) {
     useZone("XYZ3:30");
     EXPECT_EQ(logLine(0, u"a", nullptr), "1969-12-31T20:30:00-03:30\ta\n");
 }

@@ -16,7 +16,7 @@ TEST(Sentence, KeepsTheMarkThatItHas) {
     }
 }
 
-TEST(Sentence, OfNothingIsNone) {
+TEST(Sentence, OfAnEmptyTextIsEmpty) {
     EXPECT_EQ(asSentence(""), "");
     EXPECT_EQ(asSentence(" \n"), "");
 }

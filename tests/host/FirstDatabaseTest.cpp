@@ -35,7 +35,7 @@ protected:
     std::vector<std::string> questions;
 };
 
-TEST_F(FirstDatabase, IsMadeForWhoeverWantsIt) {
+TEST_F(FirstDatabase, IsMadeWhenTheUserAgrees) {
     offerDatabase(named(file), answering(true));
     EXPECT_THAT(questions, ElementsAre("The database file " + file.string() +
                                        " does not exist. The database was named by --database. "
@@ -45,10 +45,10 @@ TEST_F(FirstDatabase, IsMadeForWhoeverWantsIt) {
               std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
 }
 
-TEST_F(FirstDatabase, IsNotMadeForWhoeverDeclines) {
+TEST_F(FirstDatabase, IsNotMadeWhenTheUserDeclines) {
     try {
         offerDatabase(named(file), answering(false));
-        ADD_FAILURE() << "went on";
+        ADD_FAILURE() << "no Failure was raised";
     } catch (const Failure &failure) {
         EXPECT_EQ(failure.what(), "The database file " + file.string() +
                                       " does not exist, and was not made. Make it with kvexrules "
@@ -64,7 +64,7 @@ TEST_F(FirstDatabase, IsNotMadeWhereNobodyCanBeAsked) {
     EXPECT_FALSE(std::filesystem::exists(file));
 }
 
-TEST_F(FirstDatabase, IsTheOwnOneWithItsFolder) {
+TEST_F(FirstDatabase, IsTheUsersOwnAndHasItsFolderMade) {
     kvex::host::Settings settings = named(folder / "data/kvex/rules.db");
     settings.isOwnDatabase = true;
     offerDatabase(settings, answering(true));

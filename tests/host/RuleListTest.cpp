@@ -35,13 +35,13 @@ TEST(RuleList, IsUtf8) {
     EXPECT_EQ(listText({{u"1", true, u"रात 🌙"}}), "1  on   1  रात 🌙\n");
 }
 
-TEST(RuleId, HasOneForm) {
+TEST(RuleId, LosesItsLeadingZeros) {
     EXPECT_EQ(ruleId("7"), "7");
     EXPECT_EQ(ruleId("007"), "7");
     EXPECT_EQ(ruleId("-1"), "-1");
 }
 
-TEST(RuleId, IsANumber) {
+TEST(RuleId, MustBeANumber) {
     for (const char *text : {"", "a", "7a", " 7", "+7", "1.5", "99999999999999999999"}) {
         EXPECT_THROW(static_cast<void>(ruleId(text)), Failure) << text;
     }

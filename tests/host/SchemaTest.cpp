@@ -53,7 +53,7 @@ TEST_F(Schema, EveryTableIsMadeWithItsKeyColumnsAndDefaults) {
               u"commit"}));
 }
 
-TEST_F(Schema, WhatADatabaseWantsBehindATableStandsThere) {
+TEST_F(Schema, ATableEndsWithTheOptionsThatTheDatabaseNeeds) {
     script().types.behindTable = u"CHARSET x";
     createSchema(session().connection());
     EXPECT_EQ(

@@ -18,7 +18,7 @@ using testing::StartsWith;
 std::string refusal(std::string_view text) {
     try {
         static_cast<void>(parseConfiguration(text, "/etc/a.conf"));
-        ADD_FAILURE() << "understood: " << text;
+        ADD_FAILURE() << "no Failure was raised for " << text;
         return {};
     } catch (const Failure &failure) {
         EXPECT_EQ(failure.status(), exit_status::unusable);
@@ -89,7 +89,7 @@ protected:
     std::string failure(std::map<Option, std::string> given = {}) {
         try {
             const kvex::host::Settings settings = chosen(std::move(given));
-            ADD_FAILURE() << "chosen: " << settings.database;
+            ADD_FAILURE() << "no Failure was raised; the database is " << settings.database;
             return {};
         } catch (const Failure &failed) {
             EXPECT_EQ(failed.status(), exit_status::unusable);
@@ -155,7 +155,7 @@ TEST_F(Settings, TakeAServersConnectionStringAsItIs) {
     EXPECT_FALSE(chosen().isOwnDatabase);
 }
 
-TEST_F(Settings, RefuseAUrlWhoeverNamesIt) {
+TEST_F(Settings, RefuseAUrlFromEverySource) {
     const std::string url = "mysql://app:s3cret@db/sms";
     const std::string advice = " \"mysql://…\" is a URL, which kvexrules does not take. Use this "
                                "connection string: Driver={MariaDB Unicode};Server=db;"
@@ -169,7 +169,7 @@ TEST_F(Settings, RefuseAUrlWhoeverNamesIt) {
                              (folder / "config/kvex/kvexrules.conf").string() + "." + advice);
 }
 
-TEST_F(Settings, RefuseAUserWhoIsNoNumber) {
+TEST_F(Settings, RefuseAUserIdThatIsNoNumber) {
     EXPECT_THAT(
         failure({{Option::user, "asha"}}),
         testing::StrEq("\"asha\" is not the id of a user. An id is a number, as in: --user 1"));
@@ -194,7 +194,7 @@ TEST_F(Settings, RefuseAConfigurationThatCannotBeReached) {
                              "readable or remove it.");
 }
 
-TEST_F(Settings, NeedADatabasesNameFromAUserWithoutAHome) {
+TEST_F(Settings, NeedANamedDatabaseWithoutAHome) {
     for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"}) {
         environment.set(name, std::nullopt);
     }
@@ -203,7 +203,7 @@ TEST_F(Settings, NeedADatabasesNameFromAUserWithoutAHome) {
     EXPECT_EQ(chosen({{Option::database, "a.db"}}).database, "a.db");
 }
 
-TEST_F(Settings, SayWhoNamedTheDatabase) {
+TEST_F(Settings, SayWhereTheDatabasesNameCameFrom) {
     EXPECT_EQ(chosen().databaseOrigin, "The database is your own, because no other was named.");
     configure("database = a.db");
     EXPECT_EQ(chosen().databaseOrigin, "The database was named in " +
@@ -219,7 +219,7 @@ TEST_F(Settings, RefuseAChosenLogThatCannotBeWritten) {
     const kvex::host::Settings settings = chosen({{Option::log, (folder / "file/a.log").string()}});
     try {
         requireWritableLog(settings);
-        ADD_FAILURE() << "written";
+        ADD_FAILURE() << "no Failure was raised";
     } catch (const Failure &failed) {
         EXPECT_EQ(failed.what(), "The log " + (folder / "file/a.log").string() +
                                      " cannot be written (Not a directory). Choose another with "

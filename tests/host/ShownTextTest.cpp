@@ -5,7 +5,7 @@
 namespace kvex::host {
 namespace {
 
-TEST(Passwords, LeaveAConnectionString) {
+TEST(Passwords, AreHiddenInAConnectionString) {
     EXPECT_EQ(withoutPasswords(u"DSN=sms;UID=app;PWD=s3cret"), u"DSN=sms;UID=app;PWD=***");
     EXPECT_EQ(withoutPasswords(u"Password = s3 cret ;DSN=sms"), u"Password = ***;DSN=sms");
 }
@@ -20,11 +20,11 @@ TEST(Passwords, EndWhereTheirBracesOrQuotesDo) {
     EXPECT_EQ(withoutPasswords(u"Pwd='a;b';DSN=sms"), u"Pwd=***;DSN=sms");
 }
 
-TEST(Passwords, ThatAreNotClosedLeaveWithTheRest) {
+TEST(Passwords, WithoutAClosingMarkAreHiddenWithTheRest) {
     EXPECT_EQ(withoutPasswords(u"Pwd={a;DSN=sms"), u"Pwd=***");
 }
 
-TEST(Passwords, LeaveASentenceAroundThem) {
+TEST(Passwords, AreHiddenWithoutTheSentenceAroundThem) {
     EXPECT_EQ(withoutPasswords(u"cannot open DSN=a;PWD=b; try again"),
               u"cannot open DSN=a;PWD=***; try again");
 }
@@ -36,7 +36,7 @@ TEST(Passwords, AreNotSeenInOtherNames) {
     }
 }
 
-TEST(Passwords, BelongToAWholeName) {
+TEST(Passwords, AreFoundOnlyBehindAWholeName) {
     for (const char16_t part : std::u16string(u"azAZ09_")) {
         EXPECT_EQ(withoutPasswords(part + std::u16string(u"pwd=x")),
                   part + std::u16string(u"pwd=x"));
@@ -54,12 +54,12 @@ TEST(Passwords, MayHaveBlanksAroundTheSign) {
     EXPECT_EQ(withoutPasswords(u"PWD "), u"PWD ");
 }
 
-TEST(Passwords, ThatAreEmptyStayUnknown) {
+TEST(Passwords, ThatAreEmptyLookLikeOthers) {
     EXPECT_EQ(withoutPasswords(u"PWD=;DSN=sms"), u"PWD=***;DSN=sms");
     EXPECT_EQ(withoutPasswords(u"PWD="), u"PWD=***");
 }
 
-TEST(Passwords, LeaveAUrl) {
+TEST(Passwords, AreHiddenInAUrl) {
     EXPECT_EQ(withoutPasswords(u"postgresql://app:s3cret@db:5432/sms"),
               u"postgresql://app:***@db:5432/sms");
     EXPECT_EQ(withoutPasswords(u"x://app:a@b:c/d ?@db"), u"x://app:***@db");
@@ -87,7 +87,7 @@ TEST(VisibleText, WritesLineBreaksAndTabsOut) {
     EXPECT_EQ(visible(u"a\r\nb\tc"), u"a\\r\\nb\\tc");
 }
 
-TEST(VisibleText, TellsABackslashFromAnEscape) {
+TEST(VisibleText, DistinguishesABackslashFromAnEscape) {
     EXPECT_EQ(visible(u"a\\nb"), u"a\\\\nb");
     EXPECT_NE(visible(u"a\\nb"), visible(u"a\nb"));
 }

@@ -29,7 +29,7 @@ protected:
     ComPointer<IUtility> utility;
 };
 
-TEST_F(SuiteConfiguration, IsWhatUtilityObjectsGiveOut) {
+TEST_F(SuiteConfiguration, GivesItsTextsToUtilityObjects) {
     Bstr text;
     EXPECT_EQ(utility->GetConnectionString(text.put()), S_OK);
     EXPECT_EQ(text.text(), u"DSN=sms");

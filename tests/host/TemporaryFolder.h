@@ -16,7 +16,7 @@ public:
     TemporaryFolder() {
         std::string name = (std::filesystem::temp_directory_path() / "kvexXXXXXX").string();
         if (mkdtemp(name.data()) == nullptr) {
-            throw std::runtime_error("no temporary folder");
+            throw std::runtime_error("cannot create a temporary folder");
         }
         path_ = name;
     }

@@ -38,7 +38,7 @@ TEST(UserFolders, IgnoreRelativeVariables) {
     EXPECT_EQ(dataFolder(), "/users/asha/.local/share/kvex");
 }
 
-TEST(UserFolders, AreNowhereForAUserWithoutAHome) {
+TEST(UserFolders, AreEmptyForAUserWithoutAHome) {
     EnvironmentVariables environment;
     environment.set("HOME", std::nullopt);
     environment.set("XDG_STATE_HOME", std::nullopt);
@@ -70,7 +70,7 @@ TEST(OwnFolder, MayEndInASeparator) {
     EXPECT_TRUE(std::filesystem::is_directory(folder / "a"));
 }
 
-TEST(OwnFolder, TellsWhyItCannotBeMade) {
+TEST(OwnFolder, GivesTheReasonWhenItCannotBeMade) {
     const TemporaryFolder folder;
     writeFile(folder / "file", "");
     EXPECT_EQ(makeOwnFolder(folder / "file/a"), std::errc::file_exists);

@@ -114,7 +114,7 @@ TEST_F(Utility, NamesNoLogThatCouldNotBeWritten) {
     EXPECT_THAT(toUtf8(utility->shown[0].text), testing::EndsWith("repeat what is missing."));
 }
 
-TEST_F(Utility, ShowsNoErrorThatItIsNotToShow) {
+TEST_F(Utility, DoesNotShowAnErrorWhoseFlagIsFalse) {
     EXPECT_EQ(logError(-1, u"refused", VARIANT_FALSE), S_OK);
     EXPECT_THAT(readFile(file), HasSubstr("refused"));
     EXPECT_TRUE(utility->shown.empty());
@@ -127,7 +127,7 @@ TEST_F(Utility, ShowsNoPassword) {
     EXPECT_THAT(readFile(file), testing::Not(HasSubstr("s3cret")));
 }
 
-TEST_F(Utility, TellsOnStandardErrorWhatItCannotShow) {
+TEST_F(Utility, WritesToStandardErrorWhatItCannotShow) {
     utility->hasNoWindows = true;
     testing::internal::CaptureStderr();
     EXPECT_EQ(logError(-1, u"refused"), S_OK);

@@ -55,14 +55,14 @@ TEST(ConnectionText, TheProvidersNamesOfKeysBecomeOdbcs) {
               u"DSN=rules;UID=u;PWD=p;DATABASE=d;");
 }
 
-TEST(ConnectionText, TheTimeoutIsOursAndFifteenSecondsWithoutOne) {
+TEST(ConnectionText, TheAdapterKeepsTheTimeoutWhichIsFifteenSecondsByDefault) {
     EXPECT_EQ(timeoutOf(ConnectionString(u"DSN=rules")), 15);
     EXPECT_EQ(timeoutOf(ConnectionString(u"DSN=rules;connect timeout=4")), 4);
     EXPECT_EQ(timeoutOf(ConnectionString(u"DSN=rules;Connection Timeout=3600")), 3600);
     EXPECT_EQ(native(u"DSN=rules;Connect Timeout=4"), u"DSN=rules;");
 }
 
-TEST(ConnectionText, ATimeoutThatIsNoneIsRefused) {
+TEST(ConnectionText, AnInvalidTimeoutIsRefused) {
     for (const std::u16string_view value : {u"", u"0", u"-1", u"soon", u"1.5", u"3601", u"99999"}) {
         const ConnectionString text(u"DSN=rules;Connect Timeout=" + std::u16string(value));
         EXPECT_EQ(errorNumber([&] { static_cast<void>(timeoutOf(text)); }),
@@ -129,7 +129,7 @@ TEST(ConnectionText, OneServerAndAnotherDriversCommaStayAsTheyAre) {
     }
 }
 
-TEST(ConnectionText, SeveralServersShareTheTimeThatLettingInMayTake) {
+TEST(ConnectionText, SeveralServersShareTheTimeoutOfTheLogin) {
     const auto seconds = [](const char16_t *text) {
         return loginTimeoutOf(ConnectionString(text));
     };

@@ -134,7 +134,7 @@ TEST_P(OdbcDatabase, ATextTooLongForItsColumnIsRefusedAndNothingIsCut) {
     }
 }
 
-TEST_P(OdbcDatabase, WhatRanInATransactionThatWasUndoneRunsAgain) {
+TEST_P(OdbcDatabase, AStatementOfAnUndoneTransactionRunsAgain) {
     recordset::ClientRecordset stored;
     Recordset &rules = stored;
     rules.open(u"SELECT * FROM SMS_RULES", connection, CursorType::dynamic, LockType::optimistic);
@@ -165,7 +165,7 @@ TEST_P(OdbcDatabase, DecimalsAreIntegersWhereTheyAreWhole) {
     EXPECT_EQ(sums.field(u"HOWMANY").int32(), 1);
 }
 
-TEST_P(OdbcDatabase, AnEmptyStatementIsNone) {
+TEST_P(OdbcDatabase, AnEmptyStatementIsRefused) {
     recordset::ClientRecordset records;
     const auto error = raisedBy([&] { static_cast<Recordset &>(records).open(u" ", connection); });
     ASSERT_TRUE(error);
@@ -266,12 +266,12 @@ template <class Server> void expectToFitAChangedTable(Server &server, const char
     server.dropDatabase("changed");
 }
 
-TEST(OdbcPostgreSql, WhatRanBeforeFitsAChangedTable) {
+TEST(OdbcPostgreSql, StatementsThatRanBeforeFitAChangedTable) {
     expectToFitAChangedTable(PostgreSqlServer::shared(),
                              "ALTER TABLE SMS_RULES ALTER COLUMN Name TYPE text");
 }
 
-TEST(OdbcMariaDb, WhatRanBeforeFitsAChangedTable) {
+TEST(OdbcMariaDb, StatementsThatRanBeforeFitAChangedTable) {
     expectToFitAChangedTable(MariaDbServer::shared(), "ALTER TABLE SMS_RULES MODIFY Name TEXT");
 }
 
@@ -347,7 +347,7 @@ TEST(OdbcMariaDb, ASilentServerEndsACall) {
     EXPECT_EQ(error->number(), recordset::connectionLost) << error->what();
 }
 
-TEST(OdbcDriverManager, ADriverThatIsNotInstalledIsSaidByItsName) {
+TEST(OdbcDriverManager, ADriverThatIsNotInstalledIsNamed) {
     recordset::ClientConnection client({odbc::provider()});
     const auto error = raisedBy(
         [&] { static_cast<Connection &>(client).open(u"Driver={Unheard Of};PWD=hidden"); });

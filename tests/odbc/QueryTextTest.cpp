@@ -1,4 +1,4 @@
-// What the text of a query tells without the server.
+// What the adapter learns from a query's text, without asking the server.
 #include "adapters/odbc/QueryText.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// How the kinds of servers are told apart.
+// How the adapter recognises the kind of a server.
 #include "adapters/odbc/ServerKind.h"
 
 #include <gtest/gtest.h>

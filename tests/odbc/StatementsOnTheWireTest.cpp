@@ -42,7 +42,7 @@ bool contains(const std::string &text, std::string_view part) {
     return std::search(text.begin(), text.end(), part.begin(), part.end(), isSame) != text.end();
 }
 
-/// True for a statement on the tables of the rules; the driver itself sends all others.
+/// True for a statement that the editor sends. The driver itself sends all others.
 bool isOurs(const Asked &asked) {
     return contains(asked.text, "SMS_") && !contains(asked.text, "PG_CATALOG") &&
            !contains(asked.text, "INFORMATION_SCHEMA");

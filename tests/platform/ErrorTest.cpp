@@ -39,7 +39,7 @@ TEST(Error, IsOfTheDatabaseWhenItsNumberIsNegative) {
     EXPECT_FALSE(Error(error_number::noCurrentRecord).fromDatabase());
 }
 
-TEST(Error, TellsItselfToDiagnosticStreams) {
+TEST(Error, PrintsItsNumberDescriptionAndSource) {
     EXPECT_STREQ(Error(6, u"Zu groß", u"Quelle").what(), "error 6: Zu gro\xC3\x9F (Quelle)");
 }
 

@@ -37,17 +37,17 @@ protected:
                                             "TEL;VALUE=uri:tel:+91-98111\r\nEND:VCARD\r\n";
 };
 
-TEST_F(Contacts, AreTakenFromVCards) {
+TEST_F(Contacts, AreImportedFromVCards) {
     const Outcome outcome = imported("book.vcf", twoCards);
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.output, "2 contacts taken, 0 skipped.\n");
+    EXPECT_EQ(outcome.output, "2 contacts added, 0 skipped.\n");
     EXPECT_EQ(outcome.errors, "");
     EXPECT_EQ(rows(), "1|Asha Rao|9811100011\n1|अनिल 🚨|+91-98111\n");
 }
 
-TEST_F(Contacts, AreTakenFromATable) {
+TEST_F(Contacts, AreImportedFromATable) {
     EXPECT_EQ(imported("book.csv", "Name;Mobile\nRao, Asha;98\n").output,
-              "1 contact taken, 0 skipped.\n");
+              "1 contact added, 0 skipped.\n");
     EXPECT_EQ(rows(), "1|Rao, Asha|98\n");
 }
 
@@ -58,11 +58,11 @@ TEST_F(Contacts, BelongToTheUserWhoIsNamed) {
     EXPECT_EQ(done({"contacts", "list", "--user", "7"}), "1\tA\t98\n");
 }
 
-TEST_F(Contacts, AreNotTakenTwice) {
+TEST_F(Contacts, AreNotImportedTwice) {
     imported("book.vcf", twoCards);
     const Outcome again = imported("book.vcf", twoCards);
     EXPECT_EQ(again.status, 0);
-    EXPECT_EQ(again.output, "0 contacts taken, 2 already there, 0 skipped.\n");
+    EXPECT_EQ(again.output, "0 contacts added, 2 already there, 0 skipped.\n");
     EXPECT_EQ(rows("COUNT(*)"), "2\n");
 }
 
@@ -71,7 +71,7 @@ TEST_F(Contacts, ThatCannotBeReadAreNamedWithTheirLine) {
         imported("book.vcf", std::string(twoCards) + "BEGIN:VCARD\nVERSION:4.0\nFN:B\nEND:VCARD\n"
                                                      "BEGIN:VCARD\nVERSION:2.1\nTEL:1\n");
     EXPECT_EQ(cards.status, 1);
-    EXPECT_EQ(cards.output, "2 contacts taken, 2 skipped.\n");
+    EXPECT_EQ(cards.output, "2 contacts added, 2 skipped.\n");
     EXPECT_EQ(cards.errors, "kvexrules: book.vcf:11: the card has no telephone number; skipped\n"
                             "kvexrules: book.vcf:15: the card has no END; skipped\n");
     const Outcome table = imported("book.csv", "Name,Mobile\nA,\nB,2\n");
@@ -79,7 +79,7 @@ TEST_F(Contacts, ThatCannotBeReadAreNamedWithTheirLine) {
     EXPECT_EQ(table.errors, "kvexrules: book.csv:2: the row has no telephone number; skipped\n");
 }
 
-TEST_F(Contacts, OfAFileThatHoldsNoneAreNotTaken) {
+TEST_F(Contacts, CannotBeImportedFromAFileThatHoldsNone) {
     writeFile(folder / "head.csv", "Name,Mobile\n");
     EXPECT_EQ(failed(2, {"contacts", "import", "head.csv"}),
               "kvexrules: head.csv holds no contacts that can be read. Its first row names the "
@@ -95,10 +95,10 @@ TEST_F(Contacts, OfAFileThatHoldsNoneAreNotTaken) {
                 HasSubstr("cannot be read"));
     const Outcome skipped = imported("all.csv", "Name,Mobile\nA,\n");
     EXPECT_EQ(skipped.status, 2);
-    EXPECT_EQ(skipped.output, "0 contacts taken, 1 skipped.\n");
+    EXPECT_EQ(skipped.output, "0 contacts added, 1 skipped.\n");
 }
 
-TEST_F(Contacts, OfAFileWithoutAnEndOrWithNothingAreNotTaken) {
+TEST_F(Contacts, CannotBeImportedFromAnEndlessOrEmptyFile) {
     EXPECT_EQ(failed(2, {"contacts", "import", "/dev/zero"}),
               "kvexrules: /dev/zero is longer than 256 MiB. Name a file of contacts, or split it "
               "into several files.\n");
@@ -109,12 +109,12 @@ TEST_F(Contacts, OfAFileWithoutAnEndOrWithNothingAreNotTaken) {
     EXPECT_THAT(binary.errors, HasSubstr("It is not text: it holds bytes of value 0."));
 }
 
-TEST_F(Contacts, AreNotTakenIntoATableThatIsNotThere) {
+TEST_F(Contacts, CannotBeImportedIntoAMissingTable) {
     sqlite3(database, "DROP TABLE SMS_CONTACTS");
     EXPECT_EQ(imported("book.vcf", twoCards).status, 2);
 }
 
-TEST_F(Contacts, AreTakenAllOrNone) {
+TEST_F(Contacts, AreImportedAllOrNone) {
     sqlite3(database, "CREATE TRIGGER refuse BEFORE INSERT ON SMS_CONTACTS WHEN NEW.NAME = 'B' "
                       "BEGIN SELECT RAISE(ABORT, 'no room for B'); END");
     const Outcome outcome = imported("book.csv", "Name,Mobile\nA,1\nB,2\nC,3\n");
@@ -124,25 +124,25 @@ TEST_F(Contacts, AreTakenAllOrNone) {
     EXPECT_EQ(rows("COUNT(*)"), "0\n");
 }
 
-TEST_F(Contacts, AreTakenFromStandardInput) {
+TEST_F(Contacts, AreImportedFromStandardInput) {
     const Outcome outcome = importedFromInput(twoCards + std::string("FN:A\n"));
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.output, "2 contacts taken, 1 skipped.\n");
+    EXPECT_EQ(outcome.output, "2 contacts added, 1 skipped.\n");
     EXPECT_EQ(outcome.errors,
               "kvexrules: standard input:11: the text belongs to no card; skipped\n");
     EXPECT_EQ(rows("NAME"), "Asha Rao\nअनिल 🚨\n");
 }
 
-TEST_F(Contacts, AreTakenFromUtf16) {
+TEST_F(Contacts, AreImportedFromUtf16) {
     using namespace std::string_literals;
     EXPECT_EQ(imported("book.csv", "\xFF\xFEN\0a\0m\0e\0;\0T\0e\0l\0\n\0\x05\x09;\0"s
                                    "9\0\n\0"s)
                   .output,
-              "1 contact taken, 0 skipped.\n");
+              "1 contact added, 0 skipped.\n");
     EXPECT_EQ(rows(), "1|अ|9\n");
 }
 
-TEST_F(Contacts, TellsThatAFileIsTakenAsWindows1252) {
+TEST_F(Contacts, AreReadAsWindows1252WithAMessage) {
     const Outcome outcome = imported("book.csv", "Name,Mobile\nRen\xE9,98\n");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "kvexrules: book.csv is not UTF-8, so it was read as Windows-1252. "
@@ -150,17 +150,17 @@ TEST_F(Contacts, TellsThatAFileIsTakenAsWindows1252) {
     EXPECT_EQ(rows(), "1|René|98\n");
 }
 
-TEST_F(Contacts, ThatWereStoredAreToldOfWhereTheReportCannotBeWritten) {
+TEST_F(Contacts, ThatWereStoredAreCountedOnStandardErrorWhenTheOutputFails) {
     writeFile(folder / "book.vcf", twoCards);
     const Outcome full = kvexrules({"contacts", "import", "book.vcf"}, Output::full);
     EXPECT_EQ(full.status, 1);
     EXPECT_EQ(full.errors,
-              "kvexrules: 2 contacts taken, 0 skipped. The output cannot be written (No space left "
+              "kvexrules: 2 contacts added, 0 skipped. The output cannot be written (No space left "
               "on device). Redirect it to a terminal, a pipe or a disk with free space.\n");
     EXPECT_EQ(rows("COUNT(*)"), "2\n");
     const Outcome gone = kvexrules({"contacts", "import", "book.vcf"}, Output::withoutReader);
     EXPECT_EQ(gone.status, 0);
-    EXPECT_EQ(gone.errors, "kvexrules: 0 contacts taken, 2 already there, 0 skipped.\n");
+    EXPECT_EQ(gone.errors, "kvexrules: 0 contacts added, 2 already there, 0 skipped.\n");
 }
 
 TEST_F(Contacts, AreRemovedByTheirIds) {
@@ -210,7 +210,7 @@ TEST_F(Contacts, AreExportedAsVCardsOrCsv) {
               "kvexrules: There is no format \"html\". The formats are vcard and csv.\n");
 }
 
-TEST_F(Contacts, AreExportedIntoAFileOfTheOwnersThatIsNotReplacedUnasked) {
+TEST_F(Contacts, AreExportedIntoAFileForItsOwnerThatIsReplacedOnlyOnRequest) {
     addContacts("(3, 1, 'A', '1')");
     EXPECT_EQ(done({"contacts", "export", "book.vcf"}), "1 contact written.\n");
     const auto permissions = std::filesystem::status(folder / "book.vcf").permissions();
@@ -238,7 +238,7 @@ TEST_F(Contacts, AreExportedIntoAFileOfTheOwnersThatIsNotReplacedUnasked) {
                      ? 1
                      : 0;
     }
-    EXPECT_EQ(files, 2U) << "nothing half written stays";
+    EXPECT_EQ(files, 2U) << "a half-written file was left";
 }
 
 TEST_F(Contacts, ThatWereExportedAreTheSameWhenImported) {
@@ -250,11 +250,11 @@ TEST_F(Contacts, ThatWereExportedAreTheSameWhenImported) {
     for (const std::string file : {"book.vcf", "book.csv"}) {
         done({"contacts", "export", file});
         EXPECT_EQ(done({"contacts", "import", file, "--user", "1"}),
-                  "1 contact taken, 4 already there, 0 skipped.\n")
-            << "nobody's contact becomes the user's";
+                  "1 contact added, 4 already there, 0 skipped.\n")
+            << "a contact of nobody was not added for the user";
         sqlite3(database, "DELETE FROM SMS_CONTACTS WHERE ID > 5");
         EXPECT_EQ(done({"contacts", "import", file, "--user", "7"}),
-                  "5 contacts taken, 0 skipped.\n");
+                  "5 contacts added, 0 skipped.\n");
         EXPECT_EQ(sqlite3(database, "SELECT NAME, MOBILE FROM SMS_CONTACTS WHERE USER_ID = 7 "
                                     "ORDER BY ID"),
                   "अनिल 🚨|+91 98-11\nO'Neill \"Ace\", \\; Rao|12\nLine break|(98) 11\n77|77\n" +
@@ -263,7 +263,7 @@ TEST_F(Contacts, ThatWereExportedAreTheSameWhenImported) {
     }
 }
 
-TEST_F(Contacts, AreNotTakenIntoADatabaseThatIsNotThere) {
+TEST_F(Contacts, CannotBeImportedIntoAMissingDatabase) {
     writeFile(folder / "book.vcf", twoCards);
     EXPECT_THAT(failed(2, {"contacts", "import", "book.vcf", "--database", "none.db"}),
                 HasSubstr("none.db does not exist"));
@@ -280,7 +280,7 @@ TEST_F(Contacts, AreListedEachOnItsLine) {
     EXPECT_EQ(done({"contacts", "list"}), "3\tDesk\t1\n6\t\t\n12\ta\\n\\t\\\\ O'Neill 🌙\t98 11\n");
 }
 
-TEST_F(Contacts, WantToBeToldWhatToDo) {
+TEST_F(Contacts, NeedAVerb) {
     for (const std::vector<std::string> &words : {std::vector<std::string>{"contacts"},
                                                   {"contacts", "import"},
                                                   {"contacts", "lst"},
@@ -294,17 +294,17 @@ TEST_F(Contacts, WantToBeToldWhatToDo) {
 
 TEST_F(Contacts, TakeOptionsOnlyWhereTheyBelong) {
     EXPECT_EQ(failed(2, {"contacts", "list", "--format", "csv"}),
-              "kvexrules: Use --format and --replace only with kvexrules contacts export.\n");
+              "kvexrules: Of the contacts commands, only export takes --format and --replace.\n");
     EXPECT_EQ(failed(2, {"contacts", "import", "a.vcf", "--replace"}),
-              "kvexrules: Use --format and --replace only with kvexrules contacts export.\n");
+              "kvexrules: Of the contacts commands, only export takes --format and --replace.\n");
 }
 
-TEST_F(Contacts, ComeByTheThousand) {
+TEST_F(Contacts, MayBeFiftyThousand) {
     std::string text = "Name,Mobile\n";
     for (int i = 1; i <= 50000; ++i) {
         text += "Contact " + std::to_string(i) + ",98" + std::to_string(i) + "\n";
     }
-    EXPECT_EQ(imported("book.csv", text).output, "50000 contacts taken, 0 skipped.\n");
+    EXPECT_EQ(imported("book.csv", text).output, "50000 contacts added, 0 skipped.\n");
     EXPECT_EQ(rows("COUNT(*), COUNT(DISTINCT MOBILE)"), "50000|50000\n");
 }
 

@@ -10,7 +10,7 @@ using testing::Not;
 
 class Database : public KvexrulesTest {
 protected:
-    /// The message of "list" for it. "show" must give the same.
+    /// The message of "list" for this database. "show" must give the same.
     std::string complaint(const std::string &name) const {
         std::string told = failed(2, {"list", "--database", name});
         EXPECT_EQ(failed(2, {"show", "--all", "--database", name}), told);
@@ -31,13 +31,13 @@ TEST_F(Database, ThatIsEmptyHasNoTables) {
                 AllOf(HasSubstr(database.string() + " is empty"), HasSubstr("kvexrules init")));
 }
 
-TEST_F(Database, ThatIsAnotherFileIsNone) {
+TEST_F(Database, ThatIsAnotherKindOfFileIsRefused) {
     writeFile(database, std::string(5000, 'x'));
     EXPECT_THAT(complaint(database), HasSubstr(database.string() + " is no database"));
     EXPECT_EQ(readFile(database), std::string(5000, 'x'));
 }
 
-TEST_F(Database, ThatIsAFolderIsNone) {
+TEST_F(Database, ThatIsAFolderIsRefused) {
     EXPECT_THAT(complaint(folder.path()), HasSubstr("is a folder"));
 }
 
@@ -49,7 +49,7 @@ TEST_F(Database, ThatIsDamagedCannotBeRead) {
     EXPECT_THAT(complaint(database), AllOf(HasSubstr("is damaged"), HasSubstr("backup")));
 }
 
-TEST_F(Database, OfAnotherProgramHasNotTheTables) {
+TEST_F(Database, OfAnotherProgramLacksTheTables) {
     sqlite3(database, "CREATE TABLE OTHER (A)");
     EXPECT_THAT(complaint(database), AllOf(HasSubstr("no table SMS_RULES"), HasSubstr("name")));
 }
@@ -63,16 +63,16 @@ TEST_F(Database, MayNotBeNamedByAnUnreadableText) {
                 HasSubstr("connection string cannot be read"));
 }
 
-TEST_F(Database, NeverHasItsPasswordTold) {
+TEST_F(Database, NeverHasItsPasswordShown) {
     EXPECT_THAT(complaint("Driver={None};UID=app;PWD=s3cret"), Not(HasSubstr("s3cret")));
     EXPECT_THAT(complaint("Driver={None};PWD={s3;cret"), Not(HasSubstr("cret")));
 }
 
-TEST_F(Database, NeverHasItsPasswordToldWhereItsOptionWasForgotten) {
+TEST_F(Database, NeverHasItsPasswordShownWhenItsOptionWasForgotten) {
     EXPECT_THAT(failed(2, {"DSN=sms;PWD=s3cret"}),
                 AllOf(HasSubstr("no command \"DSN=…\". See"), Not(HasSubstr("cret"))));
     EXPECT_THAT(failed(2, {"list", "DSN=sms;PWD=s3cret"}),
-                AllOf(HasSubstr("takes no word \"DSN=…\". See"), Not(HasSubstr("cret"))));
+                AllOf(HasSubstr("does not take \"DSN=…\". See"), Not(HasSubstr("cret"))));
 }
 
 TEST_F(Database, NeverHasItsPasswordListedWithTheProcess) {

@@ -1,4 +1,4 @@
-// The rule editor where it cannot show windows. Other tests cover it with windows.
+// kvexrules edit without a display. Other tests show its windows.
 #include "tests/process/KvexrulesTest.h"
 
 namespace kvex::process {

@@ -1,4 +1,4 @@
-// The behaviour that all commands share.
+// What all commands do alike.
 #include "tests/process/KvexrulesTest.h"
 
 namespace kvex::process {
@@ -10,7 +10,7 @@ using testing::Not;
 
 class Kvexrules : public KvexrulesTest {};
 
-TEST_F(Kvexrules, TellsItsVersion) {
+TEST_F(Kvexrules, PrintsItsVersion) {
     EXPECT_THAT(done({"version"}), testing::MatchesRegex("kvexrules [0-9]+\\.[0-9]+\\.[0-9]+\n"));
     EXPECT_EQ(done({"--version"}), done({"version"}));
 }
@@ -28,7 +28,7 @@ TEST_F(Kvexrules, HelpsOnStandardOutput) {
 TEST_F(Kvexrules, RefusesWhatItDoesNotKnow) {
     EXPECT_THAT(failed(2, {"lsit"}), HasSubstr("no command \"lsit\""));
     EXPECT_THAT(failed(2, {"list", "--quick"}), HasSubstr("no option --quick"));
-    EXPECT_THAT(failed(2, {"list", "extra"}), HasSubstr("takes no word \"extra\""));
+    EXPECT_THAT(failed(2, {"list", "extra"}), HasSubstr("does not take \"extra\""));
     EXPECT_THAT(failed(2, {"list", "--sample"}), HasSubstr("has no option --sample"));
     EXPECT_THAT(failed(2, {"list", "--database"}), HasSubstr("needs a value"));
 }
@@ -49,7 +49,7 @@ TEST_F(Kvexrules, EndsQuietlyWhenTheReaderHasGone) {
     EXPECT_EQ(outcome.errors, "");
 }
 
-TEST_F(Kvexrules, TellsWhenItsOutputIsLost) {
+TEST_F(Kvexrules, ReportsOutputThatCannotBeWritten) {
     done({"init", "--sample"});
     for (const Output output : {Output::closed, Output::full}) {
         const Outcome outcome = kvexrules({"list"}, output);

@@ -153,7 +153,7 @@ TEST_F(Init, MakesNoFolderForADatabaseThatWasNamed) {
     EXPECT_FALSE(std::filesystem::exists(folder / "no"));
 }
 
-TEST_F(Init, TellsWhenTheUsersFolderCannotBeMade) {
+TEST_F(Init, ReportsThatTheUsersFolderCannotBeMade) {
     environment.erase("KVEX_DATABASE");
     writeFile(folder / "file", "");
     environment["XDG_DATA_HOME"] = (folder / "file").string();
@@ -161,7 +161,7 @@ TEST_F(Init, TellsWhenTheUsersFolderCannotBeMade) {
                 AllOf(HasSubstr("cannot be created"), HasSubstr("--database")));
 }
 
-TEST_F(Init, MakesNoServersDatabase) {
+TEST_F(Init, DoesNotCreateADatabaseOnAServer) {
     EXPECT_THAT(failed(2, {"init", "--database", "DSN=none;PWD=s3cret"}),
                 AllOf(HasSubstr("no ODBC data source"), HasSubstr("administrator"),
                       HasSubstr("named by --database"), testing::Not(HasSubstr("s3cret"))));

@@ -27,7 +27,7 @@ protected:
     std::filesystem::path place = folder / "place";
 };
 
-TEST_F(Installation, LogsInTheComponentsFolderButForRoot) {
+TEST_F(Installation, LogsInTheComponentsFolderExceptForRoot) {
     install({"libKVEXClassServer.so", "libKVEXMessageRules.so"});
     sqlite3(database, "UPDATE SMS_RULES SET Name = NULL WHERE ID = 1");
     const Outcome outcome = kvexrules({"show", "1"});
@@ -79,14 +79,14 @@ TEST_F(Installation, WithoutAComponentUsesTheRegisteredOne) {
     EXPECT_THAT(failed(2, {"show", "7"}), HasSubstr("There is no rule component"));
 }
 
-TEST_F(Installation, TellsWhenTheRegistrationCannotBeWritten) {
+TEST_F(Installation, ReportsThatTheRegistrationCannotBeWritten) {
     writeFile(folder / "file", "");
     environment["XDG_DATA_HOME"] = (folder / "file").string();
     EXPECT_THAT(failed(2, {"register"}),
                 AllOf(HasSubstr("cannot be changed"), HasSubstr("$XDG_DATA_HOME")));
 }
 
-TEST_F(Installation, IsRegisteredByNobodyWithoutAHome) {
+TEST_F(Installation, CannotBeRegisteredWithoutAHome) {
     environment.erase("HOME");
     for (const char *command : {"register", "unregister"}) {
         EXPECT_EQ(failed(2, {command}), "kvexrules: There is no folder for the registration: "

@@ -61,7 +61,7 @@ TEST_F(List, ReadsADatabaseThatMayNotBeWritten) {
     EXPECT_EQ(done({"list", "--database", file}), "1  on   1  a\n");
 }
 
-TEST_F(List, OfTheSamplesIsWhole) {
+TEST_F(List, OfTheSampleHasEveryRule) {
     database = folder / "samples.db";
     environment["KVEX_DATABASE"] = database.string();
     done({"init", "--sample"});

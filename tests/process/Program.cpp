@@ -21,7 +21,7 @@ struct Pipe {
     Pipe() {
         std::array<int, 2> ends{};
         if (pipe2(ends.data(), O_CLOEXEC) != 0) {
-            throw std::runtime_error("no pipe");
+            throw std::runtime_error("cannot create a pipe");
         }
         reader = ends[0];
         writer = ends[1];
@@ -93,7 +93,7 @@ pid_t start(const std::filesystem::path &program, const std::vector<std::string>
         _exit(127);
     }
     if (child < 0) {
-        throw std::runtime_error("no process");
+        throw std::runtime_error("cannot start a process");
     }
     return child;
 }
@@ -143,7 +143,7 @@ Outcome runAtTerminal(const std::filesystem::path &program,
     close(std::exchange(terminal.program, -1));
     Outcome outcome;
     if (write(terminal.master, typed.data(), typed.size()) < 0) {
-        throw std::runtime_error("nothing can be typed");
+        throw std::runtime_error("cannot type into the terminal");
     }
     // At its end, read() fails: no process holds the terminal's other side any more.
     collect(terminal.master, -1, outcome);

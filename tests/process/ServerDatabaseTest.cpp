@@ -48,7 +48,7 @@ protected:
     [[nodiscard]] static std::string valueOf(const std::string &query) {
         return server().valueOf(name, query);
     }
-    /// The connection string up to the user, as the program's messages show it, too.
+    /// The connection string up to the user. The program's messages show this part unchanged.
     [[nodiscard]] static std::string place() {
         const std::string whole = server().odbcConnectionString(name);
         return whole.substr(0, whole.find("UID="));
@@ -120,7 +120,7 @@ TEST_P(ServerDatabase, WithATableOfAnotherShapeIsRefused) {
     done({"init"});
 }
 
-TEST_P(ServerDatabase, MustBeThereBeforeItsTables) {
+TEST_P(ServerDatabase, MustExistBeforeItsTables) {
     const std::string missing = server().odbcConnectionString("nowhere");
     const std::string password = missing.substr(missing.find("PWD=") + 4);
     EXPECT_THAT(failed(2, {"init", "--database", missing}),
@@ -130,7 +130,7 @@ TEST_P(ServerDatabase, MustBeThereBeforeItsTables) {
                       Not(HasSubstr(password))));
 }
 
-TEST_P(ServerDatabase, RefusesAWrongPasswordWithoutTellingIt) {
+TEST_P(ServerDatabase, RefusesAWrongPasswordWithoutShowingIt) {
     become("kvex", "{wr;ong}");
     for (const char *command : {"init", "list"}) {
         EXPECT_THAT(failed(2, {command}), AllOf(HasSubstr("correct UID and PWD"),
@@ -138,7 +138,7 @@ TEST_P(ServerDatabase, RefusesAWrongPasswordWithoutTellingIt) {
     }
 }
 
-TEST_P(ServerDatabase, IsEnoughForAnEditorWithFewRights) {
+TEST_P(ServerDatabase, CanBeEditedByAUserWithFewRights) {
     done({"init", "--sample"});
     const std::string list = done({"list"});
     const std::string shown = done({"show", "--all"});
@@ -154,7 +154,7 @@ TEST_P(ServerDatabase, IsEnoughForAnEditorWithFewRights) {
     EXPECT_THAT(failed(1, {"init"}), HasSubstr("has its tables already"));
 }
 
-TEST_P(ServerDatabase, TellsAUserWhoMayNotMakeTables) {
+TEST_P(ServerDatabase, RefusesAUserWhoMayNotMakeTables) {
     server().createUser("editor", "ed1t");
     server().run(name, GetParam().entry);
     become("editor", "ed1t");
@@ -164,7 +164,7 @@ TEST_P(ServerDatabase, TellsAUserWhoMayNotMakeTables) {
 
 class FileThroughOdbc : public KvexrulesTest {};
 
-TEST_F(FileThroughOdbc, IsFilledAsAFileIsAndNotMade) {
+TEST_F(FileThroughOdbc, IsFilledLikeAFileButNotMade) {
     const std::string file = (folder / "odbc.db").string();
     const std::string odbc = "Driver={SQLite3};Database=" + file;
     EXPECT_THAT(failed(2, {"init", "--database", odbc}), HasSubstr("cannot be reached"));

@@ -104,7 +104,7 @@ TEST_F(Show, WritesAWellFormedPage) {
     EXPECT_THAT(page, EndsWith("Rules</pre>\n</body>\n</html>\n"));
 }
 
-TEST_F(Show, TellsOfARuleThatIsNotThereAndShowsTheOthers) {
+TEST_F(Show, ReportsAMissingRuleAndShowsTheOthers) {
     const Outcome outcome = kvexrules({"show", "99", "7", "98"});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.output, everything);
@@ -114,12 +114,12 @@ TEST_F(Show, TellsOfARuleThatIsNotThereAndShowsTheOthers) {
                               "kvexrules list\n");
 }
 
-TEST_F(Show, KnowsNoDeletedRule) {
+TEST_F(Show, DoesNotShowADeletedRule) {
     sqlite3(database, "UPDATE SMS_RULES SET DELETED = 1 WHERE ID = 7");
     EXPECT_THAT(failed(1, {"show", "7"}), HasSubstr("no rule 7"));
 }
 
-TEST_F(Show, TellsOfARuleThatCannotBeReadWholeAndLogsIt) {
+TEST_F(Show, ReportsAndLogsARuleThatCannotBeReadWhole) {
     spoilRule();
     const Outcome outcome = kvexrules({"show", "6", "7", "--log", log.string()});
     EXPECT_EQ(outcome.status, 1);
@@ -134,7 +134,7 @@ TEST_F(Show, TellsOfARuleThatCannotBeReadWholeAndLogsIt) {
                                             "[^\t\n]*\tInvalid procedure call or argument\n"));
 }
 
-TEST_F(Show, TellsWhatOkWouldLoseOfARuleThatCannotBeLoaded) {
+TEST_F(Show, SaysWhatOkWouldLoseOfARuleThatCannotBeLoaded) {
     spoilRule();
     EXPECT_THAT(kvexrules({"show", "6"}).errors,
                 AllOf(HasSubstr("OK in the editor would replace both texts"),
@@ -144,7 +144,7 @@ TEST_F(Show, TellsWhatOkWouldLoseOfARuleThatCannotBeLoaded) {
                       Not(HasSubstr("kvexrules edit"))));
 }
 
-TEST_F(Show, TellsThatOkWouldNotMendWhatIsOnlyNotDescribed) {
+TEST_F(Show, SaysThatOkWouldNotRepairARuleThatCannotBeDescribed) {
     sqlite3(database, "UPDATE SMS_RULES SET QueryParam = 'PWD=x\x1b', ActionParam = "
                       "'<DIST>Asha</DIST>' WHERE ID = 6");
     EXPECT_THAT(
@@ -153,7 +153,7 @@ TEST_F(Show, TellsThatOkWouldNotMendWhatIsOnlyNotDescribed) {
               HasSubstr("QueryParam: PWD=x\x1b\nActionParam: <DIST>Asha</DIST>\n")));
 }
 
-TEST_F(Show, TellsWhatOkWouldLoseWhenTheDescriptionFailsToo) {
+TEST_F(Show, SaysWhatOkWouldLoseWhenTheDescriptionFailsToo) {
     sqlite3(database, "UPDATE SMS_RULES SET QueryParam = '<ACCOUNT><CON><ANY>Asha</ACCOUNT><WORD>' "
                       "WHERE ID = 6");
     EXPECT_THAT(kvexrules({"show", "6"}).errors,
@@ -183,7 +183,7 @@ TEST_F(Show, NeedsIdsOrAll) {
     EXPECT_THAT(failed(2, {"show", "one"}), HasSubstr("\"one\" is not the id of a rule"));
 }
 
-TEST_F(Show, KnowsItsFormats) {
+TEST_F(Show, RefusesAnUnknownFormat) {
     EXPECT_THAT(failed(2, {"show", "1", "--format", "pdf"}), HasSubstr("text, ansi and html"));
 }
 

@@ -16,7 +16,7 @@ TEST(ConnectionString, KeysIgnoreCaseAndSurroundingBlanks) {
     EXPECT_EQ(text.value(u"Data Source"), u"/data/rules.db");
 }
 
-TEST(ConnectionString, AKeyThatItHasNotIsEmpty) {
+TEST(ConnectionString, AMissingKeyHasAnEmptyValue) {
     const ConnectionString text(u"Provider=SQLite;Password=");
     EXPECT_EQ(text.value(u"DSN"), u"");
     EXPECT_FALSE(text.has(u"DSN"));
@@ -31,7 +31,7 @@ TEST(ConnectionString, EntriesKeepTheirOrder) {
     EXPECT_EQ(text.entries()[2].key, u"UID");
 }
 
-TEST(ConnectionString, EntriesWithoutContentAreNone) {
+TEST(ConnectionString, EmptyEntriesAreIgnored) {
     for (const std::u16string_view text : {u"A=1; ;B=2", u";A=1;B=2; ; ", u" ; A = 1 ;; B = 2"}) {
         const ConnectionString read(text);
         ASSERT_EQ(read.entries().size(), 2U);
@@ -50,7 +50,7 @@ TEST(ConnectionString, AValueMayBeEmpty) {
     }
 }
 
-TEST(ConnectionString, AnEntryThatIsAddedIsFoundBehindThoseOfTheText) {
+TEST(ConnectionString, AnAddedEntryStandsBehindThoseOfTheText) {
     ConnectionString text(u"UID=a");
     text.add(u"UID", u"b");
     text.add(u"PWD", u"c;d");
@@ -66,7 +66,7 @@ TEST(ConnectionString, AKeywordMakesAPairOfATextWithoutSemicolons) {
         EXPECT_FALSE(text.isPath());
         EXPECT_EQ(text.value(key), u"b");
     }
-    // The neighbours of the characters that a keyword is made of.
+    // A keyword is not empty and has none of these characters, which stand next to allowed ones.
     for (const std::u16string_view path :
          {u"a/b=c", u"a:=c", u"@=c", u"[=c", u"`=c", u"{=c", u"\u00E4=c", u"!=c", u"^=c", u",=c",
           u".=c", u"=c", u" =c", u"", u" "}) {
@@ -74,7 +74,7 @@ TEST(ConnectionString, AKeywordMakesAPairOfATextWithoutSemicolons) {
     }
 }
 
-TEST(ConnectionString, OfAKeyGivenTwiceTheFirstCounts) {
+TEST(ConnectionString, TheFirstValueOfARepeatedKeyCounts) {
     EXPECT_EQ(ConnectionString(u"UID=a;uid=b").value(u"UID"), u"a");
 }
 

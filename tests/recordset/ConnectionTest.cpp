@@ -16,7 +16,7 @@ using recordset::ConnectionString;
 using recordset::Driver;
 using recordset::Provider;
 
-/// Holds nothing, does nothing.
+/// A driver without a database: every call does nothing.
 class EmptyDriver final : public Driver {
 public:
     void query(const recordset::Statement & /*statement*/, recordset::RowSink & /*sink*/) override {

@@ -14,14 +14,14 @@ namespace {
 using recordset::equalIgnoringCase;
 using recordset::fingerprintIgnoringCase;
 
-/// Of one ASCII character.
+/// The lower case of one ASCII character.
 char16_t lower(char16_t unit) {
     const std::u16string_view upper = u"ABCDEFGHIJKLMNOPQRSTUVWXYZ";
     const std::size_t at = upper.find(unit);
     return at < upper.size() ? u"abcdefghijklmnopqrstuvwxyz"[at] : unit;
 }
 
-TEST(EqualIgnoringCase, OfAsciiTheLettersAloneHaveACase) {
+TEST(EqualIgnoringCase, InAsciiOnlyLettersHaveACase) {
     for (char16_t left = 0; left < 0x80; ++left) {
         for (char16_t right = 0; right < 0x80; ++right) {
             const std::u16string first{u'x', left, u'Y'};

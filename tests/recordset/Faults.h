@@ -1,4 +1,4 @@
-// Takes rights and limits from this process while an object lives.
+// Takes rights from this process, or sets limits to it, while an object lives.
 #pragma once
 
 #include <sys/types.h>
@@ -12,8 +12,8 @@ namespace kvex::test {
 enum class FolderRights : std::uint16_t { write = 0777, read = 0555 };
 enum class FileRights : std::uint16_t { write = 0666, read = 0444, none = 0 };
 
-/// Limits the rights on a file and its folder. As no rights bind the superuser, the process becomes
-/// an ordinary user meanwhile.
+/// Limits the rights on a file and its folder. Root may do everything, so the process becomes an
+/// ordinary user meanwhile.
 class WithoutRights {
 public:
     WithoutRights(const std::filesystem::path &folder, const std::filesystem::path &file,
@@ -27,7 +27,7 @@ private:
     uid_t user_;
 };
 
-/// No file grows beyond `bytes`: a write there fails.
+/// A write that would make a file longer than `bytes` fails.
 class FileSizeLimit {
 public:
     explicit FileSizeLimit(rlim_t bytes);

@@ -13,7 +13,7 @@ TEST_P(RecordsetConformance, FieldNamesIgnoreCase) {
     EXPECT_EQ(rules->field(u"ACTIVE").int16(), 1);
 }
 
-TEST_P(RecordsetConformance, AnUnknownFieldIsNoItem) {
+TEST_P(RecordsetConformance, AnUnknownFieldIsNotFound) {
     insertRule(1, u"rule");
     const auto rules = openRules();
     EXPECT_EQ(errorNumber([&] { static_cast<void>(rules->field(u"Nam")); }),

@@ -13,7 +13,7 @@ namespace {
 using recordset::FindCriterion;
 using Wanted = FindCriterion::Wanted;
 
-/// Of a number.
+/// What a search by this operand compares a number with.
 Wanted wanted(std::u16string_view operand) {
     return FindCriterion(u"ID = " + std::u16string(operand)).wanted();
 }

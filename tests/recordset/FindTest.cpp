@@ -183,7 +183,7 @@ TEST_P(RecordsetConformance, FindRefusesAnUnreadableCriterionAtTheEndToo) {
     EXPECT_EQ(errorNumber([&] { rules->find(u"Name = 'O'Brien'"); }), error_number::badArgument);
 }
 
-TEST_P(RecordsetConformance, FindInAnUnknownColumnIsNoItem) {
+TEST_P(RecordsetConformance, FindDoesNotFindAnUnknownColumn) {
     insertRule(1, u"a");
     const auto rules = openRules();
     EXPECT_EQ(errorNumber([&] { rules->find(u"NUMBER = 5"); }), error_number::itemNotFound);
@@ -191,7 +191,7 @@ TEST_P(RecordsetConformance, FindInAnUnknownColumnIsNoItem) {
     EXPECT_EQ(id(*rules), 1);
 }
 
-TEST_P(RecordsetConformance, FindFindsAWrittenNumberAndTheOldOneNoMore) {
+TEST_P(RecordsetConformance, FindFindsAWrittenNumberAndNoLongerTheOldOne) {
     insertRule(1, u"a");
     insertRule(2, u"b");
     const auto rules = openRules();

@@ -49,7 +49,7 @@ Ids idsOf(const std::vector<Named> &records, std::u16string_view name) {
 
 } // namespace
 
-TEST_P(RecordsetConformance, FindFindsAWrittenTextAndTheOldOneNoMore) {
+TEST_P(RecordsetConformance, FindFindsAWrittenTextAndNoLongerTheOldOne) {
     insertRule(1, u"one");
     insertRule(2, u"two");
     const auto rules = openRules();
@@ -86,7 +86,7 @@ TEST_P(RecordsetConformance, FindFindsTheTextThatWasReadAgain) {
     EXPECT_EQ(found(*rules, u"one"), Ids{});
 }
 
-TEST_P(RecordsetConformance, FindTellsLongTextsOfOneLengthApart) {
+TEST_P(RecordsetConformance, FindDistinguishesLongTextsOfTheSameLength) {
     const std::u16string same(200, u'x');
     insertRule(1, same + u"a");
     insertRule(2, same + u"b");

@@ -54,7 +54,7 @@ TEST(IntegerIndex, LeavesRemovedRowsOut) {
     EXPECT_EQ(index->find(8, 0), none);
 }
 
-TEST(IntegerIndex, ThereIsNoneOfAColumnThatHoldsAnythingElse) {
+TEST(IntegerIndex, IsNotMadeForAColumnWithOtherValues) {
     RowStore rows = rowsOf({7, 8});
     EXPECT_FALSE(IntegerIndex::of(rows, 0, {false, false}));
     EXPECT_FALSE(IntegerIndex::of(rows, 0, {true, false}));
@@ -64,7 +64,7 @@ TEST(IntegerIndex, ThereIsNoneOfAColumnThatHoldsAnythingElse) {
     EXPECT_TRUE(IntegerIndex::of(rows, 1, {false, true}));
 }
 
-TEST(IntegerIndex, AReplacedNumberIsFoundAndTheOldOneNoMore) {
+TEST(IntegerIndex, FindsAReplacedNumberAndNoLongerTheOldOne) {
     IntegerIndex index = indexOf({7, 7, 7});
     EXPECT_TRUE(index.replace(1, integer(7), integer(9)));
     EXPECT_EQ(index.find(9, 0), 1);
@@ -89,7 +89,7 @@ TEST(IntegerIndex, ANullLeavesItAndANumberInPlaceOfNullEntersIt) {
     EXPECT_EQ(index.find(7, 0), 2);
 }
 
-TEST(IntegerIndex, ItIsOfNoMoreUseOnceAnythingElseIsHeld) {
+TEST(IntegerIndex, RefusesAValueThatIsNoInteger) {
     EXPECT_FALSE(indexOf({7}).replace(0, integer(7), ValueView(7.0)));
     EXPECT_FALSE(indexOf({7}).replace(0, integer(7), ValueView(std::u16string_view(u"7"))));
     EXPECT_FALSE(indexOf({std::nullopt}).replace(0, ValueView(), ValueView(7.0)));

@@ -57,7 +57,7 @@ TEST_P(RecordsetConformance, AnOpenRecordSetCannotBeOpened) {
     EXPECT_EQ(name(*rules), u"kept");
 }
 
-TEST_P(RecordsetConformance, AServerCursorIsTreatedAlike) {
+TEST_P(RecordsetConformance, AServerCursorBehavesLikeAClientCursor) {
     insertRule(1, u"kept");
     recordset::ClientRecordset records;
     Recordset &rules = records;

@@ -1,4 +1,4 @@
-// Records keep their places, and a write meets the current one alone.
+// Records keep their places, and a write changes the current record alone.
 #include "tests/recordset/RecordsetConformance.h"
 
 namespace kvex::test {

@@ -87,7 +87,7 @@ TEST(RowStore, ATextInUtf8IsFoundByItsUnitsWhateverItsBytes) {
     EXPECT_EQ(like(rows, u"€€€"), (Rows{0, 1, 2, 3}));
     EXPECT_EQ(like(rows, u"📱"), (Rows{0, 2, 3, 4}));
     EXPECT_EQ(like(rows, u""), (Rows{5}));
-    // Texts that were read can be told apart.
+    // Reading a text converts it. Afterwards the search tells the texts apart.
     for (std::size_t row = 0; row < rows.rowCount(); ++row) {
         static_cast<void>(rows.value(row, 0));
     }

@@ -21,12 +21,12 @@ struct Script {
     std::vector<std::vector<Value>> rows{};
     /// The columns that describe gives. Without a value, it gives those of the query.
     std::optional<std::vector<recordset::Column>> described{};
-    /// How many rows each execute changes.
+    /// How many rows each call of execute changes.
     std::int64_t met = 1;
     /// The key that insert returns.
     std::vector<Value> key{};
     recordset::ColumnTypes types{};
-    /// The columns of the tables that there are, by the table's name.
+    /// The tables that exist: the columns of each, by the table's name.
     std::map<std::u16string, std::vector<std::u16string>, std::less<>> tables{};
     /// Runs when a transaction begins.
     std::function<void()> begun = [] {};

@@ -171,7 +171,7 @@ TEST_F(SentStatements, ARefusalOfTheDatabaseKeepsItsNumberReasonAndSource) {
     expectRefusal([&] { rows->update(); }, u"The new record was not stored. The reason.");
 }
 
-TEST_F(SentStatements, AfterABrokenConnectionItIsSaidThatTheOutcomeIsNotKnown) {
+TEST_F(SentStatements, ABrokenConnectionGivesAnErrorThatTheOutcomeIsUnknown) {
     const auto rows = session().records();
     rows->setField(u"A", u"new");
     rows->update();
@@ -237,7 +237,7 @@ TEST_F(SentStatements, AComputedColumnIsNotSentAndIsNamed) {
     EXPECT_EQ(sent(), Sent{u"describe QUERY"});
 }
 
-TEST_F(SentStatements, RowsWithoutATableOfTheirOwnAreNotWrittenAndSaidWhy) {
+TEST_F(SentStatements, RowsWithoutATableOfTheirOwnAreRefusedWithTheReason) {
     const std::u16string several =
         u"The rows of a query on several tables cannot be written: query one table.";
     const std::u16string noKey = u"The rows of this query cannot be written: query one table, with "

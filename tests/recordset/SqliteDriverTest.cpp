@@ -1,4 +1,4 @@
-// What only SQLite has: its settings, keys, encodings and loosely typed values.
+// What SQLite alone has: its settings, keys, encodings and loosely typed values.
 #include "platform/Database.h"
 #include "platform/Text.h"
 #include "tests/databases/SqliteFixture.h"

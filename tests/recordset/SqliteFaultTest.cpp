@@ -272,7 +272,7 @@ TEST_F(SqliteFault, AFailedWriteStoresNothingAndCanBeRepeated) {
     EXPECT_EQ(OtherProgram(path()).valueOf(u"SELECT QueryParam FROM SMS_RULES"), text);
 }
 
-TEST_F(SqliteFault, ARefusedValueIsAConstraintsAndSaysWhich) {
+TEST_F(SqliteFault, ARefusedValueGivesAnErrorThatNamesTheConstraint) {
     makeRules();
     SqliteSession session(name());
     const auto rules = session.records();
@@ -319,7 +319,7 @@ TEST_F(SqliteFault, ABusyTimeoutHasUpToNineDigits) {
     }
 }
 
-TEST_F(SqliteFault, WhatCannotBeOpenedIsSaidToBeMissingAFolderOrForbidden) {
+TEST_F(SqliteFault, TheErrorSaysWhetherAFileIsMissingAFolderOrForbidden) {
     EXPECT_EQ(opening().description,
               u"The database file " + name() +
                   u" does not exist: correct the path, or create the database with kvexrules init "

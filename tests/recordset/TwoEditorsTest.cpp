@@ -1,4 +1,5 @@
-// Two connections edit the same records. The second to write never overwrites a change unseen.
+// Two connections edit the same records. The second to write never overwrites a change that it has
+// not read.
 #include "tests/recordset/RecordsetConformance.h"
 
 namespace kvex::test {
@@ -199,7 +200,7 @@ TEST_P(RecordsetConformance, ARefusalSaysWhatWasNotStoredAndWhyAndWhatToDo) {
                   why);
 }
 
-TEST_P(RecordsetConformance, ARefusedNewRecordIsSaidToBeNotStored) {
+TEST_P(RecordsetConformance, TheErrorOfARefusedNewRecordSaysThatItWasNotStored) {
     insertRule(1, u"name");
     const auto rules = openRules();
     rules->addNew();

@@ -164,7 +164,7 @@ TEST_F(RuleDescription, NeedsNoTextBox) {
     EXPECT_EQ(BuildRuleDescription(), expected);
 }
 
-TEST_F(RuleDescription, IsOfTheRuleThatIsGivenNotOfTheThreads) {
+TEST_F(RuleDescription, DescribesTheGivenRuleNotTheThreads) {
     RuleState other;
     other.strPeople = u"98;99";
     other.strWords = u"STOP";

@@ -1,4 +1,4 @@
-// How tags, their contents and their flags are read: one row a case.
+// How tags, their contents and their flags are read. Each row of a table is one case.
 #include "platform/Error.h"
 #include "rules/ParameterStrings.h"
 #include "tests/support/RaisedError.h"

@@ -43,9 +43,10 @@ public:
     void start();
     /// Stops the server as its administrator does.
     void stop();
-    /// Ends the server as a loss of power does, but the system still writes what it has accepted.
+    /// Ends the server as a loss of power does, except that the system still writes what it has
+    /// accepted.
     void kill();
-    /// Pauses the server, which keeps its connections open.
+    /// Pauses the server. Its connections stay open.
     void freeze();
     void thaw();
 

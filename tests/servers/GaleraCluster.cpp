@@ -48,7 +48,7 @@ template <class State> void waitUntil(const State &reached) {
         }
         std::this_thread::sleep_for(pause);
     }
-    throw std::runtime_error("the cluster does not get in sync");
+    throw std::runtime_error("the nodes of the cluster did not become synced");
 }
 
 constexpr std::string_view clusterState =

@@ -21,12 +21,12 @@ public:
 
     [[nodiscard]] MariaDbServer &node(std::size_t index) { return *nodes_.at(index); }
 
-    /// Waits until the cluster has so many nodes and those that run are synced. A hang ends with
-    /// std::runtime_error.
+    /// Waits until the cluster has this many nodes, and every running node is synced. A hang ends
+    /// with std::runtime_error.
     void waitUntilSynced(std::size_t nodes = size);
     /// Ends the node as a loss of power does. The others work again when this returns.
     void killNode(std::size_t index);
-    /// Cuts the node off from the others; it still runs, and has noticed when this returns.
+    /// Cuts the node off from the others. It still runs, and has noticed the cut when this returns.
     void isolate(std::size_t index);
     /// Connects the node again; it is part of the cluster when this returns.
     void rejoin(std::size_t index);

@@ -1,4 +1,4 @@
-// A cluster replicates, works on without a node, and leaves no process or file behind.
+// A cluster replicates, continues without a node, and leaves no process or file behind.
 #include "tests/servers/GaleraCluster.h"
 
 #include <gtest/gtest.h>

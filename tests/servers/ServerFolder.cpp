@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 
 void giveTo(const ServerUser &owner, const fs::path &path) {
     if (lchown(path.c_str(), owner.user, owner.group) != 0) {
-        throw std::runtime_error("cannot give away " + path.string());
+        throw std::runtime_error("cannot change the owner of " + path.string());
     }
 }
 
@@ -65,7 +65,7 @@ std::optional<ServerUser> ServerUser::instead() {
 ServerFolder::ServerFolder() {
     std::string pattern = fs::temp_directory_path() / "kvex-server-XXXXXX";
     if (!mkdtemp(pattern.data())) {
-        throw std::runtime_error("no temporary folder " + pattern);
+        throw std::runtime_error("cannot create the temporary folder " + pattern);
     }
     path_ = pattern;
     startKeeper();
@@ -80,7 +80,8 @@ ServerFolder::~ServerFolder() {
 void ServerFolder::startKeeper() {
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC) != 0) {
-        throw std::runtime_error("no pipe for the keeper of a temporary folder");
+        throw std::runtime_error(
+            "cannot create a pipe for the process that removes a temporary folder");
     }
     keeper_ = fork();
     if (keeper_ == 0) {

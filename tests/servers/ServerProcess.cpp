@@ -87,7 +87,7 @@ ServerProcess::ServerProcess(const std::vector<std::string> &command, const Serv
     }
     close(log);
     if (pid_ < 0) {
-        throw std::runtime_error("no process for " + command.front());
+        throw std::runtime_error("cannot start a process for " + command.front());
     }
     handle_ = handleOf(pid_);
 }

@@ -27,7 +27,7 @@ bool runs(pid_t pid) {
     return ::kill(pid, 0) == 0;
 }
 
-/// The letter of the process's state; "T" when it is stopped.
+/// The letter for the process's state, such as "T" for a stopped one.
 std::string stateOf(pid_t pid) {
     std::ifstream status("/proc/" + std::to_string(pid) + "/stat");
     std::string number;

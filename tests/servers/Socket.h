@@ -19,8 +19,8 @@ public:
     Socket(const Socket &) = delete;
     Socket &operator=(const Socket &) = delete;
 
-    /// Has no handle when the port is taken, or when nobody listens there. Listening and accepted
-    /// sockets do not block.
+    /// A listening socket has no handle when its port is taken. A connected one has none when
+    /// nobody listens there. Listening and accepted sockets do not block.
     [[nodiscard]] static Socket listening(std::uint16_t port);
     [[nodiscard]] static Socket connected(std::uint16_t port);
     [[nodiscard]] Socket accepted() const;

@@ -16,7 +16,7 @@ public:
 
     [[nodiscard]] std::uint16_t port() const;
 
-    /// Cuts the network: nothing arrives on either side, and neither side is told. A new connection
+    /// Cuts the network: nothing arrives on either side, and neither side notices. A new connection
     /// waits for an answer.
     void cut();
     /// Closes every connection and refuses new ones.

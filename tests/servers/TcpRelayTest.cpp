@@ -61,7 +61,7 @@ TEST_F(Relay, ForwardsBothWays) {
     EXPECT_EQ(received(client, 6), "answer");
 }
 
-TEST_F(Relay, TellsOneSideThatTheOtherHasClosed) {
+TEST_F(Relay, ClosesOneSideWhenTheOtherHasClosed) {
     const Socket client = Socket::connected(relay.port());
     { const Socket other = accept(); }
     EXPECT_EQ(received(client, 1), "END");
@@ -84,7 +84,7 @@ TEST_F(Relay, WhatIsSentOverACutNetworkArrivesOnceItIsRestored) {
     EXPECT_EQ(received(other, 8), "question");
 }
 
-TEST_F(Relay, WhoConnectsOverACutNetworkWaits) {
+TEST_F(Relay, AConnectionOverACutNetworkWaits) {
     relay.cut();
     const Socket client = Socket::connected(relay.port());
     ASSERT_TRUE(client);

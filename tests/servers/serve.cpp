@@ -54,7 +54,7 @@ const std::map<std::string, void (*)()> kinds{
 int main(int count, char **arguments) {
     const auto kind = kvex::test::kinds.find(count == 2 ? arguments[1] : "");
     if (kind == kvex::test::kinds.end()) {
-        std::cerr << "serve: say which: postgresql, mariadb or galera\n";
+        std::cerr << "serve: name a server: postgresql, mariadb or galera\n";
         return 2;
     }
     try {

@@ -27,7 +27,7 @@ struct Breakage {
     }
 };
 
-/// Passes each call on to a real list until it breaks. The user acts on the real list all the time.
+/// Passes each call on to a real list until it breaks. The user always acts on the real list.
 class BreakableList final : public ListView {
 public:
     BreakableList(ListView &real, const Breakage &breakage) : real_(real), breakage_(breakage) {

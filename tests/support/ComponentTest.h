@@ -46,8 +46,8 @@ private:
 };
 
 /// Every test begins without a session and with a cleared rule. It fails when a window was
-/// unexpected or stayed open, a script was not played, or an error left a handler. It fails also
-/// when something was logged, reported or shown in a message box that it did not expect.
+/// unexpected or stayed open, a script was not played, or an error left a handler. It also fails
+/// after a log entry, a report or a message box that it did not expect.
 class ComponentTest : public testing::Test {
 protected:
     explicit ComponentTest(const DatabaseKind &kind = sqliteMemory());

@@ -29,9 +29,9 @@ public:
     /// Creates the application that the toolkit will use.
     QtPlay();
 
-    /// Expects `window` as the next window to be shown, any window for "", and runs `script` in it.
-    /// Calls queue up in the order in which the windows will be shown. An unexpected window is a
-    /// problem, as is one that its script leaves open. Either is closed by its frame.
+    /// Expects `window` as the next window to be shown, and runs `script` in it. "" stands for any
+    /// window. Calls queue up in the order in which the windows will be shown. An unexpected window
+    /// is a problem, as is one that its script leaves open. Either is closed by its frame.
     void whenShown(std::u16string window, Script script);
     /// The answer to the next message box; calls queue up. Without one the answer is `ok` for an
     /// OK box and `no` for a question.

@@ -1,5 +1,5 @@
-// Does what a person does in a window of the Qt toolkit, by key and mouse events where the widgets
-// are. Reads what the person sees.
+// Does what a person does in a window of the Qt toolkit: it sends key and mouse events to the
+// widgets' places. Reads what the person sees.
 #pragma once
 
 #include "adapters/qt/Dialog.h"

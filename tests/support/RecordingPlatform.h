@@ -109,7 +109,7 @@ private:
     ObjectState state_ = ObjectState::closed;
 };
 
-/// A call that no session on an empty database makes is recorded and fails.
+/// Records every call. Calls that a session on an empty database never makes fail, too.
 class RecordedRecordset final : public Recordset, private RecordedObject {
 public:
     RecordedRecordset(PlatformCalls &calls, int number)

@@ -15,7 +15,7 @@ struct Terminal {
     int program = -1;
     Terminal() {
         if (master < 0 || grantpt(master) != 0 || unlockpt(master) != 0) {
-            throw std::runtime_error("no terminal");
+            throw std::runtime_error("cannot open a terminal");
         }
         program = open(ptsname(master), O_RDWR | O_NOCTTY | O_CLOEXEC);
         termios settings{};

@@ -52,7 +52,7 @@ private:
     AddressBookRecord &record_;
 };
 
-/// Reading it raises an error that fails the test.
+/// A collection that nobody may read. Reading it raises an error, which fails the test.
 class UnreadTexts final : public TextCollection {
 public:
     explicit UnreadTexts(AddressBookRecord &record) : record_(record) {}

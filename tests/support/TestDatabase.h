@@ -33,8 +33,8 @@ public:
     void addUser(int id, std::string_view name);
     void addAccount(int id, std::string_view name, std::string_view bindMode = "TRANSCEIVER");
 
-    /// From now on the database refuses new rules, or changes of rules or of those with a name.
-    /// `permit` ends that.
+    /// From now on the database refuses new rules, or changes of rules. With `ofRules`, it refuses
+    /// only changes of rules of that name. `permit` ends every refusal.
     void refuseNewRules();
     void refuseChanges(std::string_view ofRules = {});
     void permit();

@@ -42,7 +42,7 @@ struct Message {
     }
 };
 
-/// Outlives the utility object, so that a test can look after a session's end.
+/// Outlives the utility object, so that a test can read it after the session's end.
 struct UtilityRecord {
     std::u16string connectionString;
     std::vector<LogEntry> log;

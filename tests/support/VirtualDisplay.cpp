@@ -39,7 +39,7 @@ bool isReady(int pipe) {
 pid_t startServer(const std::string &display, const std::string &screen) {
     std::array<int, 2> ends{};
     if (pipe(ends.data()) != 0) {
-        throw std::runtime_error("no pipe for the virtual display");
+        throw std::runtime_error("cannot create a pipe for the virtual display");
     }
     const pid_t server = fork();
     if (server == 0) {

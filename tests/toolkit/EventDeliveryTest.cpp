@@ -31,13 +31,13 @@ TEST(EventDelivery, HandsItsArgumentsToTheHandler) {
     EXPECT_EQ(code, 0);
 }
 
-TEST(EventDelivery, PassesOverAHandlerThatIsNotSet) {
+TEST(EventDelivery, IgnoresAHandlerThatIsNotSet) {
     const Diagnostics diagnostics;
     deliver(std::function<void()>(), u"frm.cmd", {});
     EXPECT_EQ(diagnostics.text(), "");
 }
 
-TEST(EventDelivery, WritesAnErrorAsOneLineAndTellsTheObserver) {
+TEST(EventDelivery, WritesAnErrorAsOneLineAndNotifiesTheObserver) {
     const Diagnostics diagnostics;
     std::vector<Error> errors;
     const ErrorObserver observer = [&](const Error &error) { errors.push_back(error); };

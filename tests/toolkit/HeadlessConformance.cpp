@@ -77,7 +77,7 @@ public:
     [[nodiscard]] std::u16string clipboardText() const override {
         return toolkit_.clipboard().text();
     }
-    /// Each click on a disabled control must be a problem, and nothing else may be one.
+    /// Each click on a disabled control must be reported as a problem, and nothing else may be.
     [[nodiscard]] std::string complaints() const override {
         std::string result;
         for (const std::string &problem : toolkit_.problems()) {

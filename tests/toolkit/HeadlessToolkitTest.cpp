@@ -75,7 +75,7 @@ TEST_F(HeadlessToolkitTest, AnswersMessageBoxesInTurnAndRecordsThem) {
     EXPECT_TRUE(toolkit_.problems().empty());
 }
 
-TEST_F(HeadlessToolkitTest, CannotAnswerByAButtonThatAMessageBoxHasNot) {
+TEST_F(HeadlessToolkitTest, CannotAnswerByAButtonThatAMessageBoxLacks) {
     toolkit_.answerNext(message_box::yes);
     EXPECT_EQ(toolkit_.showMessageBox(u"T", u"Done", message_box::exclamation), message_box::ok);
     EXPECT_EQ(onlyProblem(), "T: the message box \"Done\" has no button for the answer 6");

@@ -60,7 +60,7 @@ protected:
     Log log_{rows_};
 };
 
-TEST_F(ListRowsTest, TellsOfRowsBeforeAndAfterTheyComeAndGo) {
+TEST_F(ListRowsTest, NotifiesBeforeAndAfterRowsAreAddedAndRemoved) {
     rows_.addRow(u"b");
     EXPECT_EQ(log_.take(), "inserting 1 of 0; inserted of 1; ");
     rows_.setSorted(true);
@@ -73,7 +73,7 @@ TEST_F(ListRowsTest, TellsOfRowsBeforeAndAfterTheyComeAndGo) {
     EXPECT_EQ(log_.take(), "resetting of 1; reset of 0; ");
 }
 
-TEST_F(ListRowsTest, TellsOfTheSelectionThatARemovalMovesAfterIt) {
+TEST_F(ListRowsTest, NotifiesOfTheMovedSelectionAfterTheRemoval) {
     rows_.addRow(u"a");
     rows_.addRow(u"b");
     static_cast<void>(log_.take());
@@ -85,7 +85,7 @@ TEST_F(ListRowsTest, TellsOfTheSelectionThatARemovalMovesAfterIt) {
     EXPECT_EQ(log_.take(), "resetting of 1; reset of 0; selected 0 of 0; ");
 }
 
-TEST_F(ListRowsTest, TellsOfRowsAndColumnsThatChange) {
+TEST_F(ListRowsTest, NotifiesOfChangedRowsAndColumns) {
     rows_.addRow(u"a");
     static_cast<void>(log_.take());
     rows_.setText(1, u"b");
@@ -100,7 +100,7 @@ TEST_F(ListRowsTest, TellsOfRowsAndColumnsThatChange) {
     EXPECT_EQ(log_.take(), "resetting of 1; reset of 1; resetting of 1; reset of 1; ");
 }
 
-TEST_F(ListRowsTest, TellsNothingOfWhatFails) {
+TEST_F(ListRowsTest, DoesNotNotifyOfAFailedCall) {
     rows_.addRow(u"a", u"key");
     static_cast<void>(log_.take());
     EXPECT_EQ(errorNumber([&] { rows_.addRow(u"b", u"key"); }), error_number::keyNotUnique);
@@ -175,7 +175,7 @@ TEST(ListRowsSelection, OfSeveralFallsBackToTheOneSelectedBefore) {
     EXPECT_FALSE(rows.selected(1));
 }
 
-/// Writes down what a view reads in each notification.
+/// Records what a view reads in each notification.
 class View final : public ListRowsListener {
 public:
     explicit View(const ListRows &rows) : rows_(rows) {}

@@ -56,7 +56,7 @@ TEST_F(ListSearchTest, GoesOnFromTheFirstRowWhileNoneIsSelected) {
     EXPECT_EQ(search_.rowAfter(u"b"), 3);
 }
 
-TEST_F(ListSearchTest, ABlankIsACharacterOfIt) {
+TEST_F(ListSearchTest, TakesABlankAsACharacter) {
     EXPECT_EQ(search_.rowAfter(u"b"), 4);
     EXPECT_EQ(search_.rowAfter(u" "), 4);
     EXPECT_EQ(search_.rowAfter(u"a"), 4);

@@ -1,5 +1,5 @@
-// What a toolkit provides for the conformance suite: itself, and hands that do what a user does in
-// an open window.
+// What the conformance suite needs of a toolkit: the toolkit itself, and hands that do what a user
+// does in an open window.
 #pragma once
 
 #include "adapters/controls/Keys.h"
@@ -83,8 +83,8 @@ public:
     [[nodiscard]] virtual std::u16string clipboardText() const = 0;
 
     [[nodiscard]] virtual std::vector<Deviation> deviations() const { return {}; }
-    /// What went wrong without a test wanting it, "" for nothing. It is read at the end of each
-    /// test.
+    /// Problems that no test caused on purpose, "" for none. The suite reads them at the end of
+    /// each test.
     [[nodiscard]] virtual std::string complaints() const { return {}; }
 };
 

@@ -9,7 +9,7 @@
 namespace kvex::test {
 namespace {
 
-TEST(ActionDesigns, Distribution) {
+TEST(ActionDesigns, DistributionHasTheseControls) {
     expectDesign(frmRuleDistributeDesign(), "frmRuleDistribute", "Distribution List",
                  {
                      R"(label Label2 "Available users" for="lvwUsersSource")",
@@ -28,7 +28,7 @@ TEST(ActionDesigns, Distribution) {
                  });
 }
 
-TEST(ActionDesigns, Reply) {
+TEST(ActionDesigns, ReplyHasTheseControls) {
     expectDesign(frmRuleReplyDesign(), "frmRuleReply", "Configure Automated Reply",
                  {
                      R"(label Label2 "Type the Message that you want to send as Reply")"
@@ -47,7 +47,7 @@ TEST(ActionDesigns, Reply) {
                  });
 }
 
-TEST(ActionDesigns, Alert) {
+TEST(ActionDesigns, AlertHasTheseControls) {
     expectDesign(frmRuleAlertDesign(), "frmRuleAlert", "Configure Alert",
                  {
                      R"(label Label2 "1. Type the Alert Text" for="rtAlertText")",

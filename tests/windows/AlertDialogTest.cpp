@@ -279,7 +279,7 @@ TEST_F(AlertDialog, ATextWithASemicolonShiftsAccountAndRecipientsWhenItComesBack
         EXPECT_EQ(user.rows(people), Texts());
         EXPECT_EQ(utility.logTexts().back(),
                   u"KVEXMessageRules: Error occured. Sub: Form_Load, Module: frmRuleAlert");
-        // The descriptions before and after have no account, either.
+        // Describing the rule before and after the dialog logs the missing account, too.
         utility.log.clear();
         cancel(user);
     });

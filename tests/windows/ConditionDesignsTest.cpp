@@ -11,7 +11,7 @@
 namespace kvex::test {
 namespace {
 
-TEST(ConditionDesigns, People) {
+TEST(ConditionDesigns, PeopleHaveTheseControls) {
     expectDesign(frmRulePeopleDesign(), "frmRulePeople", "Select People",
                  {
                      R"(frame Frame1)",
@@ -30,7 +30,7 @@ TEST(ConditionDesigns, People) {
                  });
 }
 
-TEST(ConditionDesigns, Accounts) {
+TEST(ConditionDesigns, AccountsHaveTheseControls) {
     expectDesign(frmRuleAccountDesign(), "frmRuleAccount", "Select Accounts",
                  {
                      R"(list lvwAccountSource empty="The server's accounts appear here.")",
@@ -47,7 +47,7 @@ TEST(ConditionDesigns, Accounts) {
                  });
 }
 
-TEST(ConditionDesigns, Words) {
+TEST(ConditionDesigns, WordsHaveTheseControls) {
     expectDesign(frmRuleWordsDesign(), "frmRuleWords", "Select Words",
                  {
                      R"-(check chkWordAsCommand "As SMS Command (match from left)")-",
@@ -66,7 +66,7 @@ TEST(ConditionDesigns, Words) {
                  });
 }
 
-TEST(ConditionDesigns, Options) {
+TEST(ConditionDesigns, OptionsHaveTheseControls) {
     expectDesign(frmRuleOptionsDesign(), "frmRuleOptions", "Rule Condition Options",
                  {
                      R"(frame Frame3)",
@@ -96,7 +96,7 @@ TEST(ConditionDesigns, Options) {
                  });
 }
 
-TEST(ConditionDesigns, DateAndTime) {
+TEST(ConditionDesigns, DateAndTimeHaveTheseControls) {
     expectDesign(frmRuleDateDesign(), "frmRuleDate", "Select Date/Time Range",
                  {
                      R"(frame Frame1)",

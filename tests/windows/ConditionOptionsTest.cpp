@@ -284,7 +284,7 @@ TEST_F(ConditionOptions, ADateShowsTheDesignedTexts) {
     EXPECT_EQ(ruleState().intOptionAll, 0);
 }
 
-TEST_F(ConditionOptions, AnotherKindConfiguresAndStoresNothing) {
+TEST_F(ConditionOptions, AnUnknownKindConfiguresAndStoresNothing) {
     for (const Flags &flags : allKinds) {
         ruleState().*flags.isNot = ruleState().*flags.all = 1;
     }
@@ -301,7 +301,7 @@ TEST_F(ConditionOptions, AnotherKindConfiguresAndStoresNothing) {
     EXPECT_FALSE(session().blnChanged);
 }
 
-TEST_F(ConditionOptions, AnAccountIdThatIsNoNumberIsNoWindowAndNoLogEntry) {
+TEST_F(ConditionOptions, AnAccountIdThatIsNoNumberOpensNoWindowAndLogsNothing) {
     openSession();
     ruleState().varAccounts = u"x";
     EXPECT_EQ(errorNumber([] { showConditionOptions(u"ACCOUNT"); }), error_number::typeMismatch);

@@ -1,4 +1,4 @@
-// Whole rules that are composed in the conditions' dialogs and saved.
+// The user composes whole rules in the conditions' dialogs and saves them.
 #include "tests/windows/ConditionDialogFixture.h"
 
 namespace kvex::test {

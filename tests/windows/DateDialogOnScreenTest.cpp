@@ -178,7 +178,7 @@ TEST_F(DateDialogOnScreen, MonthEndsLeapDaysAndTheOutermostDaysAreTyped) {
     }
 }
 
-TEST_F(DateDialogOnScreen, ADayThatTheMonthHasNotIsItsLast) {
+TEST_F(DateDialogOnScreen, ADayBeyondTheMonthBecomesItsLastDay) {
     playDialog(stored, [](QtUser &user) {
         typeInto(user, u"FromDate", u"31042004");
         EXPECT_EQ(text(user, u"FromDate"), "30/04/2004");

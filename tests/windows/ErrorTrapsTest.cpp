@@ -110,7 +110,7 @@ protected:
     TestPlatform breakable{utility, breakableToolkit, database.provider()};
 };
 
-TEST_F(ErrorTraps, OfTheRulesWindow) {
+TEST_F(ErrorTraps, LogEachFailureOfTheRulesWindow) {
     database.addRule("A");
     begin(u"lvwRules");
     const auto leave = [](User &user) { user.press(Key::escape); };
@@ -148,7 +148,7 @@ TEST_F(ErrorTraps, OfTheRulesWindow) {
     }
 }
 
-TEST_F(ErrorTraps, OfTheRulesWindowEndAtItsListEvents) {
+TEST_F(ErrorTraps, DoNotCoverTheListEventsOfTheRulesWindow) {
     database.addRule("A");
     whenShown(u"frmRuleEdit", [](User &user) { user.press(Key::escape); });
     expectNoTraps(u"frmRules", u"lvwRules", openRules,
@@ -156,14 +156,14 @@ TEST_F(ErrorTraps, OfTheRulesWindowEndAtItsListEvents) {
                    [](User &user) { user.tickRow(u"lvwRules", 1); }});
 }
 
-TEST_F(ErrorTraps, OfTheEditor) {
+TEST_F(ErrorTraps, LogEachFailureOfTheEditor) {
     database.addRule("A");
     expectTraps(u"frmRuleEdit", u"lvwRuleConditions", openEditor,
                 u"Sub: Form_Load, Module: frmRuleEdit",
                 {{u"cmdOK", u"Sub: cmdOK_Click, Module: frmRuleEdit", false}});
 }
 
-TEST_F(ErrorTraps, OfTheEditorLeaveWhatWasFilledBefore) {
+TEST_F(ErrorTraps, OfTheEditorKeepWhatWasFilledBefore) {
     begin(u"lvwRuleActions");
     whenShown(u"frmRuleEdit", [](User &user) {
         EXPECT_EQ(user.get<ListView>(u"lvwRuleConditions").rowCount(), 6);
@@ -196,7 +196,7 @@ TEST_F(ErrorTraps, OfTheEditorsTicksLetTheLoadingGoOn) {
     expectLog({u"Sub: Populate_Data, Module: frmRuleEdit"});
 }
 
-TEST_F(ErrorTraps, OfTheEditorEndAtItsListsAndDialogButtons) {
+TEST_F(ErrorTraps, DoNotCoverTheListsAndDialogButtonsOfTheEditor) {
     const auto tick = [](const char16_t *list, int row) {
         return [list, row](User &user) { user.tickRow(list, row); };
     };
@@ -228,7 +228,7 @@ TEST_F(ErrorTraps, OfThePeopleLogTheAddressBookUnderTheEditorsName) {
     expectMessages({clearQuestion});
 }
 
-TEST_F(ErrorTraps, OfTheAccounts) {
+TEST_F(ErrorTraps, LogEachFailureOfTheAccounts) {
     expectTraps(u"frmRuleAccount", u"lvwAccountSelected", openCondition<row::throughAccounts>,
                 u"Sub: Form_Load(), Module: frmRuleAccount",
                 {{u"cmdAdd", u"Sub: cmdAdd_Click, Module: frmRuleAccount"},
@@ -238,7 +238,7 @@ TEST_F(ErrorTraps, OfTheAccounts) {
     expectMessages({clearQuestion});
 }
 
-TEST_F(ErrorTraps, OfTheWordsAreNone) {
+TEST_F(ErrorTraps, DoNotCoverTheWords) {
     begin(u"lvwWords");
     whileBroken([] {
         EXPECT_EQ(errorNumber(openCondition<row::containsWords>), error_number::automationError);
@@ -252,12 +252,12 @@ TEST_F(ErrorTraps, OfTheWordsAreNone) {
     expectMessages({clearQuestion});
 }
 
-TEST_F(ErrorTraps, OfTheConditionOptionsAreNone) {
+TEST_F(ErrorTraps, DoNotCoverTheConditionOptions) {
     begin(u"lvwRuleCondition");
     whileBroken([] { EXPECT_EQ(errorNumber(openOptions), error_number::automationError); });
 }
 
-TEST_F(ErrorTraps, OfTheDistribution) {
+TEST_F(ErrorTraps, LogEachFailureOfTheDistribution) {
     expectTraps(u"frmRuleDistribute", u"lvwUsersSelected", openAction<row::distribute>,
                 u"Sub: Form_Load, Module: frmRuleDistribute",
                 {{u"cmdSelect", u"Sub: cmdSelect_Click, Module: frmRuleDistribute"},
@@ -266,14 +266,14 @@ TEST_F(ErrorTraps, OfTheDistribution) {
                  {u"cmdOK", u"Sub: BuildString, Module: frmRuleDistribute", false}});
 }
 
-TEST_F(ErrorTraps, OfTheReplyEndAtItsLoading) {
+TEST_F(ErrorTraps, CoverOnlyTheLoadingOfTheReply) {
     expectTraps(u"frmRuleReply", u"lvwOutAccount", openAction<row::reply>,
                 u"Sub: Form_Load, Module: frmRuleReply", {});
     expectNoTraps(u"frmRuleReply", u"lvwOutAccount", openAction<row::reply>,
                   {[](User &user) { user.tickRow(u"lvwOutAccount", 1); }, click(u"cmdOK")});
 }
 
-TEST_F(ErrorTraps, OfTheAlert) {
+TEST_F(ErrorTraps, LogEachFailureOfTheAlert) {
     expectTraps(u"frmRuleAlert", u"lvwPeople", openAction<row::alert>,
                 u"Sub: Form_Load, Module: frmRuleAlert",
                 {{u"cmdAdd", u"Sub: cmdAdd_Click, Module: frmRuleAlert"},

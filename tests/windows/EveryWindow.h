@@ -1,5 +1,5 @@
-// A walk through every window on a rule that has all conditions and actions, which enable every
-// control that they can.
+// Walks through every window with a rule that has all conditions and actions. Such a rule enables
+// as many controls as possible.
 #pragma once
 
 #include "tests/windows/EditorRows.h"

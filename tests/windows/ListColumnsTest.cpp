@@ -45,7 +45,7 @@ protected:
     }
 };
 
-TEST_F(ListColumns, OfTheRulesWindowAndTheEditor) {
+TEST_F(ListColumns, AreTheseInTheRulesWindowAndTheEditor) {
     expectLists(
         u"frmRuleEdit",
         {{u"lvwRuleConditions",
@@ -65,7 +65,7 @@ TEST_F(ListColumns, OfTheRulesWindowAndTheEditor) {
     showRules(u"");
 }
 
-TEST_F(ListColumns, OfTheConditionsDialogs) {
+TEST_F(ListColumns, AreTheseInTheConditionsDialogs) {
     openSession();
     expectLists(u"frmRulePeople",
                 {{u"lvwPeople", {"People 95%"}, {u"Where the message is from "}}});
@@ -81,7 +81,7 @@ TEST_F(ListColumns, OfTheConditionsDialogs) {
     open(ruleConditions(), row::containsWords);
 }
 
-TEST_F(ListColumns, OfTheConditionOptions) {
+TEST_F(ListColumns, AreTheseInTheConditionOptions) {
     openSession();
     struct Case {
         std::u16string runFor;
@@ -98,7 +98,7 @@ TEST_F(ListColumns, OfTheConditionOptions) {
     }
 }
 
-TEST_F(ListColumns, OfTheActionsDialogs) {
+TEST_F(ListColumns, AreTheseInTheActionsDialogs) {
     database.addUser(3, "Asha");
     openSession();
     expectLists(u"frmRuleDistribute",

@@ -296,7 +296,7 @@ TEST_F(ReplyDialog, ATextWithASemicolonIsStoredAndComesBackCut) {
         EXPECT_EQ(ruleState().strReplyAccount, u" there;2");
         EXPECT_EQ(utility.logTexts().back(),
                   u"KVEXMessageRules: Error occured. Sub: Form_Load, Module: frmRuleReply");
-        // The descriptions before and after have no account, either.
+        // Describing the rule before and after the dialog logs the missing account, too.
         utility.log.clear();
         EXPECT_EQ(typed(user), u"");
         cancel(user);
@@ -324,7 +324,7 @@ TEST_F(ReplyDialog, AVanishedAccountLeavesTheTextUnloadedUntilTheUserTypes) {
     EXPECT_EQ(ruleState().strReplyAccount, u"2");
 }
 
-TEST_F(ReplyDialog, AnAccountThatSendsNoLongerIsAsGoodAsVanished) {
+TEST_F(ReplyDialog, AnAccountThatNoLongerSendsCountsAsVanished) {
     database.execute("UPDATE SMS_ACCOUNT SET BIND_MODE = 'RECEIVER' WHERE ID = 5");
     storeRule("<REPLY>Received;5</REPLY>");
     play([](User &user) {
@@ -337,7 +337,7 @@ TEST_F(ReplyDialog, AnAccountThatSendsNoLongerIsAsGoodAsVanished) {
     EXPECT_EQ(ruleState().strReplyAccount, u"5");
 }
 
-TEST_F(ReplyDialog, AnAccountOfBlanksIsNone) {
+TEST_F(ReplyDialog, AnAccountOfBlanksCountsAsNone) {
     beforeDialog = [] {
         ruleState().strReplyText = u"Hi";
         ruleState().strReplyAccount = u"  ";

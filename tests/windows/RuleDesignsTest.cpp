@@ -8,7 +8,7 @@
 namespace kvex::test {
 namespace {
 
-TEST(RuleDesigns, TheRulesWindow) {
+TEST(RuleDesigns, TheRulesWindowHasTheseControls) {
     expectDesign(frmRulesDesign(), "frmRules", "SMS Rules",
                  {
                      R"(label Label1 "These rules will be applied to incoming short messages")"
@@ -32,7 +32,7 @@ TEST(RuleDesigns, TheRulesWindow) {
                  });
 }
 
-TEST(RuleDesigns, TheRuleEditor) {
+TEST(RuleDesigns, TheRuleEditorHasTheseControls) {
     expectDesign(frmRuleEditDesign(), "frmRuleEdit", "Edit Rule",
                  {
                      R"(label Label1 "1. Select the &Conditions for your rule")"

@@ -113,7 +113,7 @@ TEST_F(RuleEditor, ANewRuleIsNamedByTheHighestIdWhateverWasDeleted) {
     });
 }
 
-TEST_F(RuleEditor, ANewRuleIsNamedBehindAnIdBeyondThirtyTwoBits) {
+TEST_F(RuleEditor, ANewRuleIsNumberedAfterAnIdBeyondThirtyTwoBits) {
     database.execute("INSERT INTO SMS_RULES (ID, Name) VALUES (3000000000, 'Far')");
     playNewRule([](User &user) {
         EXPECT_EQ(name(user), u"New Rule #3000000001");
@@ -124,7 +124,7 @@ TEST_F(RuleEditor, ANewRuleIsNamedBehindAnIdBeyondThirtyTwoBits) {
     expectLog({});
 }
 
-TEST_F(RuleEditor, BehindTheHighestIdOfAllThereIsNoNewRule) {
+TEST_F(RuleEditor, AfterTheHighestPossibleIdLoadingANewRuleOverflows) {
     database.execute("INSERT INTO SMS_RULES (ID, Name) VALUES (9223372036854775807, 'Last')");
     playNewRule([](User &user) { user.press(Key::escape); });
     expectLog({u"Sub: Form_Load, Module: frmRuleEdit"});

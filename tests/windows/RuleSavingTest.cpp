@@ -61,7 +61,7 @@ TEST_P(RuleSaving, TheChecksRunInTheirOrder) {
                   "<IGNOREFURTHERRULES>NO</IGNOREFURTHERRULES>"}));
 }
 
-TEST_P(RuleSaving, ARuleWithoutActionsIsToldSoEvenWithoutAName) {
+TEST_P(RuleSaving, AMissingActionIsReportedBeforeAMissingName) {
     playNewRule([this](User &user) {
         name(user, u"");
         user.tickRow(conditions, row::forAllMessages);

@@ -268,7 +268,7 @@ TEST_P(RulesWindow, RemoveTakesTheSelectedRuleWhereverTheRecordSetStands) {
     addThree(10, 10);
     utility.answers = {message_box::yes};
     playRules([](User &user) {
-        // The move selects another rule than the clicked one; the record of the clicked one stays
+        // The move selects another rule than the clicked one. The clicked rule's record stays
         // current.
         user.clickRow(u"lvwRules", 3);
         user.click(u"cmdMoveUp");

@@ -180,7 +180,7 @@ TEST_P(RulesWindow, ATickThatTheDatabaseRefusesLeavesTheWindowUsable) {
         EXPECT_EQ(database.value("SELECT ACTIVE FROM SMS_RULES WHERE Name = 'B'"), "1");
         user.clickRow(u"lvwRules", 1);
         EXPECT_EQ(description(user), appliedToAll);
-        // Its box keeps what was attempted, and the description says the same.
+        // The check box keeps the state that the user attempted, and the description says the same.
         user.clickRow(u"lvwRules", 2);
         EXPECT_EQ(description(user), u"This Rule is disabled\r\nFor ALL Messages");
         user.click(u"cmdCancel");

@@ -1,4 +1,4 @@
-// Checks that every window must pass.
+// The checks that every window must pass.
 #pragma once
 
 #include "tests/support/QtPlay.h"

@@ -62,7 +62,7 @@ TEST_F(WindowsOnScreen, ABlankInASearchByFirstLettersSwitchesNoRule) {
     });
 }
 
-TEST_F(WindowsOnScreen, ATickThatTheDatabaseRefusesIsToldToTheUser) {
+TEST_F(WindowsOnScreen, ATickThatTheDatabaseRefusesGivesAMessage) {
     playRules([this](QtUser &user) {
         database.execute("CREATE TRIGGER refuse BEFORE UPDATE ON SMS_RULES BEGIN "
                          "SELECT RAISE(ABORT, 'reserved'); END");

@@ -240,7 +240,7 @@ TEST_F(WordsDialog, ACommandLosesTheAllModifierOnceItsOptionsAreOpened) {
     EXPECT_EQ(ruleState().intWordsAll, 0);
 }
 
-TEST_F(WordsDialog, AnUnknownCommandValueIsNoWindow) {
+TEST_F(WordsDialog, AnUnknownCommandValueOpensNoWindow) {
     openSession();
     ruleState().strWords = u"STOP";
     ruleState().intAsCommand = 2;

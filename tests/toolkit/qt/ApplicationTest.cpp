@@ -53,12 +53,12 @@ TEST_F(QtApplicationTest, WithoutADisplayWindowsAndMessageBoxesAreRefused) {
     EXPECT_EQ(QCoreApplication::instance(), nullptr);
 }
 
-TEST_F(QtApplicationTest, ADisplayThatNobodyServesIsNone) {
+TEST_F(QtApplicationTest, ADisplayWithoutAServerIsRefused) {
     setenv("DISPLAY", ":9876", 1);
     EXPECT_TRUE(mentions(refusal(), "DISPLAY"));
 }
 
-TEST_F(QtApplicationTest, APlatformThatIsNotInstalledIsNone) {
+TEST_F(QtApplicationTest, APlatformThatIsNotInstalledIsRefused) {
     setenv("QT_QPA_PLATFORM", "nosuchplatform", 1);
     EXPECT_TRUE(mentions(refusal(), "DISPLAY"));
 }
@@ -69,7 +69,7 @@ TEST_F(QtApplicationTest, TheNextPlatformNamedIsTakenWhereTheFirstCannotBe) {
     EXPECT_EQ(QGuiApplication::platformName(), QStringLiteral("offscreen"));
 }
 
-TEST_F(QtApplicationTest, ARefusalIsNotForEver) {
+TEST_F(QtApplicationTest, AfterARefusalTheToolkitTriesAgain) {
     EXPECT_NE(refusal(), "");
     const VirtualDisplay display;
     EXPECT_EQ(refusal(), "");

@@ -54,7 +54,7 @@ TEST_F(QtListViewTest, ChecksAreStatesOfItsItems) {
     });
 }
 
-TEST_F(QtListViewTest, ATickThroughAccessibilityIsTheUsers) {
+TEST_F(QtListViewTest, ATickThroughAccessibilityCountsAsTheUsers) {
     std::vector<int> ticked;
     view().onItemCheck = [&](int row) { ticked.push_back(row); };
     show(*shown, [&](QtUser &user) {
@@ -67,7 +67,7 @@ TEST_F(QtListViewTest, ATickThroughAccessibilityIsTheUsers) {
     EXPECT_EQ(ticked, std::vector<int>{3});
 }
 
-TEST_F(QtListViewTest, ASelectionThroughAccessibilityIsTheUsers) {
+TEST_F(QtListViewTest, ASelectionThroughAccessibilityCountsAsTheUsers) {
     std::vector<int> clicked;
     view().onItemClick = [&](int row) { clicked.push_back(row); };
     show(*shown, [&](QtUser &user) {
@@ -184,7 +184,7 @@ double contrastInRow(QTreeView &tree, int row) {
     return most;
 }
 
-TEST_F(QtListViewTest, ARowsPictureCanBeMadeOutWhetherOrNotItsSelectionWaits) {
+TEST_F(QtListViewTest, ARowsPictureIsVisibleWhetherOrNotTheListHasTheFocus) {
     for (const QPalette &palette : {QApplication::palette(), darkPalette()}) {
         const Theme theme(palette, QApplication::font().pointSize());
         shown = window(
@@ -208,7 +208,7 @@ TEST_F(QtListViewTest, ARowsPictureCanBeMadeOutWhetherOrNotItsSelectionWaits) {
     }
 }
 
-TEST_F(QtListViewTest, TypingGoesToTheRowThatBeginsSo) {
+TEST_F(QtListViewTest, TypingSelectsTheRowThatBeginsWithTheText) {
     std::vector<int> clicked;
     view().onItemClick = [&](int row) { clicked.push_back(row); };
     show(*shown, [&](QtUser &user) {
@@ -311,7 +311,7 @@ TEST_F(QtListViewTest, AShiftedClickSelectsARangeWhoseLastRowIsCurrent) {
     });
 }
 
-TEST_F(QtListViewTest, TakingTheSelectionFromItsRowIsTold) {
+TEST_F(QtListViewTest, DeselectingARowRunsTheHandler) {
     int clicks = 0;
     int deselections = 0;
     view().onItemClick = [&](int) { ++clicks; };

@@ -52,7 +52,7 @@ TEST_F(QtPickerTest, ShowsNothingWhileItHasNoValue) {
     });
 }
 
-TEST_F(QtPickerTest, IsWorkedByKeysAlone) {
+TEST_F(QtPickerTest, IsUsedByKeyboardAlone) {
     int changes = 0;
     picker().onChange = [&] { ++changes; };
     show(*shown, [&](QtUser &user) {

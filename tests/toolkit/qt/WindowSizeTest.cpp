@@ -45,7 +45,7 @@ TEST_F(QtWindowSize, AWindowComesBackInTheSizeThatTheUserGaveIt) {
     EXPECT_EQ(show(u"frmOne"), first);
 }
 
-TEST_F(QtWindowSize, EachWindowHasItsOwn) {
+TEST_F(QtWindowSize, EachWindowHasItsOwnSize) {
     const QSize first = show(u"frmOne");
     show(u"frmOne", first + QSize(100, 100));
     EXPECT_EQ(show(u"frmTwo", first + QSize(50, 50)), first);
@@ -53,7 +53,7 @@ TEST_F(QtWindowSize, EachWindowHasItsOwn) {
     EXPECT_EQ(show(u"frmTwo"), first + QSize(50, 50));
 }
 
-/// The size still follows the font, then.
+/// Such a window still follows the font.
 TEST_F(QtWindowSize, ASizeThatTheUserLeftAsItWasIsNotKept) {
     show(u"frmOne");
     EXPECT_FALSE(exists(file));
@@ -69,7 +69,7 @@ TEST_F(QtWindowSize, ARememberedSizeIsCutToTheScreen) {
     EXPECT_GT(shown.height(), available.height() * 9 / 10);
 }
 
-TEST_F(QtWindowSize, AFileThatCannotBeUnderstoodCountsAsNoneAndIsReplaced) {
+TEST_F(QtWindowSize, AFileThatCannotBeReadIsIgnoredAndReplaced) {
     const QSize first = show(u"frmOne");
     for (const char *content :
          {"\xFF\xFE no such thing", "[sizes]\nfrmOne=@Size(0 -5)\n", "[sizes]\nfrmOne=many\n"}) {
@@ -80,7 +80,7 @@ TEST_F(QtWindowSize, AFileThatCannotBeUnderstoodCountsAsNoneAndIsReplaced) {
     }
 }
 
-TEST_F(QtWindowSize, WhatAnotherProcessKeptStays) {
+TEST_F(QtWindowSize, SizesThatAnotherProcessKeptStay) {
     const QSize first = show(u"frmOne");
     show(u"frmOne", first + QSize(20, 30));
     host::writeFile(file, "[sizes]\nfrmOne=@Size(700 600)\nfrmTwo=@Size(500 400)\n");

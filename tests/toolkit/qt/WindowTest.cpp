@@ -253,7 +253,7 @@ TEST_F(QtWindowTest, ItStartsInItsDesignsSizeAsFarAsTheScreenHasRoom) {
     show(*shown, [&](QtUser &user) {
         const int available = dialog(user).screen()->availableSize().width();
         EXPECT_GT(dialog(user).width(), available * 9 / 10);
-        EXPECT_LT(dialog(user).width(), available) << "no room for the frame";
+        EXPECT_LT(dialog(user).width(), available) << "the window leaves no room for its frame";
         EXPECT_GE(dialog(user).height(), 20 * dialog(user).fontMetrics().lineSpacing());
         EXPECT_LT(dialog(user).height(), dialog(user).screen()->availableSize().height());
     });
