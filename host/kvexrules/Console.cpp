@@ -3,6 +3,7 @@
 #include "host/kvexrules/Failure.h"
 #include "host/suite/ShownText.h"
 #include "platform/Text.h"
+#include "platform/VisibleText.h"
 
 #include <algorithm>
 #include <cctype>

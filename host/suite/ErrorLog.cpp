@@ -3,6 +3,7 @@
 #include "host/suite/ShownText.h"
 #include "host/suite/UserFolders.h"
 #include "platform/Text.h"
+#include "platform/VisibleText.h"
 
 #include <cerrno>
 #include <cstring>
