@@ -7,8 +7,8 @@
 #include "host/kvexrules/Database.h"
 #include "host/kvexrules/Failure.h"
 #include "host/kvexrules/Settings.h"
-#include "host/suite/ShownText.h"
 #include "platform/Text.h"
+#include "platform/VisibleText.h"
 
 #include <algorithm>
 #include <iterator>
@@ -146,7 +146,7 @@ int removeContactsAskedFor(const Request &request, std::span<const std::string> 
 int listContacts(const Request &request) {
     std::string text;
     for (const Contact &contact : contactsOf(settingsFor(request))) {
-        text += toUtf8(contact.id + u"\t" + visible(contact.name) + u"\t" +
+        text += toUtf8(visible(contact.id) + u"\t" + visible(contact.name) + u"\t" +
                        visible(contact.number) + u"\n");
     }
     print(text);
