@@ -83,9 +83,9 @@ std::size_t pastValue(Text text, std::size_t at, End end) {
     }
     const std::size_t close = closingMark(text, at, end == End::blank ? u'\\' : u'\0');
     const std::size_t past = std::min(close + 1, text.size());
-    const std::size_t next = end == End::blank ? past : pastBlanks(text, past);
-    // The marks may be a part of the password, as in 'a'b.
-    return unmarkedEnd(text, next, end) == next ? past : unmarkedEnd(text, next, end);
+    // Quotation marks may be a part of the password, as in 'a'b.
+    const bool isWhole = text[at] == u'{' || pastBlanks(text, past) != past;
+    return isWhole ? past : unmarkedEnd(text, past, end);
 }
 
 /// The position of the mark that begins a value behind the "=" at `at`; 0 when there is none.

@@ -44,10 +44,10 @@ TEST(Passwords, BelongToEveryNameThatEndsLikeOne) {
     }
 }
 
-TEST(Passwords, ThatGoOnBehindTheirMarkLeaveWhole) {
-    EXPECT_EQ(withoutPasswords(u"Pwd='a'b;DSN=sms"), u"Pwd=***;DSN=sms");
-    EXPECT_EQ(withoutPasswords(u"Pwd={a} b;DSN=sms"), u"Pwd=***;DSN=sms");
-    EXPECT_EQ(withoutPasswords(u"Pwd=\"a\" b"), u"Pwd=***");
+TEST(Passwords, ThatGoOnBehindQuotesLeaveWhole) {
+    EXPECT_EQ(withoutPasswords(u"Pwd='a'b c;DSN=sms"), u"Pwd=***;DSN=sms");
+    EXPECT_EQ(withoutPasswords(u"Pwd=\"a\"b"), u"Pwd=***");
+    EXPECT_EQ(withoutPasswords(u"Pwd={a}. Pwd='a' b"), u"Pwd=***. Pwd=*** b");
 }
 
 TEST(Passwords, AmongTheServerLibrarysOptionsEndBeforeABlank) {
