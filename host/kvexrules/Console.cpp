@@ -23,6 +23,10 @@ bool isYes(std::string answer) {
     return answer == "y" || answer == "yes";
 }
 
+std::string lineFor(int stream, std::string_view text) {
+    return (isatty(stream) == 1 ? toUtf8(visible(fromUtf8(text))) : std::string(text)) + "\n";
+}
+
 /// Ignores a failure: there is nowhere to report it.
 void tell(std::string_view text) {
     static_cast<void>(writeAll(STDERR_FILENO, text));
@@ -65,13 +69,17 @@ void print(std::string_view text) {
     }
 }
 
+void printLine(std::string_view sentence) {
+    print(lineFor(STDOUT_FILENO, sentence));
+}
+
 void complain(std::string_view sentences) {
     const std::u16string text = withoutPasswords(fromUtf8(sentences));
     tell("kvexrules: " + toUtf8(isatty(STDERR_FILENO) == 1 ? harmlessLines(text) : text) + "\n");
 }
 
 void complainExactly(std::string_view text) {
-    tell((isatty(STDERR_FILENO) == 1 ? toUtf8(visible(fromUtf8(text))) : std::string(text)) + "\n");
+    tell(lineFor(STDERR_FILENO, text));
 }
 
 bool printsToTerminal() {

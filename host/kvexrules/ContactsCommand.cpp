@@ -59,7 +59,7 @@ std::string counted(std::size_t count, std::string_view what) {
 /// Prints what has been done. If that fails, standard error gets the sentence.
 void report(const std::string &sentence) {
     try {
-        print(sentence + "\n");
+        printLine(sentence);
     } catch (const ReaderGone &) {
         complain(sentence);
     } catch (const Failure &failure) {
@@ -103,7 +103,7 @@ int exportContacts(const Request &request, const std::string &file) {
     const std::vector<Contact> contacts = contactsOf(settingsFor(request));
     const std::string text = format == "csv" ? asCsv(contacts) : asVCards(contacts);
     if (file == "-") {
-        print(text);
+        print(printsToTerminal() ? toUtf8(harmlessLines(fromUtf8(text))) : text);
     } else {
         writeOwnersFile(file, text, request.has(Option::replace));
         report(counted(contacts.size(), "written."));
