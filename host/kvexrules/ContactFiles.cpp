@@ -83,8 +83,9 @@ void writeOwnersFile(const std::string &file, std::string_view text, bool replac
         replaces ? mkostemp(made.data(), O_CLOEXEC)
                  : open(made.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, owners); // NOLINT
     if (descriptor < 0 && errno == EEXIST) {
-        throw Failure(shown(file) + " already exists and was not changed. Name another file, or add "
-                             "--replace.",
+        throw Failure(shown(file) +
+                          " already exists and was not changed. Name another file, or add "
+                          "--replace.",
                       exit_status::refused);
     }
     if (descriptor < 0) {

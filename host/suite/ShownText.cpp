@@ -69,8 +69,7 @@ std::size_t unmarkedEnd(Text text, std::size_t at, End end) {
     if (end == End::semicolon) {
         return std::min(text.find(u';', at), text.size());
     }
-    while (end == End::blank && at < text.size() &&
-           Text(u" \t\r\n").find(text[at]) == Text::npos) {
+    while (end == End::blank && at < text.size() && Text(u" \t\r\n").find(text[at]) == Text::npos) {
         at += text[at] == u'\\' ? 2 : 1;
     }
     return end == End::text ? text.size() : std::min(at, text.size());
@@ -94,7 +93,8 @@ std::size_t markBehind(Text text, std::size_t at) {
     return mark < text.size() && closingOf(text[mark]) != 0 ? mark : 0;
 }
 
-/// Whether a list of the server library's own options follows the "=" at `at`. Blanks separate them.
+/// Whether a list of the server library's own options follows the "=" at `at`. Blanks separate
+/// them.
 bool isOptionList(Text text, std::size_t at) {
     constexpr Text name = u"pqopt";
     while (at > 0 && (text[at - 1] == u' ' || text[at - 1] == u'\t')) {
@@ -104,13 +104,23 @@ bool isOptionList(Text text, std::size_t at) {
 }
 
 /// The begin and the end of the password in a URL. The URL's "://" ends at `at`. Both are `at` when
-/// there is no password.
-std::pair<std::size_t, std::size_t> urlPassword(Text text, std::size_t at) {
+/// there is no password. A key's value that begins before the end moves the end behind itself.
+std::pair<std::size_t, std::size_t> urlPassword(Text text, std::size_t at, End keysEnd) {
     const std::size_t colon = text.find(u':', at);
     const Text line = text.substr(0, text.find_first_of(u"\r\n", at));
-    const std::size_t end = line.rfind(u'@');
+    std::size_t end = line.rfind(u'@');
     if (end == Text::npos || end < at || colon > end) {
         return {at, at};
+    }
+    for (std::size_t next = colon + 1; next < end;) {
+        if (const std::size_t value = pastName(text, next); value != next) {
+            next = pastValue(text, value, keysEnd);
+        } else if (const std::size_t mark = markBehind(text, next); mark != 0) {
+            next = closingMark(text, mark);
+        } else {
+            ++next;
+        }
+        end = std::max(end, next);
     }
     return {colon + 1, end};
 }
@@ -120,7 +130,7 @@ std::u16string hidden(Text text, End end) {
     constexpr Text urlMark = u"://";
     for (std::size_t at = 0; at < text.size();) {
         if (text.substr(at).starts_with(urlMark)) {
-            const auto [begin, urlEnd] = urlPassword(text, at + urlMark.size());
+            const auto [begin, urlEnd] = urlPassword(text, at + urlMark.size(), end);
             result += text.substr(at, begin - at);
             result += begin == urlEnd ? u"" : u"***";
             at = urlEnd;

@@ -34,8 +34,10 @@ TEST(RuleList, KeepsARuleOnItsLineWhateverItsName) {
 TEST(RuleList, ShowsAnIdThatIsNoNumber) {
     EXPECT_EQ(listText({{u"é\x1b", true, u"a"}, {u"12", true, u"b"}, {u"", true, u"c"}}),
               "1  on   é\\u{1b}  a\n"
-              "2  on   " "     12  b\n"
-              "3  on   " "         c\n");
+              "2  on   "
+              "     12  b\n"
+              "3  on   "
+              "         c\n");
 }
 
 TEST(RuleList, IsUtf8) {

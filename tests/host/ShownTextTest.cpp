@@ -94,6 +94,14 @@ TEST(Passwords, LeaveAUrl) {
     EXPECT_EQ(withoutPasswords(u"x://a:b@c;PWD=d;e"), u"x://a:***@c;PWD=***;e");
 }
 
+TEST(Passwords, BesideAUrlLeaveWithAllThatFollowsItsColon) {
+    EXPECT_EQ(withoutPasswords(u"x://a:b@c;PWD=d@e;f"), u"x://a:***;f");
+    EXPECT_EQ(withoutPasswords(u"x://c:5432/d;PWD={e@f;}}g};h"), u"x://c:***;h");
+    EXPECT_EQ(withoutPasswords(u"x://a:b@c;PWD=d@e"), u"x://a:***");
+    EXPECT_EQ(withoutPasswords(u"x://a:b PWD='c' d@e;f"), u"x://a:***@e;f");
+    EXPECT_EQ(withoutPasswords(u"x://a:b@c;pqopt={sslpassword=d@e;f};g"), u"x://a:***};g");
+}
+
 TEST(Passwords, AreNotSeenInUrlsWithoutThem) {
     for (const std::u16string text :
          {u"x://", u"x://db:5432/sms", u"x://app@db:5432/sms", u"a@b x://c:d", u"x:/a:b@c",
