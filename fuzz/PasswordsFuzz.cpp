@@ -6,6 +6,7 @@
 #include "fuzz/Property.h"
 #include "host/suite/ShownText.h"
 
+#include <algorithm>
 #include <array>
 
 namespace kvex::fuzz {
@@ -13,8 +14,9 @@ namespace {
 
 /// Stands at both ends of each secret, and nowhere else.
 constexpr std::u16string_view mark = u"\u03A9\u2126";
-/// A name begins where no other word goes on.
-constexpr std::array<std::u16string_view, 6> boundaries{u";", u" ", u"\n", u"?", u"=", u"\u00E9"};
+/// What may stand before a key.
+constexpr std::array<std::u16string_view, 6> beginnings{u"",  u" ",        u"\n",
+                                                        u"?", u"DSN=sms;", u"UID={a;}}b}; "};
 
 char16_t lower(char16_t unit) {
     return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
@@ -24,15 +26,18 @@ bool contains(std::u16string_view text, std::u16string_view part) {
     return text.find(part) != std::u16string_view::npos;
 }
 
-/// Text without secrets, which opens none: without the mark, the names and the URL's sign.
+/// Text without secrets, which opens none: without the mark, names, marks of values and the URL's
+/// sign.
 std::u16string otherText(Input &input) {
     std::u16string text = input.text();
     std::u16string folded = text;
     for (char16_t &unit : folded) {
         unit = lower(unit);
     }
-    const bool opens = contains(folded, u"pwd") || contains(folded, u"password") ||
-                       contains(folded, u"://") || contains(folded, mark);
+    constexpr std::array<std::u16string_view, 7> openings{
+        u"pwd", u"passw", u"passphrase", u"secret", u"://", u"=", mark};
+    const bool opens =
+        std::ranges::any_of(openings, [&](auto opening) { return contains(folded, opening); });
     return opens ? std::u16string() : text;
 }
 
@@ -67,38 +72,66 @@ std::u16string enclosed(char16_t opening, std::u16string_view value, char16_t cl
     return result + closing;
 }
 
+std::u16string key(Input &input) {
+    constexpr std::array<std::u16string_view, 5> names{u"pwd", u"password", u"passwd",
+                                                       u"passphrase", u"secret"};
+    constexpr std::array<std::u16string_view, 4> prefixes{u"", u"ssl", u"Proxy", u"my_"};
+    constexpr std::array<std::u16string_view, 3> numbers{u"", u"2", u"10"};
+    std::u16string text(input.one(prefixes));
+    text += inAnyCase(input, input.one(names));
+    text += input.one(numbers);
+    return text + blanks(input) + u"=" + blanks(input);
+}
+
 std::u16string keyAndSecret(Input &input) {
-    constexpr std::array<std::u16string_view, 2> names{u"pwd", u"password"};
-    std::u16string text = inAnyCase(input, input.one(names));
-    text += blanks(input) + u"=" + blanks(input);
+    const std::u16string name = key(input);
     const std::size_t spelling = input.below(4);
     const std::u16string secret = secretOf(input.text());
     switch (spelling) {
     case 0:
-        return text + enclosed(u'{', secret, u'}');
+        return name + enclosed(u'{', secret, u'}');
     case 1:
-        return text + enclosed(u'"', secret, u'"');
+        return name + enclosed(u'"', secret, u'"');
     case 2:
-        return text + enclosed(u'\'', secret, u'\'');
+        return name + enclosed(u'\'', secret, u'\'');
     default:
-        return text + withoutUnits(secret, u";");
+        return name + withoutUnits(secret, u";");
     }
 }
 
+/// The secret as the server's library reads it: in quotation marks or without, with "\" before what
+/// could end it.
+std::u16string option(Input &input) {
+    const bool quoted = input.flag();
+    std::u16string value;
+    for (const char16_t unit : secretOf(input.text())) {
+        value.append(contains(quoted ? u"'\\" : u"' \t\r\n\\", {&unit, 1}) ? u"\\" : u"");
+        value += unit;
+    }
+    return key(input) + (quoted ? u"'" + value + u"'" : value);
+}
+
+/// Options of the server's library, in the value of a key.
+std::u16string optionsWithSecret(Input &input) {
+    return u"pqopt=" + enclosed(u'{', u"sslmode=require " + option(input) + u" user=me", u'}');
+}
+
+/// The secret may hold "@", but no "=": that one must be encoded, because it begins another value.
 std::u16string urlWithSecret(Input &input) {
     constexpr std::array<std::u16string_view, 4> schemes{u"postgresql", u"jdbc:mysql", u"x", u""};
     std::u16string text(input.one(schemes));
     text += u"://" + withoutUnits(otherText(input), u":\r\n");
-    return text + u":" + withoutUnits(secretOf(input.text()), u"\r\n") + u"@";
+    return text + u":" + withoutUnits(secretOf(input.text()), u"=\r\n") + u"@";
 }
 
 void check(Input input) {
     std::u16string text;
     do {
         text += otherText(input);
-        text += input.one(boundaries);
+        text += input.one(beginnings);
         // A value without marks goes on until a ";", so that one ends each secret.
-        text += (input.below(3) == 2 ? urlWithSecret(input) : keyAndSecret(input)) + u";";
+        constexpr std::array spellings{keyAndSecret, urlWithSecret, optionsWithSecret};
+        text += input.one(spellings)(input) + u";";
     } while (!input.atEnd());
     text += otherText(input);
 

@@ -1,13 +1,13 @@
 #include "fuzz/Property.h"
 
-#include "host/suite/ShownText.h"
 #include "platform/Text.h"
+#include "platform/VisibleText.h"
 
 namespace kvex::fuzz {
 namespace {
 
 std::string quoted(std::u16string_view text) {
-    return "\"" + toUtf8(host::visible(text)) + "\"";
+    return "\"" + toUtf8(visible(text)) + "\"";
 }
 
 [[noreturn]] void fail(std::string_view property, const std::string &shown) {

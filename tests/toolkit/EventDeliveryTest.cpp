@@ -45,7 +45,8 @@ TEST(EventDelivery, WritesAnErrorAsOneLineAndTellsTheObserver) {
             u"frmRules.cmdNew", observer);
     deliver(std::function<void()>([] { throw std::runtime_error("other"); }), u"frm.cmd", observer);
     EXPECT_EQ(diagnostics.text(),
-              "KVEXMessageRules: unhandled error in frmRules.cmdNew: error 5: two\\r\\nlines \\u{1b} (Source)\n"
+              "KVEXMessageRules: unhandled error in frmRules.cmdNew: error 5: two\\r\\nlines "
+              "\\u{1b} (Source)\n"
               "KVEXMessageRules: unhandled error in frm.cmd: error 51: other (KVEXMessageRules)\n");
     ASSERT_EQ(errors.size(), 2U);
     EXPECT_EQ(errors[0].number(), 5);
