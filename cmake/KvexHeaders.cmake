@@ -4,7 +4,7 @@ file(GLOB_RECURSE kvex_headers CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}
   ${PROJECT_SOURCE_DIR}/platform/*.h ${PROJECT_SOURCE_DIR}/rules/*.h
   ${PROJECT_SOURCE_DIR}/ui/*.h ${PROJECT_SOURCE_DIR}/component/*.h
   ${PROJECT_SOURCE_DIR}/adapters/*.h ${PROJECT_SOURCE_DIR}/host/*.h
-  ${PROJECT_SOURCE_DIR}/tests/*.h ${PROJECT_SOURCE_DIR}/bench/*.h)
+  ${PROJECT_SOURCE_DIR}/tests/*.h ${PROJECT_SOURCE_DIR}/bench/*.h ${PROJECT_SOURCE_DIR}/fuzz/*.h)
 
 foreach(header IN LISTS kvex_headers)
   set(source "${PROJECT_BINARY_DIR}/headers/${header}.cpp")

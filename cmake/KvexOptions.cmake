@@ -17,7 +17,7 @@ if(KVEX_CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER "${KVEX_CCACHE}")
 endif()
 
-set(KVEX_SANITIZE "" CACHE STRING "Sanitizers to build with: address,undefined or thread")
+set(KVEX_SANITIZE "" CACHE STRING "Sanitizers to build with: address,undefined or thread; fuzzer-no-link for fuzz targets")
 
 # Every library and program includes from the project's root and must compile without warnings.
 add_library(kvex_options INTERFACE)

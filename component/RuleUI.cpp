@@ -6,6 +6,8 @@
 #include "adapters/classserver/server/InProcessServer.h"
 #include "component/Composition.h"
 #include "component/SessionOwner.h"
+#include "platform/Text.h"
+#include "platform/VisibleText.h"
 
 #include <iostream>
 
@@ -60,7 +62,7 @@ private:
             session_.release();
         } catch (...) {
             std::cerr << "KVEXMessageRules: the session could not be closed: "
-                      << Error::current().what() << '\n';
+                      << toUtf8(visible(fromUtf8(Error::current().what()))) << '\n';
         }
     }
 

@@ -7,8 +7,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <fcntl.h>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -21,8 +23,9 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view extension = ".class";
 
+/// "" in a program that has more rights than its user, who may not choose what it loads.
 std::string_view variable(const char *name) {
-    const char *value = std::getenv(name);
+    const char *value = ::secure_getenv(name);
     return value == nullptr ? "" : value;
 }
 
@@ -40,8 +43,13 @@ void require(bool done) {
 /// unless it has replaced that file.
 class Replacement {
 public:
-    explicit Replacement(const fs::path &file)
-        : name_(file.native() + ".XXXXXX"), descriptor_(::mkstemp(name_.data())) {
+    explicit Replacement(const fs::path &file) {
+        constexpr mode_t mode = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
+        constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+        do {
+            name_ = file.native() + "." + std::to_string(std::random_device()());
+            descriptor_ = ::open(name_.c_str(), flags, mode); // NOLINT(*-vararg)
+        } while (descriptor_ < 0 && errno == EEXIST);
         require(descriptor_ >= 0);
     }
     Replacement(const Replacement &) = delete;
@@ -61,7 +69,6 @@ public:
             require(count >= 0 || errno == EINTR);
             text.remove_prefix(count < 0 ? 0 : static_cast<std::size_t>(count));
         }
-        require(::fchmod(descriptor_, S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH) == 0);
         require(::fsync(descriptor_) == 0);
     }
     void replace(const fs::path &file) {
@@ -72,7 +79,7 @@ public:
 
 private:
     std::string name_;
-    int descriptor_;
+    int descriptor_ = -1;
 };
 
 /// Nothing when `file` is no regular file or cannot be read.
@@ -86,7 +93,7 @@ std::optional<std::string> readWholeFile(const fs::path &file) {
     return stream.is_open() && !stream.bad() ? std::optional(std::move(text)) : std::nullopt;
 }
 
-/// Replaces the contents of `file` in one step; everyone may read the file. Throws a
+/// Replaces the contents of `file` in one step; the umask says who may use it. Throws a
 /// std::system_error on failure; `file` is unchanged then.
 void writeWholeFile(const fs::path &file, std::string_view text) {
     Replacement replacement(file);

@@ -28,7 +28,8 @@ struct ClassRegistration {
 };
 
 /// `$XDG_DATA_HOME/kvex/classes`, else `$HOME/.local/share/kvex/classes`. Nothing when neither
-/// variable holds an absolute path.
+/// variable holds an absolute path. A program with more rights than its user ignores the variables
+/// here and below: they would let the user choose what it loads.
 [[nodiscard]] std::optional<std::filesystem::path> userClassDirectory();
 
 /// The directories in the order of search: the user's, then `kvex/classes` in each directory of
@@ -37,7 +38,8 @@ struct ClassRegistration {
 [[nodiscard]] std::vector<std::filesystem::path> classDirectories();
 
 /// Registers a class for the user and replaces what the user had registered for its id. Readers
-/// see the whole old file or the whole new one. After a failure the old file is unchanged.
+/// see the whole old file or the whole new one, which the umask lets others use or not. After a
+/// failure the old file is unchanged.
 /// Throws an Error with invalidCall when `server` is not absolute or a text contains a line feed.
 /// Throws a std::system_error when the file cannot be written or the user has no directory.
 void writeClassRegistration(const ClassRegistration &registration);

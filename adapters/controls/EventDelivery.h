@@ -12,8 +12,8 @@ namespace kvex::controls {
 /// Called with an error that left a handler, after the diagnostic stream has it.
 using ErrorObserver = std::function<void(const Error &)>;
 
-/// Writes the current exception to the diagnostic stream, as one line. `where` names the control,
-/// such as "frmRules.cmdNew". Call it only in a catch block.
+/// Writes the current exception to the diagnostic stream, as one line with escapes. `where` names
+/// the control, such as "frmRules.cmdNew". Call it only in a catch block.
 void reportUnhandled(std::u16string_view where, const ErrorObserver &observer);
 
 /// Runs `handler` with `arguments` unless it is empty. Whatever it throws ends here. The handler

@@ -44,8 +44,27 @@ std::int32_t HeadlessToolkit::showMessageBox(const std::u16string &title,
     return result;
 }
 
+/// While it lives, its window is the active one. The destructor closes it.
+class HeadlessToolkit::Showing {
+public:
+    Showing(std::vector<HeadlessWindow *> &shown, HeadlessWindow &window)
+        : shown_(shown), window_(window) {
+        shown_.push_back(&window);
+    }
+    ~Showing() {
+        window_.close();
+        shown_.pop_back();
+    }
+    Showing(const Showing &) = delete;
+    Showing &operator=(const Showing &) = delete;
+
+private:
+    std::vector<HeadlessWindow *> &shown_;
+    HeadlessWindow &window_;
+};
+
 void HeadlessToolkit::play(HeadlessWindow &window) {
-    shown_.push_back(&window);
+    const Showing showing(shown_, window);
     if (scripts_.empty()) {
         addProblem(window.name(), u"was shown, which nobody waits for");
     } else if (scripts_.front().window != window.name()) {
@@ -55,8 +74,6 @@ void HeadlessToolkit::play(HeadlessWindow &window) {
         scripts_.pop_front();
         playScript(window, script);
     }
-    window.close();
-    shown_.pop_back();
 }
 
 void HeadlessToolkit::playScript(HeadlessWindow &window, const Script &script) {

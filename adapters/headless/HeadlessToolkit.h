@@ -68,7 +68,10 @@ private:
         Script script;
     };
 
-    /// Plays the script that waits for the window, then closes the window.
+    class Showing;
+
+    /// Plays the script that waits for the window, then closes the window. So it does when no
+    /// memory is left to note a problem, and std::bad_alloc leaves it.
     void play(HeadlessWindow &window);
     void playScript(HeadlessWindow &window, const Script &script);
     void addProblem(std::u16string_view window, std::u16string_view text);

@@ -57,10 +57,10 @@ void HeadlessWindow::showModal() {
     if (state_ == State::closed) {
         return;
     }
-    state_ = State::shown;
     if (focus_ == nullptr) {
         focus_ = nextTabStop(nullptr, true);
     }
+    state_ = State::shown;
     toolkit_.play(*this);
 }
 

@@ -143,7 +143,8 @@ void DateTimeEdit::keyPressEvent(QKeyEvent *event) {
         setSelectedSection(sectionAt(0));
     }
     const bool hadEndedPart = std::exchange(digitEndedPart_, false);
-    const bool isByWord = event->modifiers() == Qt::ControlModifier;
+    // Qt would leave the field.
+    const bool isByWord = event->modifiers().testFlag(Qt::ControlModifier);
     if (digit != noDigit) {
         typeDigit(digit);
     } else if (isSeparator(*event)) {
@@ -177,9 +178,14 @@ void DateTimeEdit::typeDigit(int digit) {
     typedDate_ = date();
 }
 
-/// If the year is complete, Qt takes a digit only while the year is selected.
+/// If the year is complete, Qt takes a digit only while the year is selected. No year begins with
+/// 0.
 void DateTimeEdit::typeIntoYear(int digit) {
     const auto isWhole = [this] { return text() == QDateTimeEdit::textFromDateTime(dateTime()); };
+    const bool isFirst = isWhole() || sectionText(YearSection).isEmpty();
+    if (isFirst && digit == 0) {
+        return;
+    }
     if (isWhole()) {
         setSelectedSection(YearSection);
     }

@@ -6,6 +6,7 @@
 #include "host/suite/ShownText.h"
 #include "host/suite/SuiteState.h"
 #include "platform/Text.h"
+#include "platform/VisibleText.h"
 
 #include <cstddef>
 #include <iostream>
@@ -119,7 +120,7 @@ void ManageContacts::tell(const Error &error) {
     try {
         toolkit_.showMessageBox(u"Address Book", text, message_box::exclamation);
     } catch (const Error &) {
-        std::cerr << toUtf8(text) << std::endl;
+        std::cerr << toUtf8(harmlessLines(text)) << std::endl;
     }
 }
 

@@ -1,8 +1,8 @@
 #include "host/addressbook/NumberCell.h"
 
 #include "host/addressbook/ContactFile.h"
-#include "host/suite/ShownText.h"
 #include "platform/Text.h"
+#include "platform/VisibleText.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -3,8 +3,8 @@
 #include "host/addressbook/NumberCell.h"
 #include "host/addressbook/TextEncoding.h"
 #include "host/addressbook/VCardLine.h"
-#include "host/suite/ShownText.h"
 #include "platform/Text.h"
+#include "platform/VisibleText.h"
 
 #include <algorithm>
 #include <array>

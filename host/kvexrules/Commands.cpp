@@ -86,7 +86,7 @@ int listCommand(const Request &request) {
 
 int initCommand(const Request &request) {
     const Content content = request.has(Option::sample) ? Content::sample : Content::empty;
-    print("ready: " + makeDatabase(settingsFor(request), content) + "\n");
+    printLine("ready: " + makeDatabase(settingsFor(request), content));
     return exit_status::done;
 }
 

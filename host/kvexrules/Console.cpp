@@ -3,6 +3,7 @@
 #include "host/kvexrules/Failure.h"
 #include "host/suite/ShownText.h"
 #include "platform/Text.h"
+#include "platform/VisibleText.h"
 
 #include <algorithm>
 #include <cctype>
@@ -20,6 +21,10 @@ namespace {
 bool isYes(std::string answer) {
     std::ranges::transform(answer, answer.begin(), [](unsigned char c) { return std::tolower(c); });
     return answer == "y" || answer == "yes";
+}
+
+std::string lineFor(int stream, std::string_view text) {
+    return (isatty(stream) == 1 ? toUtf8(visible(fromUtf8(text))) : std::string(text)) + "\n";
 }
 
 /// Ignores a failure: there is nowhere to report it.
@@ -64,13 +69,17 @@ void print(std::string_view text) {
     }
 }
 
+void printLine(std::string_view sentence) {
+    print(lineFor(STDOUT_FILENO, sentence));
+}
+
 void complain(std::string_view sentences) {
     const std::u16string text = withoutPasswords(fromUtf8(sentences));
     tell("kvexrules: " + toUtf8(isatty(STDERR_FILENO) == 1 ? harmlessLines(text) : text) + "\n");
 }
 
 void complainExactly(std::string_view text) {
-    tell((isatty(STDERR_FILENO) == 1 ? toUtf8(visible(fromUtf8(text))) : std::string(text)) + "\n");
+    tell(lineFor(STDERR_FILENO, text));
 }
 
 bool printsToTerminal() {

@@ -18,6 +18,10 @@ void secureStandardStreams();
 /// Failure when it cannot write.
 void print(std::string_view text);
 
+/// Writes `sentence` to standard output as a line. On a terminal, control characters are escaped as
+/// visible() does.
+void printLine(std::string_view sentence);
+
 /// Writes "kvexrules: " and `sentences` to standard error as a line, without passwords. On a
 /// terminal, U+FFFD replaces control characters.
 void complain(std::string_view sentences);

@@ -2,6 +2,8 @@
 
 #include "host/kvexrules/Console.h"
 #include "host/kvexrules/Failure.h"
+#include "platform/Text.h"
+#include "platform/VisibleText.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -16,6 +18,10 @@ namespace kvex::host {
 namespace {
 
 constexpr std::size_t longest = std::size_t{256} * 1024 * 1024;
+
+std::string shown(const std::string &file) {
+    return toUtf8(visible(fromUtf8(file)));
+}
 
 std::string contentOf(const std::string &file) {
     std::ifstream stream(file == "-" ? "/dev/stdin" : file, std::ios::binary);
@@ -39,7 +45,7 @@ std::string contentOf(const std::string &file) {
 }
 
 [[noreturn]] void failToWrite(const std::string &file, int error) {
-    throw Failure(file + " cannot be written (" + std::strerror(error) +
+    throw Failure(shown(file) + " cannot be written (" + std::strerror(error) +
                   "). Name a file in a folder that you may write to.");
 }
 
@@ -58,7 +64,7 @@ int writeAndClose(int descriptor, std::string_view text) {
 } // namespace
 
 std::string inputName(const std::string &file) {
-    return file == "-" ? "standard input" : file;
+    return file == "-" ? "standard input" : shown(file);
 }
 
 ContactFile readContactsFrom(const std::string &file) {
@@ -77,8 +83,9 @@ void writeOwnersFile(const std::string &file, std::string_view text, bool replac
         replaces ? mkostemp(made.data(), O_CLOEXEC)
                  : open(made.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, owners); // NOLINT
     if (descriptor < 0 && errno == EEXIST) {
-        throw Failure(file + " already exists and was not changed. Name another file, or add "
-                             "--replace.",
+        throw Failure(shown(file) +
+                          " already exists and was not changed. Name another file, or add "
+                          "--replace.",
                       exit_status::refused);
     }
     if (descriptor < 0) {

@@ -8,7 +8,7 @@
 
 namespace kvex::host {
 
-/// The name of `file` in messages: "standard input" for "-".
+/// The name of `file` in messages, escaped as visible() does: "standard input" for "-".
 [[nodiscard]] std::string inputName(const std::string &file);
 
 /// Reads the file, or standard input. Raises a Failure when it cannot be read, is longer than

@@ -7,8 +7,8 @@
 #include "host/kvexrules/Database.h"
 #include "host/kvexrules/Failure.h"
 #include "host/kvexrules/Settings.h"
-#include "host/suite/ShownText.h"
 #include "platform/Text.h"
+#include "platform/VisibleText.h"
 
 #include <algorithm>
 #include <iterator>
@@ -60,7 +60,7 @@ std::string counted(std::size_t count, std::string_view what) {
 /// Prints the sentence, which says what has been done. If that fails, standard error gets it.
 void report(const std::string &sentence) {
     try {
-        print(sentence + "\n");
+        printLine(sentence);
     } catch (const ReaderGone &) {
         complain(sentence);
     } catch (const Failure &failure) {
@@ -104,7 +104,7 @@ int exportContacts(const Request &request, const std::string &file) {
     const std::vector<Contact> contacts = contactsOf(settingsFor(request));
     const std::string text = format == "csv" ? asCsv(contacts) : asVCards(contacts);
     if (file == "-") {
-        print(text);
+        print(printsToTerminal() ? toUtf8(harmlessLines(fromUtf8(text))) : text);
     } else {
         writeOwnersFile(file, text, request.has(Option::replace));
         report(counted(contacts.size(), "written."));
@@ -147,7 +147,7 @@ int removeContactsAskedFor(const Request &request, std::span<const std::string> 
 int listContacts(const Request &request) {
     std::string text;
     for (const Contact &contact : contactsOf(settingsFor(request))) {
-        text += toUtf8(contact.id + u"\t" + visible(contact.name) + u"\t" +
+        text += toUtf8(visible(contact.id) + u"\t" + visible(contact.name) + u"\t" +
                        visible(contact.number) + u"\n");
     }
     print(text);

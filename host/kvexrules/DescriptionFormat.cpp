@@ -1,7 +1,7 @@
 #include "host/kvexrules/DescriptionFormat.h"
 
-#include "host/suite/ShownText.h"
 #include "platform/Text.h"
+#include "platform/VisibleText.h"
 
 #include <array>
 #include <cstdio>

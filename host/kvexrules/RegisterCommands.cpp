@@ -17,7 +17,7 @@ int change(HRESULT (*call)(const char *) noexcept, const std::string &done) {
     require(call(component.c_str()), "The registration of " + component + " cannot be changed",
             "Check that the file is installed, and that you may write to the folder of your data "
             "($XDG_DATA_HOME, else ~/.local/share).");
-    print(done + component + "\n");
+    printLine(done + component);
     return exit_status::done;
 }
 

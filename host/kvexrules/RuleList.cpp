@@ -4,8 +4,8 @@
 #include "host/kvexrules/Database.h"
 #include "host/kvexrules/Failure.h"
 #include "host/suite/Databases.h"
-#include "host/suite/ShownText.h"
 #include "platform/Text.h"
+#include "platform/VisibleText.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -13,8 +13,8 @@
 namespace kvex::host {
 namespace {
 
-std::string rightAligned(const std::string &text, std::size_t width) {
-    return std::string(width - text.size(), ' ') + text;
+std::u16string rightAligned(const std::u16string &text, std::size_t width) {
+    return std::u16string(width - text.size(), u' ') + text;
 }
 
 } // namespace
@@ -54,16 +54,16 @@ std::string listText(const std::vector<ListedRule> &rules) {
     const std::size_t positionWidth = std::to_string(rules.size()).size();
     std::size_t idWidth = 0;
     for (const ListedRule &rule : rules) {
-        idWidth = std::max(idWidth, rule.id.size());
+        idWidth = std::max(idWidth, visible(rule.id).size());
     }
-    std::string text;
+    std::u16string text;
     for (std::size_t i = 0; i < rules.size(); ++i) {
         const ListedRule &rule = rules[i];
-        text += rightAligned(std::to_string(i + 1), positionWidth) + "  " +
-                (rule.isActive ? "on " : "off") + "  " + rightAligned(toUtf8(rule.id), idWidth) +
-                "  " + toUtf8(visible(rule.name)) + "\n";
+        text += rightAligned(toText(static_cast<std::int64_t>(i + 1)), positionWidth) +
+                (rule.isActive ? u"  on   " : u"  off  ") +
+                rightAligned(visible(rule.id), idWidth) + u"  " + visible(rule.name) + u"\n";
     }
-    return text;
+    return toUtf8(text);
 }
 
 std::string ruleId(std::string_view text) {

@@ -75,7 +75,7 @@ Configuration readConfiguration(const std::filesystem::path &file) {
 
 void chooseDatabase(const Request &request, const Configuration &configuration,
                     const std::filesystem::path &file, Settings &settings) {
-    const char *environment = std::getenv("KVEX_DATABASE");
+    const char *environment = ::secure_getenv("KVEX_DATABASE");
     if (request.has(Option::database)) {
         settings.database = request.value(Option::database);
         settings.databaseOrigin = "The database was named by --database.";

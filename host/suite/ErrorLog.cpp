@@ -3,6 +3,7 @@
 #include "host/suite/ShownText.h"
 #include "host/suite/UserFolders.h"
 #include "platform/Text.h"
+#include "platform/VisibleText.h"
 
 #include <cerrno>
 #include <cstring>
@@ -89,8 +90,8 @@ void ErrorLog::append(std::u16string_view logFile, std::string_view line) {
         return;
     }
     lastFile_.clear();
-    std::cerr << "The error log " << wanted.string() << " cannot be written ("
-              << std::strerror(failure)
+    std::cerr << "The error log " << toUtf8(visible(fromUtf8(wanted.string())))
+              << " cannot be written (" << std::strerror(failure)
               << "): make it writable, or choose another file. The entry was: " << line
               << std::flush;
 }

@@ -9,7 +9,7 @@ namespace {
 
 /// Empty when the variable is not an absolute path.
 std::filesystem::path folderIn(const char *variable) {
-    const char *value = std::getenv(variable);
+    const char *value = ::secure_getenv(variable);
     const std::filesystem::path path = value == nullptr ? "" : value;
     return path.is_absolute() ? path : std::filesystem::path();
 }

@@ -8,7 +8,8 @@ namespace kvex::host {
 
 /// The user's folders for the suite: "kvex" in $XDG_STATE_HOME, $XDG_DATA_HOME or $XDG_CONFIG_HOME,
 /// or in their defaults below $HOME. A variable counts only if it is an absolute path. The result
-/// is empty if $HOME does not count either. Creates nothing.
+/// is empty if $HOME does not count either. No variable counts in a program that has more rights
+/// than its user. Creates nothing.
 [[nodiscard]] std::filesystem::path stateFolder();
 [[nodiscard]] std::filesystem::path dataFolder();
 [[nodiscard]] std::filesystem::path configurationFolder();

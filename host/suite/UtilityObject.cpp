@@ -4,6 +4,7 @@
 #include "host/suite/ShownText.h"
 #include "host/suite/SuiteState.h"
 #include "platform/Text.h"
+#include "platform/VisibleText.h"
 #include "platform/controls/Toolkit.h"
 
 #include <iostream>
@@ -91,7 +92,7 @@ void UtilityObject::tellUser(const Error &error) {
     try {
         showMessage(text, message_box::exclamation);
     } catch (const std::exception &) {
-        std::cerr << toUtf8(text) << std::endl;
+        std::cerr << toUtf8(harmlessLines(text)) << std::endl;
     }
 }
 

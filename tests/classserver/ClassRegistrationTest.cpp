@@ -3,11 +3,13 @@
 #include "adapters/classserver/GuidText.h"
 #include "platform/Error.h"
 #include "tests/classserver/DataDirectories.h"
+#include "tests/support/PrivilegedProgram.h"
 #include "tests/support/RaisedError.h"
 
 #include <gmock/gmock.h>
 
 #include <iterator>
+#include <sys/stat.h>
 #include <system_error>
 
 namespace {
@@ -56,13 +58,24 @@ TEST_F(Registration, WhatIsWrittenIsFoundByIdAndByName) {
     EXPECT_FALSE(findClassRegistration(u"Program"));
 }
 
-TEST_F(Registration, IsAReadableFileInTheUsersDirectory) {
+TEST_F(Registration, IsAFileInTheUsersDirectory) {
     kvex::writeClassRegistration({firstClass, "/opt/lib.so", u"Program.Name", u"One"});
     EXPECT_EQ(textOf(fileIn(userClasses())),
               "ProgramId=Program.Name\nDescription=One\nServer=/opt/lib.so\n");
-    EXPECT_EQ(fs::status(fileIn(userClasses())).permissions(),
-              fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read |
-                  fs::perms::others_read);
+}
+
+TEST_F(Registration, IsForThoseWhomTheUmaskAllows) {
+    const mode_t before = ::umask(0);
+    const auto written = [this](mode_t mask) {
+        ::umask(mask);
+        kvex::writeClassRegistration({firstClass, "/opt/lib.so", u"Program.Name", u"One"});
+        return static_cast<unsigned>(fs::status(fileIn(userClasses())).permissions());
+    };
+    EXPECT_EQ(written(0), 0666U);
+    EXPECT_EQ(written(022), 0644U);
+    EXPECT_EQ(written(027), 0640U);
+    EXPECT_EQ(written(077), 0600U);
+    ::umask(before);
 }
 
 TEST_F(Registration, ASecondWriteReplacesTheFirstAndLeavesNoOtherFile) {
@@ -172,6 +185,16 @@ TEST(ClassDirectories, HaveTheirDefaultsWhereTheVariablesAreEmptyOrRelative) {
     const Variable system("XDG_DATA_DIRS", "relative::/data:");
     EXPECT_THAT(classDirectories(),
                 ElementsAre("/home/someone/.local/share/kvex/classes", "/data/kvex/classes"));
+}
+
+TEST(ClassDirectories, OfAPrivilegedProgramAreTheSystems) {
+    const Variable home("HOME", "/home/someone");
+    const Variable user("XDG_DATA_HOME", "/tmp/mine");
+    const Variable system("XDG_DATA_DIRS", "/tmp/mine");
+    const kvex::test::PrivilegedProgram privileged;
+    EXPECT_THAT(classDirectories(),
+                ElementsAre("/usr/local/share/kvex/classes", "/usr/share/kvex/classes"));
+    EXPECT_EQ(kvex::userClassDirectory(), std::nullopt);
 }
 
 TEST(ClassDirectories, WithoutAHomeTheUserHasNone) {

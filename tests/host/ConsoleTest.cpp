@@ -84,6 +84,12 @@ TEST(Console, ComplainsInItsNameWithoutPasswords) {
     EXPECT_EQ(errorsOf([] { complain("PWD=s3cret; मदद \x1b"); }), "kvexrules: PWD=***; मदद \x1b\n");
 }
 
+TEST(Console, PrintsALineExactlyWithoutATerminal) {
+    testing::internal::CaptureStdout();
+    printLine("a\x1b\\");
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "a\x1b\\\n");
+}
+
 TEST(Console, CanComplainWithoutChangingTheText) {
     EXPECT_EQ(errorsOf([] { complainExactly("PWD=x\x1b\\"); }), "PWD=x\x1b\\\n");
 }
@@ -115,6 +121,11 @@ TEST(Console, KnowsWhetherItPrintsToATerminal) {
 TEST_F(ConsoleOnATerminal, LetsNoComplaintControlIt) {
     EXPECT_EQ(shown([] { complain("a\\\x1b[2J\r\nb"); }), "kvexrules: a\\\uFFFD[2J\nb\n");
     EXPECT_EQ(shown([] { complainExactly("a\\\x1b[2J\nb"); }), "a\\\\\\u{1b}[2J\\nb\n");
+}
+
+TEST_F(ConsoleOnATerminal, LetsNoPrintedLineControlIt) {
+    const StandardStream output(STDOUT_FILENO, terminal.program);
+    EXPECT_EQ(shown([] { printLine("a\\\x1b[2J\nb"); }), "a\\\\\\u{1b}[2J\\nb\n");
 }
 
 TEST_F(ConsoleOnATerminal, TakesOnlyYesForConsent) {

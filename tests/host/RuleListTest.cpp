@@ -31,6 +31,15 @@ TEST(RuleList, KeepsARuleOnItsLineWhateverItsName) {
               "2  on   2  \n");
 }
 
+TEST(RuleList, ShowsAnIdThatIsNoNumber) {
+    EXPECT_EQ(listText({{u"é\x1b", true, u"a"}, {u"12", true, u"b"}, {u"", true, u"c"}}),
+              "1  on   é\\u{1b}  a\n"
+              "2  on   "
+              "     12  b\n"
+              "3  on   "
+              "         c\n");
+}
+
 TEST(RuleList, IsUtf8) {
     EXPECT_EQ(listText({{u"1", true, u"रात 🌙"}}), "1  on   1  रात 🌙\n");
 }

@@ -4,6 +4,7 @@
 #include "host/kvexrules/Failure.h"
 #include "tests/host/EnvironmentVariables.h"
 #include "tests/host/TemporaryFolder.h"
+#include "tests/support/PrivilegedProgram.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -124,6 +125,14 @@ TEST_F(Settings, PreferTheEnvironmentToTheConfigurationFile) {
     environment.set("KVEX_DATABASE", "e.db");
     EXPECT_EQ(chosen().database, "e.db");
     EXPECT_THAT(chosen().databaseOrigin, HasSubstr("$KVEX_DATABASE"));
+}
+
+TEST_F(Settings, OfAPrivilegedProgramAreNotInTheEnvironment) {
+    configure("database = a.db");
+    environment.set("KVEX_DATABASE", "e.db");
+    const test::PrivilegedProgram privileged;
+    EXPECT_EQ(failure(),
+              "There is no home directory for a database of your own. Name one with --database.");
 }
 
 TEST_F(Settings, IgnoreAnEmptyVariable) {

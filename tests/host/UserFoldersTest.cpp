@@ -2,6 +2,7 @@
 
 #include "tests/host/EnvironmentVariables.h"
 #include "tests/host/TemporaryFolder.h"
+#include "tests/support/PrivilegedProgram.h"
 
 #include <gtest/gtest.h>
 
@@ -27,6 +28,15 @@ TEST(UserFolders, AreBelowTheHomeDirectoryOtherwise) {
     EXPECT_EQ(stateFolder(), "/users/asha/.local/state/kvex");
     EXPECT_EQ(dataFolder(), "/users/asha/.local/share/kvex");
     EXPECT_EQ(configurationFolder(), "/users/asha/.config/kvex");
+}
+
+TEST(UserFolders, AreNotChosenForAPrivilegedProgram) {
+    EnvironmentVariables environment;
+    environment.set("HOME", "/users/asha");
+    environment.set("XDG_DATA_HOME", "/d");
+    const test::PrivilegedProgram privileged;
+    EXPECT_EQ(dataFolder(), "");
+    EXPECT_EQ(configurationFolder(), "");
 }
 
 TEST(UserFolders, IgnoreRelativeVariables) {

@@ -55,6 +55,14 @@ TEST_F(List, LetsNoNameControlATerminal) {
     EXPECT_EQ(atTerminal({"contacts", "list"}).output, "1\ta\\u{1b}\t\\u{9b}\n");
 }
 
+TEST_F(List, ShowsAnIdThatIsNoNumber) {
+    sqlite3(database, "DROP TABLE SMS_RULES; CREATE TABLE SMS_RULES (ID TEXT, Name TEXT, "
+                      "QueryParam TEXT, ActionParam TEXT, PRIORITY INTEGER, ACTIVE INTEGER, "
+                      "DELETED INTEGER)");
+    rule("'रात' || char(27), 'a', 0, 1, 0");
+    EXPECT_EQ(done({"list"}), "1  on   रात\\u{1b}  a\n");
+}
+
 TEST_F(List, ReadsADatabaseThatMayNotBeWritten) {
     rule("1, 'a', 0, 1, 0");
     const std::string file = "file:" + database.string() + "?mode=ro";

@@ -41,11 +41,12 @@ TEST(EventDelivery, WritesAnErrorAsOneLineAndNotifiesTheObserver) {
     const Diagnostics diagnostics;
     std::vector<Error> errors;
     const ErrorObserver observer = [&](const Error &error) { errors.push_back(error); };
-    deliver(std::function<void()>([] { throw Error(5, u"two\r\nlines", u"Source"); }),
+    deliver(std::function<void()>([] { throw Error(5, u"two\r\nlines \x1b", u"Source"); }),
             u"frmRules.cmdNew", observer);
     deliver(std::function<void()>([] { throw std::runtime_error("other"); }), u"frm.cmd", observer);
     EXPECT_EQ(diagnostics.text(),
-              "KVEXMessageRules: unhandled error in frmRules.cmdNew: error 5: two  lines (Source)\n"
+              "KVEXMessageRules: unhandled error in frmRules.cmdNew: error 5: two\\r\\nlines "
+              "\\u{1b} (Source)\n"
               "KVEXMessageRules: unhandled error in frm.cmd: error 51: other (KVEXMessageRules)\n");
     ASSERT_EQ(errors.size(), 2U);
     EXPECT_EQ(errors[0].number(), 5);

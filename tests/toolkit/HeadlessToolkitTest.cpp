@@ -1,8 +1,10 @@
 #include "tests/toolkit/HeadlessTest.h"
 
 #include "platform/Error.h"
+#include "tests/recordset/FailingMemory.h"
 #include "tests/support/RaisedError.h"
 
+#include <optional>
 #include <stdexcept>
 
 namespace kvex::headless {
@@ -50,6 +52,26 @@ TEST_F(HeadlessToolkitTest, ClosesAWindowWhoseScriptFails) {
     show(*shown, [](User &user) { static_cast<void>(user.get<TextBox>(u"txtNone")); });
     EXPECT_EQ(onlyProblem(), "frmTest: the script failed: error 730: Control not found "
                              "(KVEXMessageRules)");
+}
+
+TEST_F(HeadlessToolkitTest, ClosesAWindowWhoseScriptFailsWithoutMemoryToSaySo) {
+    std::optional<test::FailingMemory> failing;
+    const auto outer = window({control(ControlKind::commandButton, u"cmd", u"Open")});
+    outer->get<CommandButton>(u"cmd").onClick = [&] { window({}, u"frmInner")->showModal(); };
+    toolkit_.whenShown(u"frmTest", [&](User &user) {
+        user.click(u"cmd");
+        user.press(Key::tab);
+        EXPECT_EQ(user.focused(), u"cmd");
+        user.closeByFrame();
+    });
+    toolkit_.whenShown(u"frmInner", [&](User &) {
+        failing.emplace(0);
+        throw 1;
+    });
+    outer->showModal();
+    ASSERT_EQ(toolkit_.unhandledErrors().size(), 1U);
+    EXPECT_EQ(toolkit_.unhandledErrors()[0].number(), error_number::outOfMemory);
+    EXPECT_EQ(toolkit_.problems(), std::vector<std::string>());
 }
 
 TEST_F(HeadlessToolkitTest, KeepsTheErrorsThatLeftAHandler) {

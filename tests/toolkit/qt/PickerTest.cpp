@@ -244,8 +244,8 @@ TEST_F(QtPickerTest, ControlAndAnArrowKeyChangeThePartAndTakeWhatIsTyped) {
     show(*shown, [&](QtUser &user) {
         user.focusOn(u"dtpValue");
         field(user).setSelectedSection(QDateTimeEdit::DaySection);
-        const auto go = [&](Qt::Key key) {
-            QTest::keyClick(&field(user), key, Qt::ControlModifier);
+        const auto go = [&](Qt::Key key, Qt::KeyboardModifiers held = {}) {
+            QTest::keyClick(&field(user), key, Qt::ControlModifier | held);
             EXPECT_EQ(user.focused(), u"dtp");
             return field(user).currentSection();
         };
@@ -260,6 +260,14 @@ TEST_F(QtPickerTest, ControlAndAnArrowKeyChangeThePartAndTakeWhatIsTyped) {
         EXPECT_EQ(go(Qt::Key_Left), QDateTimeEdit::DaySection);
         EXPECT_EQ(go(Qt::Key_Left), QDateTimeEdit::DaySection);
         EXPECT_EQ(QDate(picker().year(), picker().month(), picker().day()), QDate(2004, 1, 2));
+        for (const auto held : {Qt::ShiftModifier, Qt::KeypadModifier}) {
+            EXPECT_EQ(go(Qt::Key_Left, held), QDateTimeEdit::DaySection);
+            EXPECT_EQ(go(Qt::Key_Right, held), QDateTimeEdit::MonthSection);
+            EXPECT_EQ(go(Qt::Key_Right, held), QDateTimeEdit::YearSection);
+            EXPECT_EQ(go(Qt::Key_Right, held), QDateTimeEdit::YearSection);
+            EXPECT_EQ(go(Qt::Key_Left, held), QDateTimeEdit::MonthSection);
+            EXPECT_EQ(go(Qt::Key_Left, held), QDateTimeEdit::DaySection);
+        }
     });
 }
 
@@ -280,18 +288,36 @@ TEST_F(QtPickerTest, WithAllSelectedTypingStartsAnew) {
     });
 }
 
-TEST_F(QtPickerTest, AYearMayBeginWithZeroWhileItIsTyped) {
+TEST_F(QtPickerTest, ZerosBeforeAYearDoNotCount) {
+    show(*shown, [&](QtUser &user) {
+        user.focusOn(u"dtpValue");
+        for (const char16_t *keys : {u"02026", u"002026", u"2026"}) {
+            picker().setYear(2004);
+            field(user).setSelectedSection(QDateTimeEdit::YearSection);
+            user.type(keys);
+            EXPECT_EQ(field(user).text(), QStringLiteral("14/05/2026"));
+            EXPECT_EQ(picker().year(), 2026);
+        }
+        picker().setYear(2004);
+        field(user).setSelectedSection(QDateTimeEdit::DaySection);
+        user.type(u"05/06/02025");
+        EXPECT_EQ(field(user).date(), QDate(2025, 6, 5));
+        field(user).setSelectedSection(QDateTimeEdit::YearSection);
+        user.press(Key::deleteKey);
+        user.type(u"01999");
+        EXPECT_EQ(picker().year(), 1999);
+    });
+}
+
+TEST_F(QtPickerTest, AYearBegunIsNoYear) {
     show(*shown, [&](QtUser &user) {
         user.focusOn(u"dtpValue");
         field(user).setSelectedSection(QDateTimeEdit::YearSection);
         user.type(u"020");
-        EXPECT_EQ(field(user).text(), QStringLiteral("14/05/020"));
+        EXPECT_EQ(field(user).text(), QStringLiteral("14/05/20"));
         EXPECT_EQ(picker().year(), 2004);
         user.press(Key::home);
         EXPECT_EQ(picker().year(), 2004);
-        field(user).setSelectedSection(QDateTimeEdit::YearSection);
-        user.type(u"2025");
-        EXPECT_EQ(picker().year(), 2025);
     });
 }
 

@@ -1,0 +1,77 @@
+#include "platform/VisibleText.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
+#include <iterator>
+
+namespace kvex {
+namespace {
+
+bool isHidden(char16_t unit) {
+    const bool control = unit < 0x20 || (unit >= 0x7F && unit <= 0x9F);
+    const bool separator = unit == 0x2028 || unit == 0x2029;
+    const bool direction = (unit >= 0x202A && unit <= 0x202E) || (unit >= 0x2066 && unit <= 0x2069);
+    const bool noCharacter = unit >= 0xFFFE;
+    return control || separator || direction || noCharacter;
+}
+
+std::u16string escaped(char16_t unit) {
+    switch (unit) {
+    case u'\\':
+        return u"\\\\";
+    case u'\n':
+        return u"\\n";
+    case u'\r':
+        return u"\\r";
+    case u'\t':
+        return u"\\t";
+    default:
+        break;
+    }
+    char digits[8];
+    char *const end =
+        std::to_chars(std::begin(digits), std::end(digits), static_cast<std::uint32_t>(unit), 16)
+            .ptr;
+    return u"\\u{" + std::u16string(std::begin(digits), end) + u"}";
+}
+
+} // namespace
+
+std::u16string visible(std::u16string_view text) {
+    std::u16string result;
+    result.reserve(text.size());
+    for (const char16_t unit : text) {
+        if (unit == u'\\' || isHidden(unit)) {
+            result += escaped(unit);
+        } else {
+            result.push_back(unit);
+        }
+    }
+    return result;
+}
+
+std::u16string harmless(std::u16string_view text) {
+    std::u16string result(text);
+    std::ranges::replace_if(result, isHidden, u'\uFFFD');
+    return result;
+}
+
+std::u16string harmlessLines(std::u16string_view text) {
+    std::u16string result;
+    for (;;) {
+        const std::size_t end = text.find(u'\n');
+        std::u16string_view line = text.substr(0, end);
+        if (end != std::u16string_view::npos && line.ends_with(u'\r')) {
+            line.remove_suffix(1);
+        }
+        result += harmless(line);
+        if (end == std::u16string_view::npos) {
+            return result;
+        }
+        result += u'\n';
+        text.remove_prefix(end + 1);
+    }
+}
+
+} // namespace kvex
