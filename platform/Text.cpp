@@ -249,6 +249,17 @@ std::vector<std::u16string_view> split(std::u16string_view text, char16_t separa
     }
 }
 
+std::u16string joined(const std::vector<std::u16string> &items, char16_t separator) {
+    std::u16string text;
+    for (const std::u16string &item : items) {
+        text.append(item).push_back(separator);
+    }
+    if (!text.empty()) {
+        text.pop_back();
+    }
+    return text;
+}
+
 std::u16string_view withoutTrailingSeparator(std::u16string_view text) noexcept {
     if (text.ends_with(u';')) {
         text.remove_suffix(1);

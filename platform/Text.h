@@ -25,6 +25,9 @@ char16_t *fromUtf8(std::string_view text, char16_t *target) noexcept;
 /// Views of the items between the separators, including empty ones. There is always at least one.
 [[nodiscard]] std::vector<std::u16string_view> split(std::u16string_view text, char16_t separator);
 
+/// The items with the separator between them.
+[[nodiscard]] std::u16string joined(const std::vector<std::u16string> &items, char16_t separator);
+
 /// A view of `text` without one ";" at its end.
 [[nodiscard]] std::u16string_view withoutTrailingSeparator(std::u16string_view text) noexcept;
 

@@ -38,7 +38,7 @@ void addFromAddressBook(EntryList &numbers) {
         numbers.add(chosenNumbers->item(index));
     }
     if (numbers.hasRows()) {
-        numbers.enableButtons(true);
+        numbers.finishAdding();
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "component/session/Session.h"
 #include "platform/Text.h"
+#include "ui/Form.h"
 
 namespace kvex {
 
@@ -9,17 +10,39 @@ std::u16string indented(std::u16string_view entry) {
     return std::u16string(4, u' ').append(entry);
 }
 
-std::u16string joinedRows(const ListView &list, int firstRow, int subItem) {
-    std::u16string entries;
+Entries entriesIn(const ListView &list, int firstRow, int subItem) {
+    Entries entries;
     for (int row = firstRow; row <= list.rowCount(); ++row) {
         const std::u16string text = subItem == 0 ? list.text(row) : list.subItem(row, subItem);
-        entries.append(trimmed(text)).append(1, u';');
+        entries.emplace_back(trimmed(text));
     }
-    return std::u16string(withoutTrailingSeparator(entries));
+    return entries;
+}
+
+std::u16string joinedRows(const ListView &list, int firstRow, int subItem) {
+    return kvex::joined(entriesIn(list, firstRow, subItem), u';');
 }
 
 EntryList::EntryList(ListView &list, Heading heading, std::vector<CommandButton *> waiting)
     : list_(list), headings_(heading == Heading::firstRow ? 1 : 0), waiting_(std::move(waiting)) {}
+
+void EntryList::explainBy(Label &hint, TextBox &box, HintFor hintFor) {
+    hint_.emplace(Hint{hint, box, hintFor});
+}
+
+void EntryList::updateHint() {
+    if (!hint_) {
+        return;
+    }
+    showHint(hint_->label, [this] {
+        Entries entries = entriesIn(list_, firstEntry(), 0);
+        const std::u16string typed = hint_->box.text();
+        if (const auto entry = trimmed(typed); !entry.empty()) {
+            entries.emplace_back(entry);
+        }
+        return hint_->sentence(ruleState(), entries);
+    });
+}
 
 int EntryList::add(std::u16string_view entry) {
     return list_.addRow(indented(entry));
@@ -32,13 +55,18 @@ void EntryList::addJoined(std::u16string_view entries) {
     for (const std::u16string_view entry : split(entries, u';')) {
         add(entry);
     }
-    enableButtons(true);
+    finishAdding();
 }
 
 void EntryList::finishTyping(TextBox &box) {
     box.setText({});
     box.setFocus();
+    finishAdding();
+}
+
+void EntryList::finishAdding() {
     enableButtons(true);
+    updateHint();
 }
 
 void EntryList::enableButtons(bool enabled) {
@@ -59,6 +87,7 @@ void EntryList::removeSelected() {
     if (empty()) {
         enableButtons(false);
     }
+    updateHint();
 }
 
 void EntryList::clearIfConfirmed() {
@@ -71,6 +100,7 @@ void EntryList::clearIfConfirmed() {
         list_.removeRow(row);
     }
     enableButtons(false);
+    updateHint();
 }
 
 } // namespace kvex

@@ -2,7 +2,22 @@
 
 #include "component/session/Session.h"
 
+#include <exception>
+
 namespace kvex {
+
+void showHint(Label &hint, const std::function<std::u16string()> &sentence) {
+    try {
+        std::u16string caption;
+        for (const char16_t unit : sentence()) {
+            caption.append(unit == u'&' ? 2 : 1, unit);
+        }
+        hint.setCaption(caption);
+        hint.setVisible(!caption.empty());
+    } catch (const std::exception &) {
+        hint.setVisible(false);
+    }
+}
 
 Form::Form(const WindowDesign &design)
     : window_(session().platform->toolkit().createWindow(design)) {}

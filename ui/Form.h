@@ -2,15 +2,21 @@
 #pragma once
 
 #include "platform/controls/CommandButton.h"
+#include "platform/controls/Label.h"
 #include "platform/controls/Window.h"
 #include "platform/controls/WindowDesign.h"
 
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <string_view>
 #include <vector>
 
 namespace kvex {
+
+/// Shows the sentence in the label, or hides the label for "". It also hides it when the sentence
+/// cannot be made: a hint that fails is no error of the procedure that shows it.
+void showHint(Label &hint, const std::function<std::u16string()> &sentence);
 
 /// One showing of a window. Make an object for each showing, so that the load procedure runs each
 /// time the window opens.

@@ -57,6 +57,8 @@ private:
         require(!needsPlace || placed_.contains(control.name), control.name + u" has no place");
         require(control.buddy.empty() || isOf(control.buddy, false),
                 control.name + u" has the buddy " + control.buddy + u", which is no control");
+        require(control.describes.empty() || isOf(control.describes, false),
+                control.name + u" describes " + control.describes + u", which is no control");
         require(control.imageList.empty() || isOf(control.imageList, true),
                 control.name + u" has the image list " + control.imageList + u", which is none");
     }

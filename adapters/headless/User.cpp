@@ -1,5 +1,6 @@
 #include "adapters/headless/User.h"
 
+#include "adapters/controls/Keys.h"
 #include "adapters/headless/HeadlessButtons.h"
 #include "adapters/headless/HeadlessDTPicker.h"
 #include "adapters/headless/HeadlessListView.h"
@@ -10,6 +11,8 @@
 #include <algorithm>
 
 namespace kvex::headless {
+
+using controls::parseCaption;
 
 void User::complain(std::u16string_view text) const {
     window_.toolkit().addProblem(window_.name(), text);
@@ -178,6 +181,15 @@ bool User::isOpen() const {
 
 std::u16string User::focused() const {
     return window_.focus() != nullptr ? window_.focus()->design().name : std::u16string();
+}
+
+std::u16string User::description(std::u16string_view control) const {
+    const auto describes = [control](const auto &element) {
+        return element->isVisible() && element->design().describes == control;
+    };
+    const auto found = std::ranges::find_if(window_.elements(), describes);
+    return found == window_.elements().end() ? std::u16string()
+                                             : parseCaption((*found)->accessCaption()).shown;
 }
 
 std::vector<std::u16string> User::rows(std::u16string_view list) {

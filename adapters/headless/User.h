@@ -59,6 +59,8 @@ public:
     [[nodiscard]] bool isOpen() const;
     /// The name of the control that has the focus; "" if none has it.
     [[nodiscard]] std::u16string focused() const;
+    /// What the visible labels say about the control, as assistive technology reads it out.
+    [[nodiscard]] std::u16string description(std::u16string_view control) const;
     /// The row texts of a list, from the first to the last.
     [[nodiscard]] std::vector<std::u16string> rows(std::u16string_view list);
     /// The names of the controls that Tab reaches, in tab order.

@@ -128,7 +128,8 @@ Element *Controls::widgetOf(std::u16string_view name) const {
     return found == built_.end() ? nullptr : found->second.widget;
 }
 
-/// Gives every control the accessible name from its design, or else from its label.
+/// Gives every control the accessible name from its design, or else from its label, and tells the
+/// labels which controls they describe.
 void Controls::nameAloud(const WindowDesign &design) {
     for (const ControlDesign &control : design.controls) {
         Element *buddy = widgetOf(control.buddy);
@@ -138,6 +139,9 @@ void Controls::nameAloud(const WindowDesign &design) {
         }
     }
     for (const ControlDesign &control : design.controls) {
+        if (const Element *described = widgetOf(control.describes); described != nullptr) {
+            dynamic_cast<QtLabel &>(*widgetOf(control.name)).setDescribed(described->widget());
+        }
         if (Element *widget = widgetOf(control.name);
             widget != nullptr && !control.accessibleName.empty()) {
             widget->setSpokenName(toQt(control.accessibleName));

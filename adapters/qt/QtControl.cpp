@@ -43,6 +43,7 @@ void Element::applyVisible(bool visible) {
         passFocusOn();
     }
     widget_.setVisible(visible && placed_);
+    visibleSet();
 }
 
 void Element::giveFocus() {

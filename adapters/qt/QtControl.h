@@ -34,6 +34,8 @@ public:
 protected:
     void applyEnabled(bool enabled);
     void applyVisible(bool visible);
+    /// Called after the control was shown or hidden.
+    virtual void visibleSet() {}
     void giveFocus();
 
     /// Runs a handler of this control. If a database error leaves it, the user sees a message.

@@ -4,6 +4,7 @@
 #include "adapters/qt/Colours.h"
 #include "adapters/qt/QText.h"
 
+#include <QAccessible>
 #include <QFrame>
 #include <QGroupBox>
 #include <QPainter>
@@ -60,11 +61,30 @@ void QtLabel::setCaption(const std::u16string &caption) {
     // Qt finds the access key in the text only if there is a buddy.
     const bool keyIsRead = shown().buddy() != nullptr;
     shown().setText(toQt(keyIsRead ? caption : controls::parseCaption(caption).shown));
+    describe();
 }
 
 void QtLabel::setBuddy(QWidget &buddy) {
     shown().setBuddy(&buddy);
     setCaption(caption_);
+}
+
+void QtLabel::setDescribed(QWidget &widget) {
+    described_ = &widget;
+    describe();
+}
+
+/// Screen readers read a changed description of the focused widget out. Others wait for an alert.
+void QtLabel::describe() {
+    const QString text = visible() ? toQt(controls::parseCaption(caption_).shown) : QString();
+    if (described_ == nullptr || described_->accessibleDescription() == text) {
+        return;
+    }
+    described_->setAccessibleDescription(text);
+    if (!text.isEmpty()) {
+        QAccessibleEvent alert(&shown(), QAccessible::Alert);
+        QAccessible::updateAccessibility(&alert);
+    }
 }
 
 QtFrame::QtFrame(const ControlDesign &design, const std::u16string &window, QWidget &parent,

@@ -16,9 +16,15 @@ public:
     void setCaption(const std::u16string &caption) override;
     /// The widget that the access key leads to.
     void setBuddy(QWidget &buddy);
+    /// The widget that the caption describes while the label is visible.
+    void setDescribed(QWidget &widget);
 
 private:
+    void visibleSet() override { describe(); }
+    void describe();
+
     std::u16string caption_;
+    QWidget *described_ = nullptr;
 };
 
 /// A box around other controls, or a separating line.

@@ -15,6 +15,13 @@ ControlDesign hint(std::u16string name, std::u16string caption) {
     return explanation;
 }
 
+ControlDesign hintOn(std::u16string describes, std::u16string name) {
+    ControlDesign explanation = hint(std::move(name), {});
+    explanation.describes = std::move(describes);
+    explanation.visible = false;
+    return explanation;
+}
+
 ControlDesign button(std::u16string name, std::u16string caption) {
     return {
         .kind = ControlKind::commandButton, .name = std::move(name), .caption = std::move(caption)};

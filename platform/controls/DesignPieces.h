@@ -9,6 +9,8 @@ namespace kvex::design {
                                   std::u16string buddy = {});
 /// A label with an explanation instead of a control's name.
 [[nodiscard]] ControlDesign hint(std::u16string name, std::u16string caption);
+/// A hint that code shows while it is needed, on what the user does in the control `describes`.
+[[nodiscard]] ControlDesign hintOn(std::u16string describes, std::u16string name);
 [[nodiscard]] ControlDesign button(std::u16string name, std::u16string caption);
 /// A button that the user never sees. Its window must have a control of this name.
 [[nodiscard]] ControlDesign hiddenButton(std::u16string name, std::u16string caption);

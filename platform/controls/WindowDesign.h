@@ -45,6 +45,9 @@ struct ControlDesign {
     std::u16string buddy = {};
     /// label: an explanation, in a quieter colour and wrapped to the width.
     bool hint = false;
+    /// label: the control that it explains while it is visible. Assistive technology reads the
+    /// caption out as that control's description, and again when it changes.
+    std::u16string describes = {};
     /// commandButton: Enter presses the default button, Esc the cancel button.
     bool isDefault = false;
     bool isCancel = false;

@@ -88,6 +88,12 @@ TEST(Split, GivesTheItemsBetweenTheSeparators) {
     EXPECT_THAT(kvex::split(u"a,b", u';'), ElementsAre(u"a,b"));
 }
 
+TEST(Joined, IsWhatSplitTakesApart) {
+    EXPECT_EQ(kvex::joined({}, u';'), u"");
+    EXPECT_EQ(kvex::joined({u"a"}, u';'), u"a");
+    EXPECT_EQ(kvex::joined({u"a", u"", u"b;", u""}, u';'), u"a;;b;;");
+}
+
 TEST(Split, KeepsEmptyItems) {
     EXPECT_THAT(kvex::split(u"", u';'), ElementsAre(u""));
     EXPECT_THAT(kvex::split(u";", u';'), ElementsAre(u"", u""));

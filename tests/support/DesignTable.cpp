@@ -67,6 +67,7 @@ std::string rowOf(const ControlDesign &control) {
     text("waits=", control.disabledHint);
     text("called=", control.accessibleName);
     text("for=", control.buddy);
+    text("describes=", control.describes);
     flag(control.isDefault, "default");
     flag(control.isCancel, "cancel");
     number("max=", control.maxLength);

@@ -6,6 +6,7 @@
 #include "platform/Text.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QDateTimeEdit>
@@ -194,6 +195,12 @@ void QtUser::tickPicker(std::u16string_view picker, bool ticked) {
 
 std::u16string QtUser::focused() const {
     return controlOf(QApplication::focusWidget());
+}
+
+std::u16string QtUser::description(std::u16string_view control) const {
+    QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(widget(control));
+    return spoken == nullptr ? std::u16string()
+                             : qt::fromQt(spoken->text(QAccessible::Description));
 }
 
 bool QtUser::isOpen() const {

@@ -50,6 +50,7 @@ public:
     void tickPicker(std::u16string_view picker, bool ticked) override;
 
     [[nodiscard]] std::u16string focused() const override;
+    [[nodiscard]] std::u16string description(std::u16string_view control) const override;
     [[nodiscard]] bool isOpen() const override;
     [[nodiscard]] Window &window() { return dialog_->owner(); }
     template <class Kind> [[nodiscard]] Kind &get(std::u16string_view name) {

@@ -22,6 +22,29 @@ void watchKeys(TextBox &box, std::vector<int> &codes, const std::vector<int> &di
     };
 }
 
+TEST_P(ToolkitConformance, LabelDescribesAControlWhileItIsVisible) {
+    const auto shown = window({control(ControlKind::textBox, u"txt"),
+                               {.kind = ControlKind::label,
+                                .name = u"lbl",
+                                .caption = u"First && one",
+                                .visible = false,
+                                .hint = true,
+                                .describes = u"txt"}});
+    auto &label = shown->get<Label>(u"lbl");
+    show(*shown, [&](Hands &user) {
+        EXPECT_EQ(user.description(u"txt"), u"");
+        label.setVisible(true);
+        EXPECT_EQ(user.description(u"txt"), u"First & one");
+        label.setCaption(u"Second");
+        EXPECT_EQ(user.description(u"txt"), u"Second");
+        label.setVisible(false);
+        EXPECT_EQ(user.description(u"txt"), u"");
+        label.setCaption(u"Third");
+        EXPECT_EQ(user.description(u"txt"), u"");
+        EXPECT_EQ(user.focused(), u"txt");
+    });
+}
+
 TEST_P(ToolkitConformance, TextBoxStartsWithTheDesignsText) {
     ControlDesign design = textBox();
     design.caption = u"0 && &x";

@@ -68,6 +68,8 @@ TEST(DesignCheck, EveryFaultIsNamedWithItsWindow) {
     for (const auto &[fault, spoil] : {
              Case{"a control has no name",
                   [](WindowDesign &design) { named(design, u"lvw").name.clear(); }},
+             Case{"lbl describes cmdNone, which is no control",
+                  [](WindowDesign &design) { named(design, u"lbl").describes = u"cmdNone"; }},
              Case{"two controls are named txt",
                   [](WindowDesign &design) { design.controls.push_back(design.controls[1]); }},
              Case{"txt has no place",

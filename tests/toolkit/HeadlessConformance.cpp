@@ -39,6 +39,9 @@ public:
         user_.tickPicker(picker, ticked);
     }
     [[nodiscard]] std::u16string focused() const override { return user_.focused(); }
+    [[nodiscard]] std::u16string description(std::u16string_view control) const override {
+        return user_.description(control);
+    }
     [[nodiscard]] bool isOpen() const override { return user_.isOpen(); }
 
 private:

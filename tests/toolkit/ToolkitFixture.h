@@ -47,6 +47,8 @@ public:
 
     /// The name of the control that has the focus, "" for none.
     [[nodiscard]] virtual std::u16string focused() const = 0;
+    /// What assistive technology reads out about the control, besides its name.
+    [[nodiscard]] virtual std::u16string description(std::u16string_view control) const = 0;
     /// Whether the window of these hands is shown.
     [[nodiscard]] virtual bool isOpen() const = 0;
 };

@@ -34,6 +34,7 @@ TEST(ActionDesigns, ReplyHasTheseControls) {
                      R"(label Label2 "Type the Message that you want to send as Reply")"
                      R"( for="rtReplyText")",
                      R"(richText rtReplyText)",
+                     R"(hint lblTextHint hidden describes="rtReplyText")",
                      R"(label Label1 "Characters :" for="txtCharCount")",
                      R"(text txtCharCount "0" readOnly)",
                      R"(label Label5 "2. Select the Account to be used for sending the Reply")"
@@ -52,6 +53,7 @@ TEST(ActionDesigns, AlertHasTheseControls) {
                  {
                      R"(label Label2 "1. Type the Alert Text" for="rtAlertText")",
                      R"(richText rtAlertText)",
+                     R"(hint lblTextHint hidden describes="rtAlertText")",
                      R"(label Label3 "Characters :" for="txtCharCount")",
                      R"(text txtCharCount "0" readOnly)",
                      R"(hint Label6 "Tip: To include the original message in the Alert text use)"
@@ -64,6 +66,7 @@ TEST(ActionDesigns, AlertHasTheseControls) {
                      R"( click Add")",
                      R"(label Label1 "Alert &Recipients" for="txtMobileNo")",
                      R"(text txtMobileNo)",
+                     R"(hint lblNumberHint hidden describes="txtMobileNo")",
                      R"(button cmdAdd "&Add" disabled waits="Type a mobile number first" default)",
                      R"(button cmdAddressBook "Address &Book")",
                      R"(list lvwPeople called="Selected recipients")"

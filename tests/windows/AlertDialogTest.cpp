@@ -390,5 +390,28 @@ TEST_F(AlertDialog, AnEditedAlertIsSavedAmongTheOtherActions) {
               "<IGNOREFURTHERRULES>YES</IGNOREFURTHERRULES>");
 }
 
+TEST_F(AlertDialog, AHintSaysWhatTheServerReadsOfTheText) {
+    play([this](User &user) {
+        EXPECT_EQ(user.description(text), u"");
+        paste(user, text, u"a;b");
+        EXPECT_EQ(user.description(text), u"The server reads the text up to \";\" only: \"a\".");
+        empty(user, text);
+        EXPECT_EQ(user.description(text), u"");
+        typeInto(user, text, u"<DELETE>");
+        EXPECT_EQ(user.description(text), u"With this text the server misreads \"Delete it\".");
+        cancel(user);
+    });
+}
+
+TEST_F(AlertDialog, AHintStandsBesideALoadedText) {
+    storeRule(storedAlert);
+    beforeDialog = [] { ruleState().strAlertText = u"a;b"; };
+    play([](User &user) {
+        EXPECT_EQ(user.description(text), u"The server reads the text up to \";\" only: \"a\".");
+        EXPECT_EQ(user.description(number), u"");
+        cancel(user);
+    });
+}
+
 } // namespace
 } // namespace kvex::test

@@ -274,5 +274,24 @@ TEST_F(AlertRecipients, FiveThousandRecipientsAreShownWrittenAndCleared) {
     expectMessages({clearQuestion});
 }
 
+TEST_F(AlertRecipients, AHintSaysWhatTheServerReadsOfThem) {
+    storeRule("<ALERT>Look;5;98<12;99</ALERT>");
+    platform.addressBook.numbers = {u"97;96"};
+    play([](User &user) {
+        EXPECT_EQ(user.description(number), u"The server reads these numbers as they stand.");
+        user.clickRow(people, 1);
+        user.click(u"cmdRemove");
+        EXPECT_EQ(user.description(number), u"");
+        user.get<TextBox>(number).setText(u"1;2");
+        EXPECT_EQ(user.description(number), u"The server reads \"1;2\" as \"1\" and \"2\".");
+        user.get<TextBox>(number).setText(u"");
+        EXPECT_EQ(user.description(number), u"");
+        user.click(u"cmdAddressBook");
+        EXPECT_EQ(user.description(number), u"The server reads \"97;96\" as \"97\" and \"96\".");
+        EXPECT_EQ(user.description(text), u"");
+        cancel(user);
+    });
+}
+
 } // namespace
 } // namespace kvex::test

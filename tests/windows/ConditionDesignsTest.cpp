@@ -23,6 +23,7 @@ TEST(ConditionDesigns, PeopleHaveTheseControls) {
                      R"(button cmdOK "&OK" disabled waits="Add a mobile number first")",
                      R"(button cmdCancel "&Cancel" cancel)",
                      R"(text txtMobileNo max=20)",
+                     R"(hint lblNumberHint hidden describes="txtMobileNo")",
                      R"(list lvwPeople called="Selected people")",
                      R"(label Label1 "&People" for="txtMobileNo")",
                      R"(hint Label4 "Type one mobile number at a time and click Add, or select)"
@@ -60,6 +61,7 @@ TEST(ConditionDesigns, WordsHaveTheseControls) {
                      R"(button cmdOK "&OK" disabled waits="Add a word first")",
                      R"(button cmdCancel "&Cancel" cancel)",
                      R"(text txtWord max=150)",
+                     R"(hint lblWordHint hidden describes="txtWord")",
                      R"(list lvwWords called="Selected words")",
                      R"(label Label1 "&Words" for="txtWord")",
                      R"(hint Label4 "Type specific words or a phrase and click Add")",

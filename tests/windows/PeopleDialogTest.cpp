@@ -312,5 +312,28 @@ TEST_F(PeopleDialog, FiveThousandNumbersAreShownRemovedAndWritten) {
     expectMessages({clearQuestion});
 }
 
+TEST_F(PeopleDialog, AHintSaysWhatTheServerReadsOfTheNumbers) {
+    ruleState().strPeople = u"98</WORD>;99";
+    ruleState().strWords = u"STOP";
+    platform.addressBook.numbers = {u"97;96"};
+    playDialog(people, [](User &user) {
+        EXPECT_EQ(user.description(u"txtMobileNo"),
+                  u"With these numbers the server cannot read the rule to its end.");
+        user.clickRow(list, 2);
+        user.click(u"cmdRemove");
+        EXPECT_EQ(user.description(u"txtMobileNo"), u"");
+        session().strUserID = u"1";
+        user.click(u"cmdAddressBook");
+        EXPECT_EQ(user.description(u"txtMobileNo"),
+                  u"The server reads \"97;96\" as \"97\" and \"96\".");
+        user.get<TextBox>(u"txtMobileNo").setText(u"1<");
+        user.clickRow(list, 3);
+        user.click(u"cmdRemove");
+        EXPECT_EQ(user.description(u"txtMobileNo"),
+                  u"The server reads these numbers as they stand.");
+        user.press(Key::escape);
+    });
+}
+
 } // namespace
 } // namespace kvex::test

@@ -442,5 +442,42 @@ TEST_F(ReplyDialog, FiveThousandAccountsAreASingleChoice) {
     EXPECT_EQ(ruleState().strReplyAccount, u"5000");
 }
 
+TEST_F(ReplyDialog, AHintSaysWhatTheServerReadsWhileTheTextHoldsSpecialCharacters) {
+    play([this](User &user) {
+        EXPECT_EQ(user.description(text), u"");
+        EXPECT_FALSE(user.get<Label>(u"lblTextHint").visible());
+        typeInto(user, text, u"R&D");
+        EXPECT_EQ(user.description(text), u"");
+        user.type(u";");
+        EXPECT_EQ(user.description(text), u"The server reads the text up to \";\" only: \"R&D\".");
+        EXPECT_TRUE(user.get<Label>(u"lblTextHint").visible());
+        user.press(Key::backspace);
+        EXPECT_EQ(user.description(text), u"");
+        EXPECT_FALSE(user.get<Label>(u"lblTextHint").visible());
+        user.type(u" < 3");
+        EXPECT_EQ(user.description(text), u"The server reads this text as it stands.");
+        empty(user, text);
+        paste(user, text, u"a;b\r\nc");
+        EXPECT_EQ(user.description(text), u"The server reads the text up to \";\" only: \"a\".");
+        EXPECT_TRUE(enabled(user, u"cmdOK"));
+        user.tickRow(accounts, 1);
+        confirm(user);
+    });
+    EXPECT_EQ(ruleState().strReplyText, u"a;b\r\nc");
+}
+
+TEST_F(ReplyDialog, AHintStandsBesideALoadedText) {
+    storeRule("<REPLY>Received</b>;5</REPLY>");
+    play([](User &user) {
+        EXPECT_EQ(user.description(text), u"The server reads this text as it stands.");
+        cancel(user);
+    });
+    beforeDialog = [] { ruleState().strReplyText = u"a;b"; };
+    playAgain([](User &user) {
+        EXPECT_EQ(user.description(text), u"The server reads the text up to \";\" only: \"a\".");
+        cancel(user);
+    });
+}
+
 } // namespace
 } // namespace kvex::test

@@ -271,5 +271,57 @@ TEST_F(WordsDialog, AccessKeysReachEveryControlThatHasOne) {
     expectMessages({clearQuestion});
 }
 
+TEST_F(WordsDialog, AHintSaysWhatTheServerReadsOfTheTypedWordAndTheList) {
+    utility.answers = {message_box::yes};
+    playDialog(words, [this](User &user) {
+        EXPECT_EQ(user.description(u"txtWord"), u"");
+        user.type(u"a");
+        EXPECT_EQ(user.description(u"txtWord"), u"");
+        user.type(u";b");
+        const std::u16string twoWords = u"The server reads \"a;b\" as \"a\" and \"b\".";
+        EXPECT_EQ(user.description(u"txtWord"), twoWords);
+        user.press(Key::enter);
+        EXPECT_EQ(user.rows(list), (Texts{heading, u"    a;b"}));
+        EXPECT_EQ(user.description(u"txtWord"), twoWords);
+        user.clickRow(list, 2);
+        user.click(u"cmdRemove");
+        EXPECT_EQ(user.description(u"txtWord"), u"");
+        user.focusOn(u"txtWord");
+        paste(user, u"a</WORD>");
+        EXPECT_EQ(user.description(u"txtWord"), u"The server reads \"a</WORD>\" as \"a\".");
+        user.press(Key::enter);
+        user.click(u"cmdClear");
+        EXPECT_EQ(user.description(u"txtWord"), u"");
+        user.press(Key::escape);
+    });
+    expectMessages({clearQuestion});
+}
+
+TEST_F(WordsDialog, AHintStandsBesideLoadedWords) {
+    ruleState().strWords = u"STOP;<b>";
+    playDialog(words, [](User &user) {
+        EXPECT_EQ(user.description(u"txtWord"), u"The server reads these words as they stand.");
+        user.press(Key::escape);
+    });
+}
+
+TEST_F(WordsDialog, AHintKnowsTheOptionsOfTheWords) {
+    ruleState().strWords = u"<ALL>;b";
+    playDialog(words, [this](User &user) {
+        EXPECT_EQ(user.description(u"txtWord"),
+                  u"The server reads \"<ALL>\" as an option of the words.");
+        user.click(u"chkWordAsCommand");
+        EXPECT_EQ(user.description(u"txtWord"), u"The server reads these words as they stand.");
+        user.click(u"chkWordAsCommand");
+        whenShown(u"frmRuleOptions", [](User &options) {
+            options.click(u"opgAllAnyModifier(0)");
+            options.click(u"cmdOK");
+        });
+        user.click(u"cmdOptions");
+        EXPECT_EQ(user.description(u"txtWord"), u"The server reads these words as they stand.");
+        user.press(Key::escape);
+    });
+}
+
 } // namespace
 } // namespace kvex::test

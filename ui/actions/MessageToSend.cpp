@@ -2,6 +2,8 @@
 
 #include "component/session/Session.h"
 #include "platform/Text.h"
+#include "platform/controls/DesignPieces.h"
+#include "ui/Form.h"
 #include "ui/ListColumns.h"
 
 namespace kvex {
@@ -11,9 +13,9 @@ const std::u16string keyPrefix = u"AC";
 
 } // namespace
 
-MessageToSend::MessageToSend(RichTextBox &text, TextBox &count, ListView &accounts,
-                             CommandButton &ok)
-    : text_(text), count_(count), accounts_(accounts), ok_(ok) {}
+MessageToSend::MessageToSend(RichTextBox &text, TextBox &count, Label &hint, HintFor hintFor,
+                             ListView &accounts, CommandButton &ok)
+    : text_(text), count_(count), hint_(hint), hintFor_(hintFor), accounts_(accounts), ok_(ok) {}
 
 void MessageToSend::listAccounts(AccountUse use, const std::u16string &storedAccount) {
     beginList(accounts_, u"Available Accounts", {u"AccountID"});
@@ -31,10 +33,12 @@ void MessageToSend::listAccounts(AccountUse use, const std::u16string &storedAcc
 /// Counts UTF-16 units; a line break has two. The count is only shown, and nothing limits the text.
 void MessageToSend::textChanged() {
     session().blnChanged = true;
-    const std::size_t length = text_.text().size();
+    const std::u16string text = text_.text();
+    const std::size_t length = text.size();
     count_.setText(toText(static_cast<std::int64_t>(length)));
     count_.refresh();
     ok_.setEnabled(length > 0);
+    showHint(hint_, [&] { return hintFor_(ruleState(), text); });
 }
 
 void MessageToSend::accountTicked(int row) {
@@ -81,6 +85,16 @@ ControlDesign characterCount() {
             .caption = u"0",
             .readOnly = true,
             .columns = 8};
+}
+
+ControlDesign messageHint(std::u16string message) {
+    return hintOn(std::move(message), u"lblTextHint");
+}
+
+Layout countAndHint(std::u16string label) {
+    constexpr int nearlyAll = 100;
+    return row({place(std::move(label)), place(u"txtCharCount"), spring(),
+                place(u"lblTextHint", nearlyAll)});
 }
 
 ControlDesign outAccounts() {

@@ -2,10 +2,12 @@
 #pragma once
 
 #include "platform/controls/CommandButton.h"
+#include "platform/controls/Label.h"
 #include "platform/controls/ListView.h"
 #include "platform/controls/RichTextBox.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/WindowDesign.h"
+#include "rules/RuleState.h"
 #include "ui/Accounts.h"
 
 #include <string>
@@ -14,13 +16,18 @@ namespace kvex {
 
 class MessageToSend {
 public:
-    MessageToSend(RichTextBox &text, TextBox &count, ListView &accounts, CommandButton &ok);
+    /// Says what the server makes of a text, or "".
+    using HintFor = std::u16string (*)(RuleState rule, const std::u16string &text);
+
+    /// `hint` shows what `hintFor` says of the text.
+    MessageToSend(RichTextBox &text, TextBox &count, Label &hint, HintFor hintFor,
+                  ListView &accounts, CommandButton &ok);
 
     /// Lists the accounts for `use`. Ticks the account whose id is `storedAccount`, unless that is
     /// blank. Fails with elementNotFound when the list has no such account.
     void listAccounts(AccountUse use, const std::u16string &storedAccount);
-    /// Shows the length of the text, and enables `ok` while there is a text. Sets the session's
-    /// change flag, as accountTicked does.
+    /// Shows the length of the text and its hint, and enables `ok` while there is a text. Sets the
+    /// session's change flag, as accountTicked does.
     void textChanged();
     /// Call it when the user ticks or unticks the row. It keeps at most one account ticked.
     void accountTicked(int row);
@@ -37,6 +44,8 @@ public:
 private:
     RichTextBox &text_;
     TextBox &count_;
+    Label &hint_;
+    HintFor hintFor_;
     ListView &accounts_;
     CommandButton &ok_;
     /// The row of the chosen account, or 0 before a choice.
@@ -50,6 +59,10 @@ namespace design {
 [[nodiscard]] ControlDesign messageText(std::u16string name);
 /// The length of the message; a label names it.
 [[nodiscard]] ControlDesign characterCount();
+/// The length and the hint in one row, below the message. `label` names the length.
+[[nodiscard]] Layout countAndHint(std::u16string label);
+/// The hint on the message that is typed in the control `message`.
+[[nodiscard]] ControlDesign messageHint(std::u16string message);
 /// The list of accounts. The user ticks one. Its pictures are those of listIcons.
 [[nodiscard]] ControlDesign outAccounts();
 

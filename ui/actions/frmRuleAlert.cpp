@@ -5,6 +5,7 @@
 #include "platform/Text.h"
 #include "platform/controls/DesignPieces.h"
 #include "rules/InputHelpers.h"
+#include "rules/ReadingHints.h"
 #include "rules/RuleState.h"
 #include "ui/AddressBookExchange.h"
 #include "ui/ListColumns.h"
@@ -33,6 +34,7 @@ WindowDesign frmRuleAlertDesign() {
             {
                 label(u"Label2", u"1. Type the Alert Text", u"rtAlertText"),
                 messageText(u"rtAlertText"),
+                messageHint(u"rtAlertText"),
                 label(u"Label3", u"Characters :", u"txtCharCount"),
                 characterCount(),
                 hint(u"Label6", u"Tip: To include the original message in the Alert text use "
@@ -44,6 +46,7 @@ WindowDesign frmRuleAlertDesign() {
                       u"3. Select the Alert Recipients. Type the mobile number and click Add"),
                 label(u"Label1", u"Alert &Recipients", u"txtMobileNo"),
                 {.kind = ControlKind::textBox, .name = u"txtMobileNo"},
+                hintOn(u"txtMobileNo", u"lblNumberHint"),
                 byEnter(waitingButton(u"cmdAdd", u"&Add", u"Type a mobile number first")),
                 button(u"cmdAddressBook", u"Address &Book"),
                 {.kind = ControlKind::listView,
@@ -65,13 +68,14 @@ WindowDesign frmRuleAlertDesign() {
         .layout = aboveButtons({
             place(u"Label2"),
             place(u"rtAlertText", 2),
-            row({place(u"Label3"), place(u"txtCharCount"), spring()}),
+            countAndHint(u"Label3"),
             place(u"Label6"),
             place(u"Label5"),
             place(u"lvwOutAccount", 2),
             place(u"Label4"),
             place(u"Label1"),
-            row({column({place(u"txtMobileNo"), place(u"lvwPeople", 1)}, 1),
+            row({column({place(u"txtMobileNo"), place(u"lblNumberHint"), place(u"lvwPeople", 1)},
+                        1),
                  buttonColumn(
                      {u"cmdAdd", u"cmdAddressBook", u"cmdRemove", u"cmdClear", u"cmdOptions"})},
                 2),
@@ -86,10 +90,11 @@ frmRuleAlert::frmRuleAlert()
       lvwOutAccount(control<ListView>(u"lvwOutAccount")),
       txtMobileNo(control<TextBox>(u"txtMobileNo")), cmdAdd(control<CommandButton>(u"cmdAdd")),
       lvwPeople(control<ListView>(u"lvwPeople")),
-      alert_(rtAlertText, control<TextBox>(u"txtCharCount"), lvwOutAccount,
-             control<CommandButton>(u"cmdOK")),
+      alert_(rtAlertText, control<TextBox>(u"txtCharCount"), control<Label>(u"lblTextHint"),
+             alertTextHint, lvwOutAccount, control<CommandButton>(u"cmdOK")),
       recipients_(lvwPeople, EntryList::Heading::none,
                   buttons({u"cmdRemove", u"cmdClear", u"cmdOptions", u"cmdOK"})) {
+    recipients_.explainBy(control<Label>(u"lblNumberHint"), txtMobileNo, recipientsHint);
     rtAlertText.onChange = [this] { rtAlertText_Change(); };
     lvwOutAccount.onItemCheck = [this](int row) { lvwOutAccount_ItemCheck(row); };
     txtMobileNo.onChange = [this] { txtMobileNo_Change(); };
@@ -128,6 +133,7 @@ void frmRuleAlert::lvwOutAccount_ItemCheck(int Item) {
 
 void frmRuleAlert::txtMobileNo_Change() {
     cmdAdd.setEnabled(!trimmed(txtMobileNo.text()).empty());
+    recipients_.updateHint();
 }
 
 void frmRuleAlert::txtMobileNo_KeyPress(std::int16_t &KeyAscii) {

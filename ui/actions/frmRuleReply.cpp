@@ -3,6 +3,7 @@
 #include "component/session/ErrorTrap.h"
 #include "component/session/Session.h"
 #include "platform/controls/DesignPieces.h"
+#include "rules/ReadingHints.h"
 #include "rules/RuleState.h"
 
 namespace kvex {
@@ -17,6 +18,7 @@ WindowDesign frmRuleReplyDesign() {
                 label(u"Label2", u"Type the Message that you want to send as Reply",
                       u"rtReplyText"),
                 messageText(u"rtReplyText"),
+                messageHint(u"rtReplyText"),
                 label(u"Label1", u"Characters :", u"txtCharCount"),
                 characterCount(),
                 label(u"Label5", u"2. Select the Account to be used for sending the Reply",
@@ -30,7 +32,7 @@ WindowDesign frmRuleReplyDesign() {
         .layout = aboveButtons({
             place(u"Label2"),
             place(u"rtReplyText", 3),
-            row({place(u"Label1"), place(u"txtCharCount"), spring()}),
+            countAndHint(u"Label1"),
             place(u"Label5"),
             place(u"lvwOutAccount", 2),
         }),
@@ -42,8 +44,8 @@ WindowDesign frmRuleReplyDesign() {
 frmRuleReply::frmRuleReply()
     : Form(frmRuleReplyDesign()), rtReplyText(control<RichTextBox>(u"rtReplyText")),
       lvwOutAccount(control<ListView>(u"lvwOutAccount")),
-      reply_(rtReplyText, control<TextBox>(u"txtCharCount"), lvwOutAccount,
-             control<CommandButton>(u"cmdOK")) {
+      reply_(rtReplyText, control<TextBox>(u"txtCharCount"), control<Label>(u"lblTextHint"),
+             replyTextHint, lvwOutAccount, control<CommandButton>(u"cmdOK")) {
     rtReplyText.onChange = [this] { rtReplyText_Change(); };
     lvwOutAccount.onItemCheck = [this](int row) { lvwOutAccount_ItemCheck(row); };
     onClick(u"cmdOK", &frmRuleReply::cmdOK_Click);

@@ -101,7 +101,7 @@ void frmRuleAccount::Form_Load() {
             const int row = accounts_.add(GetAccountName(toInt32(id)));
             lvwAccountSelected.setSubItem(row, idItem, std::u16string(id));
         }
-        accounts_.enableButtons(true);
+        accounts_.finishAdding();
     });
 }
 
@@ -116,7 +116,7 @@ void frmRuleAccount::cmdAdd_Click() {
             lvwAccountSelected.setSubItem(accounts_.add(name), idItem,
                                           lvwAccountSource.subItem(source, idItem));
         }
-        accounts_.enableButtons(true);
+        accounts_.finishAdding();
     });
 }
 

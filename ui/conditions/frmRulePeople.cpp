@@ -34,6 +34,7 @@ WindowDesign frmRulePeopleDesign() {
                 waiting(plainOkButton(), numberAwaited),
                 cancelButton(),
                 {.kind = ControlKind::textBox, .name = u"txtMobileNo", .maxLength = 20},
+                hintOn(u"txtMobileNo", u"lblNumberHint"),
                 {.kind = ControlKind::listView,
                  .name = u"lvwPeople",
                  .accessibleName = u"Selected people",
@@ -46,7 +47,8 @@ WindowDesign frmRulePeopleDesign() {
         .layout = aboveButtons({
             place(u"Label4"),
             place(u"Label1"),
-            row({column({place(u"txtMobileNo"), place(u"lvwPeople", 1)}, 1),
+            row({column({place(u"txtMobileNo"), place(u"lblNumberHint"), place(u"lvwPeople", 1)},
+                        1),
                  buttonColumn(
                      {u"cmdAdd", u"cmdAddressBook", u"cmdRemove", u"cmdClear", u"cmdOptions"})},
                 1),
@@ -61,6 +63,7 @@ frmRulePeople::frmRulePeople()
       txtMobileNo(control<TextBox>(u"txtMobileNo")), lvwPeople(control<ListView>(u"lvwPeople")),
       numbers_(lvwPeople, EntryList::Heading::firstRow,
                buttons({u"cmdRemove", u"cmdClear", u"cmdOptions", u"cmdOK"})) {
+    numbers_.explainBy(control<Label>(u"lblNumberHint"), txtMobileNo, peopleHint);
     onClick(u"cmdAdd", &frmRulePeople::cmdAdd_Click);
     onClick(u"cmdAddressBook", &frmRulePeople::cmdAddressBook_Click);
     onClick(u"cmdRemove", &frmRulePeople::cmdRemove_Click);
@@ -89,6 +92,7 @@ void frmRulePeople::txtMobileNo_KeyPress(std::int16_t &KeyAscii) {
 
 void frmRulePeople::txtMobileNo_Change() {
     cmdAdd.setEnabled(!trimmed(txtMobileNo.text()).empty());
+    numbers_.updateHint();
 }
 
 void frmRulePeople::cmdAdd_Click() {

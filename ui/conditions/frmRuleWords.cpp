@@ -28,6 +28,7 @@ WindowDesign frmRuleWordsDesign() {
                 waiting(plainOkButton(), wordAwaited),
                 cancelButton(),
                 {.kind = ControlKind::textBox, .name = u"txtWord", .maxLength = 150},
+                hintOn(u"txtWord", u"lblWordHint"),
                 {.kind = ControlKind::listView,
                  .name = u"lvwWords",
                  .accessibleName = u"Selected words",
@@ -39,7 +40,9 @@ WindowDesign frmRuleWordsDesign() {
         .layout = aboveButtons({
             place(u"Label4"),
             place(u"Label1"),
-            row({column({place(u"txtWord"), place(u"lvwWords", 1), place(u"chkWordAsCommand")}, 1),
+            row({column({place(u"txtWord"), place(u"lblWordHint"), place(u"lvwWords", 1),
+                         place(u"chkWordAsCommand")},
+                        1),
                  buttonColumn({u"cmdAdd", u"cmdRemove", u"cmdClear", u"cmdOptions"})},
                 1),
         }),
@@ -54,6 +57,7 @@ frmRuleWords::frmRuleWords()
       lvwWords(control<ListView>(u"lvwWords")),
       words_(lvwWords, EntryList::Heading::firstRow,
              buttons({u"cmdRemove", u"cmdClear", u"cmdOptions", u"cmdOK"})) {
+    words_.explainBy(control<Label>(u"lblWordHint"), txtWord, wordsHint);
     chkWordAsCommand.onClick = [this] { chkWordAsCommand_Click(); };
     onClick(u"cmdAdd", &frmRuleWords::cmdAdd_Click);
     onClick(u"cmdRemove", &frmRuleWords::cmdRemove_Click);
@@ -77,6 +81,7 @@ void frmRuleWords::Form_Load() {
 
 void frmRuleWords::txtWord_Change() {
     cmdAdd.setEnabled(!trimmed(txtWord.text()).empty());
+    words_.updateHint();
 }
 
 void frmRuleWords::cmdAdd_Click() {
@@ -90,6 +95,7 @@ void frmRuleWords::cmdAdd_Click() {
 
 void frmRuleWords::chkWordAsCommand_Click() {
     ruleState().intAsCommand = chkWordAsCommand.value();
+    words_.updateHint();
 }
 
 void frmRuleWords::cmdRemove_Click() {
@@ -103,6 +109,7 @@ void frmRuleWords::cmdClear_Click() {
 void frmRuleWords::cmdOptions_Click() {
     BuildString();
     showConditionOptions(u"WORD");
+    words_.updateHint();
 }
 
 void frmRuleWords::cmdOK_Click() {
