@@ -3,6 +3,7 @@
 #include "adapters/qt/Colours.h"
 #include "adapters/qt/Pictures.h"
 #include "adapters/qt/QText.h"
+#include "platform/Utf16.h"
 
 #include <QGuiApplication>
 #include <QWidget>
@@ -25,6 +26,17 @@ QIcon inTextColour(const QIcon &icon, QSize size, qreal pixelRatio) {
     QIcon plain(drawn);
     plain.addPixmap(drawn, QIcon::Selected);
     return plain;
+}
+
+/// The beginning of a text, longer than a column can show. Qt lays out all that it gets, which
+/// takes seconds for millions of characters.
+QString shownPart(std::u16string_view text) {
+    constexpr std::size_t longest = 10'000;
+    if (text.size() <= longest) {
+        return toQt(text);
+    }
+    return toQt(text.substr(0, longest - (isHighSurrogate(text[longest - 1]) ? 1 : 0))) +
+           QChar(u'…');
 }
 
 } // namespace
@@ -51,7 +63,7 @@ QVariant ListModel::data(const QModelIndex &index, int role) const {
     const bool isFirst = index.column() == 0;
     switch (role) {
     case Qt::DisplayRole:
-        return toQt(rows_.cell(row, index.column() + 1));
+        return shownPart(rows_.cell(row, index.column() + 1));
     case Qt::CheckStateRole:
         return isFirst && checkBoxes_ ? QVariant(rows_.checked(row) ? Qt::Checked : Qt::Unchecked)
                                       : QVariant();

@@ -4,7 +4,6 @@
 #include "adapters/qt/Colours.h"
 #include "adapters/qt/QText.h"
 
-#include <QAccessible>
 #include <QFrame>
 #include <QGroupBox>
 #include <QPainter>
@@ -74,16 +73,11 @@ void QtLabel::setDescribed(QWidget &widget) {
     describe();
 }
 
-/// Screen readers read a changed description of the focused widget out. Others wait for an alert.
+/// Qt tells assistive technology when the description changes, and only then.
 void QtLabel::describe() {
-    const QString text = visible() ? toQt(controls::parseCaption(caption_).shown) : QString();
-    if (described_ == nullptr || described_->accessibleDescription() == text) {
-        return;
-    }
-    described_->setAccessibleDescription(text);
-    if (!text.isEmpty()) {
-        QAccessibleEvent alert(&shown(), QAccessible::Alert);
-        QAccessible::updateAccessibility(&alert);
+    if (described_ != nullptr) {
+        described_->setAccessibleDescription(
+            visible() ? toQt(controls::parseCaption(caption_).shown) : QString());
     }
 }
 

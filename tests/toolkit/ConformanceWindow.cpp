@@ -164,7 +164,7 @@ TEST_P(ToolkitConformance, AnErrorInAHandlerIsWrittenOutAndLeavesTheWindowUsable
     const std::string written = diagnostics.str();
     EXPECT_NE(written.find("unhandled error in frmTest.cmdFail: error 6:"), std::string::npos)
         << written;
-    EXPECT_NE(written.find("unhandled error in frmTest.txtFail: error 51: broken  line"),
+    EXPECT_NE(written.find("unhandled error in frmTest.txtFail: error 51: broken\\r\\nline"),
               std::string::npos)
         << written;
 }

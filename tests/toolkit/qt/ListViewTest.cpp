@@ -44,6 +44,20 @@ protected:
     std::unique_ptr<Window> shown;
 };
 
+TEST_F(QtListViewTest, OnlyTheBeginningOfAnEndlessTextIsDrawn) {
+    const std::u16string longest(10'000, u'a');
+    view().addRow(longest);
+    view().addRow(longest + u"b");
+    view().addRow(std::u16string(9'999, u'a') + u"\U0001F4F1");
+    show(*shown, [&](QtUser &user) {
+        const QString drawn(10'000, u'a');
+        EXPECT_EQ(data(user, 5, Qt::DisplayRole).toString(), drawn);
+        EXPECT_EQ(data(user, 6, Qt::DisplayRole).toString(), drawn + u'…');
+        EXPECT_EQ(data(user, 7, Qt::DisplayRole).toString(), drawn.chopped(1) + u'…');
+        EXPECT_EQ(view().text(6), longest + u"b");
+    });
+}
+
 TEST_F(QtListViewTest, ChecksAreStatesOfItsItems) {
     view().setChecked(2, true);
     show(*shown, [&](QtUser &user) {
