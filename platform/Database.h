@@ -24,8 +24,7 @@ public:
     /// Opens the database that `connectionString` names; it never creates one. `userId` and
     /// `password` apply when the string has none; empty ones are not sent.
     ///
-    /// After a failure the connection is as it was before the call, and the description says what
-    /// to do. The errors:
+    /// After a failure the connection is as it was before the call. The errors:
     /// - objectOpen: the connection is open already.
     /// - badArgument: the string names no known provider or no database.
     /// - the provider's negative number: the database refuses.
@@ -45,8 +44,8 @@ public:
 /// objectClosed.
 ///
 /// When the database refuses a write or resync, the description of the error says what was not
-/// done, then why, then what to do. It begins like this: "The change of record ID 3 was not
-/// stored."
+/// done, then why. It begins like this: "The change of record ID 3 was not stored." What the user
+/// can do follows from the error's help context.
 ///
 /// Rows can be written when the query reads one table with a primary key and has each key column
 /// once. The lock must not be readOnly. Any other write fails with badArgument, and so does a write

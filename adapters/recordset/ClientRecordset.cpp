@@ -27,8 +27,8 @@ Value storable(const Value &value) {
 /// Fails when a write or resync found no row.
 void requireMet(bool met) {
     if (!met) {
-        throw Error(rowChangedByAnother, u"Another user changed or removed it meanwhile: close the "
-                                         u"window and open it again to see what is stored now.");
+        throw Error(rowChangedByAnother, u"Another user changed or removed it meanwhile.",
+                    u"KVEXMessageRules", HelpContext::changedByAnother);
     }
 }
 
@@ -242,8 +242,7 @@ const BaseTable &ClientRecordset::Opened::table(Driver &database) {
 
 const BaseTable &ClientRecordset::Opened::writable(Driver &database) {
     if (lock == LockType::readOnly) {
-        throw Error(error_number::badArgument,
-                    u"The record set was opened for reading only: open it with another lock.");
+        throw Error(error_number::badArgument, u"The record set was opened for reading only.");
     }
     try {
         return table(database);

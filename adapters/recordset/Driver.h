@@ -70,7 +70,7 @@ struct ColumnTypes {
 
 /// One open connection to one database; the destructor closes it. Each call is a transaction of its
 /// own, unless begin was called. When the database refuses, the call throws an Error with the
-/// provider's negative number. Its description says what to do, and nothing was written.
+/// provider's negative number. Its description says what happened, and nothing was written.
 /// connectionLost is the exception: then it is unknown whether the call wrote, and every later call
 /// fails with it too.
 class Driver {

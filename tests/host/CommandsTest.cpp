@@ -368,8 +368,9 @@ TEST_F(Commands, ShowNeedsAllTables) {
     run(u"DROP TABLE SMS_SERVICECOMMANDS");
     EXPECT_THAT(failed(2, {"show", "--all"}),
                 AllOf(StartsWith("The rules could not be opened. The database " + file.string() +
-                                 " has no table SMS_SERVICECOMMANDS"),
-                      HasSubstr(" The log is "),
+                                 " lacks a table (no such table: SMS_SERVICECOMMANDS). Make the "
+                                 "tables with kvexrules init, or name another database. The log "
+                                 "is "),
                       EndsWith(". The database was named by $KVEX_DATABASE.")));
 }
 

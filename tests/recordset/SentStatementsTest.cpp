@@ -200,14 +200,12 @@ TEST_F(SentStatements, ARecordIsNamedByEveryPartOfItsKey) {
     script().met = 0;
     EXPECT_EQ(raisedBy([&] { rows->deleteCurrent(); }).value().description(),
               u"The removal of record ID Null, PART x was not stored. Another user changed or "
-              u"removed it meanwhile: close the window and open it again to see what is stored "
-              u"now.");
+              u"removed it meanwhile.");
 }
 
 TEST_F(SentStatements, ARecordSetForReadingSendsNothingAndSaysSo) {
     const auto rows = session().records(LockType::readOnly);
-    const std::u16string why =
-        u"The record set was opened for reading only: open it with another lock.";
+    const std::u16string why = u"The record set was opened for reading only.";
     rows->setField(u"A", u"new");
     expectBadArgument([&] { rows->update(); }, why);
     expectBadArgument([&] { rows->deleteCurrent(); }, why);
