@@ -108,6 +108,11 @@ public:
     /// database keeps one. Fails as field does.
     virtual void setField(std::u16string_view name, const Value &value) = 0;
 
+    /// Fails with badArgument when the rows cannot be written, as update would. So a caller can
+    /// learn it before the user changes anything. It asks the database for the table's key, which
+    /// the first write need not do then. The other errors: the provider's number when the database
+    /// refuses, and objectClosed when the connection has closed.
+    virtual void requireWritable() = 0;
     /// Makes a pending new record the current one. The database fills the columns that are not
     /// set; they read as Null until resync.
     virtual void addNew() = 0;

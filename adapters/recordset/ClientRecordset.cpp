@@ -153,6 +153,11 @@ void ClientRecordset::setField(std::u16string_view name, const Value &value) {
     }
 }
 
+void ClientRecordset::requireWritable() {
+    Opened &open = opened();
+    static_cast<void>(open.writable(*open.connected()));
+}
+
 void ClientRecordset::addNew() {
     opened().discardPending();
     opened().isNew = true;
@@ -279,7 +284,8 @@ std::vector<Assignment> ClientRecordset::Opened::assignments() const {
         if (column.baseColumn.empty()) {
             throw Error(error_number::badArgument,
                         u"The column " + column.name +
-                            u" is computed by the query and cannot be written.");
+                            u" is computed by the query and cannot be written.",
+                        u"KVEXMessageRules", HelpContext::badStatement);
         }
         assignments.push_back({column.baseColumn, viewOf(value)});
     }

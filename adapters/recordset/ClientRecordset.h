@@ -36,6 +36,7 @@ public:
     [[nodiscard]] ValueView field(std::u16string_view name) const override;
     void setField(std::u16string_view name, const Value &value) override;
 
+    void requireWritable() override;
     void addNew() override;
     void update() override;
     void deleteCurrent() override;

@@ -81,8 +81,9 @@ public:
     /// not run it.
     virtual void query(const Statement &statement, RowSink &sink) = 0;
     /// Fills in where the values of `columns` come from: table, column and key. `query` is a text
-    /// that was queried before. A record set calls this before its first write. A driver implements
-    /// it when its query could not fill them in without another request to the server.
+    /// that was queried before. A record set calls this once, at the latest before its first write.
+    /// A driver implements it when its query could not fill them in without another request to the
+    /// server.
     virtual void describe(const std::u16string &query, std::vector<Column> &columns) {
         static_cast<void>(query);
         static_cast<void>(columns);

@@ -17,7 +17,7 @@ struct BaseTable {
 
     /// The one table that the columns come from. Fails with badArgument when there is none, or when
     /// the query joins several tables. Fails with it too when the table has no primary key, or when
-    /// the result does not have each key column exactly once.
+    /// the result does not have each key column exactly once. The user then learns why.
     [[nodiscard]] static BaseTable of(const std::vector<Column> &columns);
 };
 

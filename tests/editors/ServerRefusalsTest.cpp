@@ -128,7 +128,7 @@ TEST_P(ServerRefusals, AReadOnlyDatabaseIsShownAndNotWritten) {
 TEST_P(ServerRefusals, AMissingTableIsNamedForEveryKindOfWrite) {
     Editor user(odbc::provider(), owner());
     expectNoWay(
-        user, refusal::noTable, u"Nothing was stored. The database lacks a table (",
+        user, refusal::noTable, u" was not stored. The database lacks a table (",
         [this] { run("ALTER TABLE SMS_RULES RENAME TO SMS_AWAY"); },
         [this] { run("ALTER TABLE SMS_AWAY RENAME TO SMS_RULES"); });
     user.expectPlayedWhole();
@@ -180,8 +180,7 @@ TEST_P(ServerRefusals, ASaveNamesAColumnThatHasGone) {
     Editor user(odbc::provider(), owner());
     user.inRulesWindow([&](User &window) {
         run("ALTER TABLE SMS_RULES RENAME COLUMN ACTIVE TO AWAY");
-        constexpr std::u16string_view words = u"Nothing was stored. Another program has changed "
-                                              u"the table's columns.";
+        constexpr std::u16string_view words = u" was not stored. The database cannot do this (";
         window.tickRow(u"lvwRules", 2);
         user.expectLeftHandler(refusal::badStatement, words);
         confirmRemoval(user, window, 3);

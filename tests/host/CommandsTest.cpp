@@ -374,6 +374,15 @@ TEST_F(Commands, ShowNeedsAllTables) {
                       EndsWith(". The database was named by $KVEX_DATABASE.")));
 }
 
+TEST_F(Commands, ShowReadsRulesWithoutAPrimaryKey) {
+    done({"init", "--sample"});
+    const std::string rules = done({"show", "--all"});
+    run(u"CREATE TABLE KEYLESS AS SELECT * FROM SMS_RULES");
+    run(u"DROP TABLE SMS_RULES");
+    run(u"ALTER TABLE KEYLESS RENAME TO SMS_RULES");
+    EXPECT_EQ(done({"show", "--all"}), rules);
+}
+
 TEST_F(Commands, ShowRefusesUnknownFormatsMissingIdsAndTextsThatAreNoId) {
     EXPECT_EQ(failed(2, {"show", "1", "--format", "pdf"}),
               "There is no format \"pdf\". The formats are text, ansi and html.");
