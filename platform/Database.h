@@ -124,7 +124,8 @@ public:
     /// After a failure nothing is written. The change stays pending until a move discards it.
     /// The errors:
     /// - the provider's number: the database refuses.
-    /// - rowChangedByAnother: another writer changed these columns or removed the row.
+    /// - rowChangedByAnother: another writer changed these columns or removed the row. With the help
+    ///   context valueNotKept: one of the columns holds a value that cannot be read unchanged.
     virtual void update() = 0;
     /// Removes the current row from the table, and discards its pending change. The row must still
     /// hold the values that were read, in every column of the set. For a new record, before resync,
@@ -135,7 +136,8 @@ public:
     /// errors:
     /// - noCurrentRecord: there is no current record, or it is a pending new one.
     /// - the provider's number: the database refuses.
-    /// - rowChangedByAnother: another writer changed or removed the row.
+    /// - rowChangedByAnother: another writer changed or removed the row. With the help context
+    ///   valueNotKept: the row holds a value that cannot be read unchanged.
     virtual void deleteCurrent() = 0;
     /// Reads the values of the current record again from the database, by its key. It discards the
     /// pending change. Values that the query computes stay as they are.

@@ -92,6 +92,14 @@ Statement selectRow(std::u16string_view table, const std::vector<std::u16string_
     return statement;
 }
 
+Statement selectRow(const Driver &driver, std::u16string_view table,
+                    const std::vector<std::u16string_view> &columns, const RowKey &key,
+                    const std::vector<Assignment> &read) {
+    Statement statement = selectRow(table, columns, key);
+    appendRead(statement, driver, read);
+    return statement;
+}
+
 Statement updateRow(const Driver &driver, std::u16string_view table,
                     const std::vector<Assignment> &changes, const RowKey &key,
                     const std::vector<Assignment> &read) {

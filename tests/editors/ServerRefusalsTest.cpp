@@ -202,7 +202,7 @@ TEST_P(ServerRefusals, AMissingDatabaseIsNamedInTheMessage) {
 TEST_P(ServerRefusals, AWrongPasswordIsReportedWithAdvice) {
     std::u16string wrong = editor();
     wrong.replace(wrong.find(u"ed1t"), 4, u"w0rd");
-    expectNoSession(wrong, refusal::wrongUser, u"correct UID and PWD in the connection string");
+    expectNoSession(wrong, refusal::wrongUser, u"Correct UID and PWD in the connection string");
 }
 
 DatabaseServer &postgreSql() {

@@ -276,6 +276,44 @@ TEST_F(SentStatements, RowsWithoutATableOfTheirOwnAreRefusedWithTheReason) {
     }
 }
 
+TEST_F(SentStatements, RowsThatAreToBeWritableAreAskedForTheirKeyAtOnceAndOnlyOnce) {
+    const auto rows = session().records();
+    rows->requireWritable();
+    rows->requireWritable();
+    rows->setField(u"A", u"new");
+    rows->update();
+    EXPECT_EQ(sent(), (Sent{u"describe QUERY",
+                            u"UPDATE T SET A = ? WHERE ID = ? AND HOLDS(A, ?) ['new', 3, 'a']"}));
+}
+
+TEST_F(SentStatements, AWriteThatFindsNoRowReadsItAgainToTellWhy) {
+    script().columns = {{u"ID", u"T", u"ID", 1}, {u"A", u"T", u"A", 0}};
+    script().rows = {{std::int64_t{3}, u"a"}};
+    const auto rows = session().records();
+    rows->setField(u"A", u"new");
+    script().met = 0;
+    script().columns = {{u"A", u"T", u"A", 0}};
+    const auto expectWhy = [&](const std::u16string &why, HelpContext context) {
+        const Error error = raisedBy([&] { rows->update(); }).value();
+        EXPECT_EQ(error.number(), rowChangedByAnother);
+        EXPECT_EQ(error.description(), u"The change of record ID 3 was not stored. " + why);
+        EXPECT_EQ(error.helpContext(), context);
+    };
+    const Sent readAgain{u"describe QUERY",
+                         u"UPDATE T SET A = ? WHERE ID = ? AND HOLDS(A, ?) ['new', 3, 'a']",
+                         u"SELECT A FROM T WHERE ID = ? [3]"};
+    script().rows = {{u"theirs"}};
+    expectWhy(u"Another user changed or removed it meanwhile.", HelpContext::changedByAnother);
+    EXPECT_EQ(sent(), readAgain);
+    script().rows.clear();
+    expectWhy(u"Another user changed or removed it meanwhile.", HelpContext::changedByAnother);
+    script().sent.clear();
+    // The value reads as before and meets the condition now: another user has restored it.
+    script().rows = {{u"a"}};
+    expectWhy(u"Another user changed or removed it meanwhile.", HelpContext::changedByAnother);
+    EXPECT_EQ(sent().back(), u"SELECT A FROM T WHERE ID = ? AND HOLDS(A, ?) [3, 'a']");
+}
+
 TEST_F(SentStatements, ATransactionIsBegunAndStoredOrUndoneOnce) {
     recordset::ClientConnection &connection = session().connection();
     {
