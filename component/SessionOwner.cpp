@@ -61,6 +61,7 @@ std::int32_t SessionOwner::ShowRules(const std::u16string &UserId, const std::u1
     trapErrors(u"ShowRuleUI", module, [&] {
         session().strUserID = UserId;
         openSession();
+        session().rsRules->requireWritable();
         {
             frmRules window;
             window.RuleID = RuleID;

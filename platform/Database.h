@@ -24,8 +24,7 @@ public:
     /// Opens the database that `connectionString` names; it never creates one. `userId` and
     /// `password` apply when the string has none; empty ones are not sent.
     ///
-    /// After a failure the connection is as it was before the call, and the description says what
-    /// to do. The errors:
+    /// After a failure the connection is as it was before the call. The errors:
     /// - objectOpen: the connection is open already.
     /// - badArgument: the string names no known provider or no database.
     /// - the provider's negative number: the database refuses.
@@ -45,8 +44,8 @@ public:
 /// objectClosed.
 ///
 /// When the database refuses a write or resync, the description of the error says what was not
-/// done, then why, then what to do. It begins like this: "The change of record ID 3 was not
-/// stored."
+/// done, then why. It begins like this: "The change of record ID 3 was not stored." What the user
+/// can do follows from the error's help context.
 ///
 /// Rows can be written when the query reads one table with a primary key and has each key column
 /// once. The lock must not be readOnly. Any other write fails with badArgument, and so does a write
@@ -109,6 +108,11 @@ public:
     /// database keeps one. Fails as field does.
     virtual void setField(std::u16string_view name, const Value &value) = 0;
 
+    /// Fails with badArgument when the rows cannot be written, as update would. So a caller can
+    /// learn it before the user changes anything. It asks the database for the table's key, which
+    /// the first write need not do then. The other errors: the provider's number when the database
+    /// refuses, and objectClosed when the connection has closed.
+    virtual void requireWritable() = 0;
     /// Makes a pending new record the current one. The database fills the columns that are not
     /// set; they read as Null until resync.
     virtual void addNew() = 0;
@@ -120,7 +124,8 @@ public:
     /// After a failure nothing is written. The change stays pending until a move discards it.
     /// The errors:
     /// - the provider's number: the database refuses.
-    /// - rowChangedByAnother: another writer changed these columns or removed the row.
+    /// - rowChangedByAnother: another writer changed these columns or removed the row. With the help
+    ///   context valueNotKept: one of the columns holds a value that cannot be read unchanged.
     virtual void update() = 0;
     /// Removes the current row from the table, and discards its pending change. The row must still
     /// hold the values that were read, in every column of the set. For a new record, before resync,
@@ -131,7 +136,8 @@ public:
     /// errors:
     /// - noCurrentRecord: there is no current record, or it is a pending new one.
     /// - the provider's number: the database refuses.
-    /// - rowChangedByAnother: another writer changed or removed the row.
+    /// - rowChangedByAnother: another writer changed or removed the row. With the help context
+    ///   valueNotKept: the row holds a value that cannot be read unchanged.
     virtual void deleteCurrent() = 0;
     /// Reads the values of the current record again from the database, by its key. It discards the
     /// pending change. Values that the query computes stay as they are.

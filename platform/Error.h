@@ -45,6 +45,8 @@ enum class HelpContext : std::int32_t {
     wrongUser = 4,
     noFile = 5,
     notADatabase = 6,
+    cutOff = 7,
+    cannotMake = 8,
     // The database refuses a statement.
     connectionLost = 20,
     forbidden = 21,
@@ -61,6 +63,7 @@ enum class HelpContext : std::int32_t {
     damaged = 32,
     fileMoved = 33,
     failed = 34,
+    noNewKey = 35,
     // The rows are not as the record set read them, or cannot be written.
     changedByAnother = 50,
     noPrimaryKey = 51,
@@ -86,6 +89,10 @@ public:
     [[nodiscard]] HelpContext helpContext() const noexcept { return helpContext_; }
     /// True for an error that comes from a database: its number is negative.
     [[nodiscard]] bool fromDatabase() const noexcept { return number_ < 0; }
+    /// True when the user must learn of the error, and a log alone is not enough.
+    [[nodiscard]] bool concernsUser() const noexcept {
+        return fromDatabase() || helpContext_ != HelpContext::none;
+    }
     /// "error NUMBER: DESCRIPTION (SOURCE)" in UTF-8, for diagnostic streams.
     [[nodiscard]] const char *what() const noexcept override { return what_.c_str(); }
 

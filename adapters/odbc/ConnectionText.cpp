@@ -183,7 +183,7 @@ int timeoutOf(const recordset::ConnectionString &text) {
     if (seconds < 1 || seconds > 3600) {
         throw Error(error_number::badArgument,
                     u"The connection string's " + std::u16string(*key) +
-                        u" must be a whole number of seconds from 1 to 3600.");
+                        u" is not a whole number of seconds from 1 to 3600.");
     }
     return seconds;
 }

@@ -122,10 +122,9 @@ void OdbcConnection::joinCluster() const {
         if (error.number() != refusal::timeout) {
             throw;
         }
-        throw errorWith(refusal::noConnection,
+        throw errorWith(refusal::noConnection, HelpContext::cutOff,
                         u"This node of the database's cluster is cut off from the others and takes "
-                        u"no statements: wait until it is back, or name another node as Server in "
-                        u"the connection string.");
+                        u"no statements.");
     }
 }
 

@@ -14,97 +14,76 @@
 namespace kvex::odbc {
 namespace {
 
-enum class Meaning {
-    cannotConnect,
-    connectionLost,
-    noDriver,
-    noDataSource,
-    wrongUser,
-    forbidden,
-    noTable,
-    badStatement,
-    constraint,
-    tooLong,
-    badValue,
-    locked,
-    lockedOrCutOff,
-    noAnswer,
-    diskFull,
-    damaged,
-    outOfMemory,
-    failed,
-};
-
 struct Native {
     std::u16string_view state;
     std::int32_t code;
-    Meaning meaning;
+    HelpContext context;
 };
 
 /// Native codes that tell more than the state. SQLite's driver reports codes below 100; MariaDB and
 /// MySQL, client and server, report codes above 1000.
 constexpr std::array natives = std::to_array<Native>({
-    {u"HY000", 1, Meaning::badStatement},
-    {u"HY000", 5, Meaning::locked},
-    {u"HY000", 6, Meaning::locked},
-    {u"HY000", 8, Meaning::forbidden},
-    {u"HY000", 11, Meaning::damaged},
-    {u"HY000", 13, Meaning::diskFull},
-    {u"HY000", 14, Meaning::cannotConnect},
-    {u"HY000", 18, Meaning::tooLong},
-    {u"HY000", 19, Meaning::constraint},
-    {u"HY000", 26, Meaning::cannotConnect},
-    {u"42000", 1044, Meaning::forbidden},
-    {u"42000", 1049, Meaning::cannotConnect},
-    {u"42000", 1142, Meaning::forbidden},
-    {u"42000", 1143, Meaning::forbidden},
-    {u"HY000", 1021, Meaning::diskFull},
-    {u"HY000", 1114, Meaning::diskFull},
-    {u"HY000", 1205, Meaning::lockedOrCutOff},
-    {u"HY000", 1213, Meaning::locked},
-    {u"HY000", 1290, Meaning::forbidden},
-    {u"HY000", 1364, Meaning::constraint},
-    {u"HY000", 1366, Meaning::badValue},
-    {u"HY000", 1406, Meaning::tooLong},
-    {u"HY000", 1792, Meaning::forbidden},
-    {u"HY000", 1969, Meaning::noAnswer},
-    {u"HY000", 2002, Meaning::cannotConnect},
-    {u"HY000", 2003, Meaning::cannotConnect},
-    {u"HY000", 2005, Meaning::cannotConnect},
-    {u"HY000", 2006, Meaning::connectionLost},
-    {u"HY000", 2013, Meaning::connectionLost},
-    {u"HY000", 2026, Meaning::cannotConnect},
-    {u"HY000", 5013, Meaning::connectionLost},
-    {u"HY000", 5014, Meaning::connectionLost},
+    {u"HY000", 1, HelpContext::badStatement},
+    {u"HY000", 5, HelpContext::locked},
+    {u"HY000", 6, HelpContext::locked},
+    {u"HY000", 8, HelpContext::forbidden},
+    {u"HY000", 10, HelpContext::inputOutput},
+    {u"HY000", 11, HelpContext::damaged},
+    {u"HY000", 13, HelpContext::diskFull},
+    {u"HY000", 14, HelpContext::cannotConnect},
+    {u"HY000", 18, HelpContext::tooLong},
+    {u"HY000", 19, HelpContext::constraint},
+    {u"HY000", 26, HelpContext::notADatabase},
+    {u"42000", 1044, HelpContext::forbidden},
+    {u"42000", 1049, HelpContext::cannotConnect},
+    {u"42000", 1142, HelpContext::forbidden},
+    {u"42000", 1143, HelpContext::forbidden},
+    {u"HY000", 1021, HelpContext::diskFull},
+    {u"HY000", 1114, HelpContext::diskFull},
+    {u"HY000", 1205, HelpContext::lockedOrCutOff},
+    {u"HY000", 1213, HelpContext::locked},
+    {u"HY000", 1290, HelpContext::forbidden},
+    {u"HY000", 1364, HelpContext::constraint},
+    {u"HY000", 1366, HelpContext::badValue},
+    {u"HY000", 1406, HelpContext::tooLong},
+    {u"HY000", 1792, HelpContext::forbidden},
+    {u"HY000", 1969, HelpContext::noAnswer},
+    {u"HY000", 2002, HelpContext::cannotConnect},
+    {u"HY000", 2003, HelpContext::cannotConnect},
+    {u"HY000", 2005, HelpContext::cannotConnect},
+    {u"HY000", 2006, HelpContext::connectionLost},
+    {u"HY000", 2013, HelpContext::connectionLost},
+    {u"HY000", 2026, HelpContext::cannotConnect},
+    {u"HY000", 5013, HelpContext::connectionLost},
+    {u"HY000", 5014, HelpContext::connectionLost},
 });
 
 /// Beginnings of states; the first that fits decides.
-constexpr std::array states = std::to_array<std::pair<std::u16string_view, Meaning>>({
-    {u"08001", Meaning::cannotConnect}, {u"08004", Meaning::cannotConnect},
-    {u"3D000", Meaning::cannotConnect}, {u"08", Meaning::connectionLost},
-    {u"57P", Meaning::connectionLost},  {u"28", Meaning::wrongUser},
-    {u"IM002", Meaning::noDataSource},  {u"IM", Meaning::noDriver},
-    {u"01000", Meaning::noDriver},      {u"42501", Meaning::forbidden},
-    {u"25006", Meaning::forbidden},     {u"42S02", Meaning::noTable},
-    {u"42P01", Meaning::noTable},       {u"42", Meaning::badStatement},
-    {u"07", Meaning::badStatement},     {u"21", Meaning::badStatement},
-    {u"23", Meaning::constraint},       {u"44", Meaning::constraint},
-    {u"45", Meaning::constraint},       {u"P0001", Meaning::constraint},
-    {u"22001", Meaning::tooLong},       {u"22", Meaning::badValue},
-    {u"40", Meaning::locked},           {u"55P03", Meaning::locked},
-    {u"57014", Meaning::noAnswer},      {u"HYT", Meaning::noAnswer},
-    {u"53100", Meaning::diskFull},      {u"XX001", Meaning::damaged},
-    {u"XX002", Meaning::damaged},       {u"HY001", Meaning::outOfMemory},
-    {u"HY013", Meaning::outOfMemory},
+constexpr std::array states = std::to_array<std::pair<std::u16string_view, HelpContext>>({
+    {u"08001", HelpContext::cannotConnect}, {u"08004", HelpContext::cannotConnect},
+    {u"3D000", HelpContext::cannotConnect}, {u"08", HelpContext::connectionLost},
+    {u"57P", HelpContext::connectionLost},  {u"28", HelpContext::wrongUser},
+    {u"IM002", HelpContext::noDataSource},  {u"IM", HelpContext::noDriver},
+    {u"01000", HelpContext::noDriver},      {u"42501", HelpContext::forbidden},
+    {u"25006", HelpContext::forbidden},     {u"42S02", HelpContext::noTable},
+    {u"42P01", HelpContext::noTable},       {u"42", HelpContext::badStatement},
+    {u"07", HelpContext::badStatement},     {u"21", HelpContext::badStatement},
+    {u"23", HelpContext::constraint},       {u"44", HelpContext::constraint},
+    {u"45", HelpContext::constraint},       {u"P0001", HelpContext::constraint},
+    {u"22001", HelpContext::tooLong},       {u"22", HelpContext::badValue},
+    {u"40", HelpContext::locked},           {u"55P03", HelpContext::locked},
+    {u"57014", HelpContext::noAnswer},      {u"HYT", HelpContext::noAnswer},
+    {u"53100", HelpContext::diskFull},      {u"XX001", HelpContext::damaged},
+    {u"XX002", HelpContext::damaged},
 });
 
 bool contains(std::u16string_view text, std::u16string_view part) {
     return text.find(part) != std::u16string_view::npos;
 }
 
-Meaning meaningOf(const Diagnostic &diagnostic) {
+HelpContext contextOf(const Diagnostic &diagnostic) {
     if (contains(diagnostic.text, u"no such table")) {
-        return Meaning::noTable;
+        return HelpContext::noTable;
     }
     // PostgreSQL's client library reports a broken connection by these words, without a code.
     if (contains(diagnostic.text, u"server closed the connection") ||
@@ -113,21 +92,21 @@ Meaning meaningOf(const Diagnostic &diagnostic) {
         contains(diagnostic.text, u"could not send data to server") ||
         contains(diagnostic.text, u"SSL SYSCALL error") ||
         contains(diagnostic.text, u"SSL connection has been closed")) {
-        return Meaning::connectionLost;
+        return HelpContext::connectionLost;
     }
     if (contains(diagnostic.text, u"password authentication failed")) {
-        return Meaning::wrongUser;
+        return HelpContext::wrongUser;
     }
     const auto native = std::ranges::find_if(natives, [&](const Native &known) {
         return known.code == diagnostic.native &&
                (known.state == diagnostic.state || known.code > 1000);
     });
     if (native != natives.end()) {
-        return native->meaning;
+        return native->context;
     }
     const auto state = std::ranges::find_if(
         states, [&](const auto &known) { return diagnostic.state.starts_with(known.first); });
-    return state == states.end() ? Meaning::failed : state->second;
+    return state == states.end() ? HelpContext::failed : state->second;
 }
 
 /// The first line of a report, without the names in brackets that drivers put before it.
@@ -151,73 +130,41 @@ std::u16string cleaned(std::u16string_view text) {
     return std::u16string(text);
 }
 
+bool saysOutOfMemory(const Diagnostic &diagnostic) {
+    return diagnostic.state == u"HY001" || diagnostic.state == u"HY013";
+}
+
 struct Refusal {
+    HelpContext context;
     std::int32_t number;
-    /// The parts of the description around the driver's own words.
-    std::u16string_view before;
-    std::u16string_view after;
+    /// What happened. The driver's own words follow it.
+    std::u16string_view what;
 };
 
-Refusal refusalOf(Meaning meaning) {
-    switch (meaning) {
-    case Meaning::cannotConnect:
-        return {refusal::noConnection, u"The database cannot be reached (",
-                u"): check the server, port and database in the connection string and that the "
-                u"server runs, then try again."};
-    case Meaning::connectionLost:
-        return {refusal::noConnection, u"The connection to the database is lost (",
-                u"): open the rules, or run the command, again and repeat the change."};
-    case Meaning::noDriver:
-        return {refusal::noConnection, u"The database's ODBC driver cannot be used (",
-                u"): install it, and give the connection string its name from odbcinst -q -d."};
-    case Meaning::noDataSource:
-        return {refusal::noConnection, u"There is no ODBC data source or driver with this name (",
-                u"): use one that odbcinst -q -s or odbcinst -q -d lists."};
-    case Meaning::wrongUser:
-        return {refusal::wrongUser, u"The database refuses this user or password (",
-                u"): correct UID and PWD in the connection string."};
-    case Meaning::forbidden:
-        return {refusal::forbidden, u"The database does not permit this (",
-                u"), so nothing was stored: ask its administrator for the right to write."};
-    case Meaning::noTable:
-        return {refusal::noTable, u"The database lacks a table (",
-                u"): name the server's database, or create the tables with kvexrules init."};
-    case Meaning::badStatement:
-        return {refusal::badStatement, u"The database cannot do this (",
-                u"): check that its tables are those of the server."};
-    case Meaning::constraint:
-        return {refusal::constraint, u"The database refuses these values (",
-                u"): change them and try again."};
-    case Meaning::tooLong:
-        return {refusal::tooLong, u"A text is too long for the database (", u"): shorten it."};
-    case Meaning::badValue:
-        return {refusal::badValue, u"The database cannot take a value (",
-                u"): change it and try again."};
-    case Meaning::locked:
-        return {refusal::timeout, u"The record is locked by another program (",
-                u"): wait until it has finished, then try again."};
-    case Meaning::lockedOrCutOff:
-        // A cluster's node reports the same code in both cases.
-        return {refusal::timeout,
-                u"The record is locked by another program, or the server is cut off from its "
-                u"cluster (",
-                u"): try again. If that does not help, open the rules, or run the command, again "
-                u"and repeat the change."};
-    case Meaning::noAnswer:
-        return {refusal::timeout, u"The database did not answer in time (",
-                u"): try again, or allow more time with Connect Timeout=SECONDS."};
-    case Meaning::diskFull:
-        return {refusal::failed, u"The database's disk is full (",
-                u"), so nothing was stored: free some space there and try again."};
-    case Meaning::damaged:
-        return {refusal::failed, u"The database is damaged (", u"): restore it from a backup."};
-    case Meaning::outOfMemory:
-    case Meaning::failed:
-        break;
-    }
-    return {refusal::failed, u"The database failed (",
-            u"): open the rules, or run the command, again and repeat the change."};
-}
+constexpr std::array refusals = std::to_array<Refusal>({
+    {HelpContext::cannotConnect, refusal::noConnection, u"The database cannot be reached"},
+    {HelpContext::notADatabase, refusal::noConnection, u"The file is no database"},
+    {HelpContext::connectionLost, refusal::noConnection, u"The connection to the database is lost"},
+    {HelpContext::noDriver, refusal::noConnection, u"The database's ODBC driver cannot be used"},
+    {HelpContext::noDataSource, refusal::noConnection,
+     u"There is no ODBC data source or driver with this name"},
+    {HelpContext::wrongUser, refusal::wrongUser, u"The database refuses this user or password"},
+    {HelpContext::forbidden, refusal::forbidden, u"The database does not permit this"},
+    {HelpContext::noTable, refusal::noTable, u"The database lacks a table"},
+    {HelpContext::badStatement, refusal::badStatement, u"The database cannot do this"},
+    {HelpContext::constraint, refusal::constraint, u"The database refuses these values"},
+    {HelpContext::tooLong, refusal::tooLong, u"A text is too long for the database"},
+    {HelpContext::badValue, refusal::badValue, u"The database cannot take a value"},
+    {HelpContext::locked, refusal::timeout, u"The record is locked by another program"},
+    // A cluster's node reports the same code in both cases.
+    {HelpContext::lockedOrCutOff, refusal::timeout,
+     u"The record is locked by another program, or the server is cut off from its cluster"},
+    {HelpContext::noAnswer, refusal::timeout, u"The database did not answer in time"},
+    {HelpContext::diskFull, refusal::failed, u"The database's disk is full"},
+    {HelpContext::inputOutput, refusal::failed, u"The database's disk cannot be read or written"},
+    {HelpContext::damaged, refusal::failed, u"The database is damaged"},
+    {HelpContext::failed, refusal::failed, u"The database failed"},
+});
 
 } // namespace
 
@@ -238,17 +185,16 @@ Diagnostic diagnosticOf(std::int16_t handleType, void *handle) {
 }
 
 Error errorOf(const Diagnostic &diagnostic) {
-    const Meaning meaning = meaningOf(diagnostic);
-    if (meaning == Meaning::outOfMemory) {
+    if (saysOutOfMemory(diagnostic)) {
         return Error(error_number::outOfMemory);
     }
-    const Refusal refused = refusalOf(meaning);
-    return errorWith(refused.number, std::u16string(refused.before) + cleaned(diagnostic.text) +
-                                         std::u16string(refused.after));
+    const Refusal &refused = *std::ranges::find(refusals, contextOf(diagnostic), &Refusal::context);
+    return errorWith(refused.number, refused.context,
+                     std::u16string(refused.what) + u" (" + cleaned(diagnostic.text) + u").");
 }
 
-Error errorWith(std::int32_t number, std::u16string description) {
-    return Error(number, std::move(description), u"ODBC");
+Error errorWith(std::int32_t number, HelpContext context, std::u16string description) {
+    return Error(number, std::move(description), u"ODBC", context);
 }
 
 } // namespace kvex::odbc

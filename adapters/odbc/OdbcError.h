@@ -36,9 +36,9 @@ struct Diagnostic {
 
 /// The first report on a handle (SQL_HANDLE_...).
 [[nodiscard]] Diagnostic diagnosticOf(std::int16_t handleType, void *handle);
-/// The error for the report; its description says what happened and what to do. The number is
-/// outOfMemory when memory ran out.
+/// The error for the report; its description says what happened, with the driver's own words. The
+/// number is outOfMemory when memory ran out.
 [[nodiscard]] Error errorOf(const Diagnostic &diagnostic);
-[[nodiscard]] Error errorWith(std::int32_t number, std::u16string description);
+[[nodiscard]] Error errorWith(std::int32_t number, HelpContext context, std::u16string description);
 
 } // namespace kvex::odbc

@@ -71,9 +71,8 @@ void OdbcStatement::bind(const std::vector<ValueView> &values) {
 void OdbcStatement::execute(const std::vector<ValueView> &parameters) {
     if (!connection_.server().keepsNulCharacters &&
         std::ranges::any_of(parameters, &hasNulCharacter)) {
-        throw errorWith(refusal::badValue,
-                        u"The database cannot hold a text with a NUL character, so nothing was "
-                        u"stored: remove the character and try again.");
+        throw errorWith(refusal::badValue, HelpContext::badValue,
+                        u"The database cannot hold a text with a NUL character.");
     }
     bind(parameters);
     const SQLRETURN result = SQLExecute(handle());
@@ -170,8 +169,7 @@ OdbcStatement &PreparedStatements::executedNew(Purpose purpose,
     try {
         added.prepare();
         if (purpose == Purpose::reading && added.columnCount() == 0) {
-            throw Error(error_number::badArgument,
-                        u"The statement returns no rows: use a SELECT query.");
+            throw Error(error_number::badArgument, u"The statement returns no rows.");
         }
         added.execute(statement.parameters);
     } catch (...) {

@@ -80,9 +80,8 @@ void OdbcDriver::describe(const std::u16string &query, std::vector<recordset::Co
     statement.prepare();
     std::vector<recordset::Column> now = originsOf(statement);
     if (!std::ranges::equal(now, columns, {}, &recordset::Column::name, &recordset::Column::name)) {
-        throw errorWith(refusal::badStatement,
-                        u"Another program has changed the table's columns: open the "
-                        u"rules, or run the command, again.");
+        throw errorWith(refusal::badStatement, HelpContext::changedByAnother,
+                        u"Another program has changed the table's columns.");
     }
     columns = std::move(now);
 }
@@ -114,10 +113,8 @@ std::vector<Value> OdbcDriver::insert(std::u16string_view table,
     }
     const bool numbered = server.newKey == NewKey::lastNumber && keyColumns.size() == 1;
     if (key.size() < keyColumns.size() && !numbered) {
-        throw errorWith(
-            refusal::badStatement,
-            u"This kind of database does not report the key of a new record, so nothing "
-            u"was stored: use another database.");
+        throw errorWith(refusal::badStatement, HelpContext::noNewKey,
+                        u"This kind of database does not report the key of a new record.");
     }
     statements_.run(Purpose::writing, insertion, std::mem_fn(&OdbcStatement::rowCount));
     if (key.size() == keyColumns.size()) {

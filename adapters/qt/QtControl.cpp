@@ -54,7 +54,7 @@ void Element::giveFocus() {
 }
 
 void Element::showRefusal(const Error &error) {
-    if (error.fromDatabase()) {
+    if (error.concernsUser()) {
         const QWidget *window = QApplication::activeWindow();
         const std::u16string title =
             window != nullptr ? fromQt(window->windowTitle()) : std::u16string();

@@ -38,8 +38,8 @@ protected:
     virtual void visibleSet() {}
     void giveFocus();
 
-    /// Runs a handler of this control. If a database error leaves it, the user sees a message.
-    /// Otherwise they would think that their change was stored.
+    /// Runs a handler of this control. If an error that concerns the user leaves it, a message
+    /// shows its description. Otherwise they would think that their change was stored.
     template <class... Parameters, class... Arguments>
     void run(const std::function<void(Parameters...)> &handler, Arguments &&...arguments) {
         controls::deliver(handler, where_, showRefusal, std::forward<Arguments>(arguments)...);

@@ -56,8 +56,8 @@ const Provider &ClientConnection::providerOf(const ConnectionString &connectionS
         forms.append(forms.empty() ? u"" : u", or ").append(provider.form);
     }
     throw Error(error_number::badArgument,
-                u"The connection string names no database that this program can open; write it "
-                u"as " +
+                u"The connection string names no database that this program can open. Its forms "
+                u"are: " +
                     forms + u".");
 }
 

@@ -6,6 +6,7 @@
 #include "platform/Unicode.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace kvex::recordset {
@@ -24,12 +25,14 @@ Value storable(const Value &value) {
     return value;
 }
 
-/// Fails when a write or resync found no row.
-void requireMet(bool met) {
-    if (!met) {
-        throw Error(rowChangedByAnother, u"Another user changed or removed it meanwhile: close the "
-                                         u"window and open it again to see what is stored now.");
-    }
+/// The error of a write or resync that found no row.
+Error rowIsNot(std::u16string asRead, HelpContext context) {
+    return Error(rowChangedByAnother, std::move(asRead), u"KVEXMessageRules", context);
+}
+
+Error changedByAnother() {
+    return rowIsNot(u"Another user changed or removed it meanwhile.",
+                    HelpContext::changedByAnother);
 }
 
 /// Throws `error`. An error of the database gets a description that begins with `outcome`.
@@ -153,6 +156,11 @@ void ClientRecordset::setField(std::u16string_view name, const Value &value) {
     }
 }
 
+void ClientRecordset::requireWritable() {
+    Opened &open = opened();
+    static_cast<void>(open.writable(*open.connected()));
+}
+
 void ClientRecordset::addNew() {
     opened().discardPending();
     opened().isNew = true;
@@ -190,7 +198,9 @@ void ClientRecordset::resyncCurrent() {
     RowStore row;
     try {
         driver->query(selectRow(table.name, names, open.keyOf(table)), row);
-        requireMet(row.rowCount() > 0);
+        if (row.rowCount() == 0) {
+            throw changedByAnother();
+        }
     } catch (const Error &error) {
         refuse(error, u"What was stored before stays stored, but " + open.nameOf(table) +
                           u" could not be read again");
@@ -242,8 +252,7 @@ const BaseTable &ClientRecordset::Opened::table(Driver &database) {
 
 const BaseTable &ClientRecordset::Opened::writable(Driver &database) {
     if (lock == LockType::readOnly) {
-        throw Error(error_number::badArgument,
-                    u"The record set was opened for reading only: open it with another lock.");
+        throw Error(error_number::badArgument, u"The record set was opened for reading only.");
     }
     try {
         return table(database);
@@ -280,7 +289,8 @@ std::vector<Assignment> ClientRecordset::Opened::assignments() const {
         if (column.baseColumn.empty()) {
             throw Error(error_number::badArgument,
                         u"The column " + column.name +
-                            u" is computed by the query and cannot be written.");
+                            u" is computed by the query and cannot be written.",
+                        u"KVEXMessageRules", HelpContext::badStatement);
         }
         assignments.push_back({column.baseColumn, viewOf(value)});
     }
@@ -296,6 +306,46 @@ std::vector<Assignment> ClientRecordset::Opened::known() const {
         }
     }
     return known;
+}
+
+bool ClientRecordset::Opened::readsAsBefore(Driver &database, const BaseTable &table,
+                                            const std::vector<Assignment> &read) const {
+    if (read.empty()) {
+        return false;
+    }
+    std::vector<std::u16string_view> columns;
+    std::ranges::transform(read, std::back_inserter(columns), &Assignment::column);
+    RowStore now;
+    database.query(selectRow(table.name, columns, keyOf(table)), now);
+    if (now.rowCount() == 0) {
+        return false;
+    }
+    for (std::size_t i = 0; i < read.size(); ++i) {
+        if (now.value(0, i).held() != read[i].value.held()) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void ClientRecordset::Opened::refuseUnmet(Driver &database, const BaseTable &table,
+                                          const std::vector<Assignment> &read) const {
+    const RowKey key = keyOf(table);
+    if (!readsAsBefore(database, table, read)) {
+        throw changedByAnother();
+    }
+    // The row reads as before, so a value that does not equal itself cannot be read unchanged.
+    const auto notKept = std::ranges::find_if(read, [&](const Assignment &held) {
+        RowStore found;
+        database.query(selectRow(database, table.name, {held.column}, key, {held}), found);
+        return found.rowCount() == 0;
+    });
+    if (notKept == read.end()) {
+        throw changedByAnother();
+    }
+    throw rowIsNot(u"Its column " + std::u16string(notKept->column) +
+                       u" holds a value that cannot be read unchanged.",
+                   HelpContext::valueNotKept);
 }
 
 void ClientRecordset::Opened::insert() {
@@ -331,8 +381,9 @@ void ClientRecordset::Opened::write() {
     const Held held = preparedChanges();
     const auto outcome = [&] { return u"The change of " + nameOf(table) + u" was not stored"; };
     writing(outcome, [&] {
-        requireMet(database->execute(updateRow(*database, table.name, values, keyOf(table), read)) >
-                   0);
+        if (database->execute(updateRow(*database, table.name, values, keyOf(table), read)) == 0) {
+            refuseUnmet(*database, table, read);
+        }
     });
     hold(held);
 }
@@ -341,8 +392,11 @@ void ClientRecordset::Opened::remove() {
     const std::shared_ptr<Driver> database = connected();
     const BaseTable &table = writable(*database);
     const auto outcome = [&] { return u"The removal of " + nameOf(table) + u" was not stored"; };
+    const std::vector<Assignment> read = known();
     writing(outcome, [&] {
-        requireMet(database->execute(deleteRow(*database, table.name, keyOf(table), known())) > 0);
+        if (database->execute(deleteRow(*database, table.name, keyOf(table), read)) == 0) {
+            refuseUnmet(*database, table, read);
+        }
     });
     discardPending();
     cursor.removeCurrent();

@@ -36,6 +36,7 @@ public:
     [[nodiscard]] ValueView field(std::u16string_view name) const override;
     void setField(std::u16string_view name, const Value &value) override;
 
+    void requireWritable() override;
     void addNew() override;
     void update() override;
     void deleteCurrent() override;
@@ -70,6 +71,12 @@ private:
         [[nodiscard]] std::vector<Assignment> assignments() const;
         /// The known values of the current row, without the key and computed columns.
         [[nodiscard]] std::vector<Assignment> known() const;
+        /// True when the current row still reads as `read` in the database.
+        [[nodiscard]] bool readsAsBefore(Driver &database, const BaseTable &table,
+                                         const std::vector<Assignment> &read) const;
+        /// Throws the error of a write that found no row with the key and these values.
+        [[noreturn]] void refuseUnmet(Driver &database, const BaseTable &table,
+                                      const std::vector<Assignment> &read) const;
         void insert();
         void write();
         void remove();

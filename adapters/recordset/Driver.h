@@ -70,7 +70,7 @@ struct ColumnTypes {
 
 /// One open connection to one database; the destructor closes it. Each call is a transaction of its
 /// own, unless begin was called. When the database refuses, the call throws an Error with the
-/// provider's negative number. Its description says what to do, and nothing was written.
+/// provider's negative number. Its description says what happened, and nothing was written.
 /// connectionLost is the exception: then it is unknown whether the call wrote, and every later call
 /// fails with it too.
 class Driver {
@@ -81,8 +81,9 @@ public:
     /// not run it.
     virtual void query(const Statement &statement, RowSink &sink) = 0;
     /// Fills in where the values of `columns` come from: table, column and key. `query` is a text
-    /// that was queried before. A record set calls this before its first write. A driver implements
-    /// it when its query could not fill them in without another request to the server.
+    /// that was queried before. A record set calls this once, at the latest before its first write.
+    /// A driver implements it when its query could not fill them in without another request to the
+    /// server.
     virtual void describe(const std::u16string &query, std::vector<Column> &columns) {
         static_cast<void>(query);
         static_cast<void>(columns);

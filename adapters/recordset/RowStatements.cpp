@@ -5,6 +5,11 @@
 namespace kvex::recordset {
 namespace {
 
+[[noreturn]] void refuseRows(const std::u16string &why, HelpContext context) {
+    throw Error(error_number::badArgument, why + u", so they cannot be written.",
+                u"KVEXMessageRules", context);
+}
+
 /// The length of a statement that changes one column.
 constexpr std::size_t usualLength = 128;
 
@@ -54,9 +59,7 @@ BaseTable BaseTable::of(const std::vector<Column> &columns) {
             continue;
         }
         if (!table.name.empty() && table.name != column.table) {
-            throw Error(error_number::badArgument,
-                        u"The rows of a query on several tables cannot be written: query one "
-                        u"table.");
+            refuseRows(u"The rows come from several tables", HelpContext::badStatement);
         }
         table.name = column.table;
         if (column.keyParts > 0) {
@@ -64,10 +67,12 @@ BaseTable BaseTable::of(const std::vector<Column> &columns) {
             keyParts = column.keyParts;
         }
     }
+    if (table.name.empty()) {
+        refuseRows(u"The rows come from no table", HelpContext::badStatement);
+    }
     if (table.key.empty() || table.key.size() != keyParts) {
-        throw Error(error_number::badArgument,
-                    u"The rows of this query cannot be written: query one table, with each "
-                    u"column of its primary key once.");
+        refuseRows(u"The rows of the table " + table.name + u" have no primary key",
+                   HelpContext::noPrimaryKey);
     }
     return table;
 }
@@ -84,6 +89,14 @@ Statement selectRow(std::u16string_view table, const std::vector<std::u16string_
                     const RowKey &key) {
     Statement statement{joined(u"SELECT ", listed(columns), u" FROM ", table), {}};
     appendKey(statement, key);
+    return statement;
+}
+
+Statement selectRow(const Driver &driver, std::u16string_view table,
+                    const std::vector<std::u16string_view> &columns, const RowKey &key,
+                    const std::vector<Assignment> &read) {
+    Statement statement = selectRow(table, columns, key);
+    appendRead(statement, driver, read);
     return statement;
 }
 

@@ -17,7 +17,7 @@ struct BaseTable {
 
     /// The one table that the columns come from. Fails with badArgument when there is none, or when
     /// the query joins several tables. Fails with it too when the table has no primary key, or when
-    /// the result does not have each key column exactly once.
+    /// the result does not have each key column exactly once. The user then learns why.
     [[nodiscard]] static BaseTable of(const std::vector<Column> &columns);
 };
 
@@ -27,6 +27,10 @@ using RowKey = std::vector<Assignment>;
 [[nodiscard]] Statement selectRow(std::u16string_view table,
                                   const std::vector<std::u16string_view> &columns,
                                   const RowKey &key);
+/// Reads `columns` of the row with this key, if each column of `read` still has its value.
+[[nodiscard]] Statement selectRow(const Driver &driver, std::u16string_view table,
+                                  const std::vector<std::u16string_view> &columns,
+                                  const RowKey &key, const std::vector<Assignment> &read);
 /// Writes `changes` to the row with this key, if each column of `read` still has its value.
 [[nodiscard]] Statement updateRow(const Driver &driver, std::u16string_view table,
                                   const std::vector<Assignment> &changes, const RowKey &key,

@@ -66,8 +66,7 @@ private:
 void SqliteDriver::query(const Statement &statement, recordset::RowSink &sink) {
     SqliteStatement query(connection_, statement.text);
     if (sqlite3_column_count(query.handle()) == 0) {
-        throw Error(error_number::badArgument,
-                    u"The statement returns no rows: use a SELECT query.");
+        throw Error(error_number::badArgument, u"The statement returns no rows.");
     }
     query.bind(statement.parameters);
     const int rows = deliverResult(query, sink);

@@ -2,7 +2,6 @@
 
 #include "adapters/recordset/EqualIgnoringCase.h"
 #include "adapters/sqlite/SqliteError.h"
-#include "adapters/sqlite/SqliteStatement.h"
 #include "platform/Text.h"
 
 #include <sqlite3.h>
@@ -26,7 +25,7 @@ int busyTimeout(const recordset::ConnectionString &text) {
         std::ranges::all_of(value, [](char16_t unit) { return unit >= u'0' && unit <= u'9'; });
     if (!whole) {
         throw Error(error_number::badArgument,
-                    u"The connection string's Busy Timeout must be a whole number of "
+                    u"The connection string's Busy Timeout is not a whole number of "
                     u"milliseconds.");
     }
     return toInt32(value);
@@ -36,7 +35,7 @@ std::u16string_view nameIn(const recordset::ConnectionString &text) {
     const std::u16string_view name = text.value(u"Data Source");
     if (name.empty()) {
         throw Error(error_number::badArgument,
-                    u"The connection string names no database file: add Data Source=PATH.");
+                    u"The connection string has no Data Source, so it names no database file.");
     }
     return name;
 }
@@ -92,10 +91,8 @@ SqliteConnection::SqliteConnection(const recordset::ConnectionString &text, Miss
     }
     const bool isNew = isEmptyFile();
     if (missing == Missing::refuse && isNew) {
-        throw errorWith(SQLITE_NOTADB,
-                        u"The file " + name_ +
-                            u" is empty: name the server's database file, or create the tables "
-                            u"with kvexrules init.");
+        throw errorWith(SQLITE_NOTADB, HelpContext::noTable,
+                        u"The database file " + name_ + u" is empty.");
     }
     if (isNew || holdsRules()) {
         writeAhead();
@@ -117,11 +114,9 @@ void SqliteConnection::requireInPlace() const {
     int moved = 0;
     if (sqlite3_file_control(handle(), "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK &&
         moved != 0) {
-        throw errorWith(SQLITE_READONLY_DBMOVED,
+        throw errorWith(SQLITE_READONLY_DBMOVED, HelpContext::fileMoved,
                         u"The database file " + name_ +
-                            u" was moved, replaced or removed since it was opened: put it back, or "
-                            u"open the rules, or run the command, again on the file that is there "
-                            u"now.");
+                            u" was moved, replaced or removed since it was opened.");
     }
 }
 
@@ -131,7 +126,12 @@ void SqliteConnection::open(const std::string &path, int flags) {
     const int code = sqlite3_open_v2(path.c_str(), &opened, flags | SQLITE_OPEN_NOMUTEX, nullptr);
     handle_.reset(opened);
     if (code != SQLITE_OK) {
-        throw errorOf(code, name_, fromUtf8(sqlite3_errstr(code)));
+        const Error error = errorOf(code, name_, fromUtf8(sqlite3_errstr(code)));
+        if (error.helpContext() == HelpContext::noFile && (flags & SQLITE_OPEN_CREATE) != 0) {
+            throw errorWith(code, HelpContext::cannotMake,
+                            u"The database file " + name_ + u" cannot be made.");
+        }
+        throw error;
     }
     sqlite3_extended_result_codes(handle(), 1);
     sqlite3_busy_timeout(handle(), busyTimeout_);
@@ -149,14 +149,24 @@ void SqliteConnection::openUnchanging() {
 
 bool SqliteConnection::isEmptyFile() const {
     const char *file = sqlite3_db_filename(handle(), "main");
-    SqliteStatement pages(*this, u"PRAGMA page_count");
-    return file && *file && pages.step() && sqlite3_column_int(pages.handle(), 0) == 0;
+    return file && *file && !isTrue("PRAGMA page_count");
 }
 
 bool SqliteConnection::holdsRules() const {
-    SqliteStatement table(*this, u"SELECT 1 FROM sqlite_master WHERE type = 'table' AND "
-                                 u"name = 'SMS_RULES' COLLATE NOCASE");
-    return table.step();
+    return isTrue("SELECT count(*) FROM sqlite_master WHERE type = 'table' AND "
+                  "name = 'SMS_RULES' COLLATE NOCASE");
+}
+
+bool SqliteConnection::isTrue(const char *query) const {
+    bool result = false;
+    const auto take = [](void *target, int /*columns*/, char **values, char ** /*names*/) {
+        *static_cast<bool *>(target) = std::string_view(values[0]) != "0";
+        return 0;
+    };
+    if (sqlite3_exec(handle(), query, take, &result, nullptr) != SQLITE_OK) {
+        throw lastError();
+    }
+    return result;
 }
 
 void SqliteConnection::writeAhead() const {

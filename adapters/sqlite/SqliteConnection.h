@@ -49,6 +49,8 @@ private:
     void openUnchanging();
     [[nodiscard]] bool isEmptyFile() const;
     [[nodiscard]] bool holdsRules() const;
+    /// True when the query gives a number other than 0.
+    [[nodiscard]] bool isTrue(const char *query) const;
     /// Does nothing when the file may not be written.
     void writeAhead() const;
 

@@ -1,78 +1,62 @@
 #include "adapters/sqlite/SqliteError.h"
 
-#include "platform/Text.h"
-
 #include <sqlite3.h>
 
 #include <filesystem>
 #include <string>
+#include <utility>
 
 namespace kvex::sqlite {
 namespace {
 
-std::u16string cannotOpen(const std::u16string &name) {
+struct Meaning {
+    HelpContext context;
+    /// What happened, without a full stop.
+    std::u16string what;
+};
+
+Meaning cannotOpen(const std::u16string &name) {
     std::error_code ignored;
     const std::filesystem::path path(name);
     if (std::filesystem::is_directory(path, ignored)) {
-        return u"The database " + name + u" is a folder: name a file in it.";
+        return {HelpContext::notADatabase, u"The database " + name + u" is a folder"};
     }
     if (!name.starts_with(u"file:") && !std::filesystem::exists(path, ignored)) {
-        return u"The database file " + name +
-               u" does not exist: correct the path, or create the database with kvexrules init in "
-               u"a folder that you may write.";
+        return {HelpContext::noFile, u"The database file " + name + u" does not exist"};
     }
-    return u"The database file " + name +
-           u" cannot be opened: check that it exists and that you may read and write it and its "
-           u"folder.";
+    return {HelpContext::forbidden, u"The database file " + name + u" cannot be opened"};
 }
 
-std::u16string refusedStatement(std::u16string_view name, std::u16string_view message) {
-    const std::u16string database(name);
-    constexpr std::u16string_view noTable = u"no such table: ";
-    if (message.starts_with(noTable)) {
-        return u"The database " + database + u" has no table " +
-               std::u16string(message.substr(noTable.size())) +
-               u": name the server's database, or create the tables with kvexrules init.";
-    }
-    return u"The database " + database + u" cannot do this: " + std::u16string(message) +
-           u". Check that its tables are those of the server.";
-}
-
-std::u16string description(int code, std::u16string_view name, std::u16string_view message) {
-    const std::u16string database(name);
+Meaning meaningOf(int code, const std::u16string &name, std::u16string_view message) {
+    const std::u16string database = u"The database " + name;
     switch (code & 0xFF) {
     case SQLITE_ERROR:
-        return refusedStatement(name, message);
+        return message.starts_with(u"no such table: ")
+                   ? Meaning{HelpContext::noTable, database + u" lacks a table"}
+                   : Meaning{HelpContext::badStatement, database + u" cannot do this"};
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-        return u"The database " + database +
-               u" is locked by another program: wait until it has finished, then try again.";
+        return {HelpContext::locked, database + u" is locked by another program"};
     case SQLITE_READONLY:
     case SQLITE_PERM:
     case SQLITE_AUTH:
-        return u"The database " + database +
-               u" is read-only, so nothing was stored: ask for the right to write the file and "
-               u"its folder.";
+        return {HelpContext::forbidden, database + u" is read-only"};
     case SQLITE_FULL:
-        return u"The disk that holds the database " + database +
-               u" is full, so nothing was stored: free some space and try again.";
+        return {HelpContext::diskFull, u"The disk that holds the database " + name + u" is full"};
     case SQLITE_IOERR:
-        return u"The database " + database + u" cannot be read or written (" +
-               std::u16string(message) + u"): check the disk, then try again.";
+        return {HelpContext::inputOutput, database + u" cannot be read or written"};
     case SQLITE_NOTADB:
-        return u"The file " + database + u" is no database: name the server's database file.";
+        return {HelpContext::notADatabase, u"The file " + name + u" is no database"};
     case SQLITE_CORRUPT:
-        return u"The database " + database + u" is damaged: restore it from a backup.";
+        return {HelpContext::damaged, database + u" is damaged"};
     case SQLITE_CONSTRAINT:
-        return u"The database " + database + u" refuses these values (" + std::u16string(message) +
-               u"): change them and try again.";
+        return {HelpContext::constraint, database + u" refuses these values"};
     case SQLITE_TOOBIG:
-        return u"A text is too long for the database " + database + u": shorten it.";
+        return {HelpContext::tooLong, u"A text is too long for the database " + name};
     case SQLITE_CANTOPEN:
-        return cannotOpen(database);
+        return cannotOpen(name);
     default:
-        return u"The database " + database + u" failed: " + std::u16string(message) +
-               u". Open the rules, or run the command, again and repeat the change.";
+        return {HelpContext::failed, database + u" failed"};
     }
 }
 
@@ -82,11 +66,12 @@ Error errorOf(int code, std::u16string_view name, std::u16string_view message) {
     if ((code & 0xFF) == SQLITE_NOMEM) {
         return Error(error_number::outOfMemory);
     }
-    return errorWith(code, description(code, name, message));
+    const Meaning meaning = meaningOf(code, std::u16string(name), message);
+    return errorWith(code, meaning.context, meaning.what + u" (" + std::u16string(message) + u").");
 }
 
-Error errorWith(int code, std::u16string description) {
-    return Error(errorBase + code, std::move(description), u"SQLite");
+Error errorWith(int code, HelpContext context, std::u16string description) {
+    return Error(errorBase + code, std::move(description), u"SQLite", context);
 }
 
 } // namespace kvex::sqlite

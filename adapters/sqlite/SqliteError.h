@@ -4,6 +4,7 @@
 #include "platform/Error.h"
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace kvex::sqlite {
@@ -12,12 +13,11 @@ namespace kvex::sqlite {
 /// primary code: -2147221499 for a locked database (5). The error's source is "SQLite".
 inline constexpr std::int32_t errorBase = -2147221504;
 
-/// The error for a result code; its description says what happened and what to do. `name` is the
-/// database as the user wrote it, `message` is SQLite's. The number is outOfMemory when memory ran
-/// out.
+/// The error for a result code; its description says what happened, with SQLite's `message`. `name`
+/// is the database as the user wrote it. The number is outOfMemory when memory ran out.
 [[nodiscard]] Error errorOf(int code, std::u16string_view name, std::u16string_view message);
 
 /// An error with its own description.
-[[nodiscard]] Error errorWith(int code, std::u16string description);
+[[nodiscard]] Error errorWith(int code, HelpContext context, std::u16string description);
 
 } // namespace kvex::sqlite

@@ -2,6 +2,7 @@
 
 #include "adapters/classserver/server/Guard.h"
 #include "host/addressbook/AddressBookWindow.h"
+#include "host/suite/Advice.h"
 #include "host/suite/Databases.h"
 #include "host/suite/ShownText.h"
 #include "host/suite/SuiteState.h"
@@ -116,7 +117,8 @@ std::vector<Contact> ManageContacts::contactsOf(LONG userId) {
 void ManageContacts::tell(const Error &error) {
     const std::u16string sentence = u"The address book cannot be opened.";
     logEntry(logFile_, u"KVEXHostSuite: " + sentence, &error);
-    const std::u16string text = sentence + u"\r\n\r\n" + withoutPasswords(error.description());
+    const std::u16string text =
+        sentence + u"\r\n\r\n" + withoutPasswords(withAdvice(error, Place::addressBook));
     try {
         toolkit_.showMessageBox(u"Address Book", text, message_box::exclamation);
     } catch (const Error &) {

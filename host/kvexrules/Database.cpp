@@ -2,6 +2,7 @@
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "host/kvexrules/SampleData.h"
+#include "host/suite/Advice.h"
 #include "host/suite/Databases.h"
 #include "host/suite/Schema.h"
 #include "host/suite/ShownText.h"
@@ -37,7 +38,7 @@ std::unique_ptr<ClientConnection> openToFill(const Settings &settings, bool isFi
         if (isFile || !error.fromDatabase()) {
             throw;
         }
-        throw Failure(asSentence(toUtf8(error.description())) +
+        throw Failure(toldAtTerminal(error) +
                       " kvexrules init needs a database that exists, and a user who may create "
                       "tables in it. Ask the server's administrator for both. " +
                       settings.databaseOrigin);
@@ -92,7 +93,7 @@ std::unique_ptr<recordset::ClientConnection> openConnection(const Settings &sett
 }
 
 void failFor(const Settings &settings, const Error &error, int status) {
-    throw Failure(asSentence(toUtf8(error.description())) + " " + settings.databaseOrigin, status);
+    throw Failure(toldAtTerminal(error) + " " + settings.databaseOrigin, status);
 }
 
 std::string makeDatabase(const Settings &settings, Content content) {
@@ -145,9 +146,8 @@ void offerDatabase(const Settings &settings, const Question &ask) {
     const std::optional<bool> answer = ask("The database file " + *file + " does not exist. " +
                                            settings.databaseOrigin + " Make it, without rules?");
     if (answer == false) {
-        throw Failure("The database file " + *file +
-                      " does not exist, and was not made. Make it with kvexrules init, or name "
-                      "another with --database.");
+        throw Failure("The database file " + *file + " does not exist, and was not made. " +
+                      toUtf8(adviceFor(HelpContext::noFile, Place::terminal)));
     }
     if (answer == true) {
         static_cast<void>(makeDatabase(settings, Content::empty));

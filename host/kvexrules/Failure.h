@@ -1,6 +1,8 @@
 // How a command ends when it cannot do its work, and the sentences that say why.
 #pragma once
 
+#include "platform/Error.h"
+
 #include <filesystem>
 #include <stdexcept>
 #include <string>
@@ -30,6 +32,9 @@ private:
 
 /// `text` with a full stop at its end, unless a punctuation mark stands there. "" stays "".
 [[nodiscard]] std::string asSentence(std::string_view text);
+
+/// The error's description as a sentence, with the advice behind it.
+[[nodiscard]] std::string toldAtTerminal(const Error &error);
 
 /// `reason` as a sentence, then a sentence that names the log unless `log` is empty.
 [[nodiscard]] std::string reasonAndLog(std::string_view reason, const std::filesystem::path &log);

@@ -55,7 +55,7 @@ std::vector<std::string> idsAskedFor(const Request &request) {
 std::string lastError() {
     const SuiteState &state = suiteState();
     return state.lastError
-               ? reasonAndLog(toUtf8(state.lastError->error.description()), state.log.lastFile())
+               ? reasonAndLog(toldAtTerminal(state.lastError->error), state.log.lastFile())
                : "No reason was given.";
 }
 

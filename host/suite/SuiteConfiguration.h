@@ -10,9 +10,9 @@ struct ISuiteConfiguration : IUnknown {
     /// Sets the texts that utility objects give out, and the file of the error log. If `logFile` is
     /// "", the writer of each entry names the file.
     virtual HRESULT Configure(BSTR connectionString, BSTR secondText, BSTR logFile) noexcept = 0;
-    /// Gives the last logged error: its description, its number, and the file that holds it. The
-    /// file is "" when none could be written. Without an error the result is S_FALSE, and it gives
-    /// null, 0 and null.
+    /// Gives the last logged error: its description with the advice for a terminal, its number, and
+    /// the file that holds it. The file is "" when none could be written. Without an error the
+    /// result is S_FALSE, and it gives null, 0 and null.
     virtual HRESULT GetLastError(BSTR *logFile, BSTR *description, LONG *number) noexcept = 0;
 
 protected:

@@ -1,6 +1,7 @@
 #include "host/suite/UtilityObject.h"
 
 #include "adapters/classserver/server/Guard.h"
+#include "host/suite/Advice.h"
 #include "host/suite/ShownText.h"
 #include "host/suite/SuiteState.h"
 #include "platform/Text.h"
@@ -26,10 +27,9 @@ HRESULT give(const std::u16string &text, BSTR *target) noexcept {
 std::u16string userText(const Error &error) {
     const std::filesystem::path &file = suiteState().log.lastFile();
     std::u16string text =
-        u"The database reported an error.\r\n\r\n" + withoutPasswords(error.description()) +
-        u"\r\n\r\nWhat was stored before this error stays stored; nothing after it "
-        u"was. Put that right, open the rules again to see what is stored, and "
-        u"repeat what is missing.";
+        u"The database reported an error.\r\n\r\n" +
+        withoutPasswords(withAdvice(error, Place::rulesWindows)) +
+        u"\r\n\r\nWhat was stored before this error stays stored; nothing after it was.";
     if (!file.empty()) {
         text += u" The error is logged in " + fromUtf8(file.string()) + u".";
     }
@@ -59,7 +59,7 @@ HRESULT UtilityObject::WriteErrorLog(BSTR *logFile, ErrorRecord *error, BSTR tex
                           std::u16string(viewOf(error->source)),
                           static_cast<HelpContext>(error->helpContext));
         logEntry(viewOf(*logFile), viewOf(text), &entry);
-        if (entry.fromDatabase() && (flag == nullptr || *flag != VARIANT_FALSE)) {
+        if (entry.concernsUser() && (flag == nullptr || *flag != VARIANT_FALSE)) {
             tellUser(entry);
         }
         return S_OK;

@@ -10,8 +10,8 @@
 
 namespace kvex::host {
 
-/// Works on suiteState(). It logs every error. It also shows the errors of the database to the
-/// user, because not all of the user's changes were stored.
+/// Works on suiteState(). It logs every error. An error that concerns the user is also shown, with
+/// advice.
 class UtilityObject : public ComObject<IUtility> {
 public:
     HRESULT GetConnectionString(BSTR *connectionString) noexcept final;
@@ -30,7 +30,7 @@ protected:
 private:
     /// Takes and returns what ShowMessageBox does.
     virtual std::int32_t showMessage(const std::u16string &text, std::int32_t style) = 0;
-    /// Shows a logged error of the database. If that fails, writes it to standard error.
+    /// Shows a logged error to the user. If that fails, writes it to standard error.
     virtual void tellUser(const Error &error);
 };
 

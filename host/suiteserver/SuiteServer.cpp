@@ -3,6 +3,7 @@
 #include "adapters/classserver/server/InProcessServer.h"
 #include "adapters/qt/QtToolkit.h"
 #include "host/addressbook/ManageContacts.h"
+#include "host/suite/Advice.h"
 #include "host/suite/SuiteConfiguration.h"
 #include "host/suite/SuiteState.h"
 #include "host/suite/UtilityObject.h"
@@ -37,7 +38,7 @@ public:
             }
             Bstr file(fromUtf8(state.log.lastFile().string()));
             const Error &error = state.lastError->error;
-            *description = Bstr(error.description()).detach();
+            *description = Bstr(withAdvice(error, Place::terminal)).detach();
             *number = error.number();
             *logFile = file.detach();
             return S_OK;

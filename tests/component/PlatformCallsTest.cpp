@@ -40,6 +40,7 @@ const Calls opening{
 
 /// The calls that open the rules window when there are no rules, for a rule that does not exist.
 const Calls showing{
+    "recordset 1.requireWritable",
     "toolkit",
     "recordset 1.eof",
     "recordset 1.recordCount",
@@ -176,8 +177,19 @@ TEST_F(PlatformSequence, AWindowThatCannotBeMadeLeavesTheSessionOpen) {
     calls.made.clear();
     calls.failing = "toolkit";
     EXPECT_EQ(rules.ShowRules(u"1", u""), 0);
-    EXPECT_EQ(calls.take(),
-              behind(opening, {"toolkit", logged(error_number::automationError, "ShowRuleUI")}));
+    EXPECT_EQ(calls.take(), behind(opening, {"recordset 1.requireWritable", "toolkit",
+                                             logged(error_number::automationError, "ShowRuleUI")}));
+    rules.release();
+    EXPECT_EQ(calls.take(), releaseAfter(opening.size()));
+}
+
+TEST_F(PlatformSequence, RulesThatCannotBeWrittenAreNotShown) {
+    SessionOwner rules(platform);
+    calls.made.clear();
+    calls.failing = "recordset 1.requireWritable";
+    EXPECT_EQ(rules.ShowRules(u"1", u""), 0);
+    EXPECT_EQ(calls.take(), behind(opening, {"recordset 1.requireWritable",
+                                             logged(error_number::automationError, "ShowRuleUI")}));
     rules.release();
     EXPECT_EQ(calls.take(), releaseAfter(opening.size()));
 }

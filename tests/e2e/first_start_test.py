@@ -35,8 +35,8 @@ class FirstStart(ProgramTest):
         self.assertEqual(self.program.finish(), (2, ""))
         self.assertEqual(self.program.errors.read_text(encoding="utf-8"),
                          f"kvexrules: The database file {self.database.path} does not exist, and"
-                         " was not made. Make it with kvexrules init, or name another with"
-                         " --database.\n")
+                         " was not made. Make it with kvexrules init, or name another"
+                         " database.\n")
         self.assertFalse(self.database.path.exists())
 
 

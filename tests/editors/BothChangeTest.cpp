@@ -6,8 +6,7 @@ namespace kvex::test {
 namespace {
 
 constexpr std::u16string_view changedByAnother =
-    u"was not stored. Another user changed or removed it meanwhile: close the window and open it "
-    u"again to see what is stored now.";
+    u"was not stored. Another user changed or removed it meanwhile.";
 
 } // namespace
 

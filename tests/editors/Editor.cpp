@@ -1,6 +1,7 @@
 #include "tests/editors/Editor.h"
 #include "tests/windows/EditorRows.h"
 
+#include "host/suite/Advice.h"
 #include "host/suite/SuiteState.h"
 #include "host/suite/UtilityObject.h"
 #include "platform/Text.h"
@@ -106,11 +107,17 @@ void Editor::expectTold(const std::vector<std::u16string> &subsAndModules, std::
     }
     std::erase_if(utility.messages,
                   [](const Message &message) { return message.style == message_box::yesNo; });
-    EXPECT_EQ(utility.messages.size(), subsAndModules.size());
-    for (const Message &message : utility.messages) {
+    ASSERT_EQ(utility.messages.size(), utility.log.size());
+    for (std::size_t i = 0; i < utility.log.size(); ++i) {
+        const Message &message = utility.messages[i];
+        const std::u16string advice =
+            host::adviceFor(utility.log[i].helpContext, host::Place::rulesWindows);
         EXPECT_EQ(message.style, message_box::exclamation);
         EXPECT_NE(message.text.find(words), std::u16string::npos) << toUtf8(message.text);
-        EXPECT_NE(message.text.find(u"open the rules again"), std::u16string::npos);
+        EXPECT_NE(advice, u"") << toUtf8(message.text);
+        EXPECT_NE(message.text.find(utility.log[i].description + u" " + advice + u"\r\n"),
+                  std::u16string::npos)
+            << toUtf8(message.text);
     }
     utility.log.clear();
     utility.messages.clear();
@@ -125,6 +132,7 @@ void Editor::expectLeftHandler(std::int32_t number, std::u16string_view words) {
     ASSERT_EQ(toolkit.unhandledErrors().size(), ++leftHandlers_);
     const Error &error = toolkit.unhandledErrors().back();
     EXPECT_EQ(error.number(), number);
+    EXPECT_TRUE(error.concernsUser());
     EXPECT_NE(error.description().find(words), std::u16string::npos) << error.what();
 }
 

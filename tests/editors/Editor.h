@@ -28,7 +28,7 @@ public:
     std::int32_t inEditor(const std::u16string &ruleId, Script script);
 
     /// Expects exactly these errors since the last call. The log has each error with its Sub, its
-    /// Module and this number. One message with these words shows each error.
+    /// Module and this number. One message with these words and with advice shows each error.
     void expectTold(const std::vector<std::u16string> &subsAndModules, std::int32_t number,
                     std::u16string_view words);
     /// Expects that nothing was logged or shown since the last call.

@@ -41,6 +41,7 @@ protected:
             first += step;
         }
     }
+    [[nodiscard]] DatabaseFixture &database() { return *database_; }
     /// Runs a statement as another program.
     void run(const std::u16string &statement) { database_->run(statement); }
     std::u16string idOf(const std::u16string &name) {

@@ -7,8 +7,7 @@
 namespace kvex::test {
 namespace {
 
-constexpr std::u16string_view changedByAnother =
-    u"Another user changed or removed it meanwhile: close the window";
+constexpr std::u16string_view changedByAnother = u"Another user changed or removed it meanwhile.";
 
 } // namespace
 

@@ -90,7 +90,7 @@ private:
 TEST_P(ServerRefusals, AUserWhoMayOnlyReadGetsAMessageForEveryKindOfWrite) {
     Editor user(odbc::provider(), editor());
     expectNoWay(
-        user, refusal::forbidden, u"so nothing was stored: ask its administrator for the right",
+        user, refusal::forbidden, u"The database does not permit this (",
         [this] { run("REVOKE INSERT, UPDATE, DELETE ON SMS_RULES FROM editor"); },
         [this] { run(permission); });
     user.expectPlayedWhole();
@@ -105,7 +105,7 @@ TEST_P(ServerRefusals, AUserWhoMayNotAddRulesKeepsTheInputAndCanSaveItOncePermit
         rename(window, u"New");
         window.click(u"cmdOK");
         user.expectTold({u"Sub: cmdOK_Click, Module: frmRuleEdit"}, refusal::forbidden,
-                        u"ask its administrator for the right to write");
+                        u"The database does not permit this (");
         EXPECT_EQ(typedName(window), u"New");
         EXPECT_EQ(stored(), unchanged);
         run(permission);
@@ -119,8 +119,7 @@ TEST_P(ServerRefusals, AUserWhoMayNotAddRulesKeepsTheInputAndCanSaveItOncePermit
 TEST_P(ServerRefusals, AReadOnlyDatabaseIsShownAndNotWritten) {
     run(GetParam().closed);
     Editor user(odbc::provider(), editor());
-    expectNoWay(user, refusal::forbidden,
-                u"so nothing was stored: ask its administrator for the right");
+    expectNoWay(user, refusal::forbidden, u"The database does not permit this (");
     user.expectPlayedWhole();
     run(GetParam().open);
     expectSessionWorks(editor());
@@ -129,7 +128,7 @@ TEST_P(ServerRefusals, AReadOnlyDatabaseIsShownAndNotWritten) {
 TEST_P(ServerRefusals, AMissingTableIsNamedForEveryKindOfWrite) {
     Editor user(odbc::provider(), owner());
     expectNoWay(
-        user, refusal::noTable, u"Nothing was stored. The database lacks a table (",
+        user, refusal::noTable, u" was not stored. The database lacks a table (",
         [this] { run("ALTER TABLE SMS_RULES RENAME TO SMS_AWAY"); },
         [this] { run("ALTER TABLE SMS_AWAY RENAME TO SMS_RULES"); });
     user.expectPlayedWhole();
@@ -140,7 +139,7 @@ TEST_P(ServerRefusals, WithoutOneOfItsTablesNoSessionBegins) {
     for (const std::string table :
          {"SMS_RULES", "SMS_USERS", "SMS_ACCOUNT", "SMS_SERVICE", "SMS_SERVICECOMMANDS"}) {
         run("ALTER TABLE " + table + " RENAME TO SMS_AWAY");
-        expectNoSession(owner(), refusal::noTable, u"create the tables with kvexrules init");
+        expectNoSession(owner(), refusal::noTable, u"The database lacks a table (");
         run("ALTER TABLE SMS_AWAY RENAME TO " + table);
     }
     expectSessionWorks(owner());
@@ -149,8 +148,7 @@ TEST_P(ServerRefusals, WithoutOneOfItsTablesNoSessionBegins) {
 TEST_P(ServerRefusals, WithoutAColumnThatOrdersTheRulesNoSessionBegins) {
     for (const std::string column : {"PRIORITY", "DELETED"}) {
         run("ALTER TABLE SMS_RULES RENAME COLUMN " + column + " TO AWAY");
-        expectNoSession(owner(), refusal::badStatement,
-                        u"check that its tables are those of the server");
+        expectNoSession(owner(), refusal::badStatement, u"The database cannot do this (");
         run("ALTER TABLE SMS_RULES RENAME COLUMN AWAY TO " + column);
     }
     expectSessionWorks(owner());
@@ -182,8 +180,7 @@ TEST_P(ServerRefusals, ASaveNamesAColumnThatHasGone) {
     Editor user(odbc::provider(), owner());
     user.inRulesWindow([&](User &window) {
         run("ALTER TABLE SMS_RULES RENAME COLUMN ACTIVE TO AWAY");
-        constexpr std::u16string_view words = u"Nothing was stored. Another program has changed "
-                                              u"the table's columns: open the rules";
+        constexpr std::u16string_view words = u" was not stored. The database cannot do this (";
         window.tickRow(u"lvwRules", 2);
         user.expectLeftHandler(refusal::badStatement, words);
         confirmRemoval(user, window, 3);
@@ -205,7 +202,7 @@ TEST_P(ServerRefusals, AMissingDatabaseIsNamedInTheMessage) {
 TEST_P(ServerRefusals, AWrongPasswordIsReportedWithAdvice) {
     std::u16string wrong = editor();
     wrong.replace(wrong.find(u"ed1t"), 4, u"w0rd");
-    expectNoSession(wrong, refusal::wrongUser, u"correct UID and PWD in the connection string");
+    expectNoSession(wrong, refusal::wrongUser, u"Correct UID and PWD in the connection string");
 }
 
 DatabaseServer &postgreSql() {

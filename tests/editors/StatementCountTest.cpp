@@ -47,14 +47,14 @@ TEST_P(Editors, AnUnchangedRuleIsOnlyReadAgain) {
     });
 }
 
-TEST_P(Editors, ARefusedSaveIsSentOnce) {
+TEST_P(Editors, ARefusedSaveIsSentOnceAndItsRowReadToTellWhy) {
     const std::u16string id = addRule(u"A");
     mine.inEditor(id, [this](User &user) {
         run(u"UPDATE SMS_RULES SET Name = 'Theirs'");
         rename(user, u"Mine");
         static_cast<void>(watched.takeCalls());
         user.click(u"cmdOK");
-        EXPECT_EQ(watched.takeCalls(), DriverCalls{.executes = 1});
+        EXPECT_EQ(watched.takeCalls(), (DriverCalls{.queries = 1, .executes = 1}));
         mine.expectTold({saveFailed}, rowChangedByAnother, u"was not stored");
         user.click(u"cmdCancel");
     });

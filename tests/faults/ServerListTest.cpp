@@ -65,7 +65,8 @@ TEST_P(ServerList, ALostServersSessionEndsAndTheNextTakesAnother) {
         rename(user, u"Mine");
         first.refuse();
         user.click(u"cmdOK");
-        mine.expectTold({saveFailed}, connectionLost, u"Nothing was stored. The connection");
+        mine.expectTold({saveFailed}, connectionLost,
+                        u"was not stored, as far as is known. The connection");
         EXPECT_TRUE(user.isOpen());
         EXPECT_EQ(typedName(user), u"Mine");
         user.click(u"cmdCancel");

@@ -368,9 +368,19 @@ TEST_F(Commands, ShowNeedsAllTables) {
     run(u"DROP TABLE SMS_SERVICECOMMANDS");
     EXPECT_THAT(failed(2, {"show", "--all"}),
                 AllOf(StartsWith("The rules could not be opened. The database " + file.string() +
-                                 " has no table SMS_SERVICECOMMANDS"),
-                      HasSubstr(" The log is "),
+                                 " lacks a table (no such table: SMS_SERVICECOMMANDS). Make the "
+                                 "tables with kvexrules init, or name another database. The log "
+                                 "is "),
                       EndsWith(". The database was named by $KVEX_DATABASE.")));
+}
+
+TEST_F(Commands, ShowReadsRulesWithoutAPrimaryKey) {
+    done({"init", "--sample"});
+    const std::string rules = done({"show", "--all"});
+    run(u"CREATE TABLE KEYLESS AS SELECT * FROM SMS_RULES");
+    run(u"DROP TABLE SMS_RULES");
+    run(u"ALTER TABLE KEYLESS RENAME TO SMS_RULES");
+    EXPECT_EQ(done({"show", "--all"}), rules);
 }
 
 TEST_F(Commands, ShowRefusesUnknownFormatsMissingIdsAndTextsThatAreNoId) {

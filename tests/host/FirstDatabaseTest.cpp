@@ -52,7 +52,7 @@ TEST_F(FirstDatabase, IsNotMadeWhenTheUserDeclines) {
     } catch (const Failure &failure) {
         EXPECT_EQ(failure.what(), "The database file " + file.string() +
                                       " does not exist, and was not made. Make it with kvexrules "
-                                      "init, or name another with --database.");
+                                      "init, or name another database.");
         EXPECT_EQ(failure.status(), exit_status::unusable);
     }
     EXPECT_FALSE(std::filesystem::exists(file));
@@ -74,7 +74,14 @@ TEST_F(FirstDatabase, IsTheUsersOwnAndHasItsFolderMade) {
 }
 
 TEST_F(FirstDatabase, IsNotMadeInAFolderThatIsMissing) {
-    EXPECT_THROW(offerDatabase(named(folder / "no/rules.db"), answering(true)), Failure);
+    try {
+        offerDatabase(named(folder / "no/rules.db"), answering(true));
+        ADD_FAILURE() << "went on";
+    } catch (const Failure &failure) {
+        EXPECT_EQ(failure.what(), "The database file " + (folder / "no/rules.db").string() +
+                                      " cannot be made. Check that its folder exists, and that you "
+                                      "may write to it. The database was named by --database.");
+    }
     EXPECT_FALSE(std::filesystem::exists(folder / "no"));
 }
 

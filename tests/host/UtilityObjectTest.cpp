@@ -51,7 +51,7 @@ protected:
         const Bstr source(u"the source");
         const Bstr text(u"the text");
         const Bstr described(description);
-        ErrorRecord error{number, described.get(), source.get(), 0};
+        ErrorRecord error{number, described.get(), source.get(), static_cast<LONG>(context)};
         LONG output = 99;
         const HRESULT result =
             utility->WriteErrorLog(logFile.inOut(), &error, text.get(), 0, &flag, &output);
@@ -61,6 +61,8 @@ protected:
 
     TemporaryFolder folder;
     std::filesystem::path file = folder / "log";
+    /// Of the errors that are logged.
+    HelpContext context = HelpContext::none;
     ComPointer<ToldUtility> utility = makeComObject<ToldUtility>();
 };
 
@@ -81,17 +83,28 @@ TEST_F(Utility, OnlyLogsAnErrorOfTheRuntime) {
 }
 
 TEST_F(Utility, ShowsAnErrorOfTheDatabaseAsWell) {
+    context = HelpContext::changedByAnother;
     EXPECT_EQ(logError(-2147217864, u"The change was not stored. Another user was first."), S_OK);
     EXPECT_THAT(readFile(file), HasSubstr("\t-2147217864\t"));
     ASSERT_EQ(utility->shown.size(), 1U);
     EXPECT_EQ(utility->shown[0].style, message_box::exclamation);
     const std::string told = toUtf8(utility->shown[0].text);
-    EXPECT_EQ(told,
-              "The database reported an error.\r\n\r\nThe change was not stored. Another user was "
-              "first.\r\n\r\nWhat was stored before this error stays stored; nothing after it was. "
-              "Put that right, open the rules again to see what is stored, and repeat what is "
-              "missing. The error is logged in " +
-                  file.string() + ".");
+    EXPECT_EQ(
+        told,
+        "The database reported an error.\r\n\r\nThe change was not stored. Another user was "
+        "first. To change what is stored now, open the rules again and repeat the "
+        "change.\r\n\r\nWhat was stored before this error stays stored; nothing after it was. "
+        "The error is logged in " +
+            file.string() + ".");
+}
+
+TEST_F(Utility, ShowsAnErrorOfTheRuntimeThatConcernsTheUser) {
+    context = HelpContext::noPrimaryKey;
+    EXPECT_EQ(logError(5, u"The table has no key."), S_OK);
+    ASSERT_EQ(utility->shown.size(), 1U);
+    EXPECT_THAT(toUtf8(utility->shown[0].text),
+                HasSubstr("The table has no key. Make the column ID the primary key"));
+    EXPECT_THAT(readFile(file), testing::EndsWith("\tThe table has no key.\n"));
 }
 
 TEST_F(Utility, KeepsTheFirstAndTheLastError) {
@@ -111,7 +124,7 @@ TEST_F(Utility, NamesNoLogThatCouldNotBeWritten) {
     logError(-1, u"refused");
     static_cast<void>(testing::internal::GetCapturedStderr());
     ASSERT_EQ(utility->shown.size(), 1U);
-    EXPECT_THAT(toUtf8(utility->shown[0].text), testing::EndsWith("repeat what is missing."));
+    EXPECT_THAT(toUtf8(utility->shown[0].text), testing::EndsWith("nothing after it was."));
 }
 
 TEST_F(Utility, DoesNotShowAnErrorWhoseFlagIsFalse) {

@@ -51,7 +51,8 @@ TEST_F(Database, ThatIsDamagedCannotBeRead) {
 
 TEST_F(Database, OfAnotherProgramLacksTheTables) {
     sqlite3(database, "CREATE TABLE OTHER (A)");
-    EXPECT_THAT(complaint(database), AllOf(HasSubstr("no table SMS_RULES"), HasSubstr("name")));
+    EXPECT_THAT(complaint(database),
+                AllOf(HasSubstr("no such table: SMS_RULES"), HasSubstr("kvexrules init")));
 }
 
 TEST_F(Database, OfAnUnknownProviderCannotBeOpened) {

@@ -63,7 +63,7 @@ TEST_F(Edit, MakesNoDatabaseWithoutConsent) {
         EXPECT_THAT(outcome.output,
                     EndsWith("kvexrules: The database file " + missing.string() +
                              " does not exist, and was not made. Make it with kvexrules init, or "
-                             "name another with --database.\n"));
+                             "name another database.\n"));
         EXPECT_FALSE(std::filesystem::exists(missing));
     }
 }

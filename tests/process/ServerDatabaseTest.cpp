@@ -158,7 +158,7 @@ TEST_P(ServerDatabase, RefusesAUserWhoMayNotMakeTables) {
     server().createUser("editor", "ed1t");
     server().run(name, GetParam().entry);
     become("editor", "ed1t");
-    EXPECT_THAT(failed(1, {"init"}), AllOf(HasSubstr("ask its administrator"), HasSubstr("permit"),
+    EXPECT_THAT(failed(1, {"init"}), AllOf(HasSubstr("Ask the administrator"), HasSubstr("permit"),
                                            Not(HasSubstr("ed1t"))));
 }
 

@@ -103,8 +103,8 @@ TEST(Connection, AnUnknownStringFailsWithTheKnownFormsAndWithoutItsPassword) {
          {u"Driver={Some Server};Server=h;UID=u;PWD=hidden", u"DSN=rules;PWD=hidden",
           u"Provider=MSDASQL;DSN=rules;Password=hidden", u"Provider=Unheard;PWD=hidden"}) {
         expectError(error_number::badArgument,
-                    u"The connection string names no database that this program can open; write "
-                    u"it as FORM ONE, or FORM TWO.",
+                    u"The connection string names no database that this program can open. Its "
+                    u"forms are: FORM ONE, or FORM TWO.",
                     [&] { connection.open(text); });
     }
 }

@@ -36,6 +36,11 @@ TEST_F(RowStatements, ARowIsSelectedByEveryPartOfItsKey) {
               u"SELECT A, B, C FROM T WHERE ID = ? AND PART = ? [7, 'x']");
 }
 
+TEST_F(RowStatements, ARowIsSelectedIfWhatWasReadStillHolds) {
+    EXPECT_EQ(shown(recordset::selectRow(*driver(), u"T", {u"A"}, oneKey, {set(u"A", u"old")})),
+              u"SELECT A FROM T WHERE ID = ? AND HOLDS(A, ?) [7, 'old']");
+}
+
 TEST_F(RowStatements, AChangeIsMadeWhereTheKeyAndWhatWasReadStillHold) {
     EXPECT_EQ(shown(recordset::updateRow(*driver(), u"T", {set(u"A", u"new")}, oneKey,
                                          {set(u"A", u"old")})),

@@ -200,14 +200,12 @@ TEST_F(SentStatements, ARecordIsNamedByEveryPartOfItsKey) {
     script().met = 0;
     EXPECT_EQ(raisedBy([&] { rows->deleteCurrent(); }).value().description(),
               u"The removal of record ID Null, PART x was not stored. Another user changed or "
-              u"removed it meanwhile: close the window and open it again to see what is stored "
-              u"now.");
+              u"removed it meanwhile.");
 }
 
 TEST_F(SentStatements, ARecordSetForReadingSendsNothingAndSaysSo) {
     const auto rows = session().records(LockType::readOnly);
-    const std::u16string why =
-        u"The record set was opened for reading only: open it with another lock.";
+    const std::u16string why = u"The record set was opened for reading only.";
     rows->setField(u"A", u"new");
     expectBadArgument([&] { rows->update(); }, why);
     expectBadArgument([&] { rows->deleteCurrent(); }, why);
@@ -232,36 +230,88 @@ TEST_F(SentStatements, AComputedColumnIsNotSentAndIsNamed) {
     script().columns[2].table.clear();
     const auto rows = session().records();
     rows->setField(u"B", u"new");
-    expectBadArgument([&] { rows->update(); },
-                      u"The column B is computed by the query and cannot be written.");
+    const Error error = raisedBy([&] { rows->update(); }).value();
+    EXPECT_EQ(error.number(), error_number::badArgument);
+    EXPECT_EQ(error.description(), u"The column B is computed by the query and cannot be written.");
+    EXPECT_TRUE(error.concernsUser());
     EXPECT_EQ(sent(), Sent{u"describe QUERY"});
 }
 
 TEST_F(SentStatements, RowsWithoutATableOfTheirOwnAreRefusedWithTheReason) {
-    const std::u16string several =
-        u"The rows of a query on several tables cannot be written: query one table.";
-    const std::u16string noKey = u"The rows of this query cannot be written: query one table, with "
-                                 u"each column of its primary key once.";
     const recordset::Column key{u"ID", u"T", u"ID", 1};
     const recordset::Column part{u"ID", u"T", u"ID", 2};
     const recordset::Column plain{u"A", u"T", u"A", 0};
     const recordset::Column computed{u"A", u"", u"", 0};
+    const Error several(error_number::badArgument,
+                        u"The rows come from several tables, so they cannot be written.", u"",
+                        HelpContext::badStatement);
+    const Error none(error_number::badArgument,
+                     u"The rows come from no table, so they cannot be written.", u"",
+                     HelpContext::badStatement);
+    const Error noKey(error_number::badArgument,
+                      u"The rows of the table T have no primary key, so they cannot be written.",
+                      u"", HelpContext::noPrimaryKey);
     const struct {
         std::vector<recordset::Column> columns;
-        std::u16string why;
+        const Error &error;
     } cases[] = {{{key, plain, {u"B", u"U", u"B", 0}}, several},
                  {{computed, key, {u"B", u"U", u"B", 1}}, several},
                  {{plain, plain, plain}, noKey},
-                 {{computed, computed, computed}, noKey},
+                 {{computed, computed, computed}, none},
                  {{key, key, plain}, noKey},
                  {{part, plain, plain}, noKey}};
     for (const auto &one : cases) {
         script().columns = one.columns;
         const auto rows = session().records();
-        expectBadArgument([&] { rows->resyncCurrent(); }, one.why);
-        expectBadArgument([&] { rows->deleteCurrent(); }, one.why);
-        EXPECT_EQ(sent(), (Sent{u"describe QUERY", u"describe QUERY"}));
+        const std::vector<std::function<void()>> calls{[&] { rows->requireWritable(); },
+                                                       [&] { rows->resyncCurrent(); },
+                                                       [&] { rows->deleteCurrent(); }};
+        for (const auto &call : calls) {
+            const Error error = raisedBy(call).value();
+            EXPECT_EQ(error.number(), one.error.number());
+            EXPECT_EQ(error.description(), one.error.description());
+            EXPECT_EQ(error.helpContext(), one.error.helpContext());
+        }
+        EXPECT_EQ(sent(), (Sent{u"describe QUERY", u"describe QUERY", u"describe QUERY"}));
     }
+}
+
+TEST_F(SentStatements, RowsThatAreToBeWritableAreAskedForTheirKeyAtOnceAndOnlyOnce) {
+    const auto rows = session().records();
+    rows->requireWritable();
+    rows->requireWritable();
+    rows->setField(u"A", u"new");
+    rows->update();
+    EXPECT_EQ(sent(), (Sent{u"describe QUERY",
+                            u"UPDATE T SET A = ? WHERE ID = ? AND HOLDS(A, ?) ['new', 3, 'a']"}));
+}
+
+TEST_F(SentStatements, AWriteThatFindsNoRowReadsItAgainToTellWhy) {
+    script().columns = {{u"ID", u"T", u"ID", 1}, {u"A", u"T", u"A", 0}};
+    script().rows = {{std::int64_t{3}, u"a"}};
+    const auto rows = session().records();
+    rows->setField(u"A", u"new");
+    script().met = 0;
+    script().columns = {{u"A", u"T", u"A", 0}};
+    const auto expectWhy = [&](const std::u16string &why, HelpContext context) {
+        const Error error = raisedBy([&] { rows->update(); }).value();
+        EXPECT_EQ(error.number(), rowChangedByAnother);
+        EXPECT_EQ(error.description(), u"The change of record ID 3 was not stored. " + why);
+        EXPECT_EQ(error.helpContext(), context);
+    };
+    const Sent readAgain{u"describe QUERY",
+                         u"UPDATE T SET A = ? WHERE ID = ? AND HOLDS(A, ?) ['new', 3, 'a']",
+                         u"SELECT A FROM T WHERE ID = ? [3]"};
+    script().rows = {{u"theirs"}};
+    expectWhy(u"Another user changed or removed it meanwhile.", HelpContext::changedByAnother);
+    EXPECT_EQ(sent(), readAgain);
+    script().rows.clear();
+    expectWhy(u"Another user changed or removed it meanwhile.", HelpContext::changedByAnother);
+    script().sent.clear();
+    // The value reads as before and meets the condition now: another user has restored it.
+    script().rows = {{u"a"}};
+    expectWhy(u"Another user changed or removed it meanwhile.", HelpContext::changedByAnother);
+    EXPECT_EQ(sent().back(), u"SELECT A FROM T WHERE ID = ? AND HOLDS(A, ?) [3, 'a']");
 }
 
 TEST_F(SentStatements, ATransactionIsBegunAndStoredOrUndoneOnce) {

@@ -8,40 +8,37 @@
 
 namespace kvex::test {
 
-TEST(SqliteError, EachCodeSaysWhatIsWrongAndWhatToDo) {
+TEST(SqliteError, EachCodeSaysWhatHappenedInSqlitesWordsTooAndHasItsContext) {
     const struct {
         int code;
+        HelpContext context;
         std::u16string description;
     } cases[] = {
-        {SQLITE_ERROR,
-         u"The database D cannot do this: words. Check that its tables are those of the server."},
-        {SQLITE_BUSY,
-         u"The database D is locked by another program: wait until it has finished, then try "
-         u"again."},
-        {SQLITE_LOCKED,
-         u"The database D is locked by another program: wait until it has finished, then try "
-         u"again."},
-        {SQLITE_READONLY, u"The database D is read-only, so nothing was stored: ask for the right "
-                          u"to write the file and its folder."},
-        {SQLITE_PERM, u"The database D is read-only, so nothing was stored: ask for the right to "
-                      u"write the file and its folder."},
-        {SQLITE_AUTH, u"The database D is read-only, so nothing was stored: ask for the right to "
-                      u"write the file and its folder."},
-        {SQLITE_FULL, u"The disk that holds the database D is full, so nothing was stored: free "
-                      u"some space and try again."},
-        {SQLITE_IOERR_WRITE,
-         u"The database D cannot be read or written (words): check the disk, then try again."},
-        {SQLITE_NOTADB, u"The file D is no database: name the server's database file."},
-        {SQLITE_CORRUPT, u"The database D is damaged: restore it from a backup."},
-        {SQLITE_CONSTRAINT_UNIQUE,
-         u"The database D refuses these values (words): change them and try again."},
-        {SQLITE_TOOBIG, u"A text is too long for the database D: shorten it."},
-        {SQLITE_MISUSE,
-         u"The database D failed: words. Open the rules, or run the command, again and repeat "
-         u"the change."}};
+        {SQLITE_ERROR, HelpContext::badStatement, u"The database D cannot do this (words)."},
+        {SQLITE_BUSY, HelpContext::locked, u"The database D is locked by another program (words)."},
+        {SQLITE_LOCKED, HelpContext::locked,
+         u"The database D is locked by another program (words)."},
+        {SQLITE_READONLY, HelpContext::forbidden, u"The database D is read-only (words)."},
+        {SQLITE_PERM, HelpContext::forbidden, u"The database D is read-only (words)."},
+        {SQLITE_AUTH, HelpContext::forbidden, u"The database D is read-only (words)."},
+        {SQLITE_FULL, HelpContext::diskFull,
+         u"The disk that holds the database D is full (words)."},
+        {SQLITE_IOERR_WRITE, HelpContext::inputOutput,
+         u"The database D cannot be read or written (words)."},
+        {SQLITE_NOTADB, HelpContext::notADatabase, u"The file D is no database (words)."},
+        {SQLITE_CORRUPT, HelpContext::damaged, u"The database D is damaged (words)."},
+        {SQLITE_CONSTRAINT_UNIQUE, HelpContext::constraint,
+         u"The database D refuses these values (words)."},
+        {SQLITE_TOOBIG, HelpContext::tooLong, u"A text is too long for the database D (words)."},
+        {SQLITE_CANTOPEN, HelpContext::noFile, u"The database file D does not exist (words)."},
+        {SQLITE_MISUSE, HelpContext::failed, u"The database D failed (words)."}};
     for (const auto &one : cases) {
-        EXPECT_EQ(sqlite::errorOf(one.code, u"D", u"words").description(), one.description);
+        const Error error = sqlite::errorOf(one.code, u"D", u"words");
+        EXPECT_EQ(error.helpContext(), one.context) << one.code;
+        EXPECT_EQ(error.description(), one.description);
     }
+    EXPECT_EQ(sqlite::errorOf(SQLITE_ERROR, u"D", u"no such table: T").helpContext(),
+              HelpContext::noTable);
 }
 
 TEST(SqliteError, EveryCodeHasItsNumberASourceAndASentenceWithTheDatabasesName) {
@@ -59,11 +56,6 @@ TEST(SqliteError, EveryCodeHasItsNumberASourceAndASentenceWithTheDatabasesName) 
         EXPECT_NE(error.description().find(u"/data/rules.db"), std::u16string::npos) << code;
         EXPECT_TRUE(error.description().ends_with(u'.')) << code;
     }
-}
-
-TEST(SqliteError, AFullDiskIsSaidToBeFull) {
-    const Error error = sqlite::errorOf(SQLITE_FULL, u"/data/rules.db", u"");
-    EXPECT_NE(error.description().find(u"is full, so nothing was stored"), std::u16string::npos);
 }
 
 TEST(SqliteError, MemoryThatRanOutIsNoRefusalOfTheDatabase) {

@@ -36,6 +36,7 @@ private:
 struct Refusal {
     int code = 0;
     std::u16string description;
+    HelpContext context = HelpContext::none;
 
     [[nodiscard]] bool says(std::u16string_view words) const {
         return description.find(words) != std::u16string::npos;
@@ -44,7 +45,8 @@ struct Refusal {
 
 template <class Call> [[nodiscard]] Refusal refusalOf(Call call) {
     const auto error = raisedBy(call);
-    return error ? Refusal{(error->number() - sqlite::errorBase) & 0xFF, error->description()}
+    return error ? Refusal{(error->number() - sqlite::errorBase) & 0xFF, error->description(),
+                           error->helpContext()}
                  : Refusal();
 }
 

@@ -152,6 +152,7 @@ public:
         make("setField", name);
         throw Error(error_number::noCurrentRecord);
     }
+    void requireWritable() override { make("requireWritable"); }
     void addNew() override { refuse("addNew"); }
     void update() override { refuse("update"); }
     void deleteCurrent() override { refuse("deleteCurrent"); }

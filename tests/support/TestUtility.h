@@ -18,6 +18,7 @@ struct LogEntry {
     std::int32_t number;
     std::u16string description;
     std::u16string source;
+    HelpContext helpContext;
     std::u16string text;
     std::int32_t reserved;
     std::int16_t flag;
@@ -79,8 +80,8 @@ public:
         if (record_.logFails) {
             throw Error(error_number::automationError);
         }
-        record_.log.push_back(
-            {logFile, error.number(), error.description(), error.source(), text, reserved, flag});
+        record_.log.push_back({logFile, error.number(), error.description(), error.source(),
+                               error.helpContext(), text, reserved, flag});
         logFile += record_.addedToLogFile;
     }
     void reportMessage(std::u16string &logFile, const std::u16string &text, bool first,

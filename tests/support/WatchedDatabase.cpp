@@ -31,12 +31,12 @@ struct WatchedDatabase::State {
             ++losses;
         }
         if (lost || lossesBefore != losses) {
-            throw Error(recordset::connectionLost,
-                        u"The connection to the server broke: check the network.", u"Watched");
+            throw Error(recordset::connectionLost, u"The connection to the server broke.",
+                        u"Watched", HelpContext::connectionLost);
         }
         if (callsUntilRefusal && (*callsUntilRefusal)-- == 0) {
             callsUntilRefusal.reset();
-            throw Error(refusal, u"The server refused: ask why.", u"Watched");
+            throw Error(refusal, u"The server refused.", u"Watched", HelpContext::failed);
         }
     }
 };

@@ -69,8 +69,10 @@ TEST_F(WindowsOnScreen, ATickThatTheDatabaseRefusesGivesAMessage) {
         user.tickRow(u"lvwRules", 2);
         database.execute("DROP TRIGGER refuse");
         ASSERT_EQ(play.messageBoxes().size(), 1U);
-        EXPECT_NE(play.messageBoxes().front().text.find(u"was not stored"), std::u16string::npos);
-        EXPECT_NE(play.messageBoxes().front().text.find(u"reserved"), std::u16string::npos);
+        const std::u16string &text = play.messageBoxes().front().text;
+        EXPECT_TRUE(text.starts_with(u"The change of record ID 2 was not stored. The database "))
+            << toUtf8(text);
+        EXPECT_TRUE(text.ends_with(u" refuses these values (reserved).")) << toUtf8(text);
         user.clickRow(u"lvwRules", 1);
         EXPECT_EQ(ruleState().strRuleName, u"A");
         user.press(Key::escape);
