@@ -124,7 +124,8 @@ public:
     /// After a failure nothing is written. The change stays pending until a move discards it.
     /// The errors:
     /// - the provider's number: the database refuses.
-    /// - rowChangedByAnother: another writer changed these columns or removed the row. With the help
+    /// - rowChangedByAnother: another writer changed these columns or removed the row. With the
+    /// help
     ///   context valueNotKept: one of the columns holds a value that cannot be read unchanged.
     virtual void update() = 0;
     /// Removes the current row from the table, and discards its pending change. The row must still
