@@ -6,6 +6,7 @@
 #include "fuzz/Property.h"
 #include "host/addressbook/ContactExport.h"
 #include "host/addressbook/ContactFile.h"
+#include "host/addressbook/TextEncoding.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -50,6 +51,16 @@ void requireExportReadsBack(const ContactFile &file, const std::string &exported
             "an export keeps each contact", fromUtf8(exported));
 }
 
+void requireShortLines(std::string_view vcards) {
+    constexpr std::size_t longest = 75;
+    while (!vcards.empty()) {
+        const std::string_view line = vcards.substr(0, vcards.find("\r\n"));
+        require(line.size() <= longest && host::isUtf8(line), "a vCard's line is short and whole",
+                fromUtf8(line));
+        vcards.remove_prefix(std::min(line.size() + 2, vcards.size()));
+    }
+}
+
 void check(Input input) {
     const bool isVCard = input.flag();
     const std::optional<ContactFile> file = readFile(input.rest(), isVCard);
@@ -68,7 +79,9 @@ void check(Input input) {
         contacts.push_back({u"1", contact.name, contact.number});
     }
     if (!contacts.empty()) {
-        requireExportReadsBack(*file, host::asVCards(contacts), true);
+        const std::string vcards = host::asVCards(contacts);
+        requireShortLines(vcards);
+        requireExportReadsBack(*file, vcards, true);
         requireExportReadsBack(*file, host::asCsv(contacts), false);
     }
 }

@@ -61,9 +61,19 @@ std::string faultOf(std::u16string_view number) {
     return "";
 }
 
+/// `text` as one line, without "tel:" at its beginning.
+std::u16string writtenNumber(std::string_view text) {
+    constexpr std::string_view scheme = "tel:";
+    std::u16string number = oneLine(text);
+    while (equalInAscii(toUtf8(number.substr(0, scheme.size())), scheme)) {
+        number = std::u16string(trimmed(std::u16string_view(number).substr(scheme.size())));
+    }
+    return number;
+}
+
 /// Reads a part between separators that have no other meaning.
 void readPart(std::string_view text, NumberCell &cell) {
-    const std::u16string whole = oneLine(text);
+    const std::u16string whole = writtenNumber(text);
     if (!hasDigit(whole)) {
         return;
     }
@@ -72,7 +82,7 @@ void readPart(std::string_view text, NumberCell &cell) {
     }
     std::vector<std::u16string> numbers;
     for (const std::string_view part : partsOf(text, ";,")) {
-        if (std::u16string number = oneLine(part); !number.empty()) {
+        if (std::u16string number = writtenNumber(part); !number.empty()) {
             numbers.push_back(std::move(number));
         }
     }

@@ -18,7 +18,7 @@ struct NumberCell {
 ///
 /// The signs ";" and "," can also mean a pause, and "," separates thousands. So a part next to such
 /// a sign is a fault if it has fewer than five digits. A number that a spreadsheet has changed is a
-/// fault as well: 9.8E+11, '98, ="98".
+/// fault as well: 9.8E+11, '98, ="98". A number loses "tel:" at its beginning.
 [[nodiscard]] NumberCell readNumberCell(std::string_view text);
 
 } // namespace kvex::host

@@ -24,8 +24,7 @@ bool isType(const VCardLine &line, std::initializer_list<std::string_view> types
 NumberCell numbersOf(const VCardLine &line) {
     constexpr std::string_view scheme = "tel:";
     if (equalInAscii(line.value.substr(0, scheme.size()), scheme)) {
-        const std::string_view number = std::string_view(line.value).substr(scheme.size());
-        return readNumberCell(number.substr(0, number.find(';')));
+        return readNumberCell(std::string_view(line.value).substr(0, line.value.find(';')));
     }
     return line.has("value", "uri") ? NumberCell() : readNumberCell(unescaped(line.value));
 }

@@ -34,6 +34,15 @@ TEST(NumberCell, TakesNoNumberWithoutADigit) {
     }
 }
 
+TEST(NumberCell, TakesANumberWithoutItsScheme) {
+    EXPECT_EQ(outcome("tel:+91-98111-00011"), (Texts{"+91-98111-00011"}));
+    EXPECT_EQ(outcome(" TEL: tel:98111; Tel:98112"), (Texts{"98111", "98112"}));
+    EXPECT_EQ(outcome("tel:"), Texts());
+    EXPECT_EQ(outcome("tel98111"), (Texts{"tel98111"}));
+    EXPECT_EQ(outcome("tel:'98111"),
+              (Texts{"! the number '98111 begins with a spreadsheet's text marker"}));
+}
+
 TEST(NumberCell, SplitsAtWhatSeparatesNumbers) {
     for (const char *text : {"98111 ::: 98112", "98111:::98112", "98111;98112", "98111, 98112",
                              "98111|98112", "98111\n98112", "98111\r\n98112", "98111\r98112",
