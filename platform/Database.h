@@ -125,8 +125,7 @@ public:
     /// The errors:
     /// - the provider's number: the database refuses.
     /// - rowChangedByAnother: another writer changed these columns or removed the row. With the
-    /// help
-    ///   context valueNotKept: one of the columns holds a value that cannot be read unchanged.
+    ///   help context valueNotKept: a column holds a value that cannot be read unchanged.
     virtual void update() = 0;
     /// Removes the current row from the table, and discards its pending change. The row must still
     /// hold the values that were read, in every column of the set. For a new record, before resync,

@@ -64,7 +64,7 @@ TEST_P(UnkeptValue, IsNeitherOverwrittenNorRemovedAndTheUserLearnsWhichItIs) {
 
 TEST_P(UnkeptValue, LeavesTheOtherColumnsOfItsRuleToTheUser) {
     spoil(u"QueryParam");
-    mine.inRulesWindow([this](User &user) {
+    mine.inRulesWindow([](User &user) {
         user.tickRow(u"lvwRules", 2);
         user.click(u"cmdOK");
         EXPECT_FALSE(user.isOpen());

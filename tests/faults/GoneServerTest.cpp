@@ -90,11 +90,11 @@ TEST_P(GoneServer, AtATickLeavesTheRuleAndTheWindow) {
     mine.inRulesWindow([this](User &user) {
         goAway();
         user.tickRow(u"lvwRules", 2);
-        mine.expectLeftHandler(connectionLost, u"Nothing was stored. The ");
+        mine.expectLeftHandler(connectionLost, notStored);
         comeBack();
         // For this session the connection stays lost.
         user.tickRow(u"lvwRules", 3);
-        mine.expectLeftHandler(connectionLost, u"Nothing was stored. The ");
+        mine.expectLeftHandler(connectionLost, notStored);
         const auto &rules = user.get<ListView>(u"lvwRules");
         EXPECT_EQ(tickedRows(rules), std::vector{1});
         user.clickRow(u"lvwRules", 1);
