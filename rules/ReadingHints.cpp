@@ -162,7 +162,8 @@ View endOf(View text, View read) {
     return text.substr(at, length);
 }
 
-std::u16string messageHint(RuleState rule, const Value &own, Text target, View text) {
+/// Uses the rule for the attempts.
+std::u16string messageHint(RuleState &rule, const Value &own, Text target, View text) {
     if (!holdsSpecial(text)) {
         return {};
     }
@@ -216,7 +217,8 @@ std::u16string changeOf(const Subject &subject, const Entries &entries, const En
                      toText(static_cast<std::int64_t>(entries.size()))});
 }
 
-std::u16string listHint(RuleState rule, const List &list, const Entries &entries) {
+/// Uses the rule for the attempts.
+std::u16string listHint(RuleState &rule, const List &list, const Entries &entries) {
     if (std::ranges::none_of(entries, holdsSpecial)) {
         return {};
     }
@@ -254,30 +256,28 @@ constexpr const char16_t *something = u"1";
 } // namespace
 
 std::u16string replyTextHint(RuleState rule, const std::u16string &text) {
-    return messageHint(std::move(rule), reply, &RuleState::strReplyText, text);
+    return messageHint(rule, reply, &RuleState::strReplyText, text);
 }
 
 std::u16string alertTextHint(RuleState rule, const std::u16string &text) {
     rule.strAlertRecipients = something;
-    return messageHint(std::move(rule), alert, &RuleState::strAlertText, text);
+    return messageHint(rule, alert, &RuleState::strAlertText, text);
 }
 
 std::u16string peopleHint(RuleState rule, const Entries &numbers) {
     rule.blnAllMessages = false;
-    return listHint(std::move(rule), {queryParam, people, &RuleState::strPeople, theseNumbers},
-                    numbers);
+    return listHint(rule, {queryParam, people, &RuleState::strPeople, theseNumbers}, numbers);
 }
 
 std::u16string wordsHint(RuleState rule, const Entries &entries) {
     rule.blnAllMessages = false;
-    return listHint(std::move(rule), {queryParam, words, &RuleState::strWords, theseWords},
-                    entries);
+    return listHint(rule, {queryParam, words, &RuleState::strWords, theseWords}, entries);
 }
 
 std::u16string recipientsHint(RuleState rule, const Entries &numbers) {
     rule.strAlertText = something;
-    return listHint(std::move(rule),
-                    {actionParam, alert, &RuleState::strAlertRecipients, theseNumbers}, numbers);
+    return listHint(rule, {actionParam, alert, &RuleState::strAlertRecipients, theseNumbers},
+                    numbers);
 }
 
 } // namespace kvex
