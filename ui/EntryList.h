@@ -1,7 +1,7 @@
 // The list in which a dialog collects entries, and the buttons that wait for an entry.
 #pragma once
 
-#include "platform/controls/CommandButton.h"
+#include "platform/controls/Buttons.h"
 #include "platform/controls/Label.h"
 #include "platform/controls/ListView.h"
 #include "platform/controls/TextBox.h"

@@ -1,7 +1,7 @@
 // The base of every window of the component: a design, a load procedure and a modal showing.
 #pragma once
 
-#include "platform/controls/CommandButton.h"
+#include "platform/controls/Buttons.h"
 #include "platform/controls/Label.h"
 #include "platform/controls/Window.h"
 #include "platform/controls/WindowDesign.h"

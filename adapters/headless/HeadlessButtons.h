@@ -2,9 +2,7 @@
 #pragma once
 
 #include "adapters/headless/HeadlessControl.h"
-#include "platform/controls/CheckBox.h"
-#include "platform/controls/CommandButton.h"
-#include "platform/controls/OptionButton.h"
+#include "platform/controls/Buttons.h"
 
 #include <vector>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/addressbook/ContactSearch.h"
-#include "platform/controls/CommandButton.h"
+#include "platform/controls/Buttons.h"
 #include "platform/controls/Label.h"
 #include "platform/controls/ListView.h"
 #include "platform/controls/TextBox.h"

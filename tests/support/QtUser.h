@@ -3,12 +3,10 @@
 #pragma once
 
 #include "adapters/qt/Dialog.h"
-#include "platform/controls/CheckBox.h"
-#include "platform/controls/CommandButton.h"
+#include "platform/controls/Buttons.h"
 #include "platform/controls/DTPicker.h"
 #include "platform/controls/Label.h"
 #include "platform/controls/ListView.h"
-#include "platform/controls/OptionButton.h"
 #include "platform/controls/RichTextBox.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Window.h"

@@ -6,12 +6,10 @@
 #include "tests/toolkit/Designs.h"
 #include "tests/toolkit/ToolkitFixture.h"
 
-#include "platform/controls/CheckBox.h"
-#include "platform/controls/CommandButton.h"
+#include "platform/controls/Buttons.h"
 #include "platform/controls/DTPicker.h"
 #include "platform/controls/Label.h"
 #include "platform/controls/ListView.h"
-#include "platform/controls/OptionButton.h"
 #include "platform/controls/RichTextBox.h"
 #include "platform/controls/TextBox.h"
 #include "tests/support/RaisedError.h"

@@ -1,7 +1,7 @@
 // What a reply and an alert share: a text, its length, and the one account that sends it.
 #pragma once
 
-#include "platform/controls/CommandButton.h"
+#include "platform/controls/Buttons.h"
 #include "platform/controls/Label.h"
 #include "platform/controls/ListView.h"
 #include "platform/controls/RichTextBox.h"

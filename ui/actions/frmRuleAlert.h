@@ -1,7 +1,7 @@
 // The alert action: a text, the account that sends it, and its recipients.
 #pragma once
 
-#include "platform/controls/CommandButton.h"
+#include "platform/controls/Buttons.h"
 #include "platform/controls/ListView.h"
 #include "platform/controls/RichTextBox.h"
 #include "platform/controls/TextBox.h"

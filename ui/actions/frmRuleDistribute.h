@@ -1,7 +1,7 @@
 // The distribution action: the users who receive the message.
 #pragma once
 
-#include "platform/controls/CommandButton.h"
+#include "platform/controls/Buttons.h"
 #include "platform/controls/ListView.h"
 #include "ui/Form.h"
 

@@ -1,7 +1,7 @@
 // The reply action: a text, and the account that sends it.
 #pragma once
 
-#include "platform/controls/CommandButton.h"
+#include "platform/controls/Buttons.h"
 #include "platform/controls/ListView.h"
 #include "platform/controls/RichTextBox.h"
 #include "ui/Form.h"

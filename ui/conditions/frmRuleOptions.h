@@ -2,8 +2,8 @@
 // or any one of them.
 #pragma once
 
+#include "platform/controls/Buttons.h"
 #include "platform/controls/ListView.h"
-#include "platform/controls/OptionButton.h"
 #include "rules/RuleState.h"
 #include "ui/Form.h"
 

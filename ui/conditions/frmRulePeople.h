@@ -1,7 +1,7 @@
 // The people condition: the mobile numbers from which a message may come.
 #pragma once
 
-#include "platform/controls/CommandButton.h"
+#include "platform/controls/Buttons.h"
 #include "platform/controls/ListView.h"
 #include "platform/controls/TextBox.h"
 #include "ui/EntryList.h"

@@ -1,8 +1,7 @@
 // The words condition: the words and phrases that a message contains.
 #pragma once
 
-#include "platform/controls/CheckBox.h"
-#include "platform/controls/CommandButton.h"
+#include "platform/controls/Buttons.h"
 #include "platform/controls/ListView.h"
 #include "platform/controls/TextBox.h"
 #include "ui/EntryList.h"

@@ -1,7 +1,7 @@
 // The rules window: lists, switches, orders and removes the rules, and opens the rule editor.
 #pragma once
 
-#include "platform/controls/CommandButton.h"
+#include "platform/controls/Buttons.h"
 #include "platform/controls/ListView.h"
 #include "platform/controls/RichTextBox.h"
 #include "ui/Form.h"
