@@ -19,6 +19,10 @@ void HeadlessToolkit::whenShown(std::u16string window, Script script) {
     scripts_.push_back({std::move(window), std::move(script)});
 }
 
+void HeadlessToolkit::whenAnyShown(Script script) {
+    anyScript_ = std::move(script);
+}
+
 void HeadlessToolkit::answerNext(std::int32_t result) {
     answers_.push_back(result);
 }
@@ -65,7 +69,9 @@ private:
 
 void HeadlessToolkit::play(HeadlessWindow &window) {
     const Showing showing(shown_, window);
-    if (scripts_.empty()) {
+    if (scripts_.empty() && anyScript_) {
+        playScript(window, anyScript_);
+    } else if (scripts_.empty()) {
         addProblem(window.name(), u"was shown, which nobody waits for");
     } else if (scripts_.front().window != window.name()) {
         addProblem(window.name(), u"was shown, but awaited is " + scripts_.front().window);

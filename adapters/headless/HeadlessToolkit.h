@@ -42,6 +42,9 @@ public:
     /// in which the windows appear. Any other window is a problem, and the toolkit closes it by its
     /// frame at once.
     void whenShown(std::u16string window, Script script);
+    /// Plays `script` in each window for which no call of whenShown waits. No window is unexpected
+    /// then.
+    void whenAnyShown(Script script);
     /// The answer to the next message box. Calls queue up. Without an answer, the result is `ok`
     /// for an OK box and `no` for a question.
     void answerNext(std::int32_t result);
@@ -77,6 +80,7 @@ private:
     void addProblem(std::u16string_view window, std::u16string_view text);
 
     std::deque<Awaited> scripts_;
+    Script anyScript_;
     std::deque<std::int32_t> answers_;
     std::vector<MessageBox> messageBoxes_;
     std::vector<std::string> problems_;

@@ -41,6 +41,22 @@ TEST_F(HeadlessToolkitTest, ClosesAnotherWindowThanTheAwaitedOne) {
     EXPECT_EQ(toolkit_.pendingScripts(), 0U);
 }
 
+TEST_F(HeadlessToolkitTest, PlaysTheScriptForAnyWindowOnlyWhereNoOtherScriptWaits) {
+    std::vector<std::string> played;
+    toolkit_.whenAnyShown([&](User &user) {
+        played.emplace_back("any");
+        user.closeByFrame();
+    });
+    show(*window({}), [&](User &user) {
+        played.emplace_back("awaited");
+        user.closeByFrame();
+    });
+    window({})->showModal();
+    window({}, u"frmOther")->showModal();
+    EXPECT_EQ(played, (std::vector<std::string>{"awaited", "any", "any"}));
+    EXPECT_EQ(toolkit_.problems(), std::vector<std::string>());
+}
+
 TEST_F(HeadlessToolkitTest, ClosesAWindowThatItsScriptLeavesOpen) {
     const auto shown = window({});
     show(*shown, [](User &) {});
