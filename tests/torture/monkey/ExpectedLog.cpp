@@ -38,6 +38,8 @@ constexpr std::array known{
           &Circumstances::missingTimes},
 
     Known{u"Sub: ListRules, Module: frmRules", number::invalidUseOfNull, &Circumstances::listEnds},
+    // The last act was the removal of a rule.
+    Known{u"Sub: ListRules, Module: frmRules", number::noCurrentRecord, &Circumstances::beganEmpty},
     Known{u"Sub: Form_Load, Module: frmRules", number::elementNotFound, &Circumstances::unlisted},
     Known{u"Sub: ShowRuleUI, Module: RuleUI", anyOfTheDatabase, &Circumstances::cannotOpen},
     Known{u"Sub: ShowRuleUI, Module: RuleUI", number::objectOpen, &Circumstances::cannotOpen},

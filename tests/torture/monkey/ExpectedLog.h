@@ -16,6 +16,8 @@ struct Circumstances {
     bool apostrophes = false;
     /// Somebody unticked a time in this run, which the dialog for dates cannot load.
     bool missingTimes = false;
+    /// The session began without rules, so it lists them from wherever the last search ended.
+    bool beganEmpty = false;
     /// A rule of the session has no priority, so the list ends at it.
     bool listEnds = false;
     /// The session was opened on a rule that the list does not show.

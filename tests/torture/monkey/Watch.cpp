@@ -28,6 +28,8 @@ void Watch::hears(const Event &event) {
     now_.oddTexts |= event.text.find_first_of(u";<>") != std::u16string::npos;
     now_.apostrophes |= event.text.find(u'\'') != std::u16string::npos;
     now_.missingTimes |= event.kind == EventKind::tickPicker;
+    // The rule is read again when it is saved.
+    now_.listEnds |= event.kind == EventKind::otherUnranks;
     now_.disturbed |= isOtherProgram(event.kind);
     otherWrote_ |= isOtherProgram(event.kind) && event.kind != EventKind::otherLocks &&
                    event.kind != EventKind::otherFrees;
@@ -38,7 +40,7 @@ void Watch::sessionOpens(const Event &event, std::int64_t rule) {
     last_ = world_.tables();
     now_.disturbed = world_.isLocked();
     otherWrote_ = false;
-    beganEmpty_ = last_.rules.empty();
+    now_.beganEmpty = last_.rules.empty();
     now_.listEnds = std::ranges::any_of(
         last_.rules, [](const auto &entry) { return entry.second.priority == u"NULL"; });
     now_.unlisted = rule != 0 && (now_.listEnds || !last_.rules.contains(rule));
@@ -72,7 +74,7 @@ void Watch::actEnds(const Act &act, const Event &event, const headless::Headless
                        .now = now,
                        .failed = failed,
                        .closed = !window.isOpen(),
-                       .beganEmpty = beganEmpty_});
+                       .beganEmpty = now_.beganEmpty});
     noted_.happened(event, window.name());
     count(act, now);
     last_ = now;

@@ -63,7 +63,6 @@ private:
     Tables last_;
     Circumstances now_;
     NotedEdits noted_;
-    bool beganEmpty_ = false;
     /// The other program has written since the session opened.
     bool otherWrote_ = false;
     std::size_t problems_ = 0;
