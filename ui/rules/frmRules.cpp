@@ -269,12 +269,7 @@ void frmRules::moveSelectedRule(int step) {
 void frmRules::cmdOK_Click() {
     trapErrors(u"cmdOK_Click", module, [&] {
         if (session().blnHasRules) {
-            Recordset &rsRules = *session().rsRules;
-            for (int row = 1; row <= lvwRules.rowCount(); ++row) {
-                findRecordById(rsRules, ruleIdOf(row));
-                rsRules.setField(u"PRIORITY", std::int64_t{row});
-                rsRules.update();
-            }
+            storeOrder(lvwRules.rowCount());
         }
         LastButtonPressed = u"OK";
         Unload();

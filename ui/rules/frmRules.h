@@ -35,6 +35,7 @@ private:
     [[nodiscard]] std::u16string ruleIdOf(int row) const;
     void loadRuleOf(int row);
     void moveSelectedRule(int step);
+    void storeOrder(int last);
 
     ListView &lvwRules;
     RichTextBox &rtRuleDesc;
