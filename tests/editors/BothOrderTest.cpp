@@ -13,7 +13,7 @@ void moveUp(User &user, int row, int places) {
 }
 
 /// The text of the message that is shown.
-std::u16string utilityText(const Editor &editor) {
+std::u16string shownText(const Editor &editor) {
     return editor.utility.messages.empty() ? u"" : editor.utility.messages.back().text;
 }
 
@@ -34,9 +34,9 @@ TEST_P(Editors, TheSecondOfTwoOrdersStopsWhereTheFirstHasChangedAPriority) {
         for (int attempt = 1; attempt <= 2; ++attempt) {
             user.click(u"cmdOK");
             // The second attempt finds C stored, and stores nothing itself.
-            EXPECT_NE(utilityText(mine).find(attempt == 1 ? u"The first rule of the list has its "
-                                                            u"new number"
-                                                          : u"The old order is stored"),
+            EXPECT_NE(shownText(mine).find(attempt == 1 ? u"The first rule of the list has its "
+                                                          u"new number"
+                                                        : u"The old order is stored"),
                       std::u16string::npos);
             mine.expectTold({orderFailed}, rowChangedByAnother,
                             u"The change of record ID " + idOf(u"A") + u" was not stored. ");

@@ -100,12 +100,15 @@ TEST_P(Editors, AServerLostAfterTheWriteGivesAMessageThatTheRuleIsStored) {
             }
             user.click(u"cmdCancel");
         });
-        // The list cannot show a new rule whose defaults are unknown; only the log tells that.
-        const Texts logged = rule.empty() ? Texts{u"KVEXMessageRules: Error occured. Sub: "
-                                                  u"ListRules, Module: frmRules"}
-                                          : Texts{};
-        EXPECT_EQ(mine.utility.logTexts(), logged);
-        mine.utility.log.clear();
+        // The list cannot show a new rule whose defaults are unknown.
+        if (rule.empty()) {
+            mine.expectTold({u"Sub: ListRules, Module: frmRules"}, error_number::invalidUseOfNull,
+                            u"Only 1 of 2 rules could be read: the list ends before the rule with "
+                            u"the ID " +
+                                idOf(name));
+        } else {
+            mine.expectNothingTold();
+        }
         watched.comeBack();
     }
     EXPECT_EQ(idOf(u"Changed"), id);
