@@ -32,9 +32,30 @@ public:
                       std::u16string_view password = {},
                       std::int32_t options = unspecifiedOptions) = 0;
     [[nodiscard]] virtual ObjectState state() const = 0;
-    /// Closes the connection. Its record sets stay readable; opening the connection again does not
-    /// reconnect them. Fails with objectClosed when the connection is not open.
+    /// Closes the connection, and rolls a transaction back first. Its record sets stay readable;
+    /// opening the connection again does not reconnect them. Fails with objectClosed when the
+    /// connection is not open.
     virtual void close() = 0;
+
+    /// Begins a transaction: from now on the writes of the connection's record sets wait for
+    /// commitTransaction. Roll back after a write that fails: some databases then accept no other
+    /// write, and some have undone all of them. Transactions cannot be nested; Transaction.h ends
+    /// one safely.
+    ///
+    /// The errors:
+    /// - objectClosed: the connection is not open.
+    /// - the provider's number: the database refuses.
+    virtual void beginTransaction() = 0;
+    /// Stores all writes since beginTransaction. After a failure none is stored, and
+    /// rollbackTransaction must follow.
+    ///
+    /// The errors:
+    /// - noConnection: the exception. All writes are stored, or none; nobody knows which.
+    /// - the provider's number: the database refuses.
+    virtual void commitTransaction() = 0;
+    /// Undoes all writes since beginTransaction. The record sets hold again what they held then; a
+    /// change that was pending stays pending. Does nothing without a transaction.
+    virtual void rollbackTransaction() noexcept = 0;
 };
 
 /// The rows of one query, with a current record. The set reads all rows when it is opened.
@@ -152,5 +173,7 @@ public:
 /// The row of a write or resync is gone, or no longer holds what was read. A repeated write fails
 /// again: only resync, or a newly opened record set, reads what the other writer stored.
 inline constexpr std::int32_t rowChangedByAnother = -2147217864;
+/// The connection to the database cannot be made, or it broke. A broken one stays broken.
+inline constexpr std::int32_t noConnection = -2147467259;
 
 } // namespace kvex

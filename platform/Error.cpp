@@ -61,6 +61,15 @@ Error::Error(std::int32_t number, std::u16string description, std::u16string sou
       what_("error " + std::to_string(number_) + ": " + toUtf8(description_) + " (" +
             toUtf8(source_) + ")") {}
 
+Error Error::explained(HelpContext context, std::u16string_view more) const {
+    std::u16string description = description_;
+    if (!more.empty()) {
+        description.append(description.ends_with(u'.') ? u" " : u". ").append(more);
+    }
+    return Error(number_, std::move(description), source_,
+                 helpContext_ == HelpContext::none ? context : helpContext_);
+}
+
 Error Error::current() {
     try {
         throw;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <exception>
 #include <string>
+#include <string_view>
 
 namespace kvex {
 
@@ -95,6 +96,10 @@ public:
     }
     /// "error NUMBER: DESCRIPTION (SOURCE)" in UTF-8, for diagnostic streams.
     [[nodiscard]] const char *what() const noexcept override { return what_.c_str(); }
+
+    /// The same error for a user: the sentence `more` follows the description, unless it is "".
+    /// `context` applies when the error has none.
+    [[nodiscard]] Error explained(HelpContext context, std::u16string_view more) const;
 
     /// The exception that is being handled, as an Error. A failed allocation becomes outOfMemory,
     /// any other exception internalError with its text. Call it only in a catch block.

@@ -18,20 +18,41 @@ void ClearRuleData() {
     ruleState().intAsCommand = asCommand;
 }
 
-void LoadRuleFromDB(const std::u16string &ruleID) {
+namespace {
+
+void loadRule(const std::u16string &ruleID) {
+    ClearRuleData();
+    if (ruleID.empty()) {
+        return;
+    }
+    Recordset &rsRules = *session().rsRules;
+    findRecordById(rsRules, ruleID);
+    RuleState &rule = ruleState();
+    rule.strRuleName = rsRules.field(u"Name").text();
+    rule.intRuleActive = rsRules.field(u"Active").int16();
+    readQueryParam(rsRules.field(u"QueryParam").textOrEmpty(), rule);
+    readActionParam(rsRules.field(u"ActionParam").textOrEmpty(), rule);
+}
+
+} // namespace
+
+void LoadRuleFromDB(const std::u16string &ruleID, HelpContext ofErrors) {
     trapErrors(u"LoadRuleFromDB", u"General", [&] {
-        ClearRuleData();
-        if (ruleID.empty()) {
-            return;
-        }
-        Recordset &rsRules = *session().rsRules;
-        findRecordById(rsRules, ruleID);
-        RuleState &rule = ruleState();
-        rule.strRuleName = rsRules.field(u"Name").text();
-        rule.intRuleActive = rsRules.field(u"Active").int16();
-        readQueryParam(rsRules.field(u"QueryParam").textOrEmpty(), rule);
-        readActionParam(rsRules.field(u"ActionParam").textOrEmpty(), rule);
+        explainErrors(
+            ofErrors, [&] { loadRule(ruleID); },
+            [&] {
+                const std::u16string &name = ruleState().strRuleName;
+                return u"Parts of the rule with the ID " + ruleID +
+                       (name.empty() ? u"" : u", " + quotedRuleName(name) + u",") +
+                       u" could not be read.";
+            });
     });
+}
+
+std::u16string quotedRuleName(std::u16string_view name) {
+    constexpr std::size_t longest = 60;
+    const std::u16string_view begin = name.substr(0, longest);
+    return u"\"" + std::u16string(begin) + (begin.size() < name.size() ? u"...\"" : u"\"");
 }
 
 } // namespace kvex

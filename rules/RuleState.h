@@ -1,8 +1,11 @@
 // The rule that the user sees or edits. All windows of a thread share it.
 #pragma once
 
+#include "platform/Error.h"
+
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace kvex {
 
@@ -57,9 +60,15 @@ struct RuleState {
 void ClearRuleData();
 
 /// Loads the rule with the ID `ruleID` from rsRules into this thread's rule. Leaves rsRules on its
-/// record. With "" it clears the rule and moves nothing. Traps its errors: an unknown id, no value
-/// in Name or ACTIVE, an opening tag without its closing tag. The rule then holds what was read
-/// before. A parameter string without a value has no tags.
-void LoadRuleFromDB(const std::u16string &ruleID);
+/// record. With "" it clears the rule and moves nothing. A parameter string without a value has no
+/// tags.
+///
+/// Traps its errors: an unknown id, no value in Name or ACTIVE, an opening tag without its closing
+/// tag. The rule then holds what was read before. The error names the rule, and has the context
+/// `ofErrors`. The caller gives ruleReadInPart when the user is about to edit the rule.
+void LoadRuleFromDB(const std::u16string &ruleID, HelpContext ofErrors = HelpContext::none);
+
+/// A rule's name as messages write it: in quotation marks, and cut when it is very long.
+[[nodiscard]] std::u16string quotedRuleName(std::u16string_view name);
 
 } // namespace kvex

@@ -2,6 +2,7 @@
 
 #include "component/session/Session.h"
 #include "platform/Unicode.h"
+#include "ui/ListFilling.h"
 
 namespace kvex {
 namespace {
@@ -27,12 +28,12 @@ void forEachAccount(
     if (session().blnHasAccounts) {
         rsAccounts.moveFirst();
     }
-    for (; !rsAccounts.eof(); rsAccounts.moveNext()) {
+    forEachRecord(rsAccounts, u"account", u"accounts", [&] {
         if (serves(rsAccounts.field(u"BIND_MODE"), use)) {
             const ValueView name = rsAccounts.field(u"NAME");
             offer(name.isNull() ? u"" : name.text(), rsAccounts.field(u"ID").text());
         }
-    }
+    });
 }
 
 } // namespace kvex

@@ -129,6 +129,10 @@ void OdbcConnection::joinCluster() const {
 }
 
 OdbcConnection::~OdbcConnection() {
+    disconnect();
+}
+
+void OdbcConnection::disconnect() const noexcept {
     if (!SQL_SUCCEEDED(SQLDisconnect(handle()))) {
         SQLEndTran(SQL_HANDLE_DBC, handle(), SQL_ROLLBACK);
         SQLDisconnect(handle());

@@ -34,6 +34,8 @@ public:
     void setAutomaticCommit(bool on) const;
     /// Ends the transaction: SQL_COMMIT or SQL_ROLLBACK.
     void end(SQLSMALLINT how) const;
+    /// Rolls back an open transaction. No statement may be left.
+    void disconnect() const noexcept;
 
 private:
     void connect(const std::u16string &native) const;

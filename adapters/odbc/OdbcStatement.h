@@ -94,6 +94,9 @@ public:
         }
     }
 
+    /// Frees all statements.
+    void clear() noexcept { statements_.clear(); }
+
 private:
     /// Puts the statement first in the list; drops one that fails.
     OdbcStatement &executed(Purpose purpose, const recordset::Statement &statement);

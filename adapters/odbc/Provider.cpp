@@ -56,6 +56,10 @@ public:
     void rollback() noexcept override;
 
 private:
+    /// Ends the transaction's mode. Never fails, because the transaction itself has ended.
+    void commitAutomatically() noexcept;
+    /// Every later call fails with connectionLost. The server undoes what is not committed.
+    void disconnect() noexcept;
     /// The values of the first row that the statement returns.
     std::vector<Value> firstRow(const Statement &statement);
 
@@ -154,6 +158,12 @@ std::u16string OdbcDriver::stillHolds(std::u16string_view column, const ValueVie
 
 std::vector<std::u16string> OdbcDriver::columnsOf(std::u16string_view table) {
     // The catalogue may list several tables of this name; this finds the one that statements use.
+    const std::u16string_view tableQuery = connection_.server().tableQuery;
+    if (!tableQuery.empty() &&
+        std::holds_alternative<Null>(
+            firstRow({std::u16string(tableQuery), {ValueView(table)}}).at(0))) {
+        return {};
+    }
     try {
         const OdbcStatement none(connection_,
                                  u"SELECT * FROM " + std::u16string(table) + u" WHERE 1 = 0");
@@ -169,15 +179,29 @@ std::vector<std::u16string> OdbcDriver::columnsOf(std::u16string_view table) {
 
 void OdbcDriver::commit() {
     connection_.end(SQL_COMMIT);
-    connection_.setAutomaticCommit(true);
+    commitAutomatically();
 }
 
 void OdbcDriver::rollback() noexcept {
     try {
         connection_.end(SQL_ROLLBACK);
-        connection_.setAutomaticCommit(true);
-    } catch (...) { // NOLINT(bugprone-empty-catch): the transaction ended with its connection
+    } catch (...) {
+        return disconnect();
     }
+    commitAutomatically();
+}
+
+void OdbcDriver::commitAutomatically() noexcept {
+    try {
+        connection_.setAutomaticCommit(true);
+    } catch (...) {
+        disconnect();
+    }
+}
+
+void OdbcDriver::disconnect() noexcept {
+    statements_.clear();
+    connection_.disconnect();
 }
 
 } // namespace

@@ -70,6 +70,9 @@ struct ServerKind {
     Utf8Texts utf8Texts = Utf8Texts::none;
     /// The driver returns UTF-8 only while the process has a UTF-8 locale.
     bool utf8InUtf8Locales = false;
+    /// Takes the name of a table, and gives Null when there is no such table. "" for a server that
+    /// lets a transaction go on after a query has failed.
+    std::u16string_view tableQuery{};
     recordset::ColumnTypes columnTypes;
 
     /// The kind that a driver's name (or file name) indicates, before the connection.

@@ -18,31 +18,44 @@ void addCredential(ConnectionString &connectionString, std::u16string_view key,
 
 void ClientConnection::open(std::u16string_view connectionString, std::u16string_view userId,
                             std::u16string_view password, std::int32_t /*options*/) {
-    if (driver_) {
+    if (database_) {
         throw Error(error_number::objectOpen);
     }
     ConnectionString parsed(connectionString);
     addCredential(parsed, u"UID", u"User ID", userId);
     addCredential(parsed, u"PWD", u"Password", password);
-    driver_ = providerOf(parsed).connect(parsed);
+    database_ = std::make_shared<OpenDatabase>(providerOf(parsed).connect(parsed));
 }
 
 ObjectState ClientConnection::state() const {
-    return driver_ ? ObjectState::open : ObjectState::closed;
+    return database_ ? ObjectState::open : ObjectState::closed;
 }
 
 void ClientConnection::close() {
-    if (!driver_) {
-        throw Error(error_number::objectClosed);
+    static_cast<void>(open());
+    database_.reset();
+}
+
+void ClientConnection::rollbackTransaction() noexcept {
+    if (database_) {
+        database_->rollback();
     }
-    driver_.reset();
+}
+
+std::weak_ptr<OpenDatabase> ClientConnection::database() const {
+    static_cast<void>(open());
+    return database_;
 }
 
 std::weak_ptr<Driver> ClientConnection::driver() const {
-    if (!driver_) {
+    return std::shared_ptr<Driver>(database_, &open().driver());
+}
+
+OpenDatabase &ClientConnection::open() const {
+    if (!database_) {
         throw Error(error_number::objectClosed);
     }
-    return driver_;
+    return *database_;
 }
 
 const Provider &ClientConnection::providerOf(const ConnectionString &connectionString) const {

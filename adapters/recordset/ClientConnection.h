@@ -1,7 +1,7 @@
-// The connection for every kind of database: it chooses the provider and owns its driver.
+// The connection for every kind of database: it chooses the provider and owns the open database.
 #pragma once
 
-#include "adapters/recordset/Driver.h"
+#include "adapters/recordset/OpenDatabase.h"
 #include "platform/Database.h"
 
 #include <memory>
@@ -18,16 +18,24 @@ public:
               std::u16string_view password, std::int32_t options) override;
     [[nodiscard]] ObjectState state() const override;
     void close() override;
+    void beginTransaction() override { open().begin(); }
+    void commitTransaction() override { open().commit(); }
+    void rollbackTransaction() noexcept override;
 
-    /// The driver, for the record sets on this connection. It expires when the connection closes.
-    /// Fails with objectClosed when the connection is not open.
+    /// For the record sets on this connection. It expires when the connection closes. Fails with
+    /// objectClosed when the connection is not open.
+    [[nodiscard]] std::weak_ptr<OpenDatabase> database() const;
+    /// The database's driver. It expires and fails as database does.
     [[nodiscard]] std::weak_ptr<Driver> driver() const;
 
 private:
     [[nodiscard]] const Provider &providerOf(const ConnectionString &connectionString) const;
 
+    /// Fails with objectClosed when the connection is not open.
+    [[nodiscard]] OpenDatabase &open() const;
+
     std::vector<Provider> providers_;
-    std::shared_ptr<Driver> driver_;
+    std::shared_ptr<OpenDatabase> database_;
 };
 
 } // namespace kvex::recordset

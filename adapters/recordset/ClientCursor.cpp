@@ -57,25 +57,36 @@ void ClientCursor::requireCurrent() const {
     }
 }
 
-void ClientCursor::set(std::size_t column, const RowStore::Cell &prepared) noexcept {
+void ClientCursor::set(std::size_t row, std::size_t column,
+                       const RowStore::Cell &prepared) noexcept {
     const auto found = indexes_.find(column);
     const bool isIndexed = found != indexes_.end() && found->second;
-    const ValueView before = isIndexed ? value(column) : ValueView();
-    rows_.set(current_, column, prepared);
-    if (isIndexed && !found->second->replace(current_, before, value(column))) {
+    const ValueView before = isIndexed ? rows_.value(row, column) : ValueView();
+    rows_.set(row, column, prepared);
+    if (isIndexed && !found->second->replace(row, before, rows_.value(row, column))) {
         found->second.reset();
     }
 }
 
-void ClientCursor::removeCurrent() noexcept {
+void ClientCursor::remove(std::size_t row) noexcept {
     for (auto &[column, index] : indexes_) {
         if (index) {
             // This cannot fail: a Null needs no memory.
-            static_cast<void>(index->replace(current_, value(column), ValueView()));
+            static_cast<void>(index->replace(row, rows_.value(row, column), ValueView()));
         }
     }
-    removed_[current_] = true;
+    removed_[row] = true;
     ++removedCount_;
+}
+
+void ClientCursor::bringBack(std::size_t row) noexcept {
+    for (auto &[column, index] : indexes_) {
+        if (index && !index->replace(row, ValueView(), rows_.value(row, column))) {
+            index.reset();
+        }
+    }
+    removed_[row] = false;
+    --removedCount_;
 }
 
 void ClientCursor::prepareAppend() {

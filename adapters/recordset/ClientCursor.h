@@ -27,6 +27,8 @@ public:
     /// The first column of that name. Fails with itemNotFound when there is none.
     [[nodiscard]] std::size_t columnOf(std::u16string_view name) const;
 
+    /// The place of the current row.
+    [[nodiscard]] std::size_t current() const noexcept { return current_; }
     [[nodiscard]] bool atEnd() const noexcept { return current_ == rowCount(); }
     /// The number of rows without the removed ones.
     [[nodiscard]] std::size_t count() const noexcept { return rowCount() - removedCount_; }
@@ -48,16 +50,25 @@ public:
     [[nodiscard]] bool isKnown(std::size_t column) const { return rows_.isKnown(current_, column); }
     /// Allocates what set needs for `value`.
     [[nodiscard]] RowStore::Cell prepared(const ValueView &value) { return rows_.prepared(value); }
-    void set(std::size_t column, const RowStore::Cell &prepared) noexcept;
-    void removeCurrent() noexcept;
+    void set(std::size_t column, const RowStore::Cell &prepared) noexcept {
+        set(current_, column, prepared);
+    }
+    void set(std::size_t row, std::size_t column, const RowStore::Cell &prepared) noexcept;
+    /// A value of the current row, for a later set.
+    [[nodiscard]] RowStore::Cell cell(std::size_t column) const {
+        return rows_.cell(current_, column);
+    }
+    void remove(std::size_t row) noexcept;
+    /// Undoes remove.
+    void bringBack(std::size_t row) noexcept;
     /// Allocates what append needs.
     void prepareAppend();
-    /// Appends a row of unknown values and makes it the current one.
+    /// Appends a row of unknown values, at the place rowCount, and makes it the current one.
     void append() noexcept;
-
-private:
     /// Counts the removed rows, but not a row that was only prepared.
     [[nodiscard]] std::size_t rowCount() const noexcept { return removed_.size(); }
+
+private:
     [[nodiscard]] std::size_t firstKept(std::size_t from) const;
     [[nodiscard]] const std::optional<IntegerIndex> &indexOf(std::size_t column);
 

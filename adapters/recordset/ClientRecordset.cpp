@@ -45,12 +45,14 @@ Error changedByAnother() {
 }
 
 /// Runs a call that writes. `outcome` says what was not stored when the database refuses.
-template <class Outcome, class Call> auto writing(const Outcome &outcome, const Call &call) {
+template <class Outcome, class Call>
+auto writing(const OpenDatabase &open, const Outcome &outcome, const Call &call) {
     try {
         return call();
     } catch (const Error &error) {
-        refuse(error,
-               error.number() == connectionLost ? outcome() + u", as far as is known" : outcome());
+        // What a transaction has not committed is not stored, whatever happened to its statement.
+        const bool isUnknown = error.number() == connectionLost && !open.inTransaction();
+        refuse(error, isUnknown ? outcome() + u", as far as is known" : outcome());
     }
 }
 
@@ -78,12 +80,12 @@ void ClientRecordset::open(std::u16string_view source, Connection &connection,
     if (!client) {
         throw Error(error_number::badArgument);
     }
-    std::weak_ptr<Driver> driver = client->driver();
+    std::weak_ptr<OpenDatabase> database = client->database();
     RowStore rows;
     const Statement query{std::u16string(source), {}};
-    driver.lock()->query(query, rows);
-    opened_.emplace(Opened{.cursor = ClientCursor(std::move(rows)),
-                           .driver = std::move(driver),
+    database.lock()->driver().query(query, rows);
+    opened_.emplace(Opened{.cursor = std::make_shared<ClientCursor>(std::move(rows)),
+                           .database = std::move(database),
                            .source = query.text,
                            .lock = lock,
                            .changes = {},
@@ -100,25 +102,25 @@ void ClientRecordset::close() {
 }
 
 bool ClientRecordset::bof() const {
-    return eof() && opened().cursor.count() == 0;
+    return eof() && opened().cursor->count() == 0;
 }
 
 bool ClientRecordset::eof() const {
-    return !opened().isNew && opened().cursor.atEnd();
+    return !opened().isNew && opened().cursor->atEnd();
 }
 
 std::int32_t ClientRecordset::recordCount() const {
-    return static_cast<std::int32_t>(opened().cursor.count());
+    return static_cast<std::int32_t>(opened().cursor->count());
 }
 
 void ClientRecordset::moveFirst() {
     opened().discardPending();
-    opened().cursor.moveFirst();
+    opened().cursor->moveFirst();
 }
 
 void ClientRecordset::moveNext() {
     opened().discardPending();
-    opened().cursor.moveNext();
+    opened().cursor->moveNext();
 }
 
 void ClientRecordset::find(std::u16string_view criterion, std::int32_t skip) {
@@ -126,30 +128,30 @@ void ClientRecordset::find(std::u16string_view criterion, std::int32_t skip) {
     if (skip < 0) {
         throw Error(error_number::badArgument);
     }
-    opened().cursor.find(FindCriterion(criterion), static_cast<std::size_t>(skip));
+    opened().cursor->find(FindCriterion(criterion), static_cast<std::size_t>(skip));
 }
 
 ValueView ClientRecordset::field(std::u16string_view name) const {
     const Opened &open = opened();
-    const std::size_t column = open.cursor.columnOf(name);
+    const std::size_t column = open.cursor->columnOf(name);
     if (!open.isNew) {
-        open.cursor.requireCurrent();
+        open.cursor->requireCurrent();
     }
     const auto pending = open.changes.find(column);
     if (pending != open.changes.end()) {
         return viewOf(pending->second);
     }
-    return open.isNew ? ValueView() : open.cursor.value(column);
+    return open.isNew ? ValueView() : open.cursor->value(column);
 }
 
 void ClientRecordset::setField(std::u16string_view name, const Value &value) {
     Opened &open = opened();
-    const std::size_t column = open.cursor.columnOf(name);
+    const std::size_t column = open.cursor->columnOf(name);
     if (!open.isNew) {
-        open.cursor.requireCurrent();
+        open.cursor->requireCurrent();
     }
     Value stored = storable(value);
-    if (!open.isNew && open.cursor.value(column).held() == viewOf(stored).held()) {
+    if (!open.isNew && open.cursor->value(column).held() == viewOf(stored).held()) {
         open.changes.erase(column);
     } else {
         open.changes.insert_or_assign(column, std::move(stored));
@@ -184,12 +186,12 @@ void ClientRecordset::deleteCurrent() {
 void ClientRecordset::resyncCurrent() {
     Opened &open = opened();
     open.requireRow();
-    const std::shared_ptr<Driver> driver = open.connected();
-    const BaseTable &table = open.table(*driver);
+    const std::shared_ptr<OpenDatabase> database = open.connected();
+    const BaseTable &table = open.table(database->driver());
     std::vector<std::size_t> columns;
     std::vector<std::u16string_view> names;
-    for (std::size_t column = 0; column < open.cursor.columns().size(); ++column) {
-        if (const std::u16string_view name = open.cursor.columns()[column].baseColumn;
+    for (std::size_t column = 0; column < open.cursor->columns().size(); ++column) {
+        if (const std::u16string_view name = open.cursor->columns()[column].baseColumn;
             !name.empty()) {
             columns.push_back(column);
             names.push_back(name);
@@ -197,7 +199,7 @@ void ClientRecordset::resyncCurrent() {
     }
     RowStore row;
     try {
-        driver->query(selectRow(table.name, names, open.keyOf(table)), row);
+        database->driver().query(selectRow(table.name, names, open.keyOf(table)), row);
         if (row.rowCount() == 0) {
             throw changedByAnother();
         }
@@ -207,7 +209,7 @@ void ClientRecordset::resyncCurrent() {
     }
     Opened::Held held;
     for (std::size_t i = 0; i < columns.size(); ++i) {
-        held.emplace_back(columns[i], open.cursor.prepared(row.value(0, i)));
+        held.emplace_back(columns[i], open.cursor->prepared(row.value(0, i)));
     }
     open.hold(held);
 }
@@ -229,33 +231,33 @@ void ClientRecordset::Opened::requireRow() const {
     if (isNew) {
         throw Error(error_number::noCurrentRecord);
     }
-    cursor.requireCurrent();
+    cursor->requireCurrent();
 }
 
-std::shared_ptr<Driver> ClientRecordset::Opened::connected() const {
-    std::shared_ptr<Driver> connected = driver.lock();
+std::shared_ptr<OpenDatabase> ClientRecordset::Opened::connected() const {
+    std::shared_ptr<OpenDatabase> connected = database.lock();
     if (!connected) {
         throw Error(error_number::objectClosed);
     }
     return connected;
 }
 
-const BaseTable &ClientRecordset::Opened::table(Driver &database) {
+const BaseTable &ClientRecordset::Opened::table(Driver &driver) {
     if (!base) {
-        std::vector<Column> columns = cursor.columns();
-        database.describe(source, columns);
-        cursor.setColumns(std::move(columns));
-        base = BaseTable::of(cursor.columns());
+        std::vector<Column> columns = cursor->columns();
+        driver.describe(source, columns);
+        cursor->setColumns(std::move(columns));
+        base = BaseTable::of(cursor->columns());
     }
     return *base;
 }
 
-const BaseTable &ClientRecordset::Opened::writable(Driver &database) {
+const BaseTable &ClientRecordset::Opened::writable(Driver &driver) {
     if (lock == LockType::readOnly) {
         throw Error(error_number::badArgument, u"The record set was opened for reading only.");
     }
     try {
-        return table(database);
+        return table(driver);
     } catch (const Error &error) {
         refuse(error, u"Nothing was stored");
     }
@@ -264,7 +266,7 @@ const BaseTable &ClientRecordset::Opened::writable(Driver &database) {
 RowKey ClientRecordset::Opened::keyOf(const BaseTable &table) const {
     RowKey key;
     for (const std::size_t column : table.key) {
-        key.push_back({cursor.columns()[column].baseColumn, cursor.value(column)});
+        key.push_back({cursor->columns()[column].baseColumn, cursor->value(column)});
     }
     return key;
 }
@@ -273,9 +275,9 @@ std::u16string ClientRecordset::Opened::nameOf(const BaseTable &table) const {
     std::u16string name = u"record";
     std::u16string_view separator = u" ";
     for (const std::size_t column : table.key) {
-        const ValueView value = cursor.value(column);
+        const ValueView value = cursor->value(column);
         // Some databases give the names of columns in lower case.
-        name.append(separator).append(upperCase(cursor.columns()[column].name)).append(u" ");
+        name.append(separator).append(upperCase(cursor->columns()[column].name)).append(u" ");
         name.append(value.isNull() ? u"Null" : value.text());
         separator = u", ";
     }
@@ -285,7 +287,7 @@ std::u16string ClientRecordset::Opened::nameOf(const BaseTable &table) const {
 std::vector<Assignment> ClientRecordset::Opened::assignments() const {
     std::vector<Assignment> assignments;
     for (const auto &[index, value] : changes) {
-        const Column &column = cursor.columns()[index];
+        const Column &column = cursor->columns()[index];
         if (column.baseColumn.empty()) {
             throw Error(error_number::badArgument,
                         u"The column " + column.name +
@@ -299,16 +301,16 @@ std::vector<Assignment> ClientRecordset::Opened::assignments() const {
 
 std::vector<Assignment> ClientRecordset::Opened::known() const {
     std::vector<Assignment> known;
-    for (std::size_t column = 0; column < cursor.columns().size(); ++column) {
-        const std::u16string_view name = cursor.columns()[column].baseColumn;
-        if (!name.empty() && cursor.columns()[column].keyParts == 0 && cursor.isKnown(column)) {
-            known.push_back({name, cursor.value(column)});
+    for (std::size_t column = 0; column < cursor->columns().size(); ++column) {
+        const std::u16string_view name = cursor->columns()[column].baseColumn;
+        if (!name.empty() && cursor->columns()[column].keyParts == 0 && cursor->isKnown(column)) {
+            known.push_back({name, cursor->value(column)});
         }
     }
     return known;
 }
 
-bool ClientRecordset::Opened::readsAsBefore(Driver &database, const BaseTable &table,
+bool ClientRecordset::Opened::readsAsBefore(Driver &driver, const BaseTable &table,
                                             const std::vector<Assignment> &read) const {
     if (read.empty()) {
         return false;
@@ -316,7 +318,7 @@ bool ClientRecordset::Opened::readsAsBefore(Driver &database, const BaseTable &t
     std::vector<std::u16string_view> columns;
     std::ranges::transform(read, std::back_inserter(columns), &Assignment::column);
     RowStore now;
-    database.query(selectRow(table.name, columns, keyOf(table)), now);
+    driver.query(selectRow(table.name, columns, keyOf(table)), now);
     if (now.rowCount() == 0) {
         return false;
     }
@@ -328,16 +330,16 @@ bool ClientRecordset::Opened::readsAsBefore(Driver &database, const BaseTable &t
     return true;
 }
 
-void ClientRecordset::Opened::refuseUnmet(Driver &database, const BaseTable &table,
+void ClientRecordset::Opened::refuseUnmet(Driver &driver, const BaseTable &table,
                                           const std::vector<Assignment> &read) const {
     const RowKey key = keyOf(table);
-    if (!readsAsBefore(database, table, read)) {
+    if (!readsAsBefore(driver, table, read)) {
         throw changedByAnother();
     }
     // The row reads as before, so a value that does not equal itself cannot be read unchanged.
     const auto notKept = std::ranges::find_if(read, [&](const Assignment &held) {
         RowStore found;
-        database.query(selectRow(database, table.name, {held.column}, key, {held}), found);
+        driver.query(selectRow(driver, table.name, {held.column}, key, {held}), found);
         return found.rowCount() == 0;
     });
     if (notKept == read.end()) {
@@ -349,64 +351,88 @@ void ClientRecordset::Opened::refuseUnmet(Driver &database, const BaseTable &tab
 }
 
 void ClientRecordset::Opened::insert() {
-    const std::shared_ptr<Driver> database = connected();
-    const BaseTable &table = writable(*database);
+    const std::shared_ptr<OpenDatabase> open = connected();
+    const BaseTable &table = writable(open->driver());
     std::vector<std::u16string_view> keyColumns;
     for (const std::size_t column : table.key) {
-        keyColumns.push_back(cursor.columns()[column].baseColumn);
+        keyColumns.push_back(cursor->columns()[column].baseColumn);
     }
     const std::vector<Assignment> values = assignments();
     const Held held = preparedChanges();
-    cursor.prepareAppend();
-    const std::vector<Value> key =
-        writing([] { return std::u16string(u"The new record was not stored"); },
-                [&] { return database->insert(table.name, values, keyColumns); });
-    cursor.append();
+    cursor->prepareAppend();
+    prepareUndo(*open, [row = cursor->rowCount()](ClientCursor &rows) { rows.remove(row); });
+    const std::vector<Value> key = writing(
+        *open, [] { return std::u16string(u"The new record was not stored"); },
+        [&] { return open->driver().insert(table.name, values, keyColumns); });
+    open->keepPrepared();
+    cursor->append();
     hold(held);
     // Memory for a long text can be missing here. The record is stored all the same, and the set
     // already holds it as a row.
     for (std::size_t i = 0; i < key.size(); ++i) {
-        cursor.set(table.key[i], cursor.prepared(viewOf(key[i])));
+        cursor->set(table.key[i], cursor->prepared(viewOf(key[i])));
     }
 }
 
 void ClientRecordset::Opened::write() {
-    const std::shared_ptr<Driver> database = connected();
-    const BaseTable &table = writable(*database);
+    const std::shared_ptr<OpenDatabase> open = connected();
+    Driver &driver = open->driver();
+    const BaseTable &table = writable(driver);
     const std::vector<Assignment> values = assignments();
     std::vector<Assignment> read;
     for (const auto &change : changes) {
-        read.push_back({cursor.columns()[change.first].baseColumn, cursor.value(change.first)});
+        read.push_back({cursor->columns()[change.first].baseColumn, cursor->value(change.first)});
     }
     const Held held = preparedChanges();
-    const auto outcome = [&] { return u"The change of " + nameOf(table) + u" was not stored"; };
-    writing(outcome, [&] {
-        if (database->execute(updateRow(*database, table.name, values, keyOf(table), read)) == 0) {
-            refuseUnmet(*database, table, read);
+    prepareUndo(*open, [row = cursor->current(), before = replacedBy(held)](ClientCursor &rows) {
+        for (const auto &[column, cell] : before) {
+            rows.set(row, column, cell);
         }
     });
+    const auto outcome = [&] { return u"The change of " + nameOf(table) + u" was not stored"; };
+    writing(*open, outcome, [&] {
+        if (driver.execute(updateRow(driver, table.name, values, keyOf(table), read)) == 0) {
+            refuseUnmet(driver, table, read);
+        }
+    });
+    open->keepPrepared();
     hold(held);
 }
 
 void ClientRecordset::Opened::remove() {
-    const std::shared_ptr<Driver> database = connected();
-    const BaseTable &table = writable(*database);
+    const std::shared_ptr<OpenDatabase> open = connected();
+    Driver &driver = open->driver();
+    const BaseTable &table = writable(driver);
+    prepareUndo(*open, [row = cursor->current()](ClientCursor &rows) { rows.bringBack(row); });
     const auto outcome = [&] { return u"The removal of " + nameOf(table) + u" was not stored"; };
     const std::vector<Assignment> read = known();
-    writing(outcome, [&] {
-        if (database->execute(deleteRow(*database, table.name, keyOf(table), read)) == 0) {
-            refuseUnmet(*database, table, read);
+    writing(*open, outcome, [&] {
+        if (driver.execute(deleteRow(driver, table.name, keyOf(table), read)) == 0) {
+            refuseUnmet(driver, table, read);
         }
     });
+    open->keepPrepared();
     discardPending();
-    cursor.removeCurrent();
+    cursor->remove(cursor->current());
+}
+
+template <class Undo>
+void ClientRecordset::Opened::prepareUndo(OpenDatabase &open, Undo undo) const {
+    if (!open.inTransaction()) {
+        return;
+    }
+    open.prepare([rows = std::weak_ptr<ClientCursor>(cursor), undo = std::move(undo)] {
+        if (const std::shared_ptr<ClientCursor> stillOpen = rows.lock()) {
+            undo(*stillOpen);
+        }
+    });
 }
 
 ClientRecordset::Opened::Held ClientRecordset::Opened::preparedChanges() {
     Held held;
-    const std::vector<Column> &columns = cursor.columns();
+    const std::vector<Column> &columns = cursor->columns();
     for (const auto &[changed, value] : changes) {
-        const RowStore::Cell prepared = cursor.prepared(viewOf(value));
+        const RowStore::Cell prepared = cursor->prepared(viewOf(value));
         // A query can have the same column twice.
         for (std::size_t column = 0; column < columns.size(); ++column) {
             if (std::ranges::equal(columns[column].baseColumn, columns[changed].baseColumn)) {
@@ -417,9 +443,18 @@ ClientRecordset::Opened::Held ClientRecordset::Opened::preparedChanges() {
     return held;
 }
 
+ClientRecordset::Opened::Held ClientRecordset::Opened::replacedBy(const Held &held) const {
+    Held replaced;
+    replaced.reserve(held.size());
+    for (const auto &change : held) {
+        replaced.emplace_back(change.first, cursor->cell(change.first));
+    }
+    return replaced;
+}
+
 void ClientRecordset::Opened::hold(const Held &held) noexcept {
     for (const auto &[column, prepared] : held) {
-        cursor.set(column, prepared);
+        cursor->set(column, prepared);
     }
     discardPending();
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "adapters/recordset/ClientCursor.h"
-#include "adapters/recordset/Driver.h"
+#include "adapters/recordset/OpenDatabase.h"
 #include "adapters/recordset/RowStatements.h"
 #include "platform/Database.h"
 
@@ -44,8 +44,9 @@ public:
 
 private:
     struct Opened {
-        ClientCursor cursor;
-        std::weak_ptr<Driver> driver;
+        /// Shared with the undo of a transaction, which ends with it.
+        std::shared_ptr<ClientCursor> cursor;
+        std::weak_ptr<OpenDatabase> database;
         std::u16string source;
         LockType lock;
         /// The values that are set but not yet written, by column.
@@ -58,12 +59,12 @@ private:
         void discardPending() noexcept;
         /// Fails with noCurrentRecord unless the current record is a row of the table.
         void requireRow() const;
-        /// The driver. Fails with objectClosed when the connection has closed.
-        [[nodiscard]] std::shared_ptr<Driver> connected() const;
+        /// Fails with objectClosed when the connection has closed.
+        [[nodiscard]] std::shared_ptr<OpenDatabase> connected() const;
         /// The table of the rows. Fails with badArgument when there is none.
-        [[nodiscard]] const BaseTable &table(Driver &database);
+        [[nodiscard]] const BaseTable &table(Driver &driver);
         /// The table, for a write. Fails with badArgument when the rows cannot be written.
-        [[nodiscard]] const BaseTable &writable(Driver &database);
+        [[nodiscard]] const BaseTable &writable(Driver &driver);
         [[nodiscard]] RowKey keyOf(const BaseTable &table) const;
         /// What messages call the current row: "record ID 3".
         [[nodiscard]] std::u16string nameOf(const BaseTable &table) const;
@@ -72,10 +73,10 @@ private:
         /// The known values of the current row, without the key and computed columns.
         [[nodiscard]] std::vector<Assignment> known() const;
         /// True when the current row still reads as `read` in the database.
-        [[nodiscard]] bool readsAsBefore(Driver &database, const BaseTable &table,
+        [[nodiscard]] bool readsAsBefore(Driver &driver, const BaseTable &table,
                                          const std::vector<Assignment> &read) const;
         /// Throws the error of a write that found no row with the key and these values.
-        [[noreturn]] void refuseUnmet(Driver &database, const BaseTable &table,
+        [[noreturn]] void refuseUnmet(Driver &driver, const BaseTable &table,
                                       const std::vector<Assignment> &read) const;
         void insert();
         void write();
@@ -87,6 +88,10 @@ private:
         [[nodiscard]] Held preparedChanges();
         /// Puts the values into the current row; no change is pending afterwards.
         void hold(const Held &held) noexcept;
+        /// The values that `held` replaces in the current row.
+        [[nodiscard]] Held replacedBy(const Held &held) const;
+        /// In a transaction, prepares that a rollback runs `undo` on the cursor.
+        template <class Undo> void prepareUndo(OpenDatabase &open, Undo undo) const;
     };
 
     [[nodiscard]] const Opened &opened() const;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/recordset/ConnectionString.h"
+#include "platform/Database.h"
 #include "platform/Value.h"
 
 #include <cstdint>
@@ -107,17 +108,19 @@ public:
     /// case of the name does not matter. Empty when there is no such table.
     [[nodiscard]] virtual std::vector<std::u16string> columnsOf(std::u16string_view table) = 0;
 
-    /// Begins a transaction, which lasts until commit or rollback; see Transaction.h. Transactions
+    /// Begins a transaction, which lasts until commit succeeds or rollback is called. Transactions
     /// cannot be nested.
     virtual void begin() = 0;
-    /// When this fails, the transaction stays open.
+    /// When this fails, nothing since begin is stored; rollback must follow. connectionLost is the
+    /// exception: then it is unknown whether all of it is stored, or nothing.
     virtual void commit() = 0;
-    /// Undoes all writes since begin, unless the database has already undone them.
+    /// Undoes all writes since begin, unless the database has already undone them. When the
+    /// database cannot be told, the connection ends, and every later call fails.
     virtual void rollback() noexcept = 0;
 };
 
 /// The error number when the connection to the database broke.
-inline constexpr std::int32_t connectionLost = -2147467259;
+inline constexpr std::int32_t connectionLost = noConnection;
 
 /// A kind of database.
 struct Provider {

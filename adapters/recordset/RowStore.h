@@ -52,6 +52,10 @@ public:
     [[nodiscard]] bool isKnown(std::size_t row, std::size_t column) const {
         return cellAt(row, column).kind != Kind::unknown;
     }
+    /// The value as it lies there now. It can be set again later, even after a replacement.
+    [[nodiscard]] Cell cell(std::size_t row, std::size_t column) const {
+        return cellAt(row, column);
+    }
     /// Allocates what `value` needs, so that set cannot fail.
     [[nodiscard]] Cell prepared(const ValueView &value);
     void set(std::size_t row, std::size_t column, const Cell &prepared) noexcept;

@@ -21,7 +21,7 @@ public:
     /// Runs a query and reads each value. Returns the number of values.
     virtual std::size_t read(std::string_view query) = 0;
     /// Changes PRIORITY from ID + `shift` to ID in the rules from id 1 to `lastId`. It prepares one
-    /// statement and runs it for each rule, each time as a transaction. Returns the number of rows
+    /// statement and runs it for each rule, all in one transaction. Returns the number of rows
     /// found.
     virtual std::int64_t renumber(std::int64_t lastId, std::int64_t shift) = 0;
 };

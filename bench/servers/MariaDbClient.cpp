@@ -60,11 +60,13 @@ public:
         parameters.back().buffer = &before;
         check(mysql_stmt_bind_param(statement.get(), parameters.data()) == 0);
         std::int64_t found = 0;
+        check(mysql_autocommit(connection_.get(), 0) == 0);
         for (; id <= lastId; ++id) {
             before = id + shift;
             check(mysql_stmt_execute(statement.get()) == 0);
             found += static_cast<std::int64_t>(mysql_stmt_affected_rows(statement.get()));
         }
+        check(mysql_commit(connection_.get()) == 0);
         return found;
     }
 

@@ -49,6 +49,7 @@ public:
                           R"("priority" = $3)",
                           0, nullptr));
         std::int64_t found = 0;
+        checked(PQexec(connection_.get(), "BEGIN"));
         for (std::int64_t id = 1; id <= lastId; ++id) {
             const std::string number = std::to_string(id);
             const std::string before = std::to_string(id + shift);
@@ -57,6 +58,7 @@ public:
                                                          values.data(), nullptr, nullptr, 0));
             found += std::stoll(PQcmdTuples(result.get()));
         }
+        checked(PQexec(connection_.get(), "COMMIT"));
         return found;
     }
 

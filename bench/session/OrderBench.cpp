@@ -34,11 +34,13 @@ template <Place place> void renumberByApi(benchmark::State &state) {
         Stopwatch watch(state);
         const SqliteQuery update =
             prepared(handle.get(), "UPDATE SMS_RULES SET PRIORITY = ? WHERE ID = ?");
+        execute(handle.get(), "BEGIN IMMEDIATE");
         for (std::int64_t id = 1; id <= last; ++id) {
             bindNumber(update.get(), 1, id);
             bindNumber(update.get(), 2, id);
             run(update.get());
         }
+        execute(handle.get(), "COMMIT");
         watch.stop();
     }
 }
@@ -46,11 +48,9 @@ template <Place place> void renumberByApi(benchmark::State &state) {
 BENCHMARK(renumberByOk<Place::memory>)->Name("renumber")->Apply(atEverySize)->Iterations(1);
 BENCHMARK(renumberByApi<Place::memory>)->Name("renumber.peer")->Apply(atEverySize)->Iterations(1);
 
-/// Each row is a transaction that waits for the disk.
 void atSmallSizes(benchmark::internal::Benchmark *benchmark) {
     benchmark->UseManualTime()->Unit(benchmark::kMillisecond)->Arg(100)->Arg(1'000)->Iterations(1);
 }
-/// Runs only twice: it takes a hundred seconds if the disk takes a millisecond for each row.
 void atLargeSizes(benchmark::internal::Benchmark *benchmark) {
     benchmark->UseManualTime()->Unit(benchmark::kMillisecond)->Arg(10'000)->Arg(100'000);
     benchmark->Iterations(1)->Repetitions(2);

@@ -1,8 +1,8 @@
 #include "host/addressbook/Contacts.h"
 
-#include "adapters/recordset/Transaction.h"
 #include "host/suite/Databases.h"
 #include "platform/Text.h"
+#include "platform/Transaction.h"
 
 #include <utility>
 
@@ -46,7 +46,7 @@ void requireContacts(Connection &connection) {
 
 StoredCount storeContacts(recordset::ClientConnection &connection, std::int32_t userId,
                           const std::vector<FileContact> &contacts) {
-    recordset::Transaction transaction(connection);
+    Transaction transaction(connection);
     const auto rows = createRecordset();
     rows->open(u"SELECT ID, USER_ID, NAME, MOBILE FROM SMS_CONTACTS WHERE DELETED = 0 AND "
                u"USER_ID = " +
@@ -75,7 +75,7 @@ StoredCount storeContacts(recordset::ClientConnection &connection, std::int32_t 
 
 std::vector<std::int64_t> removeContacts(recordset::ClientConnection &connection,
                                          std::int32_t userId, const std::set<std::int64_t> &ids) {
-    recordset::Transaction transaction(connection);
+    Transaction transaction(connection);
     const auto rows = createRecordset();
     const std::u16string user = toText(std::int64_t{userId});
     rows->open(u"SELECT ID, DELETED FROM SMS_CONTACTS WHERE DELETED = 0 AND (USER_ID = " + user +

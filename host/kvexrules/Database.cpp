@@ -70,7 +70,7 @@ private:
     mode_t before_;
 };
 
-bool createTables(const ClientConnection &connection, const Settings &settings) {
+bool createTables(ClientConnection &connection, const Settings &settings) {
     try {
         return createSchema(connection);
     } catch (const Error &error) {

@@ -1,8 +1,8 @@
 #include "host/kvexrules/SampleData.h"
 
-#include "adapters/recordset/Transaction.h"
 #include "host/suite/Databases.h"
 #include "platform/Text.h"
+#include "platform/Transaction.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -155,7 +155,7 @@ void add(Recordset &rows, const Table &table, Ids &ids) {
 } // namespace
 
 bool addSampleData(recordset::ClientConnection &connection) {
-    recordset::Transaction transaction(connection);
+    Transaction transaction(connection);
     const std::vector<Table> tables = sampleTables();
     std::vector<std::unique_ptr<Recordset>> opened;
     for (const Table &table : tables) {

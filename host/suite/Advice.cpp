@@ -80,10 +80,21 @@ std::u16string adviceFor(HelpContext context, Place place) {
     case HelpContext::valueNotKept:
         return u"Write this value again in the database, as text in UTF-8. Then " + anew;
     case HelpContext::ruleReadInPart:
+        return u"The editor shows what was read before the error. OK in the editor replaces the "
+               u"whole rule with what it shows. To keep the rule, press Cancel and correct its row "
+               u"in the database. The columns QueryParam and ActionParam of SMS_RULES hold its "
+               u"texts; kvexrules show ID prints them.";
     case HelpContext::listEndsEarly:
+        return u"Nothing from there on is listed, and OK stores only what is listed. Open the "
+               u"rules again. If the list still ends there, correct that place in the database: "
+               u"each row needs an ID, and a rule also needs a name, a value in ACTIVE and a "
+               u"priority of at most 8 digits.";
     case HelpContext::ruleNotStored:
+        return u"The editor keeps what you entered. Put that right and press OK again; a new name, "
+               u"for example, may have no apostrophe ('). If that does not help, " +
+               anew;
     case HelpContext::orderNotStored:
-        break;
+        return u"Open the rules again to see their order, and repeat what is missing.";
     }
     return {};
 }

@@ -1,8 +1,8 @@
 #include "host/suite/Schema.h"
 
 #include "adapters/recordset/EqualIgnoringCase.h"
-#include "adapters/recordset/Transaction.h"
 #include "platform/Error.h"
+#include "platform/Transaction.h"
 
 #include <algorithm>
 #include <string>
@@ -100,12 +100,12 @@ std::vector<Table> missingTables(recordset::Driver &driver) {
 
 } // namespace
 
-bool createSchema(const recordset::ClientConnection &connection) {
+bool createSchema(recordset::ClientConnection &connection) {
     const std::shared_ptr<recordset::Driver> driver = connection.driver().lock();
     if (missingTables(*driver).empty()) {
         return false;
     }
-    recordset::Transaction transaction(connection);
+    Transaction transaction(connection);
     // Another program may have created them before the transaction began.
     const std::vector<Table> missing = missingTables(*driver);
     for (const Table &table : missing) {

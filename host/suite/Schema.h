@@ -12,6 +12,6 @@ namespace kvex::host {
 /// has one of the six names but lacks a column. Fails with the provider's number when the database
 /// refuses. After a failure the database is as it was. MariaDB is the exception, because it cannot
 /// undo the creation of a table: there the new tables stay, and a second call creates the rest.
-bool createSchema(const recordset::ClientConnection &connection);
+bool createSchema(recordset::ClientConnection &connection);
 
 } // namespace kvex::host

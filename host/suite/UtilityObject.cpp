@@ -24,14 +24,31 @@ HRESULT give(const std::u16string &text, BSTR *target) noexcept {
     });
 }
 
+std::u16string headlineOf(HelpContext context) {
+    switch (context) {
+    case HelpContext::ruleReadInPart:
+        return u"Not all of this rule could be read.";
+    case HelpContext::listEndsEarly:
+        return u"Not everything is listed.";
+    case HelpContext::ruleNotStored:
+    case HelpContext::orderNotStored:
+        return u"OK ended with an error.";
+    default:
+        return u"The database reported an error.";
+    }
+}
+
+/// The component meets these errors each time it reads the same again, so one message is enough.
+bool isToldOnce(HelpContext context) {
+    return context == HelpContext::ruleReadInPart || context == HelpContext::listEndsEarly;
+}
+
 std::u16string userText(const Error &error) {
     const std::filesystem::path &file = suiteState().log.lastFile();
-    std::u16string text =
-        u"The database reported an error.\r\n\r\n" +
-        withoutPasswords(withAdvice(error, Place::rulesWindows)) +
-        u"\r\n\r\nWhat was stored before this error stays stored; nothing after it was.";
+    std::u16string text = headlineOf(error.helpContext());
+    text.append(u"\r\n\r\n").append(withoutPasswords(withAdvice(error, Place::rulesWindows)));
     if (!file.empty()) {
-        text += u" The error is logged in " + fromUtf8(file.string()) + u".";
+        text += u"\r\n\r\nThe error is logged in " + fromUtf8(file.string()) + u".";
     }
     return text;
 }
@@ -88,6 +105,9 @@ HRESULT UtilityObject::ShowMessageBox(BSTR text, LONG style, LONG *result) noexc
 }
 
 void UtilityObject::tellUser(const Error &error) {
+    if (isToldOnce(error.helpContext()) && !told_.insert(error.description()).second) {
+        return;
+    }
     const std::u16string text = userText(error);
     try {
         showMessage(text, message_box::exclamation);

@@ -6,12 +6,13 @@
 #include "platform/HostSuite.h"
 
 #include <cstdint>
+#include <set>
 #include <string>
 
 namespace kvex::host {
 
 /// Works on suiteState(). It logs every error. An error that concerns the user is also shown, with
-/// advice.
+/// advice. What could only not be read is shown once by each object.
 class UtilityObject : public ComObject<IUtility> {
 public:
     HRESULT GetConnectionString(BSTR *connectionString) noexcept final;
@@ -32,6 +33,9 @@ private:
     virtual std::int32_t showMessage(const std::u16string &text, std::int32_t style) = 0;
     /// Shows a logged error to the user. If that fails, writes it to standard error.
     virtual void tellUser(const Error &error);
+
+    /// The descriptions that were shown and are shown once.
+    std::set<std::u16string> told_;
 };
 
 } // namespace kvex::host

@@ -95,4 +95,27 @@ TEST_F(SimultaneousChange, IsStoredOnceAndTheOtherUserGetsAMessage) {
     cluster.node(0).run("mysql", "SET GLOBAL wsrep_retry_autocommit = DEFAULT");
 }
 
+TEST_F(SimultaneousChange, AnOrderThatIsRefusedAtItsEndLeavesTheOldOneAndIsStoredAgain) {
+    addThree(10, 10);
+    recordset::ClientConnection other({odbc::provider()});
+    static_cast<Connection &>(other).open(theirs.utility.connectionString);
+    mine.inRulesWindow([&](User &user) {
+        // Between the last change and the commit, another node commits a change of the same rule.
+        watched.interruptAfter(4, [&] {
+            const std::u16string change = u"UPDATE SMS_RULES SET ACTIVE = 0 WHERE Name = 'B'";
+            EXPECT_EQ(other.driver().lock()->execute({change, {}}), 1);
+        });
+        user.click(u"cmdOK");
+        EXPECT_TRUE(user.isOpen());
+        ASSERT_EQ(mine.utility.log.size(), 1U);
+        EXPECT_TRUE(mine.utility.log.front().description.ends_with(u" The old order is stored."));
+        mine.expectTold({orderFailed}, odbc::refusal::timeout, u"(Deadlock found");
+        EXPECT_EQ(priorities(), (Texts{u"10", u"20", u"30"}));
+        user.click(u"cmdOK");
+        EXPECT_FALSE(user.isOpen());
+    });
+    EXPECT_EQ(priorities(), (Texts{u"1", u"2", u"3"}));
+    EXPECT_EQ(stored(u"ACTIVE", u"B"), u"0");
+}
+
 } // namespace kvex::test

@@ -12,6 +12,11 @@ void moveUp(User &user, int row, int places) {
     }
 }
 
+/// The text of the message that is shown.
+std::u16string shownText(const Editor &editor) {
+    return editor.utility.messages.empty() ? u"" : editor.utility.messages.back().text;
+}
+
 } // namespace
 
 TEST_P(Editors, TheSecondOfTwoOrdersStopsWhereTheFirstHasChangedAPriority) {
@@ -28,11 +33,16 @@ TEST_P(Editors, TheSecondOfTwoOrdersStopsWhereTheFirstHasChangedAPriority) {
         EXPECT_EQ(priorities(), (Texts{u"2", u"1", u"3"}));
         for (int attempt = 1; attempt <= 2; ++attempt) {
             user.click(u"cmdOK");
+            // The second attempt finds C stored, and stores nothing itself.
+            EXPECT_NE(shownText(mine).find(attempt == 1 ? u"The first rule of the list has its "
+                                                          u"new number"
+                                                        : u"The old order is stored"),
+                      std::u16string::npos);
             mine.expectTold({orderFailed}, rowChangedByAnother,
                             u"The change of record ID " + idOf(u"A") + u" was not stored. ");
             EXPECT_TRUE(user.isOpen());
             EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"C", u"A", u"B"}));
-            // The changes before A stay stored, and the other user's changes are intact.
+            // The change before A is stored, and the other user's changes are intact.
             EXPECT_EQ(priorities(), (Texts{u"2", u"1", u"1"}));
         }
         user.click(u"cmdCancel");
@@ -41,13 +51,14 @@ TEST_P(Editors, TheSecondOfTwoOrdersStopsWhereTheFirstHasChangedAPriority) {
     EXPECT_EQ(stored(u"PRIORITY", u"A"), u"3");
 }
 
-TEST_P(Editors, AUserWhoseOrderStopsLearnsThatTheFirstPartStaysStored) {
+TEST_P(Editors, AUserWhoseOrderStopsLearnsWhichPartIsStored) {
     addThree(10, 10);
     mine.inRulesWindow([this](User &user) {
         run(u"UPDATE SMS_RULES SET PRIORITY = 5 WHERE Name = 'C'");
         user.click(u"cmdOK");
         mine.expectTold({orderFailed}, rowChangedByAnother,
-                        u"What was stored before this error stays stored; nothing after it was.");
+                        u"The first 2 rules of the list have their new number; the others keep "
+                        u"their old one.");
         EXPECT_EQ(priorities(), (Texts{u"1", u"2", u"5"}));
         user.click(u"cmdCancel");
     });

@@ -7,6 +7,7 @@ namespace {
 using recordset::connectionLost;
 
 constexpr std::u16string_view broke = u"The connection to the server broke.";
+constexpr std::u16string_view no = u"The server refused.";
 
 } // namespace
 
@@ -99,12 +100,15 @@ TEST_P(Editors, AServerLostAfterTheWriteGivesAMessageThatTheRuleIsStored) {
             }
             user.click(u"cmdCancel");
         });
-        // The list cannot show a new rule whose defaults are unknown; only the log tells that.
-        const Texts logged = rule.empty() ? Texts{u"KVEXMessageRules: Error occured. Sub: "
-                                                  u"ListRules, Module: frmRules"}
-                                          : Texts{};
-        EXPECT_EQ(mine.utility.logTexts(), logged);
-        mine.utility.log.clear();
+        // The list cannot show a new rule whose defaults are unknown.
+        if (rule.empty()) {
+            mine.expectTold({u"Sub: ListRules, Module: frmRules"}, error_number::invalidUseOfNull,
+                            u"Only 1 of 2 rules could be read: the list ends before the rule with "
+                            u"the ID " +
+                                idOf(name));
+        } else {
+            mine.expectNothingTold();
+        }
         watched.comeBack();
     }
     EXPECT_EQ(idOf(u"Changed"), id);
@@ -172,37 +176,112 @@ TEST_P(Editors, WithoutAServerARemovalGivesAMessageAndKeepsTheRow) {
     EXPECT_EQ(ruleCount(), u"3");
 }
 
-TEST_P(Editors, AnOrderCutOffInTheMiddleGivesAMessageAndANewSessionFinishesIt) {
+TEST_P(Editors, AnOrderThatIsCutOffAnywhereLeavesTheOldOneAndIsFinishedInANewSession) {
+    // Before the transaction, and before each of its three rules.
+    for (int calls = 0; calls <= 3; ++calls) {
+        run(u"DELETE FROM SMS_RULES");
+        addThree(10, 10);
+        mine.inRulesWindow([&](User &user) {
+            watched.loseAfter(calls);
+            for (int attempt = 1; attempt <= 2; ++attempt) {
+                user.click(u"cmdOK");
+                mine.expectTold({orderFailed}, connectionLost,
+                                std::u16string(broke) + u" The old order is stored.");
+                EXPECT_TRUE(user.isOpen());
+                EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"B", u"C"}));
+                EXPECT_EQ(priorities(), (Texts{u"10", u"20", u"30"}));
+            }
+            user.click(u"cmdCancel");
+        });
+        watched.comeBack();
+        mine.inRulesWindow([](User &user) { user.click(u"cmdOK"); });
+        EXPECT_EQ(priorities(), (Texts{u"1", u"2", u"3"}));
+    }
+}
+
+TEST_P(Editors, AnOrderThatIsCutOffAtItsEndIsNotKnownToBeStored) {
     addThree(10, 10);
     mine.inRulesWindow([this](User &user) {
-        watched.loseAfter(2);
-        for (int attempt = 1; attempt <= 2; ++attempt) {
-            user.click(u"cmdOK");
-            mine.expectTold({orderFailed}, connectionLost,
-                            u"The change of record ID " + idOf(u"C") + u" was not stored");
-            EXPECT_TRUE(user.isOpen());
-            EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"B", u"C"}));
-            EXPECT_EQ(priorities(), (Texts{u"1", u"2", u"30"}));
-        }
+        watched.loseAfter(4);
+        user.click(u"cmdOK");
+        mine.expectTold({orderFailed}, connectionLost,
+                        std::u16string(broke) + u" Either the old order is stored or the new one, "
+                                                u"and nothing in between.");
+        EXPECT_TRUE(user.isOpen());
         user.click(u"cmdCancel");
     });
     watched.comeBack();
-    mine.inRulesWindow([](User &user) { user.click(u"cmdOK"); });
-    EXPECT_EQ(priorities(), (Texts{u"1", u"2", u"3"}));
+    EXPECT_EQ(priorities(), (Texts{u"10", u"20", u"30"}));
+}
+
+TEST_P(Editors, AnOrderWhoseTransactionIsRefusedLeavesTheOldOneAndIsStoredByTheNextOk) {
+    // At its beginning, and at its end.
+    for (const int calls : {0, 4}) {
+        run(u"DELETE FROM SMS_RULES");
+        addThree(10, 10);
+        mine.inRulesWindow([&](User &user) {
+            watched.refuseAfter(calls, -5);
+            user.click(u"cmdOK");
+            mine.expectTold({orderFailed}, -5, std::u16string(no) + u" The old order is stored.");
+            EXPECT_TRUE(user.isOpen());
+            EXPECT_EQ(priorities(), (Texts{u"10", u"20", u"30"}));
+            static_cast<void>(watched.takeCalls());
+            user.click(u"cmdOK");
+            EXPECT_EQ(watched.takeCalls(), (DriverCalls{.executes = 3, .transactions = 2}));
+        });
+        EXPECT_EQ(priorities(), (Texts{u"1", u"2", u"3"}));
+    }
+}
+
+TEST_P(Editors, AnOrderOfWhichTheFirstRuleWasRefusedLeavesTheOldOne) {
+    addThree(10, 10);
+    mine.inRulesWindow([this](User &user) {
+        watched.refuseAfter(1, -5);
+        user.click(u"cmdOK");
+        mine.expectTold({orderFailed}, -5,
+                        u"The change of record ID " + idOf(u"A") + u" was not stored. " +
+                            std::u16string(no) + u" The old order is stored.");
+        EXPECT_EQ(priorities(), (Texts{u"10", u"20", u"30"}));
+        user.click(u"cmdCancel");
+    });
 }
 
 TEST_P(Editors, AnOrderWithOneRefusedRuleIsFinishedByTheNextOk) {
     addThree(10, 10);
     mine.inRulesWindow([this](User &user) {
-        watched.refuseAfter(2, -5);
-        user.click(u"cmdOK");
-        mine.expectTold({orderFailed}, -5, u"was not stored. The server refused.");
-        EXPECT_EQ(priorities(), (Texts{u"1", u"2", u"30"}));
+        watched.refuseAfter(3, -5);
         static_cast<void>(watched.takeCalls());
         user.click(u"cmdOK");
-        EXPECT_EQ(watched.takeCalls(), DriverCalls{.executes = 1});
+        // The rules before it are stored in a transaction of their own.
+        EXPECT_EQ(watched.takeCalls(), (DriverCalls{.executes = 5, .transactions = 3}));
+        mine.expectTold({orderFailed}, -5,
+                        u"The change of record ID " + idOf(u"C") + u" was not stored. " +
+                            std::u16string(no) +
+                            u" The first 2 rules of the list have their new number; the others "
+                            u"keep their old one.");
+        EXPECT_EQ(priorities(), (Texts{u"1", u"2", u"30"}));
+        user.click(u"cmdOK");
+        EXPECT_EQ(watched.takeCalls(), (DriverCalls{.executes = 1, .transactions = 2}));
     });
     EXPECT_EQ(priorities(), (Texts{u"1", u"2", u"3"}));
+}
+
+TEST_P(Editors, AnOrderThatIsRefusedAndThenCutOffLeavesTheOldOne) {
+    // While the rules before the refused one are stored: at the beginning, and before a rule.
+    for (const int calls : {4, 5}) {
+        run(u"DELETE FROM SMS_RULES");
+        addThree(10, 10);
+        mine.inRulesWindow([&](User &user) {
+            watched.refuseAfter(3, -5);
+            watched.loseAfter(calls);
+            user.click(u"cmdOK");
+            mine.expectTold({orderFailed}, connectionLost,
+                            std::u16string(broke) + u" The old order is stored.");
+            user.click(u"cmdCancel");
+        });
+        watched.comeBack();
+        EXPECT_EQ(priorities(), (Texts{u"10", u"20", u"30"}));
+    }
 }
 
 } // namespace kvex::test

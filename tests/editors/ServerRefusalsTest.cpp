@@ -154,7 +154,7 @@ TEST_P(ServerRefusals, WithoutAColumnThatOrdersTheRulesNoSessionBegins) {
     expectSessionWorks(owner());
 }
 
-TEST_P(ServerRefusals, WithoutAColumnThatTheListShowsTheLogNamesItAndOkStoresNothing) {
+TEST_P(ServerRefusals, WithoutAColumnThatTheListShowsTheUserIsToldOnceAndOkStoresNothing) {
     for (const std::string column : {"Name", "ACTIVE"}) {
         run("ALTER TABLE SMS_RULES RENAME COLUMN " + column + " TO AWAY");
         Editor user(odbc::provider(), owner());
@@ -167,9 +167,12 @@ TEST_P(ServerRefusals, WithoutAColumnThatTheListShowsTheLogNamesItAndOkStoresNot
         ASSERT_EQ(user.utility.log.size(), 2U);
         for (const LogEntry &entry : user.utility.log) {
             EXPECT_EQ(entry.number, error_number::itemNotFound);
-            EXPECT_EQ(entry.description, u"The query has no column " + fromUtf8(column) + u".");
+            EXPECT_EQ(entry.description, u"The query has no column " + fromUtf8(column) +
+                                             u". Only 0 of 3 rules could be read: the list ends "
+                                             u"before the rule with the ID 1.");
         }
         user.utility.log.clear();
+        EXPECT_EQ(std::exchange(user.utility.messages, {}).size(), 1U);
         user.expectPlayedWhole();
         run("ALTER TABLE SMS_RULES RENAME COLUMN AWAY TO " + column);
     }

@@ -64,8 +64,7 @@ TEST_F(SqliteFile, LockedByAnotherProgramIsNotWritten) {
     OtherProgram other(file());
     expectNoWay(
         user_, number(SQLITE_BUSY),
-        u"was not stored. The database " + fromUtf8(file().string()) +
-            u" is locked by another program",
+        u"The database " + fromUtf8(file().string()) + u" is locked by another program",
         [&] { other.run(u"BEGIN EXCLUSIVE"); }, [&] { other.run(u"ROLLBACK"); });
     EXPECT_EQ(stored(), unchanged);
     expectNewSessionWorks();

@@ -60,7 +60,7 @@ TEST_P(Editors, ARefusedSaveIsSentOnceAndItsRowReadToTellWhy) {
     });
 }
 
-TEST_P(Editors, ATickARemovalAndEachMovedRuleAreOneStatementEach) {
+TEST_P(Editors, ATickARemovalAndEachMovedRuleAreOneStatementEachAndAnOrderIsOneTransaction) {
     addThree();
     mine.inRulesWindow([this](User &user) {
         static_cast<void>(watched.takeCalls());
@@ -70,7 +70,7 @@ TEST_P(Editors, ATickARemovalAndEachMovedRuleAreOneStatementEach) {
         user.click(u"cmdMoveUp");
         EXPECT_EQ(watched.takeCalls(), DriverCalls{});
         user.click(u"cmdOK");
-        EXPECT_EQ(watched.takeCalls(), DriverCalls{.executes = 2});
+        EXPECT_EQ(watched.takeCalls(), (DriverCalls{.executes = 2, .transactions = 2}));
     });
     mine.inRulesWindow([this](User &user) {
         static_cast<void>(watched.takeCalls());

@@ -2,7 +2,8 @@
 #pragma once
 
 #include "adapters/odbc/Provider.h"
-#include "adapters/recordset/Transaction.h"
+#include "adapters/recordset/ClientConnection.h"
+#include "platform/Transaction.h"
 
 #include <optional>
 #include <string>
@@ -28,7 +29,7 @@ public:
 
 private:
     recordset::ClientConnection connection_{{odbc::provider()}};
-    std::optional<recordset::Transaction> transaction_;
+    std::optional<Transaction> transaction_;
 };
 
 } // namespace kvex::test

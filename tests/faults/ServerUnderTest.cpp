@@ -25,10 +25,12 @@ std::u16string addressOf(std::uint16_t port) {
 
 std::vector<ServerKindUnderTest> serversUnderTest() {
     return {{postgreSqlServer(), &shared<PostgreSqlServer>, "postgres",
-             "SELECT COUNT(*) FROM pg_stat_activity WHERE wait_event_type = 'Lock'"},
+             "SELECT COUNT(*) FROM pg_stat_activity WHERE wait_event_type = 'Lock'",
+             "SELECT COUNT(*) FROM pg_stat_activity WHERE backend_xid IS NOT NULL"},
             {mariaDbServer(), &shared<MariaDbServer>, "mysql",
              "SELECT VARIABLE_VALUE FROM information_schema.GLOBAL_STATUS WHERE VARIABLE_NAME = "
-             "'INNODB_ROW_LOCK_CURRENT_WAITS'"}};
+             "'INNODB_ROW_LOCK_CURRENT_WAITS'",
+             "SELECT COUNT(*) FROM information_schema.INNODB_TRX WHERE TRX_ROWS_MODIFIED > 0"}};
 }
 
 std::vector<WayToGo> waysToGo() {

@@ -26,6 +26,8 @@ struct ServerKindUnderTest {
     /// A database that always exists, and a query that counts the statements waiting for a lock.
     std::string ownDatabase;
     std::string waitingQuery;
+    /// A query that counts the transactions that have written.
+    std::string transactionsQuery;
 };
 
 /// PostgreSQL and MariaDB.

@@ -113,9 +113,8 @@ TEST_F(SqliteSchema, NoFolderIsCreated) {
 }
 
 TEST_F(SqliteSchema, AConnectionThatIsNotOpenIsRefused) {
-    EXPECT_EQ(
-        errorNumber([] { host::createSchema(recordset::ClientConnection{{sqlite::provider()}}); }),
-        error_number::objectClosed);
+    recordset::ClientConnection closed({sqlite::provider()});
+    EXPECT_EQ(errorNumber([&] { host::createSchema(closed); }), error_number::objectClosed);
 }
 
 TEST_F(SqliteSchema, ADatabaseThatMayNotBeWrittenIsLeftAsItIs) {

@@ -1,5 +1,6 @@
 #include "host/suite/UtilityObject.h"
 
+#include "host/suite/Advice.h"
 #include "host/suite/SuiteState.h"
 #include "platform/Text.h"
 #include "platform/controls/Toolkit.h"
@@ -89,13 +90,11 @@ TEST_F(Utility, ShowsAnErrorOfTheDatabaseAsWell) {
     ASSERT_EQ(utility->shown.size(), 1U);
     EXPECT_EQ(utility->shown[0].style, message_box::exclamation);
     const std::string told = toUtf8(utility->shown[0].text);
-    EXPECT_EQ(
-        told,
-        "The database reported an error.\r\n\r\nThe change was not stored. Another user was "
-        "first. To change what is stored now, open the rules again and repeat the "
-        "change.\r\n\r\nWhat was stored before this error stays stored; nothing after it was. "
-        "The error is logged in " +
-            file.string() + ".");
+    EXPECT_EQ(told,
+              "The database reported an error.\r\n\r\nThe change was not stored. Another user was "
+              "first. To change what is stored now, open the rules again and repeat the "
+              "change.\r\n\r\nThe error is logged in " +
+                  file.string() + ".");
 }
 
 TEST_F(Utility, ShowsAnErrorOfTheRuntimeThatConcernsTheUser) {
@@ -105,6 +104,34 @@ TEST_F(Utility, ShowsAnErrorOfTheRuntimeThatConcernsTheUser) {
     EXPECT_THAT(toUtf8(utility->shown[0].text),
                 HasSubstr("The table has no key. Make the column ID the primary key"));
     EXPECT_THAT(readFile(file), testing::EndsWith("\tThe table has no key.\n"));
+}
+
+TEST_F(Utility, TellsEachTimeWhatIsNotStoredAndOnceWhatIsNotRead) {
+    struct Meaning {
+        HelpContext context;
+        const char16_t *headline;
+        bool once;
+    };
+    for (const Meaning &meaning :
+         {Meaning{HelpContext::ruleReadInPart, u"Not all of this rule could be read.", true},
+          Meaning{HelpContext::listEndsEarly, u"Not everything is listed.", true},
+          Meaning{HelpContext::ruleNotStored, u"OK ended with an error.", false},
+          Meaning{HelpContext::orderNotStored, u"OK ended with an error.", false},
+          Meaning{HelpContext::locked, u"The database reported an error.", false}}) {
+        context = meaning.context;
+        logError(5, u"Invalid call.");
+        ASSERT_EQ(utility->shown.size(), 1U);
+        const std::u16string advice = adviceFor(context, Place::rulesWindows);
+        EXPECT_NE(advice, u"");
+        EXPECT_EQ(utility->shown[0].text,
+                  std::u16string(meaning.headline) + u"\r\n\r\nInvalid call. " + advice +
+                      u"\r\n\r\nThe error is logged in " + fromUtf8(file.string()) + u".");
+        logError(5, u"Invalid call.");
+        EXPECT_EQ(utility->shown.size(), meaning.once ? 1U : 2U);
+        logError(5, u"Another call.");
+        EXPECT_EQ(utility->shown.size(), meaning.once ? 2U : 3U);
+        utility = makeComObject<ToldUtility>();
+    }
 }
 
 TEST_F(Utility, KeepsTheFirstAndTheLastError) {
@@ -124,7 +151,7 @@ TEST_F(Utility, NamesNoLogThatCouldNotBeWritten) {
     logError(-1, u"refused");
     static_cast<void>(testing::internal::GetCapturedStderr());
     ASSERT_EQ(utility->shown.size(), 1U);
-    EXPECT_THAT(toUtf8(utility->shown[0].text), testing::EndsWith("nothing after it was."));
+    EXPECT_THAT(toUtf8(utility->shown[0].text), testing::EndsWith("refused"));
 }
 
 TEST_F(Utility, DoesNotShowAnErrorWhoseFlagIsFalse) {

@@ -77,6 +77,8 @@ TEST(ConnectionText, PostgreSqlKeepsLineBreaksAndNeverWaitsForADeadServer) {
     EXPECT_THAT(text, HasSubstr("connect_timeout=9 tcp_user_timeout=8500 keepalives_idle=3 "
                                 "keepalives_interval=3 keepalives_count=2 "));
     EXPECT_THAT(text, HasSubstr("lock_timeout=6s"));
+    EXPECT_THAT(text, HasSubstr("idle_in_transaction_session_timeout=9s"));
+    EXPECT_THAT(text, HasSubstr("Protocol=7.4-0;"));
 }
 
 TEST(ConnectionText, MariaDbCountsFoundRowsInUtf8AndRefusesWhatDoesNotFit) {
@@ -85,6 +87,7 @@ TEST(ConnectionText, MariaDbCountsFoundRowsInUtf8AndRefusesWhatDoesNotFit) {
     EXPECT_THAT(text, HasSubstr("OPTION=2;"));
     EXPECT_THAT(text, HasSubstr("READ_TIMEOUT=15;"));
     EXPECT_THAT(text, HasSubstr("STRICT_ALL_TABLES"));
+    EXPECT_THAT(text, HasSubstr("/*M!100300 ,idle_write_transaction_timeout=15*/"));
 }
 
 TEST(ConnectionText, MySqlsDriverHasItsOwnNamesForTimeouts) {

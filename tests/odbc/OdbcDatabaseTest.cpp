@@ -3,10 +3,10 @@
 #include "adapters/odbc/Provider.h"
 #include "adapters/recordset/ClientConnection.h"
 #include "adapters/recordset/ClientRecordset.h"
-#include "adapters/recordset/Transaction.h"
 #include "host/suite/Schema.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
+#include "platform/Transaction.h"
 #include "tests/databases/ServerFixture.h"
 #include "tests/servers/FreePort.h"
 #include "tests/servers/MariaDbServer.h"
@@ -144,14 +144,14 @@ TEST_P(OdbcDatabase, AStatementOfAnUndoneTransactionRunsAgain) {
         rules.resyncCurrent();
     };
     {
-        const recordset::Transaction undone(client);
+        const Transaction undone(client);
         rename(u"undone");
     }
     EXPECT_EQ(database->valueOf(u"SELECT Name FROM SMS_RULES"), u"rule");
     rules.resyncCurrent();
     rename(u"kept");
     EXPECT_EQ(database->valueOf(u"SELECT Name FROM SMS_RULES"), u"kept");
-    recordset::Transaction committed(client);
+    Transaction committed(client);
     rename(u"committed");
     committed.commit();
     EXPECT_EQ(database->valueOf(u"SELECT Name FROM SMS_RULES"), u"committed");

@@ -126,12 +126,16 @@ TEST_F(Show, ReportsAndLogsARuleThatCannotBeReadWhole) {
     EXPECT_THAT(outcome.output, EndsWith("\n" + everything));
     EXPECT_THAT(outcome.errors,
                 AllOf(HasSubstr("Not all of rule 6 could be read. Invalid procedure call or "
-                                "argument. The log is " +
+                                "argument. Parts of the rule with the ID 6, \"No services\", could "
+                                "not be read. The log is " +
                                 log.string() + ".\n"),
                       Not(HasSubstr("rule 7"))));
-    EXPECT_THAT(readFile(log), MatchesRegex("[-0-9]+T[0-9:]+[-+][0-9:]+\tKVEXMessageRules: Error "
-                                            "occured. Sub: LoadRuleFromDB, Module: General\t5\t"
-                                            "[^\t\n]*\tInvalid procedure call or argument\n"));
+    EXPECT_THAT(readFile(log),
+                MatchesRegex("[-0-9]+T[0-9:]+[-+][0-9:]+\tKVEXMessageRules: Error "
+                             "occured. Sub: LoadRuleFromDB, Module: General\t5\t"
+                             "[^\t\n]*\tInvalid procedure call or argument. Parts of "
+                             "the rule with the ID 6, \"No services\", could not be "
+                             "read.\n"));
 }
 
 TEST_F(Show, SaysWhatOkWouldLoseOfARuleThatCannotBeLoaded) {

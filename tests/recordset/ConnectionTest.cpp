@@ -76,6 +76,9 @@ public:
               std::u16string_view /*password*/, std::int32_t /*options*/) override {}
     [[nodiscard]] ObjectState state() const override { return ObjectState::open; }
     void close() override {}
+    void beginTransaction() override {}
+    void commitTransaction() override {}
+    void rollbackTransaction() noexcept override {}
 };
 
 } // namespace

@@ -1,5 +1,5 @@
 // What a record set sends to its database, and what it says when the database refuses.
-#include "adapters/recordset/Transaction.h"
+#include "platform/Transaction.h"
 #include "tests/recordset/ScriptedSession.h"
 #include "tests/support/RaisedError.h"
 
@@ -317,19 +317,19 @@ TEST_F(SentStatements, AWriteThatFindsNoRowReadsItAgainToTellWhy) {
 TEST_F(SentStatements, ATransactionIsBegunAndStoredOrUndoneOnce) {
     recordset::ClientConnection &connection = session().connection();
     {
-        recordset::Transaction stored(connection);
+        Transaction stored(connection);
         stored.commit();
     }
     EXPECT_EQ(sent(), (Sent{u"begin", u"commit"}));
     script().sent.clear();
     {
-        recordset::Transaction refusedOne(connection);
+        Transaction refusedOne(connection);
         refuse();
         EXPECT_EQ(errorNumber([&] { refusedOne.commit(); }), refused);
     }
     EXPECT_EQ(sent(), (Sent{u"begin", u"commit", u"rollback"}));
     script().sent.clear();
-    EXPECT_EQ(errorNumber([&] { recordset::Transaction{connection}; }), refused);
+    EXPECT_EQ(errorNumber([&] { Transaction{connection}; }), refused);
     EXPECT_EQ(sent(), Sent{u"begin"});
 }
 

@@ -104,6 +104,9 @@ public:
         make("close");
         state_ = ObjectState::closed;
     }
+    void beginTransaction() override { make("beginTransaction"); }
+    void commitTransaction() override { make("commitTransaction"); }
+    void rollbackTransaction() noexcept override { make("rollbackTransaction"); }
 
 private:
     ObjectState state_ = ObjectState::closed;

@@ -8,6 +8,7 @@
 #include "rules/RuleState.h"
 #include "ui/EntryList.h"
 #include "ui/ListColumns.h"
+#include "ui/ListFilling.h"
 
 namespace kvex {
 namespace {
@@ -96,10 +97,10 @@ void frmRuleDistribute::Form_Load() {
 
         const std::u16string &stored = ruleState().strDistribution;
         if (!stored.empty()) {
-            for (const std::u16string_view part : split(stored, u';')) {
-                const std::int32_t id = toInt32(part);
+            forEachEntry(stored, u"selected users", [&](std::u16string_view entry) {
+                const std::int32_t id = toInt32(entry);
                 addUser(lvwUsersSelected, GetUserName(id), toText(std::int64_t{id}));
-            }
+            });
             enableButtons(true);
         }
 
@@ -118,12 +119,13 @@ void frmRuleDistribute::Form_Load() {
 /// is left out.
 void frmRuleDistribute::listUsers() {
     Recordset &rsUsers = *session().rsUsers;
-    for (rsUsers.moveFirst(); !rsUsers.eof(); rsUsers.moveNext()) {
+    rsUsers.moveFirst();
+    forEachRecord(rsUsers, u"user", u"users", [&] {
         const ValueView name = rsUsers.field(u"NAME");
         if (!name.isNull() && name.text() != u"SYSTEM") {
             addUser(lvwUsersSource, name.text(), rsUsers.field(u"ID").text());
         }
-    }
+    });
 }
 
 void frmRuleDistribute::enableButtons(bool enabled) {

@@ -8,6 +8,7 @@
 #include "rules/RuleState.h"
 #include "ui/Accounts.h"
 #include "ui/ListColumns.h"
+#include "ui/ListFilling.h"
 #include "ui/conditions/frmRuleOptions.h"
 
 namespace kvex {
@@ -97,10 +98,10 @@ void frmRuleAccount::Form_Load() {
         if (ruleState().varAccounts.empty()) {
             return;
         }
-        for (const std::u16string_view id : split(ruleState().varAccounts, u';')) {
+        forEachEntry(ruleState().varAccounts, u"selected accounts", [&](std::u16string_view id) {
             const int row = accounts_.add(GetAccountName(toInt32(id)));
             lvwAccountSelected.setSubItem(row, idItem, std::u16string(id));
-        }
+        });
         accounts_.finishAdding();
     });
 }

@@ -44,6 +44,7 @@ private:
     void editSelectedPart(const ListView &list, std::span<const RulePart> parts);
     void describeRule();
 
+    void saveIfComplete();
     /// Whether the rule can be saved. If it cannot, it shows a message that says what is missing.
     [[nodiscard]] bool confirmComplete();
     [[nodiscard]] bool isNameTaken() const;

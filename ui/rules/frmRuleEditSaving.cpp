@@ -40,27 +40,32 @@ bool confirmValues(const ListView &list, std::span<const RulePart> parts) {
 
 void frmRuleEdit::cmdOK_Click() {
     trapErrors(u"cmdOK_Click", u"frmRuleEdit", [&] {
-        if (!confirmComplete()) {
-            return;
-        }
-        if (isNameTaken()) {
-            warn(u"A Rule already exists in this name, please select a different name.",
-                 &txtRuleName);
-            return;
-        }
-        const std::u16string queryParam = buildQueryParam(ruleState());
-        const std::u16string actionParam = buildActionParam(ruleState());
-        if (queryParam.size() > longestQueryParam) {
-            warn(u"Length of Condition parameter cannot exceed 5000 characters.", &rtRuleDesc);
-            return;
-        }
-        if (actionParam.size() > longestActionParam) {
-            warn(u"Length of Action parameter cannot exceed 2500 characters.", &rtRuleDesc);
-            return;
-        }
-        saveRule(queryParam, actionParam);
-        Unload();
+        explainErrors(
+            HelpContext::ruleNotStored, [&] { saveIfComplete(); },
+            [&] { return u"The rule " + quotedRuleName(typedName()) + u" was not stored."; });
     });
+}
+
+void frmRuleEdit::saveIfComplete() {
+    if (!confirmComplete()) {
+        return;
+    }
+    if (isNameTaken()) {
+        warn(u"A Rule already exists in this name, please select a different name.", &txtRuleName);
+        return;
+    }
+    const std::u16string queryParam = buildQueryParam(ruleState());
+    const std::u16string actionParam = buildActionParam(ruleState());
+    if (queryParam.size() > longestQueryParam) {
+        warn(u"Length of Condition parameter cannot exceed 5000 characters.", &rtRuleDesc);
+        return;
+    }
+    if (actionParam.size() > longestActionParam) {
+        warn(u"Length of Action parameter cannot exceed 2500 characters.", &rtRuleDesc);
+        return;
+    }
+    saveRule(queryParam, actionParam);
+    Unload();
 }
 
 bool frmRuleEdit::confirmComplete() {
@@ -108,14 +113,19 @@ void frmRuleEdit::saveRule(const std::u16string &queryParam, const std::u16strin
     rsRules.setField(u"QueryParam", std::u16string(trimmed(queryParam)));
     rsRules.setField(u"ActionParam", std::u16string(trimmed(actionParam)));
     rsRules.update();
-    try {
-        rsRules.resyncCurrent();
-    } catch (...) {
-        // The rule is stored. The next OK must change this rule and not add a second one.
-        RuleID = rsRules.field(u"ID").text();
-        loadedName_ = typedName();
-        throw;
-    }
+    explainErrors(
+        HelpContext::ruleNotStored,
+        [&] {
+            try {
+                rsRules.resyncCurrent();
+            } catch (...) {
+                // The rule is stored. The next OK must change this rule and not add a second one.
+                RuleID = rsRules.field(u"ID").text();
+                loadedName_ = typedName();
+                throw;
+            }
+        },
+        [] { return std::u16string(u"The rule is stored, but could not be read again."); });
 }
 
 } // namespace kvex

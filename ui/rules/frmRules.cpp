@@ -8,6 +8,7 @@
 #include "rules/RuleDescription.h"
 #include "rules/RuleState.h"
 #include "ui/ListColumns.h"
+#include "ui/ListFilling.h"
 #include "ui/rules/frmRuleEdit.h"
 
 namespace kvex {
@@ -123,10 +124,8 @@ void frmRules::ListRules() {
         // The sort key is set before the loop, because a rule that cannot be listed ends the loop.
         // Sorting is still off, so rules with equal priorities keep the order of the record set.
         lvwRules.setSortKey(sortItem);
-        for (int position = 1; !rsRules.eof(); ++position) {
-            addListedRule(position);
-            rsRules.moveNext();
-        }
+        int position = 0;
+        forEachRecord(rsRules, u"rule", u"rules", [&] { addListedRule(++position); });
         lvwRules.setSorted(true);
         lvwRules.setColumnIcon(1, 1);
 
@@ -160,8 +159,8 @@ std::u16string frmRules::ruleIdOf(int row) const {
 
 /// Loads the rule of the row as this thread's rule and describes it. The check box of the row says
 /// whether the rule is active.
-void frmRules::loadRuleOf(int row) {
-    LoadRuleFromDB(ruleIdOf(row));
+void frmRules::loadRuleOf(int row, HelpContext ofErrors) {
+    LoadRuleFromDB(ruleIdOf(row), ofErrors);
     ruleState().intRuleActive = lvwRules.checked(row) ? 1 : 0;
     BuildRuleDescription(rtRuleDesc);
 }
@@ -196,7 +195,7 @@ void frmRules::cmdModify_Click() {
         if (row == 0) {
             return;
         }
-        loadRuleOf(row);
+        loadRuleOf(row, HelpContext::ruleReadInPart);
         const std::u16string id = ruleIdOf(row);
         openEditor(id);
         Recordset &rsRules = *session().rsRules;
@@ -269,12 +268,7 @@ void frmRules::moveSelectedRule(int step) {
 void frmRules::cmdOK_Click() {
     trapErrors(u"cmdOK_Click", module, [&] {
         if (session().blnHasRules) {
-            Recordset &rsRules = *session().rsRules;
-            for (int row = 1; row <= lvwRules.rowCount(); ++row) {
-                findRecordById(rsRules, ruleIdOf(row));
-                rsRules.setField(u"PRIORITY", std::int64_t{row});
-                rsRules.update();
-            }
+            storeOrder(lvwRules.rowCount());
         }
         LastButtonPressed = u"OK";
         Unload();

@@ -1,6 +1,7 @@
 // The rules window: lists, switches, orders and removes the rules, and opens the rule editor.
 #pragma once
 
+#include "platform/Error.h"
 #include "platform/controls/Buttons.h"
 #include "platform/controls/ListView.h"
 #include "platform/controls/RichTextBox.h"
@@ -33,8 +34,9 @@ private:
 
     void addListedRule(int position);
     [[nodiscard]] std::u16string ruleIdOf(int row) const;
-    void loadRuleOf(int row);
+    void loadRuleOf(int row, HelpContext ofErrors = HelpContext::none);
     void moveSelectedRule(int step);
+    void storeOrder(int last);
 
     ListView &lvwRules;
     RichTextBox &rtRuleDesc;
