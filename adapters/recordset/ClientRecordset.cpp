@@ -160,7 +160,7 @@ void ClientRecordset::setField(std::u16string_view name, const Value &value) {
 
 void ClientRecordset::requireWritable() {
     Opened &open = opened();
-    static_cast<void>(open.writable(*open.connected()));
+    static_cast<void>(open.writable(open.connected()->driver()));
 }
 
 void ClientRecordset::addNew() {
