@@ -107,8 +107,12 @@ class ListNode(Node):
         return wait_for(f"the row {name!r} in {self}",
                         lambda: next((row for row in self.rows() if row.name == name), None))
 
+    def selected_row(self):
+        return next((row for row in self.rows() if row.has(State.SELECTED)), None)
+
     def selected_name(self):
-        return next((row.name for row in self.rows() if row.has(State.SELECTED)), None)
+        row = self.selected_row()
+        return row.name if row else None
 
     def go_to(self, name):
         """Selects a row by keys; the list must have the focus."""

@@ -11,6 +11,7 @@ from accessibility import State
 from desktop import Desktop
 from kvexrules import KvexRules, ProgramTest, initialise
 from names import ACTIONS, NAME, RULES
+from server import Server
 from whole_rule import Composer, whole_action, whole_query
 
 PROGRAM = Path(os.environ["KVEXRULES"])
@@ -20,26 +21,6 @@ DESKTOP = Desktop()
 
 def setUpModule():  # pylint: disable=invalid-name
     unittest.enterModuleContext(DESKTOP)
-
-
-class Server:
-    """A database server for one test, with an empty database."""
-
-    def __init__(self, kind):
-        self.process = subprocess.Popen([SERVE, kind], text=True, encoding="utf-8",
-                                        stdin=subprocess.PIPE, stdout=subprocess.PIPE)
-        self.connection = self.process.stdout.readline().strip()
-
-    def rows(self, statement):
-        """Each row as text, its columns joined by "|"."""
-        print(statement, file=self.process.stdin, flush=True)
-        count = int(self.process.stdout.readline())
-        return [self.process.stdout.readline().rstrip("\n") for _ in range(count)]
-
-    def stop(self):
-        self.process.stdin.close()
-        self.process.wait()
-        self.process.stdout.close()
 
 
 class File:
@@ -71,7 +52,7 @@ def data_source(connection, folder):
 
 class Servers(ProgramTest):
     def serve(self, kind):
-        server = Server(kind)
+        server = Server(SERVE, kind)
         self.addCleanup(server.stop)
         return server
 
