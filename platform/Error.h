@@ -74,6 +74,7 @@ enum class HelpContext : std::int32_t {
     listEndsEarly = 71,
     ruleNotStored = 72,
     orderNotStored = 73,
+    ruleNotRemoved = 74,
 };
 
 /// A run-time error, with the texts that the error log shows.

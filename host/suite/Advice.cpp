@@ -59,6 +59,7 @@ std::u16string adviceFor(HelpContext context, Place place) {
         return u"Wait until the other program has finished, then try again.";
     case HelpContext::lockedOrCutOff:
     case HelpContext::failed:
+    case HelpContext::ruleNotRemoved:
         return u"Try again. If that does not help, " + anew;
     case HelpContext::noAnswer:
         return u"Try again, or allow more time with Connect Timeout=SECONDS in the connection "

@@ -33,6 +33,8 @@ std::u16string headlineOf(HelpContext context) {
     case HelpContext::ruleNotStored:
     case HelpContext::orderNotStored:
         return u"OK ended with an error.";
+    case HelpContext::ruleNotRemoved:
+        return u"Remove ended with an error.";
     default:
         return u"The database reported an error.";
     }

@@ -287,6 +287,23 @@ TEST_F(ToldErrors, AnOrderThatEndsInItsTrapIsToldWithWhatIsStored) {
     EXPECT_EQ(priorities(), (Texts{u"1", u"NONE", u"30"}));
 }
 
+TEST_F(ToldErrors, ARemovalThatEndsInItsTrapIsToldEachTime) {
+    addThree();
+    mine.inRulesWindow([this](User &user) {
+        takeRecordAway(idOf(u"B"));
+        for (int attempt = 1; attempt <= 2; ++attempt) {
+            confirmRemoval(mine, user, 2);
+            EXPECT_EQ(mine.utility.messages.front().style, message_box::yesNo);
+            mine.utility.messages.erase(mine.utility.messages.begin());
+            expectTold({loadFailed, removalFailed},
+                       Error(error_number::noCurrentRecord).description() +
+                           u" The rule \"B\" was not removed.");
+            EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"B", u"C"}));
+        }
+        user.click(u"cmdCancel");
+    });
+}
+
 TEST_F(ToldErrors, WhatNobodyWaitsForIsOnlyLogged) {
     addThree();
     run(u"UPDATE SMS_RULES SET ActionParam = '<REPLY>Hi;x</REPLY>' WHERE Name = 'B'");

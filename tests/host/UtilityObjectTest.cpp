@@ -117,6 +117,7 @@ TEST_F(Utility, TellsEachTimeWhatIsNotStoredAndOnceWhatIsNotRead) {
           Meaning{HelpContext::listEndsEarly, u"Not everything is listed.", true},
           Meaning{HelpContext::ruleNotStored, u"OK ended with an error.", false},
           Meaning{HelpContext::orderNotStored, u"OK ended with an error.", false},
+          Meaning{HelpContext::ruleNotRemoved, u"Remove ended with an error.", false},
           Meaning{HelpContext::locked, u"The database reported an error.", false}}) {
         context = meaning.context;
         logError(5, u"Invalid call.");

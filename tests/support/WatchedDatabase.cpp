@@ -3,6 +3,7 @@
 #include "platform/Error.h"
 
 #include <optional>
+#include <type_traits>
 #include <utility>
 
 namespace kvex::test {
@@ -11,6 +12,7 @@ struct WatchedDatabase::State {
     recordset::Provider real;
     DriverCalls calls;
     std::optional<int> callsUntilLoss;
+    std::optional<int> callsUntilLostAnswer;
     std::optional<int> callsUntilRefusal;
     std::int32_t refusal = 0;
     std::optional<int> callsUntilEvent{};
@@ -20,22 +22,33 @@ struct WatchedDatabase::State {
     /// connect.
     int losses = 0;
 
+    /// True at the call that `calls` has counted down to.
+    static bool strikes(std::optional<int> &calls) {
+        const bool now = calls && (*calls)-- == 0;
+        if (now) {
+            calls.reset();
+        }
+        return now;
+    }
+    void lose() {
+        lost = true;
+        ++losses;
+    }
+    static Error broken() {
+        return Error(recordset::connectionLost, u"The connection to the server broke.", u"Watched",
+                     HelpContext::connectionLost);
+    }
     void admit(int lossesBefore) {
-        if (callsUntilEvent && (*callsUntilEvent)-- == 0) {
-            callsUntilEvent.reset();
+        if (strikes(callsUntilEvent)) {
             event();
         }
-        if (callsUntilLoss && (*callsUntilLoss)-- == 0) {
-            callsUntilLoss.reset();
-            lost = true;
-            ++losses;
+        if (strikes(callsUntilLoss)) {
+            lose();
         }
         if (lost || lossesBefore != losses) {
-            throw Error(recordset::connectionLost, u"The connection to the server broke.",
-                        u"Watched", HelpContext::connectionLost);
+            throw broken();
         }
-        if (callsUntilRefusal && (*callsUntilRefusal)-- == 0) {
-            callsUntilRefusal.reset();
+        if (strikes(callsUntilRefusal)) {
             throw Error(refusal, u"The server refused.", u"Watched", HelpContext::failed);
         }
     }
@@ -50,18 +63,16 @@ public:
         : state_(std::move(state)), losses_(state_->losses), real_(std::move(real)) {}
 
     void query(const recordset::Statement &statement, recordset::RowSink &sink) override {
-        count(&DriverCalls::queries);
-        real_->query(statement, sink);
+        counted(&DriverCalls::queries, [&] { real_->query(statement, sink); });
     }
     std::int64_t execute(const recordset::Statement &statement) override {
-        count(&DriverCalls::executes);
-        return real_->execute(statement);
+        return counted(&DriverCalls::executes, [&] { return real_->execute(statement); });
     }
     std::vector<Value> insert(std::u16string_view table,
                               const std::vector<recordset::Assignment> &values,
                               const std::vector<std::u16string_view> &keyColumns) override {
-        count(&DriverCalls::inserts);
-        return real_->insert(table, values, keyColumns);
+        return counted(&DriverCalls::inserts,
+                       [&] { return real_->insert(table, values, keyColumns); });
     }
     void describe(const std::u16string &query, std::vector<recordset::Column> &columns) override {
         real_->describe(query, columns);
@@ -74,23 +85,27 @@ public:
         return real_->columnTypes();
     }
     [[nodiscard]] std::vector<std::u16string> columnsOf(std::u16string_view table) override {
-        count(&DriverCalls::queries);
-        return real_->columnsOf(table);
+        return counted(&DriverCalls::queries, [&] { return real_->columnsOf(table); });
     }
     void begin() override {
-        count(&DriverCalls::transactions);
-        real_->begin();
+        counted(&DriverCalls::transactions, [&] { real_->begin(); });
     }
     void commit() override {
-        count(&DriverCalls::transactions);
-        real_->commit();
+        counted(&DriverCalls::transactions, [&] { real_->commit(); });
     }
     void rollback() noexcept override { real_->rollback(); }
 
 private:
-    void count(int DriverCalls::*kind) {
+    template <class Call>
+    std::invoke_result_t<Call> counted(int DriverCalls::*kind, const Call &call) {
         ++(state_->calls.*kind);
         state_->admit(losses_);
+        if (WatchedDatabase::State::strikes(state_->callsUntilLostAnswer)) {
+            static_cast<void>(call());
+            state_->lose();
+            throw WatchedDatabase::State::broken();
+        }
+        return call();
     }
 
     std::shared_ptr<WatchedDatabase::State> state_;
@@ -107,7 +122,7 @@ std::ostream &operator<<(std::ostream &out, const DriverCalls &calls) {
 }
 
 WatchedDatabase::WatchedDatabase(recordset::Provider real)
-    : state_(std::make_shared<State>(State{std::move(real), {}, {}, {}})) {}
+    : state_(std::make_shared<State>(State{std::move(real), {}, {}, {}, {}})) {}
 
 recordset::Provider WatchedDatabase::provider() const {
     return {state_->real.form, state_->real.accepts,
@@ -126,6 +141,19 @@ DriverCalls WatchedDatabase::takeCalls() {
 
 void WatchedDatabase::loseAfter(int calls) {
     state_->callsUntilLoss = calls;
+}
+
+void WatchedDatabase::loseAnswerAfter(int calls) {
+    state_->callsUntilLostAnswer = calls;
+}
+
+bool WatchedDatabase::cancel() {
+    const bool wasPlanned =
+        state_->callsUntilLoss || state_->callsUntilLostAnswer || state_->callsUntilRefusal;
+    state_->callsUntilLoss.reset();
+    state_->callsUntilLostAnswer.reset();
+    state_->callsUntilRefusal.reset();
+    return wasPlanned;
 }
 
 void WatchedDatabase::comeBack() {

@@ -33,12 +33,16 @@ public:
     /// After `calls` further calls the server goes away. Later calls fail with connectionLost and
     /// do not reach the database.
     void loseAfter(int calls);
+    /// The same, but the first of these calls does its work in the database before it fails.
+    void loseAnswerAfter(int calls);
     /// New connections succeed again; the old ones stay lost.
     void comeBack();
     /// After `calls` further calls `event` runs, before the next call reaches the database.
     void interruptAfter(int calls, std::function<void()> event);
     /// After `calls` further calls, a single call is refused with `number`.
     void refuseAfter(int calls, std::int32_t number);
+    /// Cancels the losses and refusals that have not happened yet. False when there was none.
+    bool cancel();
 
     /// Shared with the drivers.
     struct State;

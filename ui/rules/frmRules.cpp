@@ -214,13 +214,8 @@ void frmRules::cmdRemove_Click() {
         // Stays 0 unless a rule is removed. The click on row 0 below then fails and ends the
         // handler.
         int position = 0;
-        if (showMessage(u"Are you sure you want to remove this rule?", message_box::yesNo) ==
-            message_box::yes) {
+        if (removeRuleOf(row)) {
             position = row;
-            Recordset &rsRules = *session().rsRules;
-            findRecordById(rsRules, ruleIdOf(row));
-            rsRules.deleteCurrent();
-            rsRules.update();
             lvwRules.removeRow(row);
             lvwRules.setFocus();
         }
@@ -230,6 +225,25 @@ void frmRules::cmdRemove_Click() {
             rtRuleDesc.setText({});
         }
     });
+}
+
+/// Asks the user, then removes the rule of the row. False when the answer is No.
+bool frmRules::removeRuleOf(int row) {
+    bool isConfirmed = false;
+    const auto remove = [&] {
+        isConfirmed = showMessage(u"Are you sure you want to remove this rule?",
+                                  message_box::yesNo) == message_box::yes;
+        if (isConfirmed) {
+            Recordset &rsRules = *session().rsRules;
+            findRecordById(rsRules, ruleIdOf(row));
+            rsRules.deleteCurrent();
+            rsRules.update();
+        }
+    };
+    explainErrors(HelpContext::ruleNotRemoved, remove, [&] {
+        return u"The rule " + quotedRuleName(lvwRules.text(row)) + u" was not removed.";
+    });
+    return isConfirmed;
 }
 
 void frmRules::cmdMoveUp_Click() {

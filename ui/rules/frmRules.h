@@ -36,6 +36,7 @@ private:
     [[nodiscard]] std::u16string ruleIdOf(int row) const;
     void loadRuleOf(int row, HelpContext ofErrors = HelpContext::none);
     void moveSelectedRule(int step);
+    bool removeRuleOf(int row);
     void storeOrder(int last);
 
     ListView &lvwRules;
