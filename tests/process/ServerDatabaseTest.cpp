@@ -126,14 +126,14 @@ TEST_P(ServerDatabase, MustExistBeforeItsTables) {
     EXPECT_THAT(failed(2, {"init", "--database", missing}),
                 AllOf(HasSubstr("administrator"), HasSubstr("nowhere"), Not(HasSubstr(password))));
     EXPECT_THAT(failed(2, {"list", "--database", missing}),
-                AllOf(HasSubstr("nowhere"), HasSubstr("check the server, port and database"),
+                AllOf(HasSubstr("nowhere"), HasSubstr("has the right server, port and database"),
                       Not(HasSubstr(password))));
 }
 
 TEST_P(ServerDatabase, RefusesAWrongPasswordWithoutShowingIt) {
     become("kvex", "{wr;ong}");
     for (const char *command : {"init", "list"}) {
-        EXPECT_THAT(failed(2, {command}), AllOf(HasSubstr("correct UID and PWD"),
+        EXPECT_THAT(failed(2, {command}), AllOf(HasSubstr("Correct UID and PWD"),
                                                 Not(HasSubstr("ong")), Not(HasSubstr("wr;"))));
     }
 }
