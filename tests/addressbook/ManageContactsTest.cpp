@@ -71,7 +71,7 @@ TEST_F(ManageContacts, DoesNotCreateAMissingDatabase) {
 
 TEST_F(ManageContacts, RefusesADatabaseWithoutContacts) {
     database.execute("DROP TABLE SMS_CONTACTS");
-    EXPECT_THAT(refusal(database.connectionString()), HasSubstr("no table SMS_CONTACTS"));
+    EXPECT_THAT(refusal(database.connectionString()), HasSubstr("no such table: SMS_CONTACTS"));
 }
 
 TEST_F(ManageContacts, RefusesToSelectAfterAFailedInit) {
@@ -96,9 +96,10 @@ TEST_F(ManageContacts, LogsAndShowsWhatTheDatabaseRefusesLater) {
     EXPECT_LT(book->SelectRecipients(1, VARIANT_TRUE, &code), 0);
     EXPECT_EQ(code, 0);
     EXPECT_EQ(numbersOf(*book), Texts());
-    EXPECT_THAT(readFile(logFile), HasSubstr("no table SMS_CONTACTS"));
+    EXPECT_THAT(readFile(logFile), HasSubstr("no such table: SMS_CONTACTS"));
     ASSERT_EQ(toolkit.messageBoxes().size(), 1U);
-    EXPECT_THAT(toUtf8(toolkit.messageBoxes().front().text), HasSubstr("no table SMS_CONTACTS"));
+    EXPECT_THAT(toUtf8(toolkit.messageBoxes().front().text),
+                HasSubstr("no such table: SMS_CONTACTS"));
 }
 
 TEST_F(ManageContacts, CountsItemsFromOne) {

@@ -34,7 +34,10 @@ TEST_F(Installation, LogsInTheComponentsFolderExceptForRoot) {
     EXPECT_EQ(outcome.status, 1);
     const std::filesystem::path log =
         (geteuid() == 0 ? folder / "home/.local/state/kvex" : place) / "KVEX.log";
-    EXPECT_THAT(outcome.errors, HasSubstr("Invalid use of Null. The log is " + log.string() + "."));
+    EXPECT_THAT(outcome.errors,
+                HasSubstr("Invalid use of Null. Parts of the rule with the ID 1 could not be read. "
+                          "The log is " +
+                          log.string() + "."));
     EXPECT_THAT(readFile(log), HasSubstr("Sub: LoadRuleFromDB, Module: General"));
     EXPECT_NE(geteuid() == 0, std::filesystem::exists(place / "KVEX.log"));
 }

@@ -84,8 +84,8 @@ TEST_F(Security, AMessageAtATerminalShowsNeitherAPasswordNorAControlCharacter) {
             {"list", "--database",
              "Provider=SQLite;Data Source=" + (folder / "\x1b[2J.db").string() + ";PWD=s3cret"})
             .output;
-    EXPECT_THAT(
-        told, AllOf(HasSubstr("\\u{1b}[2J.db"), Not(HasSubstr("s3cret")), Not(HasSubstr("\x1b"))));
+    EXPECT_THAT(told, AllOf(HasSubstr("\uFFFD[2J.db does not exist"), Not(HasSubstr("s3cret")),
+                            Not(HasSubstr("\x1b"))));
 }
 
 TEST_F(Security, ALogEntryIsOneLineWhateverTheRuleHolds) {
