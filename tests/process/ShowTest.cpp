@@ -204,6 +204,24 @@ TEST_F(Show, NeedsAllTablesOfTheServer) {
     EXPECT_THAT(readFile(log), HasSubstr("SMS_SERVICECOMMANDS"));
 }
 
+// AddressSanitizer needs more addresses than the limit allows.
+#ifndef __SANITIZE_ADDRESS__
+TEST_F(Show, EndsWithASentenceWhenTheRulesDoNotFitIntoMemory) {
+    sqlite3(database, "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 8) "
+                      "INSERT INTO SMS_RULES (Name, QueryParam, ActionParam) "
+                      "SELECT 'big ' || i, printf('%.*c', 60000000, 'x'), '' FROM n");
+    const Outcome outcome =
+        run("/bin/sh",
+            {"-c", "ulimit -v 700000; exec \"$0\" show 1 --log chosen.log", program.string()},
+            environment, folder.path());
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_EQ(outcome.errors,
+              "kvexrules: The rules could not be opened. Out of memory. The log is " +
+                  log.string() + ". The database was named by $KVEX_DATABASE.\n");
+}
+#endif
+
 TEST_F(Show, ChangesNothingInTheDatabase) {
     const std::string before = sqlite3(database, ".dump");
     done({"show", "--all"});
