@@ -72,7 +72,7 @@ void checkEntries(Input &input) {
     std::u16string text = u"Driver=Some Driver;";
     std::u16string expected = u"Driver is Some Driver\n";
     while (!input.atEnd()) {
-        // No key of ours begins so.
+        // No key that the driver must be told begins with X.
         std::u16string key = u"X" + input.text();
         std::erase_if(key, [](char16_t unit) { return unit == u'=' || unit == u';'; });
         key = trimmed(key);

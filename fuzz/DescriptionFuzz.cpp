@@ -36,7 +36,7 @@ bool canBeWhole(const RuleState &rule) {
            (rule.strAlertRecipients.empty() || isId(rule.strAlertAccount));
 }
 
-/// One line for each part behind the first one, and those in the texts that are shown.
+/// The line breaks before each part but the first, and those in the texts that are shown.
 std::size_t lineBreaksOf(const RuleState &rule) {
     std::size_t breaks = 0;
     const auto addPart = [&](bool isThere, std::initializer_list<std::u16string> texts) {

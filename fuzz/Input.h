@@ -9,7 +9,7 @@
 
 namespace kvex::fuzz {
 
-/// Any bytes are an input. Behind their end every choice is the first one and every text is empty.
+/// Any bytes are an input. After its end every choice is the first one and every text is empty.
 class Input {
 public:
     Input(const std::uint8_t *data, std::size_t size) : bytes_(data, size) {}

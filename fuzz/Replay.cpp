@@ -62,7 +62,7 @@ bool play(std::string name, Bytes bytes) {
     current().name = std::move(name);
     current().bytes = std::move(bytes);
     try {
-        // A copy of its own size, so that a sanitizer sees a reading behind its end.
+        // The copy ends where the input ends, so a sanitizer notices a read past the end.
         const Bytes exact(current().bytes);
         LLVMFuzzerTestOneInput(exact.data(), exact.size());
         return true;

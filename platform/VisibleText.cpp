@@ -1,5 +1,7 @@
 #include "platform/VisibleText.h"
 
+#include "platform/Utf16.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
@@ -72,6 +74,20 @@ std::u16string harmlessLines(std::u16string_view text) {
         result += u'\n';
         text.remove_prefix(end + 1);
     }
+}
+
+std::u16string quoted(std::u16string_view text, std::size_t longest) {
+    std::u16string shown(text);
+    if (shown.size() > longest) {
+        std::size_t from = longest / 2;
+        std::size_t to = shown.size() - longest / 2;
+        from -= isLowSurrogate(shown[from]) ? 1 : 0;
+        to += isLowSurrogate(shown[to]) ? 1 : 0;
+        shown.replace(from, to - from, u"…");
+    }
+    std::erase(shown, u'\r');
+    std::ranges::replace(shown, u'\n', u' ');
+    return u'"' + shown + u'"';
 }
 
 } // namespace kvex

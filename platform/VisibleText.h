@@ -19,4 +19,8 @@ namespace kvex {
 /// Like harmless(), but keeps line breaks (LF and CR LF), both as LF.
 [[nodiscard]] std::u16string harmlessLines(std::u16string_view text);
 
+/// `text` in quotation marks and on one line. A text of more than `longest` units has "…" in place
+/// of its middle; no character is split.
+[[nodiscard]] std::u16string quoted(std::u16string_view text, std::size_t longest);
+
 } // namespace kvex

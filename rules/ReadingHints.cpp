@@ -2,7 +2,7 @@
 
 #include "platform/Error.h"
 #include "platform/Text.h"
-#include "platform/Utf16.h"
+#include "platform/VisibleText.h"
 #include "rules/ParameterStrings.h"
 
 #include <algorithm>
@@ -23,7 +23,7 @@ bool holdsSpecial(View text) {
 }
 
 /// The text with a full stop in place of each special character.
-std::u16string harmless(std::u16string text) {
+std::u16string plainText(std::u16string text) {
     std::ranges::replace_if(
         text, [](char16_t unit) { return special.find(unit) != View::npos; }, u'.');
     return text;
@@ -117,24 +117,13 @@ std::u16string listed(std::span<const std::u16string> names) {
     return text;
 }
 
-/// In quotation marks, on one line, and without the middle of a long text.
+/// Short enough for a hint of one line.
 std::u16string quoted(View text) {
-    constexpr std::size_t longest = 24;
-    std::u16string shown(text);
-    if (shown.size() > longest) {
-        std::size_t from = longest / 2;
-        std::size_t to = shown.size() - longest / 2;
-        from -= isLowSurrogate(shown[from]) ? 1 : 0;
-        to += isLowSurrogate(shown[to]) ? 1 : 0;
-        shown.replace(from, to - from, u"…");
-    }
-    std::erase(shown, u'\r');
-    std::ranges::replace(shown, u'\n', u' ');
-    return u'"' + shown + u'"';
+    return kvex::quoted(text, 24);
 }
 
 /// What the text does to the rule beside its own value; "" for nothing. `plain` is the reading of
-/// the rule with a harmless text.
+/// the rule with a plain text.
 std::u16string effectOnRule(const Subject &subject, const Parameter &parameter, const Value &own,
                             const Reading &read, const Reading &plain) {
     if (read.rule.blnAllMessages) {
@@ -162,7 +151,7 @@ View endOf(View text, View read) {
     return text.substr(at, length);
 }
 
-/// Uses the rule for the attempts.
+/// Writes its attempts into `rule`.
 std::u16string messageHint(RuleState &rule, const Value &own, Text target, View text) {
     if (!holdsSpecial(text)) {
         return {};
@@ -170,7 +159,7 @@ std::u16string messageHint(RuleState &rule, const Value &own, Text target, View 
     text = trimmed(text);
     rule.*target = text;
     const Reading read = readBack(actionParam, rule);
-    rule.*target = harmless(std::u16string(text));
+    rule.*target = plainText(std::u16string(text));
     if (auto effect = effectOnRule(thisText, actionParam, own, read, readBack(actionParam, rule));
         !effect.empty()) {
         return effect;
@@ -200,31 +189,31 @@ std::u16string counted(const Subject &subject, std::size_t count) {
 std::u16string changeOf(const Subject &subject, const Entries &entries, const Entries &read) {
     const auto [from, readFrom] = std::ranges::mismatch(entries, read);
     const auto same = static_cast<std::size_t>(from - entries.begin());
-    std::size_t behind = 0;
-    while (same + behind < std::min(entries.size(), read.size()) &&
-           entries[entries.size() - 1 - behind] == read[read.size() - 1 - behind]) {
-        ++behind;
+    std::size_t atEnd = 0;
+    while (same + atEnd < std::min(entries.size(), read.size()) &&
+           entries[entries.size() - 1 - atEnd] == read[read.size() - 1 - atEnd]) {
+        ++atEnd;
     }
     constexpr std::size_t most = 3;
     Entries became;
-    for (std::size_t at = same; at < read.size() - behind; ++at) {
+    for (std::size_t at = same; at < read.size() - atEnd; ++at) {
         became.push_back(quoted(read[at]));
     }
-    if (entries.size() - same - behind == 1 && !became.empty() && became.size() <= most) {
+    if (entries.size() - same - atEnd == 1 && !became.empty() && became.size() <= most) {
         return sentence({u"The server reads ", quoted(*from), u" as ", listed(became)});
     }
     return sentence({u"The server reads ", counted(subject, read.size()), u" instead of ",
                      toText(static_cast<std::int64_t>(entries.size()))});
 }
 
-/// Uses the rule for the attempts.
+/// Writes its attempts into `rule`.
 std::u16string listHint(RuleState &rule, const List &list, const Entries &entries) {
     if (std::ranges::none_of(entries, holdsSpecial)) {
         return {};
     }
-    Entries harmlessEntries;
-    std::ranges::transform(entries, std::back_inserter(harmlessEntries), harmless);
-    rule.*list.target = joined(harmlessEntries, u';');
+    Entries plainEntries;
+    std::ranges::transform(entries, std::back_inserter(plainEntries), plainText);
+    rule.*list.target = joined(plainEntries, u';');
     const Reading plain = readBack(list.parameter, rule);
     rule.*list.target = joined(entries, u';');
     const Reading read = readBack(list.parameter, rule);

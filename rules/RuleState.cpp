@@ -2,6 +2,7 @@
 
 #include "component/session/ErrorTrap.h"
 #include "component/session/Session.h"
+#include "platform/VisibleText.h"
 #include "rules/ParameterStrings.h"
 
 namespace kvex {
@@ -50,9 +51,7 @@ void LoadRuleFromDB(const std::u16string &ruleID, HelpContext ofErrors) {
 }
 
 std::u16string quotedRuleName(std::u16string_view name) {
-    constexpr std::size_t longest = 60;
-    const std::u16string_view begin = name.substr(0, longest);
-    return u"\"" + std::u16string(begin) + (begin.size() < name.size() ? u"...\"" : u"\"");
+    return quoted(name, 60);
 }
 
 } // namespace kvex

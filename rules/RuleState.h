@@ -68,7 +68,7 @@ void ClearRuleData();
 /// `ofErrors`. The caller gives ruleReadInPart when the user is about to edit the rule.
 void LoadRuleFromDB(const std::u16string &ruleID, HelpContext ofErrors = HelpContext::none);
 
-/// A rule's name as messages write it: in quotation marks, and cut when it is very long.
+/// A rule's name as messages write it: in quotation marks, a very long one without its middle.
 [[nodiscard]] std::u16string quotedRuleName(std::u16string_view name);
 
 } // namespace kvex

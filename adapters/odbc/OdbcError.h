@@ -13,7 +13,7 @@ namespace kvex::odbc {
 /// source is "ODBC".
 namespace refusal {
 /// The connection cannot be made, or it broke.
-inline constexpr std::int32_t noConnection = recordset::connectionLost;
+inline constexpr std::int32_t noConnection = kvex::noConnection;
 /// Any failure without a number of its own.
 inline constexpr std::int32_t failed = -2147217887;
 inline constexpr std::int32_t wrongUser = -2147217843;

@@ -58,7 +58,7 @@ public:
 private:
     /// Ends the transaction's mode. Never fails, because the transaction itself has ended.
     void commitAutomatically() noexcept;
-    /// Every later call fails with connectionLost. The server undoes what is not committed.
+    /// Every later call fails with noConnection. The server undoes what is not committed.
     void disconnect() noexcept;
     /// The values of the first row that the statement returns.
     std::vector<Value> firstRow(const Statement &statement);

@@ -72,7 +72,7 @@ struct ColumnTypes {
 /// One open connection to one database; the destructor closes it. Each call is a transaction of its
 /// own, unless begin was called. When the database refuses, the call throws an Error with the
 /// provider's negative number. Its description says what happened, and nothing was written.
-/// connectionLost is the exception: then it is unknown whether the call wrote, and every later call
+/// noConnection is the exception: then it is unknown whether the call wrote, and every later call
 /// fails with it too.
 class Driver {
 public:
@@ -111,16 +111,13 @@ public:
     /// Begins a transaction, which lasts until commit succeeds or rollback is called. Transactions
     /// cannot be nested.
     virtual void begin() = 0;
-    /// When this fails, nothing since begin is stored; rollback must follow. connectionLost is the
+    /// When this fails, nothing since begin is stored; rollback must follow. noConnection is the
     /// exception: then it is unknown whether all of it is stored, or nothing.
     virtual void commit() = 0;
     /// Undoes all writes since begin, unless the database has already undone them. When the
     /// database cannot be told, the connection ends, and every later call fails.
     virtual void rollback() noexcept = 0;
 };
-
-/// The error number when the connection to the database broke.
-inline constexpr std::int32_t connectionLost = noConnection;
 
 /// A kind of database.
 struct Provider {

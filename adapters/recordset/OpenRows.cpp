@@ -37,7 +37,7 @@ auto writing(const OpenDatabase &open, const Outcome &outcome, const Call &call)
         return call();
     } catch (const Error &error) {
         // What a transaction has not committed is not stored, whatever happened to its statement.
-        const bool isUnknown = error.number() == connectionLost && !open.inTransaction();
+        const bool isUnknown = error.number() == noConnection && !open.inTransaction();
         refuse(error, isUnknown ? outcome() + u", as far as is known" : outcome());
     }
 }

@@ -33,7 +33,7 @@ private:
 /// `text` with a full stop at its end, unless a punctuation mark stands there. "" stays "".
 [[nodiscard]] std::string asSentence(std::string_view text);
 
-/// The error's description as a sentence, with the advice behind it.
+/// The error's description as a sentence, followed by the advice.
 [[nodiscard]] std::string toldAtTerminal(const Error &error);
 
 /// `reason` as a sentence, then a sentence that names the log unless `log` is empty.

@@ -13,7 +13,7 @@ enum class Place { rulesWindows, addressBook, terminal };
 /// What the user can do, in whole sentences. "" when the description says all there is to say.
 [[nodiscard]] std::u16string adviceFor(HelpContext context, Place place);
 
-/// The error's description, with the advice behind it.
+/// The error's description, followed by the advice.
 [[nodiscard]] std::u16string withAdvice(const Error &error, Place place);
 
 } // namespace kvex::host

@@ -87,7 +87,7 @@ std::size_t pastValue(Text text, std::size_t at, End end) {
     return isWhole ? past : unmarkedEnd(text, past, end);
 }
 
-/// The position of the mark that begins a value behind the "=" at `at`; 0 when there is none.
+/// The position of the mark that begins a value after the "=" at `at`; 0 when there is none.
 std::size_t markBehind(Text text, std::size_t at) {
     const std::size_t mark = text[at] == u'=' ? pastBlanks(text, at + 1) : text.size();
     return mark < text.size() && closingOf(text[mark]) != 0 ? mark : 0;
@@ -104,7 +104,7 @@ bool isOptionList(Text text, std::size_t at) {
 }
 
 /// The begin and the end of the password in a URL. The URL's "://" ends at `at`. Both are `at` when
-/// there is no password. A key's value that begins before the end moves the end behind itself.
+/// there is no password. When a key's value begins before the end, the end moves after that value.
 std::pair<std::size_t, std::size_t> urlPassword(Text text, std::size_t at, End keysEnd) {
     const std::size_t colon = text.find(u':', at);
     const Text line = text.substr(0, text.find_first_of(u"\r\n", at));

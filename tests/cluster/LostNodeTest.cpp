@@ -7,8 +7,6 @@
 namespace kvex::test {
 namespace {
 
-using recordset::connectionLost;
-
 const std::u16string everyNode = u"127.0.0.1,127.0.0.2,127.0.0.3";
 
 } // namespace
@@ -50,7 +48,7 @@ protected:
 };
 
 TEST_F(LostNode, ThatIsKilledInASessionCausesAMessageAndTheNextSessionUsesAnother) {
-    loseNodeBeforeTheSave(connectionLost, u"The connection to the database is lost (",
+    loseNodeBeforeTheSave(noConnection, u"The connection to the database is lost (",
                           [this] { cluster.node(0).kill(); });
     // The next session starts at once, when the other nodes may not have noticed yet.
     expectNextSessionWorks();
@@ -65,7 +63,7 @@ TEST_F(LostNode, ThatIsCutOffInASessionCausesAMessageAndTheNextSessionUsesAnothe
     // Without another node in the list, the error tells that this node is cut off.
     mine.setServers(u"127.0.0.1", 30);
     EXPECT_EQ(mine.showRules(), 0);
-    mine.expectTold({openingFailed}, connectionLost,
+    mine.expectTold({openingFailed}, noConnection,
                     u"This node of the database's cluster is cut off from the others");
     cluster.rejoin(0);
 }

@@ -4,8 +4,6 @@
 namespace kvex::test {
 namespace {
 
-using recordset::connectionLost;
-
 constexpr std::u16string_view broke = u"The connection to the server broke.";
 constexpr std::u16string_view no = u"The server refused.";
 
@@ -16,7 +14,7 @@ TEST_P(Editors, AServerLostWhileASessionOpensGivesAMessageAndANewSessionWorks) {
     for (int calls = 0; calls <= 5; ++calls) {
         watched.loseAfter(calls);
         EXPECT_EQ(mine.showRules(), 0);
-        mine.expectTold({openingFailed}, connectionLost, broke);
+        mine.expectTold({openingFailed}, noConnection, broke);
         watched.comeBack();
         EXPECT_EQ(mine.inRulesWindow([](User &user) { user.click(u"cmdCancel"); }), 1);
     }
@@ -27,7 +25,7 @@ TEST_P(Editors, ANewRulesEditorOpensWithoutANameWhenTheServerIsGone) {
     mine.inRulesWindow([this](User &user) {
         watched.loseAfter(0);
         mine.toolkit.whenShown(u"frmRuleEdit", [this](User &editor) {
-            mine.expectTold({newEditorFailed}, connectionLost, broke);
+            mine.expectTold({newEditorFailed}, noConnection, broke);
             editor.click(u"cmdCancel");
         });
         user.click(u"cmdNew");
@@ -41,8 +39,8 @@ TEST_P(Editors, WithoutAServerATickGivesAMessageAndTheWindowStaysUsable) {
     mine.inRulesWindow([this](User &user) {
         watched.loseAfter(0);
         user.tickRow(u"lvwRules", 2);
-        mine.expectLeftHandler(connectionLost, u"was not stored, as far as is known. The "
-                                               u"connection to the server broke");
+        mine.expectLeftHandler(noConnection, u"was not stored, as far as is known. The "
+                                             u"connection to the server broke");
         user.clickRow(u"lvwRules", 3);
         EXPECT_EQ(ruleState().strRuleName, u"C");
         user.click(u"cmdCancel");
@@ -61,7 +59,7 @@ TEST_P(Editors, WithoutAServerASaveGivesAMessageAndKeepsTheInput) {
             watched.loseAfter(0);
             for (int attempt = 1; attempt <= 2; ++attempt) {
                 user.click(u"cmdOK");
-                mine.expectTold({saveFailed}, connectionLost,
+                mine.expectTold({saveFailed}, noConnection,
                                 u"was not stored, as far as is known. " + std::u16string(broke));
                 EXPECT_TRUE(user.isOpen());
                 EXPECT_EQ(typedName(user), u"Mine");
@@ -92,7 +90,7 @@ TEST_P(Editors, AServerLostAfterTheWriteGivesAMessageThatTheRuleIsStored) {
             watched.loseAfter(1);
             for (int attempt = 1; attempt <= 2; ++attempt) {
                 user.click(u"cmdOK");
-                mine.expectTold({saveFailed}, connectionLost,
+                mine.expectTold({saveFailed}, noConnection,
                                 u"What was stored before stays stored, but record ID " +
                                     idOf(name) + u" could not be read again. ");
                 EXPECT_TRUE(user.isOpen());
@@ -166,7 +164,7 @@ TEST_P(Editors, WithoutAServerARemovalGivesAMessageAndKeepsTheRow) {
         watched.loseAfter(0);
         for (int attempt = 1; attempt <= 2; ++attempt) {
             confirmRemoval(mine, user, 2);
-            mine.expectTold({removalFailed}, connectionLost,
+            mine.expectTold({removalFailed}, noConnection,
                             u"The removal of record ID " + idOf(u"B") +
                                 u" was not stored, as far as is known. " + std::u16string(broke));
             EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"B", u"C"}));
@@ -185,7 +183,7 @@ TEST_P(Editors, AnOrderThatIsCutOffAnywhereLeavesTheOldOneAndIsFinishedInANewSes
             watched.loseAfter(calls);
             for (int attempt = 1; attempt <= 2; ++attempt) {
                 user.click(u"cmdOK");
-                mine.expectTold({orderFailed}, connectionLost,
+                mine.expectTold({orderFailed}, noConnection,
                                 std::u16string(broke) + u" The old order is stored.");
                 EXPECT_TRUE(user.isOpen());
                 EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"B", u"C"}));
@@ -204,7 +202,7 @@ TEST_P(Editors, AnOrderThatIsCutOffAtItsEndIsNotKnownToBeStored) {
     mine.inRulesWindow([this](User &user) {
         watched.loseAfter(4);
         user.click(u"cmdOK");
-        mine.expectTold({orderFailed}, connectionLost,
+        mine.expectTold({orderFailed}, noConnection,
                         std::u16string(broke) + u" Either the old order is stored or the new one, "
                                                 u"and nothing in between.");
         EXPECT_TRUE(user.isOpen());
@@ -275,7 +273,7 @@ TEST_P(Editors, AnOrderThatIsRefusedAndThenCutOffLeavesTheOldOne) {
             watched.refuseAfter(3, -5);
             watched.loseAfter(calls);
             user.click(u"cmdOK");
-            mine.expectTold({orderFailed}, connectionLost,
+            mine.expectTold({orderFailed}, noConnection,
                             std::u16string(broke) + u" The old order is stored.");
             user.click(u"cmdCancel");
         });

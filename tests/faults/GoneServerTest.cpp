@@ -13,7 +13,6 @@
 namespace kvex::test {
 namespace {
 
-using recordset::connectionLost;
 using Loss = std::tuple<ServerKindUnderTest, WayToGo>;
 
 constexpr std::u16string_view notStored = u"was not stored, as far as is known. The ";
@@ -79,7 +78,7 @@ TEST_P(GoneServer, BeforeOrWhileTheRulesAreReadEndsTheOpening) {
     for (const int calls : {0, 3}) {
         goAwayAfter(calls);
         EXPECT_EQ(mine.showRules(), 0);
-        mine.expectTold({openingFailed}, connectionLost, u"The ");
+        mine.expectTold({openingFailed}, noConnection, u"The ");
         comeBack();
         mine.inRulesWindow([](User &user) {
             EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"B", u"C"}));
@@ -93,11 +92,11 @@ TEST_P(GoneServer, AtATickLeavesTheRuleAndTheWindow) {
     mine.inRulesWindow([this](User &user) {
         goAway();
         user.tickRow(u"lvwRules", 2);
-        mine.expectLeftHandler(connectionLost, notStored);
+        mine.expectLeftHandler(noConnection, notStored);
         comeBack();
         // For this session the connection stays lost.
         user.tickRow(u"lvwRules", 3);
-        mine.expectLeftHandler(connectionLost, notStored);
+        mine.expectLeftHandler(noConnection, notStored);
         const auto &rules = user.get<ListView>(u"lvwRules");
         EXPECT_EQ(tickedRows(rules), std::vector{1});
         user.clickRow(u"lvwRules", 1);
@@ -121,7 +120,7 @@ TEST_P(GoneServer, WhileAStatementIsUnderWayEndsItAndSaysThatItsOutcomeIsNotKnow
         user.tickRow(u"lvwRules", 1);
         other.lock(u"B");
         goAwayDuring([&] { user.tickRow(u"lvwRules", 2); });
-        mine.expectLeftHandler(connectionLost, notStored);
+        mine.expectLeftHandler(noConnection, notStored);
         comeBack();
         // The server gives up as well, though it does not know that its client has gone.
         while (waits()) {
@@ -152,12 +151,12 @@ TEST_P(GoneServer, AtASaveLeavesTheEditorWithItsInput) {
             const std::u16string_view name = rule.empty() ? u"New" : u"Changed";
             goAwayAfter(0);
             save(user);
-            mine.expectTold({saveFailed}, connectionLost, notStored);
+            mine.expectTold({saveFailed}, noConnection, notStored);
             EXPECT_TRUE(user.isOpen());
             EXPECT_EQ(typedName(user), name);
             comeBack();
             user.click(u"cmdOK");
-            mine.expectTold({saveFailed}, connectionLost, notStored);
+            mine.expectTold({saveFailed}, noConnection, notStored);
             EXPECT_TRUE(user.isOpen());
             EXPECT_EQ(typedName(user), name);
             user.click(u"cmdCancel");
@@ -179,7 +178,7 @@ TEST_P(GoneServer, BetweenTheWriteAndTheReadingOfASaveIsReportedAsStored) {
         rename(user, u"Changed");
         goAwayAfter(1);
         user.click(u"cmdOK");
-        mine.expectTold({saveFailed}, connectionLost,
+        mine.expectTold({saveFailed}, noConnection,
                         u"What was stored before stays stored, but record ID " + id +
                             u" could not be read again. ");
         EXPECT_TRUE(user.isOpen());
@@ -195,12 +194,12 @@ TEST_P(GoneServer, InTheMiddleOfAnOrderLeavesTheOldOneAndTheWindow) {
     mine.inRulesWindow([this](User &user) {
         goAwayAfter(2);
         user.click(u"cmdOK");
-        mine.expectTold({orderFailed}, connectionLost, u" The old order is stored.");
+        mine.expectTold({orderFailed}, noConnection, u" The old order is stored.");
         EXPECT_TRUE(user.isOpen());
         EXPECT_EQ(user.rows(u"lvwRules"), (Texts{u"A", u"B", u"C"}));
         comeBack();
         user.click(u"cmdOK");
-        mine.expectTold({orderFailed}, connectionLost, u" The old order is stored.");
+        mine.expectTold({orderFailed}, noConnection, u" The old order is stored.");
         EXPECT_TRUE(user.isOpen());
         user.click(u"cmdCancel");
     });

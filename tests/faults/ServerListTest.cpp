@@ -6,11 +6,7 @@
 #include "tests/servers/FreePort.h"
 
 namespace kvex::test {
-namespace {
-
-using recordset::connectionLost;
-
-} // namespace
+namespace {} // namespace
 
 class ServerList : public TwoEditors, public testing::WithParamInterface<ServerKindUnderTest> {
 protected:
@@ -65,7 +61,7 @@ TEST_P(ServerList, ALostServersSessionEndsAndTheNextTakesAnother) {
         rename(user, u"Mine");
         first.refuse();
         user.click(u"cmdOK");
-        mine.expectTold({saveFailed}, connectionLost,
+        mine.expectTold({saveFailed}, noConnection,
                         u"was not stored, as far as is known. The connection");
         EXPECT_TRUE(user.isOpen());
         EXPECT_EQ(typedName(user), u"Mine");
@@ -78,7 +74,7 @@ TEST_P(ServerList, WithoutAUsableServerTheErrorOfTheLastOneIsShown) {
     const std::uint16_t last = freePort();
     listServers({freePort(), last});
     EXPECT_EQ(mine.showRules(), 0);
-    mine.expectTold({openingFailed}, connectionLost, u"The database cannot be reached (");
+    mine.expectTold({openingFailed}, noConnection, u"The database cannot be reached (");
 }
 
 TEST_P(ServerList, AServerThatRefusesTheUserIsNotSkipped) {

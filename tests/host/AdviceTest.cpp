@@ -48,6 +48,20 @@ const std::map<HelpContext, std::string> advice{
     {changedByAnother, "To change what is stored now, " + rulesAgain},
     {noPrimaryKey, "Make the column ID the primary key of this table, or name another database."},
     {valueNotKept, "Write this value again in the database, as text in UTF-8. Then " + rulesAgain},
+    {ruleReadInPart,
+     "The editor shows what was read before the error. OK in the editor replaces the whole rule "
+     "with what it shows. To keep the rule, press Cancel and correct its row in the database. The "
+     "columns QueryParam and ActionParam of SMS_RULES hold its texts; kvexrules show ID prints "
+     "them."},
+    {listEndsEarly,
+     "Nothing from there on is listed, and OK stores only what is listed. Open the rules again. If "
+     "the list still ends there, correct that place in the database: each row needs an ID, and a "
+     "rule also needs a name, a value in ACTIVE and a priority of at most 8 digits."},
+    {ruleNotStored, "The editor keeps what you entered. Put that right and press OK again; a new "
+                    "name, for example, may have no apostrophe ('). If that does not help, " +
+                        rulesAgain},
+    {ruleNotRemoved, "Try again. If that does not help, " + rulesAgain},
+    {orderNotStored, "Open the rules again to see their order, and repeat what is missing."},
 };
 
 std::string inPlaceOf(std::string text, const std::string &before, const std::string &after) {
@@ -59,9 +73,9 @@ std::string inPlaceOf(std::string text, const std::string &before, const std::st
 
 } // namespace
 
-TEST(Advice, IsKnownForEachContextOfADatabase) {
+TEST(Advice, IsKnownForEachContext) {
     std::map<HelpContext, std::string> known;
-    for (std::int32_t value = 0; value < 70; ++value) {
+    for (std::int32_t value = 0; value < 100; ++value) {
         const auto context = static_cast<HelpContext>(value);
         if (const auto text = adviceFor(context, Place::rulesWindows); !text.empty()) {
             known[context] = toUtf8(text);

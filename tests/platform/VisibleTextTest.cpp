@@ -57,5 +57,24 @@ TEST(VisibleText, HidesTheFirstAndTheLastOfEachRange) {
     }
 }
 
+TEST(VisibleText, QuotesATextOfTheLongestLengthWhole) {
+    EXPECT_EQ(quoted(u"123456", 6), u"\"123456\"");
+    EXPECT_EQ(quoted(u"", 6), u"\"\"");
+}
+
+TEST(VisibleText, QuotesALongTextWithoutItsMiddle) {
+    EXPECT_EQ(quoted(u"1234567", 6), u"\"123…567\"");
+    EXPECT_EQ(quoted(u"12345678901234", 6), u"\"123…234\"");
+}
+
+TEST(VisibleText, NeverQuotesHalfACharacter) {
+    EXPECT_EQ(quoted(u"12🌙4567🌙12", 6), u"\"12…12\"");
+    EXPECT_EQ(quoted(u"1🌙456🌙1", 6), u"\"1🌙…🌙1\"");
+}
+
+TEST(VisibleText, QuotesOnOneLine) {
+    EXPECT_EQ(quoted(u"a\r\nb\nc", 9), u"\"a b c\"");
+}
+
 } // namespace
 } // namespace kvex

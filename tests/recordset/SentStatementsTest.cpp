@@ -175,9 +175,9 @@ TEST_F(SentStatements, ABrokenConnectionGivesAnErrorThatTheOutcomeIsUnknown) {
     const auto rows = session().records();
     rows->setField(u"A", u"new");
     rows->update();
-    refuse(recordset::connectionLost);
+    refuse(noConnection);
     rows->setField(u"A", u"newer");
-    expectError(recordset::connectionLost,
+    expectError(noConnection,
                 u"The change of record ID 3 was not stored, as far as is known. The reason.",
                 [&] { rows->update(); });
 }

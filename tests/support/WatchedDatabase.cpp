@@ -35,7 +35,7 @@ struct WatchedDatabase::State {
         ++losses;
     }
     static Error broken() {
-        return Error(recordset::connectionLost, u"The connection to the server broke.", u"Watched",
+        return Error(noConnection, u"The connection to the server broke.", u"Watched",
                      HelpContext::connectionLost);
     }
     void admit(int lossesBefore) {

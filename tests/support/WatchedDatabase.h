@@ -30,7 +30,7 @@ public:
     /// The calls since the last `takeCalls`. A call that fails counts.
     [[nodiscard]] DriverCalls takeCalls();
 
-    /// After `calls` further calls the server goes away. Later calls fail with connectionLost and
+    /// After `calls` further calls the server goes away. Later calls fail with noConnection and
     /// do not reach the database.
     void loseAfter(int calls);
     /// The same, but the first of these calls does its work in the database before it fails.

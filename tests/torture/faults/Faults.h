@@ -38,7 +38,7 @@ struct Expected {
 };
 
 struct FaultKind {
-    /// What has the fault: "driver", "file", "SQLite's memory" or "new".
+    /// The part that fails: "driver", "file", "SQLite's memory" or "new".
     std::string where;
     std::string name;
     std::unique_ptr<Fault> (*make)(test::WatchedDatabase &database);
