@@ -19,9 +19,11 @@ endif()
 
 set(KVEX_SANITIZE "" CACHE STRING "Sanitizers to build with: address,undefined or thread; fuzzer-no-link for fuzz targets")
 
-# Every library and program includes from the project's root and must compile without warnings.
+# Every library and program includes from the project's root, and public headers from include/.
+# All must compile without warnings.
 add_library(kvex_options INTERFACE)
-target_include_directories(kvex_options INTERFACE "${PROJECT_SOURCE_DIR}")
+target_include_directories(kvex_options INTERFACE
+  "${PROJECT_SOURCE_DIR}" "${PROJECT_SOURCE_DIR}/include")
 target_compile_options(kvex_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion $<$<BOOL:${KVEX_WERROR}>:-Werror>
   # When it optimises, GCC 12 wrongly warns that std::string copies overlapping memory.

@@ -1,7 +1,7 @@
 #include "component/HostObjects.h"
 
-#include "platform/ComPointer.h"
-#include "platform/HostSuite.h"
+#include "kvex/ComPointer.h"
+#include "kvex/HostSuite.h"
 
 #include <utility>
 

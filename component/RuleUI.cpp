@@ -1,5 +1,5 @@
 // The class RuleUI, and the entry points through which the class server reaches it.
-#include "component/RuleUI.h"
+#include "kvex/RuleUI.h"
 
 #include "adapters/classserver/server/ComObject.h"
 #include "adapters/classserver/server/Guard.h"

@@ -9,7 +9,7 @@
 // other form and continues the search.
 #pragma once
 
-#include "platform/Component.h"
+#include "kvex/Component.h"
 
 #include <filesystem>
 #include <optional>

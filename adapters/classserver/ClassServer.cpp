@@ -1,9 +1,9 @@
-#include "adapters/classserver/ClassServer.h"
+#include "kvex/ClassServer.h"
 
 #include "adapters/classserver/ClassRegistration.h"
 #include "adapters/classserver/Servers.h"
 #include "adapters/classserver/server/Guard.h"
-#include "platform/ComPointer.h"
+#include "kvex/ComPointer.h"
 
 #include <algorithm>
 #include <map>

@@ -1,7 +1,7 @@
 // The written form of a class or interface id: "{2E9C6A10-5D43-4B7B-8A60-1F0D7C35B201}".
 #pragma once
 
-#include "platform/Component.h"
+#include "kvex/Component.h"
 
 #include <optional>
 #include <string>

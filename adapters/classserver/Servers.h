@@ -1,7 +1,7 @@
 // The servers that this process has loaded, and the servers that a host has named for a class.
 #pragma once
 
-#include "platform/Component.h"
+#include "kvex/Component.h"
 
 #include <filesystem>
 #include <memory>

@@ -1,5 +1,5 @@
 // The texts that cross component boundaries. The length in bytes lies before the characters.
-#include "platform/Component.h"
+#include "kvex/Component.h"
 
 #include <cstdlib>
 #include <limits>

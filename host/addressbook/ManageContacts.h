@@ -3,8 +3,8 @@
 
 #include "adapters/classserver/server/ComObject.h"
 #include "host/addressbook/Contacts.h"
+#include "kvex/HostSuite.h"
 #include "platform/Error.h"
-#include "platform/HostSuite.h"
 #include "platform/controls/Toolkit.h"
 
 #include <memory>

@@ -1,7 +1,7 @@
 #include "host/kvexrules/Components.h"
 
-#include "adapters/classserver/ClassServer.h"
 #include "host/kvexrules/Failure.h"
+#include "kvex/ClassServer.h"
 
 #include <cstdio>
 

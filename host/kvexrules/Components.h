@@ -1,8 +1,8 @@
 // Loads the component servers that this program uses.
 #pragma once
 
-#include "component/RuleUI.h"
-#include "platform/ComPointer.h"
+#include "kvex/ComPointer.h"
+#include "kvex/RuleUI.h"
 
 #include <filesystem>
 #include <string>

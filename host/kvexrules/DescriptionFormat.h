@@ -1,7 +1,7 @@
 // The formats in which a rule's description is printed.
 #pragma once
 
-#include "platform/Component.h"
+#include "kvex/Component.h"
 
 #include <span>
 #include <string>

@@ -5,9 +5,9 @@
 #include "host/kvexrules/Failure.h"
 #include "host/kvexrules/RuleList.h"
 #include "host/kvexrules/Settings.h"
-#include "host/suite/SuiteConfiguration.h"
+#include "kvex/HostSuite.h"
+#include "kvex/SuiteConfiguration.h"
 #include "platform/Error.h"
-#include "platform/HostSuite.h"
 #include "platform/Text.h"
 #include "platform/controls/Toolkit.h"
 

@@ -1,9 +1,9 @@
-#include "adapters/classserver/ClassServer.h"
 #include "host/kvexrules/Commands.h"
 #include "host/kvexrules/Components.h"
 #include "host/kvexrules/Console.h"
 #include "host/kvexrules/Failure.h"
 #include "host/suite/UserFolders.h"
+#include "kvex/ClassServer.h"
 
 namespace kvex::host {
 namespace {

@@ -9,7 +9,7 @@
 #include "host/kvexrules/Settings.h"
 #include "host/kvexrules/TerminalUtility.h"
 #include "host/suite/SuiteState.h"
-#include "platform/HostSuite.h"
+#include "kvex/HostSuite.h"
 #include "platform/Text.h"
 
 #include <algorithm>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "adapters/classserver/server/ComObject.h"
+#include "kvex/HostSuite.h"
 #include "platform/Error.h"
-#include "platform/HostSuite.h"
 
 #include <cstdint>
 #include <set>

@@ -4,9 +4,9 @@
 #include "adapters/qt/QtToolkit.h"
 #include "host/addressbook/ManageContacts.h"
 #include "host/suite/Advice.h"
-#include "host/suite/SuiteConfiguration.h"
 #include "host/suite/SuiteState.h"
 #include "host/suite/UtilityObject.h"
+#include "kvex/SuiteConfiguration.h"
 #include "platform/Text.h"
 
 #include <array>

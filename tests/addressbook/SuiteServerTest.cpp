@@ -1,7 +1,7 @@
 // The address book that the suite's library serves, in a process without a display.
-#include "adapters/classserver/ClassServer.h"
-#include "platform/ComPointer.h"
-#include "platform/HostSuite.h"
+#include "kvex/ClassServer.h"
+#include "kvex/ComPointer.h"
+#include "kvex/HostSuite.h"
 #include "platform/Text.h"
 #include "tests/host/EnvironmentVariables.h"
 #include "tests/host/TemporaryFolder.h"

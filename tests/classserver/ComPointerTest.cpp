@@ -1,4 +1,4 @@
-#include "platform/ComPointer.h"
+#include "kvex/ComPointer.h"
 
 #include "adapters/classserver/server/ComObject.h"
 #include "tests/classserver/TestServer.h"

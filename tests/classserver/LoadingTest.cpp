@@ -1,5 +1,5 @@
-#include "adapters/classserver/ClassServer.h"
-#include "platform/ComPointer.h"
+#include "kvex/ClassServer.h"
+#include "kvex/ComPointer.h"
 #include "tests/classserver/DataDirectories.h"
 #include "tests/classserver/LoadedFile.h"
 #include "tests/classserver/TestServer.h"

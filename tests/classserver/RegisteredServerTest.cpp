@@ -1,6 +1,6 @@
 #include "adapters/classserver/ClassRegistration.h"
-#include "adapters/classserver/ClassServer.h"
 #include "adapters/classserver/server/ComObject.h"
+#include "kvex/ClassServer.h"
 #include "tests/classserver/DataDirectories.h"
 #include "tests/classserver/LoadedFile.h"
 #include "tests/classserver/TestServer.h"

@@ -1,7 +1,7 @@
 // The classes of the server that the tests load.
 #pragma once
 
-#include "platform/Component.h"
+#include "kvex/Component.h"
 
 /// Counts up to show that calls arrive.
 struct ICounter : IUnknown {

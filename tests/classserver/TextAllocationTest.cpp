@@ -1,4 +1,4 @@
-#include "platform/Component.h"
+#include "kvex/Component.h"
 
 #include <gtest/gtest.h>
 

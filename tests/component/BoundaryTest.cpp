@@ -1,10 +1,10 @@
 // The component as any host uses it: loaded from its file and called through its entry points.
-#include "adapters/classserver/ClassServer.h"
 #include "adapters/classserver/server/ComObject.h"
-#include "component/RuleUI.h"
-#include "platform/ComPointer.h"
+#include "kvex/ClassServer.h"
+#include "kvex/ComPointer.h"
+#include "kvex/HostSuite.h"
+#include "kvex/RuleUI.h"
 #include "platform/Error.h"
-#include "platform/HostSuite.h"
 #include "platform/Text.h"
 #include "tests/support/TestDatabase.h"
 

@@ -3,9 +3,9 @@
 #include "component/HostObjects.h"
 
 #include "adapters/classserver/server/ComObject.h"
-#include "platform/ComPointer.h"
+#include "kvex/ComPointer.h"
+#include "kvex/HostSuite.h"
 #include "platform/Error.h"
-#include "platform/HostSuite.h"
 #include "platform/Text.h"
 #include "tests/support/RaisedError.h"
 

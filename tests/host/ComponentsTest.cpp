@@ -1,7 +1,7 @@
 #include "host/kvexrules/Components.h"
 
 #include "host/kvexrules/Failure.h"
-#include "platform/HostSuite.h"
+#include "kvex/HostSuite.h"
 #include "tests/host/TemporaryFolder.h"
 
 #include <gmock/gmock.h>

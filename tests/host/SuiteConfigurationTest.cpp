@@ -1,8 +1,8 @@
 // The library KVEXHostSuite as a host configures it.
-#include "host/suite/SuiteConfiguration.h"
+#include "kvex/SuiteConfiguration.h"
 
 #include "host/kvexrules/Components.h"
-#include "platform/HostSuite.h"
+#include "kvex/HostSuite.h"
 #include "platform/Text.h"
 #include "tests/host/TemporaryFolder.h"
 

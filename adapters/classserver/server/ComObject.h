@@ -2,7 +2,7 @@
 // loaded.
 #pragma once
 
-#include "platform/ComPointer.h"
+#include "kvex/ComPointer.h"
 
 #include <atomic>
 #include <utility>

@@ -1,7 +1,7 @@
 // No exception leaves a component's function: it becomes a result.
 #pragma once
 
-#include "platform/Component.h"
+#include "kvex/Component.h"
 
 #include <utility>
 

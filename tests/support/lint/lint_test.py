@@ -94,7 +94,7 @@ class Checks(unittest.TestCase):
         self.assert_refused("check-includes", "rules/Load.cpp:1:")
 
     def testAHostSeesOfTheComponentItsPublicHeaderAlone(self):
-        self.write("host/kvexrules/main.cpp", '#include "component/RuleUI.h"\n')
+        self.write("host/kvexrules/main.cpp", '#include "kvex/RuleUI.h"\n')
         self.assert_passes("check-includes")
         self.write("host/kvexrules/show.cpp", '#include "rules/Describe.h"\n')
         self.assert_refused("check-includes", "host/kvexrules/show.cpp:1:")

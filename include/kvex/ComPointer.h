@@ -2,7 +2,7 @@
 // text. Both release what they own when they are destroyed, assigned to, or filled through put().
 #pragma once
 
-#include "platform/Component.h"
+#include "kvex/Component.h"
 
 #include <concepts>
 #include <limits>

@@ -1,8 +1,8 @@
-// What the class server offers a host besides the functions of platform/Component.h: it loads
+// What the class server offers a host besides the functions of kvex/Component.h: it loads
 // servers by file. A path is absolute or relative to the working directory.
 #pragma once
 
-#include "platform/Component.h"
+#include "kvex/Component.h"
 
 extern "C" {
 /// From now on this process gets the class from the server in the file `path`, registered or not.

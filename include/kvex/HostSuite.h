@@ -2,14 +2,14 @@
 // a failed HRESULT and never throws. The caller owns the texts that a call returns.
 #pragma once
 
-#include "platform/Component.h"
+#include "kvex/Component.h"
 
 /// The runtime's current error. The caller that passes it owns its texts.
 struct ErrorRecord {
     LONG number;
     BSTR description;
     BSTR source;
-    /// A HelpContext of platform/Error.h.
+    /// A kvex::HelpContext (kvex/HelpContext.h).
     LONG helpContext;
 };
 

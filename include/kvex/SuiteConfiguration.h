@@ -2,7 +2,7 @@
 // creates this object first and configures the suite with it. Then it creates other objects.
 #pragma once
 
-#include "platform/Component.h"
+#include "kvex/Component.h"
 
 struct ISuiteConfiguration : IUnknown {
     static constexpr IID iid{

@@ -1,6 +1,6 @@
 // The public contract of the component: the class RuleUI and its interfaces.
 //
-// A host first registers the suite's utility object (CLSID_Utility, platform/HostSuite.h) with the
+// A host first registers the suite's utility object (CLSID_Utility, kvex/HostSuite.h) with the
 // class server. Then it creates RuleUI by its class id or its name, "KVEXMessageRules.RuleUI". The
 // creation fails with 0x800A01AD (error 429) when no utility object is registered.
 //
@@ -8,7 +8,7 @@
 // the error fails with 0x800A01B8 (error 440).
 #pragma once
 
-#include "platform/Component.h"
+#include "kvex/Component.h"
 
 inline constexpr char16_t RuleUIProgramId[] = u"KVEXMessageRules.RuleUI";
 
