@@ -1,9 +1,12 @@
 #include "host/kvexrules/CommandLine.h"
 
+#include "host/kvexrules/CommandNames.h"
 #include "host/kvexrules/Failure.h"
+#include "host/kvexrules/Help.h"
 #include "host/suite/ShownText.h"
 #include "platform/Text.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
@@ -11,124 +14,188 @@
 namespace kvex::host {
 namespace {
 
-using Options = std::span<const OptionDescription>;
-using Commands = std::span<const CommandDescription>;
-
-[[noreturn]] void refuse(const std::string &what) {
-    throw Failure(what + " See: kvexrules help");
+/// Names the general help when the command is not known.
+[[noreturn]] void refuse(const std::string &what, const Command *command) {
+    const std::string name = command == nullptr ? "" : " " + std::string(command->name);
+    throw Failure(what + " See: kvexrules help" + name);
 }
 
-/// Puts `word` in quotation marks, without anything after its first "=". The user may have
-/// forgotten --database before a connection string, which holds a password.
-std::string inQuotes(std::string_view word) {
-    const std::size_t sign = word.find('=');
-    const bool isWhole = sign == std::string_view::npos;
-    return "\"" + std::string(word.substr(0, sign)) + (isWhole ? "\"" : "=…\"");
-}
-
-const CommandDescription &commandNamed(std::string_view name, Commands commands) {
-    const auto found = std::ranges::find(commands, name, &CommandDescription::name);
-    if (found == commands.end()) {
-        refuse("There is no command " + inQuotes(name) + ".");
+/// The first option of that name in any command.
+const Option *optionNamed(std::string_view name, CommandTable commands) {
+    for (const Command *command : commands) {
+        const auto found = std::ranges::find(command->options, name, &Option::name);
+        if (found != command->options.end()) {
+            return &*found;
+        }
     }
-    return *found;
+    return nullptr;
 }
 
-/// One pass over the arguments.
-class Reader {
-public:
-    Reader(std::span<const char *const> arguments, Options options)
-        : arguments_(arguments), options_(options) {}
+[[noreturn]] void refuseMissingValue(const Option &option, const Command *command) {
+    refuse("The option " + std::string(option.name) + " needs a value: " + formOf(option) + ".",
+           command);
+}
 
-    void read() {
-        while (!arguments_.empty()) {
-            const std::string_view argument = next();
-            if (onlyWords_ || !argument.starts_with('-') || argument == "-") {
-                words.emplace_back(argument);
-            } else if (argument == "--") {
-                onlyWords_ = true;
-            } else if (argument == "--help" || argument == "-h") {
-                standIn = "help";
-            } else if (argument == "--version") {
-                standIn = "version";
-            } else {
-                readOption(argument);
+/// CLI11 knows the options of all commands. Its own subcommands would not do: they take options
+/// only after their names.
+class Parser {
+public:
+    Parser(std::span<const char *const> arguments, CommandTable commands)
+        : arguments_(arguments.begin(), arguments.end()), commands_(commands) {
+        app_.set_help_flag("-h,--help");
+        app_.set_version_flag("--version", std::string());
+        for (const Command *command : commands) {
+            for (const Option &option : command->options) {
+                declare(option);
+            }
+        }
+        // Unless the number of words is fixed, CLI11 splits "[a,b]" into two words.
+        words_ = app_.add_option("words")
+                     ->expected(static_cast<int>(std::max<std::size_t>(arguments.size(), 1)))
+                     ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+    }
+
+    Request request() {
+        refuseSurplusSigns();
+        try {
+            app_.parse(std::vector<std::string>(arguments_.rbegin(), arguments_.rend()));
+        } catch (const CLI::CallForHelp &) {
+            return {&commandCalled("help"), {}, words_->results()};
+        } catch (const CLI::CallForVersion &) {
+            return {&commandCalled("version"), {}, {}};
+        } catch (const CLI::ExtrasError &) {
+            refuseUnknownOption(app_.remaining().front());
+        } catch (const CLI::ArgumentMismatch &) {
+            // Only the last argument can lack its value.
+            refuseMissingValue(*optionNamed(arguments_.back(), commands_), called());
+        }
+        Request request{nullptr, {}, words_->results()};
+        request.command = &takeCommand(request.words, commands_);
+        readOptions(request);
+        return request;
+    }
+
+private:
+    void declare(const Option &option) {
+        const std::string name(option.name);
+        if (app_.get_option_no_throw(name) != nullptr) {
+            return;
+        }
+        if (option.takesValue()) {
+            app_.add_option(name)->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+        } else {
+            app_.add_flag(name);
+        }
+    }
+
+    /// CLI11 takes "--all=" for "--all", and the next argument as the value of "--log=".
+    void refuseSurplusSigns() {
+        for (const std::string &argument : arguments_) {
+            if (argument == "--") {
+                return;
+            }
+            const std::size_t sign = argument.find('=');
+            const Option *option = sign == std::string::npos
+                                       ? nullptr
+                                       : optionNamed(argument.substr(0, sign), commands_);
+            if (option != nullptr && !option->takesValue()) {
+                refuse("The option " + std::string(option->name) + " takes no value.", nullptr);
+            }
+            if (option != nullptr && sign + 1 == argument.size()) {
+                refuseMissingValue(*option, nullptr);
             }
         }
     }
 
-    std::map<Option, std::string> values;
-    std::vector<std::string> words;
-    /// The command that an option stands for, or "".
-    std::string_view standIn;
-
-private:
-    std::string_view next() {
-        const std::string_view argument = arguments_.front();
-        arguments_ = arguments_.subspan(1);
-        return argument;
+    [[noreturn]] void refuseUnknownOption(const std::string &argument) {
+        const std::string name = argument.substr(0, argument.find('='));
+        std::vector<std::string_view> names;
+        for (const Command *command : commands_) {
+            if (command == called() || called() == nullptr) {
+                std::ranges::transform(command->options, std::back_inserter(names), &Option::name);
+            }
+        }
+        refuse("There is no option " + name + "." + nearest(name, names), called());
     }
 
-    void readOption(std::string_view argument) {
-        const std::size_t sign = argument.find('=');
-        const std::string name(argument.substr(0, sign));
-        const auto found = std::ranges::find(options_, name, &OptionDescription::name);
-        if (found == options_.end()) {
-            refuse("There is no option " + name + ".");
+    /// The command that the words read so far begin with, if they do.
+    const Command *called() {
+        std::vector<std::string> words = words_->results();
+        try {
+            return &takeCommand(words, commands_);
+        } catch (const Failure &) {
+            return nullptr;
         }
-        if (found->value.empty() && sign != std::string_view::npos) {
-            refuse("The option " + name + " takes no value.");
-        }
-        std::string_view value;
-        if (sign != std::string_view::npos) {
-            value = argument.substr(sign + 1);
-        } else if (!found->value.empty() && !arguments_.empty()) {
-            value = next();
-        }
-        if (value.empty() && !found->value.empty()) {
-            refuse("The option " + name + " needs a value: " + name + " " +
-                   std::string(found->value) + ".");
-        }
-        values.insert_or_assign(found->option, value);
     }
 
-    std::span<const char *const> arguments_;
-    Options options_;
-    bool onlyWords_ = false;
+    const Command &commandCalled(std::string_view name) {
+        return **std::ranges::find(commands_, name, &Command::name);
+    }
+
+    void readOptions(Request &request) {
+        for (const CLI::Option *given : app_.parse_order()) {
+            if (given == words_) {
+                continue;
+            }
+            const std::string name = given->get_name();
+            const auto &options = request.command->options;
+            const auto option = std::ranges::find(options, name, &Option::name);
+            if (option == options.end()) {
+                refuse("The command " + std::string(request.command->name) + " has no option " +
+                           name + ".",
+                       request.command);
+            }
+            const std::string value = option->takesValue() ? given->results().back() : "";
+            if (option->takesValue() && value.empty()) {
+                refuseMissingValue(*option, request.command);
+            }
+            request.options.insert_or_assign(name, value);
+        }
+    }
+
+    std::vector<std::string> arguments_;
+    CommandTable commands_;
+    CLI::App app_;
+    CLI::Option *words_;
 };
 
-/// Adds blanks up to `width` characters, and at least one. `text` is UTF-8.
-std::string paddedTo(std::ptrdiff_t width, const std::string &text) {
-    const auto characters = std::ranges::count_if(
-        text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80; });
-    const std::ptrdiff_t missing = std::max<std::ptrdiff_t>(width - characters, 1);
-    return text + std::string(static_cast<std::size_t>(missing), ' ');
+void requireChoices(const Request &request) {
+    for (const Option &option : request.command->options) {
+        const std::string value = request.value(option);
+        if (request.has(option) && !option.choices.empty() &&
+            std::ranges::find(option.choices, value) == option.choices.end()) {
+            const std::string kind(option.name.substr(2));
+            throw Failure("There is no " + kind + " \"" + value + "\". The " + kind + "s are " +
+                          joined(option.choices, "and") + ".");
+        }
+    }
+}
+
+void requireWords(const Request &request) {
+    const Command &command = *request.command;
+    const auto &words = command.words;
+    const auto missing = static_cast<std::size_t>(
+        std::ranges::count_if(words, [](const Word &word) { return !word.isOptional; }));
+    if (request.words.size() < missing) {
+        const Word &word = words[request.words.size()];
+        refuse("The command " + std::string(command.name) + " needs " + std::string(word.name) +
+                   ", as in: kvexrules " + formOf(command) + ".",
+               &command);
+    }
+    const bool repeats = !words.empty() && words.back().repeats;
+    if (request.words.size() > words.size() && !repeats) {
+        refuse("The command " + std::string(command.name) + " does not take " +
+                   inQuotes(request.words[words.size()]) + ".",
+               &command);
+    }
 }
 
 } // namespace
 
-Request parseArguments(std::span<const char *const> arguments, Commands commands, Options options) {
-    Reader reader(arguments, options);
-    reader.read();
-    if (!reader.standIn.empty()) {
-        return {&commandNamed(reader.standIn, commands), {}, {}};
-    }
-    Request request{&commands.front(), std::move(reader.values), std::move(reader.words)};
-    if (!request.words.empty()) {
-        request.command = &commandNamed(request.words.front(), commands);
-        request.words.erase(request.words.begin());
-    }
-    const std::string name(request.command->name);
-    for (const OptionDescription &option : options) {
-        if (request.has(option.option) &&
-            std::ranges::find(request.command->options, option.option) ==
-                request.command->options.end()) {
-            refuse("The command " + name + " has no option " + std::string(option.name) + ".");
-        }
-    }
-    if (!request.words.empty() && !request.command->takesWords) {
-        refuse("The command " + name + " does not take " + inQuotes(request.words.front()) + ".");
-    }
+Request parseArguments(std::span<const char *const> arguments, CommandTable commands) {
+    Request request = Parser(arguments, commands).request();
+    requireChoices(request);
+    requireWords(request);
     return request;
 }
 
@@ -139,23 +206,6 @@ void hidePasswords(std::span<char *const> arguments) {
         shown.resize(room);
         std::ranges::copy(shown, argument);
     }
-}
-
-std::string helpText(Commands commands, Options options) {
-    constexpr std::ptrdiff_t width = 36;
-    std::string text = "Usage: kvexrules [COMMAND] [OPTION…]\n\nCommands (" +
-                       std::string(commands.front().name) + " if you name none):\n";
-    for (const CommandDescription &command : commands) {
-        text +=
-            paddedTo(width, "  " + std::string(command.name) + " " + std::string(command.form)) +
-            std::string(command.help) + "\n";
-    }
-    text += "\nOptions:\n";
-    for (const OptionDescription &option : options) {
-        text += paddedTo(width, "  " + std::string(option.name) + " " + std::string(option.value)) +
-                std::string(option.help) + "\n";
-    }
-    return text;
 }
 
 } // namespace kvex::host

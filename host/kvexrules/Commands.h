@@ -1,24 +1,28 @@
-// The program's commands and options, in the order of the help.
+// The table of commands. Each row stands beside the function that runs it, in NAMECommand.cpp.
 #pragma once
 
-#include "host/kvexrules/CommandLine.h"
+#include "host/kvexrules/Command.h"
 
 #include <span>
 
 namespace kvex::host {
 
-[[nodiscard]] std::span<const CommandDescription> commands();
-[[nodiscard]] std::span<const OptionDescription> options();
+using CommandTable = std::span<const Command *const>;
 
-/// Run the commands. Each returns the exit status or raises a Failure.
-int editCommand(const Request &request);
-int listCommand(const Request &request);
-int showCommand(const Request &request);
-int contactsCommand(const Request &request);
-int initCommand(const Request &request);
-int registerCommand(const Request &request);
-int unregisterCommand(const Request &request);
-int helpCommand(const Request &request);
-int versionCommand(const Request &request);
+extern const Command editCommand;
+extern const Command listCommand;
+extern const Command showCommand;
+extern const Command contactsImportCommand;
+extern const Command contactsExportCommand;
+extern const Command contactsRemoveCommand;
+extern const Command contactsListCommand;
+extern const Command initCommand;
+extern const Command registerCommand;
+extern const Command unregisterCommand;
+extern const Command helpCommand;
+extern const Command versionCommand;
+
+/// All commands in the order of the help. Without a word the program runs the first of them.
+[[nodiscard]] CommandTable commands();
 
 } // namespace kvex::host

@@ -73,6 +73,16 @@ void printLine(std::string_view sentence) {
     print(lineFor(STDOUT_FILENO, sentence));
 }
 
+void report(const std::string &sentence) {
+    try {
+        printLine(sentence);
+    } catch (const ReaderGone &) {
+        complain(sentence);
+    } catch (const Failure &failure) {
+        throw Failure(sentence + " " + failure.what(), exit_status::refused);
+    }
+}
+
 void complain(std::string_view sentences) {
     const std::u16string text = withoutPasswords(fromUtf8(sentences));
     tell("kvexrules: " + toUtf8(isatty(STDERR_FILENO) == 1 ? harmlessLines(text) : text) + "\n");

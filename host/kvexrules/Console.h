@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace kvex::host {
@@ -21,6 +22,10 @@ void print(std::string_view text);
 /// Writes `sentence` to standard output as a line. On a terminal, control characters are escaped as
 /// visible() does.
 void printLine(std::string_view sentence);
+
+/// Writes `sentence`, which says what has been done, as printLine does. When the reader has gone,
+/// standard error gets it. Raises a Failure with the status `refused` when it cannot write.
+void report(const std::string &sentence);
 
 /// Writes "kvexrules: " and `sentences` to standard error as a line, without passwords. On a
 /// terminal, U+FFFD replaces control characters.

@@ -1,4 +1,4 @@
-#include "host/kvexrules/Commands.h"
+#include "host/kvexrules/CommandLine.h"
 #include "host/kvexrules/Components.h"
 #include "host/kvexrules/Console.h"
 #include "host/kvexrules/Database.h"
@@ -11,6 +11,7 @@
 #include "platform/Text.h"
 #include "platform/controls/Toolkit.h"
 
+#include <array>
 #include <cstdlib>
 
 namespace kvex::host {
@@ -34,9 +35,11 @@ void requireDisplay(const Settings &settings) {
                                   : "kvexrules list and kvexrules show print the rules."));
 }
 
+constexpr Option ruleOption{.name = "--rule", .value = "ID", .help = "the rule to open"};
+
 /// The rule's id in decimal, "" for a new rule.
 std::string ruleOf(const Request &request) {
-    return request.has(Option::rule) ? ruleId(request.value(Option::rule)) : std::string();
+    return request.has(ruleOption) ? ruleId(request.value(ruleOption)) : std::string();
 }
 
 /// Makes the component use the host suite with windows.
@@ -88,9 +91,7 @@ LONG showRules(const std::string &user, const std::string &rule) {
     return result;
 }
 
-} // namespace
-
-int editCommand(const Request &request) {
+int edit(const Request &request) {
     const std::string rule = ruleOf(request);
     const Settings settings = settingsFor(request);
     offerDatabase(settings, askAtTerminal);
@@ -105,5 +106,35 @@ int editCommand(const Request &request) {
     print("result: " + std::to_string(result) + "\n");
     return result == notShown ? exit_status::unusable : exit_status::done;
 }
+constexpr std::array options{ruleOption, databaseOption, userOption, logOption};
+
+constexpr std::array statuses{
+    ExitStatus{exit_status::done, "the windows were shown"},
+    ExitStatus{exit_status::unusable, "the rules could not be opened; the log says why"},
+};
+
+} // namespace
+
+constexpr Command editCommand{
+    .name = "edit",
+    .words = {},
+    .options = options,
+    .summary = "open the rule editor",
+    .description = R"(Opens the rule editor, on a new rule unless --rule names one. If an SQLite
+file is missing, the command offers to make it.
+
+The last line that it prints is the result:
+  result: 99   the user may have edited something
+  result: 1    no edit was noted, but rules may have been removed
+  result: 0    the rules could not be opened
+
+A program that keeps the rules in memory must read them again after 99 and after 1.
+)",
+    .example = R"($ kvexrules edit --rule 3
+result: 1
+)",
+    .run = edit,
+    .statuses = statuses,
+};
 
 } // namespace kvex::host

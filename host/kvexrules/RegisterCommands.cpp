@@ -1,4 +1,4 @@
-#include "host/kvexrules/Commands.h"
+#include "host/kvexrules/CommandLine.h"
 #include "host/kvexrules/Components.h"
 #include "host/kvexrules/Console.h"
 #include "host/kvexrules/Failure.h"
@@ -21,14 +21,42 @@ int change(HRESULT (*call)(const char *) noexcept, const std::string &done) {
     return exit_status::done;
 }
 
-} // namespace
-
-int registerCommand(const Request & /*request*/) {
+int registerComponent(const Request & /*request*/) {
     return change(CoRegisterServer, "registered: ");
 }
 
-int unregisterCommand(const Request & /*request*/) {
+int unregisterComponent(const Request & /*request*/) {
     return change(CoUnregisterServer, "unregistered: ");
 }
+
+} // namespace
+
+constexpr Command registerCommand{
+    .name = "register",
+    .words = {},
+    .options = {},
+    .summary = "register the rule component, so that programs find it",
+    .description = R"(Registers the rule component for your own programs, so that they find its
+class. The registration is a file in kvex/classes, which is in $XDG_DATA_HOME
+(~/.local/share). kvexrules itself needs no registration.
+)",
+    .example = R"($ kvexrules register
+registered: .../libKVEXMessageRules.so
+)",
+    .run = registerComponent,
+};
+
+constexpr Command unregisterCommand{
+    .name = "unregister",
+    .words = {},
+    .options = {},
+    .summary = "remove the registration of the rule component",
+    .description = R"(Removes what "kvexrules register" has registered.
+)",
+    .example = R"($ kvexrules unregister
+unregistered: .../libKVEXMessageRules.so
+)",
+    .run = unregisterComponent,
+};
 
 } // namespace kvex::host

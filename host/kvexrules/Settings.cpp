@@ -76,8 +76,8 @@ Configuration readConfiguration(const std::filesystem::path &file) {
 void chooseDatabase(const Request &request, const Configuration &configuration,
                     const std::filesystem::path &file, Settings &settings) {
     const char *environment = ::secure_getenv("KVEX_DATABASE");
-    if (request.has(Option::database)) {
-        settings.database = request.value(Option::database);
+    if (request.has(databaseOption)) {
+        settings.database = request.value(databaseOption);
         settings.databaseOrigin = "The database was named by --database.";
     } else if (environment != nullptr && *environment != '\0') {
         settings.database = environment;
@@ -123,13 +123,13 @@ Settings settingsFor(const Request &request) {
         throw Failure(settings.databaseOrigin + " " + *advice);
     }
     settings.user =
-        request.has(Option::user) ? request.value(Option::user) : configuration.user.value_or("1");
+        request.has(userOption) ? request.value(userOption) : configuration.user.value_or("1");
     if (!wholeNumber<std::int32_t>(settings.user)) {
         throw Failure("\"" + settings.user +
                       "\" is not the id of a user. An id is a number, as in: --user 1");
     }
     const std::string log =
-        request.has(Option::log) ? request.value(Option::log) : configuration.log.value_or("");
+        request.has(logOption) ? request.value(logOption) : configuration.log.value_or("");
     if (!log.empty()) {
         settings.log = std::filesystem::absolute(log);
     }

@@ -1,5 +1,5 @@
 #include "adapters/classserver/server/Guard.h"
-#include "host/kvexrules/Commands.h"
+#include "host/kvexrules/CommandLine.h"
 #include "host/kvexrules/Components.h"
 #include "host/kvexrules/Console.h"
 #include "host/kvexrules/Database.h"
@@ -13,6 +13,7 @@
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <array>
 
 namespace kvex::host {
 namespace {
@@ -31,18 +32,21 @@ private:
     ~Collector() final = default;
 };
 
+constexpr std::array<std::string_view, 3> formats{"text", "ansi", "html"};
+constexpr Option formatOption{
+    .name = "--format", .value = "", .help = "the format (default: text)", .choices = formats};
+constexpr Option allOption{.name = "--all", .value = "", .help = "show all rules"};
+
 const DescriptionFormat &formatOf(const Request &request) {
-    const std::string name = request.has(Option::format) ? request.value(Option::format) : "text";
-    const auto formats = descriptionFormats();
-    const auto found = std::ranges::find(formats, name, &DescriptionFormat::name);
-    if (found == formats.end()) {
-        throw Failure("There is no format \"" + name + "\". The formats are text, ansi and html.");
+    const std::string name = request.has(formatOption) ? request.value(formatOption) : "text";
+    if (name == "text" && printsToTerminal()) {
+        return textForTerminals();
     }
-    return name == "text" && printsToTerminal() ? textForTerminals() : *found;
+    return *std::ranges::find(descriptionFormats(), name, &DescriptionFormat::name);
 }
 
 std::vector<std::string> idsAskedFor(const Request &request) {
-    if (request.has(Option::all) != request.words.empty()) {
+    if (request.has(allOption) != request.words.empty()) {
         throw Failure("Name the ids of the rules to show, or --all, but not "
                       "both. The ids are the numbers that kvexrules list shows.");
     }
@@ -121,15 +125,13 @@ private:
     ComPointer<IRuleReader> reader_;
 };
 
-} // namespace
-
-int showCommand(const Request &request) {
+int show(const Request &request) {
     const DescriptionFormat &format = formatOf(request);
     std::vector<std::string> ids = idsAskedFor(request);
     const Settings settings = settingsFor(request);
     requireWritableLog(settings);
     const std::vector<ListedRule> rules = rulesOf(settings);
-    if (request.has(Option::all)) {
+    if (request.has(allOption)) {
         std::ranges::transform(rules, std::back_inserter(ids),
                                [](const ListedRule &rule) { return toUtf8(rule.id); });
     }
@@ -150,5 +152,29 @@ int showCommand(const Request &request) {
     print(format.closing);
     return status;
 }
+constexpr std::array words{Word{.name = "ID", .isOptional = true, .repeats = true}};
+constexpr std::array options{allOption, formatOption, databaseOption, logOption};
+
+} // namespace
+
+constexpr Command showCommand{
+    .name = "show",
+    .words = words,
+    .options = options,
+    .summary = "say in words what rules do",
+    .description = R"(Prints what rules do, in the words of the rule editor. Name the ids that
+"kvexrules list" shows, or --all. An empty line separates two rules.
+
+The format "ansi" has the colours of the editor for a terminal, and "html" is a page.
+When a rule cannot be read completely, the command prints what it could read, and the
+texts that are stored.
+)",
+    .example = R"($ kvexrules show 7
+Apply this Rule after the message arrives
+For ALL Messages
+Then distribute the message to SYSTEM
+)",
+    .run = show,
+};
 
 } // namespace kvex::host

@@ -1,5 +1,5 @@
 // kvexrules: opens the rule editor, and serves operators at a terminal.
-#include "host/kvexrules/Commands.h"
+#include "host/kvexrules/CommandLine.h"
 #include "host/kvexrules/Console.h"
 #include "host/kvexrules/Failure.h"
 #include "platform/Error.h"
@@ -12,7 +12,7 @@ int main(int count, char **arguments) {
         secureStandardStreams();
         const auto words =
             std::span<char *const>(arguments, static_cast<std::size_t>(count)).subspan(count > 0);
-        const Request request = parseArguments(words, commands(), options());
+        const Request request = parseArguments(words, commands());
         hidePasswords(words);
         return request.command->run(request);
     } catch (const ReaderGone &) {

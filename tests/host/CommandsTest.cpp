@@ -1,5 +1,5 @@
 // The program's commands, run inside the test program.
-#include "host/kvexrules/Commands.h"
+#include "host/kvexrules/CommandLine.h"
 
 #include "host/kvexrules/Failure.h"
 #include "host/suite/Databases.h"
@@ -40,7 +40,7 @@ protected:
         testing::internal::CaptureStderr();
         std::string failure;
         try {
-            const Request request = parseArguments(arguments, commands(), options());
+            const Request request = parseArguments(arguments, commands());
             ended.status = request.command->run(request);
         } catch (const Failure &failed) {
             ended.status = failed.status();
@@ -86,72 +86,6 @@ protected:
     std::filesystem::path file = folder / "rules.db";
     EnvironmentVariables environment;
 };
-
-TEST_F(Commands, HelpIsThisText) {
-    EXPECT_EQ(done({"help"}), R"(Usage: kvexrules [COMMAND] [OPTION…]
-
-Commands (edit if you name none):
-  edit [--rule ID]                  open the rule editor, on a new rule unless --rule names one
-  list                              list all rules by priority: position, on or off, id, name
-  show ID… | --all                  describe rules, separated by a blank line
-  contacts VERB…                    import, export, remove or list contacts (see below)
-  init [--sample]                   create missing tables; with --sample, fill empty ones
-  register                          register the rule component, so that hosts find it
-  unregister                        remove the registration of the rule component
-  help                              print this text
-  version                           print the program's version
-
-Options:
-  --database CONNECTION|PATH        the database: a connection string or an SQLite file
-  --user ID                         the user whose contacts to use (default: 1)
-  --log FILE                        the file in which to log errors
-  --rule ID                         the rule to open
-  --format FORMAT                   text, ansi or html for rules; vcard or csv for contacts
-  --all                             show all rules
-  --replace                         replace an existing file (contacts export)
-  --sample                          add sample users, accounts and rules
-
-The database is the first of these that is set:
-  --database CONNECTION|PATH
-  $KVEX_DATABASE
-  "database" in kvex/kvexrules.conf, which is in $XDG_CONFIG_HOME (~/.config)
-  kvex/rules.db in $XDG_DATA_HOME (~/.local/share), your own database
-kvexrules.conf has lines of "key = value" with the keys database, user and log. A line
-that begins with "#" is a comment.
-
-For a database on a server, give an ODBC connection string, such as
-  Driver={PostgreSQL Unicode};Server=db;Database=sms;UID=editor;PWD=...
-Put the password into kvexrules.conf or $KVEX_DATABASE. After --database, other users
-may see it.
-
-"list" separates its columns by blanks; the name is the rest of the line. Characters
-that could break the line appear as \n, \t, \\ or \u{HEX}. "contacts list" separates
-its columns by tabs. It also lists the contacts that belong to no user.
-
-"contacts import FILE" reads vCards (versions 2.1, 3.0 and 4.0), or CSV whose first row
-names the columns ("Name,Mobile"). "-" means standard input. The command reports the
-line of each entry that it skips. It does not add a contact that is already there. If
-the database refuses one contact, none is added.
-"contacts export [FILE]" writes the contacts that "contacts list" shows: as CSV if the
-file's name ends in .csv, else as vCards. Without FILE, or with "-", it writes to
-standard output. Only you can read the file. An existing file is replaced only with
---replace.
-"contacts remove ID…" removes contacts that "contacts list" shows. If one of the ids is
-not there, none is removed.
-
-The last line that "edit" prints is its result:
-  result: 99   the user may have edited something
-  result: 1    no edit was noted, but rules may have been removed
-  result: 0    the rules could not be opened
-A program that keeps the rules in memory must read them again after 99 and after 1. If
-an SQLite file is missing, "edit" offers to make it.
-
-Exit status:
-  0   done
-  1   something was not found or was skipped, or a request was refused
-  2   the command line was wrong, or nothing could be read
-)");
-}
 
 TEST_F(Commands, VersionIsANumber) {
     EXPECT_THAT(done({"version"}), testing::MatchesRegex("kvexrules [0-9]+\\.[0-9]+\\.[0-9]+\n"));

@@ -81,13 +81,15 @@ protected:
         environment.set("KVEX_DATABASE", std::nullopt);
     }
 
-    kvex::host::Settings chosen(std::map<Option, std::string> given = {}) {
-        return settingsFor({&commands().front(), std::move(given), {}});
+    using Given = std::map<std::string, std::string, std::less<>>;
+
+    kvex::host::Settings chosen(Given given = {}) {
+        return settingsFor({commands().front(), std::move(given), {}});
     }
     void configure(std::string_view text) {
         writeFile(folder / "config/kvex/kvexrules.conf", text);
     }
-    std::string failure(std::map<Option, std::string> given = {}) {
+    std::string failure(Given given = {}) {
         try {
             const kvex::host::Settings settings = chosen(std::move(given));
             ADD_FAILURE() << "no Failure was raised; the database is " << settings.database;
@@ -145,7 +147,7 @@ TEST_F(Settings, PreferTheOptionsToEverything) {
     configure("database = a.db\nuser = 4\nlog = b.log");
     environment.set("KVEX_DATABASE", "e.db");
     const kvex::host::Settings settings =
-        chosen({{Option::database, "o.db"}, {Option::user, "5"}, {Option::log, "o.log"}});
+        chosen({{"--database", "o.db"}, {"--user", "5"}, {"--log", "o.log"}});
     EXPECT_EQ(settings.database, "o.db");
     EXPECT_THAT(settings.databaseOrigin, HasSubstr("--database"));
     EXPECT_EQ(settings.user, "5");
@@ -155,7 +157,7 @@ TEST_F(Settings, PreferTheOptionsToEverything) {
 TEST_F(Settings, TakeAServersConnectionStringAsItIs) {
     const std::string text = "Driver={PostgreSQL Unicode};Server=127.0.0.1;Port=5432;"
                              "Database=sms;UID=app;PWD={a;b}}c}";
-    EXPECT_EQ(chosen({{Option::database, text}}).database, text);
+    EXPECT_EQ(chosen({{"--database", text}}).database, text);
     environment.set("KVEX_DATABASE", text);
     EXPECT_EQ(chosen().database, text);
     environment.set("KVEX_DATABASE", std::nullopt);
@@ -169,7 +171,7 @@ TEST_F(Settings, RefuseAUrlFromEverySource) {
     const std::string advice = " \"mysql://…\" is a URL, which kvexrules does not take. Use this "
                                "connection string: Driver={MariaDB Unicode};Server=db;"
                                "Database=sms;UID=app;PWD=...";
-    EXPECT_EQ(failure({{Option::database, url}}), "The database was named by --database." + advice);
+    EXPECT_EQ(failure({{"--database", url}}), "The database was named by --database." + advice);
     environment.set("KVEX_DATABASE", url);
     EXPECT_EQ(failure(), "The database was named by $KVEX_DATABASE." + advice);
     environment.set("KVEX_DATABASE", std::nullopt);
@@ -180,9 +182,9 @@ TEST_F(Settings, RefuseAUrlFromEverySource) {
 
 TEST_F(Settings, RefuseAUserIdThatIsNoNumber) {
     EXPECT_THAT(
-        failure({{Option::user, "asha"}}),
+        failure({{"--user", "asha"}}),
         testing::StrEq("\"asha\" is not the id of a user. An id is a number, as in: --user 1"));
-    EXPECT_THAT(failure({{Option::user, "99999999999"}}), HasSubstr("is not the id of a user"));
+    EXPECT_THAT(failure({{"--user", "99999999999"}}), HasSubstr("is not the id of a user"));
     configure("user = asha");
     EXPECT_THAT(failure(), HasSubstr("\"asha\" is not the id of a user"));
 }
@@ -209,7 +211,7 @@ TEST_F(Settings, NeedANamedDatabaseWithoutAHome) {
     }
     EXPECT_EQ(failure(), "There is no home directory for a database of your own. Name one with "
                          "--database.");
-    EXPECT_EQ(chosen({{Option::database, "a.db"}}).database, "a.db");
+    EXPECT_EQ(chosen({{"--database", "a.db"}}).database, "a.db");
 }
 
 TEST_F(Settings, SayWhereTheDatabasesNameCameFrom) {
@@ -219,13 +221,13 @@ TEST_F(Settings, SayWhereTheDatabasesNameCameFrom) {
                                            (folder / "config/kvex/kvexrules.conf").string() + ".");
     environment.set("KVEX_DATABASE", "e.db");
     EXPECT_EQ(chosen().databaseOrigin, "The database was named by $KVEX_DATABASE.");
-    EXPECT_EQ(chosen({{Option::database, "o.db"}}).databaseOrigin,
+    EXPECT_EQ(chosen({{"--database", "o.db"}}).databaseOrigin,
               "The database was named by --database.");
 }
 
 TEST_F(Settings, RefuseAChosenLogThatCannotBeWritten) {
     writeFile(folder / "file", "");
-    const kvex::host::Settings settings = chosen({{Option::log, (folder / "file/a.log").string()}});
+    const kvex::host::Settings settings = chosen({{"--log", (folder / "file/a.log").string()}});
     try {
         requireWritableLog(settings);
         ADD_FAILURE() << "no Failure was raised";
@@ -235,7 +237,7 @@ TEST_F(Settings, RefuseAChosenLogThatCannotBeWritten) {
                                      "--log.");
     }
     EXPECT_NO_THROW(requireWritableLog(chosen()));
-    EXPECT_NO_THROW(requireWritableLog(chosen({{Option::log, (folder / "a.log").string()}})));
+    EXPECT_NO_THROW(requireWritableLog(chosen({{"--log", (folder / "a.log").string()}})));
 }
 
 } // namespace
