@@ -166,5 +166,5 @@ FIGURES = [
         "a Qt program with one dialog of the same widgets and texts",
         "a Qt program with one empty dialog",
     ),
-    Figure("component_size", "the stripped component (bytes)"),
+    Figure("component_size", "the stripped component with its toolkit (bytes)"),
 ]

@@ -2,10 +2,10 @@
 
 #include "adapters/classserver/server/InProcessServer.h"
 #include "adapters/odbc/Provider.h"
-#include "adapters/qt/QtToolkit.h"
 #include "adapters/recordset/ClientConnection.h"
 #include "adapters/recordset/ClientRecordset.h"
 #include "adapters/sqlite/Provider.h"
+#include "adapters/toolkits/LoadedToolkit.h"
 #include "component/HostObjects.h"
 #include "platform/Text.h"
 
@@ -34,7 +34,7 @@ public:
     }
 
 private:
-    qt::QtToolkit toolkit_;
+    toolkits::LoadedToolkit toolkit_{modulePath().parent_path()};
 };
 
 } // namespace

@@ -1,7 +1,7 @@
 // The library KVEXHostSuite: the table of its classes, and the entry points that serve them.
 #include "adapters/classserver/server/Guard.h"
 #include "adapters/classserver/server/InProcessServer.h"
-#include "adapters/qt/QtToolkit.h"
+#include "adapters/toolkits/LoadedToolkit.h"
 #include "host/addressbook/ManageContacts.h"
 #include "host/suite/Advice.h"
 #include "host/suite/SuiteState.h"
@@ -49,13 +49,19 @@ private:
     ~SuiteConfiguration() final = default;
 };
 
+/// The toolkit of this library's folder.
+Toolkit &toolkit() {
+    static toolkits::LoadedToolkit loaded(modulePath().parent_path());
+    return loaded;
+}
+
 /// Shows messages in a box with the title "SMS Rules".
 class MessageBoxUtility final : public UtilityObject {
 private:
     ~MessageBoxUtility() final = default;
 
     std::int32_t showMessage(const std::u16string &text, std::int32_t style) final {
-        return qt::QtToolkit().showMessageBox(u"SMS Rules", text, style);
+        return toolkit().showMessageBox(u"SMS Rules", text, style);
     }
 };
 
@@ -64,8 +70,7 @@ template <class Class> ComPointer<IUnknown> create() {
 }
 
 ComPointer<IUnknown> createAddressBook() {
-    static qt::QtToolkit toolkit;
-    return makeComObject<ManageContacts>(toolkit);
+    return makeComObject<ManageContacts>(toolkit());
 }
 
 constexpr std::array classes{

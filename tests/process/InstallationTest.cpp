@@ -8,7 +8,10 @@ namespace kvex::process {
 namespace {
 
 using testing::AllOf;
+using testing::EndsWith;
 using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
 
 class Installation : public KvexrulesTest {
 protected:
@@ -110,6 +113,90 @@ TEST_F(Installation, WithoutTheSuitesWindowsDoesNotEdit) {
     environment["QT_QPA_PLATFORM"] = "offscreen";
     EXPECT_THAT(failed(2, {"edit"}),
                 AllOf(HasSubstr("libKVEXHostSuite.so"), HasSubstr("Install kvexrules again")));
+}
+
+TEST_F(Installation, NamesNoLibraryOfAToolkitExceptInTheToolkitsOwn) {
+    const auto needed = [](const char *file) {
+        return run("/usr/bin/ldd", {(builtProgram().parent_path() / file).string()}, {}, "/")
+            .output;
+    };
+    for (const char *file : {"kvexrules", "libKVEXMessageRules.so", "libKVEXHostSuite.so"}) {
+        EXPECT_THAT(needed(file), AllOf(HasSubstr("libKVEXClassServer.so"), HasSubstr("libodbc"),
+                                        Not(HasSubstr("libQt"))))
+            << file;
+    }
+    EXPECT_THAT(needed("libKVEXQt.so"), HasSubstr("libQt6Widgets.so.6"));
+}
+
+TEST_F(Installation, ItsToolkitExportsOneFunction) {
+    const std::string library = (builtProgram().parent_path() / "libKVEXQt.so").string();
+    const Outcome symbols = run(
+        "/usr/bin/nm", {"--dynamic", "--defined-only", "--format=just-symbols", library}, {}, "/");
+    EXPECT_EQ(symbols.output, "kvexToolkit\n") << symbols.errors;
+}
+
+class WithoutAToolkit : public Installation {
+protected:
+    void SetUp() override {
+        Installation::SetUp();
+        install({"libKVEXClassServer.so", "libKVEXMessageRules.so", "libKVEXHostSuite.so"});
+        environment["QT_QPA_PLATFORM"] = "offscreen";
+    }
+
+    /// The message of the editor that cannot show its window. The log says the same.
+    std::string refusal() const {
+        const Outcome outcome = kvexrules({"edit", "--log", log.string()});
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(outcome.output, "result: 0\n");
+        const std::string before = "kvexrules: The rules could not be opened. ";
+        const std::string after = " The log is " + log.string() + ".\n";
+        EXPECT_THAT(outcome.errors, AllOf(StartsWith(before), EndsWith(after)));
+        const std::string reason = outcome.errors.substr(
+            before.size(), outcome.errors.size() - before.size() - after.size());
+        EXPECT_THAT(readFile(log),
+                    AllOf(HasSubstr("\tKVEXMessageRules: Error occured. Sub: ShowRuleUI, "
+                                    "Module: RuleUI\t429\t"),
+                          HasSubstr(reason)));
+        return reason;
+    }
+
+    std::filesystem::path log = folder / "chosen.log";
+    std::filesystem::path library = place / "libKVEXQt.so";
+};
+
+TEST_F(WithoutAToolkit, EverythingWorksThatShowsNoWindow) {
+    EXPECT_THAT(done({"list"}), HasSubstr("Everything to the system"));
+    EXPECT_THAT(done({"show", "7"}), HasSubstr("For ALL Messages"));
+    EXPECT_NE(done({"contacts", "list"}), "");
+    EXPECT_EQ(done({"init", "--database", (folder / "new.db").string()}),
+              "ready: " + (folder / "new.db").string() + "\n");
+}
+
+TEST_F(WithoutAToolkit, TheEditorNamesTheMissingLibrary) {
+    EXPECT_EQ(refusal(), "No window can be shown. The toolkit \"qt\" cannot be used: " +
+                             library.string() + " does not exist. Install this library.");
+}
+
+TEST_F(WithoutAToolkit, TheEditorNamesTheLibraryOfQtThatCannotBeLoaded) {
+    std::filesystem::copy_file(builtProgram().parent_path() / "libKVEXQt.so", library);
+    writeFile(folder / "libQt6Widgets.so.6", "no library");
+    environment["LD_LIBRARY_PATH"] = folder.path().string();
+    EXPECT_EQ(refusal(),
+              "No window can be shown. The toolkit \"qt\" cannot be used: " + library.string() +
+                  " cannot be loaded (" + (folder / "libQt6Widgets.so.6").string() +
+                  ": file too short). Install Qt 6 Widgets (on Debian libqt6widgets6). "
+                  "If that does not help, install the library again.");
+}
+
+TEST_F(WithoutAToolkit, TheEditorRefusesOneOfAnotherVersion) {
+    std::filesystem::copy_file(OLD_TOOLKIT, library);
+    EXPECT_THAT(refusal(), HasSubstr(library.string() + " is of version 0.9, and version "));
+}
+
+TEST_F(WithoutAToolkit, TheEditorRefusesAChoiceThatItDoesNotKnow) {
+    environment["KVEX_TOOLKIT"] = "curtains";
+    EXPECT_EQ(refusal(), "No window can be shown. $KVEX_TOOLKIT is \"curtains\", and no toolkit "
+                         "has this name. Set it to qt, or unset it.");
 }
 
 } // namespace

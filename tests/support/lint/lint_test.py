@@ -108,7 +108,7 @@ class Checks(unittest.TestCase):
     def testTheSuitesServerSeesSuiteAddressBookAndToolkit(self):
         self.write(
             "host/suiteserver/Server.cpp",
-            '#include "adapters/qt/QtToolkit.h"\n'
+            '#include "adapters/toolkits/LoadedToolkit.h"\n'
             '#include "host/addressbook/Contacts.h"\n'
             '#include "host/suite/Databases.h"\n',
         )
