@@ -74,7 +74,7 @@ Attempt load(const KnownToolkit &toolkit, const std::filesystem::path &folder) {
 
 /// The toolkits that may be taken: the one that the user chose, or all.
 std::span<const KnownToolkit> candidates(std::span<const KnownToolkit> known) {
-    const char *const value = std::getenv("KVEX_TOOLKIT");
+    const char *const value = ::secure_getenv("KVEX_TOOLKIT");
     const std::string_view chosen = value == nullptr ? "" : value;
     if (chosen.empty()) {
         return known;

@@ -27,7 +27,8 @@ struct KnownToolkit {
 
 /// The toolkit of a library in `folder`. The first call that needs it loads it: the one that
 /// $KVEX_TOOLKIT names, else the first known one that can be loaded. It then stays. All objects of
-/// a process that load the same file share one toolkit.
+/// a process that load the same file share one toolkit. The variable does not count in a program
+/// that has more rights than its user.
 ///
 /// Each call fails with cannotCreateObject when no toolkit can be loaded. The description says why
 /// and what to do. The next call tries again, but a library of another version stays loaded. Any

@@ -5,6 +5,7 @@
 #include "tests/classserver/LoadedFile.h"
 #include "tests/host/EnvironmentVariables.h"
 #include "tests/host/TemporaryFolder.h"
+#include "tests/support/PrivilegedProgram.h"
 #include "tests/support/RaisedError.h"
 
 #include <gmock/gmock.h>
@@ -122,6 +123,14 @@ TEST_F(LoadedToolkitTest, AChoiceThatNoToolkitHasIsRefusedWithTheNames) {
     variables.set("KVEX_TOOLKIT", "libFirst.so");
     EXPECT_EQ(taken(), "No window can be shown. $KVEX_TOOLKIT is \"libFirst.so\", and no toolkit "
                        "has this name. Set it to first or second, or unset it.");
+}
+
+TEST_F(LoadedToolkitTest, AChoiceDoesNotCountInAPrivilegedProgram) {
+    install(TEST_TOOLKIT, "libFirst.so");
+    install(TEST_SECOND_TOOLKIT, "libSecond.so");
+    variables.set("KVEX_TOOLKIT", "second");
+    const PrivilegedProgram privileged;
+    EXPECT_EQ(taken(), "first");
 }
 
 TEST_F(LoadedToolkitTest, AMissingLibraryIsNamed) {
