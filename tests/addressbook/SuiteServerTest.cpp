@@ -22,8 +22,8 @@ protected:
         }
     }
 
-    ComPointer<IManageContacts> create() {
-        EXPECT_EQ(CoLoadServer(KVEX_HOST_SUITE, CLSID_ManageContacts), S_OK) << CoLoadErrorText();
+    ComPointer<IManageContacts> create(const std::filesystem::path &library = KVEX_HOST_SUITE) {
+        EXPECT_EQ(CoLoadServer(library.c_str(), CLSID_ManageContacts), S_OK) << CoLoadErrorText();
         ComPointer<IManageContacts> book;
         EXPECT_EQ(createInstance(CLSID_ManageContacts, book), S_OK);
         return book;
@@ -60,6 +60,18 @@ TEST_F(SuiteServer, WithoutADisplaySelectsNobodyAndLogsWhy) {
     // Root never writes a log that a caller names.
     EXPECT_THAT(host::readFile(folder / (geteuid() == 0 ? "kvex/KVEX.log" : "log")),
                 testing::HasSubstr("display"));
+}
+
+TEST_F(SuiteServer, WithoutAToolkitSelectsNobodyAndLogsWhy) {
+    std::filesystem::copy_file(KVEX_HOST_SUITE, folder / "libKVEXHostSuite.so");
+    const auto book = create(folder / "libKVEXHostSuite.so");
+    EXPECT_EQ(init(*book, database.connectionString()), VARIANT_TRUE);
+    variables.set("XDG_STATE_HOME", folder.path().string());
+    LONG code = -1;
+    EXPECT_LT(book->SelectRecipients(1, VARIANT_TRUE, &code), 0);
+    EXPECT_EQ(code, 0);
+    EXPECT_THAT(host::readFile(folder / (geteuid() == 0 ? "kvex/KVEX.log" : "log")),
+                testing::HasSubstr((folder / "libKVEXQt.so").string() + " does not exist."));
 }
 
 TEST_F(SuiteServer, WithoutADisplaySaysOnStandardErrorWhyItCannotBeOpened) {
