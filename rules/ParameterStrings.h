@@ -1,23 +1,8 @@
 // The two tagged strings that a rule's row stores: QueryParam (conditions) and ActionParam
 // (actions).
 //
-// The server that applies the rules also reads them, so every character counts.
-//
-//   `QueryParam  = "<ALLMESSAGES>" | ignore [people] [account] [word] [datetime]`
-//   `ignore      = "<IGNOREIFSERVICE>" yesno "</IGNOREIFSERVICE>"`
-//   `people      = "<PEOPLE>" modifiers list "</PEOPLE>"`
-//   `account     = "<ACCOUNT>" modifiers list "</ACCOUNT>"`
-//   `word        = "<WORD>" modifiers ["<ASCOMMAND>"] list "</WORD>"`
-//   `datetime    = "<DATETIME>" moment "," moment "</DATETIME>"`
-//   `modifiers   = ("<NOT>" | "<CON>") ("<ALL>" | "<ANY>")`
-//   `ActionParam = [dist] [reply] [alert] delete ignorefurther`
-//   `dist        = "<DIST>" list "</DIST>"`
-//   `reply       = "<REPLY>" text ";" id "</REPLY>"`
-//   `alert       = "<ALERT>" text ";" id ";" list "</ALERT>"`
-//   `delete      = "<DELETE>" yesno "</DELETE>"`
-//   `ignorefurther = "<IGNOREFURTHERRULES>" yesno "</IGNOREFURTHERRULES>"`
-//
-// Nothing is escaped.
+// The server that applies the rules also reads them, so every character counts. docs/format.md has
+// their grammar, and how each odd case is read. Nothing is escaped.
 #pragma once
 
 #include "rules/RuleState.h"
