@@ -26,9 +26,9 @@ void fillList(ListView &list, const std::u16string &column, std::span<const Rule
     list.select(1);
 }
 
-void tickHeldParts(ListView &list, std::span<const RulePart> parts) {
+void tickRows(ListView &list, const std::vector<bool> &ticks) {
     for (int row = 1; row <= list.rowCount(); ++row) {
-        if (partOf(parts, row).held(ruleState())) {
+        if (ticks[static_cast<std::size_t>(row - 1)]) {
             list.setChecked(row, true);
         }
     }
@@ -118,12 +118,12 @@ void frmRuleEdit::tickConditions() {
         lvwRuleConditions.setChecked(allMessages, true);
         lvwRuleConditions_ItemCheck(allMessages);
     } else {
-        tickHeldParts(lvwRuleConditions, ruleConditions());
+        tickRows(lvwRuleConditions, heldTicks(ruleState()).conditions);
     }
 }
 
 void frmRuleEdit::tickActions() {
-    tickHeldParts(lvwRuleActions, ruleActions());
+    tickRows(lvwRuleActions, heldTicks(ruleState()).actions);
     lockFurtherRules(ruleState().varDelete == u"YES");
 }
 

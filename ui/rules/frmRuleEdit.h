@@ -7,6 +7,7 @@
 #include "platform/controls/TextBox.h"
 #include "ui/Form.h"
 #include "ui/rules/RuleParts.h"
+#include "ui/rules/SavingChecks.h"
 
 #include <span>
 
@@ -45,8 +46,7 @@ private:
     void describeRule();
 
     void saveIfComplete();
-    /// Whether the rule can be saved. If it cannot, it shows a message that says what is missing.
-    [[nodiscard]] bool confirmComplete();
+    void refuse(const Refusal &refusal);
     [[nodiscard]] bool isNameTaken() const;
     [[nodiscard]] std::u16string typedName() const;
     void saveRule(const std::u16string &queryParam, const std::u16string &actionParam);

@@ -2,38 +2,19 @@
 #include "component/session/ErrorTrap.h"
 #include "component/session/Session.h"
 #include "platform/Text.h"
-#include "platform/Unicode.h"
 #include "rules/ParameterStrings.h"
+#include "ui/rules/SavingChecks.h"
 #include "ui/rules/frmRuleEdit.h"
 
 namespace kvex {
 namespace {
 
-void warn(const std::u16string &text, Control *focus = nullptr) {
-    showMessage(text, message_box::exclamation);
-    if (focus != nullptr) {
-        focus->setFocus();
+std::vector<bool> ticksOf(const ListView &list) {
+    std::vector<bool> ticks;
+    for (int row = 1; row <= list.rowCount(); ++row) {
+        ticks.push_back(list.checked(row));
     }
-}
-
-bool hasTickedRow(const ListView &list) {
-    int row = list.rowCount();
-    while (row > 0 && !list.checked(row)) {
-        --row;
-    }
-    return row > 0;
-}
-
-/// Whether every ticked part has its values. If one does not, it shows the message of the first.
-bool confirmValues(const ListView &list, std::span<const RulePart> parts) {
-    int row = 0;
-    for (const RulePart &part : parts) {
-        if (list.checked(++row) && part.hasDialog() && !part.dialog.complete(ruleState())) {
-            warn(part.dialog.incompleteText);
-            return false;
-        }
-    }
-    return true;
+    return ticks;
 }
 
 } // namespace
@@ -47,42 +28,32 @@ void frmRuleEdit::cmdOK_Click() {
 }
 
 void frmRuleEdit::saveIfComplete() {
-    if (!confirmComplete()) {
+    const RowTicks ticks{ticksOf(lvwRuleConditions), ticksOf(lvwRuleActions)};
+    if (const auto refusal = refusalOfIncomplete(ruleState(), ticks, typedName())) {
+        refuse(*refusal);
         return;
     }
     if (isNameTaken()) {
-        warn(u"A Rule already exists in this name, please select a different name.", &txtRuleName);
+        refuse(refusalOfTakenName());
         return;
     }
     const std::u16string queryParam = buildQueryParam(ruleState());
     const std::u16string actionParam = buildActionParam(ruleState());
-    if (queryParam.size() > longestQueryParam) {
-        warn(u"Length of Condition parameter cannot exceed 5000 characters.", &rtRuleDesc);
-        return;
-    }
-    if (actionParam.size() > longestActionParam) {
-        warn(u"Length of Action parameter cannot exceed 2500 characters.", &rtRuleDesc);
+    if (const auto refusal = refusalOfLength(queryParam, actionParam)) {
+        refuse(*refusal);
         return;
     }
     saveRule(queryParam, actionParam);
     Unload();
 }
 
-bool frmRuleEdit::confirmComplete() {
-    if (!hasTickedRow(lvwRuleConditions)) {
-        warn(u"Please select some conditions for this Rule.");
-        return false;
+void frmRuleEdit::refuse(const Refusal &refusal) {
+    showMessage(refusal.text, message_box::exclamation);
+    if (refusal.part == RefusedPart::name) {
+        txtRuleName.setFocus();
+    } else if (refusal.part == RefusedPart::description) {
+        rtRuleDesc.setFocus();
     }
-    if (!hasTickedRow(lvwRuleActions)) {
-        warn(u"Please select some actions for this Rule.");
-        return false;
-    }
-    if (typedName().empty()) {
-        warn(u"Type a name for this Rule.", &txtRuleName);
-        return false;
-    }
-    return confirmValues(lvwRuleConditions, ruleConditions()) &&
-           confirmValues(lvwRuleActions, ruleActions());
 }
 
 std::u16string frmRuleEdit::typedName() const {
@@ -98,7 +69,7 @@ bool frmRuleEdit::isNameTaken() const {
     }
     Recordset &rsRules = *session().rsRules;
     rsRules.moveFirst();
-    rsRules.find(u"Name = '" + upperCase(name) + u"'");
+    rsRules.find(u"Name = '" + searchedName(name) + u"'");
     return !rsRules.eof();
 }
 
