@@ -2,9 +2,9 @@
 
 #include "component/session/ErrorTrap.h"
 #include "platform/Error.h"
+#include "platform/StoredMoment.h"
 #include "platform/Text.h"
 #include "rules/Lookups.h"
-#include "rules/StoredMoment.h"
 
 #include <algorithm>
 

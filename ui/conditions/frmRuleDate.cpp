@@ -2,11 +2,11 @@
 
 #include "component/session/ErrorTrap.h"
 #include "component/session/Session.h"
+#include "platform/StoredMoment.h"
 #include "platform/Text.h"
 #include "platform/controls/DesignPieces.h"
 #include "rules/InputHelpers.h"
 #include "rules/RuleState.h"
-#include "rules/StoredMoment.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "rules/StoredMoment.h"
+#include "platform/StoredMoment.h"
 
 #include "platform/Error.h"
 
