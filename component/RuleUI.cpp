@@ -5,6 +5,7 @@
 #include "adapters/classserver/server/Guard.h"
 #include "adapters/classserver/server/InProcessServer.h"
 #include "component/Composition.h"
+#include "component/RuleStrings.h"
 #include "component/SessionOwner.h"
 #include "platform/Text.h"
 #include "platform/VisibleText.h"
@@ -14,7 +15,7 @@
 namespace kvex {
 namespace {
 
-class RuleUI final : public ComObject<IRuleUI, IRuleReader> {
+class RuleUI final : public ComObject<IRuleUI, IRuleReader, IRuleStrings> {
 public:
     HRESULT ShowRules(BSTR userId, BSTR ruleId, LONG *result) noexcept override {
         if (result == nullptr) {
@@ -53,6 +54,24 @@ public:
             }
             return S_OK;
         });
+    }
+
+    HRESULT Read(BSTR queryParam, BSTR actionParam, IRuleFieldSink *sink) noexcept override {
+        return rule_strings::read(queryParam, actionParam, sink);
+    }
+
+    HRESULT Write(const RuleField *fields, ULONG count, BSTR *queryParam,
+                  BSTR *actionParam) noexcept override {
+        return rule_strings::write(fields, count, queryParam, actionParam);
+    }
+
+    HRESULT Check(BSTR name, VARIANT_BOOL nameIsTaken, const RuleField *fields, ULONG count,
+                  BSTR *message) noexcept override {
+        return rule_strings::check(name, nameIsTaken, fields, count, message);
+    }
+
+    HRESULT GetNameKeys(BSTR name, BSTR *typed, BSTR *stored) noexcept override {
+        return rule_strings::getNameKeys(name, typed, stored);
     }
 
 private:

@@ -1,6 +1,5 @@
 #include "rules/ParameterStrings.h"
 
-#include "platform/Error.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -83,13 +82,14 @@ namespace {
 
 constexpr auto npos = std::u16string_view::npos;
 
-/// Positions begin at 1 and must fit in 16 bits. 0 means that nothing was found.
-std::int16_t position(std::size_t found, std::size_t beyond = 0) {
+/// A position for `tag`. Positions begin at 1 and must fit in 16 bits. 0 means that nothing was
+/// found.
+std::int16_t position(const ParameterTag &tag, std::size_t found, std::size_t beyond = 0) {
     if (found == npos) {
         return 0;
     }
     if (found + 1 + beyond > std::size_t{std::numeric_limits<std::int16_t>::max()}) {
-        throw Error(error_number::overflow);
+        throw UnreadValue(error_number::overflow, tag);
     }
     return static_cast<std::int16_t>(found + 1 + beyond);
 }
@@ -124,10 +124,10 @@ public:
         if (opening == npos) {
             return std::nullopt;
         }
-        const std::int16_t start = position(opening, tag.opening.size());
-        const std::int16_t end = position(find(tag.closing));
+        const std::int16_t start = position(tag, opening, tag.opening.size());
+        const std::int16_t end = position(tag, find(tag.closing));
         if (end < start) {
-            throw Error(error_number::invalidCall);
+            throw UnreadValue(error_number::invalidCall, tag);
         }
         return text_.substr(static_cast<std::size_t>(start - 1),
                             static_cast<std::size_t>(end - start));

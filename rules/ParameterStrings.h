@@ -5,6 +5,7 @@
 // their grammar, and how each odd case is read. Nothing is escaped.
 #pragma once
 
+#include "platform/Error.h"
 #include "rules/RuleState.h"
 
 #include <string>
@@ -49,10 +50,20 @@ inline constexpr std::size_t longestActionParam = 2500;
 [[nodiscard]] std::u16string buildQueryParam(const RuleState &rule);
 [[nodiscard]] std::u16string buildActionParam(const RuleState &rule);
 
+/// The error of a value that cannot be read. Its number is invalidCall when no closing tag follows
+/// the opening one. Its number is overflow when a position does not fit in 16 bits.
+class UnreadValue : public Error {
+public:
+    UnreadValue(std::int32_t number, const ParameterTag &tag) : Error(number), tag_(tag) {}
+    [[nodiscard]] const ParameterTag &tag() const noexcept { return tag_; }
+
+private:
+    ParameterTag tag_;
+};
+
 /// Reads a parameter string into `rule`, tag by tag. A missing tag leaves its variables unchanged.
-/// A tag may stand anywhere. Its first occurrence counts. Case matters. Values read before a
-/// failure stay. Fails with invalidCall when no closing tag follows an opening one. Fails with
-/// overflow when a position does not fit in 16 bits.
+/// A tag may stand anywhere. Its first occurrence counts. Case matters. Fails with UnreadValue;
+/// values read before stay.
 void readQueryParam(std::u16string_view queryParam, RuleState &rule);
 void readActionParam(std::u16string_view actionParam, RuleState &rule);
 
