@@ -3,6 +3,7 @@
 #include "host/kvexrules/CommandLine.h"
 #include "host/kvexrules/Database.h"
 #include "host/kvexrules/Failure.h"
+#include "host/rules/RuleRows.h"
 #include "host/suite/Databases.h"
 #include "platform/Text.h"
 #include "platform/VisibleText.h"
@@ -19,21 +20,9 @@ std::u16string rightAligned(const std::u16string &text, std::size_t width) {
 
 } // namespace
 
-std::vector<ListedRule> readRules(Connection &connection) {
-    const std::unique_ptr<Recordset> rules = createRecordset();
-    rules->open(u"SELECT ID, NAME, ACTIVE FROM SMS_RULES WHERE DELETED = 0 ORDER BY PRIORITY, ID",
-                connection);
-    std::vector<ListedRule> list;
-    for (; !rules->eof(); rules->moveNext()) {
-        list.push_back(
-            {textOf(*rules, u"ID"), textOf(*rules, u"ACTIVE") == u"1", textOf(*rules, u"NAME")});
-    }
-    return list;
-}
-
-std::vector<ListedRule> rulesOf(const Settings &settings) {
+std::vector<StoredRule> rulesOf(const Settings &settings) {
     try {
-        return readRules(*openConnection(settings));
+        return readRules(*openConnection(settings), Strings::leaveOut);
     } catch (const Error &error) {
         failFor(settings, error);
     }
@@ -50,15 +39,15 @@ StoredTexts storedTexts(std::string_view id, const Settings &settings) {
     return {toUtf8(textOf(*rule, u"QueryParam")), toUtf8(textOf(*rule, u"ActionParam"))};
 }
 
-std::string listText(const std::vector<ListedRule> &rules) {
+std::string listText(const std::vector<StoredRule> &rules) {
     const std::size_t positionWidth = std::to_string(rules.size()).size();
     std::size_t idWidth = 0;
-    for (const ListedRule &rule : rules) {
+    for (const StoredRule &rule : rules) {
         idWidth = std::max(idWidth, visible(rule.id).size());
     }
     std::u16string text;
     for (std::size_t i = 0; i < rules.size(); ++i) {
-        const ListedRule &rule = rules[i];
+        const StoredRule &rule = rules[i];
         text += rightAligned(toText(static_cast<std::int64_t>(i + 1)), positionWidth) +
                 (rule.isActive ? u"  on   " : u"  off  ") +
                 rightAligned(visible(rule.id), idWidth) + u"  " + visible(rule.name) + u"\n";

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/kvexrules/Settings.h"
-#include "platform/Database.h"
+#include "host/rules/Rule.h"
 
 #include <string>
 #include <string_view>
@@ -10,19 +10,8 @@
 
 namespace kvex::host {
 
-struct ListedRule {
-    /// Decimal.
-    std::u16string id;
-    bool isActive;
-    std::u16string name;
-};
-
-/// The live rules in priority order; rules with the same priority are in the order of their ids. A
-/// name that is Null reads as "". Fails as the record set's open does.
-[[nodiscard]] std::vector<ListedRule> readRules(Connection &connection);
-
-/// Reads the rules of the chosen database. Raises a Failure when that fails.
-[[nodiscard]] std::vector<ListedRule> rulesOf(const Settings &settings);
+/// Reads the rules of the chosen database without their strings. Raises a Failure when that fails.
+[[nodiscard]] std::vector<StoredRule> rulesOf(const Settings &settings);
 
 /// The two texts that hold a rule, in UTF-8. Null reads as "".
 struct StoredTexts {
@@ -35,7 +24,7 @@ struct StoredTexts {
 [[nodiscard]] StoredTexts storedTexts(std::string_view id, const Settings &settings);
 
 /// One line for each rule, in columns: position, "on" or "off", id, name.
-[[nodiscard]] std::string listText(const std::vector<ListedRule> &rules);
+[[nodiscard]] std::string listText(const std::vector<StoredRule> &rules);
 
 /// The rule id that the user wrote, in its usual decimal form. Raises a Failure if it is not an id.
 [[nodiscard]] std::string ruleId(std::string_view text);

@@ -130,10 +130,10 @@ int show(const Request &request) {
     std::vector<std::string> ids = idsAskedFor(request);
     const Settings settings = settingsFor(request);
     requireWritableLog(settings);
-    const std::vector<ListedRule> rules = rulesOf(settings);
+    const std::vector<StoredRule> rules = rulesOf(settings);
     if (request.has(allOption)) {
         std::ranges::transform(rules, std::back_inserter(ids),
-                               [](const ListedRule &rule) { return toUtf8(rule.id); });
+                               [](const StoredRule &rule) { return toUtf8(rule.id); });
     }
     const Reader reader(settings);
     int status = exit_status::done;

@@ -1,0 +1,162 @@
+#include "host/rules/Rule.h"
+
+#include "adapters/classserver/server/ComObject.h"
+#include "adapters/classserver/server/Guard.h"
+#include "platform/Error.h"
+#include "platform/Text.h"
+
+#include <cstdio>
+#include <type_traits>
+
+namespace kvex::host {
+namespace {
+
+constexpr std::u16string_view yes = u"YES";
+constexpr std::u16string_view no = u"NO";
+
+/// Visits every member of `rule` with the name of its field.
+template <class Values, class Visit> void forEachField(Values &rule, const Visit &visit) {
+    visit(u"allMessages", rule.allMessages);
+    visit(u"ignoreIfService", rule.ignoreIfService);
+    visit(u"people.not", rule.people.negated);
+    visit(u"people.all", rule.people.all);
+    visit(u"people.entries", rule.people.entries);
+    visit(u"accounts.not", rule.accounts.negated);
+    visit(u"accounts.all", rule.accounts.all);
+    visit(u"accounts.entries", rule.accounts.entries);
+    visit(u"words.not", rule.words.negated);
+    visit(u"words.all", rule.words.all);
+    visit(u"words.asCommand", rule.asCommand);
+    visit(u"words.entries", rule.words.entries);
+    visit(u"dateTime", rule.dateTime);
+    visit(u"distribution", rule.distribution);
+    visit(u"reply.text", rule.replyText);
+    visit(u"reply.account", rule.replyAccount);
+    visit(u"alert.text", rule.alertText);
+    visit(u"alert.account", rule.alertAccount);
+    visit(u"alert.recipients", rule.alertRecipients);
+    visit(u"delete", rule.deleteIt);
+    visit(u"ignoreFurtherRules", rule.ignoreFurtherRules);
+}
+
+void take(std::u16string_view value, bool &member) {
+    member = value == yes;
+}
+void take(std::u16string_view value, std::u16string &member) {
+    member = value;
+}
+void take(std::u16string_view value, Entries &member) {
+    member.emplace_back(value);
+}
+
+class Reader final : public ComObject<IRuleFieldSink> {
+public:
+    explicit Reader(RuleRead &target) : target_(target) {}
+    HRESULT Field(BSTR name, BSTR value) noexcept final {
+        return guarded([&] {
+            const std::u16string_view wanted = viewOf(name);
+            forEachField(target_.values, [&](std::u16string_view known, auto &member) {
+                if (known == wanted) {
+                    take(viewOf(value), member);
+                }
+            });
+            return S_OK;
+        });
+    }
+    HRESULT EndedEarly(LONG number, BSTR tag) noexcept final {
+        return guarded([&] {
+            target_.end = EarlyEnd{number, std::u16string(viewOf(tag))};
+            return S_OK;
+        });
+    }
+
+private:
+    ~Reader() final = default;
+
+    RuleRead &target_;
+};
+
+/// The fields of a rule as an argument.
+class Fields {
+public:
+    explicit Fields(const RuleValues &rule) {
+        forEachField(rule,
+                     [&](std::u16string_view name, const auto &member) { add(name, member); });
+    }
+    [[nodiscard]] const RuleField *data() const { return fields_.data(); }
+    [[nodiscard]] ULONG count() const { return static_cast<ULONG>(fields_.size()); }
+
+private:
+    void add(std::u16string_view name, bool value) { add(name, value ? yes : no); }
+    void add(std::u16string_view name, const Entries &values) {
+        for (const std::u16string &value : values) {
+            add(name, std::u16string_view(value));
+        }
+    }
+    void add(std::u16string_view name, std::u16string_view value) {
+        BSTR const nameText = texts_.emplace_back(name).get();
+        fields_.push_back({nameText, texts_.emplace_back(value).get()});
+    }
+
+    std::vector<Bstr> texts_;
+    std::vector<RuleField> fields_;
+};
+
+void requireSuccess(HRESULT result) {
+    if (result == E_OUTOFMEMORY) {
+        throw Error(error_number::outOfMemory);
+    }
+    if (FAILED(result)) {
+        char number[16];
+        std::snprintf(number, sizeof number, "0x%08X", static_cast<unsigned>(result));
+        throw Error(error_number::internalError,
+                    u"The rule component failed (" + fromUtf8(number) + u").");
+    }
+}
+
+} // namespace
+
+RuleStrings::RuleStrings(IUnknown &component)
+    : strings_(ComPointer<IUnknown>(&component).as<IRuleStrings>()) {
+    if (!strings_) {
+        throw Error(error_number::internalError,
+                    u"The rule component is too old: it does not give the fields of rules.");
+    }
+}
+
+RuleRead RuleStrings::read(std::u16string_view queryParam, std::u16string_view actionParam) const {
+    RuleRead rule;
+    const auto reader = makeComObject<Reader>(rule);
+    requireSuccess(strings_->Read(Bstr(queryParam).get(), Bstr(actionParam).get(), reader.get()));
+    return rule;
+}
+
+RuleWritten RuleStrings::write(const RuleValues &rule) const {
+    const Fields fields(rule);
+    Bstr queryParam;
+    Bstr actionParam;
+    requireSuccess(
+        strings_->Write(fields.data(), fields.count(), queryParam.put(), actionParam.put()));
+    return {queryParam.text(), actionParam.text()};
+}
+
+std::optional<std::u16string> RuleStrings::refusal(std::u16string_view name, bool nameIsTaken,
+                                                   const RuleValues &rule) const {
+    const Fields fields(rule);
+    Bstr message;
+    const HRESULT result =
+        strings_->Check(Bstr(name).get(), nameIsTaken ? VARIANT_TRUE : VARIANT_FALSE, fields.data(),
+                        fields.count(), message.put());
+    requireSuccess(result);
+    return result == S_OK ? std::nullopt : std::optional(message.text());
+}
+
+NameKeys RuleStrings::keysOf(std::u16string_view name) const {
+    Bstr typed;
+    Bstr stored;
+    const HRESULT result = strings_->GetNameKeys(Bstr(name).get(), typed.put(), stored.put());
+    requireSuccess(result);
+    return {result == S_OK ? std::optional(typed.text()) : std::nullopt, stored.text()};
+}
+
+} // namespace kvex::host
