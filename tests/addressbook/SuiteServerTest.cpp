@@ -38,6 +38,17 @@ protected:
         return success;
     }
 
+    /// The log of a selection that fails.
+    std::string logOfNoSelection(IManageContacts &book) {
+        EXPECT_EQ(init(book, database.connectionString()), VARIANT_TRUE);
+        variables.set("XDG_STATE_HOME", folder.path().string());
+        LONG code = -1;
+        EXPECT_LT(book.SelectRecipients(1, VARIANT_TRUE, &code), 0);
+        EXPECT_EQ(code, 0);
+        // Root never writes a log that a caller names.
+        return host::readFile(folder / (geteuid() == 0 ? "kvex/KVEX.log" : "log"));
+    }
+
     host::TemporaryFolder folder;
     host::EnvironmentVariables variables;
     TestDatabase database;
@@ -51,26 +62,12 @@ TEST_F(SuiteServer, ServesTheAddressBook) {
 }
 
 TEST_F(SuiteServer, WithoutADisplaySelectsNobodyAndLogsWhy) {
-    const auto book = create();
-    init(*book, database.connectionString());
-    variables.set("XDG_STATE_HOME", folder.path().string());
-    LONG code = -1;
-    EXPECT_LT(book->SelectRecipients(1, VARIANT_TRUE, &code), 0);
-    EXPECT_EQ(code, 0);
-    // Root never writes a log that a caller names.
-    EXPECT_THAT(host::readFile(folder / (geteuid() == 0 ? "kvex/KVEX.log" : "log")),
-                testing::HasSubstr("display"));
+    EXPECT_THAT(logOfNoSelection(*create()), testing::HasSubstr("display"));
 }
 
 TEST_F(SuiteServer, WithoutAToolkitSelectsNobodyAndLogsWhy) {
     std::filesystem::copy_file(KVEX_HOST_SUITE, folder / "libKVEXHostSuite.so");
-    const auto book = create(folder / "libKVEXHostSuite.so");
-    EXPECT_EQ(init(*book, database.connectionString()), VARIANT_TRUE);
-    variables.set("XDG_STATE_HOME", folder.path().string());
-    LONG code = -1;
-    EXPECT_LT(book->SelectRecipients(1, VARIANT_TRUE, &code), 0);
-    EXPECT_EQ(code, 0);
-    EXPECT_THAT(host::readFile(folder / (geteuid() == 0 ? "kvex/KVEX.log" : "log")),
+    EXPECT_THAT(logOfNoSelection(*create(folder / "libKVEXHostSuite.so")),
                 testing::HasSubstr((folder / "libKVEXQt.so").string() + " does not exist."));
 }
 

@@ -151,8 +151,8 @@ protected:
         const std::string before = "kvexrules: The rules could not be opened. ";
         const std::string after = " The log is " + log.string() + ".\n";
         EXPECT_THAT(outcome.errors, AllOf(StartsWith(before), EndsWith(after)));
-        const std::string reason = outcome.errors.substr(
-            before.size(), outcome.errors.size() - before.size() - after.size());
+        std::string reason = outcome.errors.substr(before.size(), outcome.errors.size() -
+                                                                      before.size() - after.size());
         EXPECT_THAT(readFile(log),
                     AllOf(HasSubstr("\tKVEXMessageRules: Error occured. Sub: ShowRuleUI, "
                                     "Module: RuleUI\t429\t"),
