@@ -45,7 +45,8 @@ void requireContacts(Connection &connection) {
 }
 
 StoredCount storeContacts(recordset::ClientConnection &connection, std::int32_t userId,
-                          const std::vector<FileContact> &contacts) {
+                          const std::vector<FileContact> &contacts,
+                          const std::function<void()> &afterEach) {
     Transaction transaction(connection);
     const auto rows = createRecordset();
     rows->open(u"SELECT ID, USER_ID, NAME, MOBILE FROM SMS_CONTACTS WHERE DELETED = 0 AND "
@@ -58,16 +59,17 @@ StoredCount storeContacts(recordset::ClientConnection &connection, std::int32_t 
     }
     StoredCount count;
     for (const FileContact &contact : contacts) {
-        if (!known.emplace(contact.name, contact.number).second) {
+        if (known.emplace(contact.name, contact.number).second) {
+            rows->addNew();
+            rows->setField(u"USER_ID", std::int64_t{userId});
+            rows->setField(u"NAME", contact.name);
+            rows->setField(u"MOBILE", contact.number);
+            rows->update();
+            ++count.added;
+        } else {
             ++count.alreadyThere;
-            continue;
         }
-        rows->addNew();
-        rows->setField(u"USER_ID", std::int64_t{userId});
-        rows->setField(u"NAME", contact.name);
-        rows->setField(u"MOBILE", contact.number);
-        rows->update();
-        ++count.added;
+        afterEach();
     }
     transaction.commit();
     return count;

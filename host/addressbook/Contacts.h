@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <set>
 #include <string>
 #include <vector>
@@ -35,9 +36,10 @@ struct StoredCount {
 };
 
 /// Adds the contacts to the user's: all of them or, when the database refuses one, none. Fails as
-/// the record set's update does.
-StoredCount storeContacts(recordset::ClientConnection &connection, std::int32_t userId,
-                          const std::vector<FileContact> &contacts);
+/// the record set's update does. Calls `afterEach` after each contact.
+StoredCount storeContacts(
+    recordset::ClientConnection &connection, std::int32_t userId,
+    const std::vector<FileContact> &contacts, const std::function<void()> &afterEach = [] {});
 
 /// Marks contacts that readContacts gives the user as deleted: all of them or, when one id is not
 /// there, none. Returns the ids that are not there, in ascending order. Fails as the record set's

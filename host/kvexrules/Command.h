@@ -10,7 +10,7 @@ namespace kvex::host {
 struct Request;
 
 /// What a shell offers for a word or for the value of an option.
-enum class Completes { nothing, file };
+enum class Completes { nothing, file, command };
 
 /// An option of a command. Options of the same name are alike in all commands: with a value in all
 /// of them, or in none.

@@ -9,6 +9,7 @@
 #include <cctype>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <iostream>
@@ -25,6 +26,17 @@ bool isYes(std::string answer) {
 
 std::string lineFor(int stream, std::string_view text) {
     return (isatty(stream) == 1 ? toUtf8(visible(fromUtf8(text))) : std::string(text)) + "\n";
+}
+
+std::string variable(const char *name) {
+    const char *value = std::getenv(name);
+    return value == nullptr ? "" : value;
+}
+
+/// True when the terminal can do more than print lines.
+bool isCapable() {
+    const std::string terminal = variable("TERM");
+    return !terminal.empty() && terminal != "dumb";
 }
 
 /// Ignores a failure: there is nowhere to report it.
@@ -94,6 +106,35 @@ void complainExactly(std::string_view text) {
 
 bool printsToTerminal() {
     return isatty(STDOUT_FILENO) == 1;
+}
+
+bool printsColours() {
+    return printsToTerminal() && isCapable() && variable("NO_COLOR").empty();
+}
+
+Progress::Progress(std::string_view what, std::size_t total)
+    : what_(what), total_(total), isShown_(isatty(STDERR_FILENO) == 1 && isCapable()) {
+    show(what_);
+}
+
+Progress::~Progress() {
+    show("");
+}
+
+void Progress::step() {
+    constexpr std::size_t whole = 100;
+    const std::size_t before = done_ * whole / total_;
+    ++done_;
+    const std::size_t percent = done_ * whole / total_;
+    if (percent != before) {
+        show(what_ + ": " + std::to_string(percent) + " %");
+    }
+}
+
+void Progress::show(std::string_view line) {
+    if (isShown_) {
+        tell("\r" + std::string(line) + "\x1b[K");
+    }
 }
 
 std::optional<bool> askAtTerminal(std::string_view question) {

@@ -1,6 +1,7 @@
 // The program's standard streams.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -37,6 +38,32 @@ void complainExactly(std::string_view text);
 
 /// True when standard output is a terminal.
 [[nodiscard]] bool printsToTerminal();
+
+/// True when standard output is a terminal for colours: $TERM names one that is not "dumb", and
+/// $NO_COLOR is not set or empty.
+[[nodiscard]] bool printsColours();
+
+/// Shows how far long work is, as in "Importing contacts: 42 %". It does so on standard error, when
+/// that is a terminal and $TERM is not "dumb". Nothing of it is left at the end.
+class Progress {
+public:
+    /// `total` is the number of steps.
+    Progress(std::string_view what, std::size_t total);
+    ~Progress();
+    Progress(const Progress &) = delete;
+    Progress &operator=(const Progress &) = delete;
+
+    /// One more step is done.
+    void step();
+
+private:
+    void show(std::string_view line);
+
+    std::string what_;
+    std::size_t total_;
+    std::size_t done_ = 0;
+    bool isShown_;
+};
 
 /// Asks on standard error and reads the answer from standard input. Returns true for "y" and "yes"
 /// in any case, and nothing unless both streams are a terminal.

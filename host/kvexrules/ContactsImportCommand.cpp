@@ -23,7 +23,8 @@ int importContacts(const Request &request) {
     }
     StoredCount count{};
     changeContacts(settings, [&](auto &connection, std::int32_t user) {
-        count = storeContacts(connection, user, found.contacts);
+        Progress progress("Importing contacts", found.contacts.size());
+        count = storeContacts(connection, user, found.contacts, [&] { progress.step(); });
     });
     std::string summary = counted(count.added, "added, ");
     if (count.alreadyThere > 0) {

@@ -61,16 +61,26 @@ std::string ansiColour(LONG value) {
            std::to_string(colour.blue) + "m";
 }
 
-std::string ansiRule(std::string_view /*id*/, const Description &description) {
+/// `shown` turns each piece into text without control characters.
+std::string coloured(const Description &description,
+                     std::u16string (*shown)(std::u16string_view piece)) {
     std::string result;
     for (const DescriptionRun &run : description) {
         result += lines(run.text, [&](std::u16string_view piece) {
-            std::string text = toUtf8(harmless(piece));
+            std::string text = toUtf8(shown(piece));
             return run.colour == 0 || text.empty() ? text
                                                    : ansiColour(run.colour) + text + "\033[0m";
         });
     }
     return result + "\n";
+}
+
+std::string ansiRule(std::string_view /*id*/, const Description &description) {
+    return coloured(description, harmless);
+}
+
+std::string visibleAnsiRule(std::string_view /*id*/, const Description &description) {
+    return coloured(description, visible);
 }
 
 std::string htmlText(std::u16string_view text) {
@@ -127,6 +137,7 @@ constexpr std::array formats{
 };
 
 constexpr DescriptionFormat terminalText{"text", "", "\n", "", visibleTextRule};
+constexpr DescriptionFormat terminalColours{"ansi", "", "\n", "", visibleAnsiRule};
 
 } // namespace
 
@@ -136,6 +147,10 @@ std::span<const DescriptionFormat> descriptionFormats() {
 
 const DescriptionFormat &textForTerminals() {
     return terminalText;
+}
+
+const DescriptionFormat &coloursForTerminals() {
+    return terminalColours;
 }
 
 } // namespace kvex::host

@@ -33,7 +33,8 @@ struct DescriptionFormat {
 /// - html: a page, also well-formed as XML, with one element "pre" for each rule.
 [[nodiscard]] std::span<const DescriptionFormat> descriptionFormats();
 
-/// The format "text" for a terminal: control characters are escaped as visible() does.
+/// The formats "text" and "ansi" for a terminal: control characters are escaped as visible() does.
 [[nodiscard]] const DescriptionFormat &textForTerminals();
+[[nodiscard]] const DescriptionFormat &coloursForTerminals();
 
 } // namespace kvex::host

@@ -1,6 +1,6 @@
 #include "host/kvexrules/Help.h"
 
-#include "platform/Text.h"
+#include "host/kvexrules/TextBlocks.h"
 
 #include <algorithm>
 #include <array>
@@ -12,53 +12,25 @@ namespace {
 constexpr std::size_t pageWidth = 80;
 constexpr std::size_t widestName = 30;
 
-std::size_t charactersIn(std::string_view text) {
-    return static_cast<std::size_t>(std::ranges::count_if(
-        text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80; }));
-}
-
-/// Breaks one line between words. Every line after the first is indented by `indent`, and so is
-/// the first from its `column` on.
-std::string wrapped(std::string_view line, std::size_t indent, std::size_t column) {
-    std::string text;
-    while (!line.empty()) {
-        const std::size_t end = std::min(line.find(' '), line.size());
-        const std::string_view word = line.substr(0, end);
-        line.remove_prefix(std::min(end + 1, line.size()));
-        const std::size_t width = charactersIn(word);
-        if (column > indent && column + 1 + width > pageWidth) {
-            text += "\n" + std::string(indent, ' ');
-            column = indent;
-        } else if (column > indent) {
-            text += ' ';
-            ++column;
-        }
-        text += word;
-        column += width;
+/// Breaks `text` between words. It begins in `column`, and so do its other lines.
+std::string wrappedIn(std::size_t column, std::string_view text) {
+    std::string page;
+    for (const std::string &line : wrapped(text, pageWidth - column)) {
+        page += (page.empty() ? "" : std::string(column, ' ')) + line + "\n";
     }
-    return text + "\n";
+    return page;
 }
 
-/// Breaks the paragraphs of `text`. Lines that begin with a blank stay as they are.
+/// Breaks the paragraphs of `text`. An empty line follows each block, except before the lines that
+/// belong to a paragraph.
 std::string pageOf(std::string_view text) {
     std::string page;
-    std::string paragraph;
-    const auto endParagraph = [&] {
-        page += paragraph.empty() ? "" : wrapped(paragraph, 0, 0);
-        paragraph.clear();
-    };
-    while (!text.empty()) {
-        const std::size_t end = text.find('\n');
-        const std::string_view line = text.substr(0, end);
-        text.remove_prefix(end + 1);
-        if (line.empty() || line.starts_with(' ')) {
-            endParagraph();
-            page += std::string(line) + "\n";
-        } else {
-            paragraph += (paragraph.empty() ? "" : " ") + std::string(line);
+    for (const TextBlock &block : blocksOf(text)) {
+        page += page.empty() || block.isLiteral ? "" : "\n";
+        for (const std::string &line : block.lines) {
+            page += block.isLiteral ? line + "\n" : wrappedIn(0, line);
         }
     }
-    endParagraph();
     return page;
 }
 
@@ -71,7 +43,7 @@ std::string row(const std::string &name, std::string_view explanation, std::size
     } else {
         text += std::string(column - width, ' ');
     }
-    return text + wrapped(explanation, column, column);
+    return text + wrappedIn(column, explanation);
 }
 
 /// The column in which the explanations of these names begin.
@@ -102,6 +74,10 @@ users may see it.
     HelpSection{"Options", R"(Options may stand before and after the command and
 its words. "--name value" and "--name=value" mean the same. After "--" no argument
 is an option.
+)"},
+    HelpSection{"Terminal", R"(On a terminal, long work shows its progress, and "show" uses
+colours. It uses none when $NO_COLOR is set, or when $TERM is "dumb". A pipe or a file
+gets neither, unless --format asks for colours.
 )"},
     HelpSection{"Exit status", R"(  0   done
   1   something was not found or was skipped, or a request was refused
@@ -171,11 +147,8 @@ std::string helpFor(const Command &command) {
         }
     }
     text += "\nExample:\n";
-    std::string_view example = command.example;
-    while (!example.empty()) {
-        const std::size_t end = example.find('\n');
-        text += "  " + std::string(example.substr(0, end)) + "\n";
-        example.remove_prefix(end + 1);
+    for (const std::string_view line : linesOf(command.example)) {
+        text += "  " + std::string(line) + "\n";
     }
     return text;
 }

@@ -28,7 +28,8 @@ int help(const Request &request) {
     return exit_status::done;
 }
 
-constexpr std::array words{Word{.name = "COMMAND", .isOptional = true, .repeats = true}};
+constexpr std::array words{
+    Word{.name = "COMMAND", .isOptional = true, .repeats = true, .completes = Completes::command}};
 
 } // namespace
 
@@ -41,14 +42,14 @@ constexpr Command helpCommand{
 all commands, and says which database they use. "kvexrules COMMAND --help" and
 "kvexrules --help" mean the same.
 )",
-    .example = R"($ kvexrules help version
-Usage: kvexrules version
+    .example = R"($ kvexrules help unregister
+Usage: kvexrules unregister
 
-Prints the version of the program. "kvexrules --version" means the same.
+Removes what "kvexrules register" has registered.
 
 Example:
-  $ kvexrules version
-  kvexrules 1.0.0
+  $ kvexrules unregister
+  unregistered: .../libKVEXMessageRules.so
 )",
     .run = help,
 };

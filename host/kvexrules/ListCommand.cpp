@@ -29,10 +29,7 @@ columns are the position, "on" or "off", the id and the name.
 Blanks separate the columns; the name is the rest of the line. Characters that could
 break the line appear as \n, \t, \\ or \u{HEX}.
 )",
-    .example = R"($ kvexrules list
-1  on   1  Not stopped in March
-2  on   2  Help 🌙 at night
-3  on   3  दिल्ली के संदेश
+    .example = R"($ kvexrules list | tail -4
 4  on   4  Strangers
 5  off  5  Advertisements
 6  on   6  No services

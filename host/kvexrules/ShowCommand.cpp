@@ -33,11 +33,16 @@ private:
 };
 
 constexpr std::array<std::string_view, 3> formats{"text", "ansi", "html"};
-constexpr Option formatOption{
-    .name = "--format", .value = "", .help = "the format (default: text)", .choices = formats};
+constexpr Option formatOption{.name = "--format",
+                              .value = "",
+                              .help = "the format (default: text, with colours on a terminal)",
+                              .choices = formats};
 constexpr Option allOption{.name = "--all", .value = "", .help = "show all rules"};
 
 const DescriptionFormat &formatOf(const Request &request) {
+    if (!request.has(formatOption) && printsColours()) {
+        return coloursForTerminals();
+    }
     const std::string name = request.has(formatOption) ? request.value(formatOption) : "text";
     if (name == "text" && printsToTerminal()) {
         return textForTerminals();
@@ -165,7 +170,7 @@ constexpr Command showCommand{
     .description = R"(Prints what rules do, in the words of the rule editor. Name the ids that
 "kvexrules list" shows, or --all. An empty line separates two rules.
 
-The format "ansi" has the colours of the editor for a terminal, and "html" is a page.
+The format "ansi" has the colours of the editor, also in a pipe, and "html" is a page.
 When a rule cannot be read completely, the command prints what it could read, and the
 texts that are stored.
 )",
