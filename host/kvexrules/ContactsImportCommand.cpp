@@ -62,7 +62,7 @@ is already there. If the database refuses one contact, none is added.
 )",
     .example = R"($ printf 'Name,Mobile\nMeera,98111 00066\nLee,?\n' > office.csv
 $ kvexrules contacts import office.csv
-kvexrules: office.csv:3: the contact has no number; skipped
+kvexrules: office.csv:3: the row has no telephone number; skipped
 1 contact added, 1 skipped.
 )",
     .run = importContacts,

@@ -33,7 +33,7 @@ constexpr Command contactsListCommand{
 nobody. Tabs separate the columns, which are the id, the name and the number. Characters
 that could break the line appear as \n, \t, \\ or \u{HEX}.
 )",
-    .example = R"($ kvexrules contacts list
+    .example = R"($ kvexrules contacts list | head -1
 1	Branch office	9811100011
 )",
     .run = listContacts,
