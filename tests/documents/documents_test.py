@@ -2,6 +2,7 @@
 """The examples of the documents do what the documents say."""
 
 import os
+import tempfile
 import unittest
 from pathlib import Path
 
@@ -58,10 +59,11 @@ class ExamplesTest(unittest.TestCase):
         self.assertFalse(Example(1, "x", ["error: no"]).may_fail())
 
     def testFindingsNameTheLineAndBothOutputs(self):
-        document = Path(os.environ["PAGES"], "findings.md")
-        document.write_text("```console\n$ cd /\n$ pwd; false\n/home\n$ echo $HOME\n/home/you\n```\n",
-                            encoding="utf-8")
-        findings = findings_of(document, os.environ["KVEXRULES"])
+        with tempfile.TemporaryDirectory(prefix="kvex-document-") as folder:
+            document = Path(folder, "findings.md")
+            document.write_text("```console\n$ cd /\n$ pwd; false\n/home\n$ echo $HOME\n"
+                                "/home/you\n```\n", encoding="utf-8")
+            findings = findings_of(document, os.environ["KVEXRULES"])
         self.assertEqual(findings, [
             "findings.md:3: $ pwd; false\nshould print\n/home\nbut prints\n/\n",
             "findings.md:3: $ pwd; false\nends with the status 1: /\n",

@@ -1,6 +1,7 @@
 #include "host/kvexrules/Console.h"
 
 #include "host/kvexrules/Failure.h"
+#include "tests/host/EnvironmentVariables.h"
 #include "tests/host/StandardStream.h"
 #include "tests/support/Terminal.h"
 
@@ -8,6 +9,7 @@
 #include <csignal>
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <optional>
 #include <string>
 
 namespace kvex::host {
@@ -23,11 +25,18 @@ class ConsoleOnATerminal : public testing::Test {
 protected:
     /// Returns what `call` writes to standard error, which is a terminal meanwhile.
     template <class Call> std::string shown(const Call &call) const {
-        const StandardStream errors(STDERR_FILENO, terminal.program);
-        call();
-        std::array<char, 4096> buffer{};
-        const ssize_t count = read(terminal.master, buffer.data(), buffer.size());
-        return {buffer.data(), static_cast<std::size_t>(count)};
+        constexpr char end = '\0';
+        {
+            const StandardStream errors(STDERR_FILENO, terminal.program);
+            call();
+            EXPECT_EQ(write(STDERR_FILENO, &end, 1), 1);
+        }
+        // The terminal passes on what several writes wrote in pieces of its own.
+        std::string text;
+        for (char letter = ' '; read(terminal.master, &letter, 1) == 1 && letter != end;) {
+            text += letter;
+        }
+        return text;
     }
 
     std::optional<bool> answerTo(const std::string &typed, std::string_view question = "Sure?") {
@@ -41,6 +50,7 @@ protected:
 
     test::Terminal terminal;
     std::string asked;
+    EnvironmentVariables environment;
 };
 
 TEST(Console, PrintsExactlyTheText) {
@@ -136,6 +146,69 @@ TEST_F(ConsoleOnATerminal, TakesOnlyYesForConsent) {
     for (const char *no : {"\n", "n\n", "no\n", "yeah\n", "ye\n"}) {
         EXPECT_EQ(answerTo(no), false) << no;
     }
+}
+
+TEST_F(ConsoleOnATerminal, ShowsProgressAndWipesIt) {
+    environment.set("TERM", "xterm");
+    EXPECT_EQ(shown([] {
+                  Progress progress("Painting", 300);
+                  for (int step = 0; step < 6; ++step) {
+                      progress.step();
+                  }
+              }),
+              "\rPainting\x1b[K\rPainting: 1 %\x1b[K\rPainting: 2 %\x1b[K\r\x1b[K");
+}
+
+TEST_F(ConsoleOnATerminal, ShowsNoProgressWhereItCannotBeWiped) {
+    for (const auto &name :
+         {std::optional<std::string>("dumb"), std::optional<std::string>()}) {
+        environment.set("TERM", name);
+        EXPECT_EQ(shown([] {
+                      Progress("Painting", 1).step();
+                      complain("done");
+                  }),
+                  "kvexrules: done\n");
+    }
+}
+
+TEST(Console, ShowsNoProgressInAPipe) {
+    EnvironmentVariables environment;
+    environment.set("TERM", "xterm");
+    EXPECT_EQ(errorsOf([] { Progress("Painting", 1).step(); }), "");
+}
+
+TEST(Console, PrintsColoursOnlyToATerminalThatHasThem) {
+    EnvironmentVariables environment;
+    environment.set("TERM", "xterm");
+    environment.set("NO_COLOR", std::nullopt);
+    testing::internal::CaptureStdout();
+    EXPECT_FALSE(printsColours());
+    static_cast<void>(testing::internal::GetCapturedStdout());
+    const test::Terminal terminal;
+    const StandardStream output(STDOUT_FILENO, terminal.program);
+    EXPECT_TRUE(printsColours());
+    environment.set("NO_COLOR", "");
+    EXPECT_TRUE(printsColours());
+    environment.set("NO_COLOR", "0");
+    EXPECT_FALSE(printsColours());
+    environment.set("NO_COLOR", "");
+    environment.set("TERM", "dumb");
+    EXPECT_FALSE(printsColours());
+    environment.set("TERM", std::nullopt);
+    EXPECT_FALSE(printsColours());
+}
+
+TEST(Console, ReportsWhatWasDoneEvenWhenTheReaderHasGone) {
+    std::array<int, 2> ends{};
+    ASSERT_EQ(pipe2(ends.data(), O_CLOEXEC), 0);
+    const auto before = std::signal(SIGPIPE, SIG_IGN);
+    {
+        const StandardStream output(STDOUT_FILENO, ends[1]);
+        close(ends[0]);
+        close(ends[1]);
+        EXPECT_EQ(errorsOf([] { report("1 removed."); }), "kvexrules: 1 removed.\n");
+    }
+    std::signal(SIGPIPE, before);
 }
 
 TEST_F(ConsoleOnATerminal, LetsNoQuestionControlIt) {

@@ -49,6 +49,14 @@ TEST(DescriptionFormat, OfTextOnATerminalMakesControlCharactersVisible) {
     EXPECT_EQ(terminal.closing, "");
 }
 
+TEST(DescriptionFormat, OfColoursOnATerminalMakesControlCharactersVisible) {
+    const DescriptionFormat &terminal = coloursForTerminals();
+    EXPECT_EQ(terminal.rule("7", stop), shown("ansi", stop));
+    EXPECT_EQ(terminal.rule("7", {{u"a\x1b[2J\nb\\", blue}, {u"\r\nc", black}}),
+              "\x1b[34ma\\u{1b}[2J\\nb\\\\\x1b[0m\nc\n");
+    EXPECT_EQ(terminal.between, "\n");
+}
+
 TEST(DescriptionFormat, OfTextBreaksAValuesLines) {
     EXPECT_EQ(shown("text", {{u"a\r\nb", blue}, {u"\r", black}, {u"\nc", black}}), "a\nb\nc\n");
 }

@@ -280,6 +280,16 @@ TEST_F(Contacts, AreListedEachOnItsLine) {
     EXPECT_EQ(done({"contacts", "list"}), "3\tDesk\t1\n6\t\t\n12\ta\\n\\t\\\\ O'Neill 🌙\t98 11\n");
 }
 
+TEST_F(Contacts, ShowTheProgressOfAnImportOnATerminal) {
+    writeFile(folder / "a.csv", "Name,Mobile\nMeera,98111\nRavi,98112\n");
+    environment["TERM"] = "xterm";
+    EXPECT_EQ(atTerminal({"contacts", "import", "a.csv"}).output,
+              "\rImporting contacts\x1b[K\rImporting contacts: 50 %\x1b[K"
+              "\rImporting contacts: 100 %\x1b[K\r\x1b[K2 contacts added, 0 skipped.\n");
+    EXPECT_EQ(done({"contacts", "import", "a.csv"}),
+              "0 contacts added, 2 already there, 0 skipped.\n");
+}
+
 TEST_F(Contacts, AreRefusedWithWrongWords) {
     for (const std::vector<std::string> &words : {std::vector<std::string>{"contacts"},
                                                   {"contacts", "import"},

@@ -174,6 +174,22 @@ TEST_F(Show, LetsNoRuleControlATerminal) {
                 HasSubstr(">a\xEF\xBF\xBD[2J"));
 }
 
+TEST_F(Show, HasColoursOnATerminalThatWantsThem) {
+    sqlite3(database, "UPDATE SMS_USERS SET NAME = 'a\x1b[2J\\' WHERE ID = 1");
+    environment["TERM"] = "xterm";
+    const std::string coloured = "to \x1b[34ma\\u{1b}[2J\\\\\x1b[0m\n";
+    EXPECT_THAT(atTerminal({"show", "7"}).output, EndsWith(coloured));
+    const std::string plain = atTerminal({"show", "7", "--format", "text"}).output;
+    EXPECT_THAT(plain, EndsWith("to a\\u{1b}[2J\\\\\n"));
+    EXPECT_THAT(done({"show", "7"}), EndsWith("to a\x1b[2J\\\n"));
+    environment["NO_COLOR"] = "1";
+    EXPECT_EQ(atTerminal({"show", "7"}).output, plain);
+    EXPECT_THAT(atTerminal({"show", "7", "--format", "ansi"}).output, HasSubstr("to \x1b[34m"));
+    environment.erase("NO_COLOR");
+    environment["TERM"] = "dumb";
+    EXPECT_EQ(atTerminal({"show", "7"}).output, plain);
+}
+
 TEST_F(Show, LetsNoStoredTextControlATerminal) {
     sqlite3(database, "UPDATE SMS_RULES SET QueryParam = '<PEOPLE>\x1b[2J' WHERE ID = 6");
     EXPECT_THAT(kvexrules({"show", "6"}).errors, HasSubstr("<PEOPLE>\x1b[2J\n"));
