@@ -12,10 +12,9 @@ std::vector<FirstWord> firstWords(CommandTable commands) {
         const std::string_view word = command->name.substr(0, command->name.find(' '));
         if (std::ranges::find(words, word, &FirstWord::word) == words.end()) {
             std::vector<const Command *> under = commandsUnder(word, commands);
-            std::vector<std::string_view> seconds;
-            for (const Command *other : under) {
-                seconds.push_back(secondWord(*other));
-            }
+            std::vector<std::string_view> seconds(under.size());
+            std::ranges::transform(under, seconds.begin(),
+                                   [](const Command *other) { return secondWord(*other); });
             words.push_back({word,
                              under.empty() ? std::string(command->summary) : joined(seconds, "or"),
                              std::move(under)});

@@ -90,18 +90,18 @@ private:
 
     /// CLI11 takes "--all=" for "--all", and the next argument as the value of "--log=".
     void refuseSurplusSigns() {
-        for (const std::string &argument : arguments_) {
-            if (argument == "--") {
-                return;
+        for (auto next = arguments_.begin(); next != arguments_.end() && *next != "--"; ++next) {
+            const std::size_t sign = next->find('=');
+            const Option *option = optionNamed(next->substr(0, sign), commands_);
+            if (option == nullptr) {
+                continue;
             }
-            const std::size_t sign = argument.find('=');
-            const Option *option = sign == std::string::npos
-                                       ? nullptr
-                                       : optionNamed(argument.substr(0, sign), commands_);
-            if (option != nullptr && !option->takesValue()) {
+            if (sign == std::string::npos) {
+                // The next argument is the value, whatever it is.
+                next += option->takesValue() && next + 1 != arguments_.end() ? 1 : 0;
+            } else if (!option->takesValue()) {
                 refuse("The option " + std::string(option->name) + " takes no value.", nullptr);
-            }
-            if (option != nullptr && sign + 1 == argument.size()) {
+            } else if (sign + 1 == next->size()) {
                 refuseMissingValue(*option, nullptr);
             }
         }

@@ -28,6 +28,15 @@ class DocumentTest(unittest.TestCase):
         self.assertEqual((ROOT / "docs/commands.md").read_text(encoding="utf-8"), made)
 
 
+    def testEveryDocumentWithExamplesHasATest(self):
+        """A document without one could promise anything."""
+        source = Path(__file__).read_text(encoding="utf-8")
+        documents = [ROOT / "README.md", *sorted((ROOT / "docs").glob("*.md"))]
+        names = [str(document.relative_to(ROOT)) for document in documents
+                 if examples_of(document.read_text(encoding="utf-8"))]
+        self.assertEqual([name for name in names if f'self.check("{name}")' not in source], [])
+
+
 class ExamplesTest(unittest.TestCase):
     """What the documents above rely on."""
 

@@ -3,6 +3,7 @@
 #include "host/kvexrules/Commands.h"
 #include "host/kvexrules/Failure.h"
 
+#include <array>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
@@ -92,6 +93,7 @@ TEST(CommandLine, TakesTheNextArgumentAsAValueWhateverItIs) {
     EXPECT_EQ(parsed({"show", "1", "--log", "--all"}).options.at("--log"), "--all");
     EXPECT_EQ(parsed({"show", "1", "--log", "--"}).options.at("--log"), "--");
     EXPECT_EQ(parsed({"show", "1", "--log", "[a,b]"}).options.at("--log"), "[a,b]");
+    EXPECT_EQ(parsed({"show", "1", "--log", "--format="}).options.at("--log"), "--format=");
 }
 
 TEST(CommandLine, TakesTheCommandAfterTwoDashes) {
@@ -114,6 +116,27 @@ TEST(CommandLine, NamesNoCommandThatIsFarFromTheWord) {
     EXPECT_EQ(refusal({"7"}), "There is no command \"7\". See: kvexrules help");
     EXPECT_EQ(refusal({"contacts", "sort"}),
               "There is no command \"contacts sort\". See: kvexrules help contacts");
+}
+
+TEST(CommandLine, TakesOrRefusesWhateverIsTyped) {
+    constexpr std::array odd{
+        "",      "-",    "--",    "---",    "=",         "-=",     "--=",   "--=a", "-h=a",
+        "-5",    "-é",   "++",    "/?",     "[",         "[]",     "{a,b}", "\xff", "--\xff",
+        "--log", "-log", "--all", "--all=", "--format=", "--help", "%%",    "show", "help"};
+    for (const char *first : {"", "--", "--log", "show", "--help"}) {
+        for (const char *second : odd) {
+            for (const char *third : odd) {
+                try {
+                    EXPECT_NE(parsed({first, second, third}).command, nullptr);
+                } catch (const Failure &failure) {
+                    EXPECT_STRNE(failure.what(), "");
+                } catch (const std::exception &error) {
+                    ADD_FAILURE() << error.what() << " for " << first << " " << second << " "
+                                  << third;
+                }
+            }
+        }
+    }
 }
 
 TEST(CommandLine, RefusesHalfACommand) {
@@ -184,6 +207,8 @@ TEST(CommandLine, SaysExactlyWhatItRefuses) {
     EXPECT_EQ(refusal({"--rule"}),
               "The option --rule needs a value: --rule ID. See: kvexrules help edit");
     EXPECT_EQ(refusal({"show", "1", "--format="}),
+              "The option --format needs a value: --format text|ansi|html. See: kvexrules help");
+    EXPECT_EQ(refusal({"show", "--log", "--", "--format="}),
               "The option --format needs a value: --format text|ansi|html. See: kvexrules help");
     EXPECT_EQ(refusal({"show", "--all="}), "The option --all takes no value. See: kvexrules help");
     EXPECT_EQ(refusal({"list", "--all"}),

@@ -160,8 +160,7 @@ TEST_F(ConsoleOnATerminal, ShowsProgressAndWipesIt) {
 }
 
 TEST_F(ConsoleOnATerminal, ShowsNoProgressWhereItCannotBeWiped) {
-    for (const auto &name :
-         {std::optional<std::string>("dumb"), std::optional<std::string>()}) {
+    for (const auto &name : {std::optional<std::string>("dumb"), std::optional<std::string>()}) {
         environment.set("TERM", name);
         EXPECT_EQ(shown([] {
                       Progress("Painting", 1).step();
