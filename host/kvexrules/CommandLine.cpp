@@ -109,13 +109,14 @@ private:
 
     [[noreturn]] void refuseUnknownOption(const std::string &argument) {
         const std::string name = argument.substr(0, argument.find('='));
+        const Command *command = called();
         std::vector<std::string_view> names;
-        for (const Command *command : commands_) {
-            if (command == called() || called() == nullptr) {
-                std::ranges::transform(command->options, std::back_inserter(names), &Option::name);
+        for (const Command *other : commands_) {
+            if (other == command || command == nullptr) {
+                std::ranges::transform(other->options, std::back_inserter(names), &Option::name);
             }
         }
-        refuse("There is no option " + name + "." + nearest(name, names), called());
+        refuse("There is no option " + name + "." + nearest(name, names), command);
     }
 
     /// The command that the words read so far begin with, if they do.
