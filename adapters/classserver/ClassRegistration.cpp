@@ -141,7 +141,7 @@ std::optional<ClassRegistration> read(const CLSID &classId, std::string_view tex
             registration.description = fromUtf8(value);
         }
     }
-    if (!registration.server.is_absolute()) {
+    if (registration.server.empty()) {
         return std::nullopt;
     }
     return registration;
@@ -149,7 +149,17 @@ std::optional<ClassRegistration> read(const CLSID &classId, std::string_view tex
 
 std::optional<ClassRegistration> registrationIn(const fs::path &directory, const CLSID &classId) {
     const std::optional<std::string> text = readWholeFile(directory / fileName(classId));
-    return text ? read(classId, *text) : std::nullopt;
+    auto registration = text ? read(classId, *text) : std::nullopt;
+    if (registration && registration->server.is_relative()) {
+        const fs::path server = registration->server;
+        std::error_code error;
+        registration->server =
+            fs::weakly_canonical(directory / server.parent_path(), error) / server.filename();
+        if (error) {
+            return std::nullopt;
+        }
+    }
+    return registration;
 }
 
 /// The classes that have a file in `directory`, in the order of the file names.

@@ -2,7 +2,8 @@
 //
 // The file is UTF-8. Each line is "key=value" and ends with a line feed; the value is everything
 // after the first "=". The keys:
-// - Server: the absolute path of the server's file. Required.
+// - Server: the path of the server's file. A relative path begins at the folder of this file, so
+//   that an installed program can be moved. Required.
 // - ProgramId: the name of the class.
 // - Description.
 // A reader skips empty lines, lines that begin with "#" and unknown keys. It ignores a file of any
@@ -21,6 +22,7 @@ namespace kvex {
 
 struct ClassRegistration {
     CLSID classId;
+    /// Absolute.
     std::filesystem::path server;
     /// "" when the class has no name.
     std::u16string programId;

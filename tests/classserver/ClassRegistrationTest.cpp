@@ -139,8 +139,23 @@ TEST_F(Registration, CommentsEmptyLinesAndOtherKeysAreIgnored) {
     EXPECT_EQ(found->programId, u"");
 }
 
+TEST_F(Registration, ARelativeServerBeginsAtTheFolderOfItsFile) {
+    const auto beside = foundIn("Server=beside.so\n");
+    EXPECT_EQ(beside->server, fs::canonical(userClasses()) / "beside.so");
+    put(fileIn(secondSystemClasses(), secondClass), "Server=../../../lib/kvex/a.so\n");
+    EXPECT_EQ(findClassRegistration(secondClass)->server, fs::canonical(root()) / "lib/kvex/a.so");
+}
+
+TEST_F(Registration, ARelativeServerIsFoundThroughALinkToItsFolder) {
+    put(root() / "moved/share/kvex/classes" / fileIn("", secondClass),
+        "Server=../../../lib/a.so\n");
+    fs::create_directory(root() / "first");
+    fs::create_symlink(root() / "moved/share/kvex", root() / "first/kvex");
+    EXPECT_EQ(findClassRegistration(secondClass)->server, fs::canonical(root()) / "moved/lib/a.so");
+}
+
 TEST_F(Registration, AMalformedFileIsIgnored) {
-    for (const char *text : {"", "ProgramId=A.B\n", "Server=relative.so\n", "Server\n",
+    for (const char *text : {"", "ProgramId=A.B\n", "Server=\n", "Server\n",
                              "Server=/a.so\nno key\n", "server=/a.so\n", "binary \x01\n"}) {
         EXPECT_FALSE(foundIn(text)) << text;
     }
