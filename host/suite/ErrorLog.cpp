@@ -72,13 +72,17 @@ int appendLine(const std::filesystem::path &file, std::string_view line) {
     return failure != 0 || static_cast<std::size_t>(written) == line.size() ? failure : ENOSPC;
 }
 
-bool runsAsRoot() {
-    return geteuid() == 0;
+std::filesystem::path portableFolder() {
+    if (geteuid() == 0) {
+        return {};
+    }
+    return std::filesystem::read_symlink("/proc/self/exe").parent_path();
 }
 
 void ErrorLog::append(std::u16string_view logFile, std::string_view line) {
-    const bool isForbidden = chosen_.empty() && asRoot_;
     const std::filesystem::path wanted = chosen_.empty() ? logPath(logFile) : chosen_;
+    const bool isForbidden =
+        chosen_.empty() && (portable_.empty() || wanted.parent_path() != portable_);
     const int failure = isForbidden ? EPERM : appendLine(wanted, line);
     if (failure == 0) {
         lastFile_ = wanted;

@@ -23,20 +23,22 @@ namespace kvex::host {
 /// the system's error number when the line was not written, or only a part of it.
 [[nodiscard]] int appendLine(const std::filesystem::path &file, std::string_view line);
 
-/// True for root. Root can write to the folder of the installed libraries, but a log does not
-/// belong there.
-[[nodiscard]] bool runsAsRoot();
+/// The folder of the running program, in which a program that is carried about keeps its log. ""
+/// for root, who can write to every folder, also where a log does not belong.
+[[nodiscard]] std::filesystem::path portableFolder();
 
 class ErrorLog {
 public:
-    /// `chosen` is the file for all entries; if it is empty, callers name the file. If `asRoot` is
-    /// set, entries never go to a file that a caller names.
-    explicit ErrorLog(std::filesystem::path chosen = {}, bool asRoot = runsAsRoot())
-        : chosen_(std::move(chosen)), asRoot_(asRoot) {}
+    /// `chosen` is the file for all entries. If it is empty, callers name the file, and it counts
+    /// when it is in the folder `portable`. So the log of an installed program, whose component is
+    /// in a folder of its own, never stands there.
+    explicit ErrorLog(std::filesystem::path chosen = {},
+                      std::filesystem::path portable = portableFolder())
+        : chosen_(std::move(chosen)), portable_(std::move(portable)) {}
 
-    /// Appends `line` to the chosen file, else to `logFile`. When that fails or is not allowed, it
-    /// appends to KVEX.log in the user's state folder. When that fails as well, it writes the line
-    /// to standard error, with a sentence that says why.
+    /// Appends `line` to the chosen file, else to `logFile` when it counts. When neither is there
+    /// or can be written, it appends to KVEX.log in the user's state folder. When that fails as
+    /// well, it writes the line to standard error, with a sentence that says why.
     void append(std::u16string_view logFile, std::string_view line);
 
     /// The file of the last line. Empty before the first, and after one to standard error.
@@ -44,7 +46,7 @@ public:
 
 private:
     std::filesystem::path chosen_;
-    bool asRoot_;
+    std::filesystem::path portable_;
     std::filesystem::path lastFile_;
 };
 

@@ -33,7 +33,7 @@ protected:
 };
 
 TEST_F(ErrorLogFile, IsInTheDirectoryThatTheComponentNames) {
-    ErrorLog log({}, false);
+    ErrorLog log({}, folder.path());
     log.append(given(folder.path()), "one\n");
     EXPECT_EQ(readFile(folder / "KVEX.log"), "one\n");
     EXPECT_EQ(log.lastFile(), folder / "KVEX.log");
@@ -41,52 +41,57 @@ TEST_F(ErrorLogFile, IsInTheDirectoryThatTheComponentNames) {
 
 TEST_F(ErrorLogFile, KeepsEarlierLines) {
     writeFile(folder / "KVEX.log", "zero\n");
-    ErrorLog({}, false).append(given(folder.path()), "one\n");
-    ErrorLog({}, false).append(given(folder.path()), "two\n");
+    ErrorLog({}, folder.path()).append(given(folder.path()), "one\n");
+    ErrorLog({}, folder.path()).append(given(folder.path()), "two\n");
     EXPECT_EQ(readFile(folder / "KVEX.log"), "zero\none\ntwo\n");
 }
 
 TEST_F(ErrorLogFile, IsReadableByItsOwnerAlone) {
-    ErrorLog({}, false).append(given(folder.path()), "one\n");
+    ErrorLog({}, folder.path()).append(given(folder.path()), "one\n");
     struct stat status {};
     ASSERT_EQ(stat((folder / "KVEX.log").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777U, 0600U);
 }
 
 TEST_F(ErrorLogFile, GoesToTheStateFolderWhenItCannotBeOpened) {
-    ErrorLog log({}, false);
+    ErrorLog log({}, unusable());
     log.append(given(unusable()), "one\n");
     EXPECT_EQ(readFile(folder / "state/kvex/KVEX.log"), "one\n");
     EXPECT_EQ(log.lastFile(), folder / "state/kvex/KVEX.log");
 }
 
 TEST_F(ErrorLogFile, GoesToTheStateFolderWhenNoneIsNamed) {
-    ErrorLog({}, false).append(u"", "one\n");
+    ErrorLog({}, folder.path()).append(u"", "one\n");
     EXPECT_EQ(readFile(folder / "state/kvex/KVEX.log"), "one\n");
 }
 
-TEST_F(ErrorLogFile, OfRootIsInTheStateFolder) {
-    ErrorLog log({}, true);
-    log.append(given(folder.path()), "one\n");
-    EXPECT_EQ(readFile(folder / "state/kvex/KVEX.log"), "one\n");
-    EXPECT_EQ(log.lastFile(), folder / "state/kvex/KVEX.log");
-    EXPECT_FALSE(std::filesystem::exists(folder / "KVEX.log"));
+TEST_F(ErrorLogFile, OfAnInstalledComponentIsInTheStateFolder) {
+    const std::filesystem::path program = folder / "bin";
+    const std::filesystem::path libraries = folder / "lib";
+    std::filesystem::create_directories(libraries);
+    for (const std::filesystem::path &portable : {program, std::filesystem::path()}) {
+        ErrorLog log({}, portable);
+        log.append(given(libraries), "one\n");
+        EXPECT_EQ(log.lastFile(), folder / "state/kvex/KVEX.log");
+    }
+    EXPECT_EQ(readFile(folder / "state/kvex/KVEX.log"), "one\none\n");
+    EXPECT_TRUE(std::filesystem::is_empty(libraries));
 }
 
-TEST_F(ErrorLogFile, OfRootIsTheChosenOneToo) {
-    ErrorLog(folder / "chosen.log", true).append(given(folder.path()), "one\n");
+TEST_F(ErrorLogFile, OfAnInstalledComponentIsTheChosenOneToo) {
+    ErrorLog(folder / "chosen.log", {}).append(given(folder.path()), "one\n");
     EXPECT_EQ(readFile(folder / "chosen.log"), "one\n");
     EXPECT_FALSE(std::filesystem::exists(folder / "state"));
 }
 
-TEST_F(ErrorLogFile, KnowsRootByItsUserId) {
-    EXPECT_EQ(runsAsRoot(), geteuid() == 0);
-    ErrorLog().append(given(folder.path()), "one\n");
-    EXPECT_EQ(readFile(folder / (geteuid() == 0 ? "state/kvex/KVEX.log" : "KVEX.log")), "one\n");
+TEST_F(ErrorLogFile, IsPortableInTheProgramsFolderExceptForRoot) {
+    const std::filesystem::path program =
+        std::filesystem::read_symlink("/proc/self/exe").parent_path();
+    EXPECT_EQ(portableFolder(), geteuid() == 0 ? std::filesystem::path() : program);
 }
 
 TEST_F(ErrorLogFile, IsInAFolderOfItsOwnerAlone) {
-    ErrorLog({}, true).append(u"", "one\n");
+    ErrorLog({}, {}).append(u"", "one\n");
     for (const char *name : {"state", "state/kvex"}) {
         EXPECT_EQ(std::filesystem::status(folder / name).permissions(),
                   std::filesystem::perms::owner_all)
@@ -110,7 +115,7 @@ TEST_F(ErrorLogFile, GoesToTheStateFolderWhenTheChosenOneCannotBeOpened) {
 
 TEST_F(ErrorLogFile, GoesToStandardErrorWhenThereIsNoPlaceAtAll) {
     environment.set("XDG_STATE_HOME", unusable().string());
-    ErrorLog log({}, false);
+    ErrorLog log({}, unusable());
     testing::internal::CaptureStderr();
     log.append(given(unusable()), "the entry\n");
     const std::string told = testing::internal::GetCapturedStderr();
@@ -133,7 +138,7 @@ TEST_F(ErrorLogFile, KeepsTheLinesOfManyWritersWhole) {
         if (fork() == 0) {
             const std::string line(500, static_cast<char>('a' + writer));
             for (int i = 0; i < lines; ++i) {
-                ErrorLog({}, false).append(given(folder.path()), line + "\n");
+                ErrorLog({}, folder.path()).append(given(folder.path()), line + "\n");
             }
             _exit(0);
         }
