@@ -18,4 +18,7 @@ namespace kvex {
 /// True for a letter or a decimal digit of any script.
 [[nodiscard]] bool isLetterOrDigit(char32_t character);
 
+/// The library that knows the characters, with its version.
+[[nodiscard]] std::string unicodeLibrary();
+
 } // namespace kvex

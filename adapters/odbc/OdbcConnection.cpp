@@ -1,6 +1,7 @@
 #include "adapters/odbc/OdbcConnection.h"
 
 #include "adapters/odbc/ConnectionText.h"
+#include "adapters/odbc/Provider.h"
 #include "platform/Unicode.h"
 
 #include <algorithm>
@@ -53,6 +54,15 @@ std::u16string firstValue(const OdbcConnection &connection, const char16_t *text
 }
 
 } // namespace
+
+std::string driverManagerVersion() {
+    const Handle<SQL_HANDLE_ENV> owner = environment();
+    const Handle<SQL_HANDLE_DBC> unconnected(owner.get(), SQL_HANDLE_ENV);
+    std::array<SQLCHAR, 64> version{};
+    unconnected.check(
+        SQLGetInfo(unconnected.get(), SQL_DM_VER, version.data(), version.size(), nullptr));
+    return {version.begin(), std::ranges::find(version, SQLCHAR{0})};
+}
 
 OdbcConnection::OdbcConnection(const recordset::ConnectionString &text)
     : environment_(environment()), connection_(environment_.get(), SQL_HANDLE_ENV),

@@ -3,6 +3,8 @@
 
 #include "adapters/recordset/Driver.h"
 
+#include <string>
+
 namespace kvex::odbc {
 
 /// Accepts "Driver={NAME};KEY=VALUE;..." and "DSN=NAME;...", also after "Provider=MSDASQL;". The
@@ -13,5 +15,9 @@ namespace kvex::odbc {
 /// databases the record set can read and change records. There a new record must have its own key,
 /// else insert fails with badStatement and stores nothing.
 [[nodiscard]] recordset::Provider provider();
+
+/// The version that the ODBC driver manager of this process gives: that of the standard, then its
+/// own, as in "03.52.0002.0003" for unixODBC 2.3. Needs no driver.
+[[nodiscard]] std::string driverManagerVersion();
 
 } // namespace kvex::odbc

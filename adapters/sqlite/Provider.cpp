@@ -174,4 +174,8 @@ recordset::Provider creatingProvider() {
     return {form, &namesSqlite, &connect<SqliteConnection::Missing::create>};
 }
 
+std::string libraryVersion() {
+    return sqlite3_libversion();
+}
+
 } // namespace kvex::sqlite

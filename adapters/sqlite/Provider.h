@@ -3,6 +3,8 @@
 
 #include "adapters/recordset/Driver.h"
 
+#include <string>
+
 namespace kvex::sqlite {
 
 /// Accepts a bare path and "Provider=SQLite;Data Source=PATH". PATH is a database file, a "file:"
@@ -17,5 +19,8 @@ namespace kvex::sqlite {
 [[nodiscard]] recordset::Provider provider();
 /// The same, but creates a missing file.
 [[nodiscard]] recordset::Provider creatingProvider();
+
+/// The version of the SQLite that this process uses.
+[[nodiscard]] std::string libraryVersion();
 
 } // namespace kvex::sqlite

@@ -62,4 +62,8 @@ bool isLetterOrDigit(char32_t character) {
     }
 }
 
+std::string unicodeLibrary() {
+    return std::string("utf8proc ") + utf8proc_version();
+}
+
 } // namespace kvex

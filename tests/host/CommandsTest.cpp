@@ -88,7 +88,8 @@ protected:
 };
 
 TEST_F(Commands, VersionIsANumber) {
-    EXPECT_THAT(done({"version"}), testing::MatchesRegex("kvexrules [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+    EXPECT_THAT(done({"version"}),
+                testing::MatchesRegex("kvexrules [0-9]+\\.[0-9]+\\.[0-9]+\ncommit: .+\n(.+\n)+"));
 }
 
 TEST_F(Commands, InitMakesTablesOnce) {

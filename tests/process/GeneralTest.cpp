@@ -11,7 +11,18 @@ using testing::Not;
 class Kvexrules : public KvexrulesTest {};
 
 TEST_F(Kvexrules, PrintsItsVersion) {
-    EXPECT_THAT(done({"version"}), testing::MatchesRegex("kvexrules [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+    const std::string component =
+        (builtProgram().parent_path() / "libKVEXMessageRules.so").string();
+    EXPECT_THAT(done({"version"}),
+                testing::MatchesRegex("kvexrules [0-9]+\\.[0-9]+\\.[0-9]+\n"
+                                      "commit: ([0-9a-f]{12}(-changed)?|unknown)\n"
+                                      "component: " +
+                                      component +
+                                      "\n"
+                                      "toolkit qt: Qt 6\\.[0-9.]+\n"
+                                      "SQLite: 3\\.[0-9.]+\n"
+                                      "ODBC driver manager: [0-9]{2}\\.[0-9]{2}\\.[0-9.]+\n"
+                                      "Unicode: utf8proc [0-9.]+\n"));
     EXPECT_EQ(done({"--version"}), done({"version"}));
 }
 
