@@ -8,7 +8,12 @@ set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
-# Hosts find the class server in their own folder, even when the folder is moved.
+# Libraries find each other in their own folder, even when the folder is moved. The installed
+# program also looks in their private folder, which it knows relative to its own.
+include(GNUInstallDirs)
+set(KVEX_LIBRARY_FOLDER "${CMAKE_INSTALL_LIBDIR}/kvex")
+file(RELATIVE_PATH KVEX_LIBRARIES_FROM_PROGRAM
+  "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}/kvex")
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 set(CMAKE_INSTALL_RPATH "$ORIGIN")
 

@@ -10,8 +10,14 @@ namespace {
 
 constexpr std::string_view installAgain = "Install kvexrules again, with all its libraries.";
 
-std::filesystem::path besideProgram(const char *name) {
-    return std::filesystem::read_symlink("/proc/self/exe").parent_path() / name;
+/// The library in the program's own folder, or else the one that is installed with the program.
+std::filesystem::path library(const char *name) {
+    const std::filesystem::path folder =
+        std::filesystem::read_symlink("/proc/self/exe").parent_path();
+    const std::filesystem::path installed =
+        (folder / KVEX_LIBRARIES_FROM_PROGRAM / name).lexically_normal();
+    std::filesystem::path own = folder / name;
+    return !std::filesystem::exists(own) && std::filesystem::exists(installed) ? installed : own;
 }
 
 std::string reasonOf(HRESULT result) {
@@ -36,11 +42,11 @@ std::string reasonOf(HRESULT result) {
 } // namespace
 
 std::filesystem::path componentFile() {
-    return besideProgram("libKVEXMessageRules.so");
+    return library("libKVEXMessageRules.so");
 }
 
 std::filesystem::path hostSuiteFile() {
-    return besideProgram("libKVEXHostSuite.so");
+    return library("libKVEXHostSuite.so");
 }
 
 void require(HRESULT result, std::string_view what, std::string_view advice) {

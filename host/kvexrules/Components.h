@@ -10,7 +10,8 @@
 
 namespace kvex::host {
 
-/// The libraries that are installed beside this program.
+/// The libraries of this program: in its own folder, or else in the folder that libraries are
+/// installed in. When they are missing, the paths are those in its own folder.
 [[nodiscard]] std::filesystem::path componentFile();
 [[nodiscard]] std::filesystem::path hostSuiteFile();
 
@@ -21,7 +22,7 @@ void require(HRESULT result, std::string_view what, std::string_view advice);
 /// serve the class.
 void loadServer(const std::filesystem::path &file, const CLSID &classId);
 
-/// Creates an object of the component beside this program, or else of the registered component.
+/// Creates an object of this program's component, or else of the registered component.
 /// Raises a Failure when there is neither or when it cannot start.
 [[nodiscard]] ComPointer<IRuleUI> createRuleUI();
 

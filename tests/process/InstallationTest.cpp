@@ -31,7 +31,7 @@ protected:
 };
 
 TEST_F(Installation, LogsInTheComponentsFolderExceptForRoot) {
-    install({"libKVEXClassServer.so", "libKVEXMessageRules.so"});
+    install({"libKVEXClassServer.so.1", "libKVEXMessageRules.so"});
     sqlite3(database, "UPDATE SMS_RULES SET Name = NULL WHERE ID = 1");
     const Outcome outcome = kvexrules({"show", "1"});
     EXPECT_EQ(outcome.status, 1);
@@ -46,7 +46,7 @@ TEST_F(Installation, LogsInTheComponentsFolderExceptForRoot) {
 }
 
 TEST_F(Installation, LogsInTheUsersFolderWhereTheComponentsCannotBeWritten) {
-    install({"libKVEXClassServer.so", "libKVEXMessageRules.so"});
+    install({"libKVEXClassServer.so.1", "libKVEXMessageRules.so"});
     std::filesystem::create_directory(place / "KVEX.log");
     sqlite3(database, "UPDATE SMS_RULES SET Name = NULL WHERE ID = 1");
     EXPECT_EQ(kvexrules({"show", "1"}).status, 1);
@@ -55,14 +55,14 @@ TEST_F(Installation, LogsInTheUsersFolderWhereTheComponentsCannotBeWritten) {
 }
 
 TEST_F(Installation, FindsItsLibrariesThroughALink) {
-    install({"libKVEXClassServer.so", "libKVEXMessageRules.so"});
+    install({"libKVEXClassServer.so.1", "libKVEXMessageRules.so"});
     program = folder / "link";
     std::filesystem::create_symlink(place / "kvexrules", program);
     EXPECT_THAT(done({"show", "7"}), HasSubstr("For ALL Messages"));
 }
 
 TEST_F(Installation, WithoutAComponentListsButDoesNotShow) {
-    install({"libKVEXClassServer.so"});
+    install({"libKVEXClassServer.so.1"});
     EXPECT_THAT(done({"list"}), HasSubstr("Everything to the system"));
     EXPECT_THAT(failed(2, {"show", "7"}),
                 AllOf(HasSubstr("There is no rule component"),
@@ -72,7 +72,7 @@ TEST_F(Installation, WithoutAComponentListsButDoesNotShow) {
 }
 
 TEST_F(Installation, WithoutAComponentUsesTheRegisteredOne) {
-    install({"libKVEXClassServer.so"});
+    install({"libKVEXClassServer.so.1"});
     program = builtProgram();
     const std::string registered = done({"register"});
     EXPECT_EQ(done({"register"}), registered);
@@ -102,14 +102,14 @@ TEST_F(Installation, CannotBeRegisteredWithoutAHome) {
 }
 
 TEST_F(Installation, WithABrokenComponentSaysSo) {
-    install({"libKVEXClassServer.so"});
+    install({"libKVEXClassServer.so.1"});
     writeFile(place / "libKVEXMessageRules.so", "no library");
     EXPECT_THAT(failed(2, {"show", "7"}),
                 AllOf(HasSubstr("libKVEXMessageRules.so"), HasSubstr("Install kvexrules again")));
 }
 
 TEST_F(Installation, WithoutTheSuitesWindowsDoesNotEdit) {
-    install({"libKVEXClassServer.so", "libKVEXMessageRules.so"});
+    install({"libKVEXClassServer.so.1", "libKVEXMessageRules.so"});
     environment["QT_QPA_PLATFORM"] = "offscreen";
     EXPECT_THAT(failed(2, {"edit"}),
                 AllOf(HasSubstr("libKVEXHostSuite.so"), HasSubstr("Install kvexrules again")));
@@ -139,7 +139,7 @@ class WithoutAToolkit : public Installation {
 protected:
     void SetUp() override {
         Installation::SetUp();
-        install({"libKVEXClassServer.so", "libKVEXMessageRules.so", "libKVEXHostSuite.so"});
+        install({"libKVEXClassServer.so.1", "libKVEXMessageRules.so", "libKVEXHostSuite.so"});
         environment["QT_QPA_PLATFORM"] = "offscreen";
     }
 

@@ -56,7 +56,7 @@ TEST_F(Security, TheConfigurationFileIsOnlyRead) {
 
 TEST_F(Security, LibrariesInTheWorkingFolderAreNotLoaded) {
     done({"init", "--sample"});
-    for (const char *library : {"libKVEXClassServer.so", "libKVEXMessageRules.so",
+    for (const char *library : {"libKVEXClassServer.so.1", "libKVEXMessageRules.so",
                                 "libKVEXHostSuite.so", "libsqlite3.so.0", "libodbc.so.2"}) {
         writeFile(folder / library, "no library");
     }
