@@ -1,7 +1,7 @@
 // The class RuleUI, and the entry points through which the class server reaches it.
 #include "kvex/RuleUI.h"
 
-#include "adapters/classserver/server/ComObject.h"
+#include "adapters/classserver/server/ServerObject.h"
 #include "adapters/classserver/server/Guard.h"
 #include "adapters/classserver/server/InProcessServer.h"
 #include "component/Composition.h"
@@ -15,7 +15,7 @@
 namespace kvex {
 namespace {
 
-class RuleUI final : public ComObject<IRuleUI, IRuleReader, IRuleStrings> {
+class RuleUI final : public ServerObject<IRuleUI, IRuleReader, IRuleStrings> {
 public:
     HRESULT ShowRules(BSTR userId, BSTR ruleId, LONG *result) noexcept override {
         if (result == nullptr) {

@@ -25,7 +25,7 @@ public:
     /// Writes a message to the log. The message is no run-time error.
     virtual void reportMessage(std::u16string &logFile, const std::u16string &text, bool first,
                                bool second) = 0;
-    /// See message_box in platform/controls/Toolkit.h for styles and results.
+    /// See kvex/MessageBox.h for styles and results.
     virtual std::int32_t showMessageBox(const std::u16string &text, std::int32_t style) = 0;
 };
 

@@ -3,11 +3,13 @@
 #include "adapters/classserver/ClassRegistration.h"
 #include "adapters/classserver/Servers.h"
 #include "adapters/classserver/server/Guard.h"
+#include "adapters/classserver/server/InProcessServer.h"
 #include "kvex/ComPointer.h"
 
 #include <algorithm>
 #include <map>
 #include <mutex>
+#include <string_view>
 
 namespace {
 
@@ -101,6 +103,12 @@ HRESULT classObject(const CLSID &classId, const IID &interfaceId,
     return REGDB_E_CLASSNOTREG;
 }
 
+/// The absolute path that a host means with `path`.
+std::filesystem::path serverFile(std::string_view path) {
+    const bool isName = path.find('/') == std::string_view::npos;
+    return isName ? modulePath().parent_path() / path : std::filesystem::absolute(path);
+}
+
 /// Runs `call` with the server in the file `path`.
 template <class Call> HRESULT withServer(const char *path, Call &&call) noexcept {
     if (path == nullptr) {
@@ -108,8 +116,7 @@ template <class Call> HRESULT withServer(const char *path, Call &&call) noexcept
     }
     return guarded([&] {
         std::shared_ptr<ServerModule> server;
-        const HRESULT result =
-            process().servers.module(std::filesystem::absolute(path), server, loadErrorText());
+        const HRESULT result = process().servers.module(serverFile(path), server, loadErrorText());
         return FAILED(result) ? result : call(*server);
     });
 }
@@ -192,7 +199,7 @@ HRESULT CoLoadServer(const char *path, const CLSID &classId) noexcept {
         return E_INVALIDARG;
     }
     return guarded([&] {
-        const std::filesystem::path file = std::filesystem::absolute(path);
+        const std::filesystem::path file = serverFile(path);
         std::shared_ptr<ServerModule> server;
         ComPointer<IUnknown> object;
         const HRESULT result =

@@ -1,7 +1,7 @@
 // The servers that this process has loaded, and the servers that a host has named for a class.
 #pragma once
 
-#include "kvex/Component.h"
+#include "adapters/classserver/server/EntryPoints.h"
 
 #include <filesystem>
 #include <memory>

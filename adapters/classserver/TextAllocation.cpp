@@ -1,6 +1,9 @@
 // The texts that cross component boundaries. The length in bytes lies before the characters.
-#include "kvex/Component.h"
+#include "kvex/ClassServer.h"
 
+#include "platform/Text.h"
+
+#include <algorithm>
 #include <cstdlib>
 #include <limits>
 
@@ -46,4 +49,26 @@ std::uint32_t SysStringLen(BSTR text) noexcept {
     ByteCount bytes = 0;
     std::memcpy(&bytes, blockOf(text), sizeof bytes);
     return bytes / std::uint32_t{sizeof(char16_t)};
+}
+
+BSTR SysAllocUtf8(const char *text, std::uint32_t length) noexcept {
+    try {
+        const std::u16string units =
+            kvex::fromUtf8(text == nullptr ? std::string_view() : std::string_view(text, length));
+        return SysAllocStringLen(units.data(), static_cast<std::uint32_t>(units.size()));
+    } catch (const std::bad_alloc &) {
+        return nullptr;
+    }
+}
+
+std::uint32_t SysGetUtf8(BSTR text, char *target, std::uint32_t room) noexcept {
+    try {
+        const std::string bytes = kvex::toUtf8({text == nullptr ? u"" : text, SysStringLen(text)});
+        if (bytes.size() <= room) {
+            std::ranges::copy(bytes, target);
+        }
+        return static_cast<std::uint32_t>(bytes.size());
+    } catch (const std::bad_alloc &) {
+        return 0;
+    }
 }

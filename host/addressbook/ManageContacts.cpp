@@ -16,7 +16,7 @@ namespace kvex::host {
 namespace {
 
 /// A collection of texts that does not change, for callers outside this component.
-class TextCollection final : public ComObject<ITextCollection> {
+class TextCollection final : public ServerObject<ITextCollection> {
 public:
     explicit TextCollection(std::vector<std::u16string> texts) : texts_(std::move(texts)) {}
 

@@ -1,7 +1,7 @@
 // The suite's address book: lets the user choose contacts of the server's database.
 #pragma once
 
-#include "adapters/classserver/server/ComObject.h"
+#include "adapters/classserver/server/ServerObject.h"
 #include "host/addressbook/Contacts.h"
 #include "kvex/HostSuite.h"
 #include "platform/Error.h"
@@ -14,7 +14,7 @@
 namespace kvex::host {
 
 /// Contacts without a number are left out: nothing can be sent to them.
-class ManageContacts final : public ComObject<IManageContacts> {
+class ManageContacts final : public ServerObject<IManageContacts> {
 public:
     /// `toolkit` must outlive the object.
     explicit ManageContacts(Toolkit &toolkit) : toolkit_(toolkit) {}

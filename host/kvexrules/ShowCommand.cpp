@@ -10,6 +10,7 @@
 #include "host/kvexrules/TerminalUtility.h"
 #include "host/suite/SuiteState.h"
 #include "kvex/HostSuite.h"
+#include "kvex/ServedObject.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -126,7 +127,7 @@ public:
 
 private:
     const Settings &settings_;
-    TerminalUtilityRegistration utility_;
+    ServedObject utility_{CLSID_Utility, *makeComObject<TerminalUtility>()};
     ComPointer<IRuleReader> reader_;
 };
 

@@ -16,17 +16,4 @@ private:
     void tellUser(const Error & /*error*/) final {}
 };
 
-/// While it lives, the component's utility object is a TerminalUtility. Raises a Failure when the
-/// class server refuses.
-class TerminalUtilityRegistration {
-public:
-    TerminalUtilityRegistration();
-    ~TerminalUtilityRegistration();
-    TerminalUtilityRegistration(const TerminalUtilityRegistration &) = delete;
-    TerminalUtilityRegistration &operator=(const TerminalUtilityRegistration &) = delete;
-
-private:
-    std::uint32_t registration_ = 0;
-};
-
 } // namespace kvex::host

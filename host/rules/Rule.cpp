@@ -1,7 +1,7 @@
 #include "host/rules/Rule.h"
 
-#include "adapters/classserver/server/ComObject.h"
 #include "adapters/classserver/server/Guard.h"
+#include "kvex/ComObject.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
 

@@ -1,7 +1,7 @@
 // The suite's utility object. Derived classes decide how it shows messages.
 #pragma once
 
-#include "adapters/classserver/server/ComObject.h"
+#include "adapters/classserver/server/ServerObject.h"
 #include "kvex/HostSuite.h"
 #include "platform/Error.h"
 
@@ -13,7 +13,7 @@ namespace kvex::host {
 
 /// Works on suiteState(). It logs every error. An error that concerns the user is also shown, with
 /// advice. What could only not be read is shown once by each object.
-class UtilityObject : public ComObject<IUtility> {
+class UtilityObject : public ServerObject<IUtility> {
 public:
     HRESULT GetConnectionString(BSTR *connectionString) noexcept final;
     HRESULT GetSecondText(BSTR *text) noexcept final;

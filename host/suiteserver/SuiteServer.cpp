@@ -14,7 +14,7 @@
 namespace kvex::host {
 namespace {
 
-class SuiteConfiguration final : public ComObject<ISuiteConfiguration> {
+class SuiteConfiguration final : public ServerObject<ISuiteConfiguration> {
 public:
     HRESULT Configure(BSTR connectionString, BSTR secondText, BSTR logFile) noexcept final {
         return guarded([&] {

@@ -2,13 +2,13 @@
 // text. Both release what they own when they are destroyed, assigned to, or filled through put().
 #pragma once
 
-#include "kvex/Component.h"
+#include "kvex/ClassServer.h"
 
-#include <concepts>
 #include <limits>
 #include <new>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 namespace kvex {
@@ -32,9 +32,9 @@ public:
     ComPointer(ComPointer &&other) noexcept : object_(other.detach()) {}
     /// Converts from the class of an object to one of its interfaces. Use as<IUnknown>() where the
     /// class derives from IUnknown more than once.
-    template <class Derived>
-    requires std::convertible_to<Derived *, Interface *> ComPointer(ComPointer<Derived> other)
-    noexcept : object_(other.detach()) {}
+    template <class Derived,
+              class = std::enable_if_t<std::is_convertible_v<Derived *, Interface *>>>
+    ComPointer(ComPointer<Derived> other) noexcept : object_(other.detach()) {}
     ComPointer &operator=(ComPointer other) noexcept {
         std::swap(object_, other.object_);
         return *this;
@@ -88,6 +88,17 @@ template <class Interface>
     return {text == nullptr ? u"" : text, SysStringLen(text)};
 }
 
+/// The text in UTF-8. A code unit that belongs to no character becomes U+FFFD. Throws
+/// std::bad_alloc without memory.
+[[nodiscard]] inline std::string utf8Of(BSTR text) {
+    std::string result(SysGetUtf8(text, nullptr, 0), '\0');
+    if (result.empty() && SysStringLen(text) > 0) {
+        throw std::bad_alloc();
+    }
+    SysGetUtf8(text, result.data(), static_cast<std::uint32_t>(result.size()));
+    return result;
+}
+
 class Bstr {
 public:
     Bstr() noexcept = default;
@@ -100,6 +111,18 @@ public:
             throw std::bad_alloc();
         }
     }
+    /// Copies a text that is UTF-8. Each byte that cannot be read becomes U+FFFD. Throws
+    /// std::bad_alloc when there is no memory.
+    [[nodiscard]] static Bstr fromUtf8(std::string_view text) {
+        Bstr copy;
+        if (text.size() <= std::numeric_limits<std::uint32_t>::max()) {
+            copy.text_ = SysAllocUtf8(text.data(), static_cast<std::uint32_t>(text.size()));
+        }
+        if (copy.text_ == nullptr) {
+            throw std::bad_alloc();
+        }
+        return copy;
+    }
     Bstr(const Bstr &) = delete;
     Bstr(Bstr &&other) noexcept : text_(other.detach()) {}
     Bstr &operator=(Bstr other) noexcept {
@@ -111,6 +134,7 @@ public:
     [[nodiscard]] BSTR get() const noexcept { return text_; }
     [[nodiscard]] std::u16string_view view() const noexcept { return viewOf(text_); }
     [[nodiscard]] std::u16string text() const { return std::u16string(view()); }
+    [[nodiscard]] std::string utf8() const { return utf8Of(text_); }
 
     /// Hands the text over to the caller.
     [[nodiscard]] BSTR detach() noexcept { return std::exchange(text_, nullptr); }

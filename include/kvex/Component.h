@@ -1,6 +1,16 @@
-// The types of the component model. Interfaces derive from IUnknown and have pure virtual functions
-// only. Results are HRESULTs, texts are BSTRs. The compiler lays out an interface as a class
-// without a virtual destructor. The Component Object Model uses the same layout.
+// The types and functions of the component model. Interfaces derive from IUnknown and have pure
+// virtual functions only. Results are HRESULTs, texts are BSTRs. The compiler lays out an interface
+// as a class without a virtual destructor. The Component Object Model uses the same layout.
+//
+// Who owns what:
+// - A caller that gets an object owns one reference, and gives it back with Release.
+// - A callee that keeps an argument longer than the call takes its own reference with AddRef.
+// - A text that is passed by value belongs to the caller. The callee copies what it keeps.
+// - A text that a call stores in `*text` belongs to the caller, who frees it with SysFreeString.
+// - A text that is passed by reference belongs to the caller before and after the call. The callee
+//   may free it and store another one in its place.
+//
+// No call throws. Unless a call says otherwise, it stores null or 0 when it fails.
 #pragma once
 
 #include <cstddef>
@@ -37,6 +47,7 @@ inline constexpr HRESULT CO_E_CLASSSTRING = hresultOf(0x800401F3U);
 inline constexpr HRESULT CO_E_DLLNOTFOUND = hresultOf(0x800401F8U);
 inline constexpr HRESULT CO_E_ERRORINDLL = hresultOf(0x800401F9U);
 inline constexpr HRESULT CO_E_OBJNOTREG = hresultOf(0x800401FBU);
+inline constexpr HRESULT RPC_E_WRONG_THREAD = hresultOf(0x8001010EU);
 inline constexpr HRESULT SELFREG_E_CLASS = hresultOf(0x80040201U);
 
 inline constexpr bool SUCCEEDED(HRESULT result) {
@@ -55,6 +66,9 @@ struct GUID {
     friend bool operator==(const GUID &left, const GUID &right) noexcept {
         return std::memcmp(&left, &right, sizeof(GUID)) == 0;
     }
+    friend bool operator!=(const GUID &left, const GUID &right) noexcept {
+        return !(left == right);
+    }
 };
 using CLSID = GUID;
 using IID = GUID;
@@ -64,7 +78,9 @@ struct IUnknown {
     /// Stores the interface in `*object` and adds a reference. Fails with E_NOINTERFACE when the
     /// object does not have it; `*object` is null then. Fails with E_POINTER for a null `object`.
     virtual HRESULT QueryInterface(const IID &interfaceId, void **object) noexcept = 0;
+    /// Adds a reference, and gives the new count. Any thread may call it.
     virtual ULONG AddRef() noexcept = 0;
+    /// Gives a reference back, and gives the new count. The object ends with its last reference.
     virtual ULONG Release() noexcept = 0;
 
 protected:
@@ -85,18 +101,8 @@ protected:
     ~IClassFactory() = default;
 };
 
-/// The functions that a loadable server exports under these names, without "Function" and with C
-/// linkage.
-extern "C" {
-using DllGetClassObjectFunction = HRESULT(const CLSID &classId, const IID &interfaceId,
-                                          void **object);
-using DllCanUnloadNowFunction = HRESULT();
-using DllRegisterServerFunction = HRESULT();
-using DllUnregisterServerFunction = HRESULT();
-}
-
 // The functions of the component model. On Linux the class server library implements them, on
-// Windows the system does.
+// Windows the system does. Any number of threads may call them at once.
 #if defined(KVEX_CLASS_SERVER_BUILD)
 #define KVEX_CLASS_SERVER_API __attribute__((visibility("default")))
 #else
@@ -111,20 +117,25 @@ KVEX_CLASS_SERVER_API void SysFreeString(BSTR text) noexcept;
 /// The length in characters; 0 for a null pointer.
 KVEX_CLASS_SERVER_API std::uint32_t SysStringLen(BSTR text) noexcept;
 
-/// From now on this process gets the class from `classObject`, even when a server of the class is
-/// registered. Pass `*registration` to CoRevokeClassObject.
+/// From now on this process gets the class from `classObject`, an IClassFactory, even when a server
+/// of the class is registered. The last one that was registered counts. The class server keeps a
+/// reference until CoRevokeClassObject gets `*registration`, which is never 0. Fails with E_POINTER
+/// for a null `registration`, with E_INVALIDARG for a null `classObject`, and with E_OUTOFMEMORY.
 KVEX_CLASS_SERVER_API HRESULT CoRegisterClassObject(const CLSID &classId, IUnknown *classObject,
                                                     std::uint32_t *registration) noexcept;
 /// Fails with CO_E_OBJNOTREG for an unknown registration.
 KVEX_CLASS_SERVER_API HRESULT CoRevokeClassObject(std::uint32_t registration) noexcept;
-/// Gives the class object: this process's own, or else that of the registered server, which it
-/// loads. Fails with REGDB_E_CLASSNOTREG when the class is unknown. Fails with CO_E_DLLNOTFOUND
-/// when the server's file cannot be loaded, and with CO_E_ERRORINDLL when that file is no server.
+/// Gives the class object: this process's own, or else that of the server that CoLoadServer named,
+/// or else that of the registered server. Loads the server when it must. The user's registration
+/// counts before the system's. Fails with REGDB_E_CLASSNOTREG when the class is unknown. Fails with
+/// CO_E_DLLNOTFOUND when the server's file cannot be loaded, and with CO_E_ERRORINDLL when that
+/// file is no server. Any other failure is the server's own.
 KVEX_CLASS_SERVER_API HRESULT CoGetClassObject(const CLSID &classId, const IID &interfaceId,
                                                void **object) noexcept;
-/// Gets the class object and calls its CreateInstance.
+/// Gets the class object and calls its CreateInstance. Fails as either of them does.
 KVEX_CLASS_SERVER_API HRESULT CoCreateInstance(const CLSID &classId, IUnknown *outer,
                                                const IID &interfaceId, void **object) noexcept;
+/// Gives the id of the registered class with this name. The case of ASCII letters does not matter.
 /// Fails with CO_E_CLASSSTRING for a name that is not registered.
 KVEX_CLASS_SERVER_API HRESULT CLSIDFromProgID(const char16_t *programId, CLSID *classId) noexcept;
 /// Unloads every server whose DllCanUnloadNow returns S_OK. Do not call it while another thread may

@@ -1,11 +1,19 @@
 // The public contract of the component: the class RuleUI and its interfaces.
 //
-// A host first registers the suite's utility object (CLSID_Utility, kvex/HostSuite.h) with the
-// class server. Then it creates RuleUI by its class id or its name, "KVEXMessageRules.RuleUI". The
-// creation fails with 0x800A01AD (error 429) when no utility object is registered.
+// A host first serves the utility object (CLSID_Utility, kvex/HostSuite.h). Then it creates RuleUI
+// by its class id or its name, "KVEXMessageRules.RuleUI". The creation fails with 0x800A01AD (error
+// 429) when nobody serves a utility object.
 //
-// Errors go to the log of the utility object. When writing to the log fails, the method that met
-// the error fails with 0x800A01B8 (error 440).
+// Errors go to the log of the utility object. When writing to the log fails, the call that met the
+// error fails with 0x800A01B8 (error 440).
+//
+// Threads: an object belongs to the thread that created it. Call and release it there. A call from
+// another thread fails with RPC_E_WRONG_THREAD, and standard error says which thread owns the
+// object. Several threads may each have an object and call it at the same time. Two objects on one
+// thread share one session, so have one at a time.
+//
+// Releasing the object closes its database. Released on another thread, the database stays open
+// until the owning thread creates the next object or ends.
 #pragma once
 
 #include "kvex/Component.h"
@@ -15,8 +23,14 @@ inline constexpr char16_t RuleUIProgramId[] = u"KVEXMessageRules.RuleUI";
 inline constexpr CLSID CLSID_RuleUI{
     0x2E9C6A10, 0x5D43, 0x4B7B, {0x8A, 0x60, 0x1F, 0x0D, 0x7C, 0x35, 0xB2, 0x01}};
 
-/// The default interface. Call it from one thread at a time. Windows must be shown on the thread
-/// that showed the first window of the process.
+/// What IRuleUI::ShowRules stores in `*result`.
+namespace kvex::show_rules {
+inline constexpr LONG failed = 0;
+inline constexpr LONG noEditNoted = 1;
+inline constexpr LONG editNoted = 99;
+} // namespace kvex::show_rules
+
+/// The default interface.
 struct IRuleUI : IUnknown {
     static constexpr IID iid{
         0x2E9C6A10, 0x5D43, 0x4B7B, {0x8A, 0x60, 0x1F, 0x0D, 0x7C, 0x35, 0xB2, 0x02}};
@@ -32,20 +46,26 @@ struct IRuleUI : IUnknown {
     ///
     /// So a host reloads its rules after every call whose result is not 0.
     ///
-    /// A second call on the same object has the result 0, because its session stays open until the
-    /// object is released. Fails with E_POINTER when `result` is null.
+    /// Windows belong to the thread that showed the first window of the process, or that made the
+    /// program's QApplication. On any other thread the result is 0, and the log names that thread.
+    ///
+    /// The call returns when the window is closed. Until then it runs the thread's event loop, so
+    /// the host's own windows and timers on this thread go on. Do not call it again before it
+    /// returns. A second call on the same object has the result 0, because its session stays open
+    /// until the object is released. Fails with E_POINTER when `result` is null.
     virtual HRESULT ShowRules(BSTR userId, BSTR ruleId, LONG *result) noexcept = 0;
 
 protected:
     ~IRuleUI() = default;
 };
 
-/// Receives the description of a rule piece by piece.
+/// Receives the description of a rule piece by piece. The host implements it.
 struct IDescriptionSink : IUnknown {
     static constexpr IID iid{
         0x2E9C6A10, 0x5D43, 0x4B7B, {0x8A, 0x60, 0x1F, 0x0D, 0x7C, 0x35, 0xB2, 0x03}};
     /// Receives `text` in one colour, 0x00BBGGRR: 0 (fixed words), 0xFF0000 (values) or 255
-    /// (remarks). Lines are separated by CR LF. A failed result ends the description.
+    /// (remarks). Lines are separated by CR LF. The text is valid during the call. A failed result
+    /// ends the description.
     virtual HRESULT Write(BSTR text, LONG colour) noexcept = 0;
 
 protected:
@@ -64,7 +84,7 @@ struct IRuleReader : IUnknown {
     /// the stored ACTIVE. Gives S_FALSE and writes nothing when no rule has this id, or when the
     /// text is no id. Fails with E_UNEXPECTED while no session is open, and with E_POINTER when
     /// `sink` is null. A failure of `sink` is passed on. A part of the rule that cannot be read is
-    /// in the log.
+    /// in the log. It shows what was stored when the session opened.
     virtual HRESULT DescribeRule(BSTR ruleId, IDescriptionSink *sink) noexcept = 0;
 
 protected:

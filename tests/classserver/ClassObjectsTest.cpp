@@ -1,4 +1,5 @@
-#include "adapters/classserver/server/ComObject.h"
+#include "adapters/classserver/server/ServerObject.h"
+#include "kvex/ServedObject.h"
 #include "tests/classserver/TestServer.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +16,7 @@ using kvex::ComPointer;
 constexpr CLSID ownClass{
     0x5A0C1F10, 0x7E21, 0x4C35, {0x90, 0x11, 0x3B, 0x44, 0x52, 0x0A, 0x6E, 0x20}};
 
-template <LONG Start> class StartingAt final : public kvex::ComObject<ICounter> {
+template <LONG Start> class StartingAt final : public kvex::ServerObject<ICounter> {
 public:
     HRESULT Next(LONG *number) noexcept final {
         *number = Start;
@@ -125,6 +126,41 @@ TEST(ClassObjects, ThreadsRegisterCreateAndRevokeSideBySide) {
     }
     EXPECT_EQ(created, 3 * rounds);
     EXPECT_FALSE(kvex::module_count::isInUse());
+}
+
+TEST(ServedObject, EveryCreationGivesTheOneObjectWhileItIsServed) {
+    ComPointer<ICounter> first;
+    ComPointer<ICounter> second;
+    {
+        const auto object = kvex::makeComObject<StartingAt<3>>();
+        const kvex::ServedObject served(ownClass, *object);
+        ASSERT_EQ(kvex::createInstance(ownClass, first), S_OK);
+        ASSERT_EQ(kvex::createInstance(ownClass, second), S_OK);
+        EXPECT_EQ(first.get(), object.get());
+        EXPECT_EQ(second.get(), object.get());
+        void *none = &none;
+        EXPECT_EQ(CoCreateInstance(ownClass, object.get(), ICounter::iid, &none),
+                  CLASS_E_NOAGGREGATION);
+        EXPECT_EQ(none, nullptr);
+        EXPECT_EQ(CoCreateInstance(ownClass, nullptr, INamed::iid, &none), E_NOINTERFACE);
+    }
+    EXPECT_EQ(kvex::createInstance(ownClass, second), REGDB_E_CLASSNOTREG);
+    LONG number = 0;
+    EXPECT_EQ(first->Next(&number), S_OK);
+    EXPECT_EQ(number, 3);
+    first.reset();
+    EXPECT_FALSE(kvex::module_count::isInUse());
+}
+
+TEST(ServedObject, TheLastOneCounts) {
+    const auto one = kvex::makeComObject<StartingAt<1>>();
+    const auto two = kvex::makeComObject<StartingAt<2>>();
+    const kvex::ServedObject first(ownClass, *one);
+    {
+        const kvex::ServedObject second(ownClass, *two);
+        EXPECT_EQ(nextOfNewObject(), 2);
+    }
+    EXPECT_EQ(nextOfNewObject(), 1);
 }
 
 } // namespace

@@ -1,5 +1,5 @@
-#include "adapters/classserver/server/ComObject.h"
 #include "adapters/classserver/server/Guard.h"
+#include "adapters/classserver/server/ServerObject.h"
 #include "platform/Error.h"
 #include "tests/classserver/TestServer.h"
 #include "tests/support/RaisedError.h"
@@ -15,7 +15,7 @@ using kvex::ClassFactory;
 using kvex::ComPointer;
 using kvex::module_count::isInUse;
 
-class Both final : public kvex::ComObject<ICounter, INamed> {
+class Both final : public kvex::ServerObject<ICounter, INamed> {
 public:
     explicit Both(bool fails = false) {
         if (fails) {

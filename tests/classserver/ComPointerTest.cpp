@@ -1,6 +1,5 @@
-#include "kvex/ComPointer.h"
+#include "kvex/ComObject.h"
 
-#include "adapters/classserver/server/ComObject.h"
 #include "tests/classserver/TestServer.h"
 
 #include <gtest/gtest.h>
@@ -93,6 +92,13 @@ TEST(Bstr, CopiesATextWithItsNulCharacters) {
     const Bstr copy(text);
     EXPECT_EQ(copy.text(), text);
     EXPECT_EQ(SysStringLen(copy.get()), 3U);
+}
+
+TEST(Bstr, ReadsAndGivesUtf8) {
+    const Bstr text = Bstr::fromUtf8("\u20AC 5");
+    EXPECT_EQ(text.view(), u"\u20AC 5");
+    EXPECT_EQ(text.utf8(), "\u20AC 5");
+    EXPECT_EQ(kvex::utf8Of(nullptr), "");
 }
 
 TEST(Bstr, NullIsAnEmptyText) {

@@ -136,11 +136,24 @@ TEST_F(Loading, APathIsNeeded) {
 
 TEST_F(Loading, ARelativePathIsTakenFromTheWorkingDirectory) {
     const std::filesystem::path before = std::filesystem::current_path();
-    std::filesystem::current_path(std::filesystem::path(TEST_SERVER).parent_path());
-    const std::string name = std::filesystem::path(TEST_SERVER).filename();
-    EXPECT_EQ(CoLoadServer(name.c_str(), CLSID_Counter), S_OK);
+    const std::filesystem::path file = TEST_SERVER;
+    std::filesystem::current_path(file.parent_path());
+    EXPECT_EQ(CoLoadServer(("./" / file.filename()).c_str(), CLSID_Counter), S_OK);
     std::filesystem::current_path(before);
     EXPECT_EQ(create(CLSID_Counter), S_OK);
+}
+
+TEST_F(Loading, ANameIsAFileInTheFolderOfTheClassServer) {
+    put(root() / "libKVEXTest.so", "In the working directory, and no library.\n");
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(root());
+    const std::string name = std::filesystem::path(TEST_SERVER).filename();
+    EXPECT_EQ(CoLoadServer(name.c_str(), CLSID_Counter), S_OK) << CoLoadErrorText();
+    EXPECT_EQ(CoLoadServer("libKVEXTest.so", CLSID_Counter), CO_E_DLLNOTFOUND);
+    EXPECT_NE(std::string(CoLoadErrorText()).find("No such file"), std::string::npos)
+        << CoLoadErrorText();
+    EXPECT_EQ(CoRegisterServer("libKVEXTest.so"), CO_E_DLLNOTFOUND);
+    std::filesystem::current_path(before);
 }
 
 TEST_F(Loading, ThreadsThatNeedAServerAtOnceAllGetObjects) {

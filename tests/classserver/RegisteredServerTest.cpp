@@ -1,5 +1,5 @@
 #include "adapters/classserver/ClassRegistration.h"
-#include "adapters/classserver/server/ComObject.h"
+#include "adapters/classserver/server/ServerObject.h"
 #include "kvex/ClassServer.h"
 #include "tests/classserver/DataDirectories.h"
 #include "tests/classserver/LoadedFile.h"

@@ -10,7 +10,7 @@ namespace {
 
 using kvex::ComPointer;
 
-class Counter final : public kvex::ComObject<ICounter, INamed> {
+class Counter final : public kvex::ServerObject<ICounter, INamed> {
 public:
     HRESULT Next(LONG *number) noexcept final {
         *number = ++last_;
@@ -29,7 +29,7 @@ private:
 };
 
 /// Fails after the base class was constructed and counted.
-template <auto Raise> class Failing final : public kvex::ComObject<ICounter> {
+template <auto Raise> class Failing final : public kvex::ServerObject<ICounter> {
 public:
     Failing() { Raise(); }
     HRESULT Next(LONG *) noexcept final { return E_UNEXPECTED; }

@@ -1,7 +1,7 @@
 // The component as any host uses it: loaded from its file and called through its entry points.
-#include "adapters/classserver/server/ComObject.h"
+#include "adapters/classserver/server/EntryPoints.h"
 #include "kvex/ClassServer.h"
-#include "kvex/ComPointer.h"
+#include "kvex/ComObject.h"
 #include "kvex/HostSuite.h"
 #include "kvex/RuleUI.h"
 #include "platform/Error.h"

@@ -2,7 +2,7 @@
 // with its arguments.
 #include "component/HostObjects.h"
 
-#include "adapters/classserver/server/ComObject.h"
+#include "adapters/classserver/server/ServerObject.h"
 #include "kvex/ComPointer.h"
 #include "kvex/HostSuite.h"
 #include "platform/Error.h"

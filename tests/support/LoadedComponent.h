@@ -1,7 +1,7 @@
 // The component as a host loads it from its file, for calls that need no session.
 #pragma once
 
-#include "adapters/classserver/server/ComObject.h"
+#include "adapters/classserver/server/ServerObject.h"
 #include "kvex/ClassServer.h"
 #include "kvex/HostSuite.h"
 #include "kvex/RuleStrings.h"

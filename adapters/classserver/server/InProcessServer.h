@@ -1,7 +1,7 @@
 // Implements the four entry points of a loadable server, given the table of its classes.
 #pragma once
 
-#include "adapters/classserver/server/ComObject.h"
+#include "adapters/classserver/server/ServerObject.h"
 
 #include <filesystem>
 #include <span>

@@ -1,4 +1,4 @@
-#include "adapters/classserver/server/ComObject.h"
+#include "adapters/classserver/server/ServerObject.h"
 
 #include "adapters/classserver/server/Guard.h"
 
