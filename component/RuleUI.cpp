@@ -1,12 +1,13 @@
 // The class RuleUI, and the entry points through which the class server reaches it.
 #include "kvex/RuleUI.h"
 
-#include "adapters/classserver/server/ServerObject.h"
 #include "adapters/classserver/server/Guard.h"
 #include "adapters/classserver/server/InProcessServer.h"
+#include "adapters/classserver/server/ServerObject.h"
 #include "component/Composition.h"
 #include "component/RuleStrings.h"
 #include "component/SessionOwner.h"
+#include "platform/OwnerThread.h"
 #include "platform/Text.h"
 #include "platform/VisibleText.h"
 
@@ -22,7 +23,7 @@ public:
             return E_POINTER;
         }
         *result = 0;
-        return guarded([&] {
+        return onOwnThread([&] {
             *result =
                 session_.ShowRules(std::u16string(viewOf(userId)), std::u16string(viewOf(ruleId)));
             return S_OK;
@@ -30,14 +31,14 @@ public:
     }
 
     HRESULT OpenRules() noexcept override {
-        return guarded([&] { return session_.OpenRules() ? S_OK : E_FAIL; });
+        return onOwnThread([&] { return session_.OpenRules() ? S_OK : E_FAIL; });
     }
 
     HRESULT DescribeRule(BSTR ruleId, IDescriptionSink *sink) noexcept override {
         if (sink == nullptr) {
             return E_POINTER;
         }
-        return guarded([&]() -> HRESULT {
+        return onOwnThread([&]() -> HRESULT {
             if (!hasOpenSession()) {
                 return E_UNEXPECTED;
             }
@@ -78,14 +79,38 @@ private:
     /// A release has no result, so a failure goes to the diagnostic stream.
     ~RuleUI() override {
         try {
-            session_.release();
+            if (thread_.isCurrent()) {
+                session_.release();
+            } else {
+                tellOwner("released");
+            }
         } catch (...) {
             std::cerr << "KVEXMessageRules: the session could not be closed: "
                       << toUtf8(visible(fromUtf8(Error::current().what()))) << '\n';
         }
     }
 
+    /// Runs `body` as guarded does, unless another thread calls: the session is not there.
+    template <class Body> HRESULT onOwnThread(Body &&body) noexcept {
+        return guarded([&]() -> HRESULT {
+            if (!thread_.isCurrent()) {
+                tellOwner("called");
+                return RPC_E_WRONG_THREAD;
+            }
+            return body();
+        });
+    }
+
+    /// The utility object belongs to the session, so this goes to the diagnostic stream.
+    void tellOwner(std::string_view done) const {
+        std::cerr << "KVEXMessageRules: RuleUI was " << done << " from "
+                  << toUtf8(visible(OwnerThread().text())) << ". The object belongs to "
+                  << toUtf8(visible(thread_.text()))
+                  << ". Create, call and release it on one thread.\n";
+    }
+
     SessionOwner session_{composition()};
+    OwnerThread thread_;
 };
 
 constexpr ServedClass classes[] = {

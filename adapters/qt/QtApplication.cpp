@@ -2,6 +2,7 @@
 
 #include "adapters/qt/ReadableStyle.h"
 #include "platform/Error.h"
+#include "platform/OwnerThread.h"
 
 #include <QApplication>
 #include <QDir>
@@ -130,6 +131,21 @@ std::optional<UsablePlatform> usablePlatform() {
     throw Error(error_number::cannotCreateObject, std::move(why));
 }
 
+/// The thread that showed the first window. Nothing before that.
+std::optional<OwnerThread> &windowsThread() {
+    static std::optional<OwnerThread> thread;
+    return thread;
+}
+
+[[noreturn]] void refuseThread() {
+    const std::u16string owner = windowsThread()
+                                     ? windowsThread()->text() + u". It showed the first window"
+                                     : std::u16string(u"the thread that made its QApplication");
+    throw Error(error_number::invalidCall, u"No window can be shown from " + OwnerThread().text() +
+                                               u". The windows of this program belong to " + owner +
+                                               u". Call from there.");
+}
+
 /// Qt refers to the arguments as long as the application lives.
 struct Arguments {
     std::string program = program_invocation_name;
@@ -144,10 +160,13 @@ void createApplication(std::string platform) {
     arguments.platform = std::move(platform);
     arguments.values = {arguments.program.data(), arguments.option.data(),
                         arguments.platform.data(), nullptr};
-    // Qt sets the user's locale for the process. Numbers must still be read and printed as before.
-    const std::string numbers = std::setlocale(LC_NUMERIC, nullptr);
+    // Qt sets the user's locale for the process. It needs that for characters, because keyboards
+    // depend on it. Everything else, such as numbers, must still be read and printed as before.
+    const std::string before = std::setlocale(LC_ALL, nullptr);
     static auto *const application = new QApplication(arguments.count, arguments.values.data());
-    std::setlocale(LC_NUMERIC, numbers.c_str());
+    const std::string characters = std::setlocale(LC_CTYPE, nullptr);
+    std::setlocale(LC_ALL, before.c_str());
+    std::setlocale(LC_CTYPE, characters.c_str());
     if (application->style()->name() == u"fusion") {
         QApplication::setStyle(new ReadableStyle(application->style()->name()));
     }
@@ -166,14 +185,14 @@ void requireApplication() {
                    u"program in a graphical session, or set DISPLAY.");
         }
         createApplication(platform->name);
+        windowsThread().emplace();
         return;
     }
     if (dynamic_cast<const QApplication *>(existing) == nullptr) {
         refuse(u"No window can be shown: this program runs without windows.");
     }
     if (existing->thread() != QThread::currentThread()) {
-        refuse(u"No window can be shown from this thread: another thread of the program owns the "
-               u"windows.");
+        refuseThread();
     }
 }
 

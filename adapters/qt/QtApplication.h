@@ -6,7 +6,8 @@
 namespace kvex::qt {
 
 /// Makes sure that this thread can show windows. Otherwise fails with cannotCreateObject and says
-/// why. An application that it creates lives until the process ends.
+/// why. On another thread than that of the windows it fails with invalidCall and names both. An
+/// application that it creates lives until the process ends.
 void requireApplication();
 
 /// The parent of the next window; null if there is none.

@@ -5,6 +5,7 @@
 #include "kvex/HostSuite.h"
 #include "kvex/RuleUI.h"
 #include "platform/Error.h"
+#include "platform/OwnerThread.h"
 #include "platform/Text.h"
 #include "tests/support/TestDatabase.h"
 
@@ -14,6 +15,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <thread>
 #include <unistd.h>
 
 namespace kvex::test {
@@ -282,6 +284,73 @@ TEST_F(Boundary, RulesAreReadWithoutAWindow) {
     EXPECT_EQ(reader->DescribeRule(Bstr(u"1").get(), sink.get()), E_ACCESSDENIED);
     EXPECT_EQ(reader->OpenRules(), E_FAIL);
     EXPECT_EQ(host().log.size(), 1U);
+}
+
+TEST_F(Boundary, AnotherThreadThanTheCreatorsIsRefusedAndToldWhichOneOwnsTheObject) {
+    auto rules = create<IRuleUI>();
+    ASSERT_EQ(rules.as<IRuleReader>()->OpenRules(), S_OK);
+    const std::string owner = toUtf8(OwnerThread().text());
+    std::string caller;
+    testing::internal::CaptureStderr();
+    std::thread([&] {
+        caller = toUtf8(OwnerThread().text());
+        LONG result = -1;
+        EXPECT_EQ(rules->ShowRules(nullptr, nullptr, &result), RPC_E_WRONG_THREAD);
+        EXPECT_EQ(result, 0);
+        EXPECT_EQ(rules.as<IRuleReader>()->OpenRules(), RPC_E_WRONG_THREAD);
+        EXPECT_EQ(rules.as<IRuleReader>()->DescribeRule(Bstr(u"1").get(),
+                                                        makeComObject<CollectingSink>().get()),
+                  RPC_E_WRONG_THREAD);
+    }).join();
+    const std::string told = "KVEXMessageRules: RuleUI was called from " + caller +
+                             ". The object belongs to " + owner +
+                             ". Create, call and release it on one thread.\n";
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), told + told + told);
+    EXPECT_EQ(rules.as<IRuleReader>()->DescribeRule(Bstr(u"1").get(),
+                                                    makeComObject<CollectingSink>().get()),
+              S_FALSE);
+    EXPECT_TRUE(host().log.empty());
+}
+
+TEST_F(Boundary, AReleaseOnAnotherThreadLeavesTheSessionToTheNextObject) {
+    auto rules = create<IRuleUI>();
+    ASSERT_EQ(rules.as<IRuleReader>()->OpenRules(), S_OK);
+    testing::internal::CaptureStderr();
+    std::thread([&] { rules.reset(); }).join();
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("RuleUI was released from the thread"),
+              std::string::npos);
+    EXPECT_EQ(host().utilitiesAlive, 1);
+    ComPointer<IRuleReader> next;
+    ASSERT_EQ(createInstance(CLSID_RuleUI, next), S_OK);
+    EXPECT_EQ(host().utilitiesAlive, 1);
+    EXPECT_EQ(next->OpenRules(), S_OK);
+}
+
+TEST_F(Boundary, ThreadsHaveObjectsOfTheirOwn) {
+    database_.addRule("A", "", "<DELETE>YES</DELETE>");
+    auto rules = create<IRuleReader>();
+    ASSERT_EQ(rules->OpenRules(), S_OK);
+    std::thread([] {
+        ComPointer<IRuleReader> reader;
+        ASSERT_EQ(createInstance(CLSID_RuleUI, reader), S_OK);
+        EXPECT_EQ(reader->OpenRules(), S_OK);
+        EXPECT_EQ(reader->DescribeRule(Bstr(u"1").get(), makeComObject<CollectingSink>().get()),
+                  S_OK);
+    }).join();
+    EXPECT_EQ(rules->DescribeRule(Bstr(u"1").get(), makeComObject<CollectingSink>().get()), S_OK);
+}
+
+TEST_F(Boundary, StaysLoadedWhenUnusedServersAreFreed) {
+    create<IRuleReader>().reset();
+    CoFreeUnusedLibraries();
+    void *const component = dlopen(KVEX_COMPONENT, RTLD_NOW | RTLD_LOCAL | RTLD_NOLOAD);
+    EXPECT_NE(component, nullptr);
+    ComPointer<IRuleReader> reader;
+    EXPECT_EQ(createInstance(CLSID_RuleUI, reader), S_OK);
+    EXPECT_EQ(reader->OpenRules(), S_OK);
+    reader.reset();
+    CoFreeUnusedLibraries();
+    EXPECT_EQ(dlclose(component), 0);
 }
 
 TEST_F(Boundary, AfterTheReleaseOfAnotherObjectNoSessionIsOpen) {

@@ -2,6 +2,8 @@
 // process of its own.
 #include "adapters/qt/QtToolkit.h"
 #include "platform/Error.h"
+#include "platform/OwnerThread.h"
+#include "platform/Text.h"
 #include "tests/support/RaisedError.h"
 #include "tests/support/VirtualDisplay.h"
 
@@ -25,14 +27,14 @@ protected:
     }
 
     /// The error of the toolkit when it cannot show a window, "" when it can.
-    std::string refusal() {
+    std::string refusal(std::int32_t number = error_number::cannotCreateObject) {
         const auto error = test::raisedBy([&] {
             return toolkit_.createWindow({u"frmTest", u"Test", {}, column({})});
         });
         if (!error) {
             return {};
         }
-        EXPECT_EQ(error->number(), error_number::cannotCreateObject);
+        EXPECT_EQ(error->number(), number);
         return error->what();
     }
 
@@ -81,14 +83,32 @@ TEST_F(QtApplicationTest, AProgramWithoutWindowsKeepsItsApplication) {
     EXPECT_TRUE(mentions(refusal(), "runs without windows"));
 }
 
-TEST_F(QtApplicationTest, AnotherThreadOfTheProgramIsRefused) {
+TEST_F(QtApplicationTest, AnotherThreadLearnsThatTheHostsApplicationOwnsTheWindows) {
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     int count = 0;
     const QApplication application(count, nullptr);
     std::string there;
-    std::thread([&] { there = refusal(); }).join();
-    EXPECT_TRUE(mentions(there, "thread"));
+    std::string caller;
+    std::thread([&] {
+        caller = toUtf8(OwnerThread().text());
+        there = refusal(error_number::invalidCall);
+    }).join();
+    EXPECT_EQ(there, "error 5: No window can be shown from " + caller +
+                         ". The windows of this program belong to the thread that made its "
+                         "QApplication. Call from there. (KVEXMessageRules)");
     EXPECT_EQ(refusal(), "");
+}
+
+TEST_F(QtApplicationTest, AnotherThreadLearnsWhichOneShowedTheFirstWindow) {
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    EXPECT_EQ(refusal(), "");
+    const std::string owner = toUtf8(OwnerThread().text());
+    std::string there;
+    std::thread([&] { there = refusal(error_number::invalidCall); }).join();
+    EXPECT_TRUE(mentions(there, ("The windows of this program belong to " + owner +
+                                 ". It showed the first window. Call from there.")
+                                    .c_str()))
+        << there;
 }
 
 TEST_F(QtApplicationTest, NumbersReadAndPrintAsBefore) {
