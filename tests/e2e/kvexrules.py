@@ -35,37 +35,47 @@ class Database:
         return next((rule for rule in self.rules() if rule["Name"] == name), None)
 
 
-class KvexRules(Application):
-    """kvexrules edit, once it runs."""
+class Program(Application):
+    """A program, once it runs. `command` is its file and its arguments."""
 
-    def __init__(self, desktop, program, database, *arguments):
-        self.output = desktop.home / "kvexrules.out"
-        self.errors = desktop.home / "kvexrules.err"
+    def __init__(self, desktop, command, environ=None):
+        self.output = desktop.home / "program.out"
+        self.errors = desktop.home / "program.err"
         with self.output.open("wb") as out, self.errors.open("wb") as err:
             super().__init__(desktop, subprocess.Popen(
-                [program, "edit", "--log", desktop.home / "kvexrules.log", *arguments],
-                env=environment(database.path), stdin=subprocess.DEVNULL, stdout=out, stderr=err))
+                command, env=environ, stdin=subprocess.DEVNULL, stdout=out, stderr=err))
 
     def finish(self):
         """Waits for its end: the exit status and the last line it printed."""
         try:
             status = self.process.wait(PATIENCE)
         except subprocess.TimeoutExpired:
-            raise TimedOut(f"waited {PATIENCE} s for kvexrules to end") from None
+            raise TimedOut(f"waited {PATIENCE} s for the program to end") from None
         lines = self.output.read_text(encoding="utf-8").splitlines()
         return status, lines[-1] if lines else ""
-
-    def log(self):
-        log = self.desktop.home / "kvexrules.log"
-        return log.read_text(encoding="utf-8") if log.exists() else ""
 
     def report(self):
         """What helps to find the cause of a failure."""
         return "\n".join([
             "windows:", self.outline(),
             "printed:", self.output.read_text(encoding="utf-8", errors="replace"),
-            "errors:", self.errors.read_text(encoding="utf-8", errors="replace"),
-            "log:", self.log()])
+            "errors:", self.errors.read_text(encoding="utf-8", errors="replace")])
+
+
+class KvexRules(Program):
+    """kvexrules edit, once it runs."""
+
+    def __init__(self, desktop, program, database, *arguments):
+        super().__init__(
+            desktop, [program, "edit", "--log", desktop.home / "kvexrules.log", *arguments],
+            environment(database.path))
+
+    def log(self):
+        log = self.desktop.home / "kvexrules.log"
+        return log.read_text(encoding="utf-8") if log.exists() else ""
+
+    def report(self):
+        return "\n".join([super().report(), "log:", self.log()])
 
 
 class ProgramTest(unittest.TestCase):
