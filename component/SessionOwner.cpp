@@ -35,6 +35,19 @@ void openSession() {
                 u"SMS_SERVICE WHERE DELETED = 0 AND DISABLED = 0)");
 }
 
+/// Rules whose tables are newer than this program open all the same. The user learns at once that
+/// no change will be stored.
+void requireWritable() {
+    try {
+        session().rsRules->requireWritable();
+    } catch (const Error &error) {
+        if (error.helpContext() != HelpContext::newerSchema) {
+            throw;
+        }
+        logCurrentError(u"ShowRuleUI", module);
+    }
+}
+
 template <class Object> void closeIfOpen(ObjectVariable<Object> &object) {
     if (object->state() == ObjectState::open) {
         object->close();
@@ -61,7 +74,7 @@ std::int32_t SessionOwner::ShowRules(const std::u16string &UserId, const std::u1
     trapErrors(u"ShowRuleUI", module, [&] {
         session().strUserID = UserId;
         openSession();
-        session().rsRules->requireWritable();
+        requireWritable();
         {
             frmRules window;
             window.RuleID = RuleID;

@@ -69,8 +69,8 @@ public:
 /// can do follows from the error's help context.
 ///
 /// Rows can be written when the query reads one table with a primary key and has each key column
-/// once. The lock must not be readOnly. Any other write fails with badArgument, and so does a write
-/// to a column that the query computes.
+/// once. The lock must not be readOnly, and the tables not newer than this program. Any other write
+/// fails with badArgument, and so does a write to a column that the query computes.
 class Recordset {
 public:
     virtual ~Recordset() = default;
@@ -130,9 +130,10 @@ public:
     virtual void setField(std::u16string_view name, const Value &value) = 0;
 
     /// Fails with badArgument when the rows cannot be written, as update would. So a caller can
-    /// learn it before the user changes anything. It asks the database for the table's key, which
-    /// the first write need not do then. The other errors: the provider's number when the database
-    /// refuses, and objectClosed when the connection has closed.
+    /// learn it before the user changes anything. With the help context newerSchema, the tables are
+    /// newer than this program, which only reads them. It asks the database for the table's key,
+    /// which the first write need not do then. The other errors: the provider's number when the
+    /// database refuses, and objectClosed when the connection has closed.
     virtual void requireWritable() = 0;
     /// Makes a pending new record the current one. The database fills the columns that are not
     /// set; they read as Null until resync.

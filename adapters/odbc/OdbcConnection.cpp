@@ -166,6 +166,13 @@ void OdbcConnection::setAutomaticCommit(bool on) const {
                                          SQL_IS_UINTEGER));
 }
 
+void OdbcConnection::isolate() const {
+    connection_.check(SQLSetConnectAttrW(
+        handle(), SQL_ATTR_TXN_ISOLATION,
+        number(server_.repeatableReadIsSnapshot ? SQL_TXN_REPEATABLE_READ : SQL_TXN_SERIALIZABLE),
+        SQL_IS_UINTEGER));
+}
+
 void OdbcConnection::end(SQLSMALLINT how) const {
     connection_.check(SQLEndTran(SQL_HANDLE_DBC, handle(), how));
 }

@@ -32,6 +32,8 @@ public:
     [[nodiscard]] std::u16string quoted(std::u16string_view identifier) const;
 
     void setAutomaticCommit(bool on) const;
+    /// From the next transaction on, all queries of a transaction see one state of the database.
+    void isolate() const;
     /// Ends the transaction: SQL_COMMIT or SQL_ROLLBACK.
     void end(SQLSMALLINT how) const;
     /// Rolls back an open transaction. No statement may be left.

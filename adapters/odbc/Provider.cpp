@@ -36,6 +36,19 @@ const Assignment *given(const std::vector<Assignment> &values, std::u16string_vi
     return found == values.end() || found->value.isNull() ? nullptr : &*found;
 }
 
+/// Puts the names in the place of "{table}" and "{column}".
+std::u16string withNames(std::u16string_view text, std::u16string_view table,
+                         std::u16string_view column) {
+    std::u16string result(text);
+    for (const auto &[mark, name] :
+         {std::pair(std::u16string_view(u"{table}"), table), {u"{column}", column}}) {
+        for (std::size_t at = 0; (at = result.find(mark)) != std::u16string::npos;) {
+            result.replace(at, mark.size(), name);
+        }
+    }
+    return result;
+}
+
 class OdbcDriver final : public recordset::Driver {
 public:
     explicit OdbcDriver(const recordset::ConnectionString &text) : connection_(text) {}
@@ -51,13 +64,19 @@ public:
         return connection_.server().columnTypes;
     }
     [[nodiscard]] std::vector<std::u16string> columnsOf(std::u16string_view table) override;
+    [[nodiscard]] bool lacks(std::u16string_view table) override;
+    void continueNumbering(std::u16string_view table, std::u16string_view column) override;
     void begin() override { connection_.setAutomaticCommit(false); }
+    void beginSnapshot() override;
+    void beginAlone(const std::vector<std::u16string_view> &tables) override;
     void commit() override;
     void rollback() noexcept override;
 
 private:
     /// Ends the transaction's mode. Never fails, because the transaction itself has ended.
     void commitAutomatically() noexcept;
+    /// Runs a statement without values and ignores its result.
+    void run(const std::u16string &text) const;
     /// Every later call fails with noConnection. The server undoes what is not committed.
     void disconnect() noexcept;
     /// The values of the first row that the statement returns.
@@ -157,11 +176,7 @@ std::u16string OdbcDriver::stillHolds(std::u16string_view column, const ValueVie
 }
 
 std::vector<std::u16string> OdbcDriver::columnsOf(std::u16string_view table) {
-    // The catalogue may list several tables of this name; this finds the one that statements use.
-    const std::u16string_view tableQuery = connection_.server().tableQuery;
-    if (!tableQuery.empty() &&
-        std::holds_alternative<Null>(
-            firstRow({std::u16string(tableQuery), {ValueView(table)}}).at(0))) {
+    if (lacks(table)) {
         return {};
     }
     try {
@@ -175,6 +190,41 @@ std::vector<std::u16string> OdbcDriver::columnsOf(std::u16string_view table) {
         }
         return {};
     }
+}
+
+bool OdbcDriver::lacks(std::u16string_view table) {
+    // The catalogue may list several tables of this name; this finds the one that statements use.
+    const std::u16string_view tableQuery = connection_.server().tableQuery;
+    if (tableQuery.empty()) {
+        return false;
+    }
+    recordset::RowStore name;
+    query({withNames(tableQuery, table, u""), {}}, name);
+    return name.value(0, 0).isNull();
+}
+
+void OdbcDriver::continueNumbering(std::u16string_view table, std::u16string_view column) {
+    const std::u16string_view numbering = connection_.server().numbering;
+    if (!numbering.empty()) {
+        run(withNames(numbering, table, column));
+    }
+}
+
+void OdbcDriver::beginSnapshot() {
+    connection_.isolate();
+    begin();
+}
+
+void OdbcDriver::beginAlone(const std::vector<std::u16string_view> &tables) {
+    beginSnapshot();
+    for (const std::u16string_view table : tables) {
+        run(withNames(connection_.server().lock, table, u""));
+    }
+}
+
+void OdbcDriver::run(const std::u16string &text) const {
+    const OdbcStatement statement(connection_, text);
+    statement.executeDirectly();
 }
 
 void OdbcDriver::commit() {

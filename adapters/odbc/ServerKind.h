@@ -70,10 +70,19 @@ struct ServerKind {
     Utf8Texts utf8Texts = Utf8Texts::none;
     /// The driver returns UTF-8 only while the process has a UTF-8 locale.
     bool utf8InUtf8Locales = false;
-    /// Takes the name of a table, and gives Null when there is no such table. "" for a server that
-    /// lets a transaction go on after a query has failed.
+    /// Gives Null when there is no table "{table}". "" for a server that lets a transaction go on
+    /// after a query has failed, and that does not log such a query as an error.
     std::u16string_view tableQuery{};
     recordset::ColumnTypes columnTypes;
+
+    /// In a transaction of the level REPEATABLE READ, all queries see one state. Elsewhere only
+    /// SERIALIZABLE promises that.
+    bool repeatableReadIsSnapshot = false;
+    /// Keeps other programs from writing "{table}" until the transaction ends.
+    std::u16string_view lock = u"DELETE FROM {table} WHERE 1 = 0";
+    /// Lets the numbering of "{column}" in "{table}" continue after its largest number. "" for a
+    /// server that notices the numbers that a statement sets.
+    std::u16string_view numbering{};
 
     /// The kind that a driver's name (or file name) indicates, before the connection.
     [[nodiscard]] static const ServerKind &ofDriver(std::u16string_view driver);

@@ -1,8 +1,10 @@
 #include "adapters/recordset/ClientConnection.h"
 
+#include "adapters/recordset/SchemaVersion.h"
 #include "platform/Error.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kvex::recordset {
 namespace {
@@ -24,7 +26,9 @@ void ClientConnection::open(std::u16string_view connectionString, std::u16string
     ConnectionString parsed(connectionString);
     addCredential(parsed, u"UID", u"User ID", userId);
     addCredential(parsed, u"PWD", u"Password", password);
-    database_ = std::make_shared<OpenDatabase>(providerOf(parsed).connect(parsed));
+    std::unique_ptr<Driver> driver = providerOf(parsed).connect(parsed);
+    std::u16string reason = recordset::readOnlyReason(schemaVersion(*driver));
+    database_ = std::make_shared<OpenDatabase>(std::move(driver), std::move(reason));
 }
 
 ObjectState ClientConnection::state() const {

@@ -9,6 +9,8 @@
 
 namespace kvex::recordset {
 
+/// When the server's tables are newer than this program knows, the connection opens for reading
+/// only: every write of its record sets fails with the help context newerSchema.
 class ClientConnection final : public Connection {
 public:
     /// The first provider that accepts a connection string opens it.
@@ -25,6 +27,9 @@ public:
     /// For the record sets on this connection. It expires when the connection closes. Fails with
     /// objectClosed when the connection is not open.
     [[nodiscard]] std::weak_ptr<OpenDatabase> database() const;
+    /// Why the connection opened for reading only, as a sentence; "" when it can write. Fails with
+    /// objectClosed when the connection is not open.
+    [[nodiscard]] const std::u16string &readOnlyReason() const { return open().readOnlyReason(); }
     /// The database's driver. It expires and fails as database does.
     [[nodiscard]] std::weak_ptr<Driver> driver() const;
 

@@ -122,7 +122,7 @@ void ClientRecordset::setField(std::u16string_view name, const Value &value) {
 
 void ClientRecordset::requireWritable() {
     OpenRows &open = opened();
-    static_cast<void>(open.writable(open.connected()->driver()));
+    static_cast<void>(open.writable(*open.connected()));
 }
 
 void ClientRecordset::addNew() {

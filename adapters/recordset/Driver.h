@@ -108,9 +108,39 @@ public:
     /// case of the name does not matter. Empty when there is no such table.
     [[nodiscard]] virtual std::vector<std::u16string> columnsOf(std::u16string_view table) = 0;
 
+    /// True when the database says that it has no such table. A driver implements it when the query
+    /// of a missing table would end a transaction, or fill the server's log with errors.
+    [[nodiscard]] virtual bool lacks(std::u16string_view table) {
+        static_cast<void>(table);
+        return false;
+    }
+    /// Copies the whole database into the empty file at this path, and returns true. Returns false
+    /// when only the rows of this kind of database can be copied.
+    virtual bool copyTo(const std::string &file) {
+        static_cast<void>(file);
+        return false;
+    }
+    /// Lets the numbering of new rows continue after the largest number of the column. A driver
+    /// implements it when its database does not notice numbers that a statement sets.
+    virtual void continueNumbering(std::u16string_view table, std::u16string_view column) {
+        static_cast<void>(table);
+        static_cast<void>(column);
+    }
+
     /// Begins a transaction, which lasts until commit succeeds or rollback is called. Transactions
     /// cannot be nested.
     virtual void begin() = 0;
+    /// The same, for reading: all its queries see one state of the database, whatever other
+    /// programs store meanwhile. A driver implements it when begin does not do this, or keeps
+    /// others from writing.
+    virtual void beginSnapshot() { begin(); }
+    /// The same, for writing: until it ends, no other program can write these tables. Its queries
+    /// see all that was stored before. When this fails, rollback must follow. A driver implements
+    /// it when begin does not do this.
+    virtual void beginAlone(const std::vector<std::u16string_view> &tables) {
+        static_cast<void>(tables);
+        begin();
+    }
     /// When this fails, nothing since begin is stored; rollback must follow. noConnection is the
     /// exception: then it is unknown whether all of it is stored, or nothing.
     virtual void commit() = 0;

@@ -1,8 +1,17 @@
 #include "adapters/recordset/OpenDatabase.h"
 
+#include "platform/Error.h"
+
 #include <utility>
 
 namespace kvex::recordset {
+
+void OpenDatabase::requireWritable() const {
+    if (!readOnlyReason_.empty()) {
+        throw Error(error_number::badArgument, readOnlyReason_, u"KVEXMessageRules",
+                    HelpContext::newerSchema);
+    }
+}
 
 void OpenDatabase::begin() {
     driver_->begin();

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace kvex::recordset {
@@ -12,12 +13,17 @@ namespace kvex::recordset {
 /// Owns the driver, and knows how to undo in the record sets what a transaction has written.
 class OpenDatabase {
 public:
-    explicit OpenDatabase(std::unique_ptr<Driver> driver) : driver_(std::move(driver)) {}
+    /// `readOnlyReason` says why no record set may write; "" when they may.
+    explicit OpenDatabase(std::unique_ptr<Driver> driver, std::u16string readOnlyReason)
+        : driver_(std::move(driver)), readOnlyReason_(std::move(readOnlyReason)) {}
     ~OpenDatabase() { rollback(); }
     OpenDatabase(const OpenDatabase &) = delete;
     OpenDatabase &operator=(const OpenDatabase &) = delete;
 
     [[nodiscard]] Driver &driver() const noexcept { return *driver_; }
+    [[nodiscard]] const std::u16string &readOnlyReason() const noexcept { return readOnlyReason_; }
+    /// Fails with badArgument and the help context newerSchema when there is a readOnlyReason.
+    void requireWritable() const;
     [[nodiscard]] bool inTransaction() const noexcept { return inTransaction_; }
 
     /// These fail as the driver's calls do. Do not begin a transaction within another.
@@ -36,6 +42,7 @@ public:
 
 private:
     std::unique_ptr<Driver> driver_;
+    std::u16string readOnlyReason_;
     bool inTransaction_ = false;
     std::vector<Undo> undos_;
     /// The number of undos without one that is only prepared.

@@ -78,12 +78,13 @@ const BaseTable &OpenRows::table(Driver &driver) {
     return *base;
 }
 
-const BaseTable &OpenRows::writable(Driver &driver) {
+const BaseTable &OpenRows::writable(const OpenDatabase &open) {
+    open.requireWritable();
     if (lock == LockType::readOnly) {
         throw Error(error_number::badArgument, u"The record set was opened for reading only.");
     }
     try {
-        return table(driver);
+        return table(open.driver());
     } catch (const Error &error) {
         refuse(error, u"Nothing was stored");
     }
@@ -178,7 +179,7 @@ void OpenRows::refuseUnmet(Driver &driver, const BaseTable &table,
 
 void OpenRows::insert() {
     const std::shared_ptr<OpenDatabase> open = connected();
-    const BaseTable &table = writable(open->driver());
+    const BaseTable &table = writable(*open);
     std::vector<std::u16string_view> keyColumns;
     for (const std::size_t column : table.key) {
         keyColumns.push_back(cursor->columns()[column].baseColumn);
@@ -203,7 +204,7 @@ void OpenRows::insert() {
 void OpenRows::write() {
     const std::shared_ptr<OpenDatabase> open = connected();
     Driver &driver = open->driver();
-    const BaseTable &table = writable(driver);
+    const BaseTable &table = writable(*open);
     const std::vector<Assignment> values = assignments();
     std::vector<Assignment> read;
     for (const auto &change : changes) {
@@ -228,7 +229,7 @@ void OpenRows::write() {
 void OpenRows::remove() {
     const std::shared_ptr<OpenDatabase> open = connected();
     Driver &driver = open->driver();
-    const BaseTable &table = writable(driver);
+    const BaseTable &table = writable(*open);
     prepareUndo(*open, [row = cursor->current()](ClientCursor &rows) { rows.bringBack(row); });
     const auto outcome = [&] { return u"The removal of " + nameOf(table) + u" was not stored"; };
     const std::vector<Assignment> read = known();

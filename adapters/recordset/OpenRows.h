@@ -37,7 +37,7 @@ struct OpenRows {
     /// Fails with objectClosed when the connection has closed.
     [[nodiscard]] std::shared_ptr<OpenDatabase> connected() const;
     /// The table, for a write. Fails with badArgument when the rows cannot be written.
-    [[nodiscard]] const BaseTable &writable(Driver &driver);
+    [[nodiscard]] const BaseTable &writable(const OpenDatabase &open);
     /// These store the pending record or changes, or remove the current record. They fail as the
     /// calls of Recordset do.
     void insert();

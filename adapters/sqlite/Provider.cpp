@@ -1,6 +1,7 @@
 #include "adapters/sqlite/Provider.h"
 
 #include "adapters/recordset/RowStatements.h"
+#include "adapters/sqlite/DatabaseCopy.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "adapters/sqlite/SqliteResult.h"
 #include "adapters/sqlite/SqliteStatement.h"
@@ -49,7 +50,9 @@ public:
                                             const ValueView &read) const override;
     [[nodiscard]] recordset::ColumnTypes columnTypes() const override;
     [[nodiscard]] std::vector<std::u16string> columnsOf(std::u16string_view table) override;
+    bool copyTo(const std::string &file) override;
     void begin() override { connection_.execute("BEGIN IMMEDIATE"); }
+    void beginSnapshot() override { connection_.execute("BEGIN"); }
     void commit() override { connection_.execute("COMMIT"); }
     void rollback() noexcept override;
 
@@ -150,6 +153,11 @@ std::vector<std::u16string> SqliteDriver::columnsOf(std::u16string_view table) {
         columns.push_back(names.text(0));
     }
     return columns;
+}
+
+bool SqliteDriver::copyTo(const std::string &file) {
+    copyDatabase(connection_, file);
+    return true;
 }
 
 void SqliteDriver::rollback() noexcept {

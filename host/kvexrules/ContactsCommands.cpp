@@ -24,7 +24,7 @@ std::unique_ptr<recordset::ClientConnection> openContacts(const Settings &settin
 
 std::vector<Contact> contactsOf(const Settings &settings) {
     try {
-        return readContacts(*openConnection(settings), userOf(settings));
+        return readContacts(*openToRead(settings), userOf(settings));
     } catch (const Error &error) {
         failFor(settings, error);
     }

@@ -1,10 +1,13 @@
 #include "host/kvexrules/Database.h"
 
+#include "adapters/recordset/SchemaVersion.h"
 #include "adapters/sqlite/SqliteConnection.h"
+#include "host/kvexrules/Console.h"
 #include "host/kvexrules/SampleData.h"
 #include "host/suite/Advice.h"
 #include "host/suite/Databases.h"
 #include "host/suite/Schema.h"
+#include "host/suite/SchemaUpgrade.h"
 #include "host/suite/ShownText.h"
 #include "host/suite/UserFolders.h"
 #include "platform/Text.h"
@@ -70,8 +73,29 @@ private:
     mode_t before_;
 };
 
+/// " kvexrules upgrade makes a backup, then changes the tables: ..."; "" for tables that it leaves.
+std::string upgradeOffer(const SchemaState &state) {
+    if (state.age != SchemaAge::older) {
+        return {};
+    }
+    std::string offer = " They have version " + std::to_string(state.version) +
+                        ", and this program knows a newer one. kvexrules upgrade would make a "
+                        "backup, then upgrade them in one transaction.";
+    for (const std::u16string &step : plannedSteps(state)) {
+        offer += " " + toUtf8(step);
+    }
+    return offer;
+}
+
+/// Creates what is missing. Returns false when nothing is.
 bool createTables(ClientConnection &connection, const Settings &settings) {
     try {
+        recordset::Driver &driver = *connection.driver().lock();
+        if (const auto version = recordset::schemaVersion(driver);
+            version && *version < recordset::knownSchemaVersion) {
+            refuse(settings, "The database has its tables already, so nothing was changed." +
+                                 upgradeOffer(schemaState(driver)));
+        }
         return createSchema(connection);
     } catch (const Error &error) {
         failFor(settings, error, exit_status::refused);
@@ -92,8 +116,31 @@ std::unique_ptr<recordset::ClientConnection> openConnection(const Settings &sett
     return openDatabase(fromUtf8(settings.database));
 }
 
+std::unique_ptr<recordset::ClientConnection> openToRead(const Settings &settings) {
+    auto connection = openConnection(settings);
+    if (const std::u16string &reason = connection->readOnlyReason(); !reason.empty()) {
+        complain(toUtf8(reason));
+    }
+    return connection;
+}
+
 void failFor(const Settings &settings, const Error &error, int status) {
     throw Failure(toldAtTerminal(error) + " " + settings.databaseOrigin, status);
+}
+
+std::unique_ptr<recordset::ClientConnection> openOrFail(const Settings &settings) {
+    try {
+        return openConnection(settings);
+    } catch (const Error &error) {
+        failFor(settings, error);
+    }
+}
+
+void failRefused(const Settings &settings, const Error &error) {
+    if (error.concernsUser()) {
+        failFor(settings, error, exit_status::refused);
+    }
+    throw Failure(toldAtTerminal(error), exit_status::refused);
 }
 
 std::string makeDatabase(const Settings &settings, Content content) {
@@ -110,7 +157,8 @@ std::string makeDatabase(const Settings &settings, Content content) {
         }
         const bool made = createTables(*connection, settings);
         if (content == Content::empty && !made) {
-            refuse(settings, "The database has its tables already, so nothing was changed.");
+            refuse(settings, "The database has its tables already, so nothing was changed." +
+                                 upgradeOffer(schemaState(*connection->driver().lock())));
         }
         if (content == Content::sample && !addSample(*connection, settings)) {
             refuse(settings, "The database holds data already, so nothing was added.");

@@ -17,10 +17,31 @@ namespace kvex::host {
 /// Opens the database. Fails as Connection::open does.
 [[nodiscard]] std::unique_ptr<recordset::ClientConnection> openConnection(const Settings &settings);
 
+/// The same, for a command that only reads. Tells the user when the tables are newer than this
+/// program.
+[[nodiscard]] std::unique_ptr<recordset::ClientConnection> openToRead(const Settings &settings);
+
 /// Ends a command because the database reported `error`. The Failure also says where the database's
 /// name came from.
 [[noreturn]] void failFor(const Settings &settings, const Error &error,
                           int status = exit_status::unusable);
+
+/// Opens the database; raises a Failure when that fails.
+[[nodiscard]] std::unique_ptr<recordset::ClientConnection> openOrFail(const Settings &settings);
+
+/// Ends a command because it was refused: by the database, or because of something else that the
+/// user named.
+[[noreturn]] void failRefused(const Settings &settings, const Error &error);
+
+/// Runs a part of a command and returns what it gives. Raises a Failure with the status `refused`
+/// for its Error.
+template <class Part> auto doOrFail(const Settings &settings, const Part &part) {
+    try {
+        return part();
+    } catch (const Error &error) {
+        failRefused(settings, error);
+    }
+}
 
 enum class Content { empty, sample };
 
@@ -29,8 +50,9 @@ enum class Content { empty, sample };
 /// owner can use the new file and folder.
 ///
 /// Returns the database's name without passwords. Raises a Failure for `empty` when no table is
-/// missing, and for `sample` when a table has a row already. Raises one as well when the database
-/// cannot be opened, belongs to another program, or refuses.
+/// missing; it says what an upgrade would do with older tables. Raises one for `sample` when a
+/// table has a row already. Raises one as well when the database cannot be opened, belongs to
+/// another program, or refuses.
 [[nodiscard]] std::string makeDatabase(const Settings &settings, Content content);
 
 /// The path of the SQLite file that `settings` name, if nothing is there.

@@ -22,7 +22,7 @@ std::u16string rightAligned(const std::u16string &text, std::size_t width) {
 
 std::vector<StoredRule> rulesOf(const Settings &settings) {
     try {
-        return readRules(*openConnection(settings), Strings::leaveOut);
+        return readRules(*openToRead(settings), Strings::leaveOut);
     } catch (const Error &error) {
         failFor(settings, error);
     }

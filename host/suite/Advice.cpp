@@ -80,6 +80,9 @@ std::u16string adviceFor(HelpContext context, Place place) {
         return u"Make the column ID the primary key of this table, or name another database.";
     case HelpContext::valueNotKept:
         return u"Write this value again in the database, as text in UTF-8. Then " + anew;
+    case HelpContext::newerSchema:
+        return u"To change anything, use the newer version of this program that upgraded the "
+               u"tables.";
     case HelpContext::ruleReadInPart:
         return u"The editor shows what was read before the error. OK in the editor replaces the "
                u"whole rule with what it shows. To keep the rule, press Cancel and correct its row "

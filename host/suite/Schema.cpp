@@ -1,6 +1,7 @@
 #include "host/suite/Schema.h"
 
 #include "adapters/recordset/EqualIgnoringCase.h"
+#include "adapters/recordset/SchemaVersion.h"
 #include "platform/Error.h"
 #include "platform/Transaction.h"
 
@@ -14,24 +15,46 @@ namespace {
 
 using recordset::ColumnTypes;
 
-struct TableColumn {
-    std::u16string_view name;
-    std::u16string_view ColumnTypes::*type;
-    /// "" means Null.
-    std::u16string_view defaultValue;
-};
-
-struct Table {
-    std::u16string_view name;
-    std::vector<TableColumn> columns;
-};
-
 constexpr TableColumn id{u"ID", &ColumnTypes::key, u""};
 constexpr TableColumn name{u"NAME", &ColumnTypes::name, u""};
 constexpr TableColumn deleted{u"DELETED", &ColumnTypes::integer, u"0"};
 
-std::vector<Table> tables() {
-    return {
+void requireColumns(const Table &table, const std::vector<std::u16string> &present) {
+    for (const TableColumn &column : table.columns) {
+        const bool found = std::ranges::any_of(present, [&](const std::u16string &other) {
+            return recordset::equalIgnoringCase(other, column.name);
+        });
+        if (!found) {
+            throw Error(error_number::itemNotFound,
+                        u"The database's table " + std::u16string(table.name) + u" has no column " +
+                            std::u16string(column.name) +
+                            u", so it is another program's: nothing was changed, name "
+                            u"another database.");
+        }
+    }
+}
+
+std::vector<Table> missingTables(recordset::Driver &driver) {
+    std::vector<Table> missing = serverTables();
+    std::erase_if(missing, [&](const Table &table) {
+        const std::vector<std::u16string> present = driver.columnsOf(table.name);
+        if (!present.empty()) {
+            requireColumns(table, present);
+        }
+        return !present.empty();
+    });
+    return missing;
+}
+
+/// True when a server that stores each table at once has lost a creation of the tables midway.
+bool wasInterrupted(recordset::Driver &driver) {
+    return !recordset::schemaVersion(driver) && !driver.columnsOf(recordset::schemaTable).empty();
+}
+
+} // namespace
+
+const std::vector<Table> &serverTables() {
+    static const std::vector<Table> tables{
         {u"SMS_RULES",
          {id,
           {u"Name", &ColumnTypes::name, u""},
@@ -51,6 +74,7 @@ std::vector<Table> tables() {
           {u"MOBILE", &ColumnTypes::name, u""},
           deleted}},
     };
+    return tables;
 }
 
 std::u16string creation(const Table &table, const ColumnTypes &types) {
@@ -58,7 +82,10 @@ std::u16string creation(const Table &table, const ColumnTypes &types) {
     text.append(table.name);
     std::u16string_view separator = u" (";
     for (const TableColumn &column : table.columns) {
-        text.append(separator).append(column.name).append(u" ").append(types.*column.type);
+        text.append(separator).append(column.name);
+        if (column.type != nullptr) {
+            text.append(u" ").append(types.*column.type);
+        }
         if (!column.defaultValue.empty()) {
             text.append(u" DEFAULT ").append(column.defaultValue);
         }
@@ -71,36 +98,8 @@ std::u16string creation(const Table &table, const ColumnTypes &types) {
     return text;
 }
 
-void requireColumns(const Table &table, const std::vector<std::u16string> &present) {
-    for (const TableColumn &column : table.columns) {
-        const bool found = std::ranges::any_of(present, [&](const std::u16string &other) {
-            return recordset::equalIgnoringCase(other, column.name);
-        });
-        if (!found) {
-            throw Error(error_number::itemNotFound,
-                        u"The database's table " + std::u16string(table.name) + u" has no column " +
-                            std::u16string(column.name) +
-                            u", so it is another program's: nothing was changed, name "
-                            u"another database.");
-        }
-    }
-}
-
-std::vector<Table> missingTables(recordset::Driver &driver) {
-    std::vector<Table> missing = tables();
-    std::erase_if(missing, [&](const Table &table) {
-        const std::vector<std::u16string> present = driver.columnsOf(table.name);
-        if (!present.empty()) {
-            requireColumns(table, present);
-        }
-        return !present.empty();
-    });
-    return missing;
-}
-
-} // namespace
-
 bool createSchema(recordset::ClientConnection &connection) {
+    connection.database().lock()->requireWritable();
     const std::shared_ptr<recordset::Driver> driver = connection.driver().lock();
     if (missingTables(*driver).empty()) {
         return false;
@@ -108,11 +107,32 @@ bool createSchema(recordset::ClientConnection &connection) {
     Transaction transaction(connection);
     // Another program may have created them before the transaction began.
     const std::vector<Table> missing = missingTables(*driver);
+    const bool getsVersion = missing.size() == serverTables().size() || wasInterrupted(*driver);
+    if (getsVersion) {
+        makeVersionTable(*driver);
+    }
     for (const Table &table : missing) {
         driver->execute({creation(table, driver->columnTypes()), {}});
     }
+    if (getsVersion) {
+        addVersion(*driver, recordset::knownSchemaVersion);
+    }
     transaction.commit();
     return !missing.empty();
+}
+
+void makeVersionTable(recordset::Driver &driver) {
+    if (driver.columnsOf(recordset::schemaTable).empty()) {
+        driver.execute({creation({recordset::schemaTable,
+                                  {id, {recordset::versionColumn, &ColumnTypes::integer, u""}}},
+                                 driver.columnTypes()),
+                        {}});
+    }
+}
+
+void addVersion(recordset::Driver &driver, std::int64_t version) {
+    driver.execute(
+        {u"INSERT INTO SMS_SCHEMA (VERSION) VALUES (?)", {ValueView(ValueView::Held(version))}});
 }
 
 } // namespace kvex::host

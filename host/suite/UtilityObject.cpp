@@ -30,6 +30,8 @@ std::u16string headlineOf(HelpContext context) {
         return u"Not all of this rule could be read.";
     case HelpContext::listEndsEarly:
         return u"Not everything is listed.";
+    case HelpContext::newerSchema:
+        return u"The rules can only be read.";
     case HelpContext::ruleNotStored:
     case HelpContext::orderNotStored:
         return u"OK ended with an error.";

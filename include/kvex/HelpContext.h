@@ -41,6 +41,7 @@ enum class HelpContext : std::int32_t {
     changedByAnother = 50,
     noPrimaryKey = 51,
     valueNotKept = 52,
+    newerSchema = 53,
     // The rules are not all there, or not all stored.
     ruleReadInPart = 70,
     listEndsEarly = 71,

@@ -11,7 +11,7 @@ constexpr std::u16string_view no = u"The server refused.";
 
 TEST_P(Editors, AServerLostWhileASessionOpensGivesAMessageAndANewSessionWorks) {
     addRule(u"A");
-    for (int calls = 0; calls <= 5; ++calls) {
+    for (int calls = 0; calls <= 6; ++calls) {
         watched.loseAfter(calls);
         EXPECT_EQ(mine.showRules(), 0);
         mine.expectTold({openingFailed}, noConnection, broke);

@@ -4,10 +4,10 @@
 
 namespace kvex::test {
 
-TEST_P(Editors, ASessionOpensWithOneConnectionAndFiveQueries) {
+TEST_P(Editors, ASessionOpensWithOneConnectionTheTablesVersionAndFiveQueries) {
     const std::u16string id = addRule(u"A");
     mine.inEditor(id, [this](User &user) {
-        EXPECT_EQ(watched.takeCalls(), (DriverCalls{.connects = 1, .queries = 5}));
+        EXPECT_EQ(watched.takeCalls(), (DriverCalls{.connects = 1, .queries = 6}));
         user.click(u"cmdCancel");
     });
     EXPECT_EQ(watched.takeCalls(), DriverCalls{});
@@ -16,7 +16,7 @@ TEST_P(Editors, ASessionOpensWithOneConnectionAndFiveQueries) {
 TEST_P(Editors, ANewRuleTakesOneQueryToOpenAndTwoStatementsToSave) {
     addRule(u"A");
     mine.inEditor(u"", [this](User &user) {
-        EXPECT_EQ(watched.takeCalls(), (DriverCalls{.connects = 1, .queries = 6}));
+        EXPECT_EQ(watched.takeCalls(), (DriverCalls{.connects = 1, .queries = 7}));
         completeRule(user);
         EXPECT_EQ(watched.takeCalls(), DriverCalls{});
         user.click(u"cmdOK");

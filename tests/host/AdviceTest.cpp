@@ -48,6 +48,8 @@ const std::map<HelpContext, std::string> advice{
     {changedByAnother, "To change what is stored now, " + rulesAgain},
     {noPrimaryKey, "Make the column ID the primary key of this table, or name another database."},
     {valueNotKept, "Write this value again in the database, as text in UTF-8. Then " + rulesAgain},
+    {newerSchema,
+     "To change anything, use the newer version of this program that upgraded the tables."},
     {ruleReadInPart,
      "The editor shows what was read before the error. OK in the editor replaces the whole rule "
      "with what it shows. To keep the rule, press Cancel and correct its row in the database. The "

@@ -39,7 +39,7 @@ TEST_F(Schema, EveryTableIsMadeWithItsKeyColumnsAndDefaults) {
     EXPECT_TRUE(createSchema(session().connection()));
     EXPECT_EQ(
         script().sent,
-        (Sent{u"begin",
+        (Sent{u"begin", u"CREATE TABLE SMS_SCHEMA (ID KEY, VERSION INT) []",
               u"CREATE TABLE SMS_RULES (ID KEY, Name NAMETEXT, QueryParam LONGTEXT, ActionParam "
               u"LONGTEXT, PRIORITY INT DEFAULT 0, ACTIVE INT DEFAULT 1, DELETED INT DEFAULT 0) []",
               u"CREATE TABLE SMS_USERS (ID KEY, NAME NAMETEXT, DELETED INT DEFAULT 0) []",
@@ -50,14 +50,14 @@ TEST_F(Schema, EveryTableIsMadeWithItsKeyColumnsAndDefaults) {
               u"CREATE TABLE SMS_SERVICECOMMANDS (ID KEY, SERVICE_ID INT, NAME NAMETEXT) []",
               u"CREATE TABLE SMS_CONTACTS (ID KEY, USER_ID INT, NAME NAMETEXT, MOBILE NAMETEXT, "
               u"DELETED INT DEFAULT 0) []",
-              u"commit"}));
+              u"INSERT INTO SMS_SCHEMA (VERSION) VALUES (?) [1]", u"commit"}));
 }
 
 TEST_F(Schema, ATableEndsWithTheOptionsThatTheDatabaseNeeds) {
     script().types.behindTable = u"CHARSET x";
     createSchema(session().connection());
     EXPECT_EQ(
-        script().sent[2],
+        script().sent[3],
         u"CREATE TABLE SMS_USERS (ID KEY, NAME NAMETEXT, DELETED INT DEFAULT 0) CHARSET x []");
 }
 

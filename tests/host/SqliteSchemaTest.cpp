@@ -23,7 +23,7 @@ protected:
     [[nodiscard]] OtherProgram other() const { return OtherProgram(path()); }
     [[nodiscard]] std::u16string tableCount() const {
         return other().valueOf(u"SELECT COUNT(*) FROM sqlite_master WHERE name LIKE 'SMS!_%' "
-                               u"ESCAPE '!'");
+                               u"ESCAPE '!' AND name <> 'SMS_SCHEMA'");
     }
     [[nodiscard]] const std::filesystem::path &folder() const { return folder_.path(); }
 
@@ -36,6 +36,7 @@ private:
 TEST_F(SqliteSchema, TheFileAndItsSixTablesAreMadeOnce) {
     EXPECT_TRUE(create());
     EXPECT_EQ(tableCount(), u"6");
+    EXPECT_EQ(other().rows(u"SELECT VERSION FROM SMS_SCHEMA"), std::vector<std::u16string>{u"1"});
     EXPECT_EQ(other().valueOf(u"PRAGMA journal_mode"), u"wal");
     other().run(u"INSERT INTO SMS_RULES (Name) VALUES ('kept')");
     EXPECT_FALSE(create());
@@ -76,6 +77,27 @@ TEST_F(SqliteSchema, MissingTablesAreAdded) {
     EXPECT_EQ(tableCount(), u"6");
 }
 
+TEST_F(SqliteSchema, AnInterruptedCreationIsCompletedWithItsVersion) {
+    // A server that stores each table at once leaves this behind.
+    other().run(u"CREATE TABLE SMS_SCHEMA (ID INTEGER PRIMARY KEY, VERSION INTEGER); "
+                u"CREATE TABLE SMS_USERS (ID INTEGER PRIMARY KEY, NAME, DELETED)");
+    EXPECT_TRUE(create());
+    EXPECT_EQ(tableCount(), u"6");
+    EXPECT_EQ(other().valueOf(u"SELECT VERSION FROM SMS_SCHEMA"), u"1");
+}
+
+TEST_F(SqliteSchema, TablesThatAreNewerThanThisProgramGetNothing) {
+    create();
+    other().run(u"INSERT INTO SMS_SCHEMA (VERSION) VALUES (2); DROP TABLE SMS_CONTACTS");
+    try {
+        create();
+        ADD_FAILURE();
+    } catch (const Error &error) {
+        EXPECT_EQ(error.helpContext(), HelpContext::newerSchema);
+    }
+    EXPECT_EQ(tableCount(), u"5");
+}
+
 TEST_F(SqliteSchema, AnEmptyFileGetsTheTables) {
     std::ofstream(path()).flush();
     EXPECT_TRUE(create());
@@ -86,6 +108,8 @@ TEST_F(SqliteSchema, OtherTablesAndFurtherColumnsAreLeft) {
     other().run(u"CREATE TABLE OTHER (X); CREATE TABLE sms_users (id INTEGER PRIMARY KEY, name, "
                 u"deleted, address)");
     EXPECT_TRUE(create());
+    EXPECT_EQ(other().valueOf(u"SELECT COUNT(*) FROM sqlite_master WHERE name = 'SMS_SCHEMA'"),
+              u"0");
     EXPECT_EQ(other().valueOf(u"SELECT COUNT(*) FROM OTHER"), u"0");
     other().run(u"INSERT INTO SMS_USERS (address) VALUES ('kept')");
     EXPECT_FALSE(create());

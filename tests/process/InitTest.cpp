@@ -19,7 +19,7 @@ protected:
 TEST_F(Init, MakesTheTables) {
     EXPECT_EQ(done({"init"}), "ready: " + database.string() + "\n");
     EXPECT_EQ(sqlite3(database, "SELECT name FROM sqlite_schema WHERE name LIKE 'SMS%' ORDER BY 1"),
-              "SMS_ACCOUNT\nSMS_CONTACTS\nSMS_RULES\nSMS_SERVICE\nSMS_SERVICECOMMANDS\n"
+              "SMS_ACCOUNT\nSMS_CONTACTS\nSMS_RULES\nSMS_SCHEMA\nSMS_SERVICE\nSMS_SERVICECOMMANDS\n"
               "SMS_USERS\n");
     EXPECT_EQ(sqlite3(database, "SELECT count(*) FROM SMS_RULES"), "0\n");
 }

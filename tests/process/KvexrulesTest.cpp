@@ -11,6 +11,11 @@ Outcome KvexrulesTest::atTerminal(const std::vector<std::string> &arguments,
     return runAtTerminal(program, arguments, environment, folder.path(), typed);
 }
 
+void KvexrulesTest::killed(const std::vector<std::string> &arguments,
+                           std::chrono::microseconds after) const {
+    runAndKill(program, arguments, environment, folder.path(), after);
+}
+
 std::string KvexrulesTest::done(const std::vector<std::string> &arguments) const {
     Outcome outcome = kvexrules(arguments);
     EXPECT_EQ(outcome.status, 0) << outcome.errors;

@@ -6,6 +6,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <chrono>
 #include <map>
 #include <string>
 #include <vector>
@@ -23,6 +25,8 @@ protected:
     /// Runs it on its own terminal, where the user types `typed`.
     Outcome atTerminal(const std::vector<std::string> &arguments,
                        const std::string &typed = {}) const;
+    /// Starts it and kills it after this time, unless it has ended.
+    void killed(const std::vector<std::string> &arguments, std::chrono::microseconds after) const;
     /// Runs it, expects success and no messages, and returns the output.
     std::string done(const std::vector<std::string> &arguments) const;
     /// Runs it, expects `status`, one message and no output, and returns the message.

@@ -5,10 +5,12 @@
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <fcntl.h>
 #include <poll.h>
 #include <stdexcept>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 #include <utility>
 
@@ -128,6 +130,21 @@ Outcome run(const std::filesystem::path &program, const std::vector<std::string>
     collect(outputPipe.reader, errorPipe.reader, outcome);
     waitFor(child, program, outcome);
     return outcome;
+}
+
+void runAndKill(const std::filesystem::path &program, const std::vector<std::string> &arguments,
+                const std::map<std::string, std::string> &environment,
+                const std::filesystem::path &folder, std::chrono::microseconds after) {
+    const int nothing = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    const pid_t child = start(program, arguments, environment, folder, [&] {
+        dup2(nothing, STDOUT_FILENO);
+        dup2(nothing, STDERR_FILENO);
+    });
+    close(nothing);
+    std::this_thread::sleep_for(after);
+    kill(child, SIGKILL);
+    while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
+    }
 }
 
 Outcome runAtTerminal(const std::filesystem::path &program,

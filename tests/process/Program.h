@@ -1,6 +1,7 @@
 // Runs a program in a new process with an environment for the test.
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <map>
 #include <string>
@@ -23,6 +24,11 @@ enum class Output { captured, closed, full, withoutReader };
                           const std::vector<std::string> &arguments,
                           const std::map<std::string, std::string> &environment,
                           const std::filesystem::path &folder, Output output = Output::captured);
+
+/// Starts the program without its output, and kills it after this time, unless it has ended.
+void runAndKill(const std::filesystem::path &program, const std::vector<std::string> &arguments,
+                const std::map<std::string, std::string> &environment,
+                const std::filesystem::path &folder, std::chrono::microseconds after);
 
 /// Runs the program on its own terminal, where the user types `typed`. The outcome's output is what
 /// the program writes to any standard stream. It does not include `typed`.

@@ -74,6 +74,9 @@ public:
         const auto found = script_->tables.find(table);
         return found == script_->tables.end() ? std::vector<std::u16string>() : found->second;
     }
+    [[nodiscard]] bool lacks(std::u16string_view table) override {
+        return !script_->tables.contains(table);
+    }
     void begin() override {
         receive(u"begin");
         script_->begun();

@@ -87,6 +87,17 @@ public:
     [[nodiscard]] std::vector<std::u16string> columnsOf(std::u16string_view table) override {
         return counted(&DriverCalls::queries, [&] { return real_->columnsOf(table); });
     }
+    [[nodiscard]] bool lacks(std::u16string_view table) override { return real_->lacks(table); }
+    bool copyTo(const std::string &file) override { return real_->copyTo(file); }
+    void continueNumbering(std::u16string_view table, std::u16string_view column) override {
+        counted(&DriverCalls::executes, [&] { real_->continueNumbering(table, column); });
+    }
+    void beginSnapshot() override {
+        counted(&DriverCalls::transactions, [&] { real_->beginSnapshot(); });
+    }
+    void beginAlone(const std::vector<std::u16string_view> &tables) override {
+        counted(&DriverCalls::transactions, [&] { real_->beginAlone(tables); });
+    }
     void begin() override {
         counted(&DriverCalls::transactions, [&] { real_->begin(); });
     }
