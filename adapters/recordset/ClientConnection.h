@@ -9,8 +9,8 @@
 
 namespace kvex::recordset {
 
-/// When the server's tables are newer than this program knows, the connection opens for reading
-/// only: every write of its record sets fails with the help context newerSchema.
+/// A connection to tables that are newer than this program knows is for reading only. Every write
+/// of its record sets fails with badArgument and the help context newerSchema.
 class ClientConnection final : public Connection {
 public:
     /// The first provider that accepts a connection string opens it.

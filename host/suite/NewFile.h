@@ -12,9 +12,9 @@ enum class Existing { refuse, replace };
 /// keeps it under its own name. The destructor removes it when it was not kept.
 class NewFile {
 public:
-    /// Fails with badArgument when the folder cannot be written, when the name is no UTF-8, and
-    /// when SQLite's files of another database stand beside the name. With Existing::refuse, fails
-    /// with it too when the file is there.
+    /// Fails with badArgument when the folder cannot be written, or the name is no UTF-8. Fails
+    /// with it too when SQLite's files of another database stand beside the name. So it does with
+    /// Existing::refuse when the file is there.
     NewFile(std::filesystem::path file, Existing existing);
     ~NewFile();
     NewFile(const NewFile &) = delete;

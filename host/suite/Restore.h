@@ -29,10 +29,13 @@ struct RestoredTable {
 ///
 /// A copy of an older backup is upgraded first. Tables that the backup lacks stay as they are.
 ///
-/// Fails with badArgument when the file is no backup of these tables, when it is newer than the
-/// tables or than this program, when a table has no ids of its own, and when the database would not
-/// keep a value as it is. Fails with the help context newerSchema when the tables are newer than
-/// this program. Else it fails as the driver and `keep` do. After a failure nothing was changed.
+/// After a failure nothing was changed. The errors:
+/// - badArgument: the file is no backup of these tables, or it is newer than the tables or than
+/// this
+///   program.
+/// - badArgument: a table has no ids of its own, or the database would not keep a value as it is.
+/// - badArgument with the help context newerSchema: the tables are newer than this program.
+/// - what the driver and `keep` report.
 std::vector<RestoredTable> restore(recordset::ClientConnection &target,
                                    const std::filesystem::path &backup,
                                    const std::function<void()> &keep,

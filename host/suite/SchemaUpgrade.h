@@ -42,7 +42,7 @@ plannedSteps(const SchemaState &state, std::span<const SchemaStep> steps = schem
 /// nothing was changed and `backUp` was not called.
 ///
 /// Fails as the driver and `backUp` do. After a failure the database is as it was. MariaDB is the
-/// exception, because it stores each change of a table at once: there the version stays the old
+/// exception, because it stores each change of a table at once. There the version stays the old
 /// one, and a second call runs all steps again.
 SchemaState upgradeSchema(recordset::Driver &driver, const std::function<void()> &backUp,
                           std::span<const SchemaStep> steps = schemaSteps());

@@ -16,8 +16,8 @@ namespace kvex::host {
 class TableDifference {
 public:
     /// Reads all rows of both. Fails with badArgument when the table lacks a column that the backup
-    /// has, when the backup's has no column ID, and when an id is no whole number or occurs twice.
-    /// Fails as Driver::query does.
+    /// has, or the backup's table lacks ID. Fails with it too when an id is no whole number, or
+    /// occurs twice. Fails as Driver::query does.
     TableDifference(const Table &table, recordset::Driver &backup, recordset::Driver &target);
 
     [[nodiscard]] std::size_t added() const noexcept { return added_.size(); }
