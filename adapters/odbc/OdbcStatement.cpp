@@ -75,14 +75,18 @@ void OdbcStatement::execute(const std::vector<ValueView> &parameters) {
                         u"The database cannot hold a text with a NUL character.");
     }
     bind(parameters);
-    const SQLRETURN result = SQLExecute(handle());
+    checkRun(SQLExecute(handle()));
+}
+
+void OdbcStatement::checkRun(SQLRETURN result) const {
+    // A driver reports that a statement met no row.
     if (result != SQL_NO_DATA) {
         check(result);
     }
 }
 
 void OdbcStatement::executeDirectly() const {
-    check(SQLExecDirectW(handle(), wide(text_.c_str()), static_cast<SQLINTEGER>(text_.size())));
+    checkRun(SQLExecDirectW(handle(), wide(text_.c_str()), static_cast<SQLINTEGER>(text_.size())));
 }
 
 void OdbcStatement::close() const {

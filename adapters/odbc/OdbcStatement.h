@@ -60,6 +60,7 @@ private:
     };
 
     void bind(const std::vector<ValueView> &values);
+    void checkRun(SQLRETURN result) const;
 
     const OdbcConnection &connection_;
     std::u16string text_;

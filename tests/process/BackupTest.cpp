@@ -104,6 +104,23 @@ TEST_P(Backup, IsTheStateOfOneMomentWhileAnotherProgramWrites) {
     }
 }
 
+class BackupThroughOdbc : public KvexrulesTest {};
+
+TEST_F(BackupThroughOdbc, OfAnSqliteFileAndItsRestoreAndUpgradeWork) {
+    done({"init", "--sample"});
+    const std::string rows = sqlite3(database, "SELECT * FROM SMS_RULES; SELECT * FROM SMS_USERS");
+    sqlite3(database, "DROP TABLE SMS_SCHEMA");
+    environment["KVEX_DATABASE"] = "Driver={SQLite3};Database=" + database.string();
+    EXPECT_THAT(done({"upgrade"}), HasSubstr("upgraded: version 0 to 1\n"));
+    done({"backup", "b.db"});
+    sqlite3(database, "DELETE FROM SMS_RULES WHERE ID < 3; UPDATE SMS_USERS SET NAME = 'x'");
+    EXPECT_THAT(done({"restore", "b.db", "--yes"}),
+                HasSubstr("SMS_RULES: 2 added, 0 changed, 0 removed\n"
+                          "SMS_USERS: 0 added, 7 changed, 0 removed\n"));
+    EXPECT_EQ(sqlite3(database, "SELECT * FROM SMS_RULES; SELECT * FROM SMS_USERS"), rows);
+    EXPECT_EQ(sqlite3(database, "SELECT VERSION FROM SMS_SCHEMA"), "1\n");
+}
+
 INSTANTIATE_TEST_SUITE_P(, Backup, testing::ValuesIn(anyKinds()), anyKindName);
 
 } // namespace
