@@ -8,8 +8,8 @@ CommandTable commands() {
     static constexpr std::array table{
         &editCommand,           &listCommand,           &showCommand,
         &contactsImportCommand, &contactsExportCommand, &contactsRemoveCommand,
-        &contactsListCommand,   &initCommand,           &upgradeCommand,        &backupCommand,
-        &restoreCommand,        &registerCommand,
+        &contactsListCommand,   &initCommand,           &upgradeCommand,
+        &backupCommand,         &restoreCommand,        &registerCommand,
         &unregisterCommand,     &helpCommand,           &versionCommand,
     };
     return table;

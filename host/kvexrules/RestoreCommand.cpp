@@ -41,9 +41,11 @@ int runRestore(const Request &request) {
                        [&] { kept = keepBackup(*openConnection(settings), "restore"); });
     });
     for (const RestoredTable &table : tables) {
-        printLine(toUtf8(table.name) + ": " + std::to_string(table.added) + " added, " +
-                  std::to_string(table.changed) + " changed, " + std::to_string(table.removed) +
-                  " removed");
+        if (table.added + table.changed + table.removed > 0) {
+            printLine(toUtf8(table.name) + ": " + std::to_string(table.added) + " added, " +
+                      std::to_string(table.changed) + " changed, " + std::to_string(table.removed) +
+                      " removed");
+        }
     }
     printLine(kept.empty() ? "unchanged: the tables hold what the backup holds"
                            : "kept: " + kept.string());
@@ -61,19 +63,16 @@ constexpr Command restoreCommand{
     .options = options,
     .summary = "bring the tables back to a backup",
     .description = R"(Makes the six tables hold the rows of the backup, with their ids. It writes
-only rows that differ, all of them or none. Before that it makes a backup of what the
-tables hold, and prints its path.
+only rows that differ, all of them or none, and prints how many. Before that it makes a
+backup of what the tables hold, and prints its path.
 
 At a terminal it asks first. Elsewhere it needs --yes.
 )",
-    .example = R"($ kvexrules restore monday.db --yes
-SMS_RULES: 1 added, 0 changed, 0 removed
-SMS_USERS: 0 added, 0 changed, 0 removed
-SMS_ACCOUNT: 0 added, 0 changed, 0 removed
-SMS_SERVICE: 0 added, 0 changed, 0 removed
-SMS_SERVICECOMMANDS: 0 added, 0 changed, 0 removed
-SMS_CONTACTS: 0 added, 0 changed, 0 removed
-kept: /home/asha/.local/state/kvex/backups/20240301-090000-before-restore.db
+    .example = R"($ kvexrules contacts remove 2
+1 contact removed.
+$ kvexrules restore monday.db --yes
+SMS_CONTACTS: 0 added, 1 changed, 0 removed
+kept: .../kvex/backups/...-before-restore.db
 )",
     .run = runRestore,
 };

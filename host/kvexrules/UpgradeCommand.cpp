@@ -58,8 +58,7 @@ transaction. Before that it makes a backup, and prints its path. "kvexrules init
 what an upgrade would do. Tables of another program stay as they are.
 )",
     .example = R"($ kvexrules upgrade
-upgraded: version 0 to 1
-backup: /home/asha/.local/state/kvex/backups/20240301-090000-before-upgrade.db
+kvexrules: The tables have version 1 already, ...
 )",
     .run = runUpgrade,
 };

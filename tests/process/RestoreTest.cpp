@@ -33,15 +33,11 @@ TEST_P(Restore, BringsBackWhatTheBackupHoldsAndKeepsWhatItReplaces) {
     ASSERT_EQ(keptBackups().size(), 1U);
     EXPECT_EQ(output, "SMS_RULES: 1 added, 1 changed, 1 removed\n"
                       "SMS_USERS: 7 added, 0 changed, 0 removed\n"
-                      "SMS_ACCOUNT: 0 added, 0 changed, 0 removed\n"
-                      "SMS_SERVICE: 0 added, 0 changed, 0 removed\n"
-                      "SMS_SERVICECOMMANDS: 0 added, 0 changed, 0 removed\n"
-                      "SMS_CONTACTS: 0 added, 0 changed, 0 removed\n"
                       "kept: " +
                           keptBackups()[0].string() + "\n");
     EXPECT_EQ(content(), before);
     EXPECT_EQ(contentOf(keptBackups()[0]), changed);
-    EXPECT_THAT(restored(), HasSubstr("unchanged: the tables hold what the backup holds"));
+    EXPECT_EQ(restored(), "unchanged: the tables hold what the backup holds\n");
     EXPECT_EQ(keptBackups().size(), 1U);
 }
 
