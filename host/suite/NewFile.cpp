@@ -68,7 +68,7 @@ int renamed(const std::string &from, const std::string &to, Existing existing) {
 
 } // namespace
 
-NewFile::NewFile(std::filesystem::path file, Existing existing)
+NewFile::NewFile(const std::filesystem::path &file, Existing existing)
     : file_(std::filesystem::absolute(file)), existing_(existing) {
     if (toUtf8(fromUtf8(file_.native())) != file_.native()) {
         refuse(file_, u"is no name in UTF-8. Name another file.");

@@ -15,7 +15,7 @@ public:
     /// Fails with badArgument when the folder cannot be written, or the name is no UTF-8. Fails
     /// with it too when SQLite's files of another database stand beside the name. So it does with
     /// Existing::refuse when the file is there.
-    NewFile(std::filesystem::path file, Existing existing);
+    NewFile(const std::filesystem::path &file, Existing existing);
     ~NewFile();
     NewFile(const NewFile &) = delete;
     NewFile &operator=(const NewFile &) = delete;

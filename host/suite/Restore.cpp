@@ -13,7 +13,6 @@
 #include <list>
 #include <memory>
 #include <optional>
-#include <ranges>
 
 namespace kvex::host {
 namespace {
@@ -75,7 +74,7 @@ private:
 
     /// A folder that only this user can read.
     static std::filesystem::path temporaryFolder() {
-        const std::filesystem::path folder = stateFolder();
+        std::filesystem::path folder = stateFolder();
         if (folder.empty() || makeOwnFolder(folder)) {
             refuse(u"There is no folder for a copy of the older backup, because the state folder "
                    u"cannot be made. Set HOME, then run the command again.");
@@ -114,6 +113,7 @@ std::vector<RestoredTable> restore(ClientConnection &target, const std::filesyst
     const std::vector<const Table *> tables = tablesIn(source.driver());
 
     std::vector<std::u16string_view> names;
+    names.reserve(tables.size());
     for (const Table *table : tables) {
         names.push_back(table->name);
     }
@@ -127,9 +127,9 @@ std::vector<RestoredTable> restore(ClientConnection &target, const std::filesyst
     if (!std::ranges::all_of(differences, &TableDifference::isEmpty)) {
         keep();
     }
-    for (const TableDifference &difference : differences | std::views::reverse) {
-        difference.removeSurplus(*driver);
-    }
+    // Rows that others refer to go last.
+    std::for_each(differences.rbegin(), differences.rend(),
+                  [&](const TableDifference &difference) { difference.removeSurplus(*driver); });
     std::vector<RestoredTable> restored;
     for (const TableDifference &difference : differences) {
         difference.write(*driver);

@@ -134,16 +134,33 @@ TEST_P(Restore, StoresNothingWhenTheDatabaseRefusesARow) {
     }
 }
 
+TEST_P(Restore, StoresNothingWhenTheDatabaseWouldChangeAValue) {
+    done({"init", "--sample"});
+    backUp();
+    change();
+    const std::vector<std::string> changed = content();
+    sqlite3(backup, "INSERT INTO SMS_CONTACTS (ID, NAME) VALUES (0, 'zero')");
+    if (GetParam().name != std::string("MariaDb")) {
+        EXPECT_THAT(restored(), HasSubstr("SMS_CONTACTS: 1 added"));
+        EXPECT_EQ(content(), contentOf(backup));
+        return;
+    }
+    // MariaDB gives a row with the id 0 another one.
+    EXPECT_THAT(failed(1, {"restore", backup.string(), "--yes"}),
+                HasSubstr("does not keep a value of the backup's table SMS_CONTACTS as it is"));
+    EXPECT_EQ(content(), changed);
+}
+
 TEST_P(Restore, RefusesWhileAnotherProgramWritesTheRules) {
     if (isFile()) {
-        return; // KilledRestoreTest.cpp and SqliteSchemaTest.cpp hold locks of a file.
+        return; // tests/host/RestoreTest.cpp locks a file.
     }
     done({"init", "--sample"});
     backUp();
     change();
     const std::vector<std::string> changed = content();
     environment["KVEX_DATABASE"] += ";Connect Timeout=3";
-    run("BEGIN; UPDATE SMS_RULES SET PRIORITY = 9 WHERE ID = 1");
+    run("BEGIN; INSERT INTO SMS_RULES (Name) VALUES ('meanwhile')");
     EXPECT_THAT(failed(1, {"restore", backup.string(), "--yes"}), HasSubstr("locked"));
     run("ROLLBACK");
     EXPECT_EQ(content(), changed);
