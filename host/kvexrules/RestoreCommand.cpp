@@ -68,7 +68,7 @@ backup of what the tables hold, and prints its path.
 
 At a terminal it asks first. Elsewhere it needs --yes.
 )",
-    .example = R"($ kvexrules contacts remove 2
+    .example = R"($ kvexrules contacts remove 1
 1 contact removed.
 $ kvexrules restore monday.db --yes
 SMS_CONTACTS: 0 added, 1 changed, 0 removed
