@@ -2,6 +2,7 @@
 """The examples of the documents do what the documents say."""
 
 import os
+import re
 import tempfile
 import unittest
 from pathlib import Path
@@ -10,11 +11,40 @@ from examples import BrokenExample, Example, examples_of, findings_of
 
 ROOT = Path(__file__).parent.parent.parent
 
+# The commands in blocks of the kind `sh`. Each stands beside the test that runs it, and beside how
+# it is written there.
+RUN_BY = {
+    "script/run": ("tests/documents/sources_test.py", '"script/run"'),
+    "script/test": (".ci/run", "script/test"),
+    "script/package": ("tests/packaging/archive_test.py", '"script/package"'),
+    "sudo apt install ./build/package/*.deb": (
+        "tests/packaging/bare_system_steps.sh", "apt-get install -y /packages/*.deb"),
+    "cmake -B build -D CMAKE_BUILD_TYPE=Release -D BUILD_TESTING=OFF": (
+        "tests/packaging/archive_test.py", '"cmake", "-B", "build"'),
+    "cmake --build build": ("tests/packaging/archive_test.py", '"cmake", "--build", "build"'),
+    "cmake --install build --prefix /opt/kvex": (
+        "tests/packaging/installation.py", '"cmake", "--install"'),
+}
+
+
+def documents():
+    return [ROOT / "README.md", *sorted((ROOT / "docs").glob("*.md"))]
+
+
+def shell_commands(text):
+    """The lines of the blocks of the kind `sh`, without comments."""
+    blocks = re.findall(r"^```sh\n(.*?)^```", text, re.DOTALL | re.MULTILINE)
+    lines = (line.split(" #")[0].strip() for block in blocks for line in block.splitlines())
+    return [line for line in lines if line]
+
 
 class DocumentTest(unittest.TestCase):
     def check(self, name):
         findings = findings_of(ROOT / name, os.environ["KVEXRULES"])
         self.assertEqual(findings, [], "\n\n".join(findings))
+
+    def testTheExamplesOfTheReadme(self):
+        self.check("README.md")
 
     def testTheExamplesOfTheCommands(self):
         self.check("docs/commands.md")
@@ -27,14 +57,27 @@ class DocumentTest(unittest.TestCase):
         made = Path(os.environ["PAGES"], "commands.md").read_text(encoding="utf-8")
         self.assertEqual((ROOT / "docs/commands.md").read_text(encoding="utf-8"), made)
 
-
     def testEveryDocumentWithExamplesHasATest(self):
         """A document without one could promise anything."""
         source = Path(__file__).read_text(encoding="utf-8")
-        documents = [ROOT / "README.md", *sorted((ROOT / "docs").glob("*.md"))]
-        names = [str(document.relative_to(ROOT)) for document in documents
+        names = [str(document.relative_to(ROOT)) for document in documents()
                  if examples_of(document.read_text(encoding="utf-8"))]
         self.assertEqual([name for name in names if f'self.check("{name}")' not in source], [])
+
+    def testEveryOtherCommandIsRunByATest(self):
+        commands = {command for document in documents()
+                    for command in shell_commands(document.read_text(encoding="utf-8"))}
+        self.assertEqual(commands, set(RUN_BY))
+        for command, (test, written) in RUN_BY.items():
+            self.assertIn(written, (ROOT / test).read_text(encoding="utf-8"), command)
+
+    def testABlockOfCommandsSaysSo(self):
+        """A block without a kind holds a file, or a line of one."""
+        for document in documents():
+            text = document.read_text(encoding="utf-8")
+            for block in re.findall(r"^```\n(.*?)^```", text, re.DOTALL | re.MULTILINE):
+                self.assertNotRegex(block, r"^(kvexrules|script/|sudo|cmake|apt)\b",
+                                    f"{document.name}: {block}")
 
 
 class ExamplesTest(unittest.TestCase):
