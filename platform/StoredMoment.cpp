@@ -36,6 +36,11 @@ bool isCalendarDate(std::u16string_view date) {
     return year > 0 && day.ok();
 }
 
+/// True for two digits below `limit`.
+bool isTwoDigits(std::u16string_view text, unsigned limit) {
+    return text.size() == 2 && std::ranges::all_of(text, isDigit) && numberOf(text) < limit;
+}
+
 /// The locale in the user's environment, which may differ from that of the process. Returns the C
 /// locale when the system does not have it.
 std::locale userLocale() {
@@ -75,6 +80,13 @@ StoredRange storedRange(std::u16string_view range) {
         throw Error(error_number::typeMismatch);
     }
     return {range.substr(0, comma), range.substr(comma + 1)};
+}
+
+bool isWholeMoment(std::u16string_view stored) {
+    return stored.size() == 17 && isCalendarDate(stored.substr(0, 8)) && stored[8] == u' ' &&
+           isTwoDigits(stored.substr(9, 2), 24) && stored[11] == u':' &&
+           isTwoDigits(stored.substr(12, 2), 60) && stored[14] == u':' &&
+           isTwoDigits(stored.substr(15, 2), 60);
 }
 
 std::u16string shownMoment(std::u16string_view stored) {
