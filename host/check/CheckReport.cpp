@@ -1,7 +1,7 @@
 #include "host/check/CheckReport.h"
 
+#include "host/check/Wording.h"
 #include "platform/Text.h"
-#include "platform/VisibleText.h"
 
 #include <algorithm>
 #include <array>
@@ -35,7 +35,8 @@ std::string textLine(const RuleText &ruleText) {
 using Json = nlohmann::ordered_json;
 
 Json jsonOf(const CheckedRule &rule) {
-    return {{"id", toUtf8(rule.row.id)}, {"name", toUtf8(rule.row.name)}};
+    const Json id = isNumeric(rule.row.id) ? Json(toInt64(rule.row.id)) : Json();
+    return {{"id", id}, {"name", toUtf8(rule.row.name)}};
 }
 
 Json jsonOf(const Finding &finding, const Rulebook &book) {
@@ -107,7 +108,7 @@ std::string reportAsText(const CheckReport &report) {
            counted(countOf(report, Severity::note), "note") + "\n";
 }
 
-std::string reportAsJson(const CheckReport &report) {
+std::string reportAsJson(const CheckReport &report, bool onlyAscii) {
     Json json{{"format", "kvexrules check"},
               {"version", 1},
               {"rules", report.rules},
@@ -122,7 +123,7 @@ std::string reportAsJson(const CheckReport &report) {
     for (const RuleText &text : report.texts) {
         json["texts"].push_back(jsonOf(text));
     }
-    return json.dump(2) + "\n";
+    return json.dump(2, ' ', onlyAscii) + "\n";
 }
 
 } // namespace kvex::host

@@ -38,6 +38,7 @@ struct CheckReport {
 
 /// Both forms of a report are in UTF-8. docs/checks.md describes them.
 [[nodiscard]] std::string reportAsText(const CheckReport &report);
-[[nodiscard]] std::string reportAsJson(const CheckReport &report);
+/// With `onlyAscii` the document escapes all other characters, some of which deceive a terminal.
+[[nodiscard]] std::string reportAsJson(const CheckReport &report, bool onlyAscii = false);
 
 } // namespace kvex::host

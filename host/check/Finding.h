@@ -46,7 +46,4 @@ struct FindingKind {
 /// All kinds, in the order in which a report lists them.
 [[nodiscard]] std::span<const FindingKind> findingKinds();
 
-/// "rule 3 "Strangers"", for a sentence.
-[[nodiscard]] std::u16string ruleInWords(const CheckedRule &rule);
-
 } // namespace kvex::host

@@ -2,7 +2,6 @@
 #include "host/check/MeaningFindings.h"
 #include "host/check/ReferenceFindings.h"
 #include "host/check/RowFindings.h"
-#include "platform/VisibleText.h"
 
 #include <array>
 
@@ -38,7 +37,7 @@ std::span<const FindingKind> findingKinds() {
                     "A number, account or word is in an \"is\" and in an \"is not\" of one rule.",
                     findContradictingEntry},
         FindingKind{"unread-conditions", error,
-                    "Conditions stand beside <ALLMESSAGES>, and are not read.",
+                    "Conditions stand beside the tag of all messages, and are not read.",
                     findUnreadConditions},
         FindingKind{"missing-modifiers", error,
                     "A list does not begin with the two modifiers that are read there.",
@@ -91,10 +90,6 @@ std::span<const FindingKind> findingKinds() {
                     "The rule editor would store the rule as another text.", findStoredDifferently},
     };
     return kinds;
-}
-
-std::u16string ruleInWords(const CheckedRule &rule) {
-    return u"rule " + visible(rule.row.id) + u" " + quoted(rule.row.name, 60);
 }
 
 } // namespace kvex::host

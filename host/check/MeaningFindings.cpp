@@ -2,26 +2,18 @@
 
 #include "host/check/Moments.h"
 #include "host/check/SentTexts.h"
+#include "host/check/Wording.h"
 #include "platform/Text.h"
-#include "platform/VisibleText.h"
 
 #include <algorithm>
 
 namespace kvex::host {
-namespace {
-
-std::u16string inWords(std::size_t number) {
-    return toText(static_cast<std::int64_t>(number));
-}
-
-} // namespace
-
 Remarks findMalformedDate(const Rulebook & /*book*/, const CheckedRule &rule) {
     const std::u16string &range = rule.read.values.dateTime;
     if (range.empty() || wholeRange(range)) {
         return {};
     }
-    return {{u"Its date and time, " + quoted(range, 60) +
+    return {{u"Its date and time, " + inQuotes(range) +
                  u", are not two whole moments \"yyyymmdd hh:mm:ss\" with \",\" between them.",
              u"Choose both dates and both times again in the rule editor."}};
 }
@@ -88,7 +80,7 @@ Remarks findAlertToSender(const Rulebook & /*book*/, const CheckedRule &rule) {
             return !trimmed(number).empty() && trimmed(recipient) == trimmed(number);
         };
         if (std::ranges::any_of(values.alertRecipients, isSame)) {
-            remarks.push_back({quoted(number, 40) +
+            remarks.push_back({inQuotes(number) +
                                    u" is a sender of the rule and gets its alert, so each of their "
                                    u"messages comes back to them.",
                                u"Remove the number from one of the two lists."});

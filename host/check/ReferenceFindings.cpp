@@ -1,8 +1,8 @@
 #include "host/check/ReferenceFindings.h"
 
 #include "host/check/SentTexts.h"
+#include "host/check/Wording.h"
 #include "platform/Text.h"
-#include "platform/VisibleText.h"
 
 #include <algorithm>
 
@@ -87,7 +87,7 @@ Remarks findNoId(const Rulebook & /*book*/, const CheckedRule &rule) {
         const std::u16string noun(nounOf(id.kind));
         remarks.push_back({trimmed(id.text).empty()
                                ? u"There is no " + noun + place(id) + u"."
-                               : quoted(id.text, 40) + place(id) + u" is not the id of " +
+                               : inQuotes(id.text) + place(id) + u" is not the id of " +
                                      (id.kind == Kind::user ? u"a user." : u"an account."),
                            u"Choose the " + noun + place(id) + u" again in the rule editor."});
     }

@@ -2,8 +2,8 @@
 
 #include "host/check/SentTexts.h"
 #include "host/check/Tags.h"
+#include "host/check/Wording.h"
 #include "platform/Text.h"
-#include "platform/VisibleText.h"
 
 #include <algorithm>
 #include <array>
@@ -14,7 +14,6 @@ namespace {
 using View = std::u16string_view;
 
 constexpr auto npos = View::npos;
-constexpr std::size_t longestQuotation = 60;
 
 /// The longest texts that the editor stores, in UTF-16 units.
 constexpr std::size_t longestName = 50;
@@ -25,10 +24,6 @@ constexpr std::size_t longestActionParam = 2500;
 constexpr std::size_t longestPriority = 8;
 
 constexpr View correctTheRow = u"Correct the row in the database, or enter the rule again.";
-
-std::u16string quoted(View text) {
-    return kvex::quoted(text, longestQuotation);
-}
 
 bool isBlank(View text) {
     return trimmed(text).empty();
@@ -140,8 +135,8 @@ Remarks findContradictingEntry(const Rulebook &book, const CheckedRule &rule) {
             if (first->negated != other.negated && !isBlank(entry) &&
                 std::ranges::find(other.entries, entry) != other.entries.end()) {
                 remarks.push_back(
-                    {quoted(entry) + u" is in an \"is\" and in an \"is not\" of " + tag->opening() +
-                         u". Only the first of the two is read.",
+                    {inQuotes(entry) + u" is in an \"is\" and in an \"is not\" of " +
+                         tag->opening() + u". Only the first of the two is read.",
                      u"Decide for one of them, and correct the row in the database."});
             }
         }
@@ -162,7 +157,8 @@ Remarks findMisreadModifiers(const Rulebook & /*book*/, const CheckedRule &rule)
     Remarks remarks;
     for (const Misread &misread : misreadModifiers(rule)) {
         remarks.push_back({u"The list behind " + misread.tag->opening() + u" begins with " +
-                               quoted(misread.stored) + u". It is read as " + quoted(misread.read) +
+                               inQuotes(misread.stored) + u". It is read as " +
+                               inQuotes(misread.read) +
                                u", and its first 10 characters are dropped.",
                            std::u16string(correctTheRow)});
     }
@@ -179,7 +175,7 @@ Remarks findNeitherYesNorNo(const Rulebook & /*book*/, const CheckedRule &rule) 
     Remarks remarks;
     for (const auto &[tag, value] : flags) {
         if (value != u"YES" && value != u"NO") {
-            remarks.push_back({u"<" + std::u16string(tag) + u"> holds " + quoted(value) +
+            remarks.push_back({u"<" + std::u16string(tag) + u"> holds " + inQuotes(value) +
                                    u", which is neither YES nor NO. It counts as NO.",
                                u"Choose it again in the rule editor, and press OK."});
         }
@@ -191,7 +187,7 @@ Remarks findCutText(const Rulebook & /*book*/, const CheckedRule &rule) {
     const RuleValues &values = rule.read.values;
     const auto cut = [](View action, View text, View account) -> Remark {
         return {u"The text of the " + std::u16string(action) + u" ends at its first \";\": " +
-                    quoted(text) + u". The account is read as " + quoted(account) + u".",
+                    inQuotes(text) + u". The account is read as " + inQuotes(account) + u".",
                 u"Write the text without \";\" in the rule editor."};
     };
     Remarks remarks;
@@ -244,11 +240,9 @@ Remarks findTooLong(const Rulebook & /*book*/, const CheckedRule &rule) {
     Remarks remarks;
     for (const Limit &limit : limits) {
         if (limit.text.size() > limit.longest) {
-            const auto number = [](std::size_t size) {
-                return toText(static_cast<std::int64_t>(size));
-            };
-            remarks.push_back({std::u16string(limit.column) + u" has " + number(limit.text.size()) +
-                                   u" characters. The longest is " + number(limit.longest) + u".",
+            remarks.push_back({std::u16string(limit.column) + u" has " +
+                                   inWords(limit.text.size()) + u" characters. The longest is " +
+                                   inWords(limit.longest) + u".",
                                u"Shorten it in the rule editor, or make two rules of it."});
         }
     }
@@ -262,7 +256,7 @@ Remarks findRefusedByEditor(const Rulebook &book, const CheckedRule &rule) {
     if (!message) {
         return {};
     }
-    return {{u"The rule editor refuses to store the rule as it is: " + quoted(*message),
+    return {{u"The rule editor refuses to store the rule as it is: " + inQuotes(*message),
              u"Open the rule in the editor, and add what is missing."}};
 }
 
@@ -287,7 +281,8 @@ Remarks findStoredDifferently(const Rulebook &book, const CheckedRule &rule) {
                                                         stored.begin());
             remarks.push_back(
                 {std::u16string(column) + u" is not as the rule editor writes it, from " +
-                     (start < stored.size() ? quoted(stored.substr(start)) : u"its end") + u" on.",
+                     (start < stored.size() ? inQuotes(stored.substr(start)) : u"its end") +
+                     u" on.",
                  u"See with kvexrules show what the rule means. OK in the editor stores that."});
         }
     }

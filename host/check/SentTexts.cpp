@@ -1,7 +1,7 @@
 #include "host/check/SentTexts.h"
 
+#include "host/check/Wording.h"
 #include "platform/Text.h"
-#include "platform/VisibleText.h"
 
 #include <algorithm>
 #include <array>
@@ -25,10 +25,6 @@ SentText sentText(std::string_view action, std::u16string text, std::size_t reci
 std::size_t countOf(const Entries &numbers) {
     return static_cast<std::size_t>(std::ranges::count_if(
         numbers, [](const std::u16string &number) { return !trimmed(number).empty(); }));
-}
-
-std::u16string number(std::size_t value) {
-    return toText(static_cast<std::int64_t>(value));
 }
 
 } // namespace
@@ -58,10 +54,11 @@ bool isAlertCut(const RuleValues &rule) {
 std::u16string lengthInWords(const SentText &text) {
     const SmsLength &length = text.length;
     std::u16string words = text.hasPlaceholders ? u"at least " : u"";
-    words += number(length.parts) + (length.parts == 1 ? u" short message" : u" short messages");
+    words += inWords(length.parts) + (length.parts == 1 ? u" short message" : u" short messages");
     return length.alphabet == SmsAlphabet::gsm7
                ? words + u" in the GSM alphabet"
-               : words + u" in UCS-2, because the GSM alphabet lacks " + quoted(length.forcing, 2);
+               : words + u" in UCS-2, because the GSM alphabet lacks " +
+                     characterInWords(length.forcing);
 }
 
 } // namespace kvex::host

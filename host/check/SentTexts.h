@@ -28,7 +28,7 @@ struct SentText {
 [[nodiscard]] bool isReplyCut(const RuleValues &rule);
 [[nodiscard]] bool isAlertCut(const RuleValues &rule);
 
-/// "2 short messages in UCS-2, because the GSM alphabet lacks "ж"", for a sentence.
+/// For a sentence: 2 short messages in UCS-2, because the GSM alphabet lacks "ж" (U+0436).
 [[nodiscard]] std::u16string lengthInWords(const SentText &text);
 
 } // namespace kvex::host

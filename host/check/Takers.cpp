@@ -17,10 +17,13 @@ public:
             if (!list || (part == ListPart::accounts && list->negated)) {
                 continue;
             }
-            // A list that asks for all is only contained by one that has each of its entries.
-            const std::size_t count = list->all ? 1 : list->entries.size();
-            for (std::size_t i = 0; i < count; ++i) {
-                byEntry_[keyOf(part, list->negated, list->entries[i])].push_back(place);
+            if (list->all) {
+                // Only a list that has each of these entries contains it. So one of them is enough.
+                byEntry_[keyOf(part, *list, list->entries.back())].push_back(place);
+            } else {
+                for (const std::uint32_t entry : list->entries) {
+                    byEntry_[keyOf(part, *list, entry)].push_back(place);
+                }
             }
             return;
         }
@@ -32,28 +35,47 @@ public:
         if (std::ranges::any_of(withoutEntry_, visit)) {
             return;
         }
-        for (std::size_t part = 0; part < listPartCount; ++part) {
-            const auto &list = conditions.lists[part];
-            // A list that asks for any is only contained by one that has each of its entries.
-            const std::size_t count = !list ? 0 : list->all ? list->entries.size() : 1;
-            for (std::size_t i = 0; i < count; ++i) {
-                const auto found = byEntry_.find(
-                    keyOf(static_cast<ListPart>(part), list->negated, list->entries[i]));
-                if (found != byEntry_.end() && std::ranges::any_of(found->second, visit)) {
-                    return;
-                }
+        for (std::size_t i = 0; i < listPartCount; ++i) {
+            const auto &list = conditions.lists[i];
+            if (list && visitList(static_cast<ListPart>(i), *list, visit)) {
+                return;
             }
         }
     }
 
 private:
-    static std::uint64_t keyOf(ListPart part, bool negated, std::uint32_t entry) {
-        return (std::uint64_t{entry} << 3U) | (static_cast<std::uint64_t>(part) << 1U) |
-               (negated ? 1U : 0U);
+    using Places = std::vector<std::size_t>;
+
+    template <class Visit>
+    bool visitList(ListPart part, const ListCondition &list, Visit visit) const {
+        const Places *fewest = nullptr;
+        for (const std::uint32_t entry : list.entries) {
+            const Places &places = under(part, list, entry);
+            if (list.all && std::ranges::any_of(places, visit)) {
+                return true;
+            }
+            if (fewest == nullptr || places.size() < fewest->size()) {
+                fewest = &places;
+            }
+        }
+        // Only a list that has each of these entries contains one that asks for any of them.
+        return !list.all && std::ranges::any_of(*fewest, visit);
     }
 
-    std::unordered_map<std::uint64_t, std::vector<std::size_t>> byEntry_;
-    std::vector<std::size_t> withoutEntry_;
+    [[nodiscard]] const Places &under(ListPart part, const ListCondition &list,
+                                      std::uint32_t entry) const {
+        static const Places none;
+        const auto found = byEntry_.find(keyOf(part, list, entry));
+        return found == byEntry_.end() ? none : found->second;
+    }
+
+    static std::uint64_t keyOf(ListPart part, const ListCondition &list, std::uint32_t entry) {
+        return (std::uint64_t{entry} << 3U) | (static_cast<std::uint64_t>(part) << 1U) |
+               (list.negated ? 1U : 0U);
+    }
+
+    std::unordered_map<std::uint64_t, Places> byEntry_;
+    Places withoutEntry_;
 };
 
 } // namespace

@@ -10,7 +10,7 @@
 
 namespace kvex::host {
 
-/// An enabled rule, as far as it matters for the rules after it.
+/// An enabled rule, with what decides about the rules after it.
 struct AppliedRule {
     std::int64_t priority;
     Conditions conditions;
@@ -21,9 +21,10 @@ struct AppliedRule {
     bool isRead;
 };
 
-/// For each rule, in ascending priority: the place of an earlier rule that takes all of its
-/// messages, as it applies to all of them and stops, or applies to all messages and deletes. Rules
-/// with the same priority may run in any order, so none of them is earlier.
+/// `rules` stand in ascending priority. For each one: the place of an earlier rule that takes all
+/// of its messages, or nothing. Such a rule contains its conditions and stops, or it applies to all
+/// messages and deletes them. Rules with the same priority may run in any order, so none of them is
+/// earlier.
 ///
 /// The time grows with the number of rules that share an entry, not with that of all rules.
 [[nodiscard]] std::vector<std::optional<std::size_t>> takersOf(std::span<const AppliedRule> rules);

@@ -7,10 +7,11 @@ namespace kvex::host {
 CommandTable commands() {
     static constexpr std::array table{
         &editCommand,           &listCommand,           &showCommand,
-        &contactsImportCommand, &contactsExportCommand, &contactsRemoveCommand,
-        &contactsListCommand,   &initCommand,           &upgradeCommand,
-        &backupCommand,         &restoreCommand,        &registerCommand,
-        &unregisterCommand,     &helpCommand,           &versionCommand,
+        &checkCommand,          &contactsImportCommand, &contactsExportCommand,
+        &contactsRemoveCommand, &contactsListCommand,   &initCommand,
+        &upgradeCommand,        &backupCommand,         &restoreCommand,
+        &registerCommand,       &unregisterCommand,     &helpCommand,
+        &versionCommand,
     };
     return table;
 }

@@ -12,6 +12,7 @@ using CommandTable = std::span<const Command *const>;
 extern const Command editCommand;
 extern const Command listCommand;
 extern const Command showCommand;
+extern const Command checkCommand;
 extern const Command contactsImportCommand;
 extern const Command contactsExportCommand;
 extern const Command contactsRemoveCommand;

@@ -149,7 +149,7 @@ TEST_F(MeaningFindings, ATextOfSeveralMessagesIsNoted) {
     EXPECT_EQ(toUtf8(found.findings[0].remark.advice), "Shorten it by 1 of its 161 characters.");
     EXPECT_EQ(toUtf8(found.findings[1].remark.reason),
               "The text of the alert takes 2 short messages in UCS-2, because the GSM alphabet "
-              "lacks \"ж\"; 6 to its 3 recipients.");
+              "lacks \"ж\" (U+0436); 6 to its 3 recipients.");
     EXPECT_EQ(toUtf8(found.findings[1].remark.advice),
               "Shorten it by 1 of its 71 characters, or write it with the letters of the GSM "
               "alphabet.");

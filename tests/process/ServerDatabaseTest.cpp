@@ -75,6 +75,32 @@ TEST_P(ServerDatabase, HoldsTheSampleThatAFileHolds) {
     EXPECT_EQ(done({"contacts", "list"}), done({"contacts", "list", "--database", file}));
 }
 
+TEST_P(ServerDatabase, IsCheckedAsAFileIs) {
+    done({"init", "--sample"});
+    const std::string file = database.string();
+    done({"init", "--sample", "--database", file});
+    for (const char *statement : {
+             "UPDATE SMS_USERS SET DELETED = 1 WHERE ID = 5",
+             "UPDATE SMS_ACCOUNT SET BIND_MODE = 'RECEIVER' WHERE ID = 4",
+             "UPDATE SMS_RULES SET Name = NULL WHERE ID = 4",
+             "UPDATE SMS_RULES SET QueryParam = '<WORD><CON><ANY>a' WHERE ID = 6",
+             "UPDATE SMS_RULES SET Name = 'HELP 🌙 AT NIGHT' WHERE ID = 7",
+         }) {
+        server().run(name, statement);
+        sqlite3(file, statement);
+    }
+    const Outcome onServer = kvexrules({"check"});
+    EXPECT_EQ(onServer.status, 1);
+    EXPECT_EQ(onServer.errors, "");
+    EXPECT_THAT(onServer.output,
+                AllOf(HasSubstr("[past-dates]"), HasSubstr("[unknown-user]"),
+                      HasSubstr("[wrong-bind-mode]"), HasSubstr("[incomplete-row]"),
+                      HasSubstr("[unclosed-tag]"), HasSubstr("[same-name]")));
+    EXPECT_EQ(onServer.output, kvexrules({"check", "--database", file}).output);
+    EXPECT_EQ(kvexrules({"check", "--format", "json"}).output,
+              kvexrules({"check", "--format", "json", "--database", file}).output);
+}
+
 TEST_P(ServerDatabase, HoldsASampleWhoseRulesNameItsOwnRows) {
     done({"init"});
     // The ids of removed rows are not used again, so the sample gets other ids.
