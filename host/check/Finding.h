@@ -3,6 +3,7 @@
 
 #include "host/check/Rulebook.h"
 
+#include <array>
 #include <optional>
 #include <span>
 #include <string>
@@ -20,8 +21,11 @@ enum class Severity {
     /// Nothing is wrong. Something costs more, or is stored in another way, than it seems.
     note,
 };
-/// "error", "warning" or "note".
-[[nodiscard]] std::string_view nameOf(Severity severity);
+/// In the order of Severity.
+inline constexpr std::array<std::string_view, 3> severityNames{"error", "warning", "note"};
+[[nodiscard]] constexpr std::string_view nameOf(Severity severity) {
+    return severityNames[static_cast<std::size_t>(severity)];
+}
 
 /// What one finding says about a rule, in whole sentences.
 struct Remark {

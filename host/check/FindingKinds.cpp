@@ -7,17 +7,6 @@
 
 namespace kvex::host {
 
-std::string_view nameOf(Severity severity) {
-    switch (severity) {
-    case Severity::error:
-        return "error";
-    case Severity::warning:
-        return "warning";
-    default:
-        return "note";
-    }
-}
-
 std::span<const FindingKind> findingKinds() {
     using enum Severity;
     static constexpr std::array kinds{

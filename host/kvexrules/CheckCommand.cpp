@@ -20,7 +20,6 @@ namespace kvex::host {
 namespace {
 
 constexpr std::array<std::string_view, 2> formats{"text", "json"};
-constexpr std::array<std::string_view, 3> severities{"note", "warning", "error"};
 
 constexpr Option formatOption{
     .name = "--format",
@@ -32,14 +31,13 @@ constexpr Option severityOption{
     .name = "--severity",
     .value = "",
     .help = "the least severe findings to report (default: note)",
-    .choices = severities,
+    .choices = severityNames,
 };
 
 Severity leastSeverity(const Request &request) {
-    const std::string name = request.value(severityOption);
-    return name == "error"     ? Severity::error
-           : name == "warning" ? Severity::warning
-                               : Severity::note;
+    const auto found = std::ranges::find(severityNames, request.value(severityOption));
+    return found == severityNames.end() ? Severity::note
+                                        : static_cast<Severity>(found - severityNames.begin());
 }
 
 /// The local time as a rule stores it.
@@ -122,7 +120,15 @@ in brackets, and a line that says what to do. Name ids to check only those rules
 The command reports only what is certain, and changes nothing. At the end it prints how
 many short messages each reply and alert takes. docs/checks.md lists all findings.
 )",
-    .example = "",
+    .example = R"($ kvexrules check 1 || echo "exit status $?"
+warning: rule 1 "Not stopped in March": ... [past-dates]
+    Remove the rule, or choose other dates.
+Texts:
+  rule 1 "Not stopped in March": reply: 1 short message in ...
+  rule 1 "Not stopped in March": alert: 1 short message in ...
+1 rule checked: 0 errors, 1 warning, 0 notes
+exit status 1
+)",
     .run = check,
     .statuses = statuses,
 };
