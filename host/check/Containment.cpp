@@ -36,8 +36,8 @@ std::optional<ListCondition> listConditionOf(const RuleList &list, ListPart part
         condition.entries.push_back(vocabulary.numberOf(part, entry));
     }
     std::ranges::sort(condition.entries);
-    const auto rest = std::ranges::unique(condition.entries);
-    condition.entries.erase(rest.begin(), rest.end());
+    condition.entries.erase(std::unique(condition.entries.begin(), condition.entries.end()),
+                            condition.entries.end());
     condition.negated = list.negated;
     condition.all = condition.entries.size() > 1 && list.all != list.negated;
     // The editor makes "any" of a command's "all". Which of the two the server reads is in doubt.

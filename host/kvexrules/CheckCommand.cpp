@@ -78,8 +78,7 @@ std::vector<std::size_t> placesOf(const Request &request, const Rulebook &book, 
         std::iota(places.begin(), places.end(), std::size_t{0});
     }
     std::ranges::sort(places);
-    const auto again = std::ranges::unique(places);
-    places.erase(again.begin(), again.end());
+    places.erase(std::unique(places.begin(), places.end()), places.end());
     return places;
 }
 
