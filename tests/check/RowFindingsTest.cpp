@@ -147,11 +147,17 @@ TEST_F(RowFindings, TheLongestTextsAreThoseOfTheEditor) {
     addConditions(u"<WORD><CON><ANY>" + std::u16string(5000 - empty.size(), u'w') + u"</WORD>");
     addConditions(u"<WORD><CON><ANY>" + std::u16string(5001 - empty.size(), u'v') + u"</WORD>");
     EXPECT_THAT(codes(), ElementsAre("2 too-long", "4 too-long"));
+    const auto isRefused = [&](const StoredRule &rule) {
+        const RuleRead read = strings.read(rule.queryParam, rule.actionParam);
+        return strings.refusal(rule.name, false, read.values).has_value();
+    };
+    EXPECT_FALSE(isRefused(rows.rules[2]));
+    EXPECT_TRUE(isRefused(rows.rules[3]));
 }
 
 TEST_F(RowFindings, TheLongestActionsAreThoseOfTheEditor) {
     const std::size_t around = actions(u"<REPLY>;2</REPLY>").size();
-    for (const std::size_t size : {2500, 2501}) {
+    for (const std::size_t size : {2500U, 2501U}) {
         addActions(actions(u"<REPLY>" + std::u16string(size - around, u'r') + u";2</REPLY>"));
     }
     EXPECT_THAT(codes(), ElementsAre("1 several-messages", "2 too-long", "2 several-messages"));
