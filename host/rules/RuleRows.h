@@ -4,6 +4,7 @@
 #include "host/rules/Rule.h"
 #include "platform/Database.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,11 @@ enum class Strings { read, leaveOut };
 /// Fails as the record set's open does, and so do the functions below.
 [[nodiscard]] std::vector<StoredRule> readRules(Connection &connection,
                                                 Strings strings = Strings::read);
+
+/// The record set behind readRules. The caller changes the rules through it.
+[[nodiscard]] std::unique_ptr<Recordset> openRulesToWrite(Connection &connection);
+/// Every rule of that record set; its end is then the current record.
+[[nodiscard]] std::vector<StoredRule> rulesIn(Recordset &rows);
 
 /// Both values are as they are stored; Null reads as "".
 struct NamedRow {
