@@ -155,6 +155,13 @@ FIGURES = [
         ratio=2,
     ),
     Figure(
+        "try",
+        "kvexrules try --messages with n messages and 1,000 rules",
+        "grep -c -F -f with the same words and numbers",
+        ratio=3,
+        sizes=(1_000_000, 1_000_000),
+    ),
+    Figure(
         "first_window",
         "process start to the first window painted",
         "a Qt program with one empty dialog",

@@ -10,7 +10,8 @@ namespace {
 
 constexpr const char *sameColumns =
     "SELECT row_number() OVER (ORDER BY PRIORITY, ID), CASE ACTIVE WHEN 1 THEN 'on' ELSE 'off' "
-    "END, ID, Name FROM SMS_RULES WHERE DELETED = 0 ORDER BY PRIORITY, ID";
+    "END, ID, CASE WHEN ActionParam LIKE '%<IGNOREFURTHERRULES>YES<%' THEN 'stops' ELSE '-' END, "
+    "Name FROM SMS_RULES WHERE DELETED = 0 ORDER BY PRIORITY, ID";
 
 void requireLines(const Run &run, std::size_t count) {
     if (static_cast<std::size_t>(std::ranges::count(run.output, '\n')) != count) {

@@ -20,17 +20,6 @@ namespace {
     throw Failure(what + " See: kvexrules help" + name);
 }
 
-/// The first option of that name in any command.
-const Option *optionNamed(std::string_view name, CommandTable commands) {
-    for (const Command *command : commands) {
-        const auto found = std::ranges::find(command->options, name, &Option::name);
-        if (found != command->options.end()) {
-            return &*found;
-        }
-    }
-    return nullptr;
-}
-
 [[noreturn]] void refuseMissingValue(const Option &option, const Command *command) {
     refuse("The option " + std::string(option.name) + " needs a value: " + formOf(option) + ".",
            command);
@@ -67,7 +56,7 @@ public:
             refuseUnknownOption(app_.remaining().front());
         } catch (const CLI::ArgumentMismatch &) {
             // Only the last argument can lack its value.
-            refuseMissingValue(*optionNamed(arguments_.back(), commands_), called());
+            refuseMissingValue(*optionNamed(arguments_.back()), called());
         }
         Request request{nullptr, {}, words_->results()};
         request.command = &takeCommand(request.words, commands_);
@@ -76,6 +65,23 @@ public:
     }
 
 private:
+    /// The option of that name in a command that the arguments seem to name, or else in any one.
+    const Option *optionNamed(std::string_view name) const {
+        const Option *named = nullptr;
+        for (const Command *command : commands_) {
+            const auto found = std::ranges::find(command->options, name, &Option::name);
+            if (found != command->options.end() && (named == nullptr || seemsNamed(*command))) {
+                named = &*found;
+            }
+        }
+        return named;
+    }
+
+    bool seemsNamed(const Command &command) const {
+        const std::string_view firstWord = command.name.substr(0, command.name.find(' '));
+        return std::ranges::find(arguments_, firstWord) != arguments_.end();
+    }
+
     void declare(const Option &option) {
         const std::string name(option.name);
         if (app_.get_option_no_throw(name) != nullptr) {
@@ -92,7 +98,7 @@ private:
     void refuseSurplusSigns() {
         for (auto next = arguments_.begin(); next != arguments_.end() && *next != "--"; ++next) {
             const std::size_t sign = next->find('=');
-            const Option *option = optionNamed(next->substr(0, sign), commands_);
+            const Option *option = optionNamed(next->substr(0, sign));
             if (option == nullptr) {
                 continue;
             }

@@ -1,7 +1,10 @@
 #include "host/kvexrules/Components.h"
 
 #include "host/kvexrules/Failure.h"
+#include "host/kvexrules/TerminalUtility.h"
 #include "kvex/ClassServer.h"
+#include "kvex/HostSuite.h"
+#include "kvex/ServedObject.h"
 
 #include <cstdio>
 
@@ -72,6 +75,11 @@ ComPointer<IRuleUI> createRuleUI() {
     ComPointer<IRuleUI> ruleUI;
     require(createInstance(classId, ruleUI), "The rule component cannot start", installAgain);
     return ruleUI;
+}
+
+RuleStrings createRuleStrings() {
+    const ServedObject utility(CLSID_Utility, *makeComObject<TerminalUtility>());
+    return RuleStrings(*createRuleUI().get());
 }
 
 } // namespace kvex::host

@@ -1,6 +1,7 @@
 // Loads the component servers that this program uses.
 #pragma once
 
+#include "host/rules/Rule.h"
 #include "kvex/ComPointer.h"
 #include "kvex/RuleUI.h"
 
@@ -25,5 +26,9 @@ void loadServer(const std::filesystem::path &file, const CLSID &classId);
 /// Creates an object of this program's component, or else of the registered component.
 /// Raises a Failure when there is neither or when it cannot start.
 [[nodiscard]] ComPointer<IRuleUI> createRuleUI();
+
+/// The reading and writing of rules by the component that createRuleUI takes. Raises a Failure as
+/// that does. Fails as the constructor of RuleStrings does.
+[[nodiscard]] RuleStrings createRuleStrings();
 
 } // namespace kvex::host

@@ -121,10 +121,13 @@ Progress::~Progress() {
     show("");
 }
 
-void Progress::step() {
+void Progress::step(std::size_t steps) {
+    if (total_ == 0) {
+        return;
+    }
     constexpr std::size_t whole = 100;
     const std::size_t before = done_ * whole / total_;
-    ++done_;
+    done_ = std::min(done_ + steps, total_);
     const std::size_t percent = done_ * whole / total_;
     if (percent != before) {
         show(what_ + ": " + std::to_string(percent) + " %");

@@ -47,14 +47,14 @@ void complainExactly(std::string_view text);
 /// that is a terminal and $TERM is not "dumb". Nothing of it is left at the end.
 class Progress {
 public:
-    /// `total` is the number of steps.
+    /// `total` is the number of steps, or 0 when it is not known.
     Progress(std::string_view what, std::size_t total);
     ~Progress();
     Progress(const Progress &) = delete;
     Progress &operator=(const Progress &) = delete;
 
-    /// One more step is done.
-    void step();
+    /// So many more steps are done.
+    void step(std::size_t steps = 1);
 
 private:
     void show(std::string_view line);

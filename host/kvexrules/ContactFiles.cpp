@@ -1,103 +1,20 @@
 #include "host/kvexrules/ContactFiles.h"
 
-#include "host/kvexrules/Console.h"
 #include "host/kvexrules/Failure.h"
-#include "platform/Text.h"
-#include "platform/VisibleText.h"
+#include "host/kvexrules/UserFiles.h"
 
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <fcntl.h>
 #include <filesystem>
-#include <fstream>
-#include <unistd.h>
-#include <vector>
+#include <stdexcept>
 
 namespace kvex::host {
-namespace {
-
-constexpr std::size_t longest = std::size_t{256} * 1024 * 1024;
-
-std::string shown(const std::string &file) {
-    return toUtf8(visible(fromUtf8(file)));
-}
-
-std::string contentOf(const std::string &file) {
-    std::ifstream stream(file == "-" ? "/dev/stdin" : file, std::ios::binary);
-    std::string content;
-    std::vector<char> room(std::size_t{64} * 1024);
-    while (stream.good() && content.size() <= longest) {
-        stream.read(room.data(), static_cast<std::streamsize>(room.size()));
-        content.append(room.data(), static_cast<std::size_t>(stream.gcount()));
-    }
-    if (content.size() > longest) {
-        throw Failure(inputName(file) + " is longer than 256 MiB. Name a file of contacts, or "
-                                        "split it into several files.");
-    }
-    if (!stream.eof()) {
-        throw Failure(inputName(file) + " cannot be read. Name a vCard or CSV file.");
-    }
-    if (content.empty()) {
-        throw Failure(inputName(file) + " is empty. Name a vCard or CSV file.");
-    }
-    return content;
-}
-
-[[noreturn]] void failToWrite(const std::string &file, int error) {
-    throw Failure(shown(file) + " cannot be written (" + std::strerror(error) +
-                  "). Name a file in a folder that you may write to.");
-}
-
-/// Writes `text` to `descriptor` and closes it. Returns 0 or the system's error number.
-int writeAndClose(int descriptor, std::string_view text) {
-    int error = writeAll(descriptor, text);
-    if (error == 0 && fsync(descriptor) != 0) {
-        error = errno;
-    }
-    if (close(descriptor) != 0 && error == 0) {
-        error = errno;
-    }
-    return error;
-}
-
-} // namespace
-
-std::string inputName(const std::string &file) {
-    return file == "-" ? "standard input" : shown(file);
-}
 
 ContactFile readContactsFrom(const std::string &file) {
     const std::string ending = lowerCase(std::filesystem::path(file).extension().string());
     try {
-        return readContactFile(contentOf(file), ending == ".vcf" || ending == ".vcard");
+        return readContactFile(contentOf(file, "a vCard or CSV file"),
+                               ending == ".vcf" || ending == ".vcard");
     } catch (const std::invalid_argument &error) {
         throw Failure(inputName(file) + " holds no contacts that can be read. " + error.what());
-    }
-}
-
-void writeOwnersFile(const std::string &file, std::string_view text, bool replaces) {
-    constexpr int owners = 0600;
-    std::string made = replaces ? file + ".XXXXXX" : file;
-    const int descriptor =
-        replaces ? mkostemp(made.data(), O_CLOEXEC)
-                 : open(made.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, owners); // NOLINT
-    if (descriptor < 0 && errno == EEXIST) {
-        throw Failure(shown(file) +
-                          " already exists and was not changed. Name another file, or add "
-                          "--replace.",
-                      exit_status::refused);
-    }
-    if (descriptor < 0) {
-        failToWrite(file, errno);
-    }
-    int error = writeAndClose(descriptor, text);
-    if (error == 0 && replaces && std::rename(made.c_str(), file.c_str()) != 0) {
-        error = errno;
-    }
-    if (error != 0) {
-        unlink(made.c_str());
-        failToWrite(file, error);
     }
 }
 

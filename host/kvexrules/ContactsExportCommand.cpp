@@ -1,9 +1,9 @@
 #include "host/addressbook/ContactExport.h"
 #include "host/kvexrules/CommandLine.h"
 #include "host/kvexrules/Console.h"
-#include "host/kvexrules/ContactFiles.h"
 #include "host/kvexrules/ContactsCommands.h"
 #include "host/kvexrules/Failure.h"
+#include "host/kvexrules/UserFiles.h"
 #include "platform/Text.h"
 #include "platform/VisibleText.h"
 

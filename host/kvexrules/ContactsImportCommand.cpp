@@ -3,6 +3,7 @@
 #include "host/kvexrules/ContactFiles.h"
 #include "host/kvexrules/ContactsCommands.h"
 #include "host/kvexrules/Failure.h"
+#include "host/kvexrules/UserFiles.h"
 
 #include <array>
 

@@ -1,8 +1,8 @@
-// Lists the rules of a database for an operator.
+// The rules of the chosen database, and their ids as users write them.
 #pragma once
 
 #include "host/kvexrules/Settings.h"
-#include "host/rules/Rule.h"
+#include "host/rules/RuleRows.h"
 
 #include <string>
 #include <string_view>
@@ -10,8 +10,9 @@
 
 namespace kvex::host {
 
-/// Reads the rules of the chosen database without their strings. Raises a Failure when that fails.
-[[nodiscard]] std::vector<StoredRule> rulesOf(const Settings &settings);
+/// Reads the rules of the chosen database. Raises a Failure when that fails.
+[[nodiscard]] std::vector<StoredRule> rulesOf(const Settings &settings,
+                                              Strings strings = Strings::leaveOut);
 
 /// The two texts that hold a rule, in UTF-8. Null reads as "".
 struct StoredTexts {
@@ -22,9 +23,6 @@ struct StoredTexts {
 /// The texts of the rule with this id in decimal. Both are "" if there is no such rule. Fails as
 /// openConnection and the record set's open do.
 [[nodiscard]] StoredTexts storedTexts(std::string_view id, const Settings &settings);
-
-/// One line for each rule, in columns: position, "on" or "off", id, name.
-[[nodiscard]] std::string listText(const std::vector<StoredRule> &rules);
 
 /// The rule id that the user wrote, in its usual decimal form. Raises a Failure if it is not an id.
 [[nodiscard]] std::string ruleId(std::string_view text);

@@ -1,16 +1,12 @@
-#include "adapters/classserver/server/Guard.h"
 #include "host/kvexrules/CommandLine.h"
-#include "host/kvexrules/Components.h"
 #include "host/kvexrules/Console.h"
 #include "host/kvexrules/Database.h"
 #include "host/kvexrules/DescriptionFormat.h"
 #include "host/kvexrules/Failure.h"
 #include "host/kvexrules/RuleList.h"
+#include "host/kvexrules/RuleReader.h"
 #include "host/kvexrules/Settings.h"
-#include "host/kvexrules/TerminalUtility.h"
 #include "host/suite/SuiteState.h"
-#include "kvex/HostSuite.h"
-#include "kvex/ServedObject.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -18,20 +14,6 @@
 
 namespace kvex::host {
 namespace {
-
-class Collector final : public ComObject<IDescriptionSink> {
-public:
-    HRESULT Write(BSTR text, LONG colour) noexcept final {
-        return guarded([&] {
-            description.push_back({std::u16string(viewOf(text)), colour});
-            return S_OK;
-        });
-    }
-    Description description;
-
-private:
-    ~Collector() final = default;
-};
 
 constexpr std::array<std::string_view, 3> formats{"text", "ansi", "html"};
 constexpr Option formatOption{.name = "--format",
@@ -61,14 +43,6 @@ std::vector<std::string> idsAskedFor(const Request &request) {
     return ids;
 }
 
-/// Says what went wrong last and where it is logged.
-std::string lastError() {
-    const SuiteState &state = suiteState();
-    return state.lastError
-               ? reasonAndLog(toldAtTerminal(state.lastError->error), state.log.lastFile())
-               : "No reason was given.";
-}
-
 /// True when loading the rule failed. Otherwise the rule was loaded, and describing it failed.
 bool isAboutLoading(const LoggedError &error) {
     return error.text.find(u"Sub: LoadRuleFromDB,") != std::u16string::npos;
@@ -93,43 +67,23 @@ void tellWhatIsStored(const std::string &id, const Settings &settings) {
     }
 }
 
-/// Reads the rules of one database through the component.
-class Reader {
-public:
-    explicit Reader(const Settings &settings) : settings_(settings) {
-        suiteState() = {fromUtf8(settings.database), {}, ErrorLog(settings.log)};
-        reader_ = createRuleUI().as<IRuleReader>();
-        if (!reader_ || FAILED(reader_->OpenRules())) {
-            throw Failure("The rules could not be opened. " + lastError() + " " +
-                          settings.databaseOrigin);
-        }
-    }
-
-    /// Returns false when there is no such rule, or when a part of it cannot be read. A message has
-    /// then told the user.
-    bool describe(const std::string &id, Description &description) const {
-        const ComPointer<Collector> collector = makeComObject<Collector>();
-        suiteState().firstError.reset();
-        suiteState().lastError.reset();
-        const HRESULT result = reader_->DescribeRule(Bstr(fromUtf8(id)).get(), collector.get());
-        description = std::move(collector->description);
-        if (result == S_FALSE) {
-            complain("There is no rule " + id + ". To list the rules: kvexrules list");
-            return false;
-        }
-        if (FAILED(result) || suiteState().lastError) {
-            complain("Not all of rule " + id + " could be read. " + lastError());
-            tellWhatIsStored(id, settings_);
-            return false;
-        }
+/// Returns false when there is no such rule, or when a part of it cannot be read. A message has
+/// then told the user.
+bool describe(const RuleReader &reader, const std::string &id, const Settings &settings,
+              Description &description) {
+    switch (reader.describe(id, description)) {
+    case Described::whole:
         return true;
+    case Described::noRule:
+        complain("There is no rule " + id + ". To list the rules: kvexrules list");
+        return false;
+    case Described::inPart:
+        break;
     }
-
-private:
-    const Settings &settings_;
-    ServedObject utility_{CLSID_Utility, *makeComObject<TerminalUtility>()};
-    ComPointer<IRuleReader> reader_;
-};
+    complain("Not all of rule " + id + " could be read. " + RuleReader::lastError());
+    tellWhatIsStored(id, settings);
+    return false;
+}
 
 int show(const Request &request) {
     const DescriptionFormat &format = formatOf(request);
@@ -141,13 +95,13 @@ int show(const Request &request) {
         std::ranges::transform(rules, std::back_inserter(ids),
                                [](const StoredRule &rule) { return toUtf8(rule.id); });
     }
-    const Reader reader(settings);
+    const RuleReader reader(settings);
     int status = exit_status::done;
     std::string_view between;
     print(format.opening);
     for (const std::string &id : ids) {
         Description description;
-        if (!reader.describe(id, description)) {
+        if (!describe(reader, id, settings, description)) {
             status = exit_status::refused;
         }
         if (!description.empty()) {

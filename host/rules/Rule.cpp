@@ -1,6 +1,7 @@
 #include "host/rules/Rule.h"
 
 #include "adapters/classserver/server/Guard.h"
+#include "host/rules/RuleFields.h"
 #include "kvex/ComObject.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
@@ -13,31 +14,6 @@ namespace {
 
 constexpr std::u16string_view yes = u"YES";
 constexpr std::u16string_view no = u"NO";
-
-/// Visits every member of `rule` with the name of its field.
-template <class Values, class Visit> void forEachField(Values &rule, const Visit &visit) {
-    visit(u"allMessages", rule.allMessages);
-    visit(u"ignoreIfService", rule.ignoreIfService);
-    visit(u"people.not", rule.people.negated);
-    visit(u"people.all", rule.people.all);
-    visit(u"people.entries", rule.people.entries);
-    visit(u"accounts.not", rule.accounts.negated);
-    visit(u"accounts.all", rule.accounts.all);
-    visit(u"accounts.entries", rule.accounts.entries);
-    visit(u"words.not", rule.words.negated);
-    visit(u"words.all", rule.words.all);
-    visit(u"words.asCommand", rule.asCommand);
-    visit(u"words.entries", rule.words.entries);
-    visit(u"dateTime", rule.dateTime);
-    visit(u"distribution", rule.distribution);
-    visit(u"reply.text", rule.replyText);
-    visit(u"reply.account", rule.replyAccount);
-    visit(u"alert.text", rule.alertText);
-    visit(u"alert.account", rule.alertAccount);
-    visit(u"alert.recipients", rule.alertRecipients);
-    visit(u"delete", rule.deleteIt);
-    visit(u"ignoreFurtherRules", rule.ignoreFurtherRules);
-}
 
 void take(std::u16string_view value, bool &member) {
     member = value == yes;

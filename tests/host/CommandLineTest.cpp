@@ -208,6 +208,8 @@ TEST(CommandLine, SaysExactlyWhatItRefuses) {
               "The option --rule needs a value: --rule ID. See: kvexrules help edit");
     EXPECT_EQ(refusal({"show", "1", "--format="}),
               "The option --format needs a value: --format text|ansi|html. See: kvexrules help");
+    EXPECT_EQ(refusal({"list", "--format="}),
+              "The option --format needs a value: --format text|json. See: kvexrules help");
     EXPECT_EQ(refusal({"show", "--log", "--", "--format="}),
               "The option --format needs a value: --format text|ansi|html. See: kvexrules help");
     EXPECT_EQ(refusal({"show", "--all="}), "The option --all takes no value. See: kvexrules help");

@@ -233,9 +233,9 @@ TEST_F(Commands, ListIsInPriorityOrderWithoutRemovedRules) {
     run(u"UPDATE SMS_RULES SET PRIORITY = 1 WHERE ID IN (3, 4)");
     run(u"UPDATE SMS_RULES SET PRIORITY = 1, Name = NULL, ACTIVE = 2 WHERE ID = 2");
     run(u"UPDATE SMS_RULES SET DELETED = 1 WHERE ID > 5");
-    EXPECT_EQ(done({"list"}), "1  on   1  Not stopped in March\n2  off  2  \n"
-                              "3  on   3  दिल्ली के संदेश\n4  on   4  Strangers\n"
-                              "5  off  5  Advertisements\n");
+    EXPECT_EQ(done({"list"}), "1  on   1  stops  Not stopped in March\n2  off  2  -      \n"
+                              "3  on   3  -      दिल्ली के संदेश\n4  on   4  -      Strangers\n"
+                              "5  off  5  stops  Advertisements\n");
 }
 
 TEST_F(Commands, ShowPrintsTheRulesAskedFor) {

@@ -100,7 +100,7 @@ TEST_F(Contacts, CannotBeImportedFromAFileThatHoldsNone) {
 
 TEST_F(Contacts, CannotBeImportedFromAnEndlessOrEmptyFile) {
     EXPECT_EQ(failed(2, {"contacts", "import", "/dev/zero"}),
-              "kvexrules: /dev/zero is longer than 256 MiB. Name a file of contacts, or split it "
+              "kvexrules: /dev/zero is longer than 256 MiB. Name a vCard or CSV file, or split it "
               "into several files.\n");
     EXPECT_EQ(failed(2, {"contacts", "import", "/dev/null"}),
               "kvexrules: /dev/null is empty. Name a vCard or CSV file.\n");

@@ -16,6 +16,11 @@ void KvexrulesTest::killed(const std::vector<std::string> &arguments,
     runAndKill(program, arguments, environment, folder.path(), after);
 }
 
+Outcome KvexrulesTest::atTerminalAnswering(const std::vector<std::string> &arguments,
+                                           const std::function<std::string()> &answer) const {
+    return runAtTerminal(program, arguments, environment, folder.path(), answer);
+}
+
 std::string KvexrulesTest::done(const std::vector<std::string> &arguments) const {
     Outcome outcome = kvexrules(arguments);
     EXPECT_EQ(outcome.status, 0) << outcome.errors;

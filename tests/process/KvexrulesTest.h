@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -25,6 +26,9 @@ protected:
     /// Runs it on its own terminal, where the user types `typed`.
     Outcome atTerminal(const std::vector<std::string> &arguments,
                        const std::string &typed = {}) const;
+    /// Runs it on its own terminal. After its question, the user types what `answer` returns.
+    Outcome atTerminalAnswering(const std::vector<std::string> &arguments,
+                                const std::function<std::string()> &answer) const;
     /// Starts it and kills it after this time, unless it has ended.
     void killed(const std::vector<std::string> &arguments, std::chrono::microseconds after) const;
     /// Runs it, expects success and no messages, and returns the output.

@@ -147,10 +147,27 @@ void runAndKill(const std::filesystem::path &program, const std::vector<std::str
     }
 }
 
-Outcome runAtTerminal(const std::filesystem::path &program,
-                      const std::vector<std::string> &arguments,
-                      const std::map<std::string, std::string> &environment,
-                      const std::filesystem::path &folder, const std::string &typed) {
+namespace {
+
+void type(const test::Terminal &terminal, const std::string &typed) {
+    if (write(terminal.master, typed.data(), typed.size()) < 0) {
+        throw std::runtime_error("cannot type into the terminal");
+    }
+}
+
+/// Reads up to the question, or up to the end of a program that does not ask.
+void awaitQuestion(const test::Terminal &terminal, std::string &output) {
+    char character = 0;
+    while (!output.ends_with("[y/N] ") && read(terminal.master, &character, 1) == 1) {
+        output += character;
+    }
+}
+
+/// Calls `use` with the terminal and the outcome while the program runs.
+template <class Use>
+Outcome onTerminal(const std::filesystem::path &program, const std::vector<std::string> &arguments,
+                   const std::map<std::string, std::string> &environment,
+                   const std::filesystem::path &folder, const Use &use) {
     test::Terminal terminal;
     const pid_t child = start(program, arguments, environment, folder, [&] {
         for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
@@ -159,13 +176,34 @@ Outcome runAtTerminal(const std::filesystem::path &program,
     });
     close(std::exchange(terminal.program, -1));
     Outcome outcome;
-    if (write(terminal.master, typed.data(), typed.size()) < 0) {
-        throw std::runtime_error("cannot type into the terminal");
-    }
+    use(terminal, outcome);
     // At its end, read() fails: no process holds the terminal's other side any more.
     collect(terminal.master, -1, outcome);
     waitFor(child, program, outcome);
     return outcome;
+}
+
+} // namespace
+
+Outcome runAtTerminal(const std::filesystem::path &program,
+                      const std::vector<std::string> &arguments,
+                      const std::map<std::string, std::string> &environment,
+                      const std::filesystem::path &folder, const std::string &typed) {
+    return onTerminal(
+        program, arguments, environment, folder,
+        [&](const test::Terminal &terminal, Outcome & /*outcome*/) { type(terminal, typed); });
+}
+
+Outcome runAtTerminal(const std::filesystem::path &program,
+                      const std::vector<std::string> &arguments,
+                      const std::map<std::string, std::string> &environment,
+                      const std::filesystem::path &folder,
+                      const std::function<std::string()> &answer) {
+    return onTerminal(program, arguments, environment, folder,
+                      [&](const test::Terminal &terminal, Outcome &outcome) {
+                          awaitQuestion(terminal, outcome.output);
+                          type(terminal, answer());
+                      });
 }
 
 } // namespace kvex::process

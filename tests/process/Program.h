@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -37,5 +38,11 @@ void runAndKill(const std::filesystem::path &program, const std::vector<std::str
                                     const std::map<std::string, std::string> &environment,
                                     const std::filesystem::path &folder,
                                     const std::string &typed = {});
+/// The same, but the user waits for a question, "... [y/N] ", and then types what `answer` returns.
+[[nodiscard]] Outcome runAtTerminal(const std::filesystem::path &program,
+                                    const std::vector<std::string> &arguments,
+                                    const std::map<std::string, std::string> &environment,
+                                    const std::filesystem::path &folder,
+                                    const std::function<std::string()> &answer);
 
 } // namespace kvex::process

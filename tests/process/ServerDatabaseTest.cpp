@@ -73,6 +73,10 @@ TEST_P(ServerDatabase, HoldsTheSampleThatAFileHolds) {
     EXPECT_EQ(done({"list"}), done({"list", "--database", file}));
     EXPECT_EQ(done({"show", "--all"}), done({"show", "--all", "--database", file}));
     EXPECT_EQ(done({"contacts", "list"}), done({"contacts", "list", "--database", file}));
+    const std::vector<std::string> tried{"try",    "--from", "1",          "--account", "4",
+                                         "--text", "help",   "--database", file};
+    EXPECT_THAT(done(tried), HasSubstr("rule 4 \"Strangers\": applies"));
+    EXPECT_EQ(done({tried.begin(), tried.end() - 2}), done(tried));
 }
 
 TEST_P(ServerDatabase, IsCheckedAsAFileIs) {
@@ -164,6 +168,36 @@ TEST_P(ServerDatabase, RefusesAWrongPasswordWithoutShowingIt) {
     }
 }
 
+TEST_P(ServerDatabase, GivesBackTheRulesOfAnExport) {
+    done({"init", "--sample"});
+    server().run(name, "INSERT INTO SMS_RULES (Name, QueryParam, ActionParam, PRIORITY, ACTIVE) "
+                       "VALUES ('Unclosed', '<PEOPLE>98', '<DIST>99</DIST>', 8, 0), "
+                       "(NULL, NULL, NULL, 9, 1)");
+    const std::string before = done({"export"});
+    const std::string file = database.string();
+    done({"init", "--sample", "--database", file});
+    writeFile(folder / "rules.json", before);
+    done({"import", "rules.json", "--database", file});
+    EXPECT_EQ(done({"export", "--database", file}), before);
+    server().run(name, "DELETE FROM SMS_RULES");
+    EXPECT_THAT(done({"import", "rules.json"}),
+                HasSubstr("9 rules added, 0 changed, 0 removed, 0 unchanged.\n"));
+    EXPECT_EQ(done({"export"}), before);
+}
+
+TEST_P(ServerDatabase, ImportsAllOrNothing) {
+    done({"init", "--sample"});
+    const std::string before = done({"export"});
+    std::string changed = before;
+    changed.replace(changed.find("Everything to the system"), 10, std::string(300, 'n'));
+    changed.replace(changed.find("\"active\": false"), 15, "\"active\": true");
+    writeFile(folder / "rules.json", changed);
+    const Outcome outcome = kvexrules({"import", "rules.json", "--replace"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.errors, HasSubstr("The new record was not stored"));
+    EXPECT_EQ(done({"export"}), before);
+}
+
 TEST_P(ServerDatabase, CanBeEditedByAUserWithFewRights) {
     done({"init", "--sample"});
     const std::string list = done({"list"});
@@ -177,6 +211,9 @@ TEST_P(ServerDatabase, CanBeEditedByAUserWithFewRights) {
     become("editor", "ed1t");
     EXPECT_EQ(done({"list"}), list);
     EXPECT_EQ(done({"show", "--all"}), shown);
+    done({"export", "7", "--file", "rules.json"});
+    done({"import", "rules.json", "--replace"});
+    EXPECT_EQ(done({"list"}), "1  on   7  Everything to the system\n");
     EXPECT_THAT(failed(1, {"init"}), HasSubstr("has its tables already"));
 }
 

@@ -60,7 +60,7 @@ class Place:
                                 capture_output=True, text=True)
         if listed.returncode != 0:
             return f"kvexrules list ended with {listed.returncode}: {listed.stderr}"
-        names = [line.split(maxsplit=3)[3] for line in listed.stdout.splitlines()]
+        names = [line.split(maxsplit=4)[4] for line in listed.stdout.splitlines()]
         priorities = {rule.name: rule.priority for rule in self.rules().values()}
         if [priorities.get(name) for name in names] != sorted(priorities.values()):
             return "kvexrules list does not list what is stored, in its order"
