@@ -20,8 +20,7 @@ ListConditions::Entry ListConditions::entryOf(const std::u16string &key) {
 void ListConditions::add(std::size_t rule, bool negated, bool all,
                          std::vector<std::u16string> keys) {
     std::ranges::sort(keys);
-    const auto again = std::ranges::unique(keys);
-    keys.erase(again.begin(), again.end());
+    keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
     for (const std::u16string &key : keys) {
         if (!key.empty()) {
             rulesOf_[entryOf(key)].push_back(static_cast<std::uint32_t>(rule));

@@ -31,6 +31,7 @@ protected:
         return {{id, u"Rule " + id, true, id, queryParam, actionParam},
                 strings_.read(queryParam, actionParam)};
     }
+    [[nodiscard]] const host::RuleStrings &strings() const { return strings_; }
     /// Why the rule does not apply to the message; "" when it does.
     std::string refusal(const std::u16string &queryParam, const Message &message) const {
         host::Matcher matcher({rule(queryParam)});
