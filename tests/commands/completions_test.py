@@ -17,8 +17,9 @@ from pathlib import Path
 
 PAGES = Path(os.environ["PAGES"])
 PATIENCE = 60  # the limit in seconds for a line that should come within one
-FIRST_WORDS = ["contacts", "edit", "help", "init", "list", "register", "show", "unregister",
-               "version"]
+FIRST_WORDS = ["accounts", "backup", "check", "contacts", "copy", "disable", "edit", "enable",
+               "export", "help", "import", "init", "list", "move", "register", "remove", "rename",
+               "restore", "show", "try", "unregister", "upgrade", "users", "version"]
 INSERT_ALL = "\x07"
 READY = "ready-for-the-next-line"
 
@@ -77,7 +78,7 @@ class Shell(unittest.TestCase):
     def check_commands(self):
         self.expect({
             "kvexrules ": FIRST_WORDS,
-            "kvexrules re": ["register"],
+            "kvexrules reg": ["register"],
             "kvexrules contacts ": ["export", "import", "list", "remove"],
             "kvexrules --database a.db contacts --user 3 i": ["import"],
             "kvexrules help ": FIRST_WORDS,
