@@ -213,7 +213,7 @@ TEST_P(ServerDatabase, CanBeEditedByAUserWithFewRights) {
     EXPECT_EQ(done({"show", "--all"}), shown);
     done({"export", "7", "--file", "rules.json"});
     done({"import", "rules.json", "--replace"});
-    EXPECT_EQ(done({"list"}), "1  on   7  Everything to the system\n");
+    EXPECT_EQ(done({"list"}), "1  on   7  -      Everything to the system\n");
     EXPECT_THAT(failed(1, {"init"}), HasSubstr("has its tables already"));
 }
 
