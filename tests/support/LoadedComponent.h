@@ -1,13 +1,13 @@
 // The component as a host loads it from its file, for calls that need no session.
 #pragma once
 
-#include "adapters/classserver/server/ServerObject.h"
-#include "kvex/ClassServer.h"
+#include "kvex/ComObject.h"
+#include "kvex/ComPointer.h"
 #include "kvex/HostSuite.h"
 #include "kvex/RuleStrings.h"
 #include "kvex/RuleUI.h"
 
-#include <gtest/gtest.h>
+#include <cstdint>
 
 namespace kvex::test {
 
@@ -29,20 +29,11 @@ private:
     ~UselessUtility() override = default;
 };
 
-/// An object of the class RuleUI from the file KVEX_COMPONENT, which the test program defines.
+/// An object of the class RuleUI, with a useless utility object.
 class LoadedComponent {
 public:
-    LoadedComponent() {
-        const auto factory = makeComObject<ClassFactory>(
-            []() -> ComPointer<IUnknown> { return makeComObject<UselessUtility>(); });
-        EXPECT_EQ(CoRegisterClassObject(CLSID_Utility, factory.get(), &registration_), S_OK);
-        EXPECT_EQ(CoLoadServer(KVEX_COMPONENT, CLSID_RuleUI), S_OK) << CoLoadErrorText();
-        EXPECT_EQ(createInstance(CLSID_RuleUI, object_), S_OK);
-    }
-    ~LoadedComponent() {
-        object_.reset();
-        CoRevokeClassObject(registration_);
-    }
+    LoadedComponent();
+    ~LoadedComponent();
     LoadedComponent(const LoadedComponent &) = delete;
     LoadedComponent &operator=(const LoadedComponent &) = delete;
 
