@@ -79,7 +79,7 @@ ComPointer<IRuleUI> createRuleUI() {
 
 RuleStrings createRuleStrings() {
     const ServedObject utility(CLSID_Utility, *makeComObject<TerminalUtility>());
-    return RuleStrings(*createRuleUI().get());
+    return RuleStrings(*createRuleUI());
 }
 
 } // namespace kvex::host
