@@ -1,11 +1,9 @@
 // A check of any rules ends, its report can be read, and what it says about rules that never run
 // holds.
-#include "component/RuleStrings.h"
-
+#include "fuzz/ComponentStrings.h"
 #include "fuzz/Input.h"
 #include "fuzz/Property.h"
 #include "host/check/CheckReport.h"
-#include "kvex/ComObject.h"
 #include "platform/Text.h"
 #include "tests/check/ReferenceMatch.h"
 
@@ -21,28 +19,6 @@ using host::CheckReport;
 using host::RuleValues;
 using test::matches;
 using test::ReferenceMessage;
-
-/// The component's functions for strings, without the rest of the component.
-class Strings final : public ComObject<IRuleStrings> {
-public:
-    HRESULT Read(BSTR queryParam, BSTR actionParam, IRuleFieldSink *sink) noexcept override {
-        return rule_strings::read(queryParam, actionParam, sink);
-    }
-    HRESULT Write(const RuleField *fields, ULONG count, BSTR *queryParam,
-                  BSTR *actionParam) noexcept override {
-        return rule_strings::write(fields, count, queryParam, actionParam);
-    }
-    HRESULT Check(BSTR name, VARIANT_BOOL nameIsTaken, const RuleField *fields, ULONG count,
-                  BSTR *message) noexcept override {
-        return rule_strings::check(name, nameIsTaken, fields, count, message);
-    }
-    HRESULT GetNameKeys(BSTR name, BSTR *typed, BSTR *stored) noexcept override {
-        return rule_strings::getNameKeys(name, typed, stored);
-    }
-
-private:
-    ~Strings() override = default;
-};
 
 host::StoredRows rowsOf(Input &input) {
     host::StoredRows rows{{}, {}, {{u"1", u"Anna"}}, {}, {u"2"}, {u"4"}};
@@ -144,7 +120,7 @@ void requireReadable(const CheckReport &report) {
 }
 
 void check(Input input) {
-    const auto component = makeComObject<Strings>();
+    const auto component = makeComObject<ComponentStrings>();
     const host::RuleStrings strings(*component);
     const host::Rulebook book(rowsOf(input), strings, u"20240315 12:00:00");
     std::vector<std::size_t> places(book.rules().size());

@@ -1,11 +1,10 @@
 // Documents of any bytes are read without a crash. A refusal names a line. What an import would
 // store comes back from an export, and the second import of a document changes nothing.
-#include "component/RuleStrings.h"
+#include "fuzz/ComponentStrings.h"
 #include "fuzz/Input.h"
 #include "fuzz/Property.h"
 #include "host/transfer/ImportCheck.h"
 #include "host/transfer/RuleExport.h"
-#include "kvex/ComObject.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -13,30 +12,8 @@
 namespace kvex::fuzz {
 namespace {
 
-/// The component's functions without its library.
-class Strings final : public ComObject<IRuleStrings> {
-public:
-    HRESULT Read(BSTR queryParam, BSTR actionParam, IRuleFieldSink *sink) noexcept final {
-        return rule_strings::read(queryParam, actionParam, sink);
-    }
-    HRESULT Write(const RuleField *fields, ULONG count, BSTR *queryParam,
-                  BSTR *actionParam) noexcept final {
-        return rule_strings::write(fields, count, queryParam, actionParam);
-    }
-    HRESULT Check(BSTR name, VARIANT_BOOL nameIsTaken, const RuleField *fields, ULONG count,
-                  BSTR *message) noexcept final {
-        return rule_strings::check(name, nameIsTaken, fields, count, message);
-    }
-    HRESULT GetNameKeys(BSTR name, BSTR *typed, BSTR *stored) noexcept final {
-        return rule_strings::getNameKeys(name, typed, stored);
-    }
-
-private:
-    ~Strings() final = default;
-};
-
 const host::RuleStrings &ruleStrings() {
-    static const host::RuleStrings strings(*makeComObject<Strings>());
+    static const host::RuleStrings strings(*makeComObject<ComponentStrings>());
     return strings;
 }
 

@@ -3,13 +3,11 @@
 //
 // The first byte chooses how many rules there are. Each one is a text for QueryParam and one for
 // ActionParam. The rest are the lines of a file of messages.
-#include "component/RuleStrings.h"
-
+#include "fuzz/ComponentStrings.h"
 #include "fuzz/Input.h"
 #include "fuzz/Property.h"
 #include "host/matching/MessageLines.h"
 #include "host/matching/PlayReport.h"
-#include "kvex/ComObject.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -22,30 +20,8 @@ using host::Matcher;
 using host::Message;
 using host::PlayedRule;
 
-/// The component's functions for strings, without the rest of the component.
-class Strings final : public ComObject<IRuleStrings> {
-public:
-    HRESULT Read(BSTR queryParam, BSTR actionParam, IRuleFieldSink *sink) noexcept override {
-        return rule_strings::read(queryParam, actionParam, sink);
-    }
-    HRESULT Write(const RuleField *fields, ULONG count, BSTR *queryParam,
-                  BSTR *actionParam) noexcept override {
-        return rule_strings::write(fields, count, queryParam, actionParam);
-    }
-    HRESULT Check(BSTR name, VARIANT_BOOL nameIsTaken, const RuleField *fields, ULONG count,
-                  BSTR *message) noexcept override {
-        return rule_strings::check(name, nameIsTaken, fields, count, message);
-    }
-    HRESULT GetNameKeys(BSTR name, BSTR *typed, BSTR *stored) noexcept override {
-        return rule_strings::getNameKeys(name, typed, stored);
-    }
-
-private:
-    ~Strings() override = default;
-};
-
 std::vector<PlayedRule> rulesOf(Input &input) {
-    const ComPointer<Strings> component = makeComObject<Strings>();
+    const ComPointer<ComponentStrings> component = makeComObject<ComponentStrings>();
     const host::RuleStrings strings(*component);
     std::vector<PlayedRule> rules(input.below(8));
     for (PlayedRule &rule : rules) {
