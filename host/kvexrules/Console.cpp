@@ -150,4 +150,16 @@ std::optional<bool> askAtTerminal(std::string_view question) {
     return isYes(answer);
 }
 
+void requireConsent(std::string_view question, std::string_view verb) {
+    const std::optional<bool> answer = askAtTerminal(question);
+    if (!answer) {
+        throw Failure("Nobody can be asked here, so nothing was changed. To " + std::string(verb) +
+                          " without a question, add --yes.",
+                      exit_status::refused);
+    }
+    if (!*answer) {
+        throw Failure("Nothing was changed.", exit_status::refused);
+    }
+}
+
 } // namespace kvex::host

@@ -69,6 +69,10 @@ private:
 /// in any case, and nothing unless both streams are a terminal.
 [[nodiscard]] std::optional<bool> askAtTerminal(std::string_view question);
 
+/// Asks as askAtTerminal does before a command changes something. Raises a Failure with the status
+/// `refused` unless the answer is yes. `verb` names the command, which has the option --yes.
+void requireConsent(std::string_view question, std::string_view verb);
+
 /// Writes all of `text` to an open descriptor. Returns 0 or the system's error number.
 [[nodiscard]] int writeAll(int descriptor, std::string_view text);
 

@@ -13,19 +13,10 @@ namespace {
 
 constexpr Option yesOption{.name = "--yes", .value = "", .help = "do not ask"};
 
-void requireConsent(const std::vector<std::string> &rules) {
+std::string question(const std::vector<std::string> &rules) {
     const std::vector<std::string_view> names(rules.begin(), rules.end());
-    const std::optional<bool> answer =
-        askAtTerminal((rules.size() == 1 ? "Remove the rule " : "Remove the rules ") +
-                      joined(names, "and") + "?");
-    if (!answer) {
-        throw Failure("Nobody can be asked here, so nothing was changed. To remove without a "
-                      "question, add --yes.",
-                      exit_status::refused);
-    }
-    if (!*answer) {
-        throw Failure("Nothing was changed.", exit_status::refused);
-    }
+    return (rules.size() == 1 ? "Remove the rule " : "Remove the rules ") + joined(names, "and") +
+           "?";
 }
 
 int remove(const Request &request) {
@@ -40,7 +31,7 @@ int remove(const Request &request) {
         }
     }
     if (!change.isDryRun() && !request.has(yesOption)) {
-        requireConsent(named);
+        requireConsent(question(named), "remove");
     }
     Rules wanted = without(change.rules(), ids);
     change.store(wanted, Keep::backup);

@@ -14,26 +14,14 @@ namespace {
 
 constexpr Option yesOption{.name = "--yes", .value = "", .help = "restore without asking"};
 
-void requireConsent(const std::string &file, const Settings &settings) {
-    const std::optional<bool> answer =
-        askAtTerminal("Restore the tables from " + file + "? " + settings.databaseOrigin +
-                      " A backup of what they hold now is made first.");
-    if (!answer) {
-        throw Failure("restore changes the tables, and nobody can be asked here. Nothing was "
-                      "changed. To restore without a question, add --yes.",
-                      exit_status::refused);
-    }
-    if (!*answer) {
-        throw Failure("Nothing was changed.", exit_status::refused);
-    }
-}
-
 int runRestore(const Request &request) {
     const std::string &file = request.words.front();
     const Settings settings = settingsFor(request);
     const auto connection = openOrFail(settings);
     if (!request.has(yesOption)) {
-        requireConsent(file, settings);
+        requireConsent("Restore the tables from " + file + "? " + settings.databaseOrigin +
+                           " A backup of what they hold now is made first.",
+                       "restore");
     }
     std::filesystem::path kept;
     const std::vector<RestoredTable> tables = doOrFail(settings, [&] {

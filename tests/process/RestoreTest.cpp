@@ -87,7 +87,9 @@ TEST_P(Restore, AsksAtATerminalAndChangesNothingWithoutAYes) {
     backUp();
     change();
     const std::vector<std::string> changed = content();
-    EXPECT_THAT(failed(1, {"restore", backup.string()}), HasSubstr("add --yes"));
+    EXPECT_THAT(failed(1, {"restore", backup.string()}),
+                HasSubstr("Nobody can be asked here, so nothing was changed. To restore "
+                          "without a question, add --yes."));
     EXPECT_EQ(atTerminal({"restore", backup.string()}, "n\n").status, 1);
     EXPECT_EQ(content(), changed);
     EXPECT_TRUE(keptBackups().empty());
