@@ -6,9 +6,6 @@
 #include "host/kvexrules/Failure.h"
 #include "host/kvexrules/RuleList.h"
 #include "host/kvexrules/Settings.h"
-#include "host/kvexrules/TerminalUtility.h"
-#include "kvex/HostSuite.h"
-#include "kvex/ServedObject.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -85,8 +82,7 @@ std::vector<std::size_t> placesOf(const Request &request, const Rulebook &book, 
 int check(const Request &request) {
     const Settings settings = settingsFor(request);
     StoredRows rows = rowsOf(settings);
-    const ServedObject utility{CLSID_Utility, *makeComObject<TerminalUtility>()};
-    const RuleStrings strings(*createRuleUI());
+    const RuleStrings strings = createRuleStrings();
     const Rulebook book(std::move(rows), strings, now());
     int status = exit_status::done;
     const std::vector<std::size_t> places = placesOf(request, book, status);

@@ -3,9 +3,9 @@
 #include "host/kvexrules/Console.h"
 #include "host/kvexrules/Database.h"
 #include "host/kvexrules/Failure.h"
-#include "host/kvexrules/KeptCopy.h"
 #include "host/kvexrules/Settings.h"
 #include "host/kvexrules/UserFiles.h"
+#include "host/suite/Backup.h"
 #include "host/transfer/ImportCheck.h"
 #include "host/transfer/RuleExport.h"
 #include "host/transfer/RuleImport.h"
@@ -97,9 +97,7 @@ int importRules(const Request &request) {
             return exit_status::done;
         }
         if (effect.replacesStored()) {
-            const auto copy =
-                keepCopy(exportDocument(tables.rules, tables.users, tables.accounts, strings));
-            report("The rules as they were are kept in " + copy.string() + ".");
+            report("kept: " + keepBackup(*connection, "import").string());
         }
         if (effect.writes) {
             try {
@@ -136,8 +134,8 @@ stores all of it or nothing. "-" means standard input.
 
 A rule takes the place of the stored rule with the same name, and any other rule is
 added. Stored rules that the document does not have stay, unless you give --replace. The
-rules of the document get its order. Before a stored rule changes, the command keeps a
-copy of all rules in the state folder, and names it.
+rules of the document get its order. Before a stored rule changes, the command makes a
+backup of the database, and prints its path.
 
 A rule needs its fields ("rule"), its two texts ("queryParam" and "actionParam"), or both
 if they say the same. A rule with its texts is stored exactly so, even if it cannot be

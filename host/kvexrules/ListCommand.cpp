@@ -4,9 +4,6 @@
 #include "host/kvexrules/ListedRules.h"
 #include "host/kvexrules/RuleList.h"
 #include "host/kvexrules/RuleReader.h"
-#include "host/kvexrules/TerminalUtility.h"
-#include "kvex/HostSuite.h"
-#include "kvex/ServedObject.h"
 #include "platform/Text.h"
 #include "platform/Unicode.h"
 
@@ -29,8 +26,7 @@ constexpr Option formatOption{
 /// Null without a component.
 std::optional<RuleStrings> componentsStrings() {
     try {
-        const ServedObject utility(CLSID_Utility, *makeComObject<TerminalUtility>());
-        return RuleStrings(*createRuleUI());
+        return createRuleStrings();
     } catch (const Failure &) {
         return std::nullopt;
     }

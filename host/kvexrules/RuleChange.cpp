@@ -6,10 +6,7 @@
 #include "host/kvexrules/Database.h"
 #include "host/kvexrules/Failure.h"
 #include "host/kvexrules/RuleList.h"
-#include "host/kvexrules/TerminalUtility.h"
 #include "host/suite/Backup.h"
-#include "kvex/HostSuite.h"
-#include "kvex/ServedObject.h"
 #include "platform/Text.h"
 #include "platform/VisibleText.h"
 
@@ -80,8 +77,7 @@ std::u16string RuleChange::name(const std::string &word, const StoredRule &rule,
         throw Failure("The name is no text in UTF-8. Nothing was changed.");
     }
     std::u16string name(trimmed(text));
-    const ServedObject utility(CLSID_Utility, *makeComObject<TerminalUtility>());
-    const RuleStrings strings(*createRuleUI());
+    const RuleStrings strings = createRuleStrings();
     if (const auto refusal = refusalOfName(strings, rules(), rule, name, naming)) {
         throw Failure(asSentence(toUtf8(*refusal)) + " Nothing was changed.", exit_status::refused);
     }

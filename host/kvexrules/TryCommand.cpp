@@ -4,13 +4,10 @@
 #include "host/kvexrules/Database.h"
 #include "host/kvexrules/Failure.h"
 #include "host/kvexrules/Settings.h"
-#include "host/kvexrules/TerminalUtility.h"
 #include "host/matching/MessageLines.h"
 #include "host/matching/Moment.h"
 #include "host/matching/PlayReport.h"
 #include "host/rules/RuleRows.h"
-#include "kvex/HostSuite.h"
-#include "kvex/ServedObject.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -84,8 +81,7 @@ std::vector<PlayedRule> enabledRules(const Settings &settings) {
         failFor(settings, error);
     }
     std::erase_if(rows, [](const StoredRule &row) { return !row.isActive; });
-    const ServedObject utility(CLSID_Utility, *makeComObject<TerminalUtility>());
-    const RuleStrings strings(*createRuleUI());
+    const RuleStrings strings = createRuleStrings();
     std::vector<PlayedRule> rules;
     for (StoredRule &row : rows) {
         RuleRead read = strings.read(row.queryParam, row.actionParam);

@@ -20,8 +20,8 @@ protected:
         writeFile(folder / "edited.json", text.replace(at, from.size(), to));
         return "edited.json";
     }
-    std::vector<std::filesystem::path> keptCopies() const {
-        const auto kept = folder / "home/.local/state/kvex/replaced";
+    std::vector<std::filesystem::path> keptBackups() const {
+        const auto kept = folder / "home/.local/state/kvex/backups";
         std::vector<std::filesystem::path> files;
         if (std::filesystem::exists(kept)) {
             for (const auto &entry : std::filesystem::directory_iterator(kept)) {
@@ -62,7 +62,7 @@ TEST_F(Transfer, ExportReplacesAnOlderExportButNoOtherFile) {
     EXPECT_EQ(readFile(folder / "mine"), "{}");
 }
 
-TEST_F(Transfer, ImportSaysWhatItChangesAndKeepsACopy) {
+TEST_F(Transfer, ImportSaysWhatItChangesAndKeepsABackup) {
     const std::string before = done({"export"});
     const std::string file = edited("\"active\": false", "\"active\": true");
     EXPECT_EQ(done({"import", file, "--dry-run"}),
@@ -70,24 +70,23 @@ TEST_F(Transfer, ImportSaysWhatItChangesAndKeepsACopy) {
               "Nothing was changed. An import would give this:\n"
               "0 rules added, 1 changed, 0 removed, 6 unchanged.\n");
     EXPECT_EQ(done({"export"}), before);
-    EXPECT_TRUE(keptCopies().empty());
+    EXPECT_TRUE(keptBackups().empty());
     const std::string output = done({"import", file});
-    ASSERT_EQ(keptCopies().size(), 1);
+    ASSERT_EQ(keptBackups().size(), 1);
     EXPECT_EQ(output, "change 5 \"Advertisements\": switched on\n"
-                      "The rules as they were are kept in " +
-                          keptCopies()[0].string() +
-                          ".\n0 rules added, 1 changed, 0 removed, 6 unchanged.\n");
-    EXPECT_EQ(readFile(keptCopies()[0]), before);
+                      "kept: " +
+                          keptBackups()[0].string() +
+                          "\n0 rules added, 1 changed, 0 removed, 6 unchanged.\n");
     EXPECT_EQ(done({"export"}), readFile(folder / file));
-    done({"import", keptCopies()[0].string(), "--replace"});
+    done({"restore", keptBackups()[0].string(), "--yes"});
     EXPECT_EQ(done({"export"}), before);
 }
 
-TEST_F(Transfer, ImportWithoutAChangeKeepsNoCopy) {
+TEST_F(Transfer, ImportWithoutAChangeKeepsNoBackup) {
     done({"export", "--file", "rules.json"});
     EXPECT_EQ(done({"import", "rules.json"}),
               "0 rules added, 0 changed, 0 removed, 7 unchanged.\n");
-    EXPECT_TRUE(keptCopies().empty());
+    EXPECT_TRUE(keptBackups().empty());
 }
 
 TEST_F(Transfer, ImportAddsRulesThatWereWrittenByHand) {
@@ -161,13 +160,14 @@ TEST_F(Transfer, ImportChangesNothingWhereTheDatabaseRefuses) {
     EXPECT_EQ(done({"export"}), before);
 }
 
-TEST_F(Transfer, ImportNeedsAPlaceForTheCopy) {
+TEST_F(Transfer, ImportNeedsAPlaceForTheBackup) {
     const std::string before = done({"export"});
     const std::string file = edited("\"active\": false", "\"active\": true");
     environment.erase("HOME");
     const Outcome outcome = kvexrules({"import", file});
     EXPECT_EQ(outcome.status, 2);
-    EXPECT_THAT(outcome.errors, HasSubstr("Nothing was changed. Set HOME or XDG_STATE_HOME."));
+    EXPECT_THAT(outcome.errors,
+                HasSubstr("There is no folder for a backup, because HOME is not set."));
     EXPECT_EQ(done({"export"}), before);
 }
 
