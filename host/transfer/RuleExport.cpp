@@ -110,9 +110,4 @@ std::string exportDocument(std::span<const RuleRow> rules, std::span<const Named
     return document.dump(2) + "\n";
 }
 
-std::string exportAll(Connection &connection, const RuleStrings &strings) {
-    const RuleTables tables = readRuleTables(connection);
-    return exportDocument(tables.rules, tables.users, tables.accounts, strings);
-}
-
 } // namespace kvex::host

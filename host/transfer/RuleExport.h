@@ -20,7 +20,4 @@ inline constexpr std::string_view exportStart = "{\n  \"format\": \"kvex-rules\"
                                          std::span<const AccountRow> accounts,
                                          const RuleStrings &strings);
 
-/// The document of every rule of the database. Fails as Recordset::open and RuleStrings do.
-[[nodiscard]] std::string exportAll(Connection &connection, const RuleStrings &strings);
-
 } // namespace kvex::host

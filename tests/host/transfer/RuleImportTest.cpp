@@ -17,7 +17,10 @@ protected:
         const RuleTables before = readRuleTables(*connection_);
         applyImport(*connection_, planImport(document, before.rules, mode), document, before);
     }
-    std::string exported() { return exportAll(*connection_, strings_); }
+    std::string exported() {
+        const RuleTables tables = readRuleTables(*connection_);
+        return exportDocument(tables.rules, tables.users, tables.accounts, strings_);
+    }
 
     test::TestDatabase database_;
     std::unique_ptr<recordset::ClientConnection> connection_ =
