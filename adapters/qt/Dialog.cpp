@@ -28,6 +28,11 @@ Dialog::Dialog(Window &owner) : owner_(owner) {
     connect(qApp, &QApplication::focusChanged, this, &Dialog::noteFocus);
 }
 
+/// The widgets in the window go after this, and the focus leaves them then.
+Dialog::~Dialog() {
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
 QSize Dialog::roomOnScreen() const {
     // The size of the frame is unknown before the window is shown, so this is an estimate.
     const int line = fontMetrics().height();

@@ -18,6 +18,9 @@ namespace kvex::qt {
 class Dialog final : public QDialog {
 public:
     explicit Dialog(Window &owner);
+    ~Dialog() override;
+    Dialog(const Dialog &) = delete;
+    Dialog &operator=(const Dialog &) = delete;
 
     /// The window that this dialog shows.
     [[nodiscard]] Window &owner() const { return owner_; }

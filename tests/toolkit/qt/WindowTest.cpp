@@ -4,12 +4,15 @@
 
 #include <QAccessible>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QTimer>
+
+#include <algorithm>
 
 namespace kvex::test {
 namespace {
@@ -372,6 +375,20 @@ TEST_F(QtWindowTest, AnOptionIsSelectedByArrowKeys) {
         EXPECT_TRUE(shown->get<OptionButton>(u"b").selected());
     });
     EXPECT_EQ(clicks, 1);
+}
+
+/// A sanitizer finds a call to a window of which only the widgets are left.
+TEST_F(QtWindowTest, MayGoWhileOneOfItsWidgetsHasTheFocus) {
+    auto going = window({{.kind = textBox, .name = u"txt"}});
+    const auto windows = QApplication::topLevelWidgets();
+    const auto dialog = std::ranges::find(windows, QStringLiteral("frmTest"), &QWidget::objectName);
+    ASSERT_NE(dialog, windows.end());
+    (*dialog)->show();
+    QApplication::setActiveWindow(*dialog);
+    (*dialog)->findChild<QLineEdit *>()->setFocus();
+    ASSERT_NE(QApplication::focusWidget(), nullptr);
+    going.reset();
+    EXPECT_EQ(QApplication::focusWidget(), nullptr);
 }
 
 } // namespace
