@@ -1,5 +1,6 @@
 #include "host/check/CheckReport.h"
 
+#include "host/check/StoredIds.h"
 #include "host/check/Wording.h"
 #include "platform/Text.h"
 
@@ -35,8 +36,7 @@ std::string textLine(const RuleText &ruleText) {
 using Json = nlohmann::ordered_json;
 
 Json jsonOf(const CheckedRule &rule) {
-    const Json id = isNumeric(rule.row.id) ? Json(toInt64(rule.row.id)) : Json();
-    return {{"id", id}, {"name", toUtf8(rule.row.name)}};
+    return {{"id", idJson(rule.row.id)}, {"name", toUtf8(rule.row.name)}};
 }
 
 Json jsonOf(const Finding &finding, const Rulebook &book) {

@@ -1,6 +1,7 @@
 #include "host/check/ReferenceFindings.h"
 
 #include "host/check/SentTexts.h"
+#include "host/check/StoredIds.h"
 #include "host/check/Wording.h"
 #include "platform/Text.h"
 

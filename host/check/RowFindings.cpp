@@ -1,6 +1,7 @@
 #include "host/check/RowFindings.h"
 
 #include "host/check/SentTexts.h"
+#include "host/check/StoredIds.h"
 #include "host/check/Tags.h"
 #include "host/check/Wording.h"
 #include "platform/Text.h"

@@ -1,7 +1,7 @@
 #include "host/check/Rulebook.h"
 
-#include "host/check/Tags.h"
-#include "host/check/Takers.h"
+#include "host/check/AppliedRules.h"
+#include "host/check/StoredIds.h"
 #include "host/suite/Databases.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
@@ -72,43 +72,14 @@ std::vector<std::optional<std::size_t>> sameNamesAmong(const std::vector<Checked
 }
 
 std::vector<std::optional<std::size_t>> takersAmong(const std::vector<CheckedRule> &rules) {
-    Vocabulary vocabulary;
-    std::vector<AppliedRule> applied;
-    std::vector<std::size_t> places;
+    AppliedRules applied;
     for (const CheckedRule &rule : rules) {
-        const auto priority = idOf(rule.row.priority);
-        if (!rule.row.isActive || !priority) {
-            continue;
-        }
-        const RuleValues &values = rule.read.values;
-        Conditions conditions = conditionsOf(values, vocabulary);
-        conditions.areCertain = conditions.areCertain && hasSoundConditions(rule);
-        applied.push_back({*priority, std::move(conditions), values.ignoreFurtherRules == u"YES",
-                           values.deleteIt == u"YES", !rule.read.end});
-        places.push_back(rule.place);
+        applied.add(rule.place, rule);
     }
-    std::vector<std::optional<std::size_t>> takers(rules.size());
-    const auto found = takersOf(applied);
-    for (std::size_t i = 0; i < found.size(); ++i) {
-        if (found[i]) {
-            takers[places[i]] = places[*found[i]];
-        }
-    }
-    return takers;
+    return applied.takers(rules.size());
 }
 
 } // namespace
-
-std::optional<std::int32_t> idOf(std::u16string_view text) {
-    if (!isNumeric(text)) {
-        return std::nullopt;
-    }
-    try {
-        return toInt32(text);
-    } catch (const Error &) {
-        return std::nullopt;
-    }
-}
 
 StoredRows readStoredRows(Connection &connection) {
     return {readRules(connection),
@@ -130,7 +101,7 @@ Rulebook::Rulebook(StoredRows rows, const RuleStrings &strings, std::u16string n
         RuleWritten written = strings.write(read.values);
         const bool isIncomplete = incomplete.contains(row.id);
         rules_.push_back(
-            {rules_.size(), std::move(row), isIncomplete, std::move(read), std::move(written)});
+            {{std::move(row), std::move(read), std::move(written)}, rules_.size(), isIncomplete});
     }
     sameNames_ = sameNamesAmong(rules_, strings);
     takers_ = takersAmong(rules_);

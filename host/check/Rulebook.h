@@ -1,7 +1,7 @@
 // All rules of a database as a check sees them, with what their ids refer to.
 #pragma once
 
-#include "host/rules/Rule.h"
+#include "host/check/ReadRule.h"
 #include "host/rules/RuleRows.h"
 
 #include <cstdint>
@@ -29,15 +29,11 @@ struct StoredRows {
 /// Fails as the record set's open does.
 [[nodiscard]] StoredRows readStoredRows(Connection &connection);
 
-struct CheckedRule {
+struct CheckedRule : ReadRule {
     /// In Rulebook::rules().
     std::size_t place;
-    StoredRule row;
     /// True when Name or ACTIVE is Null.
     bool isIncomplete;
-    RuleRead read;
-    /// What the editor would store for the values that were read.
-    RuleWritten written;
 };
 
 /// What a stored id refers to.
@@ -73,9 +69,5 @@ private:
     std::vector<std::optional<std::size_t>> sameNames_;
     std::vector<std::optional<std::size_t>> takers_;
 };
-
-/// The number that the component makes of a stored id. Nothing when the text is no number, or none
-/// of 32 bits.
-[[nodiscard]] std::optional<std::int32_t> idOf(std::u16string_view text);
 
 } // namespace kvex::host

@@ -1,5 +1,6 @@
 #include "host/check/SentTexts.h"
 
+#include "host/check/StoredIds.h"
 #include "host/check/Wording.h"
 #include "platform/Text.h"
 

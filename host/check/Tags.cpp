@@ -45,7 +45,7 @@ std::u16string_view Tag::column() const {
     return isInActions ? u"ActionParam" : u"QueryParam";
 }
 
-const std::u16string &Tag::stored(const CheckedRule &rule) const {
+const std::u16string &Tag::stored(const ReadRule &rule) const {
     return isInActions ? rule.row.actionParam : rule.row.queryParam;
 }
 
@@ -53,7 +53,7 @@ std::span<const Tag> tags() {
     return allTags;
 }
 
-std::vector<const Tag *> repeatedTags(const CheckedRule &rule) {
+std::vector<const Tag *> repeatedTags(const ReadRule &rule) {
     std::vector<const Tag *> repeated;
     for (const Tag &tag : allTags) {
         const std::u16string opening = tag.opening();
@@ -66,7 +66,7 @@ std::vector<const Tag *> repeatedTags(const CheckedRule &rule) {
     return repeated;
 }
 
-std::vector<Misread> misreadModifiers(const CheckedRule &rule) {
+std::vector<Misread> misreadModifiers(const ReadRule &rule) {
     std::vector<Misread> misread;
     if (rule.read.end || rule.read.values.allMessages) {
         return misread;
@@ -83,7 +83,7 @@ std::vector<Misread> misreadModifiers(const CheckedRule &rule) {
     return misread;
 }
 
-bool hasSoundConditions(const CheckedRule &rule) {
+bool hasSoundConditions(const ReadRule &rule) {
     const auto isLost = [&](const Tag &tag) {
         return !tag.isInActions && !rule.read.values.allMessages &&
                rule.row.queryParam.find(tag.opening()) != npos &&

@@ -1,7 +1,7 @@
 // Looks at the tags in a rule's stored strings, beside what the component reads from them.
 #pragma once
 
-#include "host/check/Rulebook.h"
+#include "host/check/ReadRule.h"
 
 #include <span>
 #include <string>
@@ -22,7 +22,7 @@ struct Tag {
     /// "QueryParam" or "ActionParam".
     [[nodiscard]] std::u16string_view column() const;
     /// The string of the rule in which the tag may stand.
-    [[nodiscard]] const std::u16string &stored(const CheckedRule &rule) const;
+    [[nodiscard]] const std::u16string &stored(const ReadRule &rule) const;
 };
 
 inline constexpr std::u16string_view allMessagesTag = u"<ALLMESSAGES>";
@@ -31,7 +31,7 @@ inline constexpr std::u16string_view allMessagesTag = u"<ALLMESSAGES>";
 [[nodiscard]] std::span<const Tag> tags();
 
 /// The opening tags that stand more than once in their string. Only the first of each is read.
-[[nodiscard]] std::vector<const Tag *> repeatedTags(const CheckedRule &rule);
+[[nodiscard]] std::vector<const Tag *> repeatedTags(const ReadRule &rule);
 
 /// Two modifiers that were read, with what stands in their place.
 struct Misread {
@@ -40,10 +40,10 @@ struct Misread {
     std::u16string_view read;
 };
 /// The lists that do not begin with the modifiers that the component reads there.
-[[nodiscard]] std::vector<Misread> misreadModifiers(const CheckedRule &rule);
+[[nodiscard]] std::vector<Misread> misreadModifiers(const ReadRule &rule);
 
 /// True when the conditions were read as they stand: whole, each tag once, with its modifiers and a
 /// value.
-[[nodiscard]] bool hasSoundConditions(const CheckedRule &rule);
+[[nodiscard]] bool hasSoundConditions(const ReadRule &rule);
 
 } // namespace kvex::host

@@ -32,25 +32,13 @@ std::optional<RuleStrings> componentsStrings() {
     }
 }
 
-/// Reads the rule only when it can stop: most rules cannot, and reading takes most of the time.
-std::optional<bool> stops(const StoredRule &rule, const std::optional<RuleStrings> &strings) {
-    if (rule.actionParam.find(u"YES") == std::u16string::npos) {
-        return false;
-    }
-    if (!strings) {
-        return std::nullopt;
-    }
-    const RuleRead read = strings->read(rule.queryParam, rule.actionParam);
-    return read.end ? std::nullopt : std::optional(read.values.ignoreFurtherRules == u"YES");
-}
-
 std::vector<ListedRule> listed(std::vector<StoredRule> rules) {
     const std::optional<RuleStrings> strings = componentsStrings();
+    const std::vector<RuleMarks> marks = marksOf(rules, strings ? &*strings : nullptr);
     std::vector<ListedRule> list;
     list.reserve(rules.size());
     for (StoredRule &rule : rules) {
-        const std::optional<bool> itStops = stops(rule, strings);
-        list.push_back({list.size() + 1, std::move(rule), itStops});
+        list.push_back({list.size() + 1, std::move(rule), marks[list.size()]});
     }
     return list;
 }
@@ -114,9 +102,10 @@ constexpr Command listCommand{
     .options = options,
     .summary = "list the rules in the order in which they apply",
     .description = R"(Prints one line for each rule, in the order in which the rules apply. The
-columns are the position, "on" or "off", the id, "stops" or "-", and the name. A rule
-that stops lets no other rule follow. "?" stands there when the rule cannot be read
-completely, and without the rule component.
+columns are the position, "on" or "off", the id, a mark, and the name. The marks are:
+"never" for a rule that never runs, because an earlier rule takes all of its messages
+("kvexrules check" names that rule); "stops" for a rule that lets no other rule follow;
+"?" when the rule cannot be read completely, and without the rule component; else "-".
 
 Blanks separate the columns; the name is the rest of the line. Characters that could
 break the line appear as \n, \t, \\ or \u{HEX}. The format "json" has the same values.

@@ -1,10 +1,10 @@
 // The list of rules that an operator reads.
 #pragma once
 
+#include "host/check/RuleMarks.h"
 #include "host/rules/Rule.h"
 
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,13 +14,11 @@ struct ListedRule {
     /// 1 for the first rule of the database.
     std::size_t position;
     StoredRule rule;
-    /// True when no other rule follows a message to which this one applies. Nothing when it is not
-    /// known, because the rule cannot be read completely.
-    std::optional<bool> stops;
+    RuleMarks marks;
 };
 
-/// One line for each rule, in columns: position, "on" or "off", id, "stops" or "-", name. "?"
-/// stands for what is not known.
+/// One line for each rule, in columns: position, "on" or "off", id, a mark, name. The mark is
+/// "never" for a rule that is never reached, else "stops", "-", or "?" for what is not known.
 [[nodiscard]] std::string listText(const std::vector<ListedRule> &rules);
 
 /// A document with the same, in UTF-8. With `onlyAscii` it escapes all other characters, some of

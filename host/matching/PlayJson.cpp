@@ -1,5 +1,6 @@
 #include "host/matching/PlayReport.h"
 
+#include "host/check/StoredIds.h"
 #include "host/matching/Refusals.h"
 #include "platform/Text.h"
 
@@ -19,12 +20,8 @@ std::string written(const Json &document, bool onlyAscii) {
     return document.dump(2, ' ', onlyAscii) + "\n";
 }
 
-Json idOf(const std::u16string &id) {
-    return isNumeric(id) ? Json(toInt64(id)) : Json(toUtf8(id));
-}
-
 Json jsonOf(const PlayedRule &rule) {
-    return {{"id", idOf(rule.row.id)}, {"name", toUtf8(rule.row.name)}};
+    return {{"id", idJson(rule.row.id)}, {"name", toUtf8(rule.row.name)}};
 }
 
 Json jsonOf(const Entries &entries) {

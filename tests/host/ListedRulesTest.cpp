@@ -6,12 +6,12 @@ namespace kvex::host {
 namespace {
 
 ListedRule listed(const std::u16string &id, const std::u16string &name, bool isActive = true,
-                  std::optional<bool> stops = false) {
+                  RuleMarks marks = {false}) {
     StoredRule rule;
     rule.id = id;
     rule.name = name;
     rule.isActive = isActive;
-    return {1, rule, stops};
+    return {1, rule, marks};
 }
 
 TEST(ListedRules, OfNoRulesIsEmpty) {
@@ -19,14 +19,16 @@ TEST(ListedRules, OfNoRulesIsEmpty) {
 }
 
 TEST(ListedRules, HoldPositionStateIdMarkAndName) {
-    std::vector<ListedRule> rules{listed(u"7", u"Stop", true, true),
-                                  listed(u"3", u"Halt at night", false),
-                                  listed(u"4", u"Odd", true, std::nullopt)};
+    std::vector<ListedRule> rules{
+        listed(u"7", u"Stop", true, {true}), listed(u"3", u"Halt at night", false),
+        listed(u"4", u"Odd", true, {std::nullopt}), listed(u"5", u"Late", true, {true, true})};
     rules[1].position = 2;
     rules[2].position = 10;
+    rules[3].position = 11;
     EXPECT_EQ(listText(rules), " 1  on   7  stops  Stop\n"
                                " 2  off  3  -      Halt at night\n"
-                               "10  on   4  ?      Odd\n");
+                               "10  on   4  ?      Odd\n"
+                               "11  on   5  never  Late\n");
 }
 
 TEST(ListedRules, AlignNumbersToTheRight) {
@@ -53,9 +55,10 @@ TEST(ListedRules, AreUtf8) {
 
 TEST(ListedRules, OfADocumentHaveTheSameValues) {
     EXPECT_EQ(listJson({}), "{\n  \"rules\": []\n}\n");
-    EXPECT_EQ(listJson({listed(u"x", u"é", false, std::nullopt)}, true),
+    EXPECT_EQ(listJson({listed(u"x", u"é", false, {std::nullopt, true})}, true),
               "{\n  \"rules\": [\n    {\n      \"position\": 1,\n      \"id\": \"x\",\n"
-              "      \"name\": \"\\u00e9\",\n      \"active\": false,\n      \"stops\": null\n"
+              "      \"name\": \"\\u00e9\",\n      \"active\": false,\n      \"stops\": null,\n"
+              "      \"neverReached\": true\n"
               "    }\n  ]\n}\n");
 }
 

@@ -114,6 +114,33 @@ TEST_F(ListMark, IsAQuestionMarkWhenTheRuleCannotBeRead) {
     EXPECT_EQ(of("<IGNOREFURTHERRULES>YES</IGNOREFURTHERRULES>", "<WORD>"), "?    ");
 }
 
+TEST_F(List, MarksARuleOfWhichAnEarlierOneTakesAllMessages) {
+    const auto filled = [this](const std::string &id, const std::string &conditions,
+                               const std::string &actions) {
+        rule(id + ", 'rule " + id + "', " + id + ", 1, 0");
+        sqlite3(database, "UPDATE SMS_RULES SET QueryParam = '" + conditions +
+                              "', ActionParam = '" + actions + "' WHERE ID = " + id);
+    };
+    const std::string stop = "<DELETE>NO</DELETE><IGNOREFURTHERRULES>YES</IGNOREFURTHERRULES>";
+    const std::string word = "<IGNOREIFSERVICE>NO</IGNOREIFSERVICE><WORD><CON><ANY>";
+    filled("1", word + "a;b</WORD>", stop);
+    filled("2", word + "b</WORD>", stop);
+    filled("3", word + "c</WORD>", "");
+    filled("4", "<ALLMESSAGES>", "<DELETE>YES</DELETE>");
+    filled("5", word + "c</WORD>", "");
+    filled("6", word + "c</WORD>", "");
+    sqlite3(database, "UPDATE SMS_RULES SET ACTIVE = 0 WHERE ID = 6");
+    EXPECT_EQ(done({"list"}), "1  on   1  stops  rule 1\n"
+                              "2  on   2  never  rule 2\n"
+                              "3  on   3  -      rule 3\n"
+                              "4  on   4  -      rule 4\n"
+                              "5  on   5  never  rule 5\n"
+                              "6  off  6  -      rule 6\n");
+    sqlite3(database, "UPDATE SMS_RULES SET ACTIVE = 0 WHERE ID IN (1, 4)");
+    EXPECT_EQ(done({"list", "--grep", "rule 2"}), "2  on   2  stops  rule 2\n");
+    EXPECT_EQ(done({"list", "--grep", "rule 5"}), "5  on   5  -      rule 5\n");
+}
+
 class ListGrep : public KvexrulesTest {
 protected:
     void SetUp() override { done({"init", "--sample"}); }
@@ -170,14 +197,16 @@ TEST_F(List, IsAlsoADocument) {
       "id": 7,
       "name": "a \"quoted\" रात 🌙\n",
       "active": true,
-      "stops": false
+      "stops": false,
+      "neverReached": false
     },
     {
       "position": 2,
       "id": 12,
       "name": "",
       "active": false,
-      "stops": true
+      "stops": true,
+      "neverReached": false
     }
   ]
 }
