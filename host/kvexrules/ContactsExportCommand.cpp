@@ -32,7 +32,8 @@ int exportContacts(const Request &request) {
     if (file == "-") {
         print(printsToTerminal() ? toUtf8(harmlessLines(fromUtf8(text))) : text);
     } else {
-        writeOwnersFile(file, text, request.has(replaceOption));
+        writeOwnersFile(file, text,
+                        request.has(replaceOption) ? Existing::replace : Existing::refuse);
         report(counted(contacts.size(), "written."));
     }
     return exit_status::done;

@@ -73,7 +73,7 @@ int exportRules(const Request &request) {
                                         "another file.",
                       exit_status::refused);
     }
-    writeOwnersFile(file, document, true);
+    writeOwnersFile(file, document, Existing::replace);
     report(std::to_string(count) + (count == 1 ? " rule" : " rules") + " written.");
     return exit_status::done;
 }

@@ -1,6 +1,8 @@
 // Reads and writes the files that the user names; "-" is a standard stream.
 #pragma once
 
+#include "host/suite/NewFile.h"
+
 #include <string>
 #include <string_view>
 
@@ -13,9 +15,8 @@ namespace kvex::host {
 /// or is longer than 256 MiB. `wanted` says what to name instead: "a vCard or CSV file".
 [[nodiscard]] std::string contentOf(const std::string &file, std::string_view wanted);
 
-/// Writes the whole text or no file at all. Only the file's owner can use it. If the file exists
-/// and `replaces` is not set, raises a Failure with the status `refused`. Other Failures have
-/// `unusable`.
-void writeOwnersFile(const std::string &file, std::string_view text, bool replaces);
+/// Writes the whole text or no file at all. Only the file's owner can use it. Raises a Failure as
+/// NewFile fails: with the status `refused` when the file exists, else with `unusable`.
+void writeOwnersFile(const std::string &file, std::string_view text, Existing existing);
 
 } // namespace kvex::host

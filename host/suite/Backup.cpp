@@ -9,6 +9,7 @@
 #include "host/suite/UserFolders.h"
 #include "platform/Error.h"
 #include "platform/Text.h"
+#include "platform/VisibleText.h"
 
 #include <algorithm>
 #include <array>
@@ -131,10 +132,27 @@ std::string timeStamp() {
     return {text.data(), std::strftime(text.data(), text.size(), "%Y%m%d-%H%M%S", &utc)};
 }
 
+/// SQLite opens names in UTF-8, and takes the files beside a name for parts of its database.
+void requireFreeName(const std::filesystem::path &file) {
+    if (toUtf8(fromUtf8(file.native())) != file.native()) {
+        throw Error(error_number::badArgument,
+                    visible(fromUtf8(file.native())) + u" is no name in UTF-8. Name another file.");
+    }
+    for (const std::string_view ending : besideDatabase) {
+        if (std::filesystem::exists(file.native() + std::string(ending))) {
+            throw Error(error_number::badArgument,
+                        visible(fromUtf8(file.native())) +
+                            u" belongs to a database that is open, or was not closed. Name another "
+                            u"file.");
+        }
+    }
+}
+
 } // namespace
 
 void backUp(recordset::ClientConnection &connection, const std::filesystem::path &file,
             Existing existing) {
+    requireFreeName(file);
     NewFile made(file, existing);
     const std::shared_ptr<Driver> source = connection.driver().lock();
     if (!source->copyTo(made.path())) {

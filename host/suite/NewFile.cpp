@@ -4,7 +4,6 @@
 #include "platform/Text.h"
 #include "platform/VisibleText.h"
 
-#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -16,22 +15,18 @@
 namespace kvex::host {
 namespace {
 
-/// What SQLite adds to the name of a database for the files beside it.
-constexpr std::array<std::string_view, 3> besideDatabase{"-journal", "-wal", "-shm"};
-
-[[noreturn]] void refuse(const std::filesystem::path &file, std::u16string_view why) {
-    throw Error(error_number::badArgument,
-                visible(fromUtf8(file.native())) + u" " + std::u16string(why));
-}
-
 [[noreturn]] void failToWrite(const std::filesystem::path &file, int error) {
-    refuse(file, u"cannot be written (" + fromUtf8(std::strerror(error)) +
-                     u"). Name a file in a folder that you may write to, on a disk with free "
-                     u"space.");
+    throw Error(error_number::badArgument,
+                visible(fromUtf8(file.native())) + u" cannot be written (" +
+                    fromUtf8(std::strerror(error)) +
+                    u"). Name a file in a folder that you may write to, on a disk with free "
+                    u"space.");
 }
 
 [[noreturn]] void refuseExisting(const std::filesystem::path &file) {
-    refuse(file, u"already exists and was not changed. Name another file, or add --replace.");
+    throw Error(error_number::fileExists,
+                visible(fromUtf8(file.native())) +
+                    u" already exists and was not changed. Name another file, or add --replace.");
 }
 
 bool isThere(const std::string &path) {
@@ -69,16 +64,7 @@ int renamed(const std::string &from, const std::string &to, Existing existing) {
 } // namespace
 
 NewFile::NewFile(const std::filesystem::path &file, Existing existing)
-    : file_(std::filesystem::absolute(file)), existing_(existing) {
-    if (toUtf8(fromUtf8(file_.native())) != file_.native()) {
-        refuse(file_, u"is no name in UTF-8. Name another file.");
-    }
-    for (const std::string_view ending : besideDatabase) {
-        if (isThere(file_.native() + std::string(ending))) {
-            refuse(file_, u"belongs to a database that is open, or was not closed. Name another "
-                          u"file.");
-        }
-    }
+    : file_(file), existing_(existing) {
     if (existing == Existing::refuse && isThere(file_.native())) {
         refuseExisting(file_);
     }
@@ -99,6 +85,28 @@ NewFile::~NewFile() {
     }
 }
 
+void NewFile::write(std::string_view text) {
+    const int descriptor = ::open(made_.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC); // NOLINT
+    if (descriptor < 0) {
+        failToWrite(file_, errno);
+    }
+    int error = 0;
+    while (!text.empty() && error == 0) {
+        const ssize_t written = ::write(descriptor, text.data(), text.size());
+        if (written >= 0) {
+            text.remove_prefix(static_cast<std::size_t>(written));
+        } else if (errno != EINTR) {
+            error = errno;
+        }
+    }
+    if (::close(descriptor) != 0 && error == 0) {
+        error = errno;
+    }
+    if (error != 0) {
+        failToWrite(file_, error);
+    }
+}
+
 void NewFile::keep() {
     // A log that SQLite could not write back holds a part of the content.
     if (isThere(made_ + "-wal")) {
@@ -115,7 +123,8 @@ void NewFile::keep() {
     }
     made_.clear();
     // The file is there; only a loss of power could still undo its name.
-    static_cast<void>(synchronised(file_.parent_path().c_str(), O_RDONLY | O_DIRECTORY));
+    static_cast<void>(synchronised(std::filesystem::absolute(file_).parent_path().c_str(),
+                                   O_RDONLY | O_DIRECTORY));
 }
 
 } // namespace kvex::host

@@ -1,10 +1,20 @@
 // A new file that appears whole or not at all.
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <filesystem>
 #include <string>
+#include <string_view>
+
+namespace kvex::error_number {
+inline constexpr std::int32_t fileExists = 58;
+} // namespace kvex::error_number
 
 namespace kvex::host {
+
+/// What SQLite adds to the name of a database for the files beside it.
+inline constexpr std::array<std::string_view, 3> besideDatabase{"-journal", "-wal", "-shm"};
 
 enum class Existing { refuse, replace };
 
@@ -12,9 +22,8 @@ enum class Existing { refuse, replace };
 /// keeps it under its own name. The destructor removes it when it was not kept.
 class NewFile {
 public:
-    /// Fails with badArgument when the folder cannot be written, or the name is no UTF-8. Fails
-    /// with it too when SQLite's files of another database stand beside the name. So it does with
-    /// Existing::refuse when the file is there.
+    /// Fails with badArgument when the folder cannot be written. Fails with fileExists when the
+    /// file is there and must not be replaced.
     NewFile(const std::filesystem::path &file, Existing existing);
     ~NewFile();
     NewFile(const NewFile &) = delete;
@@ -22,8 +31,10 @@ public:
 
     /// The path of the file to fill.
     [[nodiscard]] const std::string &path() const noexcept { return made_; }
+    /// Adds the text at the end of the file. Fails with badArgument when that fails.
+    void write(std::string_view text);
     /// Gives the filled file its name once the disk has all of it. Nobody may have it open. Fails
-    /// with badArgument when that fails; nothing is there then, or the old file.
+    /// as the constructor does; nothing is there then, or the old file.
     void keep();
 
 private:

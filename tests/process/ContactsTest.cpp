@@ -226,11 +226,11 @@ TEST_F(Contacts, AreExportedIntoAFileForItsOwnerThatIsReplacedOnlyOnRequest) {
     EXPECT_EQ(static_cast<int>(std::filesystem::status(folder / "book.vcf").permissions()), 0600);
     EXPECT_EQ(failed(2, {"contacts", "export", "none/book.vcf"}),
               "kvexrules: none/book.vcf cannot be written (No such file or directory). Name a file "
-              "in a folder that you may write to.\n");
+              "in a folder that you may write to, on a disk with free space.\n");
     std::filesystem::create_directory(folder / "sub");
     EXPECT_EQ(failed(2, {"contacts", "export", "sub", "--replace"}),
               "kvexrules: sub cannot be written (Is a directory). Name a file in a folder that "
-              "you may write to.\n");
+              "you may write to, on a disk with free space.\n");
     std::size_t files = 0;
     for (const auto &entry : std::filesystem::directory_iterator(folder.path())) {
         files += entry.path().filename().string().starts_with("sub") ||
