@@ -20,6 +20,7 @@ int runBackup(const Request &request) {
     const Settings settings = settingsFor(request);
     const auto connection = openOrFail(settings);
     doOrFail(settings, [&] {
+        const Progress progress("Copying the tables");
         backUp(*connection, file,
                request.has(replaceOption) ? Existing::replace : Existing::refuse);
     });

@@ -47,8 +47,8 @@ void complainExactly(std::string_view text);
 /// that is a terminal and $TERM is not "dumb". Nothing of it is left at the end.
 class Progress {
 public:
-    /// `total` is the number of steps, or 0 when it is not known.
-    Progress(std::string_view what, std::size_t total);
+    /// `total` is the number of steps, or 0 when it is not known. Then it shows no percentage.
+    explicit Progress(std::string_view what, std::size_t total = 0);
     ~Progress();
     Progress(const Progress &) = delete;
     Progress &operator=(const Progress &) = delete;

@@ -101,7 +101,8 @@ int importRules(const Request &request) {
         }
         if (effect.writes) {
             try {
-                applyImport(*connection, plan, *document, tables);
+                Progress progress("Importing rules", plan.order.size());
+                applyImport(*connection, plan, *document, tables, [&] { progress.step(); });
             } catch (const Error &error) {
                 failFor(settings, error, exit_status::refused);
             }

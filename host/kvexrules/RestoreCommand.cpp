@@ -25,6 +25,7 @@ int runRestore(const Request &request) {
     }
     std::filesystem::path kept;
     const std::vector<RestoredTable> tables = doOrFail(settings, [&] {
+        const Progress progress("Restoring the tables");
         return restore(*connection, file,
                        [&] { kept = keepBackup(*openConnection(settings), "restore"); });
     });

@@ -92,7 +92,8 @@ void RuleChange::store(Rules &wanted, Keep keep) {
         if (keep == Keep::backup) {
             kept_ = keepBackup(*connection_, command_);
         }
-        open_.store(wanted);
+        Progress progress("Storing rules", rules().size());
+        open_.store(wanted, [&] { progress.step(); });
     });
 }
 

@@ -58,12 +58,12 @@ void add(Recordset &rows, StoredRule &rule) {
 OpenRules::OpenRules(Connection &connection)
     : connection_(connection), rows_(openRulesToWrite(connection)), rules_(rulesIn(*rows_)) {}
 
-void OpenRules::store(std::vector<StoredRule> &wanted) {
+void OpenRules::store(std::vector<StoredRule> &wanted, const std::function<void()> &stepped) {
     std::optional<Transaction> transaction;
     bool isCommit = false;
     try {
         transaction.emplace(connection_);
-        writeRows(wanted);
+        writeRows(wanted, stepped);
         isCommit = true;
         transaction->commit();
     } catch (...) {
@@ -77,7 +77,7 @@ void OpenRules::store(std::vector<StoredRule> &wanted) {
 }
 
 /// Every program writes the rows in the order of the rules, so no two of them wait for each other.
-void OpenRules::writeRows(std::vector<StoredRule> &wanted) {
+void OpenRules::writeRows(std::vector<StoredRule> &wanted, const std::function<void()> &stepped) {
     std::unordered_map<std::u16string_view, const StoredRule *> wantedById;
     for (const StoredRule &rule : wanted) {
         wantedById.emplace(rule.id, &rule);
@@ -91,6 +91,7 @@ void OpenRules::writeRows(std::vector<StoredRule> &wanted) {
             change(*rows_, read, *found->second);
         }
         rows_->moveNext();
+        stepped();
     }
     for (StoredRule &rule : wanted) {
         if (rule.id.empty()) {

@@ -3,6 +3,7 @@
 
 #include "host/rules/RuleRows.h"
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -28,11 +29,12 @@ public:
     ///
     /// Fails as the record set's update and deleteCurrent do, and as the transaction does. The
     /// error says that nothing was changed. When the connection broke at the end of the
-    /// transaction, nobody knows; then it says that.
-    void store(std::vector<StoredRule> &wanted);
+    /// transaction, nobody knows; then it says that. Calls `stepped` after each of rules().
+    void store(
+        std::vector<StoredRule> &wanted, const std::function<void()> &stepped = [] {});
 
 private:
-    void writeRows(std::vector<StoredRule> &wanted);
+    void writeRows(std::vector<StoredRule> &wanted, const std::function<void()> &stepped);
 
     Connection &connection_;
     std::unique_ptr<Recordset> rows_;

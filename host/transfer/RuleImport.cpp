@@ -24,7 +24,7 @@ void setContent(Recordset &table, const RuleContent &content) {
 }
 
 void write(Recordset &table, const ImportPlan &plan, const RuleDocument &document,
-           const std::vector<RuleRow> &rows) {
+           const std::vector<RuleRow> &rows, const std::function<void()> &stepped) {
     for (const std::size_t row : plan.removed) {
         findRow(table, rows[row]);
         table.deleteCurrent();
@@ -41,6 +41,7 @@ void write(Recordset &table, const ImportPlan &plan, const RuleDocument &documen
         }
         table.setField(u"PRIORITY", static_cast<std::int64_t>(place + 1));
         table.update();
+        stepped();
     }
 }
 
@@ -60,7 +61,7 @@ void commit(Transaction &transaction) {
 } // namespace
 
 void applyImport(Connection &connection, const ImportPlan &plan, const RuleDocument &document,
-                 const RuleTables &before) {
+                 const RuleTables &before, const std::function<void()> &stepped) {
     Transaction transaction(connection);
     if (readRuleTables(connection) != before) {
         throw Error(rowChangedByAnother,
@@ -68,7 +69,7 @@ void applyImport(Connection &connection, const ImportPlan &plan, const RuleDocum
                     u"imported.",
                     u"KVEXMessageRules", HelpContext::changedByAnother);
     }
-    write(*openRuleTable(connection, LockType::optimistic), plan, document, before.rules);
+    write(*openRuleTable(connection, LockType::optimistic), plan, document, before.rules, stepped);
     commit(transaction);
 }
 

@@ -82,6 +82,24 @@ TEST_F(Transfer, ImportSaysWhatItChangesAndKeepsABackup) {
     EXPECT_EQ(done({"export"}), before);
 }
 
+TEST_F(Transfer, ImportShowsItsProgressOnATerminal) {
+    environment["TERM"] = "xterm";
+    writeFile(folder / "hand.json", R"({"format": "kvex-rules", "version": 1, "rules": [
+{"name": "By hand", "active": true, "rule": {"allMessages": true, "distribution": ["1"]}}]})");
+    sqlite3(database, "DELETE FROM SMS_RULES WHERE ID <> 1");
+    EXPECT_EQ(atTerminal({"import", "hand.json"}).output,
+              "add \"By hand\"\n\rImporting rules\x1b[K\rImporting rules: 50 %\x1b[K"
+              "\rImporting rules: 100 %\x1b[K\r\x1b[K"
+              "1 rule added, 0 changed, 0 removed, 1 unchanged.\n");
+    EXPECT_EQ(atTerminal({"disable", "1"}).output,
+              "\rStoring rules\x1b[K\rStoring rules: 50 %\x1b[K\rStoring rules: 100 %\x1b[K"
+              "\r\x1b[KRule 1 \"Not stopped in March\" is now off.\n");
+    EXPECT_THAT(atTerminal({"backup", "b.db"}).output,
+                testing::StartsWith("\rCopying the tables\x1b[K\r\x1b[Ksaved: "));
+    EXPECT_THAT(atTerminal({"restore", "b.db", "--yes"}).output,
+                testing::StartsWith("\rRestoring the tables\x1b[K\r\x1b[Kunchanged: "));
+}
+
 TEST_F(Transfer, ImportWithoutAChangeKeepsNoBackup) {
     done({"export", "--file", "rules.json"});
     EXPECT_EQ(done({"import", "rules.json"}),
