@@ -6,6 +6,7 @@
 #include "host/kvexrules/Failure.h"
 #include "host/kvexrules/RuleList.h"
 #include "host/kvexrules/Settings.h"
+#include "host/suite/DriverTransaction.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -49,7 +50,10 @@ std::u16string now() {
 
 StoredRows rowsOf(const Settings &settings) {
     try {
-        return readStoredRows(*openConnection(settings));
+        const auto connection = openConnection(settings);
+        const std::shared_ptr<recordset::Driver> driver = connection->driver().lock();
+        const Snapshot snapshot(*driver);
+        return readStoredRows(*connection);
     } catch (const Error &error) {
         failFor(settings, error);
     }

@@ -6,6 +6,7 @@
 #include "host/kvexrules/RuleList.h"
 #include "host/kvexrules/Settings.h"
 #include "host/kvexrules/UserFiles.h"
+#include "host/suite/DriverTransaction.h"
 #include "host/transfer/RuleExport.h"
 #include "platform/Text.h"
 #include "platform/VisibleText.h"
@@ -53,7 +54,10 @@ int exportRules(const Request &request) {
     std::string document;
     std::size_t count = 0;
     try {
-        RuleTables tables = readRuleTables(*openConnection(settings));
+        const auto connection = openConnection(settings);
+        const std::shared_ptr<recordset::Driver> driver = connection->driver().lock();
+        const Snapshot snapshot(*driver);
+        RuleTables tables = readRuleTables(*connection);
         if (!request.words.empty()) {
             keepOnly(request.words, tables.rules);
         }

@@ -94,8 +94,7 @@ Table copyOf(const Table &table, const std::vector<std::u16string> &present,
 }
 
 void copyTables(Driver &source, Driver &target) {
-    const DriverTransaction reading(source);
-    source.beginSnapshot();
+    const Snapshot snapshot(source);
     DriverTransaction writing(target);
     target.begin();
     bool isEmpty = true;

@@ -29,4 +29,14 @@ private:
     bool committed_ = false;
 };
 
+/// While it lives, all queries of the driver see one state of the database, whatever other programs
+/// store. The driver must outlive the object. Fails as beginSnapshot does.
+class Snapshot {
+public:
+    explicit Snapshot(recordset::Driver &driver) : reading_(driver) { driver.beginSnapshot(); }
+
+private:
+    DriverTransaction reading_;
+};
+
 } // namespace kvex::host
