@@ -60,8 +60,8 @@ Table rules() {
               u"</IGNOREFURTHERRULES>",
               3),
          rule(u"Strangers",
-              u"<IGNOREIFSERVICE>NO</IGNOREIFSERVICE><PEOPLE><NOT><ALL>9811100011;9811100022;"
-              u"9811100055</PEOPLE><ACCOUNT><NOT><ALL>[Main line];[Short code 56070]</ACCOUNT>",
+              u"<IGNOREIFSERVICE>NO</IGNOREIFSERVICE><PEOPLE><NOT><ANY>9811100011;9811100022;"
+              u"9811100055</PEOPLE><ACCOUNT><NOT><ANY>[Main line];[Short code 56070]</ACCOUNT>",
               u"<ALERT>Message from a stranger;[Main line];9811100044</ALERT><DELETE>NO</DELETE>"
               u"<IGNOREFURTHERRULES>NO</IGNOREFURTHERRULES>",
               4),

@@ -191,14 +191,15 @@ $ kvexrules try --messages messages.jsonl
   rule 1 "Not stopped in March": 0 messages
   rule 2 "Help 🌙 at night": 0 messages
   rule 3 "दिल्ली के संदेश": 0 messages
-  rule 4 "Strangers": 1 message
+  rule 4 "Strangers": 0 messages
   rule 6 "No services": 1 message
   rule 7 "Everything to the system": 1 message
 Messages that no rule touched: 0
-Rules that no message touched: 3
+Rules that no message touched: 4
   rule 1 "Not stopped in March"
   rule 2 "Help 🌙 at night"
   rule 3 "दिल्ली के संदेश"
+  rule 4 "Strangers"
 )",
     .run = tryRules,
 };

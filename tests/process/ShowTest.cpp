@@ -48,8 +48,8 @@ const std::string delhi = "Apply this Rule after the message arrives\n"
 
 const std::string strangers =
     "Apply this Rule after the message arrives\n"
-    "If the message is not from 9811100011 and 9811100022 and 9811100055\n"
-    "and the message is not received through Main line and Short code 56070\n"
+    "If the message is not from 9811100011 or 9811100022 or 9811100055\n"
+    "and the message is not received through Main line or Short code 56070\n"
     "Then send Alert 'Message from a stranger' through the Account 'Main line' to 9811100044\n";
 
 const std::string advertisements = "This Rule is disabled\n"
