@@ -4,7 +4,7 @@
 #include "fuzz/Input.h"
 #include "fuzz/Property.h"
 #include "host/check/CheckReport.h"
-#include "host/check/StoredIds.h"
+#include "host/rules/StoredIds.h"
 #include "platform/Text.h"
 #include "tests/check/ReferenceMatch.h"
 

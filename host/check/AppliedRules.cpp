@@ -1,7 +1,7 @@
 #include "host/check/AppliedRules.h"
 
-#include "host/check/StoredIds.h"
 #include "host/check/Tags.h"
+#include "host/rules/StoredIds.h"
 
 #include <utility>
 

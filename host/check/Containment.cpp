@@ -1,7 +1,7 @@
 #include "host/check/Containment.h"
 
 #include "host/check/Moments.h"
-#include "host/check/StoredIds.h"
+#include "host/rules/StoredIds.h"
 #include "platform/Text.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 #include "host/check/RowFindings.h"
 
 #include "host/check/SentTexts.h"
-#include "host/check/StoredIds.h"
 #include "host/check/Tags.h"
 #include "host/check/Wording.h"
+#include "host/rules/StoredIds.h"
 #include "platform/Text.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "host/check/Rulebook.h"
 
 #include "host/check/AppliedRules.h"
-#include "host/check/StoredIds.h"
+#include "host/rules/StoredIds.h"
 #include "host/suite/Databases.h"
 #include "platform/Error.h"
 #include "platform/Text.h"

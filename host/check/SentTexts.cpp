@@ -1,7 +1,7 @@
 #include "host/check/SentTexts.h"
 
-#include "host/check/StoredIds.h"
 #include "host/check/Wording.h"
+#include "host/rules/StoredIds.h"
 #include "platform/Text.h"
 
 #include <algorithm>

@@ -102,10 +102,13 @@ constexpr Command listCommand{
     .options = options,
     .summary = "list the rules in the order in which they apply",
     .description = R"(Prints one line for each rule, in the order in which the rules apply. The
-columns are the position, "on" or "off", the id, a mark, and the name. The marks are:
-"never" for a rule that never runs, because an earlier rule takes all of its messages
-("kvexrules check" names that rule); "stops" for a rule that lets no other rule follow;
-"?" when the rule cannot be read completely, and without the rule component; else "-".
+columns are the position, "on" or "off", the id, a mark, and the name. These are the
+marks:
+
+  never  An earlier rule takes all of its messages; "kvexrules check" names it.
+  stops  No other rule follows.
+  ?      The rule cannot be read completely, or there is no rule component.
+  -      None of these.
 
 Blanks separate the columns; the name is the rest of the line. Characters that could
 break the line appear as \n, \t, \\ or \u{HEX}. The format "json" has the same values.

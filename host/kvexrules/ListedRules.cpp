@@ -1,7 +1,7 @@
 #include "host/kvexrules/ListedRules.h"
 
-#include "host/check/StoredIds.h"
 #include "host/kvexrules/TextColumns.h"
+#include "host/rules/StoredIds.h"
 #include "platform/Text.h"
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 #include "host/matching/PlayReport.h"
 
-#include "host/check/StoredIds.h"
 #include "host/matching/Refusals.h"
+#include "host/rules/StoredIds.h"
 #include "platform/Text.h"
 
 #include <nlohmann/json.hpp>

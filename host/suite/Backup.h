@@ -15,8 +15,8 @@ namespace kvex::host {
 /// their columns, and the version of the tables. Ids, Null and every character of a text stay.
 ///
 /// Fails as NewFile and the driver do; then no file was made. Fails with badArgument when the
-/// database has none of the tables, when the name is no UTF-8, and when SQLite's files of another
-/// database stand beside the name.
+/// database has none of the tables, or when the name is no UTF-8. It also does when SQLite's files
+/// of another database stand beside the name.
 void backUp(recordset::ClientConnection &connection, const std::filesystem::path &file,
             Existing existing);
 

@@ -1,4 +1,4 @@
-#include "host/check/StoredIds.h"
+#include "host/rules/StoredIds.h"
 
 #include "platform/Error.h"
 #include "platform/Text.h"
