@@ -17,8 +17,10 @@
 #include <cerrno>
 #include <clocale>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace kvex::qt {
@@ -117,8 +119,20 @@ std::optional<UsablePlatform> tryPlatform(const QString &candidate) {
     return usable;
 }
 
+/// Without a named display, Wayland's library would try one that another session of the user may
+/// have, on a screen that this user does not see.
+bool namesDisplay() {
+    constexpr std::array variables{"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"};
+    return std::any_of(variables.begin(), variables.end(), [](const char *variable) {
+        return !qEnvironmentVariableIsEmpty(variable);
+    });
+}
+
 /// The first platform that can show windows: from QT_QPA_PLATFORM, or else those of desktops.
 std::optional<UsablePlatform> usablePlatform() {
+    if (!namesDisplay()) {
+        return std::nullopt;
+    }
     for (const QString &candidate : candidates()) {
         if (auto usable = tryPlatform(candidate)) {
             return usable;
@@ -127,8 +141,41 @@ std::optional<UsablePlatform> usablePlatform() {
     return std::nullopt;
 }
 
-[[noreturn]] void refuse(std::u16string why) {
-    throw Error(error_number::cannotCreateObject, std::move(why));
+/// Looks for a platform, and keeps its connection until Qt has one.
+class PlatformSearch {
+public:
+    std::optional<UsablePlatform> find() {
+        const std::lock_guard lock(mutex_);
+        found_ = usablePlatform();
+        return found_;
+    }
+    void forget() {
+        const std::lock_guard lock(mutex_);
+        found_.reset();
+    }
+
+private:
+    std::mutex mutex_;
+    std::optional<UsablePlatform> found_;
+};
+
+PlatformSearch &platformSearch() {
+    static PlatformSearch search;
+    return search;
+}
+
+constexpr std::u16string_view withoutWindows = u"this program runs without windows.";
+
+std::u16string noDisplay() {
+    return namesDisplay() ? u"there is no display that can be reached. Start the program in a "
+                            u"graphical session, or set DISPLAY."
+                          : u"neither $DISPLAY nor $WAYLAND_DISPLAY is set. Start the program in a "
+                            u"graphical session or over ssh -X.";
+}
+
+[[noreturn]] void refuse(std::u16string_view why) {
+    throw Error(error_number::cannotCreateObject,
+                u"No window can be shown: " + std::u16string(why));
 }
 
 /// The thread that showed the first window. Nothing before that.
@@ -176,20 +223,30 @@ void createApplication(std::string platform) {
 
 } // namespace
 
+std::u16string obstacleToWindows() {
+    const QCoreApplication *existing = QCoreApplication::instance();
+    if (existing == nullptr) {
+        return platformSearch().find() ? std::u16string() : noDisplay();
+    }
+    return dynamic_cast<const QApplication *>(existing) != nullptr
+               ? std::u16string()
+               : std::u16string(withoutWindows);
+}
+
 void requireApplication() {
     const QCoreApplication *existing = QCoreApplication::instance();
     if (existing == nullptr) {
-        const auto platform = usablePlatform();
+        const auto platform = platformSearch().find();
         if (!platform) {
-            refuse(u"No window can be shown: there is no display that can be reached. Start the "
-                   u"program in a graphical session, or set DISPLAY.");
+            refuse(noDisplay());
         }
         createApplication(platform->name);
+        platformSearch().forget();
         windowsThread().emplace();
         return;
     }
     if (dynamic_cast<const QApplication *>(existing) == nullptr) {
-        refuse(u"No window can be shown: this program runs without windows.");
+        refuse(withoutWindows);
     }
     if (existing->thread() != QThread::currentThread()) {
         refuseThread();

@@ -3,7 +3,13 @@
 
 #include <QWidget>
 
+#include <string>
+
 namespace kvex::qt {
+
+/// Why this process cannot show windows, and what to do: sentences that continue "No window can be
+/// shown: ". "" when it can. Starts no application. Any thread may call it.
+[[nodiscard]] std::u16string obstacleToWindows();
 
 /// Makes sure that this thread can show windows. Otherwise fails with cannotCreateObject and says
 /// why. On another thread than that of the windows it fails with invalidCall and names both. An

@@ -1,4 +1,5 @@
 // The entry point of the library KVEXQt.
+#include "adapters/qt/QtApplication.h"
 #include "adapters/qt/QtToolkit.h"
 #include "adapters/toolkits/ToolkitLibrary.h"
 
@@ -9,6 +10,7 @@
 const kvex::ToolkitLibrary *kvexToolkit() noexcept {
     static kvex::qt::QtToolkit toolkit;
     static const std::string runtime = "Qt " + QLibraryInfo::version().toString().toStdString();
-    static const kvex::ToolkitLibrary library{KVEX_VERSION, runtime.c_str(), &toolkit};
+    static const kvex::ToolkitLibrary library{KVEX_VERSION, runtime.c_str(), &toolkit,
+                                              &kvex::qt::obstacleToWindows};
     return &library;
 }

@@ -5,7 +5,6 @@
 #include "platform/VisibleText.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdlib>
 #include <dlfcn.h>
 #include <utility>
@@ -19,6 +18,16 @@ struct Attempt {
     std::u16string problem;
 };
 
+struct Choice {
+    std::string_view name;
+    Toolkit *toolkit;
+};
+
+Attempt refused(const KnownToolkit &toolkit, const std::u16string &problem) {
+    return {nullptr,
+            u"The toolkit \"" + fromUtf8(toolkit.name) + u"\" cannot be used: " + problem};
+}
+
 std::filesystem::path fileOf(const KnownToolkit &toolkit, const std::filesystem::path &folder) {
     return folder / toolkit.file;
 }
@@ -26,29 +35,25 @@ std::filesystem::path fileOf(const KnownToolkit &toolkit, const std::filesystem:
 Attempt load(const KnownToolkit &toolkit, const std::filesystem::path &folder) {
     const std::filesystem::path file = fileOf(toolkit, folder);
     const std::u16string name = fromUtf8(file.native());
-    const auto refused = [&](const std::u16string &problem) {
-        return Attempt{nullptr, u"The toolkit \"" + fromUtf8(toolkit.name) +
-                                    u"\" cannot be used: " + name + problem};
-    };
     std::error_code ignored;
     if (!std::filesystem::exists(file, ignored)) {
-        return refused(u" does not exist. Install this library.");
+        return refused(toolkit, name + u" does not exist. Install this library.");
     }
     void *const handle = ::dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (handle == nullptr) {
         const char *const reason = ::dlerror();
-        return refused(u" cannot be loaded (" + fromUtf8(reason == nullptr ? "" : reason) +
+        return refused(toolkit, name + u" cannot be loaded (" + fromUtf8(reason == nullptr ? "" : reason) +
                        u"). Install " + std::u16string(toolkit.needs) +
                        u". If that does not help, install the library again.");
     }
     const auto entry = reinterpret_cast<decltype(&kvexToolkit)>(::dlsym(handle, "kvexToolkit"));
     if (entry == nullptr) {
         ::dlclose(handle);
-        return refused(u" is not the library of a toolkit. Install it again.");
+        return refused(toolkit, name + u" is not the library of a toolkit. Install it again.");
     }
     const ToolkitLibrary *const library = entry();
     if (const std::string_view version = library->version; version != KVEX_VERSION) {
-        Attempt attempt = refused(u" is of version " + fromUtf8(version) + u", and version " +
+        Attempt attempt = refused(toolkit, name + u" is of version " + fromUtf8(version) + u", and version " +
                                   fromUtf8(KVEX_VERSION) +
                                   u" is needed. Install all libraries of the program again, in "
                                   u"one version.");
@@ -56,6 +61,17 @@ Attempt load(const KnownToolkit &toolkit, const std::filesystem::path &folder) {
         return attempt;
     }
     return {library, {}};
+}
+
+/// Loads the library unless it cannot show windows here.
+Attempt loadToShow(const KnownToolkit &toolkit, const std::filesystem::path &folder) {
+    const Attempt attempt = load(toolkit, folder);
+    if (attempt.library != nullptr) {
+        if (const std::u16string obstacle = attempt.library->obstacle(); !obstacle.empty()) {
+            return refused(toolkit, obstacle);
+        }
+    }
+    return attempt;
 }
 
 [[noreturn]] void refuse(const std::u16string &why) {
@@ -86,12 +102,12 @@ std::span<const KnownToolkit> candidates(std::span<const KnownToolkit> known) {
     return {found, 1};
 }
 
-Toolkit &loadOneOf(std::span<const KnownToolkit> known, const std::filesystem::path &folder) {
+Choice chooseFrom(std::span<const KnownToolkit> known, const std::filesystem::path &folder) {
     std::u16string problems;
     for (const KnownToolkit &toolkit : candidates(known)) {
-        const Attempt attempt = load(toolkit, folder);
+        const Attempt attempt = loadToShow(toolkit, folder);
         if (attempt.library != nullptr) {
-            return *attempt.library->toolkit;
+            return {toolkit.name, attempt.library->toolkit};
         }
         problems.append(problems.empty() ? u"" : u" ").append(attempt.problem);
     }
@@ -99,13 +115,6 @@ Toolkit &loadOneOf(std::span<const KnownToolkit> known, const std::filesystem::p
 }
 
 } // namespace
-
-std::span<const KnownToolkit> knownToolkits() {
-    static constexpr std::array table{
-        KnownToolkit{"qt", "libKVEXQt.so", u"Qt 6 Widgets (on Debian libqt6widgets6)"},
-    };
-    return table;
-}
 
 LoadedToolkit::LoadedToolkit(std::filesystem::path folder, std::span<const KnownToolkit> known)
     : folder_(std::move(folder)), known_(known) {}
@@ -126,9 +135,14 @@ Clipboard &LoadedToolkit::clipboard() {
 Toolkit &LoadedToolkit::loaded() {
     const std::lock_guard lock(mutex_);
     if (toolkit_ == nullptr) {
-        toolkit_ = &loadOneOf(known_, folder_);
+        toolkit_ = chooseFrom(known_, folder_).toolkit;
     }
     return *toolkit_;
+}
+
+std::string_view chosenToolkit(const std::filesystem::path &folder,
+                               std::span<const KnownToolkit> known) {
+    return chooseFrom(known, folder).name;
 }
 
 std::vector<FoundToolkit> foundToolkits(const std::filesystem::path &folder,

@@ -3,6 +3,7 @@
 
 #include "platform/controls/Toolkit.h"
 
+#include <array>
 #include <filesystem>
 #include <mutex>
 #include <span>
@@ -22,21 +23,25 @@ struct KnownToolkit {
     std::u16string_view needs;
 };
 
-/// The first one that can be used is taken.
-[[nodiscard]] std::span<const KnownToolkit> knownToolkits();
+/// The first one that can be loaded, and can show windows here, is taken.
+inline constexpr std::array knownToolkits{
+    KnownToolkit{"qt", "libKVEXQt.so", u"Qt 6 Widgets (on Debian libqt6widgets6)"},
+    KnownToolkit{"terminal", "libKVEXTerminal.so",
+                 u"terminfo and utf8proc (on Debian libtinfo6 and libutf8proc2)"},
+};
 
 /// The toolkit of a library in `folder`. The first call that needs it loads it: the one that
-/// $KVEX_TOOLKIT names, else the first known one that can be loaded. It then stays. All objects of
-/// a process that load the same file share one toolkit. The variable does not count in a program
-/// that has more rights than its user.
+/// $KVEX_TOOLKIT names, else the first known one that can be loaded and can show windows here. It
+/// then stays. All objects of a process that load the same file share one toolkit. The variable does
+/// not count in a program that has more rights than its user.
 ///
-/// Each call fails with cannotCreateObject when no toolkit can be loaded. The description says why
+/// Each call fails with cannotCreateObject when no toolkit can be used. The description says why
 /// and what to do. The next call tries again, but a library of another version stays loaded. Any
 /// thread may call it.
 class LoadedToolkit final : public Toolkit {
 public:
     explicit LoadedToolkit(std::filesystem::path folder,
-                           std::span<const KnownToolkit> known = knownToolkits());
+                           std::span<const KnownToolkit> known = knownToolkits);
 
     [[nodiscard]] std::unique_ptr<Window> createWindow(const WindowDesign &design) override;
     std::int32_t showMessageBox(const std::u16string &title, const std::u16string &text,
@@ -52,6 +57,10 @@ private:
     Toolkit *toolkit_ = nullptr;
 };
 
+/// The name of the toolkit that a LoadedToolkit of `folder` would take now. Fails as its calls do.
+[[nodiscard]] std::string_view chosenToolkit(const std::filesystem::path &folder,
+                                             std::span<const KnownToolkit> known = knownToolkits);
+
 /// A toolkit whose library is installed.
 struct FoundToolkit {
     std::string_view name;
@@ -64,6 +73,6 @@ struct FoundToolkit {
 /// The known toolkits whose libraries are in `folder`. Loads them, and needs no display.
 [[nodiscard]] std::vector<FoundToolkit>
 foundToolkits(const std::filesystem::path &folder,
-              std::span<const KnownToolkit> known = knownToolkits());
+              std::span<const KnownToolkit> known = knownToolkits);
 
 } // namespace kvex::toolkits

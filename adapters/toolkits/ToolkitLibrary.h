@@ -4,6 +4,8 @@
 
 #include "platform/controls/Toolkit.h"
 
+#include <string>
+
 namespace kvex {
 
 /// What a toolkit's library gives. Toolkit is a C++ class, so only code of the same version can use
@@ -16,6 +18,10 @@ struct ToolkitLibrary {
     const char *runtime;
     /// The process has one. It needs no display before its first window.
     Toolkit *toolkit;
+    /// Why this process cannot show windows with the toolkit now, and what to do: sentences that
+    /// continue "The toolkit cannot be used: ". "" when it can. Opens no window and leaves a terminal
+    /// as it is. Any thread may call it.
+    std::u16string (*obstacle)();
 };
 
 } // namespace kvex

@@ -1,3 +1,4 @@
+#include "adapters/toolkits/LoadedToolkit.h"
 #include "host/kvexrules/CommandLine.h"
 #include "host/kvexrules/Components.h"
 #include "host/kvexrules/Console.h"
@@ -11,6 +12,7 @@
 #include "platform/Text.h"
 #include "platform/controls/Toolkit.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 
@@ -20,22 +22,39 @@ namespace {
 /// The result of ShowRules when it showed nothing.
 constexpr LONG notShown = 0;
 
-void requireDisplay(const Settings &settings) {
-    // $QT_QPA_PLATFORM can choose a kind of display that needs neither of the other variables.
-    for (const char *variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
-        const char *value = std::getenv(variable);
-        if (value != nullptr && *value != '\0') {
-            return;
-        }
-    }
-    throw Failure("There is no display for the rule editor (neither $DISPLAY nor $WAYLAND_DISPLAY "
-                  "is set). Start it from a desktop session or over ssh -X; at a terminal, " +
-                  std::string(missingFile(settings)
-                                  ? "kvexrules init makes the database, which does not exist yet."
-                                  : "kvexrules list and kvexrules show print the rules."));
-}
-
 constexpr Option ruleOption{.name = "--rule", .value = "ID", .help = "the rule to open"};
+
+/// The names of all toolkits.
+constexpr auto toolkitNames = [] {
+    std::array<std::string_view, toolkits::knownToolkits.size()> names;
+    std::ranges::transform(toolkits::knownToolkits, names.begin(), &toolkits::KnownToolkit::name);
+    return names;
+}();
+
+constexpr Option toolkitOption{
+    .name = "--toolkit",
+    .value = "",
+    .help = "where to show the windows: on a display, or in this terminal",
+    .choices = toolkitNames,
+};
+
+/// Chooses once, by the variable that the component and the host suite read. So they take the same
+/// toolkit. Call it before the program has other threads.
+void chooseToolkit(const Request &request, const Settings &settings) {
+    constexpr const char *variable = "KVEX_TOOLKIT";
+    if (request.has(toolkitOption)) {
+        setenv(variable, request.value(toolkitOption).c_str(), 1);
+    }
+    try {
+        const std::string chosen(toolkits::chosenToolkit(hostSuiteFile().parent_path()));
+        setenv(variable, chosen.c_str(), 1);
+    } catch (const Error &error) {
+        throw Failure(toUtf8(error.description()) + " Without windows, " +
+                      (missingFile(settings)
+                           ? "kvexrules init makes the database, which does not exist yet."
+                           : "kvexrules list and kvexrules show print the rules."));
+    }
+}
 
 /// The rule's id in decimal, "" for a new rule.
 std::string ruleOf(const Request &request) {
@@ -94,8 +113,8 @@ LONG showRules(const std::string &user, const std::string &rule) {
 int edit(const Request &request) {
     const std::string rule = ruleOf(request);
     const Settings settings = settingsFor(request);
+    chooseToolkit(request, settings);
     offerDatabase(settings, askAtTerminal);
-    requireDisplay(settings);
     requireWritableLog(settings);
     const ComPointer<ISuiteConfiguration> suite = configureHostSuite(settings);
     offerDatabase(settings, askInBox);
@@ -106,7 +125,7 @@ int edit(const Request &request) {
     print("result: " + std::to_string(result) + "\n");
     return result == notShown ? exit_status::unusable : exit_status::done;
 }
-constexpr std::array options{ruleOption, databaseOption, userOption, logOption};
+constexpr std::array options{ruleOption, toolkitOption, databaseOption, userOption, logOption};
 
 constexpr std::array statuses{
     ExitStatus{exit_status::done, "the windows were shown"},
@@ -122,6 +141,9 @@ constexpr Command editCommand{
     .summary = "open the rule editor",
     .description = R"(Opens the rule editor, on a new rule unless --rule names one. If an SQLite
 file is missing, the command offers to make it.
+
+The windows open on the display, or else in the terminal. --toolkit decides otherwise, and so
+does $KVEX_TOOLKIT.
 
 The last line that it prints is the result:
   result: 99   the user may have edited something

@@ -1,4 +1,4 @@
-// kvexrules edit without a display. Other tests show its windows.
+// kvexrules edit where it shows no window. Other tests show its windows.
 #include "tests/process/KvexrulesTest.h"
 
 namespace kvex::process {
@@ -30,17 +30,42 @@ protected:
     std::filesystem::path log = folder / "chosen.log";
 };
 
-TEST_F(Edit, WithoutADisplaySaysSoBeforeAnythingElse) {
-    EXPECT_THAT(failed(2, {"edit", "--log", log.string()}),
-                AllOf(HasSubstr("no display"), HasSubstr("kvexrules show")));
+TEST_F(Edit, WithoutADisplayAndATerminalSaysSoBeforeAnythingElse) {
+    EXPECT_EQ(failed(2, {"edit", "--log", log.string()}),
+              "kvexrules: No window can be shown. The toolkit \"qt\" cannot be used: neither "
+              "$DISPLAY nor $WAYLAND_DISPLAY is set. Start the program in a graphical session or "
+              "over ssh -X. The toolkit \"terminal\" cannot be used: standard output is no "
+              "terminal. Start the program at a terminal. Without windows, kvexrules list and "
+              "kvexrules show print the rules.\n");
     EXPECT_EQ(failed(2, {}), failed(2, {"edit"}));
     EXPECT_FALSE(std::filesystem::exists(log));
 }
 
 TEST_F(Edit, OnADisplayThatCannotBeReachedSaysSo) {
     environment["DISPLAY"] = ":7777";
-    EXPECT_THAT(unopened({"edit"}),
+    EXPECT_THAT(failed(2, {"edit"}),
                 AllOf(HasSubstr("no display that can be reached"), Not(HasSubstr("named by"))));
+}
+
+TEST_F(Edit, AtATerminalThatItCannotUseSaysWhichOnesItCan) {
+    for (const char *kind : {"dumb", "unknown", "nosuchterminal", ""}) {
+        environment["TERM"] = kind;
+        const Outcome outcome = atTerminal({"edit", "--toolkit", "terminal"});
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_THAT(outcome.output, AllOf(StartsWith("kvexrules: No window can be shown. The toolkit "
+                                                     "\"terminal\" cannot be used: "),
+                                          HasSubstr("$TERM"),
+                                          EndsWith(" Without windows, kvexrules list and kvexrules "
+                                                   "show print the rules.\n")));
+    }
+}
+
+TEST_F(Edit, TheOptionDecidesBeforeTheVariable) {
+    environment["KVEX_TOOLKIT"] = "curtains";
+    EXPECT_THAT(failed(2, {"edit"}), HasSubstr("$KVEX_TOOLKIT is \"curtains\""));
+    EXPECT_THAT(failed(2, {"edit", "--toolkit", "qt"}),
+                StartsWith("kvexrules: No window can be shown. The toolkit \"qt\" cannot be used: "
+                           "neither $DISPLAY nor $WAYLAND_DISPLAY is set."));
 }
 
 TEST_F(Edit, OffersToMakeADatabaseThatIsMissing) {
@@ -48,15 +73,17 @@ TEST_F(Edit, OffersToMakeADatabaseThatIsMissing) {
     const std::string question = "The database file " + (folder / "new.db").string() +
                                  " does not exist. The database was named by $KVEX_DATABASE. "
                                  "Make it, without rules? [y/N] ";
-    const Outcome outcome = atTerminal({"edit"}, "Y\n");
+    environment["QT_QPA_PLATFORM"] = "offscreen";
+    const Outcome outcome =
+        atTerminal({"edit", "--log", (folder / "home").string()}, "Y\n");
     EXPECT_EQ(outcome.status, 2);
-    EXPECT_THAT(outcome.output,
-                StartsWith(question + "kvexrules: There is no display for the rule editor"));
+    EXPECT_THAT(outcome.output, StartsWith(question + "kvexrules: The log "));
     EXPECT_EQ(done({"list"}), "");
 }
 
 TEST_F(Edit, MakesNoDatabaseWithoutConsent) {
     const std::filesystem::path missing = folder / "new.db";
+    environment["QT_QPA_PLATFORM"] = "offscreen";
     for (const char *answer : {"\n", "n\n", "maybe\n", "\x04"}) {
         const Outcome outcome = atTerminal({"edit", "--database", missing.string()}, answer);
         EXPECT_EQ(outcome.status, 2);
@@ -70,7 +97,7 @@ TEST_F(Edit, MakesNoDatabaseWithoutConsent) {
 
 TEST_F(Edit, NamesInitWhereNobodyCanBeAsked) {
     EXPECT_THAT(failed(2, {"edit", "--database", (folder / "new.db").string()}),
-                EndsWith("at a terminal, kvexrules init makes the database, which does not exist "
+                EndsWith("Without windows, kvexrules init makes the database, which does not exist "
                          "yet.\n"));
     EXPECT_FALSE(std::filesystem::exists(folder / "new.db"));
 }

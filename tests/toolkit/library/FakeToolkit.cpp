@@ -1,6 +1,10 @@
 // A toolkit's library without windows. FAKE_NAME is the text on its clipboard. FAKE_VERSION is the
-// version that it says it belongs to.
+// version that it says it belongs to. $OBSTACLE_TO_name says why it cannot show windows.
 #include "adapters/toolkits/ToolkitLibrary.h"
+#include "platform/Text.h"
+
+#include <cstdlib>
+#include <string>
 
 namespace {
 
@@ -29,10 +33,16 @@ private:
     std::int32_t boxes_ = 0;
 };
 
+std::u16string obstacle() {
+    const std::string variable = "OBSTACLE_TO_" + kvex::toUtf8(FAKE_NAME);
+    const char *const text = std::getenv(variable.c_str());
+    return text == nullptr ? std::u16string() : kvex::fromUtf8(text);
+}
+
 } // namespace
 
 const kvex::ToolkitLibrary *kvexToolkit() noexcept {
     static FakeToolkit toolkit;
-    static const kvex::ToolkitLibrary library{FAKE_VERSION, "Fake 1.2", &toolkit};
+    static const kvex::ToolkitLibrary library{FAKE_VERSION, "Fake 1.2", &toolkit, &obstacle};
     return &library;
 }

@@ -107,6 +107,53 @@ TEST_F(LoadedToolkitTest, OneOfAnotherVersionIsPassedOver) {
     EXPECT_EQ(taken(), "second");
 }
 
+TEST_F(LoadedToolkitTest, OneThatCannotShowWindowsHereIsPassedOver) {
+    install(TEST_TOOLKIT, "libFirst.so");
+    install(TEST_SECOND_TOOLKIT, "libSecond.so");
+    variables.set("OBSTACLE_TO_first", "it is dark. Light a lamp.");
+    EXPECT_EQ(taken(), "second");
+    variables.set("OBSTACLE_TO_first", std::nullopt);
+    EXPECT_EQ(taken(), "first");
+}
+
+TEST_F(LoadedToolkitTest, WhereNoneCanShowWindowsTheObstaclesOfAllAreTold) {
+    install(TEST_TOOLKIT, "libFirst.so");
+    install(TEST_SECOND_TOOLKIT, "libSecond.so");
+    variables.set("OBSTACLE_TO_first", "it is dark. Light a lamp.");
+    variables.set("OBSTACLE_TO_second", "it is loud.");
+    EXPECT_EQ(taken(), "No window can be shown. The toolkit \"first\" cannot be used: it is dark. "
+                       "Light a lamp. The toolkit \"second\" cannot be used: it is loud.");
+}
+
+TEST_F(LoadedToolkitTest, OneThatShowsWindowsStaysEvenIfItCouldNoLonger) {
+    install(TEST_TOOLKIT, "libFirst.so");
+    install(TEST_SECOND_TOOLKIT, "libSecond.so");
+    LoadedToolkit toolkit(folder.path(), twoToolkits);
+    EXPECT_EQ(toolkit.clipboard().text(), u"first");
+    variables.set("OBSTACLE_TO_first", "it is dark.");
+    EXPECT_EQ(toolkit.clipboard().text(), u"first");
+}
+
+TEST_F(LoadedToolkitTest, TheUsersChoiceIsNotReplacedWhereItCannotShowWindows) {
+    install(TEST_TOOLKIT, "libFirst.so");
+    install(TEST_SECOND_TOOLKIT, "libSecond.so");
+    variables.set("KVEX_TOOLKIT", "second");
+    variables.set("OBSTACLE_TO_second", "it is loud.");
+    EXPECT_EQ(taken(),
+              "No window can be shown. The toolkit \"second\" cannot be used: it is loud.");
+}
+
+TEST_F(LoadedToolkitTest, TheNameOfTheOneThatWouldBeTakenIsKnownBefore) {
+    install(TEST_TOOLKIT, "libFirst.so");
+    install(TEST_SECOND_TOOLKIT, "libSecond.so");
+    EXPECT_EQ(toolkits::chosenToolkit(folder.path(), twoToolkits), "first");
+    variables.set("OBSTACLE_TO_first", "it is dark.");
+    EXPECT_EQ(toolkits::chosenToolkit(folder.path(), twoToolkits), "second");
+    variables.set("KVEX_TOOLKIT", "first");
+    EXPECT_EQ(errorNumber([&] { return toolkits::chosenToolkit(folder.path(), twoToolkits); }),
+              refused);
+}
+
 TEST_F(LoadedToolkitTest, TheUsersChoiceIsTakenAndNoOther) {
     install(TEST_TOOLKIT, "libFirst.so");
     variables.set("KVEX_TOOLKIT", "second");

@@ -1,5 +1,6 @@
 // How the toolkit gets its application, and what it says when it cannot. Each test runs in a
 // process of its own.
+#include "adapters/qt/QtApplication.h"
 #include "adapters/qt/QtToolkit.h"
 #include "platform/Error.h"
 #include "platform/OwnerThread.h"
@@ -63,6 +64,34 @@ TEST_F(QtApplicationTest, ADisplayWithoutAServerIsRefused) {
 TEST_F(QtApplicationTest, APlatformThatIsNotInstalledIsRefused) {
     setenv("QT_QPA_PLATFORM", "nosuchplatform", 1);
     EXPECT_TRUE(mentions(refusal(), "DISPLAY"));
+}
+
+TEST_F(QtApplicationTest, AnObstacleIsToldBeforeAnyApplicationIsMade) {
+    EXPECT_EQ(qt::obstacleToWindows(),
+              u"neither $DISPLAY nor $WAYLAND_DISPLAY is set. Start the program in a graphical "
+              u"session or over ssh -X.");
+    setenv("DISPLAY", ":9876", 1);
+    EXPECT_EQ(qt::obstacleToWindows(),
+              u"there is no display that can be reached. Start the program in a graphical session, "
+              u"or set DISPLAY.");
+    const VirtualDisplay display;
+    EXPECT_EQ(qt::obstacleToWindows(), u"");
+    EXPECT_EQ(QCoreApplication::instance(), nullptr);
+}
+
+TEST_F(QtApplicationTest, AProgramWithoutWindowsIsAnObstacle) {
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    int count = 0;
+    const QCoreApplication application(count, nullptr);
+    EXPECT_EQ(qt::obstacleToWindows(), u"this program runs without windows.");
+}
+
+TEST_F(QtApplicationTest, AHostsApplicationIsNoObstacleWithoutADisplay) {
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    int count = 0;
+    const QApplication application(count, nullptr);
+    unsetenv("QT_QPA_PLATFORM");
+    EXPECT_EQ(qt::obstacleToWindows(), u"");
 }
 
 TEST_F(QtApplicationTest, TheNextPlatformNamedIsTakenWhereTheFirstCannotBe) {
