@@ -123,9 +123,8 @@ std::optional<UsablePlatform> tryPlatform(const QString &candidate) {
 /// have, on a screen that this user does not see.
 bool namesDisplay() {
     constexpr std::array variables{"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"};
-    return std::any_of(variables.begin(), variables.end(), [](const char *variable) {
-        return !qEnvironmentVariableIsEmpty(variable);
-    });
+    return std::any_of(variables.begin(), variables.end(),
+                       [](const char *variable) { return !qEnvironmentVariableIsEmpty(variable); });
 }
 
 /// The first platform that can show windows: from QT_QPA_PLATFORM, or else those of desktops.
@@ -169,8 +168,8 @@ constexpr std::u16string_view withoutWindows = u"this program runs without windo
 std::u16string noDisplay() {
     return namesDisplay() ? u"there is no display that can be reached. Start the program in a "
                             u"graphical session, or set DISPLAY."
-                          : u"neither $DISPLAY nor $WAYLAND_DISPLAY is set. Start the program in a "
-                            u"graphical session or over ssh -X.";
+                          : u"there is no display (neither $DISPLAY nor $WAYLAND_DISPLAY is set). "
+                            u"Start the program in a graphical session or over ssh -X.";
 }
 
 [[noreturn]] void refuse(std::u16string_view why) {
@@ -228,9 +227,8 @@ std::u16string obstacleToWindows() {
     if (existing == nullptr) {
         return platformSearch().find() ? std::u16string() : noDisplay();
     }
-    return dynamic_cast<const QApplication *>(existing) != nullptr
-               ? std::u16string()
-               : std::u16string(withoutWindows);
+    return dynamic_cast<const QApplication *>(existing) != nullptr ? std::u16string()
+                                                                   : std::u16string(withoutWindows);
 }
 
 void requireApplication() {

@@ -24,8 +24,7 @@ struct Choice {
 };
 
 Attempt refused(const KnownToolkit &toolkit, const std::u16string &problem) {
-    return {nullptr,
-            u"The toolkit \"" + fromUtf8(toolkit.name) + u"\" cannot be used: " + problem};
+    return {nullptr, u"The toolkit \"" + fromUtf8(toolkit.name) + u"\" cannot be used: " + problem};
 }
 
 std::filesystem::path fileOf(const KnownToolkit &toolkit, const std::filesystem::path &folder) {
@@ -42,9 +41,10 @@ Attempt load(const KnownToolkit &toolkit, const std::filesystem::path &folder) {
     void *const handle = ::dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (handle == nullptr) {
         const char *const reason = ::dlerror();
-        return refused(toolkit, name + u" cannot be loaded (" + fromUtf8(reason == nullptr ? "" : reason) +
-                       u"). Install " + std::u16string(toolkit.needs) +
-                       u". If that does not help, install the library again.");
+        return refused(toolkit, name + u" cannot be loaded (" +
+                                    fromUtf8(reason == nullptr ? "" : reason) + u"). Install " +
+                                    std::u16string(toolkit.needs) +
+                                    u". If that does not help, install the library again.");
     }
     const auto entry = reinterpret_cast<decltype(&kvexToolkit)>(::dlsym(handle, "kvexToolkit"));
     if (entry == nullptr) {
@@ -53,10 +53,11 @@ Attempt load(const KnownToolkit &toolkit, const std::filesystem::path &folder) {
     }
     const ToolkitLibrary *const library = entry();
     if (const std::string_view version = library->version; version != KVEX_VERSION) {
-        Attempt attempt = refused(toolkit, name + u" is of version " + fromUtf8(version) + u", and version " +
-                                  fromUtf8(KVEX_VERSION) +
-                                  u" is needed. Install all libraries of the program again, in "
-                                  u"one version.");
+        Attempt attempt =
+            refused(toolkit, name + u" is of version " + fromUtf8(version) + u", and version " +
+                                 fromUtf8(KVEX_VERSION) +
+                                 u" is needed. Install all libraries of the program again, in "
+                                 u"one version.");
         ::dlclose(handle);
         return attempt;
     }

@@ -27,7 +27,8 @@ struct Ended {
 class Commands : public testing::Test {
 protected:
     void SetUp() override {
-        for (const char *name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "KVEX_TOOLKIT"}) {
+        for (const char *name :
+             {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "KVEX_TOOLKIT"}) {
             environment.set(name, std::nullopt);
         }
         environment.set("HOME", (folder / "home").string());
@@ -337,8 +338,9 @@ TEST_F(Commands, EditWithoutADisplayAndATerminalSaysWhatToDo) {
         environment.set(name, "");
     }
     const std::string noDisplay =
-        "No window can be shown. The toolkit \"qt\" cannot be used: neither $DISPLAY nor "
-        "$WAYLAND_DISPLAY is set. Start the program in a graphical session or over ssh -X. "
+        "No window can be shown. The toolkit \"qt\" cannot be used: there is no display (neither "
+        "$DISPLAY nor $WAYLAND_DISPLAY is set). Start the program in a graphical session or over "
+        "ssh -X. "
         "Without windows, kvexrules ";
     EXPECT_EQ(failed(2, {"edit", "--toolkit", "qt"}),
               noDisplay + "init makes the database, which does not exist yet.");

@@ -126,8 +126,9 @@ TEST_F(Installation, NamesNoLibraryOfAToolkitExceptInTheToolkitsOwn) {
             << file;
     }
     EXPECT_THAT(needed("libKVEXQt.so"), HasSubstr("libQt6Widgets.so.6"));
-    EXPECT_THAT(needed("libKVEXTerminal.so"),
-                AllOf(HasSubstr("libtinfo.so.6"), HasSubstr("libutf8proc"), Not(HasSubstr("libQt"))));
+    EXPECT_THAT(
+        needed("libKVEXTerminal.so"),
+        AllOf(HasSubstr("libtinfo.so.6"), HasSubstr("libutf8proc"), Not(HasSubstr("libQt"))));
 }
 
 TEST_F(Installation, ItsToolkitsExportOneFunction) {
@@ -197,8 +198,9 @@ TEST_F(WithoutAToolkit, TheEditorRefusesOneOfAnotherVersion) {
 
 TEST_F(WithoutAToolkit, TheEditorRefusesAChoiceThatItDoesNotKnow) {
     environment["KVEX_TOOLKIT"] = "curtains";
-    EXPECT_EQ(refusal(), "$KVEX_TOOLKIT is \"curtains\", and no toolkit has this name. Set it to qt "
-                         "or terminal, or unset it.");
+    EXPECT_EQ(refusal(),
+              "$KVEX_TOOLKIT is \"curtains\", and no toolkit has this name. Set it to qt "
+              "or terminal, or unset it.");
 }
 
 } // namespace

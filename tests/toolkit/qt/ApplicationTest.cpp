@@ -68,8 +68,8 @@ TEST_F(QtApplicationTest, APlatformThatIsNotInstalledIsRefused) {
 
 TEST_F(QtApplicationTest, AnObstacleIsToldBeforeAnyApplicationIsMade) {
     EXPECT_EQ(qt::obstacleToWindows(),
-              u"neither $DISPLAY nor $WAYLAND_DISPLAY is set. Start the program in a graphical "
-              u"session or over ssh -X.");
+              u"there is no display (neither $DISPLAY nor $WAYLAND_DISPLAY is set). Start the "
+              u"program in a graphical session or over ssh -X.");
     setenv("DISPLAY", ":9876", 1);
     EXPECT_EQ(qt::obstacleToWindows(),
               u"there is no display that can be reached. Start the program in a graphical session, "
