@@ -29,6 +29,8 @@ step init kvexrules init --sample
 step list kvexrules list
 step show kvexrules show 7
 step edit kvexrules edit
+apt-get purge -y kvex-toolkit-qt
+step edit-without-qt kvexrules edit
 
 apt-get install -y /packages/new/*.deb
 versions >/results/upgraded

@@ -27,7 +27,7 @@ class Layouts(ProgramTest):
         lines = output(program, "version").splitlines()
         self.assertRegex(lines[0], r"^kvexrules \d+\.\d+\.\d+$")
         self.assertIn(f"component: {component}", lines)
-        self.assertRegex("\n".join(lines), r"(?m)^toolkit qt: Qt 6\.")
+        self.assertRegex("\n".join(lines), r"(?m)^toolkit qt: Qt 6\..*\ntoolkit terminal: ")
         database = Database(self.folder / "rules.db")
         os.environ["KVEX_DATABASE"] = str(database.path)
         database.path.unlink(missing_ok=True)

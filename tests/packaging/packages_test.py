@@ -13,7 +13,8 @@ PACKAGES = Path(os.environ["PACKAGES"])
 STEPS = Path(__file__).with_name("bare_system_steps.sh")
 VERSION = (Path(__file__).parents[2] / "VERSION").read_text(encoding="utf-8").strip()
 NEXT = f"{VERSION}-2"
-NAMES = ["kvex-toolkit-qt", "kvexrules", "libkvexmessagerules", "libkvexmessagerules-dev"]
+NAMES = ["kvex-toolkit-qt", "kvex-toolkit-terminal", "kvexrules", "libkvexmessagerules",
+         "libkvexmessagerules-dev"]
 
 
 def package(name):
@@ -53,14 +54,19 @@ class Packages(unittest.TestCase):
         self.assertEqual((done.returncode, done.stdout), (0, ""))
 
     def testNeedEachOtherInOneVersion(self):
-        for name in ("kvex-toolkit-qt", "kvexrules", "libkvexmessagerules-dev"):
+        for name in ("kvex-toolkit-qt", "kvex-toolkit-terminal", "kvexrules",
+                     "libkvexmessagerules-dev"):
             self.assertIn(f"libkvexmessagerules (= {VERSION}-1)", field(name, "Depends"))
+        self.assertIn(f"kvex-toolkit-terminal (= {VERSION}-1)", field("kvexrules", "Depends"))
 
     def testNeedTheLibrariesThatTheyUseAndRecommendTheDrivers(self):
         libraries = {"libc6", "libodbc2", "libsqlite3-0", "libstdc++6", "libutf8proc2"}
         self.assertLessEqual(libraries, names_in(field("kvexrules", "Depends")))
         self.assertLessEqual(libraries, names_in(field("libkvexmessagerules", "Depends")))
         self.assertLessEqual({"libqt6widgets6"}, names_in(field("kvex-toolkit-qt", "Depends")))
+        self.assertEqual(names_in(field("kvex-toolkit-terminal", "Depends")) - {"libgcc-s1"},
+                         {"libc6", "libkvexmessagerules", "libstdc++6", "libtinfo6",
+                          "libutf8proc2"})
         self.assertEqual(names_in(field("libkvexmessagerules", "Recommends")),
                          {"odbc-postgresql", "odbc-mariadb"})
         self.assertEqual(names_in(field("kvexrules", "Recommends")), {"kvex-toolkit-qt"})
@@ -86,13 +92,18 @@ class Packages(unittest.TestCase):
         self.assertRegex(version[1], "^commit: [0-9a-f]{12}$")
         self.assertRegex(version[2], "^component: /usr/lib/[^/]+/kvex/libKVEXMessageRules.so$")
         self.assertRegex(version[3], r"^toolkit qt: Qt 6\.")
+        self.assertRegex(version[4], r"^toolkit terminal: .*terminfo 6\.")
         self.assertEqual(result("init"),
                          "ready: /home/user/.local/share/kvex/rules.db\nstatus 0\n")
         self.assertEqual(len(result("list").splitlines()), 7 + 1)
         self.assertIn("For ALL Messages", result("show"))
         self.assertTrue(result("show").endswith("\nstatus 0\n"))
-        self.assertIn("kvexrules: There is no display for the rule editor", result("edit"))
+        self.assertIn("kvexrules: No window can be shown. The toolkit \"qt\" cannot be used: there"
+                      " is no display", result("edit"))
         self.assertTrue(result("edit").endswith("\nstatus 2\n"))
+        self.assertRegex(result("edit-without-qt"), (
+            "/libKVEXQt.so does not exist. Install this library. The toolkit \"terminal\" cannot be"
+            " used: standard output is no terminal."))
         self.assertLessEqual({"odbc-postgresql", "odbc-mariadb", "qt6-wayland"},
                              set(result("recommended").split()))
         self.assertEqual(result("upgraded"), "".join(f"{name}\t{NEXT}\n" for name in NAMES))
