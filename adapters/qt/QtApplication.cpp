@@ -163,18 +163,18 @@ PlatformSearch &platformSearch() {
     return search;
 }
 
-constexpr std::u16string_view withoutWindows = u"this program runs without windows.";
+constexpr std::u16string_view withoutWindows = u"This program runs without windows.";
 
 std::u16string noDisplay() {
-    return namesDisplay() ? u"there is no display that can be reached. Start the program in a "
+    return namesDisplay() ? u"There is no display that can be reached. Start the program in a "
                             u"graphical session, or set DISPLAY."
-                          : u"there is no display (neither $DISPLAY nor $WAYLAND_DISPLAY is set). "
+                          : u"There is no display (neither $DISPLAY nor $WAYLAND_DISPLAY is set). "
                             u"Start the program in a graphical session or over ssh -X.";
 }
 
 [[noreturn]] void refuse(std::u16string_view why) {
     throw Error(error_number::cannotCreateObject,
-                u"No window can be shown: " + std::u16string(why));
+                u"No window can be shown. " + std::u16string(why));
 }
 
 /// The thread that showed the first window. Nothing before that.

@@ -7,8 +7,8 @@
 
 namespace kvex::qt {
 
-/// Why this process cannot show windows, and what to do: sentences that continue "No window can be
-/// shown: ". "" when it can. Starts no application. Any thread may call it.
+/// Why this process cannot show windows, and what to do, in sentences; "" when it can.
+/// Starts no application. Any thread may call it.
 [[nodiscard]] std::u16string obstacleToWindows();
 
 /// Makes sure that this thread can show windows. Otherwise fails with cannotCreateObject and says

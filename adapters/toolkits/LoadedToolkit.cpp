@@ -24,7 +24,7 @@ struct Choice {
 };
 
 Attempt refused(const KnownToolkit &toolkit, const std::u16string &problem) {
-    return {nullptr, u"The toolkit \"" + fromUtf8(toolkit.name) + u"\" cannot be used: " + problem};
+    return {nullptr, u"The toolkit \"" + fromUtf8(toolkit.name) + u"\" cannot be used" + problem};
 }
 
 std::filesystem::path fileOf(const KnownToolkit &toolkit, const std::filesystem::path &folder) {
@@ -36,12 +36,12 @@ Attempt load(const KnownToolkit &toolkit, const std::filesystem::path &folder) {
     const std::u16string name = fromUtf8(file.native());
     std::error_code ignored;
     if (!std::filesystem::exists(file, ignored)) {
-        return refused(toolkit, name + u" does not exist. Install this library.");
+        return refused(toolkit, u": " + name + u" does not exist. Install this library.");
     }
     void *const handle = ::dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (handle == nullptr) {
         const char *const reason = ::dlerror();
-        return refused(toolkit, name + u" cannot be loaded (" +
+        return refused(toolkit, u": " + name + u" cannot be loaded (" +
                                     fromUtf8(reason == nullptr ? "" : reason) + u"). Install " +
                                     std::u16string(toolkit.needs) +
                                     u". If that does not help, install the library again.");
@@ -49,13 +49,14 @@ Attempt load(const KnownToolkit &toolkit, const std::filesystem::path &folder) {
     const auto entry = reinterpret_cast<decltype(&kvexToolkit)>(::dlsym(handle, "kvexToolkit"));
     if (entry == nullptr) {
         ::dlclose(handle);
-        return refused(toolkit, name + u" is not the library of a toolkit. Install it again.");
+        return refused(toolkit,
+                       u": " + name + u" is not the library of a toolkit. Install it again.");
     }
     const ToolkitLibrary *const library = entry();
     if (const std::string_view version = library->version; version != KVEX_VERSION) {
         Attempt attempt =
-            refused(toolkit, name + u" is of version " + fromUtf8(version) + u", and version " +
-                                 fromUtf8(KVEX_VERSION) +
+            refused(toolkit, u": " + name + u" is of version " + fromUtf8(version) +
+                                 u", and version " + fromUtf8(KVEX_VERSION) +
                                  u" is needed. Install all libraries of the program again, in "
                                  u"one version.");
         ::dlclose(handle);
@@ -69,7 +70,7 @@ Attempt loadToShow(const KnownToolkit &toolkit, const std::filesystem::path &fol
     const Attempt attempt = load(toolkit, folder);
     if (attempt.library != nullptr) {
         if (const std::u16string obstacle = attempt.library->obstacle(); !obstacle.empty()) {
-            return refused(toolkit, obstacle);
+            return refused(toolkit, u". " + obstacle);
         }
     }
     return attempt;

@@ -30,10 +30,10 @@ inline constexpr std::array knownToolkits{
                  u"terminfo and utf8proc (on Debian libtinfo6 and libutf8proc2)"},
 };
 
-/// The toolkit of a library in `folder`. The first call that needs it loads it: the one that
-/// $KVEX_TOOLKIT names, else the first known one that can be loaded and can show windows here. It
-/// then stays. All objects of a process that load the same file share one toolkit. The variable
-/// does not count in a program that has more rights than its user.
+/// The toolkit of a library in `folder`. The first call that needs one loads it: the one that
+/// $KVEX_TOOLKIT names, else the first known one that can show windows here. It then stays. All
+/// objects of a process that load the same file share one toolkit. The variable does not count in a
+/// program that has more rights than its user.
 ///
 /// Each call fails with cannotCreateObject when no toolkit can be used. The description says why
 /// and what to do. The next call tries again, but a library of another version stays loaded. Any

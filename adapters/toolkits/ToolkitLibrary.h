@@ -18,9 +18,8 @@ struct ToolkitLibrary {
     const char *runtime;
     /// The process has one. It needs no display before its first window.
     Toolkit *toolkit;
-    /// Why this process cannot show windows with the toolkit now, and what to do: sentences that
-    /// continue "The toolkit cannot be used: ". "" when it can. Opens no window and leaves a
-    /// terminal as it is. Any thread may call it.
+    /// Why this process cannot show windows with the toolkit now, and what to do, in sentences; ""
+    /// when it can. Opens no window and leaves a terminal as it is. Any thread may call it.
     std::u16string (*obstacle)();
 };
 

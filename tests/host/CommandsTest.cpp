@@ -338,7 +338,7 @@ TEST_F(Commands, EditWithoutADisplayAndATerminalSaysWhatToDo) {
         environment.set(name, "");
     }
     const std::string noDisplay =
-        "No window can be shown. The toolkit \"qt\" cannot be used: there is no display (neither "
+        "No window can be shown. The toolkit \"qt\" cannot be used. There is no display (neither "
         "$DISPLAY nor $WAYLAND_DISPLAY is set). Start the program in a graphical session or over "
         "ssh -X. "
         "Without windows, kvexrules ";
@@ -362,7 +362,7 @@ TEST_F(Commands, EditOnADisplayThatIsGoneDoesNotMentionTheDatabase) {
     environment.set("WAYLAND_DISPLAY", std::nullopt);
     environment.set("DISPLAY", ":7777");
     EXPECT_EQ(failed(2, {"edit", "--toolkit", "qt"}),
-              "No window can be shown. The toolkit \"qt\" cannot be used: there is no display "
+              "No window can be shown. The toolkit \"qt\" cannot be used. There is no display "
               "that can be reached. Start the program in a graphical session, or set DISPLAY. "
               "Without windows, kvexrules list and kvexrules show print the rules.");
 }

@@ -98,12 +98,12 @@ class Packages(unittest.TestCase):
         self.assertEqual(len(result("list").splitlines()), 7 + 1)
         self.assertIn("For ALL Messages", result("show"))
         self.assertTrue(result("show").endswith("\nstatus 0\n"))
-        self.assertIn("kvexrules: No window can be shown. The toolkit \"qt\" cannot be used: there"
+        self.assertIn("kvexrules: No window can be shown. The toolkit \"qt\" cannot be used. There"
                       " is no display", result("edit"))
         self.assertTrue(result("edit").endswith("\nstatus 2\n"))
         self.assertRegex(result("edit-without-qt"), (
             "/libKVEXQt.so does not exist. Install this library. The toolkit \"terminal\" cannot be"
-            " used: standard output is no terminal."))
+            " used. Standard output is no terminal."))
         self.assertLessEqual({"odbc-postgresql", "odbc-mariadb", "qt6-wayland"},
                              set(result("recommended").split()))
         self.assertEqual(result("upgraded"), "".join(f"{name}\t{NEXT}\n" for name in NAMES))

@@ -32,10 +32,10 @@ protected:
 
 TEST_F(Edit, WithoutADisplayAndATerminalSaysSoBeforeAnythingElse) {
     EXPECT_EQ(failed(2, {"edit", "--log", log.string()}),
-              "kvexrules: No window can be shown. The toolkit \"qt\" cannot be used: there is no "
+              "kvexrules: No window can be shown. The toolkit \"qt\" cannot be used. There is no "
               "display (neither $DISPLAY nor $WAYLAND_DISPLAY is set). Start the program in a "
               "graphical session or "
-              "over ssh -X. The toolkit \"terminal\" cannot be used: standard output is no "
+              "over ssh -X. The toolkit \"terminal\" cannot be used. Standard output is no "
               "terminal. Start the program at a terminal. Without windows, kvexrules list and "
               "kvexrules show print the rules.\n");
     EXPECT_EQ(failed(2, {}), failed(2, {"edit"}));
@@ -55,8 +55,8 @@ TEST_F(Edit, AtATerminalThatItCannotUseSaysWhichOnesItCan) {
         EXPECT_EQ(outcome.status, 2);
         EXPECT_THAT(outcome.output,
                     AllOf(StartsWith("kvexrules: No window can be shown. The toolkit "
-                                     "\"terminal\" cannot be used: "),
-                          HasSubstr("$TERM"),
+                                     "\"terminal\" cannot be used. "),
+                          HasSubstr("TERM"),
                           EndsWith(" Without windows, kvexrules list and kvexrules "
                                    "show print the rules.\n")));
     }
@@ -66,8 +66,8 @@ TEST_F(Edit, TheOptionDecidesBeforeTheVariable) {
     environment["KVEX_TOOLKIT"] = "curtains";
     EXPECT_THAT(failed(2, {"edit"}), HasSubstr("$KVEX_TOOLKIT is \"curtains\""));
     EXPECT_THAT(failed(2, {"edit", "--toolkit", "qt"}),
-                StartsWith("kvexrules: No window can be shown. The toolkit \"qt\" cannot be used: "
-                           "there is no display "));
+                StartsWith("kvexrules: No window can be shown. The toolkit \"qt\" cannot be used. "
+                           "There is no display "));
 }
 
 TEST_F(Edit, OffersToMakeADatabaseThatIsMissing) {

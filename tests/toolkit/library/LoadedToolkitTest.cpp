@@ -110,7 +110,7 @@ TEST_F(LoadedToolkitTest, OneOfAnotherVersionIsPassedOver) {
 TEST_F(LoadedToolkitTest, OneThatCannotShowWindowsHereIsPassedOver) {
     install(TEST_TOOLKIT, "libFirst.so");
     install(TEST_SECOND_TOOLKIT, "libSecond.so");
-    variables.set("OBSTACLE_TO_first", "it is dark. Light a lamp.");
+    variables.set("OBSTACLE_TO_first", "It is dark. Light a lamp.");
     EXPECT_EQ(taken(), "second");
     variables.set("OBSTACLE_TO_first", std::nullopt);
     EXPECT_EQ(taken(), "first");
@@ -119,10 +119,10 @@ TEST_F(LoadedToolkitTest, OneThatCannotShowWindowsHereIsPassedOver) {
 TEST_F(LoadedToolkitTest, WhereNoneCanShowWindowsTheObstaclesOfAllAreTold) {
     install(TEST_TOOLKIT, "libFirst.so");
     install(TEST_SECOND_TOOLKIT, "libSecond.so");
-    variables.set("OBSTACLE_TO_first", "it is dark. Light a lamp.");
-    variables.set("OBSTACLE_TO_second", "it is loud.");
-    EXPECT_EQ(taken(), "No window can be shown. The toolkit \"first\" cannot be used: it is dark. "
-                       "Light a lamp. The toolkit \"second\" cannot be used: it is loud.");
+    variables.set("OBSTACLE_TO_first", "It is dark. Light a lamp.");
+    variables.set("OBSTACLE_TO_second", "It is loud.");
+    EXPECT_EQ(taken(), "No window can be shown. The toolkit \"first\" cannot be used. It is dark. "
+                       "Light a lamp. The toolkit \"second\" cannot be used. It is loud.");
 }
 
 TEST_F(LoadedToolkitTest, OneThatShowsWindowsStaysEvenIfItCouldNoLonger) {
@@ -130,7 +130,7 @@ TEST_F(LoadedToolkitTest, OneThatShowsWindowsStaysEvenIfItCouldNoLonger) {
     install(TEST_SECOND_TOOLKIT, "libSecond.so");
     LoadedToolkit toolkit(folder.path(), twoToolkits);
     EXPECT_EQ(toolkit.clipboard().text(), u"first");
-    variables.set("OBSTACLE_TO_first", "it is dark.");
+    variables.set("OBSTACLE_TO_first", "It is dark.");
     EXPECT_EQ(toolkit.clipboard().text(), u"first");
 }
 
@@ -138,16 +138,16 @@ TEST_F(LoadedToolkitTest, TheUsersChoiceIsNotReplacedWhereItCannotShowWindows) {
     install(TEST_TOOLKIT, "libFirst.so");
     install(TEST_SECOND_TOOLKIT, "libSecond.so");
     variables.set("KVEX_TOOLKIT", "second");
-    variables.set("OBSTACLE_TO_second", "it is loud.");
+    variables.set("OBSTACLE_TO_second", "It is loud.");
     EXPECT_EQ(taken(),
-              "No window can be shown. The toolkit \"second\" cannot be used: it is loud.");
+              "No window can be shown. The toolkit \"second\" cannot be used. It is loud.");
 }
 
 TEST_F(LoadedToolkitTest, TheNameOfTheOneThatWouldBeTakenIsKnownBefore) {
     install(TEST_TOOLKIT, "libFirst.so");
     install(TEST_SECOND_TOOLKIT, "libSecond.so");
     EXPECT_EQ(toolkits::chosenToolkit(folder.path(), twoToolkits), "first");
-    variables.set("OBSTACLE_TO_first", "it is dark.");
+    variables.set("OBSTACLE_TO_first", "It is dark.");
     EXPECT_EQ(toolkits::chosenToolkit(folder.path(), twoToolkits), "second");
     variables.set("KVEX_TOOLKIT", "first");
     EXPECT_EQ(errorNumber([&] { return toolkits::chosenToolkit(folder.path(), twoToolkits); }),

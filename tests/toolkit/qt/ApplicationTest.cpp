@@ -68,11 +68,11 @@ TEST_F(QtApplicationTest, APlatformThatIsNotInstalledIsRefused) {
 
 TEST_F(QtApplicationTest, AnObstacleIsToldBeforeAnyApplicationIsMade) {
     EXPECT_EQ(qt::obstacleToWindows(),
-              u"there is no display (neither $DISPLAY nor $WAYLAND_DISPLAY is set). Start the "
+              u"There is no display (neither $DISPLAY nor $WAYLAND_DISPLAY is set). Start the "
               u"program in a graphical session or over ssh -X.");
     setenv("DISPLAY", ":9876", 1);
     EXPECT_EQ(qt::obstacleToWindows(),
-              u"there is no display that can be reached. Start the program in a graphical session, "
+              u"There is no display that can be reached. Start the program in a graphical session, "
               u"or set DISPLAY.");
     const VirtualDisplay display;
     EXPECT_EQ(qt::obstacleToWindows(), u"");
@@ -83,7 +83,7 @@ TEST_F(QtApplicationTest, AProgramWithoutWindowsIsAnObstacle) {
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     int count = 0;
     const QCoreApplication application(count, nullptr);
-    EXPECT_EQ(qt::obstacleToWindows(), u"this program runs without windows.");
+    EXPECT_EQ(qt::obstacleToWindows(), u"This program runs without windows.");
 }
 
 TEST_F(QtApplicationTest, AHostsApplicationIsNoObstacleWithoutADisplay) {
