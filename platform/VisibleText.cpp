@@ -8,18 +8,18 @@
 #include <iterator>
 
 namespace kvex {
-namespace {
 
-bool isHidden(char16_t unit) {
-    const bool control = unit < 0x20 || (unit >= 0x7F && unit <= 0x9F);
-    const bool separator = unit == 0x2028 || unit == 0x2029;
-    const bool direction = (unit >= 0x202A && unit <= 0x202E) || (unit >= 0x2066 && unit <= 0x2069);
-    const bool noCharacter = unit >= 0xFFFE;
+bool isHiddenCharacter(char32_t character) {
+    const bool control = character < 0x20 || (character >= 0x7F && character <= 0x9F);
+    const bool separator = character == 0x2028 || character == 0x2029;
+    const bool direction = (character >= 0x202A && character <= 0x202E) ||
+                           (character >= 0x2066 && character <= 0x2069);
+    const bool noCharacter = character == 0xFFFE || character == 0xFFFF;
     return control || separator || direction || noCharacter;
 }
 
-std::u16string escaped(char16_t unit) {
-    switch (unit) {
+std::u16string escaped(char32_t character) {
+    switch (character) {
     case u'\\':
         return u"\\\\";
     case u'\n':
@@ -32,19 +32,17 @@ std::u16string escaped(char16_t unit) {
         break;
     }
     char digits[8];
-    char *const end =
-        std::to_chars(std::begin(digits), std::end(digits), static_cast<std::uint32_t>(unit), 16)
-            .ptr;
+    char *const end = std::to_chars(std::begin(digits), std::end(digits),
+                                    static_cast<std::uint32_t>(character), 16)
+                          .ptr;
     return u"\\u{" + std::u16string(std::begin(digits), end) + u"}";
 }
-
-} // namespace
 
 std::u16string visible(std::u16string_view text) {
     std::u16string result;
     result.reserve(text.size());
     for (const char16_t unit : text) {
-        if (unit == u'\\' || isHidden(unit)) {
+        if (unit == u'\\' || isHiddenCharacter(unit)) {
             result += escaped(unit);
         } else {
             result.push_back(unit);
@@ -55,7 +53,7 @@ std::u16string visible(std::u16string_view text) {
 
 std::u16string harmless(std::u16string_view text) {
     std::u16string result(text);
-    std::ranges::replace_if(result, isHidden, u'\uFFFD');
+    std::ranges::replace_if(result, isHiddenCharacter, u'\uFFFD');
     return result;
 }
 

@@ -12,6 +12,12 @@ namespace kvex {
 /// and "\\" for a backslash. Different texts give different results.
 [[nodiscard]] std::u16string visible(std::u16string_view text);
 
+/// Whether visible() writes an escape for the character, a backslash excepted.
+[[nodiscard]] bool isHiddenCharacter(char32_t character);
+
+/// The escape of any character, as visible() writes it.
+[[nodiscard]] std::u16string escaped(char32_t character);
+
 /// `text` with U+FFFD in place of each of these characters; a backslash stays. The result is for
 /// reading alone: different texts can give the same.
 [[nodiscard]] std::u16string harmless(std::u16string_view text);

@@ -1,6 +1,7 @@
 #include "adapters/controls/ListRows.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace kvex::controls {
 
@@ -55,7 +56,9 @@ void ListRows::putLast(Row &row) {
 
 void ListRows::drop(Row &row) {
     if (row.selected) {
-        selection_.erase(std::ranges::find(selection_, &row));
+        // From the end, because the row was often selected last.
+        const auto found = std::find(selection_.rbegin(), selection_.rend(), &row);
+        selection_.erase(std::next(found).base());
         row.selected = false;
     }
 }

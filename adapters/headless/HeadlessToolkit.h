@@ -2,6 +2,7 @@
 // access keys and modality behave as on a screen. A script plays the user.
 #pragma once
 
+#include "adapters/lightweight/LightClipboard.h"
 #include "platform/controls/Toolkit.h"
 
 #include <deque>
@@ -14,18 +15,6 @@ namespace kvex::headless {
 
 class HeadlessWindow;
 class User;
-
-/// A clipboard. Tests set its text.
-class HeadlessClipboard final : public Clipboard {
-public:
-    void setText(std::u16string text) { text_ = std::move(text); }
-    void clear() { text_.clear(); }
-    [[nodiscard]] bool hasText() const override { return !text_.empty(); }
-    [[nodiscard]] std::u16string text() const override { return text_; }
-
-private:
-    std::u16string text_;
-};
 
 class HeadlessToolkit final : public Toolkit {
 public:
@@ -61,7 +50,7 @@ public:
     [[nodiscard]] std::unique_ptr<Window> createWindow(const WindowDesign &design) override;
     std::int32_t showMessageBox(const std::u16string &title, const std::u16string &text,
                                 std::int32_t style) override;
-    [[nodiscard]] HeadlessClipboard &clipboard() override { return clipboard_; }
+    [[nodiscard]] lightweight::LightClipboard &clipboard() override { return clipboard_; }
 
 private:
     friend class HeadlessWindow;
@@ -87,7 +76,7 @@ private:
     std::vector<Error> unhandledErrors_;
     /// The last one is active.
     std::vector<HeadlessWindow *> shown_;
-    HeadlessClipboard clipboard_;
+    lightweight::LightClipboard clipboard_;
 };
 
 } // namespace kvex::headless

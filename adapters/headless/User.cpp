@@ -1,10 +1,10 @@
 #include "adapters/headless/User.h"
 
 #include "adapters/controls/Keys.h"
-#include "adapters/headless/HeadlessButtons.h"
-#include "adapters/headless/HeadlessDTPicker.h"
-#include "adapters/headless/HeadlessListView.h"
 #include "adapters/headless/HeadlessWindow.h"
+#include "adapters/lightweight/LightButtons.h"
+#include "adapters/lightweight/LightDTPicker.h"
+#include "adapters/lightweight/LightListView.h"
 #include "platform/Text.h"
 #include "platform/Utf16.h"
 
@@ -13,6 +13,9 @@
 namespace kvex::headless {
 
 using controls::parseCaption;
+using lightweight::Element;
+using lightweight::LightDTPicker;
+using lightweight::LightListView;
 
 void User::complain(std::u16string_view text) const {
     window_.toolkit().addProblem(window_.name(), text);
@@ -59,7 +62,7 @@ void User::click(std::u16string_view control) {
 
 template <class Action>
 void User::onRow(std::u16string_view list, int row, const Action &action) const {
-    if (auto *view = usable<HeadlessListView>(list)) {
+    if (auto *view = usable<LightListView>(list)) {
         if (row < 1 || row > view->rowCount()) {
             complain(std::u16string(list) + u" has no row " + toText(std::int64_t{row}));
             return;
@@ -70,29 +73,29 @@ void User::onRow(std::u16string_view list, int row, const Action &action) const 
 }
 
 void User::clickRow(std::u16string_view list, int row) {
-    onRow(list, row, [row](HeadlessListView &view) { view.clickRow(row); });
+    onRow(list, row, [row](LightListView &view) { view.clickRow(row); });
 }
 
 void User::clickBesideRows(std::u16string_view list) {
-    if (auto *view = usable<HeadlessListView>(list)) {
+    if (auto *view = usable<LightListView>(list)) {
         view->takeFocus();
         view->clickBesideRows();
     }
 }
 
 void User::doubleClickRow(std::u16string_view list, int row) {
-    onRow(list, row, [row](HeadlessListView &view) { view.doubleClickRow(row); });
+    onRow(list, row, [row](LightListView &view) { view.doubleClickRow(row); });
 }
 
 void User::doubleClickBesideRows(std::u16string_view list) {
-    if (auto *view = usable<HeadlessListView>(list)) {
+    if (auto *view = usable<LightListView>(list)) {
         view->takeFocus();
         view->clickBesideRows();
     }
 }
 
 void User::tickRow(std::u16string_view list, int row) {
-    onRow(list, row, [&](HeadlessListView &view) {
+    onRow(list, row, [&](LightListView &view) {
         if (view.design().checkBoxes) {
             view.tickRow(row);
         } else {
@@ -124,8 +127,7 @@ void User::type(std::u16string_view text) {
             window_.press(Key::tab);
         } else if (window_.focus() == nullptr) {
             complain(u"no control has the focus");
-        } else if (!window_.focus()->type(text.substr(from, at - from)) &&
-                   !(character == u' ' && window_.focus()->press(Key::space))) {
+        } else if (!window_.type(text.substr(from, at - from))) {
             complain(window_.focus()->design().name + u" takes no text");
         }
     }
@@ -149,7 +151,7 @@ void User::focusOn(std::u16string_view control) {
 
 template <class Action>
 void User::onPicker(std::u16string_view picker, const Action &action) const {
-    if (auto *found = usable<HeadlessDTPicker>(picker)) {
+    if (auto *found = usable<LightDTPicker>(picker)) {
         found->takeFocus();
         try {
             action(*found);
@@ -160,15 +162,15 @@ void User::onPicker(std::u16string_view picker, const Action &action) const {
 }
 
 void User::pickDate(std::u16string_view picker, int year, int month, int day) {
-    onPicker(picker, [=](HeadlessDTPicker &found) { found.pickDate(year, month, day); });
+    onPicker(picker, [=](LightDTPicker &found) { found.pickDate(year, month, day); });
 }
 
 void User::pickTime(std::u16string_view picker, int hour, int minute, int second) {
-    onPicker(picker, [=](HeadlessDTPicker &found) { found.pickTime(hour, minute, second); });
+    onPicker(picker, [=](LightDTPicker &found) { found.pickTime(hour, minute, second); });
 }
 
 void User::tickPicker(std::u16string_view picker, bool ticked) {
-    onPicker(picker, [=](HeadlessDTPicker &found) { found.tick(ticked); });
+    onPicker(picker, [=](LightDTPicker &found) { found.tick(ticked); });
 }
 
 Window &User::window() {

@@ -2,6 +2,7 @@
 
 #include "platform/Utf16.h"
 
+#include <algorithm>
 #include <array>
 #include <utf8proc.h>
 
@@ -38,6 +39,20 @@ utf8proc_int32_t folded(utf8proc_int32_t character) {
     return character == dottedCapitalI ? character : utf8proc_tolower(character);
 }
 
+/// Asks for the form of an emoji in colours.
+constexpr utf8proc_int32_t emojiStyle = 0xFE0F;
+
+/// The library gives a vowel sign at a letter's side no column, and a Korean vowel or final
+/// consonant one. Terminals do the opposite.
+int columnsOfCharacter(utf8proc_int32_t character) {
+    const bool isKoreanPart = (character >= 0x1160 && character <= 0x11FF) ||
+                              (character >= 0xD7B0 && character <= 0xD7FF);
+    if (isKoreanPart) {
+        return 0;
+    }
+    return utf8proc_category(character) == UTF8PROC_CATEGORY_MC ? 1 : utf8proc_charwidth(character);
+}
+
 } // namespace
 
 std::u16string upperCase(std::u16string_view text) {
@@ -46,6 +61,60 @@ std::u16string upperCase(std::u16string_view text) {
 
 std::u16string foldCase(std::u16string_view text) {
     return mapped(text, folded);
+}
+
+std::size_t clusterEnd(std::u16string_view text, std::size_t from) {
+    std::size_t at = from;
+    auto last = static_cast<utf8proc_int32_t>(nextCharacter(text, at));
+    utf8proc_int32_t state = 0;
+    while (at < text.size()) {
+        std::size_t next = at;
+        const auto character = static_cast<utf8proc_int32_t>(nextCharacter(text, next));
+        if (utf8proc_grapheme_break_stateful(last, character, &state)) {
+            break;
+        }
+        last = character;
+        at = next;
+    }
+    return at;
+}
+
+std::size_t clusterStart(std::u16string_view text, std::size_t to) {
+    // Whether two characters belong together can depend on those before them. The two sides of a
+    // control character, such as a line break, never do.
+    std::size_t start = to;
+    while (start > 0 && text[start - 1] >= 0x20) {
+        --start;
+    }
+    start = start == to ? to - 1 - (to > 1 && text.substr(to - 2, 2) == u"\r\n" ? 1 : 0) : start;
+    for (std::size_t end = clusterEnd(text, start); end < to; end = clusterEnd(text, start)) {
+        start = end;
+    }
+    return start;
+}
+
+int columnsOf(std::u16string_view cluster) {
+    int columns = 0;
+    bool isEmoji = false;
+    for (std::size_t at = 0; at < cluster.size();) {
+        const auto character = static_cast<utf8proc_int32_t>(nextCharacter(cluster, at));
+        isEmoji = isEmoji || character == emojiStyle;
+        columns += columnsOfCharacter(character);
+    }
+    return isEmoji ? 2 : std::min(columns, 2);
+}
+
+bool isAccent(std::u16string_view cluster) {
+    std::size_t at = 0;
+    const auto character = static_cast<utf8proc_int32_t>(nextCharacter(cluster, at));
+    switch (utf8proc_category(character)) {
+    case UTF8PROC_CATEGORY_MN:
+    case UTF8PROC_CATEGORY_MC:
+    case UTF8PROC_CATEGORY_ME:
+        return true;
+    default:
+        return false;
+    }
 }
 
 bool isLetterOrDigit(char32_t character) {
@@ -60,6 +129,16 @@ bool isLetterOrDigit(char32_t character) {
     default:
         return false;
     }
+}
+
+/// In every script the digits from 0 to 9 follow each other.
+std::optional<int> digitValue(char32_t character) {
+    int digitsBefore = -1;
+    for (; utf8proc_category(static_cast<utf8proc_int32_t>(character)) == UTF8PROC_CATEGORY_ND;
+         --character) {
+        ++digitsBefore;
+    }
+    return digitsBefore < 0 ? std::nullopt : std::optional(digitsBefore % 10);
 }
 
 std::string unicodeLibrary() {

@@ -120,4 +120,17 @@ TEST(IsLetterOrDigit, HoldsInEveryScript) {
     }
 }
 
+TEST(DigitValue, IsThatOfTheDigitInEveryScript) {
+    for (int value = 0; value < 10; ++value) {
+        // Latin, Devanagari, Arabic, full-width, and two of the mathematical alphabets.
+        for (const char32_t zero :
+             {U'0', U'\u0966', U'\u0660', U'\uFF10', U'\U0001D7CE', U'\U0001D7D8'}) {
+            EXPECT_EQ(kvex::digitValue(zero + static_cast<char32_t>(value)), value);
+        }
+    }
+    for (const char32_t other : {U'a', U' ', U'/', U':', U'\u00B2', U'\u0965', U'\u0970'}) {
+        EXPECT_EQ(kvex::digitValue(other), std::nullopt);
+    }
+}
+
 } // namespace

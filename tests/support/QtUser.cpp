@@ -37,6 +37,8 @@ struct KeyStroke {
 
 KeyStroke strokeOf(Key key) {
     constexpr Qt::KeyboardModifiers none = Qt::NoModifier;
+    constexpr Qt::KeyboardModifiers shift = Qt::ShiftModifier;
+    constexpr Qt::KeyboardModifiers control = Qt::ControlModifier;
     switch (key) {
     case Key::enter:
         return {Qt::Key_Return, none, u"\r"};
@@ -45,7 +47,7 @@ KeyStroke strokeOf(Key key) {
     case Key::tab:
         return {Qt::Key_Tab, none, u"\t"};
     case Key::shiftTab:
-        return {Qt::Key_Backtab, Qt::ShiftModifier, u""};
+        return {Qt::Key_Backtab, shift, u""};
     case Key::space:
         return {Qt::Key_Space, none, u" "};
     case Key::backspace:
@@ -56,18 +58,62 @@ KeyStroke strokeOf(Key key) {
         return {Qt::Key_Up, none, u""};
     case Key::down:
         return {Qt::Key_Down, none, u""};
+    case Key::left:
+        return {Qt::Key_Left, none, u""};
+    case Key::right:
+        return {Qt::Key_Right, none, u""};
+    case Key::wordLeft:
+        return {Qt::Key_Left, control, u""};
+    case Key::wordRight:
+        return {Qt::Key_Right, control, u""};
     case Key::home:
         return {Qt::Key_Home, none, u""};
     case Key::end:
         return {Qt::Key_End, none, u""};
+    case Key::pageUp:
+        return {Qt::Key_PageUp, none, u""};
+    case Key::pageDown:
+        return {Qt::Key_PageDown, none, u""};
+    case Key::textStart:
+        return {Qt::Key_Home, control, u""};
+    case Key::textEnd:
+        return {Qt::Key_End, control, u""};
+    case Key::goUp:
+        return {Qt::Key_Up, control, u""};
+    case Key::goDown:
+        return {Qt::Key_Down, control, u""};
+    case Key::selectUp:
+        return {Qt::Key_Up, shift, u""};
+    case Key::selectDown:
+        return {Qt::Key_Down, shift, u""};
+    case Key::selectLeft:
+        return {Qt::Key_Left, shift, u""};
+    case Key::selectRight:
+        return {Qt::Key_Right, shift, u""};
+    case Key::selectWordLeft:
+        return {Qt::Key_Left, shift | control, u""};
+    case Key::selectWordRight:
+        return {Qt::Key_Right, shift | control, u""};
+    case Key::selectHome:
+        return {Qt::Key_Home, shift, u""};
+    case Key::selectEnd:
+        return {Qt::Key_End, shift, u""};
+    case Key::toggleRow:
+        return {Qt::Key_Space, control, u" "};
     case Key::cut:
-        return {Qt::Key_X, Qt::ControlModifier, u"\x18"};
+        return {Qt::Key_X, control, u"\x18"};
     case Key::copy:
-        return {Qt::Key_C, Qt::ControlModifier, u"\x03"};
+        return {Qt::Key_C, control, u"\x03"};
     case Key::paste:
-        return {Qt::Key_V, Qt::ControlModifier, u"\x16"};
+        return {Qt::Key_V, control, u"\x16"};
     case Key::selectAll:
-        return {Qt::Key_A, Qt::ControlModifier, u"\x01"};
+        return {Qt::Key_A, control, u"\x01"};
+    case Key::help:
+        return {Qt::Key_F1, none, u""};
+    case Key::accessKey:
+        return {Qt::Key_F2, none, u""};
+    case Key::suspend:
+        return {Qt::Key_Z, control, u"\x1a"};
     }
     return {};
 }

@@ -1,6 +1,6 @@
 #include "tests/torture/monkey/Act.h"
 
-#include "adapters/headless/HeadlessListView.h"
+#include "adapters/lightweight/LightListView.h"
 #include "platform/Text.h"
 #include "tests/torture/monkey/Hands.h"
 

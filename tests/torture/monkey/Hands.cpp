@@ -1,7 +1,7 @@
 #include "tests/torture/monkey/Hands.h"
 
 #include "adapters/controls/Keys.h"
-#include "adapters/headless/HeadlessListView.h"
+#include "adapters/lightweight/LightListView.h"
 
 #include <algorithm>
 #include <chrono>
@@ -9,10 +9,10 @@
 namespace kvex::torture {
 namespace {
 
-using headless::Element;
-using headless::HeadlessListView;
 using headless::HeadlessWindow;
 using headless::Key;
+using lightweight::Element;
+using lightweight::LightListView;
 
 Element *usable(const HeadlessWindow &window, std::u16string_view name) {
     Element *element = window.element(name);
@@ -86,7 +86,7 @@ std::u16string buttonOf(Key key, const HeadlessWindow &window) {
 Aim aimOfKey(Key key, const HeadlessWindow &window) {
     Element *focus = window.focus();
     if (key == Key::space && isKind(focus, {ControlKind::listView}) && focus->design().checkBoxes) {
-        const int row = dynamic_cast<HeadlessListView *>(focus)->selectedRow();
+        const int row = dynamic_cast<LightListView *>(focus)->selectedRow();
         return {row > 0 ? focus->design().name : std::u16string(), row};
     }
     return {buttonOf(key, window)};
@@ -103,7 +103,7 @@ bool isPossible(const Event &event, const HeadlessWindow &window) {
     case EventKind::clickRow:
     case EventKind::doubleClickRow:
     case EventKind::tick: {
-        const auto *list = dynamic_cast<const HeadlessListView *>(element);
+        const auto *list = dynamic_cast<const LightListView *>(element);
         return list != nullptr && event.numbers[0] >= 1 && event.numbers[0] <= list->rowCount() &&
                (event.kind != EventKind::tick || list->design().checkBoxes);
     }

@@ -1,6 +1,6 @@
 #include "tests/torture/monkey/Monkey.h"
 
-#include "adapters/headless/HeadlessListView.h"
+#include "adapters/lightweight/LightListView.h"
 #include "tests/torture/monkey/Hands.h"
 
 #include <algorithm>
@@ -10,8 +10,8 @@
 namespace kvex::torture {
 namespace {
 
-using headless::Element;
 using headless::HeadlessWindow;
+using lightweight::Element;
 using Text = std::u16string_view;
 
 constexpr std::array<Text, 10> names{u"Rule 1",
@@ -136,7 +136,7 @@ std::optional<Event> Monkey::onElement(const Element &element) {
     };
     switch (element.design().kind) {
     case ControlKind::listView: {
-        const int rows = dynamic_cast<const headless::HeadlessListView &>(element).rowCount();
+        const int rows = dynamic_cast<const lightweight::LightListView &>(element).rowCount();
         if (rows == 0 || happens(4)) {
             return on(happens(50) ? EventKind::clickBeside : EventKind::doubleClickBeside);
         }

@@ -35,7 +35,7 @@ private:
     }
     [[nodiscard]] Event opening(const Tables &tables);
     [[nodiscard]] std::optional<Event> ofWindow(const headless::HeadlessWindow &window);
-    [[nodiscard]] std::optional<Event> onElement(const headless::Element &element);
+    [[nodiscard]] std::optional<Event> onElement(const lightweight::Element &element);
     [[nodiscard]] Event ofKeyboard(const headless::HeadlessWindow &window);
     [[nodiscard]] Event ofOtherProgram(const Tables &tables);
     [[nodiscard]] int someRule(const Tables &tables);

@@ -1,0 +1,89 @@
+#include "adapters/terminal/Desktop.h"
+
+#include "adapters/terminal/TerminalWindow.h"
+
+#include <ranges>
+
+namespace kvex::terminal {
+
+/// While it lives, its window is the active one.
+class Desktop::Showing {
+public:
+    Showing(Desktop &desktop, TerminalWindow &window) : desktop_(desktop), window_(window) {
+        desktop_.shown_.push_back(&window);
+        try {
+            desktop_.holdTerminalAsNeeded();
+        } catch (...) {
+            desktop_.shown_.pop_back();
+            throw;
+        }
+    }
+    ~Showing() {
+        window_.close();
+        desktop_.shown_.pop_back();
+        desktop_.holdTerminalAsNeeded();
+    }
+    Showing(const Showing &) = delete;
+    Showing &operator=(const Showing &) = delete;
+
+private:
+    Desktop &desktop_;
+    TerminalWindow &window_;
+};
+
+Ability Desktop::ability() const {
+    return {terminal_.characters(), terminal_.hasColours()};
+}
+
+void Desktop::run(TerminalWindow &window) {
+    const Showing showing(*this, window);
+    while (window.isOpen()) {
+        handleNext();
+    }
+}
+
+void Desktop::handleNext() {
+    // Nobody would see a picture before the next one.
+    if (!terminal_.hasInput()) {
+        terminal_.show(picture());
+    }
+    const Input input = terminal_.next();
+    if (std::holds_alternative<HungUp>(input)) {
+        closeAll();
+    } else if (TerminalWindow *window = active(); window != nullptr && window->isOpen()) {
+        window->handle(input);
+    }
+}
+
+/// As if the user closed each window by its frame.
+void Desktop::closeAll() {
+    for (TerminalWindow *window : std::views::reverse(shown_)) {
+        window->close();
+    }
+}
+
+CellGrid Desktop::picture() const {
+    CellGrid grid(terminal_.size(), terminal_.characters());
+    for (TerminalWindow *window : shown_) {
+        grid.cursor.reset();
+        window->paint(grid, window == shown_.back());
+    }
+    return grid;
+}
+
+void Desktop::windowDone() {
+    --windows_;
+    holdTerminalAsNeeded();
+}
+
+void Desktop::holdTerminalAsNeeded() {
+    const bool needed = !shown_.empty() || (holdsTerminal_ && windows_ > 0);
+    if (needed && !holdsTerminal_) {
+        terminal_.open();
+    } else if (!needed && holdsTerminal_) {
+        terminal_.close();
+    }
+    holdsTerminal_ = needed;
+}
+
+} // namespace kvex::terminal

@@ -1,0 +1,33 @@
+#include "adapters/terminal/KeysBox.h"
+
+#include "adapters/terminal/MessageBoxDesign.h"
+#include "adapters/terminal/TerminalWindow.h"
+#include "kvex/MessageBox.h"
+#include "platform/controls/Buttons.h"
+
+namespace kvex::terminal {
+namespace {
+
+constexpr const char16_t *keys = u"Tab, Shift+Tab  next, previous control\n"
+                                 u"Arrows          rows, choices, text\n"
+                                 u"Space           tick, press the button\n"
+                                 u"Enter           press the button in < >\n"
+                                 u"Esc             cancel\n"
+                                 u"Alt+letter      underlined letter\n"
+                                 u"F2, letter      the same\n"
+                                 u"Left, Right     move wide rows\n"
+                                 u"Page keys       scroll\n"
+                                 u"Shift+arrows    select text\n"
+                                 u"Ctrl+X, C, V    cut, copy, paste\n"
+                                 u"Ctrl+Z          suspend";
+
+} // namespace
+
+void showKeysBox(Desktop &desktop) {
+    TerminalWindow box(desktop, messageBoxDesign(u"Keys", keys, message_box::exclamation),
+                       Shape::box, {});
+    box.get<CommandButton>(okButton).onClick = [&box] { box.close(); };
+    box.showModal();
+}
+
+} // namespace kvex::terminal

@@ -1,0 +1,235 @@
+#include "adapters/terminal/RowsView.h"
+
+#include "adapters/terminal/WrappedText.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kvex::terminal {
+namespace {
+
+using lightweight::Key;
+
+constexpr int usualLines = 5;
+constexpr int leastLines = 2;
+constexpr int leastColumns = 16;
+/// The bars on both sides.
+constexpr int barColumns = 2;
+constexpr int shiftStep = 8;
+constexpr int tickColumns = 4;
+
+/// The part of `text` that is visible in a column of this width, moved by `shift`.
+std::u16string_view visiblePart(std::u16string_view text, int shift, int columns,
+                                Characters characters) {
+    text.remove_prefix(beginning(text, shift, characters).size());
+    return beginning(text, columns, characters);
+}
+
+} // namespace
+
+Extent RowsView::columns() const {
+    const int wished = std::max(element().design().columns, leastColumns) + barColumns;
+    return {leastColumns + barColumns, wished};
+}
+
+Extent RowsView::rows(int, Economy economy) const {
+    const int lines = element().design().lines > 0 ? element().design().lines : usualLines;
+    const int around = headerRows() + (economy < Economy::noListFrames ? 2 : 0);
+    return {std::min(leastLines, lines) + around, lines + around};
+}
+
+int RowsView::headerRows() const {
+    return element().design().columnHeaders && list_.columnCount() > 0 ? 1 : 0;
+}
+
+std::vector<RowsView::Slot> RowsView::slots(int columns) const {
+    std::vector<Slot> slots;
+    int from = 0;
+    for (int column = 1; column <= list_.columnCount(); ++column) {
+        const double share = list_.column(column).width;
+        if (share > 0) {
+            const int wide = static_cast<int>(std::lround(share * columns));
+            slots.push_back({column, from, std::clamp(wide, 0, std::max(columns - from, 0))});
+            from += slots.back().columns;
+        }
+    }
+    if (slots.empty() && list_.columnCount() == 0) {
+        slots.push_back({1, 0, columns});
+    }
+    if (!slots.empty()) {
+        slots.back().columns = std::max(columns - slots.back().from, 0);
+    }
+    return slots;
+}
+
+char16_t RowsView::pictureOf(int icon) const {
+    if (icon < 1 || icon > static_cast<int>(pictures_.size())) {
+        return u' ';
+    }
+    switch (pictures_[static_cast<std::size_t>(icon) - 1]) {
+    case Picture::inOrder:
+        return u'v';
+    case Picture::account:
+        return u'#';
+    case Picture::person:
+        return u'@';
+    }
+    return u' ';
+}
+
+/// The check box and the picture before a row's text.
+std::u16string RowsView::prefixOf(int row) const {
+    std::u16string prefix;
+    if (element().design().checkBoxes) {
+        prefix = list_.checked(row) ? u"[x] " : u"[ ] ";
+    }
+    if (element().design().rowPicture > 0) {
+        prefix += pictureOf(element().design().rowPicture);
+        prefix += u' ';
+    }
+    return prefix;
+}
+
+void RowsView::paint(Canvas &canvas, const Rect &at, const Look &look) {
+    const int frame = look.economy < Economy::noListFrames ? 1 : 0;
+    const Rect inside{at.column + 1, at.row + frame, std::max(at.columns - barColumns, 0),
+                      std::max(at.rows - 2 * frame, 0)};
+    shown_ = {inside.column, inside.row + headerRows(), inside.columns,
+              std::max(inside.rows - headerRows(), 0)};
+    list_.setPage(shown_.rows);
+    const int top = list_.visibleRows().first();
+
+    canvas.fill(at);
+    if (frame > 0) {
+        canvas.border(at);
+    } else {
+        canvas.lineDown({at.column, at.row}, at.rows);
+    }
+    canvas.scrollBar({at.column + at.columns - 1, inside.row}, inside.rows, top - 1,
+                     shown_.rows, list_.rowCount());
+    Canvas content = canvas.within(inside);
+    if (headerRows() > 0) {
+        paintHeader(content, inside);
+    }
+    if (list_.rowCount() == 0) {
+        paintEmptyText(content, shown_);
+    }
+    const int last = std::min(list_.rowCount(), top + shown_.rows - 1);
+    for (int row = top; row <= last; ++row) {
+        const Rect line{shown_.column, shown_.row + row - top, shown_.columns, 1};
+        paintRow(content, line, row, look.hasFocus);
+    }
+    if (look.hasFocus) {
+        const int current = std::clamp(list_.currentRow(), top, std::max(last, top));
+        content.setCursor({shown_.column, shown_.row + current - top});
+    }
+}
+
+void RowsView::paintHeader(Canvas &canvas, const Rect &at) const {
+    for (const Slot &slot : slots(at.columns)) {
+        if (slot.column > list_.columnCount()) {
+            continue;
+        }
+        const auto &column = list_.column(slot.column);
+        std::u16string text = column.header;
+        if (column.icon > 0) {
+            text += u' ';
+            text += pictureOf(column.icon);
+        }
+        canvas.put({at.column + slot.from, at.row}, beginning(text, slot.columns - 1, characters()),
+                   {.bold = true});
+    }
+}
+
+void RowsView::paintRow(Canvas &canvas, const Rect &at, int row, bool hasFocus) const {
+    Style style;
+    style.reverse = list_.selected(row);
+    style.dim = list_.rowColour(row) == RowColour::greyText || !element().isEnabled() ||
+                (style.reverse && !hasFocus);
+    canvas.fill(at, style);
+    for (const Slot &slot : slots(at.columns)) {
+        Canvas cell = canvas.within({at.column + slot.from, at.row, slot.columns, 1});
+        Point to{at.column + slot.from, at.row};
+        if (slot.from == 0) {
+            to.column += cell.put(to, prefixOf(row), style);
+        }
+        // A blank parts a text from the next column.
+        const bool isLast = slot.from + slot.columns >= at.columns;
+        const int room = at.column + slot.from + slot.columns - to.column - (isLast ? 0 : 1);
+        const std::u16string text = list_.columnCount() == 0
+                                        ? list_.text(row)
+                                        : std::u16string(list_.cell(row, slot.column));
+        cell.put(to, visiblePart(text, shift_, room, characters()), style);
+    }
+}
+
+void RowsView::paintEmptyText(Canvas &canvas, const Rect &at) const {
+    const std::u16string &text = element().design().emptyText;
+    int row = at.row;
+    for (const WrappedLine &line : wrapped(text, at.columns, characters())) {
+        canvas.put({at.column, row++},
+                   std::u16string_view(text).substr(line.from, line.to - line.from),
+                   {.dim = true});
+    }
+}
+
+void RowsView::click(Point at, bool twice) {
+    const int row = list_.visibleRows().first() + at.row - shown_.row;
+    if (at.row < shown_.row) {
+        return;
+    }
+    if (row > list_.rowCount()) {
+        list_.clickBesideRows();
+    } else if (element().design().checkBoxes && at.column >= shown_.column &&
+               at.column < shown_.column + tickColumns - 1) {
+        list_.tickRow(row);
+    } else if (twice) {
+        list_.doubleClickRow(row);
+    } else {
+        list_.clickRow(row);
+    }
+}
+
+bool RowsView::scroll(int rows) {
+    const int before = list_.visibleRows().first();
+    list_.scrollBy(rows);
+    return list_.visibleRows().first() != before;
+}
+
+bool RowsView::press(Key key) {
+    switch (key) {
+    case Key::left:
+        shift_ = std::max(shift_ - shiftStep, 0);
+        return true;
+    case Key::right:
+        shift_ += isCutOnTheRight() ? shiftStep : 0;
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool RowsView::isCutOnTheRight() const {
+    const auto all = slots(shown_.columns);
+    const int top = list_.visibleRows().first();
+    const int last = std::min(list_.rowCount(), top + shown_.rows - 1);
+    for (int row = top; row <= last; ++row) {
+        const bool isCut = std::ranges::any_of(all, [&](const Slot &slot) {
+            const int prefix = slot.from == 0 ? shownColumns(prefixOf(row), characters()) : 0;
+            return slot.column <= list_.columnCount() &&
+                   shownColumns(list_.cell(row, slot.column), characters()) - shift_ > slot.columns - prefix - 1;
+        });
+        if (isCut) {
+            return true;
+        }
+    }
+    return false;
+}
+
+std::u16string RowsView::hint() const {
+    const int row = list_.currentRow();
+    const bool isGreyed = row > 0 && list_.rowColour(row) == RowColour::greyText;
+    return isGreyed ? element().design().greyedRowHint : std::u16string();
+}
+
+} // namespace kvex::terminal

@@ -1,0 +1,71 @@
+#include "adapters/terminal/io/CellGrid.h"
+
+#include "platform/Unicode.h"
+
+namespace kvex::terminal {
+
+CellGrid::CellGrid(Size size, Characters characters)
+    : size_{std::max(0, size.columns), std::max(0, size.rows)}, characters_(characters),
+      cells_(static_cast<std::size_t>(size_.columns) * static_cast<std::size_t>(size_.rows)) {}
+
+std::size_t CellGrid::indexOf(Point point) const {
+    return static_cast<std::size_t>(point.row) * static_cast<std::size_t>(size_.columns) +
+           static_cast<std::size_t>(point.column);
+}
+
+const Cell &CellGrid::at(Point point) const {
+    return cells_[indexOf(point)];
+}
+
+int CellGrid::put(Point at, std::u16string_view text, const Style &style, const Rect &clip) {
+    const Rect area = intersection(clip, {0, 0, size_.columns, size_.rows});
+    const int begin = at.column;
+    const auto putPiece = [&](std::u16string_view piece, int columns) {
+        const Rect seen = intersection(area, {at.column, at.row, columns, 1});
+        if (seen.columns == columns && seen.rows == 1) {
+            putCells(at, piece, columns, style);
+        } else {
+            fill(seen, style);
+        }
+        at.column += columns;
+    };
+    for (std::size_t from = 0; from < text.size();) {
+        const std::size_t end = clusterEnd(text, from);
+        const ShownCluster shown = shownCluster(text.substr(from, end - from), characters_);
+        if (shown.isAscii) {
+            for (const char16_t unit : shown.text) {
+                putPiece({&unit, 1}, 1);
+            }
+        } else if (shown.columns > 0) {
+            putPiece(shown.text, shown.columns);
+        }
+        from = end;
+    }
+    return at.column - begin;
+}
+
+void CellGrid::fill(const Rect &area, const Style &style) {
+    const Rect seen = intersection(area, {0, 0, size_.columns, size_.rows});
+    for (int row = seen.row; row < seen.row + seen.rows; ++row) {
+        for (int column = seen.column; column < seen.column + seen.columns; ++column) {
+            putCells({column, row}, u" ", 1, style);
+        }
+    }
+}
+
+void CellGrid::putCells(Point at, std::u16string_view text, int columns, const Style &style) {
+    const std::size_t first = indexOf(at);
+    if (cells_[first].text.empty()) {
+        cells_[first - 1].text = u" ";
+    }
+    const std::size_t after = first + static_cast<std::size_t>(columns);
+    if (at.column + columns < size_.columns && cells_[after].text.empty()) {
+        cells_[after].text = u" ";
+    }
+    cells_[first] = {std::u16string(text), style};
+    if (columns == 2) {
+        cells_[first + 1] = {u"", style};
+    }
+}
+
+} // namespace kvex::terminal

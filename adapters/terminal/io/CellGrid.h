@@ -1,0 +1,61 @@
+// The contents of a terminal's screen.
+#pragma once
+
+#include "adapters/terminal/io/Geometry.h"
+#include "adapters/terminal/io/ShownText.h"
+#include "platform/TextRun.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kvex::terminal {
+
+struct Style {
+    bool bold = false;
+    bool dim = false;
+    bool reverse = false;
+    bool underline = false;
+    /// None is the terminal's own colour, and so is black: the terminal's ground may be black.
+    std::optional<Colour> colour = {};
+    friend bool operator==(const Style &, const Style &) = default;
+};
+
+struct Cell {
+    /// What the cell shows. "" is the right half of the cluster in the cell to the left.
+    std::u16string text = u" ";
+    Style style;
+    friend bool operator==(const Cell &, const Cell &) = default;
+};
+
+class CellGrid {
+public:
+    /// All cells are blank.
+    explicit CellGrid(Size size, Characters characters = Characters::unicode);
+
+    [[nodiscard]] Size size() const noexcept { return size_; }
+    [[nodiscard]] Characters characters() const noexcept { return characters_; }
+    /// The cell at a point of the grid.
+    [[nodiscard]] const Cell &at(Point point) const;
+
+    /// Puts the clusters of one line as shownCluster() gives them, and returns their columns, those
+    /// that `clip` cuts off included. Nothing outside `clip` and the grid changes. A wide cluster
+    /// becomes blanks where an edge or another put would leave a half of it.
+    int put(Point at, std::u16string_view text, const Style &style, const Rect &clip);
+    /// Puts blanks.
+    void fill(const Rect &area, const Style &style);
+
+    /// Where the terminal's cursor stands; without a value it is hidden.
+    std::optional<Point> cursor;
+
+private:
+    void putCells(Point at, std::u16string_view text, int columns, const Style &style);
+    [[nodiscard]] std::size_t indexOf(Point point) const;
+
+    Size size_;
+    Characters characters_;
+    std::vector<Cell> cells_;
+};
+
+} // namespace kvex::terminal

@@ -1,0 +1,66 @@
+// Makes a terminal show a grid with few bytes.
+#pragma once
+
+#include "adapters/terminal/io/Capabilities.h"
+#include "adapters/terminal/io/CellGrid.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kvex::terminal {
+
+/// Knows what the terminal shows, and writes only what differs.
+///
+/// Terminals disagree about the columns of many clusters. So the cursor is placed anew after each
+/// one that is not ASCII. After a cluster of several characters the rest of its line is erased and
+/// written again: a terminal that takes more columns for it has written there, too.
+class Screen {
+public:
+    /// `colours` is 0 when the user wants none.
+    Screen(const Capabilities &capabilities, int colours);
+
+    /// The terminal shows anything, and has this size: the next update writes everything.
+    void forget(Size size);
+    /// The bytes that make the terminal show the grid; "" when it does already. A grid of another
+    /// size is cut, or has blanks around it.
+    [[nodiscard]] std::string update(const CellGrid &grid);
+
+private:
+    struct Pen {
+        bool bold = false;
+        bool dim = false;
+        bool reverse = false;
+        bool underline = false;
+        std::optional<int> colour;
+        friend bool operator==(const Pen &, const Pen &) = default;
+    };
+
+    void updateRow(const CellGrid &grid, int row);
+    void writeCell(Point at, const Cell &wanted, int columns, bool mayBeCovered);
+    [[nodiscard]] bool isBlank(Point at, int columns) const;
+    void eraseRest(Point from);
+    void forgetColumn();
+    void forgetColumnAtEdge();
+    void moveTo(Point to);
+    [[nodiscard]] std::string cheapestWay(Point to) const;
+    [[nodiscard]] std::string rewritten(Point to) const;
+    void setPen(const Pen &pen);
+    [[nodiscard]] Pen penOf(const Style &style) const;
+    [[nodiscard]] Cell &shown(Point at);
+    [[nodiscard]] const Cell &shown(Point at) const;
+
+    const Capabilities &capabilities_;
+    int colours_;
+    Size size_;
+    bool isKnown_ = false;
+    std::vector<Cell> shown_;
+    /// Where the cursor is, as far as all terminals agree.
+    std::optional<int> row_;
+    std::optional<int> column_;
+    bool isCursorShown_ = true;
+    Pen pen_;
+    std::string bytes_;
+};
+
+} // namespace kvex::terminal

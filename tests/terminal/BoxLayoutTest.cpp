@@ -1,0 +1,200 @@
+#include "adapters/terminal/BoxLayout.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace kvex::terminal {
+
+std::ostream &operator<<(std::ostream &out, const Rect &rect) {
+    return out << rect.columns << 'x' << rect.rows << " at " << rect.column << ',' << rect.row;
+}
+
+namespace {
+
+/// A control of some size. A list grows and loses its frame.
+class Fake final : public Placeable {
+public:
+    Extent across{10, 10};
+    Extent down{1, 1};
+    bool isList = false;
+    bool shown = true;
+    bool isLabel = false;
+    /// A text of so many cells that wraps.
+    int cells = 0;
+
+    [[nodiscard]] bool isShown() const override { return shown; }
+    [[nodiscard]] Extent columns() const override { return across; }
+    [[nodiscard]] Extent rows(int columns, Economy economy) const override {
+        if (cells > 0) {
+            const int rows = (cells + columns - 1) / std::max(columns, 1);
+            return {rows, rows};
+        }
+        const int frame = isList && economy < Economy::noListFrames ? 2 : 0;
+        return {down.least + frame, down.natural + frame};
+    }
+    [[nodiscard]] bool growsAcross() const override { return isList; }
+    [[nodiscard]] bool growsDown() const override { return isList; }
+    [[nodiscard]] bool startsSection() const override { return isLabel; }
+};
+
+class BoxLayoutTest : public testing::Test {
+protected:
+    Fake &control(const std::u16string &name) {
+        auto &fake = controls_[name];
+        fake = fake == nullptr ? std::make_unique<Fake>() : std::move(fake);
+        return *fake;
+    }
+    Fake &list(const std::u16string &name, Extent rows) {
+        Fake &fake = control(name);
+        fake.isList = true;
+        fake.down = rows;
+        return fake;
+    }
+    Arrangement arrange(Layout layout, Size size) {
+        return boxes(std::move(layout)).arrange({0, 0, size.columns, size.rows});
+    }
+    [[nodiscard]] BoxLayout boxes(Layout layout) {
+        return {std::move(layout), [this](std::u16string_view name) -> Placeable * {
+                    const auto found = controls_.find(std::u16string(name));
+                    return found == controls_.end() ? nullptr : found->second.get();
+                }};
+    }
+    std::optional<Rect> at(const Arrangement &arrangement, const std::u16string &name) {
+        for (const Placed &placed : arrangement.placed) {
+            if (placed.control == controls_.at(name).get()) {
+                return placed.at;
+            }
+        }
+        return std::nullopt;
+    }
+
+private:
+    std::map<std::u16string, std::unique_ptr<Fake>> controls_;
+};
+
+using Place = std::optional<Rect>;
+
+TEST_F(BoxLayoutTest, PiecesOfARowShareTheSpareColumnsByTheirStretch) {
+    control(u"a");
+    control(u"b");
+    control(u"c");
+    const auto found = arrange(row({place(u"a", 1), place(u"b", 3), place(u"c")}), {52, 5});
+    EXPECT_EQ(at(found, u"a"), (Place{{0, 0, 15, 1}}));
+    EXPECT_EQ(at(found, u"b"), (Place{{16, 0, 25, 1}}));
+    EXPECT_EQ(at(found, u"c"), (Place{{42, 0, 10, 1}}));
+}
+
+TEST_F(BoxLayoutTest, ASpringPushesWhatFollowsToTheEnd) {
+    control(u"a");
+    control(u"b");
+    const auto found = arrange(row({spring(), place(u"a"), place(u"b")}), {40, 5});
+    EXPECT_EQ(at(found, u"a"), (Place{{19, 0, 10, 1}}));
+    EXPECT_EQ(at(found, u"b"), (Place{{30, 0, 10, 1}}));
+}
+
+TEST_F(BoxLayoutTest, WithoutAnyStretchListsTakeTheSpareRows) {
+    control(u"a");
+    list(u"list", {2, 5});
+    control(u"b");
+    const auto found = arrange(column({place(u"a"), place(u"list"), place(u"b")}), {20, 20});
+    EXPECT_EQ(at(found, u"a"), (Place{{0, 0, 20, 1}}));
+    EXPECT_EQ(at(found, u"list"), (Place{{0, 1, 20, 18}}));
+    EXPECT_EQ(at(found, u"b"), (Place{{0, 19, 20, 1}}));
+}
+
+TEST_F(BoxLayoutTest, PiecesOfARowThatIsTooWideStandBelowEachOther) {
+    control(u"a");
+    control(u"b");
+    const Layout layout = row({place(u"a"), place(u"b")});
+    EXPECT_EQ(at(arrange(layout, {21, 5}), u"b"), (Place{{11, 0, 10, 1}}));
+    const auto narrow = arrange(layout, {20, 5});
+    EXPECT_EQ(at(narrow, u"a"), (Place{{0, 0, 20, 1}}));
+    EXPECT_EQ(at(narrow, u"b"), (Place{{0, 1, 20, 1}}));
+}
+
+TEST_F(BoxLayoutTest, AHiddenControlTakesNoRoom) {
+    control(u"a").shown = false;
+    control(u"b");
+    const auto found = arrange(column({place(u"a"), row({place(u"a"), spring()}), place(u"b")}),
+                               {20, 5});
+    EXPECT_EQ(at(found, u"a"), std::nullopt);
+    EXPECT_EQ(at(found, u"b"), (Place{{0, 0, 20, 1}}));
+}
+
+TEST_F(BoxLayoutTest, AWrappedTextIsAsHighAsItsWidthAsks) {
+    control(u"text").cells = 50;
+    control(u"b");
+    const Layout layout = column({place(u"text"), place(u"b")});
+    EXPECT_EQ(at(arrange(layout, {50, 9}), u"b")->row, 1);
+    EXPECT_EQ(at(arrange(layout, {20, 9}), u"b")->row, 3);
+}
+
+TEST_F(BoxLayoutTest, GapsGoFirstThenTheFramesOfListsThenAllFramesThenListsShrink) {
+    control(u"label").isLabel = true;
+    control(u"head");
+    control(u"frame");
+    control(u"inside");
+    list(u"list", {2, 6});
+    const Layout layout = column({scrolling({place(u"head"), place(u"label"), place(u"list"),
+                                             placeFrame(u"frame", {place(u"inside")})}),
+                                  place(u"ok")});
+    control(u"ok");
+    const auto economyAt = [&](int rows) { return arrange(layout, {30, rows}).economy; };
+    // head, gap, label, list of 6 + 2, frame of 1 + 2, ok
+    EXPECT_EQ(economyAt(15), Economy::none);
+    EXPECT_EQ(economyAt(14), Economy::noGaps);
+    EXPECT_EQ(economyAt(13), Economy::noListFrames);
+    EXPECT_EQ(economyAt(12), Economy::noListFrames);
+    EXPECT_EQ(economyAt(11), Economy::noFrames);
+    const auto small = arrange(layout, {30, 8});
+    EXPECT_EQ(small.economy, Economy::noFrames);
+    EXPECT_EQ(at(small, u"list")->rows, 4);
+    EXPECT_EQ(small.contentRows, small.pane.rows);
+}
+
+TEST_F(BoxLayoutTest, WhatDoesNotFitScrollsAboveTheButtons) {
+    control(u"a");
+    control(u"ok");
+    list(u"list", {3, 6});
+    const auto found = arrange(
+        column({scrolling({place(u"a"), place(u"list")}), place(u"ok")}), {20, 3});
+    EXPECT_EQ(found.pane, (Rect{0, 0, 20, 2}));
+    EXPECT_EQ(found.contentRows, 4);
+    EXPECT_EQ(at(found, u"list"), (Place{{0, 1, 20, 3}}));
+    EXPECT_EQ(at(found, u"ok"), (Place{{0, 2, 20, 1}}));
+}
+
+TEST_F(BoxLayoutTest, AFrameSurroundsItsPiecesUntilItIsGivenUp) {
+    control(u"frame");
+    control(u"a");
+    const Layout layout = column({placeFrame(u"frame", {place(u"a")})});
+    const auto wide = arrange(layout, {20, 5});
+    EXPECT_EQ(at(wide, u"frame"), (Place{{0, 0, 20, 3}}));
+    EXPECT_EQ(at(wide, u"a"), (Place{{2, 1, 16, 1}}));
+    EXPECT_EQ(at(arrange(layout, {20, 1}), u"a"), (Place{{0, 0, 20, 1}}));
+}
+
+TEST_F(BoxLayoutTest, ARoomWithoutCellsIsNoError) {
+    control(u"a");
+    list(u"list", {2, 4});
+    const Layout layout = column({row({place(u"a"), place(u"list")}), place(u"a")});
+    for (const Size size : {Size{0, 0}, Size{1, 1}, Size{-3, -2}}) {
+        EXPECT_EQ(arrange(layout, size).placed.size(), 3U);
+    }
+}
+
+TEST_F(BoxLayoutTest, TheNaturalSizeIsThatOfTheContentWithinALimit) {
+    control(u"text").cells = 100;
+    control(u"text").across = {10, 100};
+    control(u"ok");
+    const BoxLayout layout = boxes(column({scrolling({place(u"text")}), place(u"ok")}));
+    EXPECT_EQ(layout.naturalSize(200), (Size{100, 2}));
+    EXPECT_EQ(layout.naturalSize(40), (Size{40, 4}));
+}
+
+} // namespace
+} // namespace kvex::terminal
