@@ -180,6 +180,11 @@ Capabilities Capabilities::ofType(const std::string &type) {
     return result;
 }
 
+std::string terminfoVersion() {
+    const std::string version = curses_version();
+    return "terminfo " + version.substr(version.find(' ') + 1);
+}
+
 std::string filled(const std::string &sequence, int first, int second) {
     const std::lock_guard lock(library());
     const char *const result = tiparm(sequence.c_str(), first, second);

@@ -51,6 +51,9 @@ struct Capabilities {
     [[nodiscard]] static Capabilities ofType(const std::string &type);
 };
 
+/// The library that reads the database, with its version: "terminfo 6.4".
+[[nodiscard]] std::string terminfoVersion();
+
 /// The sequence with its numbers filled in.
 [[nodiscard]] std::string filled(const std::string &sequence, int first, int second = 0);
 
