@@ -43,6 +43,11 @@ public:
     /// The caption that names the access key.
     [[nodiscard]] virtual std::u16string_view accessCaption() const { return {}; }
 
+    /// What the user should know about the element: what it waits for while it is disabled.
+    [[nodiscard]] virtual std::u16string status() const {
+        return enabled_ ? std::u16string() : design_.disabledHint;
+    }
+
     /// These are the user's actions on a usable element.
     virtual void click() {}
     /// Returns false to leave the key to the window.

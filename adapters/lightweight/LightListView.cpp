@@ -18,6 +18,12 @@ LightListView::LightListView(LightWindow *window, const ControlDesign &design)
     setListener(this);
 }
 
+std::u16string LightListView::status() const {
+    const int row = currentRow();
+    const bool isGreyed = row > 0 && rowColour(row) == RowColour::greyText;
+    return isEnabled() && isGreyed ? design().greyedRowHint : Element::status();
+}
+
 void LightListView::setPage(int rows) {
     const int current = currentRow();
     const bool wasVisible = current > 0 && visible_.contains(current);
@@ -76,7 +82,16 @@ void LightListView::extendTo(int row) {
 void LightListView::doubleClickRow(int row) {
     clickRow(row);
     if (window()->isOpen()) {
+        clickRowAgain(row);
+    }
+}
+
+void LightListView::clickRowAgain(int row) {
+    // The first click may have changed the rows.
+    if (selected(row)) {
         deliver(onDoubleClick);
+    } else {
+        clickRow(row);
     }
 }
 

@@ -20,6 +20,8 @@ public:
     /// The row from which keys go on; 0 if there is none. It need not be selected.
     [[nodiscard]] int currentRow() const { return selector_.current(); }
     [[nodiscard]] const VisibleRows &visibleRows() const { return visible_; }
+    /// For a greyed current row, also what that means.
+    [[nodiscard]] std::u16string status() const override;
     /// The view has room for so many rows. A current row that was visible stays so.
     void setPage(int rows);
     /// The mouse wheel turns.
@@ -32,6 +34,8 @@ public:
     void toggleRow(int row);
     void extendTo(int row);
     void doubleClickRow(int row);
+    /// The second click of a double click, after clickRow.
+    void clickRowAgain(int row);
     /// The list must have check boxes.
     void tickRow(int row);
     bool press(Key key) override;

@@ -45,8 +45,8 @@ public:
     virtual bool scroll(int) { return false; }
     /// A key whose effect depends on what is seen; false to leave it to the element.
     virtual bool press(lightweight::Key) { return false; }
-    /// What the status line says about the control while it has the focus.
-    [[nodiscard]] virtual std::u16string hint() const { return {}; }
+    /// A text from outside that is no text of the element; false to leave it to the element.
+    virtual bool paste(std::u16string_view) { return false; }
 
 protected:
     [[nodiscard]] Ability ability() const { return ability_; }

@@ -1,13 +1,32 @@
 #include "adapters/terminal/PickerView.h"
 
+#include "platform/Error.h"
+
 #include <algorithm>
 #include <string_view>
+#include <vector>
 
 namespace kvex::terminal {
 namespace {
 
 /// "[x] ".
 constexpr int tickColumns = 4;
+
+/// The numbers in a text; none if one is too long for a part.
+std::vector<int> numbersIn(std::u16string_view text) {
+    constexpr int beyondParts = 10000;
+    std::vector<int> numbers;
+    bool isOpen = false;
+    for (const char16_t unit : text) {
+        const bool isDigit = unit >= u'0' && unit <= u'9';
+        if (isDigit) {
+            numbers.resize(numbers.size() + (isOpen ? 0 : 1));
+            numbers.back() = std::min(numbers.back() * 10 + (unit - u'0'), beyondParts);
+        }
+        isOpen = isDigit;
+    }
+    return numbers;
+}
 
 } // namespace
 
@@ -45,6 +64,24 @@ void PickerView::click(Point at, bool) {
     } else if (picker_.hasValue()) {
         picker_.clickAt(static_cast<std::size_t>(std::max(place, 0)));
     }
+}
+
+/// The numbers stand in the order in which the picker shows them. What is no value has no effect.
+bool PickerView::paste(std::u16string_view text) {
+    const std::vector<int> numbers = numbersIn(text);
+    if (numbers.size() != 3) {
+        return true;
+    }
+    try {
+        if (element().design().kind == ControlKind::datePicker) {
+            picker_.pickDate(numbers[2], numbers[1], numbers[0]);
+        } else {
+            picker_.pickTime(numbers[0], numbers[1], numbers[2]);
+        }
+    } catch (const Error &) {
+        return true;
+    }
+    return true;
 }
 
 } // namespace kvex::terminal

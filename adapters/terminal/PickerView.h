@@ -17,6 +17,8 @@ public:
     [[nodiscard]] Extent rows(int, Economy) const override { return {1, 1}; }
     void paint(Canvas &canvas, const Rect &at, const Look &look) override;
     void click(Point at, bool twice) override;
+    /// A whole date or time.
+    bool paste(std::u16string_view text) override;
 
 private:
     lightweight::LightDTPicker &picker_;

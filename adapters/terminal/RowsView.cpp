@@ -184,7 +184,7 @@ void RowsView::click(Point at, bool twice) {
                at.column < shown_.column + tickColumns - 1) {
         list_.tickRow(row);
     } else if (twice) {
-        list_.doubleClickRow(row);
+        list_.clickRowAgain(row);
     } else {
         list_.clickRow(row);
     }
@@ -224,12 +224,6 @@ bool RowsView::isCutOnTheRight() const {
         }
     }
     return false;
-}
-
-std::u16string RowsView::hint() const {
-    const int row = list_.currentRow();
-    const bool isGreyed = row > 0 && list_.rowColour(row) == RowColour::greyText;
-    return isGreyed ? element().design().greyedRowHint : std::u16string();
 }
 
 } // namespace kvex::terminal

@@ -23,7 +23,6 @@ public:
     bool scroll(int rows) override;
     /// Left and Right move texts that are wider than their columns.
     bool press(lightweight::Key key) override;
-    [[nodiscard]] std::u16string hint() const override;
 
 private:
     /// A visible column: its number, and where it stands in the list.

@@ -129,7 +129,7 @@ void TerminalWindow::paintStatus(CellGrid &grid) const {
     const Rect line{0, grid.size().rows - 1, grid.size().columns, 1};
     Canvas canvas(grid, line);
     canvas.fill(line);
-    canvas.put({line.column + 1, line.row}, status());
+    canvas.put({line.column + 1, line.row}, statusLine());
 }
 
 Rect TerminalWindow::onScreen(const Placed &placed) const {

@@ -52,8 +52,7 @@ private:
     [[nodiscard]] Rect innerRect(const Rect &outer) const;
     void paintAround(Canvas &canvas, const Rect &outer);
     void paintStatus(CellGrid &grid) const;
-    [[nodiscard]] std::u16string status() const;
-    [[nodiscard]] std::u16string waitingHint() const;
+    [[nodiscard]] std::u16string statusLine() const;
 
     /// Where a placed control is on the screen, and the part of the screen that shows it.
     [[nodiscard]] Rect onScreen(const Placed &placed) const;
@@ -67,8 +66,6 @@ private:
     void take(const MouseEvent &mouse);
     void click(const Placed &placed, Point at, bool twice);
     void useAccessKey(std::u16string_view cluster);
-    /// Answers what the user waits for in vain.
-    void explain(const lightweight::Element &disabled);
 
     Desktop &desktop_;
     Shape shape_;

@@ -11,19 +11,11 @@ namespace {
 
 constexpr int wheelRows = 3;
 
-/// A caption without the mark of its access key.
-std::u16string shownCaption(const lightweight::Element &element) {
-    return controls::parseCaption(element.accessCaption()).shown;
-}
-
-bool isWaiting(const lightweight::Element &element) {
-    return element.isVisible() && !element.isEnabled() && !element.design().disabledHint.empty();
-}
-
+/// What the user waits for in vain; "" if the control is not disabled.
 std::u16string waitingText(const lightweight::Element &element) {
-    const std::u16string caption = shownCaption(element);
-    const std::u16string &hint = element.design().disabledHint;
-    return caption.empty() ? hint : caption + u": " + hint;
+    const std::u16string waits = element.isEnabled() ? std::u16string() : element.status();
+    const std::u16string name = controls::parseCaption(element.accessCaption()).shown;
+    return waits.empty() || name.empty() ? waits : name + u": " + waits;
 }
 
 } // namespace
@@ -52,18 +44,12 @@ void TerminalWindow::useAccessKey(std::u16string_view cluster) {
     if (cluster.size() != 1 || pressAccessKey(cluster.front())) {
         return;
     }
-    const auto isMeant = [cluster](const auto &element) {
-        return isWaiting(*element) &&
-               controls::hasAccessKey(element->accessCaption(), cluster.front());
-    };
-    const auto found = std::ranges::find_if(elements(), isMeant);
-    if (found != elements().end()) {
-        explain(**found);
+    for (const auto &element : elements()) {
+        if (element->isVisible() &&
+            controls::hasAccessKey(element->accessCaption(), cluster.front())) {
+            answer_ = waitingText(*element);
+        }
     }
-}
-
-void TerminalWindow::explain(const lightweight::Element &disabled) {
-    answer_ = waitingText(disabled);
 }
 
 void TerminalWindow::take(const Stroke &stroke) {
@@ -105,7 +91,10 @@ void TerminalWindow::take(const Stroke &stroke) {
 void TerminalWindow::take(const Pasted &pasted) {
     awaitsAccessKey_ = false;
     followsFocus_ = true;
-    paste(pasted.text);
+    ControlView *view = viewOf(focus());
+    if (view == nullptr || !view->paste(pasted.text)) {
+        paste(pasted.text);
+    }
 }
 
 void TerminalWindow::take(const MouseEvent &mouse) {
@@ -138,47 +127,18 @@ void TerminalWindow::click(const Placed &placed, Point at, bool twice) {
     if (element.isUsable() && element.takesFocus()) {
         element.takeFocus();
         view.click(at, twice);
-    } else if (isWaiting(element)) {
-        explain(element);
+    } else {
+        answer_ = waitingText(element);
     }
 }
 
-/// What the first disabled control after the focus waits for, or else the default button.
-std::u16string TerminalWindow::waitingHint() const {
-    auto next = std::ranges::find_if(
-        elements(), [this](const auto &element) { return element.get() == focus(); });
-    if (next != elements().end()) {
-        ++next;
-    }
-    for (; next != elements().end() && !((*next)->isUsable() && (*next)->isTabStop()); ++next) {
-        if (isWaiting(**next)) {
-            return waitingText(**next);
-        }
-    }
-    const auto isWaitingDefault = [](const auto &element) {
-        return element->design().isDefault && isWaiting(*element);
-    };
-    const auto found = std::ranges::find_if(elements(), isWaitingDefault);
-    return found == elements().end() ? std::u16string() : waitingText(**found);
-}
-
-std::u16string TerminalWindow::status() const {
+std::u16string TerminalWindow::statusLine() const {
     if (awaitsAccessKey_) {
         return u"Press an underlined letter   Esc: back";
     }
-    if (!answer_.empty()) {
-        return answer_;
-    }
-    const ControlView *view = viewOf(focus());
-    const std::u16string hint = view != nullptr ? view->hint() : std::u16string();
-    if (!hint.empty()) {
-        return hint;
-    }
-    const std::u16string waiting = waitingHint();
-    if (!waiting.empty()) {
-        return waiting;
-    }
-    return u"F1: keys   Tab: next   Alt or F2 and letter: access key   Esc: cancel";
+    const std::u16string said = answer_.empty() ? status() : answer_;
+    return said.empty() ? u"F1: keys   Tab: next   Alt or F2 and letter: access key   Esc: cancel"
+                        : said;
 }
 
 } // namespace kvex::terminal

@@ -18,7 +18,7 @@ struct Style {
     bool reverse = false;
     bool underline = false;
     /// None is the terminal's own colour, and so is black: the terminal's ground may be black.
-    std::optional<Colour> colour = {};
+    std::optional<Colour> colour = std::nullopt;
     friend bool operator==(const Style &, const Style &) = default;
 };
 

@@ -77,8 +77,12 @@ std::string Screen::update(const CellGrid &grid) {
 void Screen::updateRow(const CellGrid &grid, int row) {
     const bool isInGrid = row < grid.size().rows;
     const int gridColumns = isInGrid ? std::min(grid.size().columns, size_.columns) : 0;
+    // The screen's edge may leave a half of a wide cluster.
+    const bool isCut = gridColumns > 0 && gridColumns < grid.size().columns &&
+                       grid.at({gridColumns, row}).text.empty();
+    const int seenColumns = gridColumns - (isCut ? 1 : 0);
     const auto wanted = [&](int column) -> const Cell & {
-        return column < gridColumns ? grid.at({column, row}) : blank;
+        return column < seenColumns ? grid.at({column, row}) : blank;
     };
     // From here on the line is to be blank and plain.
     int blankFrom = size_.columns;

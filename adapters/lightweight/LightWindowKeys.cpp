@@ -1,0 +1,120 @@
+#include "adapters/controls/Keys.h"
+#include "adapters/lightweight/LightWindow.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace kvex::lightweight {
+
+std::u16string LightWindow::status() const {
+    if (focus_ != nullptr && !focus_->status().empty()) {
+        return focus_->status();
+    }
+    const std::size_t start = focus_ != nullptr ? placeOf(focus_) : 0;
+    for (std::size_t step = 0; step < elements_.size(); ++step) {
+        const Element &next = *elements_[(start + step) % elements_.size()];
+        if (!next.isEnabled() && next.isVisible() && !next.status().empty()) {
+            const std::u16string name = controls::parseCaption(next.accessCaption()).shown;
+            return name.empty() ? next.status() : name + u": " + next.status();
+        }
+    }
+    return {};
+}
+
+void LightWindow::press(Key key) {
+    if (focus_ != nullptr && focus_->press(key)) {
+        return;
+    }
+    switch (key) {
+    case Key::tab:
+    case Key::down:
+    case Key::right:
+        walk(true);
+        break;
+    case Key::shiftTab:
+    case Key::up:
+    case Key::left:
+        walk(false);
+        break;
+    case Key::enter:
+    case Key::escape:
+        if (Element *button =
+                key == Key::enter ? buttonOfEnter() : buttonOf(&ControlDesign::isCancel)) {
+            button->click();
+        }
+        break;
+    default:
+        break;
+    }
+}
+
+bool LightWindow::type(std::u16string_view cluster) {
+    return focus_ != nullptr &&
+           (focus_->type(cluster) || (cluster == u" " && focus_->press(Key::space)));
+}
+
+bool LightWindow::paste(std::u16string text) {
+    if (focus_ == nullptr || !focus_->takesPaste()) {
+        return false;
+    }
+    clipboard().setText(std::move(text));
+    return focus_->press(Key::paste);
+}
+
+void LightWindow::walk(bool forward) {
+    setFocus(nextTabStop(focus_, forward));
+    if (focus_ != nullptr) {
+        focus_->enteredByTab();
+    }
+}
+
+/// The usable button of this role; null if there is none.
+Element *LightWindow::buttonOf(bool ControlDesign::*role) const {
+    const auto found = std::ranges::find_if(
+        elements_, [role](const auto &element) { return element->design().*role; });
+    return found != elements_.end() && (*found)->isUsable() ? found->get() : nullptr;
+}
+
+Element *LightWindow::buttonOfEnter() const {
+    const bool isOnButton =
+        focus_ != nullptr && focus_->design().kind == ControlKind::commandButton;
+    return isOnButton ? focus_ : buttonOf(&ControlDesign::isDefault);
+}
+
+/// The element that the candidate's access key leads to: itself or a label's buddy; null if none.
+Element *LightWindow::targetOf(const Element &candidate, char16_t accessKey) const {
+    if (!candidate.isUsable() || !controls::hasAccessKey(candidate.accessCaption(), accessKey)) {
+        return nullptr;
+    }
+    Element *target =
+        element(candidate.takesFocus() ? candidate.design().name : candidate.design().buddy);
+    return target != nullptr && target->isUsable() && target->takesFocus() ? target : nullptr;
+}
+
+bool LightWindow::pressAccessKey(char16_t key) {
+    std::vector<std::pair<const Element *, Element *>> ways;
+    for (const auto &candidate : elements_) {
+        if (Element *target = targetOf(*candidate, key)) {
+            ways.emplace_back(candidate.get(), target);
+        }
+    }
+    if (ways.empty()) {
+        return false;
+    }
+    if (ways.size() > 1) {
+        std::ranges::sort(ways, {}, [this](const auto &way) { return placeOf(way.second); });
+        const auto next = std::ranges::find_if(ways, [this](const auto &way) {
+            return focus_ != nullptr && placeOf(way.second) > placeOf(focus_);
+        });
+        setFocus((next == ways.end() ? ways.front() : *next).second);
+        return true;
+    }
+    const auto [by, target] = ways.front();
+    target->takeFocus();
+    if (by == target) {
+        target->click();
+    }
+    return true;
+}
+
+} // namespace kvex::lightweight

@@ -1,0 +1,65 @@
+// Does what a person does in a window of a terminal: sends the bytes of keys and of the mouse, and
+// reads what the person sees.
+#pragma once
+
+#include "adapters/terminal/TerminalWindow.h"
+#include "tests/toolkit/ToolkitFixture.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kvex::test {
+
+class TerminalPlay;
+
+class TerminalUser final : public Hands {
+public:
+    /// An action that no person could do is a problem of the play, and does nothing else.
+    TerminalUser(TerminalPlay &play, terminal::TerminalWindow &window)
+        : play_(play), window_(window) {}
+
+    void click(std::u16string_view control) override;
+    void clickRow(std::u16string_view list, int row) override;
+    void doubleClickRow(std::u16string_view list, int row) override;
+    void doubleClickBesideRows(std::u16string_view list) override;
+    void tickRow(std::u16string_view list, int row) override;
+    void tryToClick(std::u16string_view control) override;
+    void closeByFrame() override;
+
+    void press(Key key) override;
+    void type(std::u16string_view text) override;
+    void pressAccessKey(char16_t key) override;
+    /// Gives the focus to the control, as a click into it does.
+    void focusOn(std::u16string_view control);
+
+    void pickDate(std::u16string_view picker, int year, int month, int day) override;
+    void pickTime(std::u16string_view picker, int hour, int minute, int second) override;
+    void tickPicker(std::u16string_view picker, bool ticked) override;
+
+    [[nodiscard]] std::u16string focused() const override;
+    [[nodiscard]] std::u16string description(std::u16string_view control) const override;
+    [[nodiscard]] bool isOpen() const override { return window_.isOpen(); }
+    [[nodiscard]] terminal::TerminalWindow &window() { return window_; }
+    template <class Kind> [[nodiscard]] Kind &get(std::u16string_view name) {
+        return window_.get<Kind>(name);
+    }
+    /// The texts of a list's rows, from the first to the last.
+    [[nodiscard]] std::vector<std::u16string> rows(std::u16string_view list);
+
+    /// The bytes that a terminal sends for the key.
+    [[nodiscard]] static std::string bytesOf(Key key);
+
+private:
+    [[nodiscard]] std::optional<terminal::Rect> seen(std::u16string_view control);
+    /// Where the row is on the screen, after scrolling there.
+    [[nodiscard]] std::optional<terminal::Point> placeOfRow(std::u16string_view list, int row);
+    void clickAt(terminal::Point at, int times = 1);
+    void retype(std::u16string_view picker, std::u16string_view value);
+    void complain(std::u16string_view problem);
+
+    TerminalPlay &play_;
+    terminal::TerminalWindow &window_;
+};
+
+} // namespace kvex::test

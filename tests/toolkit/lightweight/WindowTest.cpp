@@ -1,0 +1,163 @@
+#include "platform/controls/Buttons.h"
+#include "platform/controls/DTPicker.h"
+#include "platform/controls/Label.h"
+#include "platform/controls/ListView.h"
+#include "platform/controls/RichTextBox.h"
+#include "platform/controls/TextBox.h"
+#include "tests/toolkit/lightweight/LightTest.h"
+
+#include <functional>
+
+namespace kvex::lightweight {
+namespace {
+
+using test::control;
+using test::disabled;
+using Names = std::set<std::u16string>;
+
+ControlDesign option(std::u16string name) {
+    ControlDesign design = control(ControlKind::optionButton, std::move(name));
+    design.group = u"opg";
+    return design;
+}
+
+ControlDesign button(std::u16string name, bool isDefault = false) {
+    ControlDesign design = control(ControlKind::commandButton, std::move(name), u"&Button");
+    design.isDefault = isDefault;
+    return design;
+}
+
+TEST(LightWindow, ArrowsWalkThroughButtonsAndCheckBoxes) {
+    TestWindow window({button(u"cmd1"), control(ControlKind::checkBox, u"chk"), button(u"cmd2")});
+    std::u16string way;
+    for (const Key key : {Key::down, Key::right, Key::right, Key::left, Key::up, Key::up}) {
+        window.press(key);
+        way += window.focused() + u" ";
+    }
+    EXPECT_EQ(way, u"chk cmd2 cmd1 cmd2 chk cmd1 ");
+}
+
+TEST(LightWindow, ArrowsStayWithinAGroupAListAndAText) {
+    TestWindow window({option(u"opg0"), option(u"opg1"), control(ControlKind::listView, u"lvw"),
+                       control(ControlKind::textBox, u"txt", u"text")});
+    std::u16string way;
+    for (const auto *name : {u"opg0", u"lvw", u"txt"}) {
+        window.element(name)->takeFocus();
+        for (const Key key : {Key::right, Key::down, Key::down, Key::left, Key::up}) {
+            window.press(key);
+        }
+        way += window.focused() + u" ";
+    }
+    EXPECT_EQ(way, u"opg1 lvw txt ");
+    EXPECT_TRUE(window.get<OptionButton>(u"opg1").selected());
+}
+
+TEST(LightWindow, EnterPressesTheFocusedButtonOrElseTheDefaultOne) {
+    TestWindow window(
+        {control(ControlKind::textBox, u"txt"), button(u"cmd"), button(u"cmdOK", true)});
+    const auto name = [&] {
+        const Element *pressed = window.buttonOfEnter();
+        return pressed == nullptr ? std::u16string() : pressed->design().name;
+    };
+    EXPECT_EQ(name(), u"cmdOK");
+    window.press(Key::tab);
+    EXPECT_EQ(name(), u"cmd");
+    window.press(Key::shiftTab);
+    window.get<CommandButton>(u"cmdOK").setEnabled(false);
+    EXPECT_EQ(name(), u"");
+}
+
+TEST(LightWindow, EveryVisibleChangeIsTold) {
+    TestWindow window({button(u"cmd"), control(ControlKind::textBox, u"txt", u"text"),
+                       control(ControlKind::richTextBox, u"rt"),
+                       control(ControlKind::checkBox, u"chk"), option(u"opg0"), option(u"opg1"),
+                       control(ControlKind::listView, u"lvw"), control(ControlKind::label, u"lbl"),
+                       control(ControlKind::datePicker, u"dtp")});
+    window.get<ListView>(u"lvw").addRow(u"row");
+    window.get<ListView>(u"lvw").addRow(u"row");
+    const auto focus = [&](const char16_t *name) { window.element(name)->takeFocus(); };
+    const auto list = [&]() -> ListView & { return window.get<ListView>(u"lvw"); };
+    using Change = std::function<void()>;
+    for (const auto &[names, change] : std::vector<std::pair<Names, Change>>{
+             {{u"cmd"}, [&] { window.get<CommandButton>(u"cmd").setCaption(u"New"); }},
+             {{u"lbl"}, [&] { window.get<Label>(u"lbl").setCaption(u"New"); }},
+             {{u"lbl"}, [&] { window.get<Label>(u"lbl").setVisible(false); }},
+             {{u"chk"}, [&] { window.get<CheckBox>(u"chk").setEnabled(false); }},
+             {{u"chk"}, [&] { window.get<CheckBox>(u"chk").setEnabled(true); }},
+             {{u"chk"}, [&] { window.get<CheckBox>(u"chk").setValue(1); }},
+             {{u"cmd", u"chk"}, [&] { focus(u"chk"); }},
+             {{u"chk"}, [&] { window.press(Key::space); }},
+             {{u"opg1"}, [&] { window.get<OptionButton>(u"opg1").select(); }},
+             {{u"opg0", u"opg1"}, [&] { window.get<OptionButton>(u"opg0").select(); }},
+             {{}, [&] { window.get<OptionButton>(u"opg0").select(); }},
+             {{u"chk", u"txt"}, [&] { focus(u"txt"); }},
+             {{u"txt"}, [&] { window.press(Key::left); }},
+             {{u"txt"}, [&] { window.press(Key::selectHome); }},
+             {{u"txt"}, [&] { window.type(u"x"); }},
+             {{u"txt"}, [&] { window.get<TextBox>(u"txt").setText(u"new"); }},
+             {{u"rt"},
+              [&] {
+                  window.get<RichTextBox>(u"rt").setRuns({{u"new", 0xFF}});
+              }},
+             {{u"lvw"}, [&] { list().addRow(u"row"); }},
+             {{u"lvw"}, [&] { list().addColumn(u"column", 1); }},
+             {{u"lvw"}, [&] { list().setText(1, u"new"); }},
+             {{u"lvw"}, [&] { list().setChecked(1, true); }},
+             {{u"lvw"}, [&] { list().setRowColour(1, RowColour::greyText); }},
+             {{u"lvw"}, [&] { list().setColumnIcon(1, 1); }},
+             {{u"lvw"}, [&] { list().select(1); }},
+             {{u"lvw"}, [&] { list().setSorted(true); }},
+             {{u"lvw"}, [&] { list().removeRow(1); }},
+             {{u"txt", u"lvw"}, [&] { focus(u"lvw"); }},
+             {{u"lvw"}, [&] { window.press(Key::end); }},
+             {{u"dtp"}, [&] { window.get<DTPicker>(u"dtp").setDate(2004, 5, 14); }},
+             {{u"dtp", u"lvw"}, [&] { focus(u"dtp"); }},
+             {{u"dtp"}, [&] { window.press(Key::right); }},
+             {{u"dtp"}, [&] { window.press(Key::up); }},
+             {{u"dtp"}, [&] { window.type(u"1"); }},
+             {{u"dtp"}, [&] { window.type(u"/"); }},
+         }) {
+        static_cast<void>(window.takeChanged());
+        change();
+        EXPECT_EQ(window.takeChanged(), names);
+    }
+}
+
+TEST(LightWindow, TheFocusOnAnotherButtonChangesTheDefaultOneToo) {
+    TestWindow window(
+        {control(ControlKind::checkBox, u"chk"), button(u"cmd"), button(u"cmdOK", true)});
+    static_cast<void>(window.takeChanged());
+    window.press(Key::tab);
+    EXPECT_EQ(window.takeChanged(), (Names{u"chk", u"cmd", u"cmdOK"}));
+}
+
+TEST(LightWindow, SaysWhatTheNextDisabledControlWaitsFor) {
+    ControlDesign add = disabled(button(u"cmdAdd"));
+    add.caption = u"&Add";
+    add.disabledHint = u"Type a word first";
+    ControlDesign ok = add;
+    ok.name = u"cmdOK";
+    ok.caption = u"OK";
+    ok.disabledHint = u"Add a word first";
+    TestWindow window({control(ControlKind::textBox, u"txt"), add, button(u"cmd"), ok});
+    EXPECT_EQ(window.element(u"cmdOK")->status(), u"Add a word first");
+    EXPECT_EQ(window.status(), u"Add: Type a word first");
+    window.press(Key::tab);
+    EXPECT_EQ(window.status(), u"OK: Add a word first");
+    window.get<CommandButton>(u"cmdOK").setEnabled(true);
+    EXPECT_EQ(window.status(), u"Add: Type a word first");
+    window.get<CommandButton>(u"cmdAdd").setVisible(false);
+    EXPECT_EQ(window.status(), u"");
+}
+
+TEST(LightWindow, TakesNoTextWhereNoneIsTyped) {
+    TestWindow window({button(u"cmd"), control(ControlKind::listView, u"lvw")});
+    EXPECT_FALSE(window.type(u"x"));
+    EXPECT_FALSE(window.paste(u"x"));
+    window.element(u"lvw")->takeFocus();
+    EXPECT_FALSE(window.paste(u"x"));
+    EXPECT_EQ(window.clipboard().text(), u"");
+}
+
+} // namespace
+} // namespace kvex::lightweight
