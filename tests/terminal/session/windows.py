@@ -11,7 +11,10 @@ PICTURED = re.compile(r"[@#v] ")
 PICKER = re.compile(r"\[([ x])\] ([\d/:]+)?")
 PICKERS = ["From Date", "From Time", "To Date", "To Time"]
 BOX_TITLES = ["SMS Rules", "Keys"]
-BARS = "│┌└█├|+#"
+# As they are drawn in UTF-8 and in other character sets.
+SIDES = ("│", "█", "|", "#")
+CORNERS = ("┌", "+")
+BOX_TOP = re.compile(r"[┌+][─-] (.+?) [─-]*(?:\[x\])?[─-]*[┐+]")
 
 
 def words(text):
@@ -218,15 +221,18 @@ class Window:
 
     def wait_until(self, state):
         assert state == State.ACTIVE
+        return self.wait_until_active()
+
+    def wait_until_active(self):
         self.terminal.wait_for(f"{self} to be active", self.is_active)
         return self
 
     def label(self, text):
         """Row and column of a label."""
-        pattern = re.compile(rf"(?:^|  |\s|[│┘┐])(?P<label>{re.escape(text)})(?=$|  |\s*[:│\[]|\s+$)")
+        pattern = re.compile(rf"(?:^|  |\s|[│|┘┐+])(?P<label>{re.escape(text)})(?=$|  |\s*[:│|\[]|\s+$)")
         for row in range(1, self.terminal.screen.lines - 1):
             line = self.part(row, 0, self.terminal.screen.columns)
-            if "│" in line.split(text)[0] and not line.startswith(" " + text):
+            if any(side in line.split(text)[0] for side in SIDES[::2]) and not line.startswith(" " + text):
                 continue  # a row of a list
             if found := pattern.search(line):
                 return row, len_in_cells(line[:found.start("label")])
@@ -242,15 +248,15 @@ class Window:
             line = self.part(row, column, self.terminal.screen.columns)
             close = line.find("]")
             return row, column + 1, row + 1, column + (close if close > 0 else end)
-        framed = kind == "┌"
+        framed = kind in CORNERS
         top = row + 1 if framed else row
         bottom = top
         while (bottom < self.terminal.screen.lines - 1
-               and self.cell(bottom, column).data in ("│", "█")):
+               and self.cell(bottom, column).data in SIDES):
             bottom += 1
         right = column + 1
         while (right < self.terminal.screen.columns - 1
-               and self.cell(top, right).data not in ("│", "█")):
+               and self.cell(top, right).data not in SIDES):
             right += 1
         return top, column + 1, bottom, right
 
@@ -263,10 +269,10 @@ class Window:
         after = column + len(text)
         while after < self.terminal.screen.columns and self.cell(row, after).data in (" ", ":"):
             after += 1
-        if self.cell(row, after).data == "[" and self.cell(row + 1, column).data not in BARS:
+        if self.cell(row, after).data == "[" and self.cell(row + 1, column).data not in SIDES + CORNERS:
             return self.inside_of(row, after)
         for start in range(row + 1, min(row + 3, self.terminal.screen.lines - 1)):
-            if self.cell(start, column).data in ("[", "│", "┌"):
+            if self.cell(start, column).data in ("[", *SIDES, *CORNERS):
                 return self.inside_of(start, column)
         return None
 
@@ -275,9 +281,9 @@ class Window:
         columns = [1, 0]
         for row in range(self.terminal.screen.lines - 2, 0, -1):
             for column in columns:
-                if self.cell(row, column).data == "│":
+                if self.cell(row, column).data in SIDES[::2]:
                     top = row
-                    while self.cell(top - 1, column).data == "│":
+                    while self.cell(top - 1, column).data in SIDES[::2]:
                         top -= 1
                     return self.inside_of(top, column)
         return None
@@ -329,12 +335,12 @@ def box_rows(terminal):
     """The rows of the box in front, without its border; none when there is none."""
     lines = terminal.lines()
     for number, line in enumerate(lines):
-        found = re.search(r"┌─ (.+?) ─*(?:\[x\])?─*┐", line)
+        found = BOX_TOP.search(line)
         if found and found[1] in BOX_TITLES:
             left, right = found.start() + 1, found.end() - 1
             rows = []
             for inner in lines[number + 1:]:
-                if inner[left - 1:left] == "└":
+                if inner[left - 1:left] in ("└", "+"):
                     return found[1], rows
                 rows.append(inner[left:right])
     return None, []
