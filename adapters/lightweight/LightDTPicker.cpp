@@ -37,9 +37,7 @@ template <class Change> void LightDTPicker::change(const Change &change) {
 }
 
 void LightDTPicker::valueSet() {
-    if (!isTyped_) {
-        editor_.endTyping();
-    }
+    editor_.endTyping();
     tellChange();
 }
 
@@ -79,11 +77,7 @@ bool LightDTPicker::type(std::u16string_view cluster) {
         std::u16string_view(u"/.-:,").find(static_cast<char16_t>(character)) != cluster.npos;
     const auto digit = digitValue(character);
     if (digit) {
-        change([&] {
-            isTyped_ = true;
-            editor_.typeDigit(*digit);
-            isTyped_ = false;
-        });
+        change([&] { editor_.typeDigit(*digit); });
     } else if (isSeparator) {
         editor_.typeSeparator();
         tellChange();
@@ -92,7 +86,7 @@ bool LightDTPicker::type(std::u16string_view cluster) {
 }
 
 bool LightDTPicker::press(Key key) {
-    if (key == Key::space && !(hasValue() && editor_.isTyping())) {
+    if (key == Key::space && !editor_.isTyping()) {
         tick(!hasValue());
         return true;
     }

@@ -36,8 +36,6 @@ private:
     bool pressOnValue(Key key);
 
     PickerEditor editor_;
-    /// The new value comes from what the user types.
-    bool isTyped_ = false;
 };
 
 } // namespace kvex::lightweight

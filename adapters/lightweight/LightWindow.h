@@ -60,7 +60,8 @@ public:
     [[nodiscard]] std::u16string status() const;
 
     /// The focused element gets the key first. Otherwise Tab and the arrows move the focus, and
-    /// Enter and Esc press their buttons.
+    /// Enter and Esc press their buttons. Ctrl with Up or Down differs from Up and Down only in a
+    /// list.
     void press(Key key);
     /// The user types a character, which may be a cluster. Returns false if the focused element
     /// takes no text.

@@ -26,6 +26,12 @@ void LightWindow::press(Key key) {
         return;
     }
     switch (key) {
+    case Key::goUp:
+        press(Key::up);
+        break;
+    case Key::goDown:
+        press(Key::down);
+        break;
     case Key::tab:
     case Key::down:
     case Key::right:

@@ -31,6 +31,7 @@ public:
     /// being typed, and so do the next two functions.
     void goToPart(int step);
     void goToPartAt(std::size_t place);
+    /// Call it after any change of the value, also during typeDigit().
     void endTyping();
 
     /// The last call was typeDigit().

@@ -184,7 +184,6 @@ std::optional<std::size_t> TextInput::placeAfter(Key key) const {
 /// the caret's line at the ends of the text.
 std::size_t TextInput::linesAway(int lines) const {
     TextLine found = line(caret_);
-    const std::size_t start = found.from;
     for (int left = std::abs(lines); left > 0; --left) {
         const bool isLast = lines > 0 ? found.next == noLine : found.from == 0;
         if (isLast) {
@@ -192,7 +191,7 @@ std::size_t TextInput::linesAway(int lines) const {
         }
         found = line(lines > 0 ? found.next : characterBefore(text_, found.from));
     }
-    return found.from == start ? caret_ : placeInLine(text_, found, column());
+    return placeInLine(text_, found, column());
 }
 
 } // namespace kvex::lightweight

@@ -109,7 +109,7 @@ std::size_t placeInLine(std::u16string_view text, const TextLine &line, int colu
         }
         at = end;
     }
-    return std::min(at, line.to);
+    return at;
 }
 
 } // namespace kvex::lightweight

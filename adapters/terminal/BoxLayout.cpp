@@ -86,7 +86,7 @@ private:
     /// The widths of a row's pieces, or none if they must stand below each other.
     [[nodiscard]] std::vector<int> widthsOf(const std::vector<const Layout *> &pieces,
                                             int columns) const;
-    [[nodiscard]] bool hasGapBefore(const Layout &box, const Layout &piece) const;
+    [[nodiscard]] bool hasGap(const Layout &box, const Layout &before, const Layout &after) const;
     [[nodiscard]] int gapsIn(const Layout &box) const;
 
     void placeControl(const Layout &layout, const Rect &at);
@@ -171,15 +171,19 @@ std::vector<int> Arranger::widthsOf(const std::vector<const Layout *> &pieces, i
     return leastOf(parts) <= columns ? sizesOf(parts, columns) : std::vector<int>();
 }
 
-bool Arranger::hasGapBefore(const Layout &box, const Layout &piece) const {
-    return result_.economy == Economy::none && box.scrolls && startsSection(piece);
+/// A heading of several labels stays together.
+bool Arranger::hasGap(const Layout &box, const Layout &before, const Layout &after) const {
+    return result_.economy == Economy::none && box.scrolls && startsSection(after) &&
+           !startsSection(before);
 }
 
 int Arranger::gapsIn(const Layout &box) const {
     const auto pieces = shownPieces(box);
-    return static_cast<int>(
-        std::count_if(pieces.begin() + (pieces.empty() ? 0 : 1), pieces.end(),
-                      [&](const Layout *piece) { return hasGapBefore(box, *piece); }));
+    int gaps = 0;
+    for (std::size_t at = 1; at < pieces.size(); ++at) {
+        gaps += hasGap(box, *pieces[at - 1], *pieces[at]) ? 1 : 0;
+    }
+    return gaps;
 }
 
 Extent Arranger::columnsOf(const Layout &layout) const {
@@ -288,7 +292,7 @@ void Arranger::placeDown(const Layout &box, const Rect &at) {
     int row = at.row;
     for (std::size_t piece = 0; piece < pieces.size(); ++piece) {
         if (pieces[piece]->kind != Layout::Kind::spring) {
-            row += piece > 0 && hasGapBefore(box, *pieces[piece]) ? 1 : 0;
+            row += piece > 0 && hasGap(box, *pieces[piece - 1], *pieces[piece]) ? 1 : 0;
             place(*pieces[piece], {at.column, row, at.columns, heights[piece]});
         }
         row += heights[piece];

@@ -43,6 +43,8 @@ public:
     virtual void click(Point, bool /*twice*/) { element_.click(); }
     /// Scrolls by so many rows; false if there is nothing to scroll.
     virtual bool scroll(int) { return false; }
+    /// Whether the page keys do something here.
+    [[nodiscard]] virtual bool hasPages() const { return growsDown(); }
     /// A key whose effect depends on what is seen; false to leave it to the element.
     virtual bool press(lightweight::Key) { return false; }
     /// A text from outside that is no text of the element; false to leave it to the element.

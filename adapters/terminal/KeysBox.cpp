@@ -23,8 +23,9 @@ constexpr const char16_t *keys = u"Tab, Shift+Tab  next, previous control\n"
 
 } // namespace
 
-void showKeysBox(Desktop &desktop) {
-    TerminalWindow box(desktop, messageBoxDesign(u"Keys", keys, message_box::exclamation),
+void showKeysBox(Desktop &desktop, const std::u16string &status) {
+    const std::u16string text = status.empty() ? keys : status + u"\n\n" + keys;
+    TerminalWindow box(desktop, messageBoxDesign(u"Help", text, message_box::exclamation),
                        Shape::box, {});
     box.get<CommandButton>(okButton).onClick = [&box] { box.close(); };
     box.showModal();

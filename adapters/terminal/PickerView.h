@@ -15,6 +15,7 @@ public:
 
     [[nodiscard]] Extent columns() const override;
     [[nodiscard]] Extent rows(int, Economy) const override { return {1, 1}; }
+    [[nodiscard]] bool hasPages() const override { return true; }
     void paint(Canvas &canvas, const Rect &at, const Look &look) override;
     void click(Point at, bool twice) override;
     /// A whole date or time.

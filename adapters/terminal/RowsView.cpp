@@ -62,32 +62,23 @@ std::vector<RowsView::Slot> RowsView::slots(int columns) const {
     return slots;
 }
 
-char16_t RowsView::pictureOf(int icon) const {
-    if (icon < 1 || icon > static_cast<int>(pictures_.size())) {
-        return u' ';
+/// What a column's picture says, as a character. A picture of a person or an account only decorates
+/// what the words say.
+std::u16string_view RowsView::pictureOf(int icon) const {
+    const bool isInOrder = icon >= 1 && icon <= static_cast<int>(pictures_.size()) &&
+                           pictures_[static_cast<std::size_t>(icon) - 1] == Picture::inOrder;
+    if (!isInOrder) {
+        return {};
     }
-    switch (pictures_[static_cast<std::size_t>(icon) - 1]) {
-    case Picture::inOrder:
-        return u'v';
-    case Picture::account:
-        return u'#';
-    case Picture::person:
-        return u'@';
-    }
-    return u' ';
+    return characters() == Characters::unicode ? u" \u2193" : u" v";
 }
 
-/// The check box and the picture before a row's text.
-std::u16string RowsView::prefixOf(int row) const {
-    std::u16string prefix;
-    if (element().design().checkBoxes) {
-        prefix = list_.checked(row) ? u"[x] " : u"[ ] ";
+/// The check box before a row's text.
+std::u16string_view RowsView::prefixOf(int row) const {
+    if (!element().design().checkBoxes) {
+        return {};
     }
-    if (element().design().rowPicture > 0) {
-        prefix += pictureOf(element().design().rowPicture);
-        prefix += u' ';
-    }
-    return prefix;
+    return list_.checked(row) ? u"[x] " : u"[ ] ";
 }
 
 void RowsView::paint(Canvas &canvas, const Rect &at, const Look &look) {
@@ -131,11 +122,7 @@ void RowsView::paintHeader(Canvas &canvas, const Rect &at) const {
             continue;
         }
         const auto &column = list_.column(slot.column);
-        std::u16string text = column.header;
-        if (column.icon > 0) {
-            text += u' ';
-            text += pictureOf(column.icon);
-        }
+        const std::u16string text = column.header + std::u16string(pictureOf(column.icon));
         canvas.put({at.column + slot.from, at.row}, beginning(text, slot.columns - 1, characters()),
                    {.bold = true});
     }

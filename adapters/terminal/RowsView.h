@@ -4,6 +4,7 @@
 #include "adapters/lightweight/LightListView.h"
 #include "adapters/terminal/ControlView.h"
 
+#include <string_view>
 #include <vector>
 
 namespace kvex::terminal {
@@ -34,8 +35,8 @@ private:
 
     [[nodiscard]] int headerRows() const;
     [[nodiscard]] std::vector<Slot> slots(int columns) const;
-    [[nodiscard]] std::u16string prefixOf(int row) const;
-    [[nodiscard]] char16_t pictureOf(int icon) const;
+    [[nodiscard]] std::u16string_view prefixOf(int row) const;
+    [[nodiscard]] std::u16string_view pictureOf(int icon) const;
     void paintHeader(Canvas &canvas, const Rect &at) const;
     void paintRow(Canvas &canvas, const Rect &at, int row, bool hasFocus) const;
     void paintEmptyText(Canvas &canvas, const Rect &at) const;

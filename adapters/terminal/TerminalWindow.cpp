@@ -14,6 +14,8 @@ constexpr int leastRowsForLines = 5;
 constexpr int leastColumnsForMargin = 60;
 constexpr int widestBox = 64;
 constexpr std::u16string_view closeText = u"[x]";
+/// F1 also shows a status that is too long for its line.
+constexpr std::u16string_view helpText = u"F1: help";
 
 std::vector<Picture> picturesOf(const WindowDesign &window, const ControlDesign &list) {
     const auto found = std::ranges::find(window.controls, list.imageList, &ControlDesign::name);
@@ -129,7 +131,16 @@ void TerminalWindow::paintStatus(CellGrid &grid) const {
     const Rect line{0, grid.size().rows - 1, grid.size().columns, 1};
     Canvas canvas(grid, line);
     canvas.fill(line);
-    canvas.put({line.column + 1, line.row}, statusLine());
+    const Characters characters = grid.characters();
+    const std::u16string text = statusLine();
+    const int room = line.columns - 2;
+    const int afterText = room - shownColumns(text, characters);
+    const int helpColumns = shownColumns(helpText, characters) + 2;
+    canvas.put({1, line.row}, afterText >= 0 ? std::u16string_view(text)
+                                             : beginning(text, room - helpColumns, characters));
+    if (afterText >= helpColumns || afterText < 0) {
+        canvas.put({line.columns - helpColumns + 1, line.row}, helpText, {.dim = true});
+    }
 }
 
 Rect TerminalWindow::onScreen(const Placed &placed) const {
@@ -146,14 +157,21 @@ Rect TerminalWindow::visiblePart(const Placed &placed) const {
     return placed.inPane ? intersection(at, arrangement_.pane) : at;
 }
 
-std::optional<Rect> TerminalWindow::seenAt(std::u16string_view control) const {
+const Placed *TerminalWindow::placed(std::u16string_view control) const {
     const ControlView *view = viewOf(element(control));
     const auto found = std::ranges::find(arrangement_.placed, view, &Placed::control);
-    if (view == nullptr || found == arrangement_.placed.end()) {
-        return std::nullopt;
-    }
-    const Rect seen = visiblePart(*found);
+    return view == nullptr || found == arrangement_.placed.end() ? nullptr : &*found;
+}
+
+std::optional<Rect> TerminalWindow::seenAt(std::u16string_view control) const {
+    const Placed *found = placed(control);
+    const Rect seen = found != nullptr ? visiblePart(*found) : Rect();
     return seen.columns > 0 && seen.rows > 0 ? std::optional(seen) : std::nullopt;
+}
+
+int TerminalWindow::heightOf(std::u16string_view control) const {
+    const Placed *found = placed(control);
+    return found != nullptr ? found->at.rows : 0;
 }
 
 /// Scrolls the pane to the focus and, where there is room, to the labels around it: no key leads to
@@ -171,7 +189,7 @@ void TerminalWindow::keepFocusInView() {
         int after = arrangement_.contentRows;
         for (const Placed &placed : arrangement_.placed) {
             const auto *view = static_cast<const ControlView *>(placed.control);
-            if (placed.inPane && view->element().takesFocus()) {
+            if (placed.inPane && view->element().isUsable() && view->element().takesFocus()) {
                 const int end = placed.at.row + placed.at.rows;
                 before = end <= from ? std::max(before, end) : before;
                 after = placed.at.row >= to ? std::min(after, placed.at.row) : after;

@@ -38,6 +38,8 @@ public:
 
     /// Where the control stood in the last picture, as far as it was visible; none if it was not.
     [[nodiscard]] std::optional<Rect> seenAt(std::u16string_view control) const;
+    /// The rows that the control has in the window, in view or not; 0 if it is not shown.
+    [[nodiscard]] int heightOf(std::u16string_view control) const;
     [[nodiscard]] Rect closeMark() const { return closeMark_; }
     [[nodiscard]] Economy economy() const { return arrangement_.economy; }
 
@@ -54,6 +56,8 @@ private:
     void paintStatus(CellGrid &grid) const;
     [[nodiscard]] std::u16string statusLine() const;
 
+    /// Null if the control is not shown.
+    [[nodiscard]] const Placed *placed(std::u16string_view control) const;
     /// Where a placed control is on the screen, and the part of the screen that shows it.
     [[nodiscard]] Rect onScreen(const Placed &placed) const;
     [[nodiscard]] Rect visiblePart(const Placed &placed) const;

@@ -21,6 +21,11 @@ std::u16string waitingText(const lightweight::Element &element) {
 } // namespace
 
 void TerminalWindow::handle(const Input &input) {
+    constexpr Stroke help{Key::help};
+    if (input == Input(help) && shape_ == Shape::window) {
+        showKeysBox(desktop_, answer_.empty() ? status() : answer_);
+        return;
+    }
     answer_.clear();
     std::visit(
         [this](const auto &what) {
@@ -56,9 +61,6 @@ void TerminalWindow::take(const Stroke &stroke) {
     const bool endsAccessKey = std::exchange(awaitsAccessKey_, false);
     ControlView *view = viewOf(focus());
     switch (stroke.key) {
-    case Key::help:
-        showKeysBox(desktop_);
-        return;
     case Key::accessKey:
         awaitsAccessKey_ = !endsAccessKey;
         return;
@@ -73,7 +75,7 @@ void TerminalWindow::take(const Stroke &stroke) {
     case Key::pageUp:
     case Key::pageDown:
         // Where nothing else has pages, the window does.
-        if (view == nullptr || !view->growsDown()) {
+        if (view == nullptr || !view->hasPages()) {
             scrollPane(stroke.key == Key::pageUp ? -arrangement_.pane.rows
                                                  : arrangement_.pane.rows);
             return;
@@ -137,8 +139,7 @@ std::u16string TerminalWindow::statusLine() const {
         return u"Press an underlined letter   Esc: back";
     }
     const std::u16string said = answer_.empty() ? status() : answer_;
-    return said.empty() ? u"F1: keys   Tab: next   Alt or F2 and letter: access key   Esc: cancel"
-                        : said;
+    return said.empty() ? u"Tab: next   Alt or F2 and letter: access key   Esc: cancel" : said;
 }
 
 } // namespace kvex::terminal

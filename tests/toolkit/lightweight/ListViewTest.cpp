@@ -95,10 +95,12 @@ TEST_F(LightListViewTest, ShiftedKeysSelectARangeFromWhereItBegan) {
 
 TEST_F(LightListViewTest, AListOfOneChoiceGoesByShiftedKeysToo) {
     LightListView &view = single();
+    window().press(Key::selectAll);
+    EXPECT_EQ(selected(view), Rows{});
     view.select(4);
-    window().press({Key::selectDown, Key::goDown, Key::selectAll});
+    window().press({Key::selectDown, Key::selectUp, Key::goDown, Key::goDown, Key::selectAll});
     EXPECT_EQ(selected(view), Rows{6});
-    EXPECT_EQ(takeDeeds(), "5 6 ");
+    EXPECT_EQ(takeDeeds(), "5 4 5 6 ");
 }
 
 TEST_F(LightListViewTest, RowsApartAreSelectedByGoingToThemWithoutSelecting) {
@@ -129,6 +131,14 @@ TEST_F(LightListViewTest, TheLastRowDeselectedLeavesNoCurrentRow) {
     EXPECT_EQ(takeDeeds(), "- ");
     window().press(Key::down);
     EXPECT_EQ(takeDeeds(), "1 ");
+}
+
+TEST_F(LightListViewTest, ABlankDeselectsNothing) {
+    LightListView &view = multiple();
+    view.select(2);
+    window().press(Key::space);
+    EXPECT_EQ(selected(view), Rows{2});
+    EXPECT_EQ(takeDeeds(), "");
 }
 
 TEST_F(LightListViewTest, SelectingAllKeepsTheCurrentRow) {
@@ -215,13 +225,18 @@ TEST_F(LightListViewTest, TheWheelScrollsWithinTheRows) {
     EXPECT_EQ(view.visibleRows().first(), 4);
     EXPECT_EQ(view.selectedRow(), 1);
     view.scrollBy(100);
+    view.addRow(u"last");
     EXPECT_EQ(view.visibleRows().first(), 7);
+    view.removeRow(11);
     view.scrollBy(-1);
     EXPECT_EQ(view.visibleRows().first(), 6);
     view.removeRow(10);
     view.removeRow(9);
     EXPECT_EQ(view.visibleRows().first(), 5);
     view.clearRows();
+    for (int row = 1; row <= 10; ++row) {
+        view.addRow(u"new");
+    }
     EXPECT_EQ(view.visibleRows().first(), 1);
 }
 
@@ -247,6 +262,7 @@ TEST_F(LightListViewTest, AGreyedCurrentRowSaysWhatThatMeans) {
     EXPECT_EQ(view.status(), u"Locked by another choice");
     view.select(3);
     EXPECT_EQ(view.status(), u"");
+    view.select(2);
     view.setEnabled(false);
     EXPECT_EQ(view.status(), u"Add a rule first");
 }

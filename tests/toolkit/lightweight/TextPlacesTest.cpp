@@ -48,10 +48,10 @@ TEST(TextPlaces, WordsAndGroupsOfSignsAreGonePastWithTheBlanksAfterThem) {
 }
 
 TEST(TextPlaces, WordsAreFoundAcrossLines) {
-    const std::u16string_view text = u"one\r\n\r\n  two";
-    EXPECT_EQ(wordAfter(text, 0), 9U);
-    EXPECT_EQ(wordBefore(text, 9), 0U);
-    EXPECT_EQ(wordBefore(text, 12), 9U);
+    const std::u16string_view text = u"a one\r\n\r\n  two";
+    EXPECT_EQ(wordAfter(text, 2), 11U);
+    EXPECT_EQ(wordBefore(text, 11), 2U);
+    EXPECT_EQ(wordBefore(text, 14), 11U);
 }
 
 TEST(TextPlaces, ALineEndsBeforeItsBreak) {

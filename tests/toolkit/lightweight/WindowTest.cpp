@@ -1,3 +1,4 @@
+#include "adapters/lightweight/TextInput.h"
 #include "platform/controls/Buttons.h"
 #include "platform/controls/DTPicker.h"
 #include "platform/controls/Label.h"
@@ -50,6 +51,16 @@ TEST(LightWindow, ArrowsStayWithinAGroupAListAndAText) {
     }
     EXPECT_EQ(way, u"opg1 lvw txt ");
     EXPECT_TRUE(window.get<OptionButton>(u"opg1").selected());
+}
+
+TEST(LightWindow, ControlWithUpAndDownIsUpAndDownOutsideLists) {
+    TestWindow window({control(ControlKind::richTextBox, u"rt"), button(u"cmd")});
+    window.get<RichTextBox>(u"rt").setText(u"one\r\ntwo");
+    window.press(Key::goUp);
+    EXPECT_EQ(window.the<TextInput>(u"rt").caret(), 3U);
+    window.press({Key::goDown, Key::tab, Key::goDown});
+    EXPECT_EQ(window.focused(), u"rt");
+    EXPECT_EQ(window.the<TextInput>(u"rt").caret(), 8U);
 }
 
 TEST(LightWindow, EnterPressesTheFocusedButtonOrElseTheDefaultOne) {
