@@ -27,8 +27,7 @@ controls::Caption LabelView::caption() const {
 
 Extent LabelView::columns() const {
     const std::u16string shown = caption().shown;
-    const int natural = shownColumns(shown, characters());
-    return {std::min(longestWord(shown, characters()), natural), natural};
+    return {longestWord(shown, characters()), longestLine(shown, characters())};
 }
 
 Extent LabelView::rows(int columns, Economy) const {

@@ -131,16 +131,11 @@ void TerminalWindow::paintStatus(CellGrid &grid) const {
     const Rect line{0, grid.size().rows - 1, grid.size().columns, 1};
     Canvas canvas(grid, line);
     canvas.fill(line);
-    const Characters characters = grid.characters();
-    const std::u16string text = statusLine();
-    const int room = line.columns - 2;
-    const int afterText = room - shownColumns(text, characters);
-    const int helpColumns = shownColumns(helpText, characters) + 2;
-    canvas.put({1, line.row}, afterText >= 0 ? std::u16string_view(text)
-                                             : beginning(text, room - helpColumns, characters));
-    if (afterText >= helpColumns || afterText < 0) {
-        canvas.put({line.columns - helpColumns + 1, line.row}, helpText, {.dim = true});
-    }
+    // A box offers no further help.
+    const std::u16string_view help = shape_ == Shape::window ? helpText : std::u16string_view();
+    const int room = line.columns - 2 - static_cast<int>(help.size());
+    canvas.put({1, line.row}, statusLine(room - 2));
+    canvas.put({1 + room, line.row}, help, {.dim = true});
 }
 
 Rect TerminalWindow::onScreen(const Placed &placed) const {

@@ -54,7 +54,8 @@ private:
     [[nodiscard]] Rect innerRect(const Rect &outer) const;
     void paintAround(Canvas &canvas, const Rect &outer);
     void paintStatus(CellGrid &grid) const;
-    [[nodiscard]] std::u16string statusLine() const;
+    /// What the status line says in so many columns.
+    [[nodiscard]] std::u16string statusLine(int columns) const;
 
     /// Null if the control is not shown.
     [[nodiscard]] const Placed *placed(std::u16string_view control) const;

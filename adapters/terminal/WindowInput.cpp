@@ -3,6 +3,7 @@
 
 #include "adapters/controls/Keys.h"
 #include "adapters/terminal/KeysBox.h"
+#include "adapters/terminal/WrappedText.h"
 
 #include <algorithm>
 
@@ -134,12 +135,25 @@ void TerminalWindow::click(const Placed &placed, Point at, bool twice) {
     }
 }
 
-std::u16string TerminalWindow::statusLine() const {
+std::u16string TerminalWindow::statusLine(int columns) const {
+    const Characters characters = desktop_.ability().characters;
+    std::u16string said = answer_.empty() ? status() : answer_;
     if (awaitsAccessKey_) {
-        return u"Press an underlined letter   Esc: back";
+        said = u"Press an underlined letter";
+    } else if (said.empty()) {
+        for (const char16_t *const key : {u"Tab: next", u"   Esc: cancel",
+                                          u"   Alt+letter or F2, letter: underlined letter"}) {
+            if (shownColumns(said + key, characters) <= columns) {
+                said += key;
+            }
+        }
     }
-    const std::u16string said = answer_.empty() ? status() : answer_;
-    return said.empty() ? u"Tab: next   Alt or F2 and letter: access key   Esc: cancel" : said;
+    if (shownColumns(said, characters) <= columns) {
+        return said;
+    }
+    constexpr std::u16string_view more = u"...";
+    const int room = columns - static_cast<int>(more.size());
+    return std::u16string(beginning(said, room, characters)).append(more);
 }
 
 } // namespace kvex::terminal

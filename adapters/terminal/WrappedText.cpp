@@ -38,6 +38,17 @@ void wrapLine(std::u16string_view text, WrappedLine whole, int columns, Characte
     lines.push_back({from, whole.to});
 }
 
+/// The columns of the longest part between any of these ends.
+int longestPart(std::u16string_view text, std::u16string_view ends, Characters characters) {
+    int longest = 0;
+    for (std::size_t from = 0; from < text.size();) {
+        const std::size_t end = std::min(text.find_first_of(ends, from), text.size());
+        longest = std::max(longest, shownColumns(text.substr(from, end - from), characters));
+        from = end + 1;
+    }
+    return longest;
+}
+
 } // namespace
 
 std::u16string_view beginning(std::u16string_view text, int columns, Characters characters) {
@@ -66,14 +77,12 @@ std::vector<WrappedLine> wrapped(std::u16string_view text, int columns, Characte
     }
 }
 
+int longestLine(std::u16string_view text, Characters characters) {
+    return longestPart(text, u"\r\n", characters);
+}
+
 int longestWord(std::u16string_view text, Characters characters) {
-    int longest = 0;
-    for (std::size_t from = 0; from < text.size();) {
-        const std::size_t end = std::min(text.find_first_of(u" \r\n", from), text.size());
-        longest = std::max(longest, shownColumns(text.substr(from, end - from), characters));
-        from = end + 1;
-    }
-    return longest;
+    return longestPart(text, u" \r\n", characters);
 }
 
 std::size_t lineOf(const std::vector<WrappedLine> &lines, std::size_t at) {

@@ -23,7 +23,8 @@ struct WrappedLine {
 /// LF and CR LF break lines.
 [[nodiscard]] std::vector<WrappedLine> wrapped(std::u16string_view text, int columns,
                                             Characters characters);
-/// The columns of the longest word.
+/// The columns of the longest line before it is wrapped, and of the longest word.
+[[nodiscard]] int longestLine(std::u16string_view text, Characters characters);
 [[nodiscard]] int longestWord(std::u16string_view text, Characters characters);
 /// The line in which the unit `at` stands, from 0.
 [[nodiscard]] std::size_t lineOf(const std::vector<WrappedLine> &lines, std::size_t at);

@@ -64,7 +64,9 @@ TEST(WrappedText, FindsTheLineOfAPlaceAndThePlaceOfAColumn) {
     EXPECT_EQ(unitAt(text, lines[1], 2, Characters::unicode), 9U);
 }
 
-TEST(WrappedText, MeasuresTheLongestWord) {
+TEST(WrappedText, MeasuresTheLongestLineAndTheLongestWord) {
+    EXPECT_EQ(longestLine(u"a three\r\nfourth no\n", Characters::unicode), 9);
+    EXPECT_EQ(longestLine(u"", Characters::unicode), 0);
     EXPECT_EQ(longestWord(u"a three\r\nfourth no", Characters::unicode), 6);
     EXPECT_EQ(longestWord(u"", Characters::unicode), 0);
 }
