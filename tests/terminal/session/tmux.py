@@ -22,17 +22,26 @@ class Tmux:
         self.folder = tempfile.TemporaryDirectory(prefix="kvex-tmux-")
         self.home = Path(self.folder.name)
         self.environ = {"HOME": str(self.home), "PATH": "/usr/bin:/bin", "LC_ALL": "C.UTF-8",
-                        "TMUX_TMPDIR": str(self.home), "PS1": "$ ", **variables}
+                        "TMUX_TMPDIR": str(self.home), **variables}
         (self.home / "tmux.conf").write_text(
             f"set -g default-terminal {kind}\nset -g mouse on\nset -s escape-time 0\n",
             encoding="utf-8")
+        (self.home / "bashrc").write_text("PS1='$ '\n", encoding="utf-8")
         self.run("new-session", "-d", "-x", str(columns), "-y", str(rows),
-                 "bash --norc --noprofile")
-        self.wait_for("the prompt", lambda: self.lines()[0].startswith("$"))
+                 f"bash --rcfile {self.home}/bashrc")
+        try:
+            self.wait_for("the prompt", lambda: self.lines()[0].startswith("$"))
+        except TimedOut:
+            self.close()
+            raise
 
     def close(self):
-        subprocess.run(self.command("kill-server"), check=False, env=self.environ,
-                       stderr=subprocess.DEVNULL)
+        server = int(self.run("display-message", "-p", "#{pid}"))
+        shell = int(self.run("display-message", "-p", "#{pane_pid}"))
+        self.run("kill-server")
+        end = time.monotonic() + PATIENCE
+        while (is_running(server) or is_running(shell)) and time.monotonic() < end:
+            time.sleep(0.02)
         self.folder.cleanup()
 
     def command(self, *words):

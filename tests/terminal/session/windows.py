@@ -10,7 +10,7 @@ TICKED = re.compile(r"\[([ x])\] ?")
 PICTURED = re.compile(r"[@#v] ")
 PICKER = re.compile(r"\[([ x])\] ([\d/:]+)?")
 PICKERS = ["From Date", "From Time", "To Date", "To Time"]
-BOX_TITLES = ["SMS Rules", "Keys"]
+BOX_TITLES = ["SMS Rules", "Help"]
 # As they are drawn in UTF-8 and in other character sets.
 SIDES = ("│", "█", "|", "#")
 CORNERS = ("┌", "+")
