@@ -93,6 +93,8 @@ public:
     [[nodiscard]] int findItem(std::u16string_view text,
                                FindMatch match = FindMatch::wholeWordsAtStart) const final;
 
+    /// The row text. Valid until the row changes.
+    [[nodiscard]] std::u16string_view rowText(int row) const { return at(row).texts[1]; }
     /// What a row shows in a column: the row text in column 1, sub-item n in column n + 1. Valid
     /// until the row changes. Fails with indexOutOfBounds if there is no such row or column.
     [[nodiscard]] std::u16string_view cell(int row, int column) const;

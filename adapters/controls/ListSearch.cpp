@@ -17,7 +17,8 @@ int ListSearch::rowAfter(std::u16string_view character) {
     const int before = isFirst || isRepeated || selected == 0 ? selected : selected - 1;
     for (int step = 0; step < count; ++step) {
         const int row = (before + step) % count + 1;
-        if (foldCase(rows_.text(row)).starts_with(wanted)) {
+        // Folding keeps the number of units, so the beginning of the row is enough.
+        if (foldCase(rows_.rowText(row).substr(0, wanted.size())) == wanted) {
             return row;
         }
     }

@@ -1,7 +1,7 @@
 // Finds a list's row by the first characters of its text, while the user types them.
 #pragma once
 
-#include "platform/controls/ListView.h"
+#include "adapters/controls/ListRows.h"
 
 #include <string>
 #include <string_view>
@@ -14,7 +14,7 @@ namespace kvex::controls {
 class ListSearch {
 public:
     /// `rows` must outlive the search.
-    explicit ListSearch(const ListView &rows) : rows_(rows) {}
+    explicit ListSearch(const ListRows &rows) : rows_(rows) {}
 
     /// A blank continues a running search. Otherwise it ticks the row's check box.
     [[nodiscard]] bool isRunning() const { return !typed_.empty(); }
@@ -26,7 +26,7 @@ public:
 private:
     [[nodiscard]] bool isOneCharacterRepeated(std::u16string_view character) const;
 
-    const ListView &rows_;
+    const ListRows &rows_;
     /// Case-folded.
     std::u16string typed_;
 };

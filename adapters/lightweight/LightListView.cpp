@@ -86,9 +86,11 @@ void LightListView::doubleClickRow(int row) {
     }
 }
 
+/// The first click may have changed the rows.
 void LightListView::clickRowAgain(int row) {
-    // The first click may have changed the rows.
-    if (selected(row)) {
+    if (row > rowCount()) {
+        clickBesideRows();
+    } else if (selected(row)) {
         deliver(onDoubleClick);
     } else {
         clickRow(row);

@@ -55,8 +55,8 @@ public:
     /// if there is none.
     [[nodiscard]] Element *buttonOfEnter() const;
 
-    /// What the user should know now: the status of the focused element, or else what the next
-    /// disabled control after it waits for, with that control's caption.
+    /// What the user should know now. It is the status of the focused element. If that is empty, it
+    /// says what the next disabled control waits for, after that control's caption.
     [[nodiscard]] std::u16string status() const;
 
     /// The focused element gets the key first. Otherwise Tab and the arrows move the focus, and

@@ -9,10 +9,13 @@
 namespace kvex::lightweight {
 namespace {
 
-enum class Kind { blank, word, sign };
+enum class Kind { blank, lineBreak, word, sign };
 
 Kind kindOf(std::u16string_view text, std::size_t at) {
     const char32_t character = nextCharacter(text, at);
+    if (character == u'\r' || character == u'\n') {
+        return Kind::lineBreak;
+    }
     if (character <= u' ') {
         return Kind::blank;
     }
@@ -66,24 +69,19 @@ std::size_t clusterAfter(std::u16string_view text, std::size_t at) {
     return at >= text.size() ? text.size() : clusterEnd(text, at);
 }
 
-/// Reads each line forward, because clusters are found faster that way.
+/// Reads the line forward, because clusters are found faster that way.
 std::size_t wordBefore(std::u16string_view text, std::size_t at) {
-    for (std::size_t to = at; to > 0;) {
-        const std::size_t from = lineStart(text, to - 1);
-        if (const auto group = lastGroup(text, from, to)) {
-            return *group;
-        }
-        to = from;
-    }
-    return 0;
+    const std::size_t start = lineStart(text, at);
+    return start == at ? characterBefore(text, at) : lastGroup(text, start, at).value_or(start);
 }
 
 std::size_t wordAfter(std::u16string_view text, std::size_t at) {
+    const auto isStill = [&](Kind kind) { return at < text.size() && kindOf(text, at) == kind; };
     const Kind first = at < text.size() ? kindOf(text, at) : Kind::blank;
-    while (at < text.size() && first != Kind::blank && kindOf(text, at) == first) {
-        at = clusterEnd(text, at);
-    }
-    while (at < text.size() && kindOf(text, at) == Kind::blank) {
+    do {
+        at = clusterAfter(text, at);
+    } while (first != Kind::lineBreak && isStill(first));
+    while (first != Kind::lineBreak && isStill(Kind::blank)) {
         at = clusterEnd(text, at);
     }
     return at;

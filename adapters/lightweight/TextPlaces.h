@@ -30,9 +30,10 @@ struct TextLine {
 [[nodiscard]] std::size_t clusterBefore(std::u16string_view text, std::size_t at);
 [[nodiscard]] std::size_t clusterAfter(std::u16string_view text, std::size_t at);
 
-/// The beginning of the word, or of the group of signs, before `at`; 0 if there is none.
+/// The beginning of the word, or of the group of signs, before `at`. The beginnings and ends of
+/// lines count, too.
 [[nodiscard]] std::size_t wordBefore(std::u16string_view text, std::size_t at);
-/// The beginning of the next one after `at`, or the end of the text.
+/// The beginning of the next one after `at`.
 [[nodiscard]] std::size_t wordAfter(std::u16string_view text, std::size_t at);
 
 /// The columns from the beginning of the line to `at`.

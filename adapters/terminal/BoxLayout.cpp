@@ -120,8 +120,8 @@ bool Arranger::startsSection(const Layout &layout) const {
     if (layout.kind == Layout::Kind::control) {
         return find_(layout.control)->startsSection();
     }
-    const auto first = std::ranges::find_if(
-        layout.pieces, [this](const Layout &piece) { return isShown(piece); });
+    const auto first =
+        std::ranges::find_if(layout.pieces, [this](const Layout &piece) { return isShown(piece); });
     return layout.kind == Layout::Kind::row && first != layout.pieces.end() &&
            startsSection(*first);
 }
@@ -138,11 +138,12 @@ std::vector<const Layout *> Arranger::shownPieces(const Layout &box) const {
 
 std::vector<Part> Arranger::across(const std::vector<const Layout *> &pieces) const {
     std::vector<Part> parts;
+    parts.reserve(pieces.size());
     for (const Layout *piece : pieces) {
-        parts.push_back(piece->kind == Layout::Kind::spring
-                            ? Part{{}, piece->stretch}
-                            : Part{columnsOf(*piece), piece->stretch,
-                                   grows(*piece, &Placeable::growsAcross)});
+        parts.push_back(
+            piece->kind == Layout::Kind::spring
+                ? Part{{}, piece->stretch}
+                : Part{columnsOf(*piece), piece->stretch, grows(*piece, &Placeable::growsAcross)});
     }
     for (std::size_t at = 1; at < parts.size(); ++at) {
         const bool isGap = pieces[at]->kind != Layout::Kind::spring;
@@ -154,6 +155,7 @@ std::vector<Part> Arranger::across(const std::vector<const Layout *> &pieces) co
 
 std::vector<Part> Arranger::down(const std::vector<const Layout *> &pieces, int columns) const {
     std::vector<Part> parts;
+    parts.reserve(pieces.size());
     for (const Layout *piece : pieces) {
         parts.push_back(piece->kind == Layout::Kind::spring
                             ? Part{{}, piece->stretch}
@@ -199,8 +201,7 @@ Extent Arranger::columnsOf(const Layout &layout) const {
         return extent;
     }
     for (const Layout *piece : shownPieces(layout)) {
-        const Extent inner =
-            piece->kind == Layout::Kind::spring ? Extent() : columnsOf(*piece);
+        const Extent inner = piece->kind == Layout::Kind::spring ? Extent() : columnsOf(*piece);
         extent.least = std::max(extent.least, inner.least);
         extent.natural = std::max(extent.natural, inner.natural);
     }

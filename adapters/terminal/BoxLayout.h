@@ -1,8 +1,8 @@
 // Gives each control of a window its place in cells.
 #pragma once
 
-#include "adapters/terminal/io/Geometry.h"
 #include "adapters/terminal/Placeable.h"
+#include "adapters/terminal/io/Geometry.h"
 #include "platform/controls/WindowDesign.h"
 
 #include <functional>

@@ -26,7 +26,8 @@ const char16_t *markOf(const lightweight::Element &element) {
 
 Extent ButtonView::columns() const {
     const int columns =
-        shownColumns(controls::parseCaption(element().accessCaption()).shown, characters()) + bracketColumns;
+        shownColumns(controls::parseCaption(element().accessCaption()).shown, characters()) +
+        bracketColumns;
     return {columns, columns};
 }
 
@@ -50,7 +51,8 @@ void ButtonView::paint(Canvas &canvas, const Rect &at, const Look &look) {
 
 Extent TickView::columns() const {
     const std::u16string shown = controls::parseCaption(element().accessCaption()).shown;
-    return {markColumns + longestWord(shown, characters()), markColumns + shownColumns(shown, characters())};
+    return {markColumns + longestWord(shown, characters()),
+            markColumns + shownColumns(shown, characters())};
 }
 
 Extent TickView::rows(int columns, Economy) const {

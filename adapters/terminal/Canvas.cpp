@@ -68,8 +68,8 @@ void Canvas::scrollBar(Point from, int rows, int first, int seen, int all) {
         return;
     }
     const int thumb = std::clamp(rows * seen / all, 1, rows);
-    const int travel = static_cast<int>(
-        std::int64_t{rows - thumb} * std::min(first, all - seen) / std::max(all - seen, 1));
+    const int travel = static_cast<int>(std::int64_t{rows - thumb} * std::min(first, all - seen) /
+                                        std::max(all - seen, 1));
     for (int row = 0; row < thumb; ++row) {
         put({from.column, from.row + travel + row}, linesOf(grid_).thumb);
     }

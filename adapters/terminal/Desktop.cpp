@@ -2,8 +2,6 @@
 
 #include "adapters/terminal/TerminalWindow.h"
 
-#include <ranges>
-
 namespace kvex::terminal {
 
 /// While it lives, its window is the active one.
@@ -57,7 +55,7 @@ void Desktop::handleNext() {
 
 /// As if the user closed each window by its frame.
 void Desktop::closeAll() {
-    for (TerminalWindow *window : std::views::reverse(shown_)) {
+    for (TerminalWindow *window : shown_) {
         window->close();
     }
 }

@@ -32,7 +32,9 @@ public:
     [[nodiscard]] CellGrid picture() const;
     void suspend() { terminal_.suspend(); }
     /// Null if no window is shown.
-    [[nodiscard]] TerminalWindow *active() const { return shown_.empty() ? nullptr : shown_.back(); }
+    [[nodiscard]] TerminalWindow *active() const {
+        return shown_.empty() ? nullptr : shown_.back();
+    }
 
     /// Called for each window when it is made, and when it will not be shown or shown longer.
     /// Between two windows the terminal is not given back.

@@ -8,10 +8,11 @@
 namespace kvex::terminal {
 namespace {
 
-constexpr const char16_t *keys = u"Tab, Shift+Tab  next, previous control\n"
-                                 u"Arrows          rows, choices, text\n"
-                                 u"Space           tick, press the button\n"
-                                 u"Enter           press the button in < >\n"
+/// Each line fits a terminal of 40 columns.
+constexpr const char16_t *keys = u"Tab, Shift+Tab  next, previous one\n"
+                                 u"Arrows          rows, text, choice\n"
+                                 u"Space           tick, press\n"
+                                 u"Enter           the button in < >\n"
                                  u"Esc             cancel\n"
                                  u"Alt+letter      underlined letter\n"
                                  u"F2, letter      the same\n"

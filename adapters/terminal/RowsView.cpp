@@ -96,8 +96,8 @@ void RowsView::paint(Canvas &canvas, const Rect &at, const Look &look) {
     } else {
         canvas.lineDown({at.column, at.row}, at.rows);
     }
-    canvas.scrollBar({at.column + at.columns - 1, inside.row}, inside.rows, top - 1,
-                     shown_.rows, list_.rowCount());
+    canvas.scrollBar({at.column + at.columns - 1, inside.row}, inside.rows, top - 1, shown_.rows,
+                     list_.rowCount());
     Canvas content = canvas.within(inside);
     if (headerRows() > 0) {
         paintHeader(content, inside);
@@ -155,8 +155,7 @@ void RowsView::paintEmptyText(Canvas &canvas, const Rect &at) const {
     int row = at.row;
     for (const WrappedLine &line : wrapped(text, at.columns, characters())) {
         canvas.put({at.column, row++},
-                   std::u16string_view(text).substr(line.from, line.to - line.from),
-                   {.dim = true});
+                   std::u16string_view(text).substr(line.from, line.to - line.from), {.dim = true});
     }
 }
 
@@ -204,7 +203,8 @@ bool RowsView::isCutOnTheRight() const {
         const bool isCut = std::ranges::any_of(all, [&](const Slot &slot) {
             const int prefix = slot.from == 0 ? shownColumns(prefixOf(row), characters()) : 0;
             return slot.column <= list_.columnCount() &&
-                   shownColumns(list_.cell(row, slot.column), characters()) - shift_ > slot.columns - prefix - 1;
+                   shownColumns(list_.cell(row, slot.column), characters()) - shift_ >
+                       slot.columns - prefix - 1;
         });
         if (isCut) {
             return true;

@@ -18,10 +18,10 @@ Desktop &TerminalToolkit::desktop() {
 void TerminalToolkit::requireThread() {
     const std::lock_guard lock(mutex_);
     if (owner_ && !owner_->isCurrent() && desktop_ != nullptr && desktop_->hasWindows()) {
-        throw Error(error_number::invalidCall,
-                    u"No window can be shown from " + OwnerThread().text() +
-                        u". The terminal belongs to the windows of " + owner_->text() +
-                        u". Call from there.");
+        throw Error(error_number::invalidCall, u"No window can be shown from " +
+                                                   OwnerThread().text() +
+                                                   u". The terminal belongs to the windows of " +
+                                                   owner_->text() + u". Call from there.");
     }
     if (!owner_ || !owner_->isCurrent()) {
         owner_.emplace();

@@ -27,13 +27,11 @@ std::vector<Picture> picturesOf(const WindowDesign &window, const ControlDesign 
 TerminalWindow::TerminalWindow(Desktop &desktop, const WindowDesign &design, Shape shape,
                                Observer observer)
     : LightWindow(design), desktop_(desktop), shape_(shape), observer_(std::move(observer)),
-      layout_(design.layout,
-              [this](std::u16string_view name) { return viewOf(element(name)); }) {
+      layout_(design.layout, [this](std::u16string_view name) { return viewOf(element(name)); }) {
     for (const auto &element : elements()) {
         if (element->design().kind != ControlKind::imageList) {
-            views_.emplace(element.get(),
-                           terminal::viewOf(*element, desktop_.ability(),
-                                            picturesOf(design, element->design())));
+            views_.emplace(element.get(), terminal::viewOf(*element, desktop_.ability(),
+                                                           picturesOf(design, element->design())));
         }
     }
     desktop_.windowMade();
@@ -67,8 +65,7 @@ Rect TerminalWindow::outerRect(Size size) const {
     const int least = shownColumns(caption(), desktop_.ability().characters) +
                       static_cast<int>(closeText.size()) + around;
     const Size content = layout_.naturalSize(std::min(widestBox, all.columns - around));
-    const int columns =
-        std::min(std::max(content.columns + around, least + around), all.columns);
+    const int columns = std::min(std::max(content.columns + around, least + around), all.columns);
     const int rows = std::min(content.rows + 2, all.rows);
     return {(all.columns - columns) / 2, (all.rows - rows) / 2, columns, rows};
 }

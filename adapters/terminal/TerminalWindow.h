@@ -36,7 +36,7 @@ public:
     /// Does what the user wants.
     void handle(const Input &input);
 
-    /// Where the control stood in the last picture, as far as it was visible; none if it was not.
+    /// The visible part of the control in the last picture; none if it was not visible.
     [[nodiscard]] std::optional<Rect> seenAt(std::u16string_view control) const;
     /// The rows that the control has in the window, in view or not; 0 if it is not shown.
     [[nodiscard]] int heightOf(std::u16string_view control) const;

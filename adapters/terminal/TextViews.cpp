@@ -32,8 +32,8 @@ int putSelected(Canvas &canvas, Point at, std::u16string_view text, std::size_t 
 } // namespace
 
 Extent TextBoxView::columns() const {
-    const int wished = element().design().columns > 0 ? element().design().columns
-                                                      : usualTextColumns;
+    const int wished =
+        element().design().columns > 0 ? element().design().columns : usualTextColumns;
     return {std::min(wished, leastTextColumns) + sides, wished + sides};
 }
 
@@ -86,8 +86,8 @@ RichTextView::RichTextView(lightweight::LightRichTextBox &box, Ability ability)
 }
 
 Extent RichTextView::columns() const {
-    const int wished = element().design().columns > 0 ? element().design().columns
-                                                      : usualTextColumns;
+    const int wished =
+        element().design().columns > 0 ? element().design().columns : usualTextColumns;
     return {std::min(wished, leastTextColumns) + sides, wished + sides};
 }
 
@@ -182,8 +182,8 @@ void RichTextView::paintLine(Canvas &canvas, Point at, const WrappedLine &line,
         const std::size_t start = std::max(from, line.from);
         const std::size_t end = std::min(to, line.to);
         if (start < end) {
-            at.column += putSelected(canvas, at, text_, start, end, box_.selection(),
-                                     styleOf(run.colour));
+            at.column +=
+                putSelected(canvas, at, text_, start, end, box_.selection(), styleOf(run.colour));
         }
         from = to;
     }

@@ -111,8 +111,8 @@ void TerminalWindow::take(const MouseEvent &mouse) {
     const auto isThere = [&](const Placed &placed) {
         return visiblePart(placed).contains(mouse.at);
     };
-    const auto found = std::find_if(arrangement_.placed.rbegin(), arrangement_.placed.rend(),
-                                    isThere);
+    const auto found =
+        std::find_if(arrangement_.placed.rbegin(), arrangement_.placed.rend(), isThere);
     if (isWheel) {
         const int rows = mouse.kind == MouseEvent::Kind::wheelUp ? -wheelRows : wheelRows;
         if (found == arrangement_.placed.rend() ||
@@ -141,8 +141,8 @@ std::u16string TerminalWindow::statusLine(int columns) const {
     if (awaitsAccessKey_) {
         said = u"Press an underlined letter";
     } else if (said.empty()) {
-        for (const char16_t *const key : {u"Tab: next", u"   Esc: cancel",
-                                          u"   Alt+letter or F2, letter: underlined letter"}) {
+        for (const char16_t *const key :
+             {u"Tab: next", u"   Esc: cancel", u"   Alt+letter or F2, letter: underlined letter"}) {
             if (shownColumns(said + key, characters) <= columns) {
                 said += key;
             }

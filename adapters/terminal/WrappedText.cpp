@@ -92,7 +92,8 @@ std::size_t lineOf(const std::vector<WrappedLine> &lines, std::size_t at) {
 
 std::size_t unitAt(std::u16string_view text, const WrappedLine &line, int column,
                    Characters characters) {
-    return line.from + beginning(text.substr(line.from, line.to - line.from), column, characters).size();
+    return line.from +
+           beginning(text.substr(line.from, line.to - line.from), column, characters).size();
 }
 
 } // namespace kvex::terminal

@@ -22,7 +22,7 @@ struct WrappedLine {
 /// The lines of `text`, wrapped between words, or inside a word that is too long. At least one. CR,
 /// LF and CR LF break lines.
 [[nodiscard]] std::vector<WrappedLine> wrapped(std::u16string_view text, int columns,
-                                            Characters characters);
+                                               Characters characters);
 /// The columns of the longest line before it is wrapped, and of the longest word.
 [[nodiscard]] int longestLine(std::u16string_view text, Characters characters);
 [[nodiscard]] int longestWord(std::u16string_view text, Characters characters);

@@ -119,8 +119,8 @@ TEST_F(BoxLayoutTest, PiecesOfARowThatIsTooWideStandBelowEachOther) {
 TEST_F(BoxLayoutTest, AHiddenControlTakesNoRoom) {
     control(u"a").shown = false;
     control(u"b");
-    const auto found = arrange(column({place(u"a"), row({place(u"a"), spring()}), place(u"b")}),
-                               {20, 5});
+    const auto found =
+        arrange(column({place(u"a"), row({place(u"a"), spring()}), place(u"b")}), {20, 5});
     EXPECT_EQ(at(found, u"a"), std::nullopt);
     EXPECT_EQ(at(found, u"b"), (Place{{0, 0, 20, 1}}));
 }
@@ -160,8 +160,8 @@ TEST_F(BoxLayoutTest, WhatDoesNotFitScrollsAboveTheButtons) {
     control(u"a");
     control(u"ok");
     list(u"list", {3, 6});
-    const auto found = arrange(
-        column({scrolling({place(u"a"), place(u"list")}), place(u"ok")}), {20, 3});
+    const auto found =
+        arrange(column({scrolling({place(u"a"), place(u"list")}), place(u"ok")}), {20, 3});
     EXPECT_EQ(found.pane, (Rect{0, 0, 20, 2}));
     EXPECT_EQ(found.contentRows, 4);
     EXPECT_EQ(at(found, u"list"), (Place{{0, 1, 20, 3}}));

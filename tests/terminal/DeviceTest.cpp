@@ -115,6 +115,13 @@ bool isDone(int status) {
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
+/// Uses up the stack before it comes to an end.
+std::size_t recurse(std::size_t depth) { // NOLINT
+    volatile std::size_t room[500] = {};
+    room[depth % 500] = depth;
+    return depth == 0 ? 0 : recurse(depth - 1) + room[depth % 500];
+}
+
 void throwError() {
     throw std::runtime_error("a bug");
 }
@@ -132,6 +139,10 @@ INSTANTIATE_TEST_SUITE_P(
                         },
                         isDone},
                     End{"Abort", [](Terminal &) { std::abort(); }, isAborted},
+                    End{"StackOverflow", [](Terminal &) { (void)recurse(1'000'000'000); },
+                        [](int status) {
+                            return WIFSIGNALED(status) && WTERMSIG(status) == SIGSEGV;
+                        }},
                     End{"CaughtException",
                         [](Terminal &terminal) {
                             try {

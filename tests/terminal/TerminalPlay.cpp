@@ -21,11 +21,17 @@ void TerminalPlay::whenShown(std::u16string window, Script script) {
 void TerminalPlay::input(const std::string &bytes) {
     device_.type(bytes);
     try {
-        while (true) {
+        while (!isHungUp_) {
             toolkit_.desktop().handleNext();
         }
     } catch (const Idle &) {
     }
+}
+
+void TerminalPlay::hangUp() {
+    device_.hangUp();
+    isHungUp_ = true;
+    toolkit_.desktop().handleNext();
 }
 
 void TerminalPlay::look() {
@@ -74,11 +80,13 @@ void TerminalPlay::play(TerminalWindow &window) {
 
 void TerminalPlay::answer(TerminalWindow &box) {
     const bool asks = box.element(u"cmdYes") != nullptr;
-    std::u16string text =
-        controls::parseCaption(box.element(u"lblText")->accessCaption()).shown;
+    std::u16string text = controls::parseCaption(box.element(u"lblText")->accessCaption()).shown;
     text.pop_back();
     messageBoxes_.push_back(
         {box.caption(), text, asks ? message_box::yesNo : message_box::exclamation});
+    if (onMessageBox) {
+        onMessageBox(box);
+    }
     std::optional<std::int32_t> wanted = asks ? message_box::no : message_box::ok;
     if (!answers_.empty()) {
         wanted = answers_.front();

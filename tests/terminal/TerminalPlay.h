@@ -26,9 +26,9 @@ public:
         std::int32_t style;
     };
 
-    explicit TerminalPlay(
-        terminal::Size size = {80, 24},
-        terminal::TerminalKind kind = {"xterm-256color", terminal::Characters::unicode, true});
+    explicit TerminalPlay(terminal::Size size = {80, 24},
+                          terminal::TerminalKind kind = {"xterm-256color",
+                                                         terminal::Characters::unicode, true});
 
     [[nodiscard]] terminal::TerminalToolkit &toolkit() { return toolkit_; }
     [[nodiscard]] FakeDevice &device() { return device_; }
@@ -41,6 +41,8 @@ public:
     /// OK box and `no` for a question.
     void answerNext(std::int32_t result) { answers_.push_back(result); }
     void answerNextByEscape() { answers_.push_back(std::nullopt); }
+    /// Called while a message box is on the screen, before it is answered.
+    std::function<void(terminal::TerminalWindow &box)> onMessageBox;
 
     [[nodiscard]] const std::vector<MessageBox> &messageBoxes() const { return messageBoxes_; }
     [[nodiscard]] const std::vector<std::string> &problems() const { return problems_; }
@@ -49,6 +51,8 @@ public:
 
     /// The user's input, from the first byte to its last effect.
     void input(const std::string &bytes);
+    /// The user's terminal is gone, and so are all its windows.
+    void hangUp();
     /// Gives every control its place for its present state.
     void look();
     /// What the terminal shows.
@@ -75,6 +79,7 @@ private:
     std::deque<std::optional<std::int32_t>> answers_;
     std::vector<MessageBox> messageBoxes_;
     std::vector<std::string> problems_;
+    bool isHungUp_ = false;
 };
 
 } // namespace kvex::test

@@ -171,8 +171,8 @@ std::optional<Point> TerminalUser::placeOfRow(std::u16string_view list, int row)
     }
     const bool hasFrame = window_.economy() < terminal::Economy::noListFrames;
     const bool hasHeader = view->design().columnHeaders && view->columnCount() > 0;
-    return Point{rect->column + 1, rect->row + (hasFrame ? 1 : 0) + (hasHeader ? 1 : 0) + row -
-                                       visible().first()};
+    return Point{rect->column + 1,
+                 rect->row + (hasFrame ? 1 : 0) + (hasHeader ? 1 : 0) + row - visible().first()};
 }
 
 void TerminalUser::clickRow(std::u16string_view list, int row) {

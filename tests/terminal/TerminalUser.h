@@ -1,5 +1,5 @@
-// Does what a person does in a window of a terminal: sends the bytes of keys and of the mouse, and
-// reads what the person sees.
+// Does what a person does in a window of a terminal, by the bytes of keys and of the mouse. Reads
+// what the person sees.
 #pragma once
 
 #include "adapters/terminal/TerminalWindow.h"

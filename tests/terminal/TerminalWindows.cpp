@@ -18,8 +18,7 @@ constexpr auto wholeActions = "<DIST>3;7</DIST><REPLY>Received;2</REPLY>"
 } // namespace
 
 TerminalWindows::TerminalWindows(terminal::Size size, terminal::TerminalKind kind)
-    : play_(size, std::move(kind)),
-      platform_(utility_, play_.toolkit(), database_.provider()) {
+    : play_(size, std::move(kind)), platform_(utility_, play_.toolkit(), database_.provider()) {
     utility_.connectionString = database_.connectionString();
     session().blnChanged = false;
     ruleState() = RuleState();
@@ -43,7 +42,8 @@ void TerminalWindows::walk(const Check &check) {
 }
 
 void TerminalWindows::walkEditor(TerminalUser &editor, const Check &check) {
-    const auto checked = [&](const std::u16string &window, const TerminalPlay::Script &further = {}) {
+    const auto checked = [&](const std::u16string &window,
+                             const TerminalPlay::Script &further = {}) {
         play_.whenShown(window, [&check, window, further](TerminalUser &user) {
             check(user, toUtf8(window));
             if (further) {

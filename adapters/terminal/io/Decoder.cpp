@@ -31,8 +31,21 @@ std::size_t lengthFrom(char byte) {
     return lead >= 0xF0 && lead <= 0xF4 ? 4 : 0;
 }
 
+/// Digits with one more byte after them.
+bool isDigits(std::string_view sequence) {
+    return sequence.find_first_not_of("0123456789") + 1 == sequence.size();
+}
+
 bool isContinuation(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80;
+}
+
+bool belongTogether(std::u16string_view cluster, std::u16string_view more) {
+    if (more.front() < 0x80) {
+        return false;
+    }
+    const std::u16string both = std::u16string(cluster).append(more);
+    return clusterEnd(both, 0) == both.size();
 }
 
 } // namespace
@@ -41,16 +54,20 @@ Decoder::Decoder(Keys keys) : keys_(std::move(keys)) {}
 
 void Decoder::take(std::string_view bytes, Time now) {
     now_ = now;
-    for (const char byte : bytes) {
-        takeByte(byte);
+    while (!bytes.empty()) {
+        if (reading_ == Reading::paste) {
+            bytes.remove_prefix(pasted_.take(bytes));
+            if (pasted_.isComplete()) {
+                finishPaste();
+            }
+        } else {
+            takeByte(bytes.front());
+            bytes.remove_prefix(1);
+        }
     }
 }
 
 void Decoder::takeByte(char byte) {
-    if (reading_ == Reading::paste) {
-        takePasted(byte);
-        return;
-    }
     if (reading_ == Reading::oldMouse) {
         takeOldMouse(byte);
         return;
@@ -206,7 +223,9 @@ void Decoder::finishSingleShift(char final) {
 
 void Decoder::takeControl(char byte, bool mayBecomeOwn) {
     const bool isNumber = byte >= '0' && byte <= '?';
-    const bool isMark = byte >= ' ' && byte <= '/' && byte != '$';
+    // rxvt ends the sequence of a key with "$" after a number.
+    const bool isEnd = byte == '$' && isDigits(std::string_view(sequence_).substr(2));
+    const bool isMark = byte >= ' ' && byte <= '/' && !isEnd;
     // Function keys of the Linux console have a second "[".
     const bool isConsole = byte == '[' && sequence_.size() == 3;
     if (isNumber || isMark || isConsole || mayBecomeOwn) {
@@ -286,13 +305,6 @@ void Decoder::takeMouse(int buttons, Point at, bool isPress) {
     lastPressTime_ = now_;
 }
 
-void Decoder::takePasted(char byte) {
-    pasted_.take(byte);
-    if (pasted_.isComplete()) {
-        finishPaste();
-    }
-}
-
 void Decoder::finishPaste() {
     reading_ = Reading::keys;
     inputs_.emplace_back(Pasted{pasted_.text()});
@@ -335,11 +347,10 @@ std::optional<Input> Decoder::next() {
     if (auto *const typed = std::get_if<Typed>(&input); typed != nullptr && !typed->alt) {
         while (!inputs_.empty()) {
             const auto *const more = std::get_if<Typed>(&inputs_.front());
-            const std::u16string both = typed->cluster + (more == nullptr ? u"" : more->cluster);
-            if (more == nullptr || more->alt || clusterEnd(both, 0) < both.size()) {
+            if (more == nullptr || more->alt || !belongTogether(typed->cluster, more->cluster)) {
                 break;
             }
-            typed->cluster = both;
+            typed->cluster += more->cluster;
             inputs_.pop_front();
         }
     }

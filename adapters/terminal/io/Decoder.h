@@ -31,7 +31,7 @@ public:
     explicit Decoder(Keys keys = {});
 
     void take(std::string_view bytes, Time now);
-    /// The user has sent nothing for `patience`. So Esc is the key itself, and a sequence without
+    /// The user has sent nothing for a while. So Esc is the key itself, and a sequence without
     /// its end is none.
     void pause(Time now);
     /// True when pause() may change something.
@@ -53,7 +53,6 @@ private:
     void finishSingleShift(char final);
     void takeOldMouse(char byte);
     void takeMouse(int buttons, Point at, bool isPress);
-    void takePasted(char byte);
     void finishPaste();
     void abandon();
     void type(std::u16string text, bool alt = false);

@@ -30,8 +30,8 @@ constexpr KeyForms same(Key key) {
     return {key, key, key, key};
 }
 
-constexpr KeyForms upForms{Key::up, Key::selectUp, Key::up, Key::selectUp};
-constexpr KeyForms downForms{Key::down, Key::selectDown, Key::down, Key::selectDown};
+constexpr KeyForms upForms{Key::up, Key::selectUp, Key::goUp, Key::selectUp};
+constexpr KeyForms downForms{Key::down, Key::selectDown, Key::goDown, Key::selectDown};
 constexpr KeyForms rightForms{Key::right, Key::selectRight, Key::wordRight, Key::selectWordRight};
 constexpr KeyForms leftForms{Key::left, Key::selectLeft, Key::wordLeft, Key::selectWordLeft};
 constexpr KeyForms homeForms{Key::home, Key::selectHome, Key::textStart, Key::selectHome};

@@ -26,18 +26,23 @@ std::string_view withoutLastCharacter(std::string_view bytes) {
 
 } // namespace
 
-void PastedText::take(char byte) {
-    if (byte == end[matched_]) {
-        ++matched_;
-        return;
+std::size_t PastedText::take(std::string_view bytes) {
+    std::size_t at = 0;
+    while (at < bytes.size() && !isComplete()) {
+        if (matched_ == 0) {
+            const std::size_t next = std::min(bytes.find(end.front(), at), bytes.size());
+            append(bytes.substr(at, next - at));
+            at = next;
+        }
+        if (at < bytes.size() && bytes[at] == end[matched_]) {
+            ++matched_;
+            ++at;
+        } else if (matched_ > 0) {
+            append(end.substr(0, matched_));
+            matched_ = 0;
+        }
     }
-    append(end.substr(0, matched_));
-    matched_ = 0;
-    if (byte == end.front()) {
-        matched_ = 1;
-    } else {
-        append({&byte, 1});
-    }
+    return at;
 }
 
 void PastedText::append(std::string_view bytes) {

@@ -10,9 +10,10 @@ namespace kvex::terminal {
 /// Gathers the bytes up to the mark that ends a paste. Bytes after the first `longest` are dropped.
 class PastedText {
 public:
-    static constexpr std::size_t longest = std::size_t{32} << 20;
+    static constexpr std::size_t longest = std::size_t{16} << 20;
 
-    void take(char byte);
+    /// Returns how many bytes belong to the paste: all of them, or those up to the mark.
+    std::size_t take(std::string_view bytes);
     /// True after the mark.
     [[nodiscard]] bool isComplete() const noexcept { return matched_ == end.size(); }
     [[nodiscard]] bool endsWithEscape() const noexcept { return matched_ == 1; }

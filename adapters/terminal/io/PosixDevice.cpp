@@ -1,5 +1,6 @@
 #include "adapters/terminal/io/PosixDevice.h"
 
+#include "adapters/terminal/io/AlternateStack.h"
 #include "adapters/terminal/io/OpenFile.h"
 #include "adapters/terminal/io/Restoring.h"
 #include "platform/Error.h"
@@ -98,6 +99,7 @@ struct PosixDevice::Use {
     OpenFile wakeSender;
     OpenFile diagnostics;
     OpenFile held;
+    AlternateStack stack;
     UsedTerminal terminal;
     Size size;
     /// Goes first: it uses all of the above.

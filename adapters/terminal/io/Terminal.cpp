@@ -1,7 +1,6 @@
 #include "adapters/terminal/io/Terminal.h"
 
 #include "adapters/terminal/io/Capabilities.h"
-#include "adapters/terminal/io/Decoder.h"
 #include "adapters/terminal/io/Screen.h"
 
 #include <utility>
@@ -40,8 +39,8 @@ std::string leaving(const Capabilities &capabilities) {
 struct Terminal::State {
     State(Device &line, const TerminalKind &kind)
         : device(line), capabilities(Capabilities::ofType(kind.type)), characters(kind.characters),
-          colours(kind.mayColour ? capabilities.colours : 0), screen(capabilities, colours),
-          decoder(capabilities.keys) {}
+          colours(kind.mayColour ? capabilities.colours : 0), patience(kind.patience),
+          screen(capabilities, colours), decoder(capabilities.keys) {}
 
     [[nodiscard]] Size size() const {
         const Size known = device.size();
@@ -72,6 +71,7 @@ struct Terminal::State {
     const Capabilities capabilities;
     const Characters characters;
     const int colours;
+    const std::chrono::milliseconds patience;
     Screen screen;
     Decoder decoder;
     std::optional<Input> waiting;
@@ -137,7 +137,7 @@ Input Terminal::next() {
         }
         std::optional<std::chrono::milliseconds> timeout;
         if (state.decoder.isWaiting()) {
-            timeout = Decoder::patience;
+            timeout = state.patience;
         }
         const Arrival arrival = state.device.read(timeout);
         if (arrival.kind == Arrival::Kind::nothing) {

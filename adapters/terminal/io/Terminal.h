@@ -2,9 +2,11 @@
 #pragma once
 
 #include "adapters/terminal/io/CellGrid.h"
+#include "adapters/terminal/io/Decoder.h"
 #include "adapters/terminal/io/Device.h"
 #include "adapters/terminal/io/Input.h"
 
+#include <chrono>
 #include <memory>
 #include <string>
 
@@ -17,9 +19,13 @@ struct TerminalKind {
     Characters characters = Characters::unicode;
     /// False when the user wants no colours.
     bool mayColour = true;
+    /// How long the bytes of one key may take. Over a slow network that can be longer. When it has
+    /// passed, Esc is the key itself.
+    std::chrono::milliseconds patience = Decoder::patience;
 
-    /// As the environment says it: $TERM, the locale that LC_ALL, LC_CTYPE or LANG name, and
-    /// $NO_COLOR. The locale of the process does not count, because a host may have set none.
+    /// As the environment says it: $TERM, the locale that LC_ALL, LC_CTYPE or LANG name, $NO_COLOR,
+    /// and $ESCDELAY in milliseconds, as programs with curses read it. The locale of the process
+    /// does not count, because a host may have set none.
     [[nodiscard]] static TerminalKind ofEnvironment();
 };
 

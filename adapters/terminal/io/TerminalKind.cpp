@@ -1,5 +1,6 @@
 #include "adapters/terminal/io/Terminal.h"
 
+#include <charconv>
 #include <cstdlib>
 #include <langinfo.h>
 #include <locale.h> // NOLINT: the standard's header lacks newlocale.
@@ -41,10 +42,18 @@ Characters charactersOfLocale() {
     return charset == "UTF-8" ? Characters::unicode : Characters::ascii;
 }
 
+std::chrono::milliseconds patienceOfUser() {
+    const std::string text = variable("ESCDELAY");
+    int number = 0;
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool isUsable = read.ec == std::errc() && number > 0 && number <= 10000;
+    return isUsable ? std::chrono::milliseconds(number) : Decoder::patience;
+}
+
 } // namespace
 
 TerminalKind TerminalKind::ofEnvironment() {
-    return {variable("TERM"), charactersOfLocale(), variable("NO_COLOR").empty()};
+    return {variable("TERM"), charactersOfLocale(), variable("NO_COLOR").empty(), patienceOfUser()};
 }
 
 } // namespace kvex::terminal

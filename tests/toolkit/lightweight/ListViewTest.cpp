@@ -2,6 +2,8 @@
 
 #include "tests/toolkit/lightweight/LightTest.h"
 
+#include <functional>
+
 namespace kvex::lightweight {
 namespace {
 
@@ -167,6 +169,23 @@ TEST_F(LightListViewTest, ClicksWithControlAndShiftSelectSeveralRows) {
     view.clickBesideRows();
     EXPECT_EQ(selected(view), Rows{});
     EXPECT_EQ(takeDeeds(), "3 6 8 5 2 - ");
+}
+
+TEST_F(LightListViewTest, ADoubleClickCountsOnTheRowThatTheFirstClickSelected) {
+    LightListView &view = single();
+    int doubleClicks = 0;
+    view.onDoubleClick = [&] { ++doubleClicks; };
+    view.doubleClickRow(3);
+    EXPECT_EQ(doubleClicks, 1);
+    for (const auto &change : std::vector<std::function<void()>>{
+             [&] { view.deselect(3); },
+             [&] { view.clearRows(); },
+         }) {
+        view.onItemClick = [&](int) { change(); };
+        view.doubleClickRow(3);
+        EXPECT_EQ(doubleClicks, 1);
+        EXPECT_EQ(view.selectedRow(), 0);
+    }
 }
 
 TEST_F(LightListViewTest, ARangeBeginsAnewAfterTheRowsHaveChanged) {

@@ -47,11 +47,10 @@ TEST(TextPlaces, WordsAndGroupsOfSignsAreGonePastWithTheBlanksAfterThem) {
     EXPECT_EQ(goLeft(text, wordBefore), (Places{21, 15, 14, 11, 5, 1, 0}));
 }
 
-TEST(TextPlaces, WordsAreFoundAcrossLines) {
-    const std::u16string_view text = u"a one\r\n\r\n  two";
-    EXPECT_EQ(wordAfter(text, 2), 11U);
-    EXPECT_EQ(wordBefore(text, 11), 2U);
-    EXPECT_EQ(wordBefore(text, 14), 11U);
+TEST(TextPlaces, TheBeginningsAndEndsOfLinesCountAsWords) {
+    const std::u16string_view text = u"one \r\n\r\n  two";
+    EXPECT_EQ(goRight(text, wordAfter), (Places{4, 6, 8, 10, 13}));
+    EXPECT_EQ(goLeft(text, wordBefore), (Places{10, 8, 6, 4, 0}));
 }
 
 TEST(TextPlaces, ALineEndsBeforeItsBreak) {
