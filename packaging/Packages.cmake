@@ -58,11 +58,16 @@ kvex_package(library libkvexmessagerules SECTION libs
 kvex_package(kvexrules kvexrules SECTION misc
   SUMMARY "rule editor of an SMS notification server"
   CONTENT "the program, which also serves operators at a terminal"
-  DEPENDS "libkvexmessagerules ${same_version}" RECOMMENDS "kvex-toolkit-qt")
+  DEPENDS "libkvexmessagerules ${same_version}, kvex-toolkit-terminal ${same_version}"
+  RECOMMENDS "kvex-toolkit-qt")
 kvex_package(qt kvex-toolkit-qt SECTION libs
   SUMMARY "rule editor of an SMS notification server - Qt windows"
   CONTENT "the toolkit that shows the windows with Qt 6"
   DEPENDS "libkvexmessagerules ${same_version}" RECOMMENDS "qt6-wayland")
+kvex_package(terminal kvex-toolkit-terminal SECTION libs
+  SUMMARY "rule editor of an SMS notification server - terminal windows"
+  CONTENT "the toolkit that shows the windows in a terminal"
+  DEPENDS "libkvexmessagerules ${same_version}")
 kvex_package(dev libkvexmessagerules-dev SECTION libdevel
   SUMMARY "rule editor of an SMS notification server - development files"
   CONTENT "what is needed to compile and link a host of the component"

@@ -38,6 +38,15 @@ class InstalledFiles(unittest.TestCase):
              "lib/kvex/libKVEXHostSuite.so.1", "lib/kvex/libKVEXMessageRules.so",
              "lib/kvex/libKVEXMessageRules.so.1"})
 
+    def testOfEachToolkitAreItsLibrary(self):
+        for name, library in (("qt", "libKVEXQt.so"), ("terminal", "libKVEXTerminal.so")):
+            package = f"kvex-toolkit-{name}"
+            self.prefix = temporary_folder(self) / name
+            self.assertEqual(
+                self.names(name),
+                {f"share/doc/{package}/changelog.Debian", f"share/doc/{package}/copyright",
+                 f"share/lintian/overrides/{package}", f"lib/kvex/{library}"})
+
     def testOfTheProgramAreInTheFoldersThatDesktopsRead(self):
         icons = {f"share/icons/hicolor/{size}x{size}/apps/kvexrules.png" for size in ICON_SIZES}
         self.assertLessEqual(

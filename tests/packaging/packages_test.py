@@ -103,7 +103,7 @@ class Packages(unittest.TestCase):
         self.assertTrue(result("edit").endswith("\nstatus 2\n"))
         self.assertRegex(result("edit-without-qt"), (
             "/libKVEXQt.so does not exist. Install this library. The toolkit \"terminal\" cannot be"
-            " used. Standard output is no terminal."))
+            " used. The standard input and output are no terminal."))
         self.assertLessEqual({"odbc-postgresql", "odbc-mariadb", "qt6-wayland"},
                              set(result("recommended").split()))
         self.assertEqual(result("upgraded"), "".join(f"{name}\t{NEXT}\n" for name in NAMES))

@@ -8,7 +8,7 @@ from pathlib import Path
 from accessibility import State
 from kvexrules import initialise
 from terminal import Terminal
-from windows import Window, box_text, words
+from windows import Window, box_text, box_title, words
 
 PROGRAM = Path(os.environ.get("KVEXRULES", "kvexrules"))
 
@@ -30,6 +30,14 @@ class Session:
         """Waits for the box with this text."""
         self.terminal.wait_for(f"the message {text!r}",
                                lambda: words(text) in box_text(self.terminal))
+
+    def help(self):
+        """Opens the box with the keys."""
+        self.terminal.press("F1")
+        self.awaited_help()
+
+    def awaited_help(self):
+        self.terminal.wait_for("the keys", lambda: box_title(self.terminal) == "Help")
 
     def printed(self):
         """What the user sees after the windows have gone."""

@@ -259,15 +259,18 @@ TEST_F(LoadedToolkitTest, TheInstalledOnesAreListedWithWhatTheyRunOn) {
     EXPECT_EQ(found[1].problem, u"");
 }
 
-TEST_F(LoadedToolkitTest, QtIsInstalledBesideTheComponentAndListedWithoutADisplay) {
+TEST_F(LoadedToolkitTest, TheRealOnesAreBesideTheComponentAndListedWithoutADisplay) {
     for (const char *display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
         variables.set(display, std::nullopt);
     }
     const std::vector<FoundToolkit> found = toolkits::foundToolkits(REAL_TOOLKITS);
-    ASSERT_EQ(found.size(), 1U);
+    ASSERT_EQ(found.size(), 2U);
     EXPECT_EQ(found[0].name, "qt");
     EXPECT_THAT(found[0].runtime, testing::MatchesRegex("Qt 6\\.[0-9]+\\.[0-9]+"));
     EXPECT_EQ(found[0].problem, u"");
+    EXPECT_EQ(found[1].name, "terminal");
+    EXPECT_THAT(found[1].runtime, testing::MatchesRegex("terminfo 6\\.[0-9.]+"));
+    EXPECT_EQ(found[1].problem, u"");
 }
 
 } // namespace
