@@ -75,21 +75,30 @@ class Tour:
         self.finish()
 
 
+    def keep_failure(self):
+        """Keeps what the user sees now. Gives the file."""
+        path = self.folder / "failure.png"
+        self.desktop.screenshot(path)
+        return path
+
+    def run(self):
+        """Plays the whole tour. Gives its exit status."""
+        print_rules("tour: the rules before", self.database)
+        try:
+            self.compose_a_rule("Everything")
+            self.order_the_rules("Everything")
+        except TimedOut as missed:
+            print(f"tour: {missed}\n{self.program.report()}\ntour: see {self.keep_failure()}",
+                  file=sys.stderr)
+            return 1
+        print_rules("tour: the rules after", self.database)
+        return 0
+
+
 def main():
     kvexrules, folder = (Path(argument).absolute() for argument in sys.argv[1:])
     with Desktop() as desktop:
-        tour = Tour(desktop, kvexrules, folder)
-        print_rules("tour: the rules before", tour.database)
-        try:
-            tour.compose_a_rule("Everything")
-            tour.order_the_rules("Everything")
-        except TimedOut as missed:
-            desktop.screenshot(folder / "failure.png")
-            print(f"tour: {missed}\n{tour.program.report()}\ntour: see {folder / 'failure.png'}",
-                  file=sys.stderr)
-            return 1
-        print_rules("tour: the rules after", tour.database)
-        return 0
+        return Tour(desktop, kvexrules, folder).run()
 
 
 if __name__ == "__main__":

@@ -49,6 +49,10 @@ class Session:
         lines = self.printed()
         return status, lines[-1] if lines else ""
 
+    def report(self):
+        """What helps to find the cause of a failure."""
+        return "\n".join([self.terminal.state(), self.terminal.picture(), "log:", self.log()])
+
     def log(self):
         log = self.database.path.with_suffix(".log")
         return log.read_text(encoding="utf-8") if log.exists() else ""

@@ -7,7 +7,6 @@ import os
 import pty
 import re
 import select
-import signal
 import struct
 import subprocess
 import tempfile
@@ -172,12 +171,16 @@ class Terminal:
         self.stream.feed(self.decoder.decode(data))
         return bool(data)
 
+    def catch_up(self):
+        """Takes all that the program has written."""
+        while self.read(0):
+            pass
+
     def wait_for(self, what, condition):
         """Waits until `condition` gives a true value, and gives that value."""
         end = time.monotonic() + PATIENCE
         while True:
-            while self.read(0):
-                pass
+            self.catch_up()
             if value := condition():
                 return value
             if time.monotonic() > end or (self.process.poll() is not None and not self.read(0)
@@ -196,8 +199,7 @@ class Terminal:
             self.read(0.02)
             if time.monotonic() > end:
                 raise TimedOut(f"waited for the program to end\n{self.picture()}")
-        while self.read(0):
-            pass
+        self.catch_up()
         return self.process.returncode
 
     def lines(self):
@@ -227,7 +229,3 @@ class Terminal:
     def is_as_before(self):
         return (self.settings() == self.settings_before and not self.changed_modes()
                 and not self.screen.cursor.hidden)
-
-
-SIGNALS_THAT_END = [signal.SIGTERM, signal.SIGINT, signal.SIGQUIT, signal.SIGHUP, signal.SIGSEGV,
-                    signal.SIGABRT]

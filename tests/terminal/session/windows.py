@@ -127,6 +127,7 @@ class Row:
 
 class List(Control):
     def rows_seen(self):
+        self.terminal.catch_up()
         if not self.place:
             return []
         top, left, bottom, right = self.place
