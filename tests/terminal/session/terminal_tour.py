@@ -1,7 +1,7 @@
 """A tour of the windows in a terminal: terminal_tour.py KVEXRULES FOLDER
 
-Plays the tour of e2e/tour.py by keys alone in a terminal of 80 x 24. Puts a text picture of each
-window into FOLDER. Status 1 when a window does not do as expected.
+Plays the tour of e2e/tour.py by keys alone in a terminal of 80 x 24. Puts a text of each window,
+and a picture of it, into FOLDER. Status 1 when a window does not do as expected.
 """
 
 import sys
@@ -9,6 +9,7 @@ import tempfile
 from pathlib import Path
 from types import SimpleNamespace
 
+from picture import save_png
 from session import Session
 from tour import Tour
 
@@ -27,7 +28,9 @@ class TerminalTour(Tour):
     def keep_picture(self, name):
         path = self.folder / f"{name}.txt"
         path.parent.mkdir(parents=True, exist_ok=True)
-        path.write_text(self.program.terminal.picture(), encoding="utf-8")
+        terminal = self.program.terminal
+        path.write_text(terminal.picture(), encoding="utf-8")
+        save_png(terminal.screen, path.with_suffix(".png"))
         return path
 
     def picture(self, name):

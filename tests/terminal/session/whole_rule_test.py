@@ -1,13 +1,26 @@
 """Rules are made, changed and ordered in a terminal by keys alone, and stored as on a desktop."""
 
+import contextlib
+import io
 import unittest
+from types import SimpleNamespace
 
 from accessibility import State
 from names import ACTIONS, CONDITIONS, NAME, RULES
-from session import SessionTest
+from session import PROGRAM, SessionTest
+from terminal_tour import TerminalTour
 from whole_rule import ACTION, LESSER_ACTION, LESSER_QUERY, QUERY, Composer
 
 ALL_MESSAGES = "<ALLMESSAGES>YES</ALLMESSAGES>"
+# The windows that the tour shows.
+TITLES = {
+    "frmAddressBook": "Address Book", "frmRuleAccount": "Select Accounts",
+    "frmRuleAlert": "Configure Alert", "frmRuleDate": "Select Date/Time Range",
+    "frmRuleDistribute": "Distribution List", "frmRuleEdit": "New Rule",
+    "frmRuleOptions": "Rule Condition Options", "frmRulePeople": "Select People",
+    "frmRuleReply": "Configure Automated Reply", "frmRuleWords": "Select Words",
+    "frmRules": "SMS Rules", "frmRules-ordered": "SMS Rules",
+}
 
 
 class WholeRule(SessionTest):
@@ -41,6 +54,17 @@ class WholeRule(SessionTest):
         session.terminal.press("alt+o")
         self.assertEqual(session.finish(), (0, "result: 99"))
         self.assertTrue(session.terminal.is_as_before())
+
+    def testIsComposedByTheTourWhichKeepsEachWindow(self):
+        with contextlib.redirect_stdout(io.StringIO()) as printed:
+            status = TerminalTour(SimpleNamespace(home=self.folder), PROGRAM,
+                                  self.folder / "pictures").run()
+        self.assertEqual(status, 0, printed.getvalue())
+        texts = {file.stem: file.read_text(encoding="utf-8")
+                 for file in (self.folder / "pictures").glob("*.txt")}
+        self.assertEqual({name: text.split("  ")[0].strip() for name, text in texts.items()}, TITLES)
+        self.assertEqual({file.stem for file in (self.folder / "pictures").glob("*.png")},
+                         set(TITLES))
 
     def testIsMadeOnEachKindOfTerminal(self):
         self.new_database()
