@@ -172,9 +172,21 @@ class Terminal:
         return bool(data)
 
     def catch_up(self):
-        """Takes all that the program has written."""
-        while self.read(0):
-            pass
+        """Takes all that the program has written. A picture arrives in pieces, so it is whole when
+        the program waits for the next key."""
+        end = time.monotonic() + PATIENCE
+        while self.read(0) or not self.is_waiting() or self.read(0):
+            if time.monotonic() > end:
+                raise TimedOut(f"the program does not come to rest\n{self.picture()}")
+            self.read(0.002)
+
+    def is_waiting(self):
+        """Whether the program sleeps or has ended."""
+        try:
+            with open(f"/proc/{self.process.pid}/stat", encoding="ascii") as file:
+                return file.read().rsplit(")", 1)[1].split()[0] not in "RD"
+        except FileNotFoundError:
+            return True
 
     def wait_for(self, what, condition):
         """Waits until `condition` gives a true value, and gives that value."""
