@@ -67,7 +67,7 @@ Attempt load(const KnownToolkit &toolkit, const std::filesystem::path &folder) {
 
 /// Loads the library unless it cannot show windows here.
 Attempt loadToShow(const KnownToolkit &toolkit, const std::filesystem::path &folder) {
-    const Attempt attempt = load(toolkit, folder);
+    Attempt attempt = load(toolkit, folder);
     if (attempt.library != nullptr) {
         if (const std::u16string obstacle = attempt.library->obstacle(); !obstacle.empty()) {
             return refused(toolkit, u". " + obstacle);
