@@ -41,7 +41,8 @@ protected:
         EXPECT_EQ(play.problems(), std::vector<std::string>());
     }
     void show(std::vector<ControlDesign> controls, const TerminalPlay::Script &script) {
-        show(std::move(controls), [](Window &) {}, script);
+        show(
+            std::move(controls), [](Window &) {}, script);
     }
 
     /// Where the text stands on the screen; a failure if it does not.
@@ -80,65 +81,68 @@ ControlDesign list() {
 }
 
 TEST_F(Looks, ASelectedRowIsReverseAndDimWithoutTheFocus) {
-    show({list(), control(ControlKind::textBox, u"txt")},
-         [](Window &window) {
-             auto &rows = window.get<ListView>(u"lvw");
-             rows.addRow(u"one");
-             rows.addRow(u"two");
-             rows.select(2);
-         },
-         [&](TerminalUser &user) {
-             EXPECT_FALSE(has(u"one", reverse));
-             EXPECT_TRUE(has(u"two", reverse));
-             EXPECT_FALSE(has(u"two", dim));
-             EXPECT_EQ(play.screen().cursor(), find(u"two"));
-             user.press(Key::tab);
-             EXPECT_TRUE(has(u"two", reverse));
-             EXPECT_TRUE(has(u"two", dim));
-         });
+    show(
+        {list(), control(ControlKind::textBox, u"txt")},
+        [](Window &window) {
+            auto &rows = window.get<ListView>(u"lvw");
+            rows.addRow(u"one");
+            rows.addRow(u"two");
+            rows.select(2);
+        },
+        [&](TerminalUser &user) {
+            EXPECT_FALSE(has(u"one", reverse));
+            EXPECT_TRUE(has(u"two", reverse));
+            EXPECT_FALSE(has(u"two", dim));
+            EXPECT_EQ(play.screen().cursor(), find(u"two"));
+            user.press(Key::tab);
+            EXPECT_TRUE(has(u"two", reverse));
+            EXPECT_TRUE(has(u"two", dim));
+        });
 }
 
 TEST_F(Looks, AGreyedRowIsDimAndTheStatusSaysWhy) {
     ControlDesign greyed = list();
     greyed.greyedRowHint = u"Locked by another";
-    show({greyed},
-         [](Window &window) {
-             auto &rows = window.get<ListView>(u"lvw");
-             rows.addRow(u"one");
-             rows.addRow(u"two");
-             rows.setRowColour(2, RowColour::greyText);
-         },
-         [&](TerminalUser &user) {
-             EXPECT_FALSE(has(u"one", dim));
-             EXPECT_TRUE(has(u"two", dim));
-             user.press(Key::end);
-             EXPECT_EQ(find(u"Locked by another").row, height - 1);
-         });
+    show(
+        {greyed},
+        [](Window &window) {
+            auto &rows = window.get<ListView>(u"lvw");
+            rows.addRow(u"one");
+            rows.addRow(u"two");
+            rows.setRowColour(2, RowColour::greyText);
+        },
+        [&](TerminalUser &user) {
+            EXPECT_FALSE(has(u"one", dim));
+            EXPECT_TRUE(has(u"two", dim));
+            user.press(Key::end);
+            EXPECT_EQ(find(u"Locked by another").row, height - 1);
+        });
 }
 
 TEST_F(Looks, AListShowsItsBoxesAndItsColumnsExceptHiddenOnes) {
     ControlDesign boxes = list();
     boxes.checkBoxes = true;
-    show({boxes},
-         [](Window &window) {
-             auto &rows = window.get<ListView>(u"lvw");
-             rows.addColumn(u"Name", 0.5);
-             rows.addColumn(u"Secret", 0);
-             rows.addColumn(u"Number", 0.4);
-             rows.addRow(u"one");
-             rows.addRow(u"two");
-             rows.setSubItem(1, 1, u"hidden");
-             rows.setSubItem(1, 2, u"+49");
-             rows.setChecked(2, true);
-         },
-         [&](TerminalUser &) {
-             EXPECT_TRUE(has(u"Name", bold));
-             EXPECT_TRUE(isOnScreen(u"[ ] one"));
-             EXPECT_TRUE(isOnScreen(u"[x] two"));
-             EXPECT_EQ(find(u"Number").column, find(u"+49").column);
-             EXPECT_FALSE(isOnScreen(u"Secret"));
-             EXPECT_FALSE(isOnScreen(u"hidden"));
-         });
+    show(
+        {boxes},
+        [](Window &window) {
+            auto &rows = window.get<ListView>(u"lvw");
+            rows.addColumn(u"Name", 0.5);
+            rows.addColumn(u"Secret", 0);
+            rows.addColumn(u"Number", 0.4);
+            rows.addRow(u"one");
+            rows.addRow(u"two");
+            rows.setSubItem(1, 1, u"hidden");
+            rows.setSubItem(1, 2, u"+49");
+            rows.setChecked(2, true);
+        },
+        [&](TerminalUser &) {
+            EXPECT_TRUE(has(u"Name", bold));
+            EXPECT_TRUE(isOnScreen(u"[ ] one"));
+            EXPECT_TRUE(isOnScreen(u"[x] two"));
+            EXPECT_EQ(find(u"Number").column, find(u"+49").column);
+            EXPECT_FALSE(isOnScreen(u"Secret"));
+            EXPECT_FALSE(isOnScreen(u"hidden"));
+        });
 }
 
 TEST_F(Looks, AnEmptyListSaysWhatBelongsThere) {
@@ -153,46 +157,48 @@ TEST_F(Looks, AnEmptyListSaysWhatBelongsThere) {
 }
 
 TEST_F(Looks, WideRowsMoveSidewaysByKeys) {
-    show({list()},
-         [](Window &window) {
-             auto &rows = window.get<ListView>(u"lvw");
-             rows.addColumn(u"Name", 1);
-             rows.addRow(u"the beginning of a text that is too wide to be seen");
-         },
-         [&](TerminalUser &user) {
-             EXPECT_FALSE(isOnScreen(u"to be seen"));
-             for (int times = 0; times < 9; ++times) {
-                 user.press(Key::right);
-             }
-             EXPECT_TRUE(isOnScreen(u"to be seen"));
-             EXPECT_FALSE(isOnScreen(u"the beginning"));
-             for (int times = 0; times < 9; ++times) {
-                 user.press(Key::left);
-             }
-             EXPECT_TRUE(isOnScreen(u"the beginning"));
-         });
+    show(
+        {list()},
+        [](Window &window) {
+            auto &rows = window.get<ListView>(u"lvw");
+            rows.addColumn(u"Name", 1);
+            rows.addRow(u"the beginning of a text that is too wide to be seen");
+        },
+        [&](TerminalUser &user) {
+            EXPECT_FALSE(isOnScreen(u"to be seen"));
+            for (int times = 0; times < 9; ++times) {
+                user.press(Key::right);
+            }
+            EXPECT_TRUE(isOnScreen(u"to be seen"));
+            EXPECT_FALSE(isOnScreen(u"the beginning"));
+            for (int times = 0; times < 9; ++times) {
+                user.press(Key::left);
+            }
+            EXPECT_TRUE(isOnScreen(u"the beginning"));
+        });
 }
 
 TEST_F(Looks, AListOfManyRowsWritesLittleForAnArrowKey) {
-    show({list()},
-         [](Window &window) {
-             auto &rows = window.get<ListView>(u"lvw");
-             for (int row = 0; row < 100000; ++row) {
-                 rows.addRow(u"a row of the list");
-             }
-             rows.select(50000);
-         },
-         [&](TerminalUser &user) {
-             user.press(Key::up);
-             static_cast<void>(play.screen());
-             for (const Key key : {Key::up, Key::up, Key::down}) {
-                 play.input(TerminalUser::bytesOf(key));
-                 const std::string written = play.device().taken();
-                 EXPECT_GT(written.size(), 0U);
-                 EXPECT_LE(written.size(), 400U);
-             }
-             EXPECT_EQ(user.get<ListView>(u"lvw").selectedRow(), 49998);
-         });
+    show(
+        {list()},
+        [](Window &window) {
+            auto &rows = window.get<ListView>(u"lvw");
+            for (int row = 0; row < 100000; ++row) {
+                rows.addRow(u"a row of the list");
+            }
+            rows.select(50000);
+        },
+        [&](TerminalUser &user) {
+            user.press(Key::up);
+            static_cast<void>(play.screen());
+            for (const Key key : {Key::up, Key::up, Key::down}) {
+                play.input(TerminalUser::bytesOf(key));
+                const std::string written = play.device().taken();
+                EXPECT_GT(written.size(), 0U);
+                EXPECT_LE(written.size(), 400U);
+            }
+            EXPECT_EQ(user.get<ListView>(u"lvw").selectedRow(), 49998);
+        });
 }
 
 TEST_F(Looks, ButtonsShowTheirStateAndTheirAccessKey) {
@@ -239,24 +245,25 @@ TEST_F(Looks, BoxesAndOptionsShowTheirMarks) {
 }
 
 TEST_F(Looks, ATextBoxKeepsItsCaretInViewAndMarksItsSelection) {
-    show({control(ControlKind::textBox, u"txt")},
-         [](Window &window) {
-             window.get<TextBox>(u"txt").setText(
-                 u"The first words of a text that does not fit into its box");
-         },
-         [&](TerminalUser &user) {
-             user.press(Key::end);
-             EXPECT_TRUE(isOnScreen(u"into its box ]"));
-             EXPECT_FALSE(isOnScreen(u"The first"));
-             EXPECT_EQ(play.screen().cursor().column, find(u"box ]").column + 3);
-             user.press(Key::home);
-             EXPECT_TRUE(isOnScreen(u"[The first"));
-             EXPECT_EQ(play.screen().cursor(), find(u"The first"));
-             user.press(Key::selectRight);
-             user.press(Key::selectRight);
-             EXPECT_TRUE(has(u"The", reverse));
-             EXPECT_FALSE(has(u"e first", reverse));
-         });
+    show(
+        {control(ControlKind::textBox, u"txt")},
+        [](Window &window) {
+            window.get<TextBox>(u"txt").setText(
+                u"The first words of a text that does not fit into its box");
+        },
+        [&](TerminalUser &user) {
+            user.press(Key::end);
+            EXPECT_TRUE(isOnScreen(u"into its box ]"));
+            EXPECT_FALSE(isOnScreen(u"The first"));
+            EXPECT_EQ(play.screen().cursor().column, find(u"box ]").column + 3);
+            user.press(Key::home);
+            EXPECT_TRUE(isOnScreen(u"[The first"));
+            EXPECT_EQ(play.screen().cursor(), find(u"The first"));
+            user.press(Key::selectRight);
+            user.press(Key::selectRight);
+            EXPECT_TRUE(has(u"The", reverse));
+            EXPECT_FALSE(has(u"e first", reverse));
+        });
 }
 
 TEST_F(Looks, ARichTextIsWrappedColouredAndBold) {
@@ -278,10 +285,8 @@ TEST_F(Looks, ARichTextIsWrappedColouredAndBold) {
 
 TEST(LooksWithoutColours, TheColoursOfARichTextDifferByAttributes) {
     TerminalPlay play({40, 10}, {"xterm-256color", Characters::unicode, false});
-    const auto window = play.toolkit().createWindow({u"frmTest",
-                                                     u"Test",
-                                                     {control(ControlKind::richTextBox, u"rt")},
-                                                     column({place(u"rt")})});
+    const auto window = play.toolkit().createWindow(
+        {u"frmTest", u"Test", {control(ControlKind::richTextBox, u"rt")}, column({place(u"rt")})});
     window->get<RichTextBox>(u"rt").setRuns(
         {{u"a", colour::black}, {u"b", colour::blue}, {u"c", colour::red}});
     play.whenShown(u"frmTest", [&](TerminalUser &user) {
@@ -294,22 +299,24 @@ TEST(LooksWithoutColours, TheColoursOfARichTextDifferByAttributes) {
         user.closeByFrame();
     });
     window->showModal();
+    EXPECT_EQ(play.pendingScripts(), 0U);
 }
 
 TEST_F(Looks, APickerMarksThePartThatKeysChange) {
     ControlDesign date = control(ControlKind::datePicker, u"dtp");
     date.format = u"dd/MM/yyyy";
-    show({date}, [](Window &window) { window.get<DTPicker>(u"dtp").setDate(2004, 5, 14); },
-         [&](TerminalUser &user) {
-             EXPECT_TRUE(isOnScreen(u"[x] 14/05/2004"));
-             EXPECT_TRUE(has(u"14/", reverse));
-             user.press(Key::right);
-             EXPECT_TRUE(has(u"05/", reverse));
-             EXPECT_FALSE(has(u"14/", reverse));
-             user.press(Key::space);
-             EXPECT_TRUE(isOnScreen(u"[ ]"));
-             EXPECT_FALSE(isOnScreen(u"2004"));
-         });
+    show(
+        {date}, [](Window &window) { window.get<DTPicker>(u"dtp").setDate(2004, 5, 14); },
+        [&](TerminalUser &user) {
+            EXPECT_TRUE(isOnScreen(u"[x] 14/05/2004"));
+            EXPECT_TRUE(has(u"14/", reverse));
+            user.press(Key::right);
+            EXPECT_TRUE(has(u"05/", reverse));
+            EXPECT_FALSE(has(u"14/", reverse));
+            user.press(Key::space);
+            EXPECT_TRUE(isOnScreen(u"[ ]"));
+            EXPECT_FALSE(isOnScreen(u"2004"));
+        });
 }
 
 } // namespace

@@ -276,6 +276,30 @@ TEST(TerminalToolkit, APickerTakesAPastedDate) {
     EXPECT_EQ(picker.day(), 24);
 }
 
+TEST(TerminalToolkit, AWindowInATerminalOfOneCellCanBeUsedAndLeft) {
+    TerminalPlay play({1, 1});
+    ControlDesign cancel = control(button, u"cmdCancel", u"Cancel");
+    cancel.isCancel = true;
+    const auto shown =
+        window(play, {control(text, u"txt"), control(ControlKind::richTextBox, u"rt"),
+                      control(ControlKind::listView, u"lvw"), cancel});
+    shown->get<CommandButton>(u"cmdCancel").onClick = [&] { shown->close(); };
+    play.whenShown(u"frmTest", [&](TerminalUser &user) {
+        user.type(u"a");
+        user.press(Key::tab);
+        user.type(u"b\rc");
+        EXPECT_EQ(play.toolkit().showMessageBox(u"T", u"Sure?", message_box::yesNo),
+                  message_box::no);
+        user.press(Key::help);
+        user.press(Key::escape);
+        EXPECT_FALSE(user.isOpen());
+    });
+    shown->showModal();
+    EXPECT_EQ(shown->get<TextBox>(u"txt").text(), u"a");
+    EXPECT_EQ(play.messageBoxes().size(), 2U);
+    EXPECT_EQ(play.problems(), std::vector<std::string>());
+}
+
 TEST(TerminalToolkit, RandomInputIsNoDanger) {
     TerminalPlay play({20, 6});
     ControlDesign date = control(ControlKind::datePicker, u"dtp");
