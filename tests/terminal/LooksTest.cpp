@@ -266,6 +266,23 @@ TEST_F(Looks, ATextBoxKeepsItsCaretInViewAndMarksItsSelection) {
         });
 }
 
+TEST_F(Looks, ATextThatFitsAgainIsShownFromItsBeginning) {
+    show(
+        {control(ControlKind::textBox, u"txt")},
+        [](Window &window) {
+            window.get<TextBox>(u"txt").setText(
+                u"The first words of a text that does not fit into its box");
+        },
+        [&](TerminalUser &user) {
+            user.press(Key::end);
+            EXPECT_FALSE(isOnScreen(u"The first"));
+            for (int times = 0; times < 34; ++times) {
+                user.press(Key::backspace);
+            }
+            EXPECT_TRUE(isOnScreen(u"[The first words of a t "));
+        });
+}
+
 TEST_F(Looks, ARichTextIsWrappedColouredAndBold) {
     const auto fill = [](Window &window) {
         window.get<RichTextBox>(u"rt").setRuns({{u"plain words and ", colour::black},
