@@ -173,5 +173,17 @@ FIGURES = [
         "a Qt program with one dialog of the same widgets and texts",
         "a Qt program with one empty dialog",
     ),
+    Figure(
+        "terminal_start",
+        "process start to the first screen in a terminal",
+        "dialog --menu with as many rows",
+        ratio=1.5,
+    ),
+    Figure(
+        "terminal_memory",
+        "resident memory of the editor in a terminal (bytes)",
+        "the editor with Qt",
+        ratio=0.4,
+    ),
     Figure("component_size", "the stripped component with its toolkit (bytes)"),
 ]
