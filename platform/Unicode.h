@@ -23,8 +23,8 @@ namespace kvex {
 /// The value of a decimal digit of any script, from 0 to 9; nothing for another character.
 [[nodiscard]] std::optional<int> digitValue(char32_t character);
 
-/// A cluster is what a reader takes for one character: a letter with its accents and vowel signs,
-/// an emoji of several parts, a line break of two. The functions take positions where clusters
+/// A cluster is what a reader takes for one character. Examples are a letter with its accents and
+/// vowel signs, an emoji of several parts, and CR LF. The functions take positions where clusters
 /// begin and end. The first one returns the end of the cluster that begins at `from`, before the
 /// end of the text. The second one returns the beginning of the cluster that ends at `to`, after 0.
 [[nodiscard]] std::size_t clusterEnd(std::u16string_view text, std::size_t from);

@@ -253,13 +253,12 @@ bool QtUser::isOpen() const {
     return dialog_ != nullptr && dialog_->isVisible();
 }
 
-std::vector<std::u16string> QtUser::rows(std::u16string_view list) {
-    const auto &shown = get<ListView>(list);
-    std::vector<std::u16string> texts;
-    for (int row = 1; row <= shown.rowCount(); ++row) {
-        texts.push_back(shown.text(row));
-    }
-    return texts;
+bool QtUser::isUsable(std::u16string_view control) const {
+    return widget(control)->isEnabled();
+}
+
+std::u16string QtUser::waitsFor(std::u16string_view control) const {
+    return qt::fromQt(widget(control)->toolTip());
 }
 
 std::vector<std::u16string> QtUser::tabOrder() const {

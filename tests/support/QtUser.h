@@ -10,7 +10,7 @@
 #include "platform/controls/RichTextBox.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Window.h"
-#include "tests/toolkit/ToolkitFixture.h"
+#include "tests/support/OnScreenUser.h"
 
 #include <QPointer>
 
@@ -23,7 +23,7 @@ class QDateTimeEdit;
 
 namespace kvex::test {
 
-class QtUser final : public Hands {
+class QtUser final : public OnScreenUser {
 public:
     /// An action that no person could do is added to `problems`, and does nothing else.
     QtUser(qt::Dialog &dialog, std::vector<std::string> &problems)
@@ -40,8 +40,7 @@ public:
     void press(Key key) override;
     void type(std::u16string_view text) override;
     void pressAccessKey(char16_t key) override;
-    /// Gives the focus to the control, as a click into it does.
-    void focusOn(std::u16string_view control);
+    void focusOn(std::u16string_view control) override;
 
     void pickDate(std::u16string_view picker, int year, int month, int day) override;
     void pickTime(std::u16string_view picker, int hour, int minute, int second) override;
@@ -50,14 +49,11 @@ public:
     [[nodiscard]] std::u16string focused() const override;
     [[nodiscard]] std::u16string description(std::u16string_view control) const override;
     [[nodiscard]] bool isOpen() const override;
-    [[nodiscard]] Window &window() { return dialog_->owner(); }
-    template <class Kind> [[nodiscard]] Kind &get(std::u16string_view name) {
-        return window().get<Kind>(name);
-    }
-    /// The texts of a list's rows, from the first to the last.
-    [[nodiscard]] std::vector<std::u16string> rows(std::u16string_view list);
-    /// The controls that Tab reaches, in this order, beginning with the first.
-    [[nodiscard]] std::vector<std::u16string> tabOrder() const;
+    [[nodiscard]] Window &window() override { return dialog_->owner(); }
+    [[nodiscard]] std::vector<std::u16string> tabOrder() const override;
+    [[nodiscard]] bool isUsable(std::u16string_view control) const override;
+    /// The control's tool tip.
+    [[nodiscard]] std::u16string waitsFor(std::u16string_view control) const override;
     /// The widget of a control, null for none.
     [[nodiscard]] QWidget *widget(std::u16string_view name) const;
 

@@ -126,6 +126,10 @@ void throwError() {
     throw std::runtime_error("a bug");
 }
 
+void crash(Terminal & /*terminal*/) noexcept { // NOLINT: nothing catches the exception.
+    throwError();
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Ends, ProgramsEnd,
     testing::Values(End{"Return", [](Terminal &) {}, isDone},
@@ -153,7 +157,7 @@ INSTANTIATE_TEST_SUITE_P(
                             }
                         },
                         isDone},
-                    End{"UncaughtException", [](Terminal &) noexcept { throwError(); }, isAborted,
+                    End{"UncaughtException", crash, isAborted,
                         "terminate called after throwing an instance of 'std::runtime_error'\r\n"
                         "  what():  a bug\r\n"}),
     [](const auto &end) { return end.param.name; });
@@ -236,6 +240,20 @@ TEST(Suspend, ThatNoHandlerSeesEndsWithTheSameModes) {
     const Ending end = shell.wait();
     EXPECT_TRUE(isDone(end.status));
     expectRestored(shell, end);
+}
+
+TEST(Suspend, InTheBackgroundCanBeFollowedByTheEnd) {
+    Shell shell(opening(playWindows));
+    shell.readUntil("Rules");
+    shell.kill(SIGSTOP);
+    (void)shell.wait();
+    shell.background();
+    EXPECT_TRUE(WIFSTOPPED(shell.wait().status));
+    shell.kill(SIGTERM);
+    shell.background();
+    const Ending end = shell.wait();
+    EXPECT_TRUE(WIFSIGNALED(end.status));
+    EXPECT_EQ(shell.rest(), "");
 }
 
 TEST(HangUp, ReachesTheWindowsWhenTheLineIsLost) {
@@ -349,6 +367,11 @@ TEST(Children, OfTheProgramLeaveTheTerminalAlone) {
             std::exit(0);
         }
         waitpid(child, nullptr, 0);
+        const pid_t returning = fork();
+        if (returning == 0) {
+            return;
+        }
+        waitpid(returning, nullptr, 0);
         const pid_t killed = fork();
         if (killed == 0) {
             raise(SIGTERM);

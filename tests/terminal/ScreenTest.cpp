@@ -27,7 +27,7 @@ public:
     }
     /// The bytes of the update.
     std::string show(const CellGrid &grid) {
-        const std::string bytes = screen.update(grid);
+        std::string bytes = screen.update(grid);
         emulator.take(bytes);
         return bytes;
     }
@@ -85,6 +85,17 @@ TEST(Screen, SetsAttributesOnlyWhenTheyChange) {
     EXPECT_EQ(shown.show(gridWith(u"ab cd")), "\r\x1b(B\x1b[mab cd");
 }
 
+TEST(Screen, EndsEachAttribute) {
+    Shown shown("xterm-256color");
+    for (const Style &style : {Style{.bold = true}, Style{.dim = true}, Style{.reverse = true},
+                               Style{.underline = true}, Style{.colour = 0x0000FF}}) {
+        shown.show(gridWith(u"a", style));
+        EXPECT_NE(shown.emulator.at(0, 0).attributes, "");
+        shown.show(gridWith(u"a"));
+        EXPECT_EQ(shown.emulator.at(0, 0).attributes, "");
+    }
+}
+
 TEST(Screen, ShowsColoursOnlyWhereTheUserHasThem) {
     const Capabilities capabilities = Capabilities::ofType("xterm-256color");
     Screen screen(capabilities, 0);
@@ -110,6 +121,27 @@ TEST(Screen, ErasesWhatATerminalMayHaveWrittenAfterACluster) {
     Shown shown("xterm-256color");
     shown.show(gridWith(u"|     |"));
     EXPECT_EQ(shown.show(gridWith(u"|हि   |")), "\x1b[2Gहि\x1b[4G\x1b[K   |");
+}
+
+TEST(Screen, LeavesNothingUnderAClusterThatATerminalMakesNarrow) {
+    for (const std::string type : {"xterm-256color", "screen"}) {
+        Shown shown(type, [](char32_t character) { return character == 0x93F ? 0 : 1; });
+        shown.show(gridWith(u"|abcd|"));
+        shown.show(gridWith(u"|हिहि|"));
+        EXPECT_EQ(shown.emulator.line(0), u"|हि हि |");
+    }
+}
+
+TEST(Screen, LeavesNothingOfAClusterThatATerminalMakesWideUnderTheNext) {
+    // This terminal shows two people beside each other, and a vowel sign over its letter.
+    Shown shown("xterm-256color", [](char32_t character) {
+        return character == 0x93F || character == 0x200D ? 0 : character > 0xFFFF ? 2 : 1;
+    });
+    shown.show(CellGrid(size));
+    shown.show(gridWith(u"👩‍👧हि|"));
+    EXPECT_EQ(shown.emulator.at(2, 0).text, u"हि");
+    EXPECT_EQ(shown.emulator.at(3, 0).text, u" ");
+    EXPECT_EQ(shown.emulator.at(4, 0).text, u"|");
 }
 
 TEST(Screen, ShowsTheSameWhateverColumnsATerminalTakes) {

@@ -182,6 +182,36 @@ TEST(Handlers, AreTheOldOnesAfterTheLastTerminal) {
     EXPECT_EQ(handlerOf(SIGTERM), before);
 }
 
+TEST(SeveralTerminals, AllHangUpByOneSignal) {
+    const auto before = std::signal(SIGHUP, SIG_DFL);
+    std::array<Pty, 2> ptys;
+    std::array<Arrival, 2> arrivals;
+    std::deque<PosixDevice> devices;
+    std::vector<std::thread> threads;
+    for (std::size_t at = 0; at < 2; ++at) {
+        devices.emplace_back(ptys[at].program, ptys[at].program).acquire("", "");
+    }
+    for (std::size_t at = 0; at < 2; ++at) {
+        ptys[at].type("a");
+        threads.emplace_back([&, at] {
+            while (arrivals[at].kind != Arrival::Kind::hungUp) {
+                arrivals[at] = devices[at].read(std::nullopt);
+                devices[at].write("read");
+            }
+        });
+    }
+    for (const Pty &pty : ptys) {
+        while (pty.read().empty()) {
+        }
+    }
+    raise(SIGHUP);
+    for (std::thread &thread : threads) {
+        thread.join();
+    }
+    devices.clear();
+    std::signal(SIGHUP, before);
+}
+
 TEST(SeveralTerminals, HaveALimit) {
     std::deque<Pty> ptys(17);
     std::deque<PosixDevice> devices;
@@ -210,6 +240,16 @@ TEST(PosixDevice, RefusesFilesThatAreNoTerminal) {
     }
     close(pipe[0]);
     close(pipe[1]);
+}
+
+TEST(PosixDevice, ThatIsNotAcquiredBehavesAsIfHungUp) {
+    const Pty pty;
+    PosixDevice device(pty.program, pty.program);
+    EXPECT_EQ(device.read(std::nullopt).kind, Arrival::Kind::hungUp);
+    device.write("nobody reads this");
+    device.suspend();
+    device.release();
+    EXPECT_EQ(pty.read(), "");
 }
 
 TEST(PosixDevice, ReadsAFloodInPieces) {

@@ -276,13 +276,21 @@ std::u16string TerminalUser::description(std::u16string_view control) const {
                : controls::parseCaption((*found)->accessCaption()).shown;
 }
 
-std::vector<std::u16string> TerminalUser::rows(std::u16string_view list) {
-    const auto &view = window_.get<ListView>(list);
-    std::vector<std::u16string> texts;
-    for (int row = 1; row <= view.rowCount(); ++row) {
-        texts.push_back(view.text(row));
+std::vector<std::u16string> TerminalUser::tabOrder() const {
+    std::vector<std::u16string> names;
+    for (const lightweight::Element *stop : window_.tabStops()) {
+        names.push_back(stop->design().name);
     }
-    return texts;
+    return names;
+}
+
+bool TerminalUser::isUsable(std::u16string_view control) const {
+    return window_.element(control)->isUsable();
+}
+
+std::u16string TerminalUser::waitsFor(std::u16string_view control) const {
+    return window_.element(control)->isEnabled() ? std::u16string()
+                                                 : window_.element(control)->status();
 }
 
 } // namespace kvex::test

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "adapters/terminal/TerminalWindow.h"
-#include "tests/toolkit/ToolkitFixture.h"
+#include "tests/support/OnScreenUser.h"
 
 #include <string>
 #include <string_view>
@@ -13,7 +13,7 @@ namespace kvex::test {
 
 class TerminalPlay;
 
-class TerminalUser final : public Hands {
+class TerminalUser final : public OnScreenUser {
 public:
     /// An action that no person could do is a problem of the play, and does nothing else.
     TerminalUser(TerminalPlay &play, terminal::TerminalWindow &window)
@@ -30,8 +30,7 @@ public:
     void press(Key key) override;
     void type(std::u16string_view text) override;
     void pressAccessKey(char16_t key) override;
-    /// Gives the focus to the control, as a click into it does.
-    void focusOn(std::u16string_view control);
+    void focusOn(std::u16string_view control) override;
 
     void pickDate(std::u16string_view picker, int year, int month, int day) override;
     void pickTime(std::u16string_view picker, int hour, int minute, int second) override;
@@ -40,12 +39,11 @@ public:
     [[nodiscard]] std::u16string focused() const override;
     [[nodiscard]] std::u16string description(std::u16string_view control) const override;
     [[nodiscard]] bool isOpen() const override { return window_.isOpen(); }
-    [[nodiscard]] terminal::TerminalWindow &window() { return window_; }
-    template <class Kind> [[nodiscard]] Kind &get(std::u16string_view name) {
-        return window_.get<Kind>(name);
-    }
-    /// The texts of a list's rows, from the first to the last.
-    [[nodiscard]] std::vector<std::u16string> rows(std::u16string_view list);
+    [[nodiscard]] terminal::TerminalWindow &window() override { return window_; }
+    [[nodiscard]] std::vector<std::u16string> tabOrder() const override;
+    [[nodiscard]] bool isUsable(std::u16string_view control) const override;
+    /// As the status line says it.
+    [[nodiscard]] std::u16string waitsFor(std::u16string_view control) const override;
 
     /// The bytes that a terminal sends for the key.
     [[nodiscard]] static std::string bytesOf(Key key);

@@ -1,61 +1,14 @@
-#include "platform/Text.h"
+#include "platform/controls/Buttons.h"
+#include "tests/windows/ConditionsOnScreen.h"
 #include "tests/windows/EditorRows.h"
-#include "tests/windows/WindowsOnScreenFixture.h"
-#include "ui/conditions/frmRuleOptions.h"
-#include "ui/rules/RuleParts.h"
-
-#include <QAbstractButton>
-#include <QAccessible>
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace kvex::test {
 namespace {
 
-const Texts allButtons = {u"cmdRemove", u"cmdClear", u"cmdOptions", u"cmdOK"};
-
-class ConditionsOnScreen : public WindowsOnScreen {
-protected:
-    /// Shows the dialog of the condition in this row of the editor, and plays in it.
-    void playDialog(int condition, OnScreen script) {
-        openSession();
-        play.whenShown(u"", std::move(script));
-        ruleConditions()[static_cast<std::size_t>(condition - 1)].showDialog();
-    }
-    void playOptions(const std::u16string &kind, OnScreen script) {
-        openSession();
-        play.whenShown(u"frmRuleOptions", std::move(script));
-        showConditionOptions(kind);
-    }
-    void openSession() {
-        if (!sessionOwner) {
-            sessionOwner = std::make_unique<SessionOwner>(platform);
-            ASSERT_TRUE(sessionOwner->OpenRules());
-        }
-    }
-    /// Whether the widgets of the buttons are all enabled, or all disabled.
-    static void expectEnabled(QtUser &user, bool expected) {
-        for (const std::u16string &button : allButtons) {
-            EXPECT_EQ(user.widget(button)->isEnabled(), expected) << utf8(button);
-        }
-    }
-    static Texts rowsBelowHeading(QtUser &user, const char16_t *list) {
-        Texts rows = user.rows(list);
-        rows.erase(rows.begin());
-        return rows;
-    }
-    static std::u16string numbersUpTo(int last) {
-        std::u16string joined;
-        for (int number = 1; number <= last; ++number) {
-            joined.append(number > 1 ? u";" : u"").append(toText(std::int64_t{number}));
-        }
-        return joined;
-    }
-};
-
-TEST_F(ConditionsOnScreen, NumbersAreTypedRemovedAndStoredByKeyboardAlone) {
-    playDialog(row::fromPeople, [](QtUser &user) {
+TEST_P(ConditionsOnScreen, NumbersAreTypedRemovedAndStoredByKeyboardAlone) {
+    playDialog(row::fromPeople, [](OnScreenUser &user) {
         EXPECT_EQ(user.focused(), u"txtMobileNo");
         expectEnabled(user, false);
         for (const char16_t *number : {u"98a1", u"9.9", u"97"}) {
@@ -65,7 +18,7 @@ TEST_F(ConditionsOnScreen, NumbersAreTypedRemovedAndStoredByKeyboardAlone) {
         }
         EXPECT_EQ(rowsBelowHeading(user, u"lvwPeople"), (Texts{u"    981", u"    99", u"    97"}));
         expectEnabled(user, true);
-        EXPECT_FALSE(user.widget(u"cmdAdd")->isEnabled());
+        EXPECT_FALSE(user.isUsable(u"cmdAdd"));
         user.press(Key::tab);
         EXPECT_EQ(user.focused(), u"lvwPeople");
         // From the heading to the second number.
@@ -82,12 +35,12 @@ TEST_F(ConditionsOnScreen, NumbersAreTypedRemovedAndStoredByKeyboardAlone) {
     EXPECT_TRUE(session().blnChanged);
 }
 
-TEST_F(ConditionsOnScreen, NumbersComeFromTheAddressBookAndGoByMouse) {
+TEST_P(ConditionsOnScreen, NumbersComeFromTheAddressBookAndGoByMouse) {
     platform.addressBook.numbers = {u"98", u"99"};
     utility.answers = {message_box::no, message_box::yes};
     openSession();
     session().strUserID = u"1";
-    playDialog(row::fromPeople, [this](QtUser &user) {
+    playDialog(row::fromPeople, [this](OnScreenUser &user) {
         user.click(u"cmdAddressBook");
         EXPECT_EQ(rowsBelowHeading(user, u"lvwPeople"), (Texts{u"    98", u"    99"}));
         user.clickRow(u"lvwPeople", 1);
@@ -107,11 +60,11 @@ TEST_F(ConditionsOnScreen, NumbersComeFromTheAddressBookAndGoByMouse) {
     EXPECT_EQ(ruleState().strPeople, u"");
 }
 
-TEST_F(ConditionsOnScreen, AccountsAreAddedByEnterAndDoubleClick) {
+TEST_P(ConditionsOnScreen, AccountsAreAddedByEnterAndDoubleClick) {
     database.addAccount(3, "Main");
     database.addAccount(7, "मुख्य \xF0\x9F\x93\xB1");
     database.addAccount(8, "Sender", "TRANSMITTER");
-    playDialog(row::throughAccounts, [](QtUser &user) {
+    playDialog(row::throughAccounts, [](OnScreenUser &user) {
         EXPECT_EQ(user.focused(), u"lvwAccountSource");
         EXPECT_EQ(user.rows(u"lvwAccountSource"), (Texts{u"Main", u"मुख्य \U0001F4F1"}));
         expectEnabled(user, true);
@@ -130,9 +83,9 @@ TEST_F(ConditionsOnScreen, AccountsAreAddedByEnterAndDoubleClick) {
     EXPECT_EQ(ruleState().varAccounts, u"7");
 }
 
-TEST_F(ConditionsOnScreen, TheSharedAccessKeyOfAccountsPressesNothing) {
+TEST_P(ConditionsOnScreen, TheSharedAccessKeyOfAccountsPressesNothing) {
     database.addAccount(3, "Main");
-    playDialog(row::throughAccounts, [](QtUser &user) {
+    playDialog(row::throughAccounts, [](OnScreenUser &user) {
         Texts reached;
         for (int i = 0; i < 2; ++i) {
             user.pressAccessKey(u'A');
@@ -145,8 +98,8 @@ TEST_F(ConditionsOnScreen, TheSharedAccessKeyOfAccountsPressesNothing) {
     });
 }
 
-TEST_F(ConditionsOnScreen, WordsAreTypedAndMarkedAsACommand) {
-    playDialog(row::containsWords, [](QtUser &user) {
+TEST_P(ConditionsOnScreen, WordsAreTypedAndMarkedAsACommand) {
+    playDialog(row::containsWords, [](OnScreenUser &user) {
         EXPECT_EQ(user.focused(), u"txtWord");
         user.type(u"  price list ");
         user.press(Key::enter);
@@ -164,11 +117,11 @@ TEST_F(ConditionsOnScreen, WordsAreTypedAndMarkedAsACommand) {
     EXPECT_EQ(ruleState().intAsCommand, 1);
 }
 
-TEST_F(ConditionsOnScreen, OptionsStandOverTheirDialogAndCommitTheList) {
-    playDialog(row::containsWords, [this](QtUser &user) {
+TEST_P(ConditionsOnScreen, OptionsStandOverTheirDialogAndCommitTheList) {
+    playDialog(row::containsWords, [this](OnScreenUser &user) {
         user.type(u"STOP");
         user.press(Key::enter);
-        play.whenShown(u"frmRuleOptions", [&](QtUser &options) {
+        play.whenShown(u"frmRuleOptions", [&](OnScreenUser &options) {
             EXPECT_TRUE(user.isOpen());
             EXPECT_EQ(ruleState().strWords, u"STOP");
             EXPECT_EQ(rowsBelowHeading(options, u"lvwRuleCondition"), Texts{u"    STOP"});
@@ -187,15 +140,15 @@ TEST_F(ConditionsOnScreen, OptionsStandOverTheirDialogAndCommitTheList) {
     EXPECT_TRUE(session().blnChanged);
 }
 
-TEST_F(ConditionsOnScreen, PeopleHaveNoChoiceOfAllAndSayWhy) {
+TEST_P(ConditionsOnScreen, PeopleHaveNoChoiceOfAllAndSayWhy) {
     ruleState().intPeopleNot = ruleState().intPeopleAll = 1;
-    playOptions(u"PEOPLE", [](QtUser &user) {
+    playOptions(u"PEOPLE", [](OnScreenUser &user) {
         for (const char16_t *name : {u"opgAllAnyModifier(0)", u"opgAllAnyModifier(1)"}) {
-            EXPECT_FALSE(user.widget(name)->isEnabled());
-            EXPECT_NE(user.widget(name)->toolTip(), "");
+            EXPECT_FALSE(user.isUsable(name));
+            EXPECT_NE(user.waitsFor(name), u"");
         }
         const auto isChecked = [&](const char16_t *name) {
-            return qobject_cast<QAbstractButton *>(user.widget(name))->isChecked();
+            return user.get<OptionButton>(name).selected();
         };
         EXPECT_TRUE(isChecked(u"opgAllAnyModifier(1)"));
         EXPECT_TRUE(isChecked(u"opgConNotmodifier(1)"));
@@ -206,30 +159,30 @@ TEST_F(ConditionsOnScreen, PeopleHaveNoChoiceOfAllAndSayWhy) {
     EXPECT_EQ(ruleState().intPeopleAll, 0);
 }
 
-TEST_F(ConditionsOnScreen, TabWalksInTheOrderOfTheDesigns) {
+TEST_P(ConditionsOnScreen, TabWalksInTheOrderOfTheDesigns) {
     database.addAccount(3, "Main");
     ruleState().strPeople = ruleState().strWords = u"98";
-    playDialog(row::fromPeople, [](QtUser &user) {
+    playDialog(row::fromPeople, [](OnScreenUser &user) {
         user.type(u"9");
         EXPECT_EQ(user.tabOrder(),
                   (Texts{u"cmdClear", u"cmdOptions", u"cmdRemove", u"cmdAddressBook", u"cmdAdd",
                          u"cmdOK", u"cmdCancel", u"txtMobileNo", u"lvwPeople"}));
         user.press(Key::escape);
     });
-    playDialog(row::throughAccounts, [](QtUser &user) {
+    playDialog(row::throughAccounts, [](OnScreenUser &user) {
         EXPECT_EQ(user.tabOrder(),
                   (Texts{u"lvwAccountSource", u"cmdCancel", u"cmdOK", u"cmdAdd", u"cmdRemove",
                          u"cmdOptions", u"cmdClear", u"lvwAccountSelected"}));
         user.press(Key::escape);
     });
-    playDialog(row::containsWords, [](QtUser &user) {
+    playDialog(row::containsWords, [](OnScreenUser &user) {
         user.type(u"w");
         EXPECT_EQ(user.tabOrder(),
                   (Texts{u"chkWordAsCommand", u"cmdClear", u"cmdOptions", u"cmdRemove", u"cmdAdd",
                          u"cmdOK", u"cmdCancel", u"txtWord", u"lvwWords"}));
         user.press(Key::escape);
     });
-    playOptions(u"WORD", [](QtUser &user) {
+    playOptions(u"WORD", [](OnScreenUser &user) {
         Texts reached;
         for (int i = 0; i < 5; ++i) {
             reached.push_back(user.focused());
@@ -241,36 +194,10 @@ TEST_F(ConditionsOnScreen, TabWalksInTheOrderOfTheDesigns) {
     });
 }
 
-TEST_F(ConditionsOnScreen, EveryControlThatTakesTheFocusHasANameForAssistiveTechnology) {
-    ruleState().strPeople = ruleState().strWords = u"98";
-    const auto check = [](QtUser &user) {
-        for (const std::u16string &name : user.tabOrder()) {
-            QAccessibleInterface *accessible =
-                QAccessible::queryAccessibleInterface(user.widget(name));
-            ASSERT_NE(accessible, nullptr) << utf8(name);
-            EXPECT_NE(accessible->text(QAccessible::Name), "") << utf8(name);
-        }
-        user.press(Key::escape);
-    };
-    for (const int condition : {row::fromPeople, row::throughAccounts, row::containsWords}) {
-        playDialog(condition, check);
-    }
-    playOptions(u"WORD", check);
-}
-
-TEST_F(ConditionsOnScreen, TheAccountButtonsStandBesideTheirLists) {
-    playDialog(row::throughAccounts, [](QtUser &user) {
-        const auto top = [&](const char16_t *name) { return user.widget(name)->y(); };
-        EXPECT_LT(std::abs(top(u"cmdAdd") - top(u"lvwAccountSource")), 4);
-        EXPECT_LT(std::abs(top(u"cmdRemove") - top(u"lvwAccountSelected")), 4);
-        user.press(Key::escape);
-    });
-}
-
-TEST_F(ConditionsOnScreen, FiveThousandNumbersAreScrolledRemovedAndCleared) {
+TEST_P(ConditionsOnScreen, FiveThousandNumbersAreScrolledRemovedAndCleared) {
     ruleState().strPeople = numbersUpTo(5000);
     utility.answers = {message_box::yes};
-    playDialog(row::fromPeople, [](QtUser &user) {
+    playDialog(row::fromPeople, [](OnScreenUser &user) {
         user.focusOn(u"lvwPeople");
         user.press(Key::end);
         EXPECT_EQ(user.get<ListView>(u"lvwPeople").selectedRow(), 5001);
@@ -279,7 +206,7 @@ TEST_F(ConditionsOnScreen, FiveThousandNumbersAreScrolledRemovedAndCleared) {
         user.click(u"cmdOK");
     });
     EXPECT_EQ(ruleState().strPeople, numbersUpTo(4999));
-    playDialog(row::fromPeople, [](QtUser &user) {
+    playDialog(row::fromPeople, [](OnScreenUser &user) {
         user.clickRow(u"lvwPeople", 5000);
         user.click(u"cmdClear");
         EXPECT_EQ(user.get<ListView>(u"lvwPeople").rowCount(), 1);
@@ -288,24 +215,24 @@ TEST_F(ConditionsOnScreen, FiveThousandNumbersAreScrolledRemovedAndCleared) {
     });
 }
 
-TEST_F(ConditionsOnScreen, ARuleIsComposedByWayOfTheDialogs) {
+TEST_P(ConditionsOnScreen, ARuleIsComposedByWayOfTheDialogs) {
     database.addAccount(3, "Main");
-    play.whenShown(u"frmRuleEdit", [this](QtUser &editor) {
+    play.whenShown(u"frmRuleEdit", [this](OnScreenUser &editor) {
         const auto edit = [&](int condition, OnScreen script) {
             editor.tickRow(conditions, condition);
             play.whenShown(u"", std::move(script));
             editor.click(u"cmdEditCondition");
         };
-        edit(row::fromPeople, [](QtUser &user) {
+        edit(row::fromPeople, [](OnScreenUser &user) {
             user.type(u"98");
             user.press(Key::enter);
             user.click(u"cmdOK");
         });
-        edit(row::throughAccounts, [](QtUser &user) {
+        edit(row::throughAccounts, [](OnScreenUser &user) {
             user.press(Key::enter);
             user.click(u"cmdOK");
         });
-        edit(row::containsWords, [](QtUser &user) {
+        edit(row::containsWords, [](OnScreenUser &user) {
             user.type(u"STOP");
             user.press(Key::enter);
             user.closeByFrame();
@@ -316,7 +243,7 @@ TEST_F(ConditionsOnScreen, ARuleIsComposedByWayOfTheDialogs) {
         editor.tickRow(conditions, row::containsWords);
         editor.tickRow(actions, row::noMoreRules);
         editor.click(u"cmdOK");
-        play.whenShown(u"frmRules", [](QtUser &user) { user.press(Key::escape); });
+        play.whenShown(u"frmRules", [](OnScreenUser &user) { user.press(Key::escape); });
     });
     showRules(u"");
     EXPECT_EQ(database.value("SELECT QueryParam FROM SMS_RULES WHERE ID = 4"),

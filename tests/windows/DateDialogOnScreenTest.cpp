@@ -1,6 +1,6 @@
 #include "adapters/qt/QText.h"
 #include "tests/windows/EditorRows.h"
-#include "tests/windows/WindowsOnScreenFixture.h"
+#include "tests/windows/QtOnScreen.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -12,10 +12,10 @@
 namespace kvex::test {
 namespace {
 
-class DateDialogOnScreen : public WindowsOnScreen {
+class DateDialogOnScreen : public QtWindowsOnScreen {
 protected:
     /// Opens the dialog from a new rule's editor, by keys, on `range`.
-    void playDialog(const std::u16string &range, OnScreen script) {
+    void playDialog(const std::u16string &range, QtPlay::Script script) {
         play.whenShown(u"frmRuleEdit", [&range](QtUser &editor) {
             editor.clickRow(conditions, row::withinDates);
             editor.press(Key::space);
@@ -213,10 +213,10 @@ TEST_F(DateDialogOnScreen, ARefusedRangeMovesTheFocusToTheEndAndIsPutRightThere)
 }
 
 TEST_F(DateDialogOnScreen, EscTheAccessKeyAndTheFrameLeaveTheRangeAlone) {
-    const OnScreen ways[] = {[](QtUser &user) { user.press(Key::escape); },
-                             [](QtUser &user) { user.pressAccessKey(u'C'); },
-                             [](QtUser &user) { user.closeByFrame(); }};
-    for (const OnScreen &leave : ways) {
+    const QtPlay::Script ways[] = {[](QtUser &user) { user.press(Key::escape); },
+                                   [](QtUser &user) { user.pressAccessKey(u'C'); },
+                                   [](QtUser &user) { user.closeByFrame(); }};
+    for (const QtPlay::Script &leave : ways) {
         playDialog(stored, [&leave](QtUser &user) {
             typeInto(user, u"FromDate", u"01012001");
             leave(user);

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "tests/windows/EditorRows.h"
-#include "tests/windows/WindowsOnScreenFixture.h"
+#include "tests/windows/QtOnScreen.h"
 
 #include <functional>
 #include <map>
@@ -11,7 +11,7 @@
 
 namespace kvex::test {
 
-class EveryWindow : public WindowsOnScreen {
+class EveryWindow : public QtWindowsOnScreen {
 protected:
     using Check = std::function<void(QtUser &)>;
 
@@ -32,7 +32,7 @@ protected:
 
     /// Shows each window once, in the order in which they open, and leaves it by Esc.
     void walk(const std::map<std::u16string, Check> &checks) {
-        const auto checked = [&](const std::u16string &window, const OnScreen &further = {}) {
+        const auto checked = [&](const std::u16string &window, const QtPlay::Script &further = {}) {
             play.whenShown(window, [&checks, window, further](QtUser &user) {
                 enableEverything(user);
                 checks.at(window)(user);
@@ -48,7 +48,8 @@ protected:
         };
         checked(u"frmRuleEdit", [&, withOptions](QtUser &editor) {
             const auto open = [&](std::u16string_view list, int row, std::u16string_view button,
-                                  const std::u16string &window, const OnScreen &further = {}) {
+                                  const std::u16string &window,
+                                  const QtPlay::Script &further = {}) {
                 editor.clickRow(list, row);
                 checked(window, further);
                 editor.click(button);

@@ -23,6 +23,7 @@ struct Arrival {
     std::string bytes;
 };
 
+/// A line that is not acquired behaves as one that has hung up.
 class Device {
 public:
     Device() = default;

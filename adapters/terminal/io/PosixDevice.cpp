@@ -129,6 +129,9 @@ Size PosixDevice::size() const {
 
 Arrival PosixDevice::read(std::optional<std::chrono::milliseconds> timeout) {
     using Kind = Arrival::Kind;
+    if (!use_) {
+        return {Kind::hungUp, {}};
+    }
     UsedTerminal &terminal = use_->terminal;
     const auto end = Clock::now() + timeout.value_or(std::chrono::milliseconds(0));
     for (;;) {
@@ -170,16 +173,16 @@ Arrival PosixDevice::read(std::optional<std::chrono::milliseconds> timeout) {
 }
 
 void PosixDevice::write(std::string_view bytes) {
-    UsedTerminal &terminal = use_->terminal;
-    if (!terminal.isEntered || terminal.hasHungUp) {
-        return;
-    }
-    if (!writeAll(output_, bytes)) {
-        terminal.hasHungUp = true;
+    if (use_ && use_->terminal.isEntered && !use_->terminal.hasHungUp &&
+        !writeAll(output_, bytes)) {
+        use_->terminal.hasHungUp = true;
     }
 }
 
 void PosixDevice::suspend() {
+    if (!use_) {
+        return;
+    }
     if (tcgetsid(output_) == getsid(0)) {
         // As the terminal itself would: to all programs that the shell started together.
         kill(0, SIGTSTP);

@@ -43,8 +43,7 @@ private:
     UsedTerminal &terminal_;
 };
 
-/// Writes all bytes as far as anybody takes them. Returns false when nobody does. A signal handler
-/// may call it.
+/// Writes all bytes, and returns false when the file takes no more. A signal handler may call it.
 bool writeAll(int file, std::string_view bytes) noexcept;
 
 } // namespace kvex::terminal

@@ -101,12 +101,11 @@ void Screen::updateRow(const CellGrid &grid, int row) {
             eraseRest({column, row});
             return;
         }
-        const bool wasDisputed = isDisputed(shown({column, row}));
         const bool isWide = column + 1 < size_.columns && wanted(column + 1).text.empty();
         writeCell({column, row}, cell, isWide ? 2 : 1, column == covered);
         column += isWide ? 2 : 1;
         covered = -1;
-        if (column < size_.columns && (wasDisputed || isDisputed(cell))) {
+        if (column < size_.columns && isDisputed(cell)) {
             if (isDisputed(wanted(column))) {
                 covered = column;
             } else {

@@ -13,8 +13,8 @@ namespace kvex::terminal {
 /// Knows what the terminal shows, and writes only what differs.
 ///
 /// Terminals disagree about the columns of many clusters. So the cursor is placed anew after each
-/// one that is not ASCII. After a cluster of several characters the rest of its line is erased and
-/// written again: a terminal that takes more columns for it has written there, too.
+/// one that is not ASCII. A cluster of several characters may take more columns than expected. So
+/// the rest of its line is erased and written again.
 class Screen {
 public:
     /// `colours` is 0 when the user wants none.
@@ -55,7 +55,7 @@ private:
     Size size_;
     bool isKnown_ = false;
     std::vector<Cell> shown_;
-    /// Where the cursor is, as far as all terminals agree.
+    /// Where the cursor is, if all terminals agree about it.
     std::optional<int> row_;
     std::optional<int> column_;
     bool isCursorShown_ = true;

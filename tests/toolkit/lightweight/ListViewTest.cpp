@@ -1,6 +1,8 @@
 #include "adapters/lightweight/LightListView.h"
 
-#include "tests/toolkit/lightweight/LightTest.h"
+#include "tests/toolkit/lightweight/TestWindow.h"
+
+#include <gtest/gtest.h>
 
 #include <functional>
 

@@ -1,7 +1,9 @@
 #include "adapters/lightweight/LightDTPicker.h"
 
 #include "platform/controls/Buttons.h"
-#include "tests/toolkit/lightweight/LightTest.h"
+#include "tests/toolkit/lightweight/TestWindow.h"
+
+#include <gtest/gtest.h>
 
 #include <array>
 #include <functional>

@@ -2,7 +2,9 @@
 
 #include "platform/controls/RichTextBox.h"
 #include "platform/controls/TextBox.h"
-#include "tests/toolkit/lightweight/LightTest.h"
+#include "tests/toolkit/lightweight/TestWindow.h"
+
+#include <gtest/gtest.h>
 
 namespace kvex::lightweight {
 namespace {

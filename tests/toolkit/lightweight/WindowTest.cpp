@@ -5,7 +5,9 @@
 #include "platform/controls/ListView.h"
 #include "platform/controls/RichTextBox.h"
 #include "platform/controls/TextBox.h"
-#include "tests/toolkit/lightweight/LightTest.h"
+#include "tests/toolkit/lightweight/TestWindow.h"
+
+#include <gtest/gtest.h>
 
 #include <functional>
 

@@ -86,7 +86,7 @@ std::u16string buttonOf(Key key, const HeadlessWindow &window) {
 Aim aimOfKey(Key key, const HeadlessWindow &window) {
     Element *focus = window.focus();
     if (key == Key::space && isKind(focus, {ControlKind::listView}) && focus->design().checkBoxes) {
-        const int row = dynamic_cast<LightListView *>(focus)->selectedRow();
+        const int row = dynamic_cast<LightListView *>(focus)->currentRow();
         return {row > 0 ? focus->design().name : std::u16string(), row};
     }
     return {buttonOf(key, window)};

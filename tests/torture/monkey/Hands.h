@@ -13,7 +13,7 @@
 namespace kvex::torture {
 
 /// The keys by the names that scripts give them.
-inline constexpr std::array<std::pair<std::u16string_view, headless::Key>, 15> keys{{
+inline constexpr std::array<std::pair<std::u16string_view, headless::Key>, 34> keys{{
     {u"enter", headless::Key::enter},
     {u"escape", headless::Key::escape},
     {u"tab", headless::Key::tab},
@@ -29,6 +29,25 @@ inline constexpr std::array<std::pair<std::u16string_view, headless::Key>, 15> k
     {u"copy", headless::Key::copy},
     {u"paste", headless::Key::paste},
     {u"select-all", headless::Key::selectAll},
+    {u"left", headless::Key::left},
+    {u"right", headless::Key::right},
+    {u"word-left", headless::Key::wordLeft},
+    {u"word-right", headless::Key::wordRight},
+    {u"page-up", headless::Key::pageUp},
+    {u"page-down", headless::Key::pageDown},
+    {u"text-start", headless::Key::textStart},
+    {u"text-end", headless::Key::textEnd},
+    {u"go-up", headless::Key::goUp},
+    {u"go-down", headless::Key::goDown},
+    {u"select-up", headless::Key::selectUp},
+    {u"select-down", headless::Key::selectDown},
+    {u"select-left", headless::Key::selectLeft},
+    {u"select-right", headless::Key::selectRight},
+    {u"select-word-left", headless::Key::selectWordLeft},
+    {u"select-word-right", headless::Key::selectWordRight},
+    {u"select-home", headless::Key::selectHome},
+    {u"select-end", headless::Key::selectEnd},
+    {u"toggle-row", headless::Key::toggleRow},
 }};
 
 [[nodiscard]] bool isPossible(const Event &event, const headless::HeadlessWindow &window);

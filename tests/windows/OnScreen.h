@@ -1,17 +1,20 @@
 // The windows on a real toolkit with a database, for tests that play a user by key and mouse.
 #pragma once
 
-#include "adapters/qt/QtToolkit.h"
 #include "tests/support/ComponentTest.h"
-#include "tests/support/QtPlay.h"
+#include "tests/support/OnScreenStage.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace kvex::test {
 
-using OnScreen = QtPlay::Script;
-
-class WindowsOnScreen : public testing::Test {
+class OnScreenTest : public testing::Test {
 protected:
-    WindowsOnScreen() {
+    explicit OnScreenTest(std::unique_ptr<OnScreenStage> made)
+        : stage(std::move(made)), play(*stage) {
         utility.connectionString = database.connectionString();
         session().blnChanged = false;
         ruleState() = RuleState();
@@ -33,26 +36,33 @@ protected:
         return sessionOwner->ShowRules(u"1", ruleId);
     }
     std::int32_t playRules(OnScreen script) {
-        play.whenShown(u"frmRuleEdit", [](QtUser &user) { user.press(Key::escape); });
+        play.whenShown(u"frmRuleEdit", [](OnScreenUser &user) { user.press(Key::escape); });
         play.whenShown(u"frmRules", std::move(script));
         return showRules(u"");
     }
     std::int32_t playNewRule(OnScreen script) {
         play.whenShown(u"frmRuleEdit", std::move(script));
-        play.whenShown(u"frmRules", [](QtUser &user) { user.press(Key::escape); });
+        play.whenShown(u"frmRules", [](OnScreenUser &user) { user.press(Key::escape); });
         return showRules(u"");
     }
-    static std::u16string description(QtUser &user) {
+    static std::u16string description(OnScreenUser &user) {
         return user.get<RichTextBox>(u"rtRuleDesc").text();
     }
 
+    std::unique_ptr<OnScreenStage> stage;
+    OnScreenStage &play;
     int rules = 0;
     TestDatabase database;
     UtilityRecord utility;
-    QtPlay play;
-    qt::QtToolkit toolkit;
-    TestPlatform platform{utility, toolkit, database.provider()};
+    TestPlatform platform{utility, stage->toolkit(), database.provider()};
     std::unique_ptr<SessionOwner> sessionOwner;
+};
+
+/// The suites that run on every real toolkit. A program links them and instantiates them with its
+/// stage.
+class WindowsOnScreen : public OnScreenTest, public testing::WithParamInterface<MakeStage> {
+protected:
+    WindowsOnScreen() : OnScreenTest(GetParam()()) {}
 };
 
 } // namespace kvex::test

@@ -4,8 +4,6 @@
 #include "adapters/lightweight/LightWindow.h"
 #include "tests/toolkit/Designs.h"
 
-#include <gtest/gtest.h>
-
 #include <chrono>
 #include <set>
 #include <string>
