@@ -1,8 +1,6 @@
 #include "adapters/terminal/io/Decoder.h"
 
 #include "adapters/terminal/io/KeySequences.h"
-#include "adapters/terminal/io/PastedText.h"
-#include "platform/Text.h"
 #include "platform/Unicode.h"
 
 #include <utility>
@@ -19,25 +17,9 @@ bool isPrefix(const Decoder::Keys &keys, std::string_view sequence) {
     return key != keys.end() && key->first.starts_with(sequence);
 }
 
-/// The number of bytes of the character that begins with this one; 0 if none does.
-std::size_t lengthFrom(char byte) {
-    const auto lead = static_cast<unsigned char>(byte);
-    if (lead >= 0xC2 && lead <= 0xDF) {
-        return 2;
-    }
-    if (lead >= 0xE0 && lead <= 0xEF) {
-        return 3;
-    }
-    return lead >= 0xF0 && lead <= 0xF4 ? 4 : 0;
-}
-
 /// Digits with one more byte after them.
 bool isDigits(std::string_view sequence) {
     return sequence.find_first_not_of("0123456789") + 1 == sequence.size();
-}
-
-bool isContinuation(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80;
 }
 
 bool belongTogether(std::u16string_view cluster, std::u16string_view more) {
@@ -137,7 +119,6 @@ void Decoder::takeKey(char byte) {
         return;
     }
     character_.clear();
-    hasAlt_ = false;
     if (const auto key = keyOfByte(byte)) {
         stroke(*key);
     } else if (byte == '\f') {
@@ -149,29 +130,9 @@ void Decoder::takeKey(char byte) {
 
 /// A byte of a character that is not ASCII.
 void Decoder::takePart(char byte) {
-    if (!isContinuation(byte)) {
-        hasAlt_ = hasAlt_ && character_.empty();
-        character_.clear();
-        if (lengthFrom(byte) == 0) {
-            hasAlt_ = false;
-            return;
-        }
-    } else if (character_.empty()) {
-        hasAlt_ = false;
-        return;
+    if (auto typed = character_.take(byte)) {
+        inputs_.emplace_back(std::move(*typed));
     }
-    character_ += byte;
-    if (character_.size() < lengthFrom(character_.front())) {
-        return;
-    }
-    const std::u16string text = fromUtf8(character_);
-    const bool isBad = text.front() == u'\uFFFD' && character_ != "\xEF\xBF\xBD";
-    const bool isControl = text.front() < 0xA0;
-    if (!isBad && !isControl) {
-        type(text, hasAlt_);
-    }
-    hasAlt_ = false;
-    character_.clear();
 }
 
 void Decoder::takeEscaped(char byte, bool mayBecomeOwn) {
@@ -198,14 +159,14 @@ void Decoder::takeEscaped(char byte, bool mayBecomeOwn) {
     const bool isLetter = static_cast<unsigned char>(byte) >= ' ' && byte != '\x7f';
     const bool isEnd = isStringEnd_ && byte == '\\';
     abandon();
-    if (isLetter && !isEnd) {
-        hasAlt_ = true;
-        if (static_cast<unsigned char>(byte) < 0x80) {
-            type({static_cast<char16_t>(byte)}, true);
-            hasAlt_ = false;
-        } else {
-            takePart(byte);
-        }
+    if (!isLetter || isEnd) {
+        return;
+    }
+    if (static_cast<unsigned char>(byte) < 0x80) {
+        type({static_cast<char16_t>(byte)}, true);
+    } else {
+        character_.beginWithAlt();
+        takePart(byte);
     }
 }
 
@@ -250,7 +211,9 @@ void Decoder::finishControl(char final) {
         const int buttons = takeNumber(parameters);
         const int column = takeNumber(parameters);
         const int row = takeNumber(parameters);
-        takeMouse(buttons, {column - 1, row - 1}, final == 'M');
+        if (final == 'M') {
+            takeMouse(buttons, {column - 1, row - 1});
+        }
     } else if (final == '~' && parameters == "200") {
         reading_ = Reading::paste;
     } else if (parameters.starts_with('[')) {
@@ -274,35 +237,14 @@ void Decoder::takeOldMouse(char byte) {
         const int buttons = value(0);
         const Point at{value(1) - 1, value(2) - 1};
         abandon();
-        takeMouse(buttons, at, true);
+        takeMouse(buttons, at);
     }
 }
 
-void Decoder::takeMouse(int buttons, Point at, bool isPress) {
-    if (at.column < 0 || at.row < 0 || !isPress) {
-        return;
+void Decoder::takeMouse(int buttons, Point at) {
+    if (const auto event = mouse_.press(buttons, at, now_)) {
+        inputs_.emplace_back(*event);
     }
-    constexpr int wheel = 64;
-    constexpr int moves = 32;
-    const int button = buttons & 3;
-    if ((buttons & wheel) != 0) {
-        if (button < 2) {
-            using enum MouseEvent::Kind;
-            inputs_.emplace_back(MouseEvent{button == 0 ? wheelUp : wheelDown, at});
-        }
-        return;
-    }
-    if (button != 0 || (buttons & moves) != 0) {
-        return;
-    }
-    if (lastPress_ == at && now_ - lastPressTime_ <= doubleClickTime) {
-        inputs_.emplace_back(MouseEvent{MouseEvent::Kind::doubleClick, at});
-        lastPress_.reset();
-        return;
-    }
-    inputs_.emplace_back(MouseEvent{MouseEvent::Kind::press, at});
-    lastPress_ = at;
-    lastPressTime_ = now_;
 }
 
 void Decoder::finishPaste() {
@@ -334,7 +276,7 @@ bool Decoder::isWaiting() const noexcept {
     if (reading_ == Reading::paste) {
         return pasted_.endsWithEscape();
     }
-    return reading_ != Reading::keys || !character_.empty();
+    return reading_ != Reading::keys || !character_.isEmpty();
 }
 
 std::optional<Input> Decoder::next() {
@@ -361,7 +303,6 @@ void Decoder::abandon() {
     reading_ = Reading::keys;
     sequence_.clear();
     character_.clear();
-    hasAlt_ = false;
     isStringEnd_ = false;
 }
 

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "adapters/terminal/io/Input.h"
+#include "adapters/terminal/io/Mouse.h"
+#include "adapters/terminal/io/PartialCharacter.h"
 #include "adapters/terminal/io/PastedText.h"
 
 #include <chrono>
@@ -25,7 +27,6 @@ public:
     static constexpr std::chrono::milliseconds patience{50};
     /// The mark that ends a paste comes over a network, perhaps in two pieces.
     static constexpr std::chrono::milliseconds patienceInPaste{1000};
-    static constexpr std::chrono::milliseconds doubleClickTime{400};
 
     /// `keys` are sequences of this terminal. Common ones are known without it.
     explicit Decoder(Keys keys = {});
@@ -52,7 +53,7 @@ private:
     void finishControl(char final);
     void finishSingleShift(char final);
     void takeOldMouse(char byte);
-    void takeMouse(int buttons, Point at, bool isPress);
+    void takeMouse(int buttons, Point at);
     void finishPaste();
     void abandon();
     void type(std::u16string text, bool alt = false);
@@ -64,14 +65,11 @@ private:
     std::string sequence_;
     /// The Esc came in a string, so "\" after it is the string's end.
     bool isStringEnd_ = false;
-    /// The bytes of an unfinished character, and whether Esc came before them.
-    std::string character_;
-    bool hasAlt_ = false;
+    PartialCharacter character_;
     PastedText pasted_;
     std::deque<Input> inputs_;
+    Mouse mouse_;
     Time now_;
-    std::optional<Point> lastPress_;
-    Time lastPressTime_;
 };
 
 } // namespace kvex::terminal
