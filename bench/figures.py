@@ -174,6 +174,13 @@ FIGURES = [
         "a Qt program with one empty dialog",
     ),
     Figure(
+        "terminal_key",
+        "one arrow key in a list of n rows in a terminal, to the last byte",
+        "the same screen painted by hand",
+        ratio=1.5,
+        sizes=(100_000, 100_000),
+    ),
+    Figure(
         "terminal_start",
         "process start to the first screen in a terminal",
         "dialog --menu with as many rows",

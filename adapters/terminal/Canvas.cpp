@@ -51,15 +51,11 @@ void Canvas::border(const Rect &rect, std::u16string_view title) {
 }
 
 void Canvas::lineAcross(Point from, int columns) {
-    for (int column = 0; column < columns; ++column) {
-        put({from.column + column, from.row}, linesOf(grid_).across);
-    }
+    grid_.fill(intersection(clip_, {from.column, from.row, columns, 1}), {}, linesOf(grid_).across);
 }
 
 void Canvas::lineDown(Point from, int rows) {
-    for (int row = 0; row < rows; ++row) {
-        put({from.column, from.row + row}, linesOf(grid_).down);
-    }
+    grid_.fill(intersection(clip_, {from.column, from.row, 1, rows}), {}, linesOf(grid_).down);
 }
 
 void Canvas::scrollBar(Point from, int rows, int first, int seen, int all) {
@@ -70,9 +66,8 @@ void Canvas::scrollBar(Point from, int rows, int first, int seen, int all) {
     const int thumb = std::clamp(rows * seen / all, 1, rows);
     const int travel = static_cast<int>(std::int64_t{rows - thumb} * std::min(first, all - seen) /
                                         std::max(all - seen, 1));
-    for (int row = 0; row < thumb; ++row) {
-        put({from.column, from.row + travel + row}, linesOf(grid_).thumb);
-    }
+    grid_.fill(intersection(clip_, {from.column, from.row + travel, 1, thumb}), {},
+               linesOf(grid_).thumb);
 }
 
 void Canvas::setCursor(Point at) {

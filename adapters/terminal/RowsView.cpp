@@ -90,7 +90,6 @@ void RowsView::paint(Canvas &canvas, const Rect &at, const Look &look) {
     list_.setPage(shown_.rows);
     const int top = list_.visibleRows().first();
 
-    canvas.fill(at);
     if (frame > 0) {
         canvas.border(at);
     } else {
@@ -133,7 +132,9 @@ void RowsView::paintRow(Canvas &canvas, const Rect &at, int row, bool hasFocus) 
     style.reverse = list_.selected(row);
     style.dim = list_.rowColour(row) == RowColour::greyText || !element().isEnabled() ||
                 (style.reverse && !hasFocus);
-    canvas.fill(at, style);
+    if (style != Style{}) {
+        canvas.fill(at, style);
+    }
     for (const Slot &slot : slots(at.columns)) {
         Canvas cell = canvas.within({at.column + slot.from, at.row, slot.columns, 1});
         Point to{at.column + slot.from, at.row};

@@ -48,7 +48,8 @@ void TextBoxView::followCaret(int columns) {
     while (first_ < caret && width() >= columns) {
         first_ = clusterEnd(text, first_);
     }
-    // Cells stay empty only when the whole text is in view: it may be shorter now, or the box wider.
+    // Cells stay empty only when the whole text is in view: it may be shorter now, or the box
+    // wider.
     while (first_ > 0) {
         const std::size_t before = clusterStart(text, first_);
         if (shownColumns(text.substr(before), characters()) >= columns) {

@@ -64,6 +64,12 @@ std::u16string foldCase(std::u16string_view text) {
 }
 
 std::size_t clusterEnd(std::u16string_view text, std::size_t from) {
+    // Between two ASCII characters there is an end, except within CR LF.
+    constexpr char16_t firstBeyondAscii = 0x80;
+    if (text[from] >= u' ' && text[from] < firstBeyondAscii &&
+        (from + 1 == text.size() || text[from + 1] < firstBeyondAscii)) {
+        return from + 1;
+    }
     std::size_t at = from;
     auto last = static_cast<utf8proc_int32_t>(nextCharacter(text, at));
     utf8proc_int32_t state = 0;

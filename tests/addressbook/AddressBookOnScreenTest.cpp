@@ -1,7 +1,7 @@
+#include "tests/addressbook/AddressBookOnScreen.h"
 #include "platform/controls/Buttons.h"
 #include "platform/controls/Label.h"
 #include "platform/controls/TextBox.h"
-#include "tests/addressbook/AddressBookOnScreen.h"
 
 namespace kvex::test {
 namespace {

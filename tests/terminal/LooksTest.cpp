@@ -100,6 +100,45 @@ TEST_F(Looks, ASelectedRowIsReverseAndDimWithoutTheFocus) {
         });
 }
 
+TEST_F(Looks, EverySelectedRowIsReverseAndTheCursorStandsAtTheCurrentOne) {
+    ControlDesign many = list();
+    many.multiSelect = true;
+    show(
+        {many},
+        [](Window &window) {
+            auto &rows = window.get<ListView>(u"lvw");
+            for (const auto *text : {u"one", u"two", u"three"}) {
+                rows.addRow(text);
+            }
+        },
+        [&](TerminalUser &user) {
+            user.press(Key::home);
+            user.press(Key::selectDown);
+            user.press(Key::goDown);
+            EXPECT_TRUE(has(u"one", reverse));
+            EXPECT_TRUE(has(u"two", reverse));
+            EXPECT_FALSE(has(u"three", reverse));
+            EXPECT_EQ(play.screen().cursor(), find(u"three"));
+        });
+}
+
+TEST_F(Looks, AClickIntoATextPutsTheCaretThere) {
+    show(
+        {control(ControlKind::textBox, u"txt"), control(ControlKind::richTextBox, u"rt")},
+        [](Window &window) {
+            window.get<TextBox>(u"txt").setText(u"one line");
+            window.get<RichTextBox>(u"rt").setText(u"first\r\nsecond");
+        },
+        [&](TerminalUser &user) {
+            user.clickAt(find(u"line"));
+            user.type(u"more ");
+            EXPECT_EQ(user.get<TextBox>(u"txt").text(), u"one more line");
+            user.clickAt(find(u"cond"));
+            user.type(u"-");
+            EXPECT_EQ(user.get<RichTextBox>(u"rt").text(), u"first\r\nse-cond");
+        });
+}
+
 TEST_F(Looks, AGreyedRowIsDimAndTheStatusSaysWhy) {
     ControlDesign greyed = list();
     greyed.greyedRowHint = u"Locked by another";

@@ -1,10 +1,13 @@
 // The windows in terminals that are too small to show everything at once.
+#include "adapters/lightweight/LightListView.h"
 #include "platform/Text.h"
+#include "platform/controls/Buttons.h"
 #include "tests/terminal/TerminalWindows.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -66,6 +69,73 @@ TEST(SmallTerminal, EveryControlOfEveryWindowCanBeReachedByTab) {
         expectReachable(windows.play(), user);
     });
     EXPECT_EQ(windows.play().problems(), std::vector<std::string>());
+}
+
+/// The rule editor in the smallest terminal, whose pane scrolls.
+void playEditor(const std::function<void(TerminalPlay &play, TerminalUser &user)> &script) {
+    TerminalWindows windows(smallest);
+    windows.walk([&](TerminalUser &user, const std::string &window) {
+        if (window == "frmRuleEdit") {
+            script(windows.play(), user);
+            user.get<ListView>(u"lvwRuleConditions").setFocus();
+        }
+    });
+    EXPECT_EQ(windows.play().problems(), std::vector<std::string>());
+}
+
+TEST(SmallTerminal, TheWayBackToTheFirstControlShowsItsLabelToo) {
+    playEditor([](TerminalPlay &play, TerminalUser &user) {
+        user.get<CommandButton>(u"cmdOK").setFocus();
+        user.press(Key::shiftTab);
+        EXPECT_EQ(user.focused(), u"txtRuleName");
+        play.look();
+        EXPECT_FALSE(user.window().seenAt(u"Label1"));
+        for (int times = 0; times < 3; ++times) {
+            user.press(Key::tab);
+        }
+        EXPECT_EQ(user.focused(), u"lvwRuleConditions");
+        play.look();
+        EXPECT_TRUE(user.window().seenAt(u"Label1"));
+    });
+}
+
+TEST(SmallTerminal, PageKeysOnAButtonScrollTheWindowAndTheNextKeyComesBack) {
+    playEditor([](TerminalPlay &play, TerminalUser &user) {
+        user.get<CommandButton>(u"cmdOK").setFocus();
+        play.look();
+        EXPECT_TRUE(user.window().seenAt(u"Label1"));
+        user.press(Key::pageDown);
+        play.look();
+        EXPECT_FALSE(user.window().seenAt(u"Label1"));
+        user.press(Key::pageUp);
+        play.look();
+        EXPECT_TRUE(user.window().seenAt(u"Label1"));
+    });
+}
+
+TEST(SmallTerminal, TheWheelScrollsAListAndElsewhereTheWindow) {
+    playEditor([](TerminalPlay &play, TerminalUser &user) {
+        const auto wheelOn = [&](std::u16string_view control) {
+            const auto rect = user.window().seenAt(control);
+            ASSERT_TRUE(rect);
+            play.input("\x1b[<65;3;" + std::to_string(rect->row + 1) + "M");
+            play.look();
+        };
+        const auto first = [&] {
+            const auto &list = user.window().element(u"lvwRuleConditions");
+            return dynamic_cast<lightweight::LightListView &>(*list).visibleRows().first();
+        };
+        EXPECT_EQ(first(), 1);
+        wheelOn(u"lvwRuleConditions");
+        EXPECT_EQ(first(), 4);
+        EXPECT_TRUE(user.window().seenAt(u"Label1"));
+        wheelOn(u"Label1");
+        EXPECT_EQ(first(), 4);
+        EXPECT_FALSE(user.window().seenAt(u"Label1"));
+        user.press(Key::home);
+        play.look();
+        EXPECT_TRUE(user.window().seenAt(u"lvwRuleConditions"));
+    });
 }
 
 } // namespace

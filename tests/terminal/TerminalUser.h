@@ -31,6 +31,7 @@ public:
     void type(std::u16string_view text) override;
     void pressAccessKey(char16_t key) override;
     void focusOn(std::u16string_view control) override;
+    void clickAt(terminal::Point at, int times = 1);
 
     void pickDate(std::u16string_view picker, int year, int month, int day) override;
     void pickTime(std::u16string_view picker, int hour, int minute, int second) override;
@@ -52,7 +53,6 @@ private:
     [[nodiscard]] std::optional<terminal::Rect> seen(std::u16string_view control);
     /// Where the row is on the screen, after scrolling there.
     [[nodiscard]] std::optional<terminal::Point> placeOfRow(std::u16string_view list, int row);
-    void clickAt(terminal::Point at, int times = 1);
     void retype(std::u16string_view picker, std::u16string_view value);
     void complain(std::u16string_view problem);
 

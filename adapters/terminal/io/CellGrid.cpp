@@ -44,11 +44,11 @@ int CellGrid::put(Point at, std::u16string_view text, const Style &style, const 
     return at.column - begin;
 }
 
-void CellGrid::fill(const Rect &area, const Style &style) {
+void CellGrid::fill(const Rect &area, const Style &style, std::u16string_view text) {
     const Rect seen = intersection(area, {0, 0, size_.columns, size_.rows});
     for (int row = seen.row; row < seen.row + seen.rows; ++row) {
         for (int column = seen.column; column < seen.column + seen.columns; ++column) {
-            putCells({column, row}, u" ", 1, style);
+            putCells({column, row}, text, 1, style);
         }
     }
 }

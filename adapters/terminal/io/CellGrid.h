@@ -43,8 +43,8 @@ public:
     /// that `clip` cuts off included. Nothing outside `clip` and the grid changes. A wide cluster
     /// becomes blanks where an edge or another put would leave a half of it.
     int put(Point at, std::u16string_view text, const Style &style, const Rect &clip);
-    /// Puts blanks.
-    void fill(const Rect &area, const Style &style);
+    /// Puts `text` into each cell. It is a cluster of one column.
+    void fill(const Rect &area, const Style &style, std::u16string_view text = u" ");
 
     /// Where the terminal's cursor stands; without a value it is hidden.
     std::optional<Point> cursor;
