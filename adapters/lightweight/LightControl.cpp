@@ -1,5 +1,6 @@
 #include "adapters/lightweight/LightControl.h"
 
+#include "adapters/controls/Keys.h"
 #include "adapters/lightweight/LightWindow.h"
 
 namespace kvex::lightweight {
@@ -10,6 +11,12 @@ Element::Element(LightWindow *window, ControlDesign design)
 
 bool Element::hasFocus() const {
     return window_->focus() == this;
+}
+
+std::u16string Element::namedStatus() const {
+    const std::u16string said = status();
+    const std::u16string name = controls::parseCaption(accessCaption()).shown;
+    return said.empty() || name.empty() ? said : name + u": " + said;
 }
 
 void Element::tellChange() {

@@ -47,6 +47,8 @@ public:
     [[nodiscard]] virtual std::u16string status() const {
         return enabled_ ? std::u16string() : design_.disabledHint;
     }
+    /// The status after the caption: "Add: Type a word first". "" if there is no status.
+    [[nodiscard]] std::u16string namedStatus() const;
 
     /// These are the user's actions on a usable element.
     virtual void click() {}

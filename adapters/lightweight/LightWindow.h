@@ -55,9 +55,9 @@ public:
     /// if there is none.
     [[nodiscard]] Element *buttonOfEnter() const;
 
-    /// What the user should know now. It is the status of the focused element. If that is empty, it
-    /// says what the next disabled control waits for, after that control's caption.
-    [[nodiscard]] std::u16string status() const;
+    /// The element whose status the user should know now: the focused one. If that has none, it is
+    /// the disabled default button, or the next disabled control. Null if no status helps.
+    [[nodiscard]] const Element *elementToExplain() const;
 
     /// The focused element gets the key first. Otherwise Tab and the arrows move the focus, and
     /// Enter and Esc press their buttons. Ctrl with Up or Down differs from Up and Down only in a
@@ -85,6 +85,8 @@ private:
     [[nodiscard]] std::size_t placeOf(const Element *element) const;
     [[nodiscard]] Element *nextTabStop(const Element *from, bool forward) const;
     [[nodiscard]] Element *targetOf(const Element &element, char16_t accessKey) const;
+    /// Null if no control has this role.
+    [[nodiscard]] Element *elementOf(bool ControlDesign::*role) const;
     [[nodiscard]] Element *buttonOf(bool ControlDesign::*role) const;
     void walk(bool forward);
 

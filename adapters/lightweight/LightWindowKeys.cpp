@@ -6,19 +6,25 @@
 
 namespace kvex::lightweight {
 
-std::u16string LightWindow::status() const {
+const Element *LightWindow::elementToExplain() const {
     if (focus_ != nullptr && !focus_->status().empty()) {
-        return focus_->status();
+        return focus_;
+    }
+    const auto waits = [](const Element &element) {
+        return element.isVisible() && !element.isEnabled() && !element.status().empty();
+    };
+    const Element *usual = elementOf(&ControlDesign::isDefault);
+    if (usual != nullptr && waits(*usual)) {
+        return usual;
     }
     const std::size_t start = focus_ != nullptr ? placeOf(focus_) : 0;
     for (std::size_t step = 0; step < elements_.size(); ++step) {
         const Element &next = *elements_[(start + step) % elements_.size()];
-        if (!next.isEnabled() && next.isVisible() && !next.status().empty()) {
-            const std::u16string name = controls::parseCaption(next.accessCaption()).shown;
-            return name.empty() ? next.status() : name + u": " + next.status();
+        if (waits(next)) {
+            return &next;
         }
     }
-    return {};
+    return nullptr;
 }
 
 void LightWindow::press(Key key) {
@@ -74,11 +80,16 @@ void LightWindow::walk(bool forward) {
     }
 }
 
-/// The usable button of this role; null if there is none.
-Element *LightWindow::buttonOf(bool ControlDesign::*role) const {
+Element *LightWindow::elementOf(bool ControlDesign::*role) const {
     const auto found = std::ranges::find_if(
         elements_, [role](const auto &element) { return element->design().*role; });
-    return found != elements_.end() && (*found)->isUsable() ? found->get() : nullptr;
+    return found != elements_.end() ? found->get() : nullptr;
+}
+
+/// The usable button of this role; null if there is none.
+Element *LightWindow::buttonOf(bool ControlDesign::*role) const {
+    Element *found = elementOf(role);
+    return found != nullptr && found->isUsable() ? found : nullptr;
 }
 
 Element *LightWindow::buttonOfEnter() const {

@@ -10,7 +10,7 @@ public:
     Showing(Desktop &desktop, TerminalWindow &window) : desktop_(desktop), window_(window) {
         desktop_.shown_.push_back(&window);
         try {
-            desktop_.holdTerminalAsNeeded();
+            desktop_.holdTerminalAsNeeded(desktop_.windows_);
         } catch (...) {
             desktop_.shown_.pop_back();
             throw;
@@ -19,7 +19,7 @@ public:
     ~Showing() {
         window_.close();
         desktop_.shown_.pop_back();
-        desktop_.holdTerminalAsNeeded();
+        desktop_.holdTerminalAsNeeded(desktop_.windows_);
     }
     Showing(const Showing &) = delete;
     Showing &operator=(const Showing &) = delete;
@@ -70,12 +70,14 @@ CellGrid Desktop::picture() const {
 }
 
 void Desktop::windowDone() {
+    holdTerminalAsNeeded(windows_ - 1);
+    // From now on another thread may have the terminal.
     --windows_;
-    holdTerminalAsNeeded();
 }
 
-void Desktop::holdTerminalAsNeeded() {
-    const bool needed = !shown_.empty() || (holdsTerminal_ && windows_ > 0);
+/// The terminal stays for so many windows.
+void Desktop::holdTerminalAsNeeded(int windows) {
+    const bool needed = !shown_.empty() || (holdsTerminal_ && windows > 0);
     if (needed && !holdsTerminal_) {
         terminal_.open();
     } else if (!needed && holdsTerminal_) {

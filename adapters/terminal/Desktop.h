@@ -46,7 +46,7 @@ public:
 private:
     class Showing;
 
-    void holdTerminalAsNeeded();
+    void holdTerminalAsNeeded(int windows);
     void closeAll();
 
     Terminal terminal_;

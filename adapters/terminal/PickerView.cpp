@@ -78,8 +78,7 @@ bool PickerView::paste(std::u16string_view text) {
         } else {
             picker_.pickTime(numbers[0], numbers[1], numbers[2]);
         }
-    } catch (const Error &) {
-        return true;
+    } catch (const Error &) { // NOLINT(bugprone-empty-catch): the picker keeps its value.
     }
     return true;
 }

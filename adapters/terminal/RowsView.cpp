@@ -1,6 +1,7 @@
 #include "adapters/terminal/RowsView.h"
 
 #include "adapters/terminal/WrappedText.h"
+#include "platform/Unicode.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,10 +19,18 @@ constexpr int barColumns = 2;
 constexpr int shiftStep = 8;
 constexpr int tickColumns = 4;
 
-/// The part of `text` that is visible in a column of this width, moved by `shift`.
+/// The part of `text` that is visible in a column of this width. It moves by `shift`, but a text
+/// that fits stays, and none moves further than to its end.
 std::u16string_view visiblePart(std::u16string_view text, int shift, int columns,
                                 Characters characters) {
-    text.remove_prefix(beginning(text, shift, characters).size());
+    int hidden = shift > 0 ? shownColumns(text, characters) - columns : 0;
+    while (shift > 0 && hidden > 0) {
+        const std::size_t end = clusterEnd(text, 0);
+        const int gone = shownColumns(text.substr(0, end), characters);
+        text.remove_prefix(end);
+        shift -= gone;
+        hidden -= gone;
+    }
     return beginning(text, columns, characters);
 }
 

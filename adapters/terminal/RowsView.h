@@ -46,7 +46,7 @@ private:
     std::vector<Picture> pictures_;
     /// The rows below the header, as painted last.
     Rect shown_{};
-    /// How many columns of each text are out of view on the left.
+    /// How many columns of a text that is wide enough are out of view on the left.
     int shift_ = 0;
 };
 

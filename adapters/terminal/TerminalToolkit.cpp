@@ -8,6 +8,11 @@
 namespace kvex::terminal {
 
 Desktop &TerminalToolkit::desktop() {
+    const std::lock_guard lock(mutex_);
+    return lockedDesktop();
+}
+
+Desktop &TerminalToolkit::lockedDesktop() {
     requireThread();
     if (desktop_ == nullptr) {
         desktop_ = std::make_unique<Desktop>(device_, kind_, clipboard_);
@@ -16,7 +21,6 @@ Desktop &TerminalToolkit::desktop() {
 }
 
 void TerminalToolkit::requireThread() {
-    const std::lock_guard lock(mutex_);
     if (owner_ && !owner_->isCurrent() && desktop_ != nullptr && desktop_->hasWindows()) {
         throw Error(error_number::invalidCall, u"No window can be shown from " +
                                                    OwnerThread().text() +
@@ -29,7 +33,8 @@ void TerminalToolkit::requireThread() {
 }
 
 std::unique_ptr<Window> TerminalToolkit::createWindow(const WindowDesign &design) {
-    Desktop &shownOn = desktop();
+    const std::lock_guard lock(mutex_);
+    Desktop &shownOn = lockedDesktop();
     controls::checkDesign(design);
     return std::make_unique<TerminalWindow>(shownOn, design, Shape::window,
                                             [this](const Error &error) { showRefusal(error); });
@@ -37,7 +42,12 @@ std::unique_ptr<Window> TerminalToolkit::createWindow(const WindowDesign &design
 
 std::int32_t TerminalToolkit::showMessageBox(const std::u16string &title,
                                              const std::u16string &text, std::int32_t style) {
-    TerminalWindow box(desktop(), messageBoxDesign(title, text, style), Shape::box, {});
+    const auto made = [&] {
+        const std::lock_guard lock(mutex_);
+        return std::make_unique<TerminalWindow>(
+            lockedDesktop(), messageBoxDesign(title, text, style), Shape::box, nullptr);
+    }();
+    TerminalWindow &box = *made;
     // The frame answers as Esc does.
     std::int32_t answer = style == message_box::yesNo ? message_box::no : message_box::ok;
     const auto closesWith = [&](const char16_t *button, std::int32_t result) {

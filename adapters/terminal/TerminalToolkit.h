@@ -26,6 +26,9 @@ public:
     [[nodiscard]] Desktop &desktop();
 
 private:
+    /// For a thread that holds the lock until its window counts, so that no other thread makes one
+    /// meanwhile.
+    [[nodiscard]] Desktop &lockedDesktop();
     /// Fails with invalidCall while the windows of another thread exist.
     void requireThread();
     void showRefusal(const Error &error);

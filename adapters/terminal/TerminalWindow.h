@@ -54,6 +54,8 @@ private:
     [[nodiscard]] Rect innerRect(const Rect &outer) const;
     void paintAround(Canvas &canvas, const Rect &outer);
     void paintStatus(CellGrid &grid) const;
+    /// The element about which the status line speaks; null if there is none.
+    [[nodiscard]] const lightweight::Element *explained() const;
     /// What the status line says in so many columns.
     [[nodiscard]] std::u16string statusLine(int columns) const;
 
@@ -86,8 +88,8 @@ private:
     bool followsFocus_ = true;
     /// After F2, the next character is an access key.
     bool awaitsAccessKey_ = false;
-    /// What a disabled control waits for that the user tried to use.
-    std::u16string answer_;
+    /// The disabled control that the user tried to use; null if the last input was no such try.
+    const lightweight::Element *tried_ = nullptr;
     bool isDone_ = false;
 };
 

@@ -12,22 +12,16 @@ namespace {
 
 constexpr int wheelRows = 3;
 
-/// What the user waits for in vain; "" if the control is not disabled.
-std::u16string waitingText(const lightweight::Element &element) {
-    const std::u16string waits = element.isEnabled() ? std::u16string() : element.status();
-    const std::u16string name = controls::parseCaption(element.accessCaption()).shown;
-    return waits.empty() || name.empty() ? waits : name + u": " + waits;
-}
-
 } // namespace
 
 void TerminalWindow::handle(const Input &input) {
     constexpr Stroke help{Key::help};
     if (input == Input(help) && shape_ == Shape::window) {
-        showKeysBox(desktop_, answer_.empty() ? status() : answer_);
+        const lightweight::Element *about = explained();
+        showKeysBox(desktop_, about != nullptr ? about->namedStatus() : std::u16string());
         return;
     }
-    answer_.clear();
+    tried_ = nullptr;
     std::visit(
         [this](const auto &what) {
             if constexpr (requires { take(what); }) {
@@ -53,7 +47,7 @@ void TerminalWindow::useAccessKey(std::u16string_view cluster) {
     for (const auto &element : elements()) {
         if (element->isVisible() &&
             controls::hasAccessKey(element->accessCaption(), cluster.front())) {
-            answer_ = waitingText(*element);
+            tried_ = element.get();
         }
     }
 }
@@ -131,29 +125,40 @@ void TerminalWindow::click(const Placed &placed, Point at, bool twice) {
         element.takeFocus();
         view.click(at, twice);
     } else {
-        answer_ = waitingText(element);
+        tried_ = &element;
     }
 }
 
+const lightweight::Element *TerminalWindow::explained() const {
+    return tried_ != nullptr && !tried_->status().empty() ? tried_ : elementToExplain();
+}
+
 std::u16string TerminalWindow::statusLine(int columns) const {
-    const Characters characters = desktop_.ability().characters;
-    std::u16string said = answer_.empty() ? status() : answer_;
+    const auto fits = [&](const std::u16string &text) {
+        return shownColumns(text, desktop_.ability().characters) <= columns;
+    };
+    std::u16string said;
     if (awaitsAccessKey_) {
         said = u"Press an underlined letter";
-    } else if (said.empty()) {
+    } else if (const lightweight::Element *about = explained()) {
+        said = about->namedStatus();
+        if (!fits(said)) {
+            said = about->status();
+        }
+    } else {
         for (const char16_t *const key :
              {u"Tab: next", u"   Esc: cancel", u"   Alt+letter or F2, letter: underlined letter"}) {
-            if (shownColumns(said + key, characters) <= columns) {
+            if (fits(said + key)) {
                 said += key;
             }
         }
     }
-    if (shownColumns(said, characters) <= columns) {
+    if (fits(said)) {
         return said;
     }
     constexpr std::u16string_view more = u"...";
     const int room = columns - static_cast<int>(more.size());
-    return std::u16string(beginning(said, room, characters)).append(more);
+    return std::u16string(beginning(said, room, desktop_.ability().characters)).append(more);
 }
 
 } // namespace kvex::terminal

@@ -217,6 +217,24 @@ TEST_F(Looks, WideRowsMoveSidewaysByKeys) {
         });
 }
 
+TEST_F(Looks, ARowMovesSidewaysOnlyAsFarAsItsOwnTextNeeds) {
+    show(
+        {list()},
+        [](Window &window) {
+            auto &rows = window.get<ListView>(u"lvw");
+            rows.addColumn(u"Name", 1);
+            rows.addRow(u"short");
+            rows.addRow(u"the beginning of a text that is too wide to be seen");
+        },
+        [&](TerminalUser &user) {
+            for (int times = 0; times < 9; ++times) {
+                user.press(Key::right);
+            }
+            EXPECT_TRUE(isOnScreen(u"to be seen"));
+            EXPECT_TRUE(isOnScreen(u"short"));
+        });
+}
+
 TEST_F(Looks, AListOfManyRowsWritesLittleForAnArrowKey) {
     show(
         {list()},

@@ -243,6 +243,16 @@ TEST(TerminalToolkit, TheStatusLineSaysWhatADisabledButtonWaitsFor) {
     });
 }
 
+TEST(TerminalToolkit, ANarrowStatusLineLeavesOutTheNameOfTheDisabledButton) {
+    TerminalPlay play({40, 12});
+    ControlDesign waiting = disabled(control(button, u"cmd", u"&Go to the other side"));
+    waiting.disabledHint = u"Type something first";
+    const auto shown = window(play, {control(text, u"txt"), waiting});
+    show(play, *shown, [&](TerminalUser &) {
+        EXPECT_EQ(play.screen().line(11), u" Type something first          F1: help");
+    });
+}
+
 TEST(TerminalToolkit, APastedTextGoesThroughTheFilterOfTyping) {
     TerminalPlay play;
     ControlDesign box = control(text, u"txt");

@@ -122,10 +122,6 @@ void Terminal::show(const CellGrid &grid) {
     }
 }
 
-void Terminal::bell() {
-    state_->device.write("\a");
-}
-
 Input Terminal::next() {
     State &state = *state_;
     for (;;) {

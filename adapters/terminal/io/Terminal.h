@@ -45,14 +45,12 @@ public:
     /// At least 1 x 1.
     [[nodiscard]] Size size() const;
     [[nodiscard]] bool hasColours() const noexcept;
-    [[nodiscard]] bool hasUtf8() const noexcept { return characters() == Characters::unicode; }
     [[nodiscard]] bool hasMouse() const noexcept;
     [[nodiscard]] Characters characters() const noexcept;
 
     /// Makes the screen show the grid, by writing what differs. A grid of another size is cut, or
     /// has blanks around it.
     void show(const CellGrid &grid);
-    void bell();
 
     /// Waits for the user. After Resized and Repaint, show() writes everything again.
     [[nodiscard]] Input next();

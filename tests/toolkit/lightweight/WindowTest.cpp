@@ -144,6 +144,24 @@ TEST(LightWindow, TheFocusOnAnotherButtonChangesTheDefaultOneToo) {
     EXPECT_EQ(window.takeChanged(), (Names{u"chk", u"cmd", u"cmdOK"}));
 }
 
+std::u16string statusOf(const TestWindow &window) {
+    const Element *element = window.elementToExplain();
+    return element != nullptr ? element->namedStatus() : std::u16string();
+}
+
+TEST(LightWindow, SaysWhatTheDisabledDefaultButtonWaitsForFirst) {
+    ControlDesign clear = disabled(button(u"cmdClear"));
+    clear.caption = u"Clear";
+    clear.disabledHint = u"Add a word first";
+    ControlDesign add = disabled(button(u"cmdAdd", true));
+    add.caption = u"&Add";
+    add.disabledHint = u"Type a word first";
+    TestWindow window({control(ControlKind::textBox, u"txt"), clear, add});
+    EXPECT_EQ(statusOf(window), u"Add: Type a word first");
+    window.get<CommandButton>(u"cmdAdd").setEnabled(true);
+    EXPECT_EQ(statusOf(window), u"Clear: Add a word first");
+}
+
 TEST(LightWindow, SaysWhatTheNextDisabledControlWaitsFor) {
     ControlDesign add = disabled(button(u"cmdAdd"));
     add.caption = u"&Add";
@@ -154,13 +172,13 @@ TEST(LightWindow, SaysWhatTheNextDisabledControlWaitsFor) {
     ok.disabledHint = u"Add a word first";
     TestWindow window({control(ControlKind::textBox, u"txt"), add, button(u"cmd"), ok});
     EXPECT_EQ(window.element(u"cmdOK")->status(), u"Add a word first");
-    EXPECT_EQ(window.status(), u"Add: Type a word first");
+    EXPECT_EQ(statusOf(window), u"Add: Type a word first");
     window.press(Key::tab);
-    EXPECT_EQ(window.status(), u"OK: Add a word first");
+    EXPECT_EQ(statusOf(window), u"OK: Add a word first");
     window.get<CommandButton>(u"cmdOK").setEnabled(true);
-    EXPECT_EQ(window.status(), u"Add: Type a word first");
+    EXPECT_EQ(statusOf(window), u"Add: Type a word first");
     window.get<CommandButton>(u"cmdAdd").setVisible(false);
-    EXPECT_EQ(window.status(), u"");
+    EXPECT_EQ(statusOf(window), u"");
 }
 
 TEST(LightWindow, TakesNoTextWhereNoneIsTyped) {
