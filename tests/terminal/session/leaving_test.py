@@ -13,6 +13,9 @@ ENDS = {
     signal.SIGTERM: 143, signal.SIGINT: 130, signal.SIGQUIT: 131, signal.SIGHUP: 0,
     signal.SIGSEGV: 139, signal.SIGABRT: 134,
 }
+# Sanitizers leave the signals to the program.
+SANITIZERS = {"ASAN_OPTIONS": ":".join(filter(None, [
+    os.environ.get("ASAN_OPTIONS"), "handle_segv=0", "handle_abort=0"]))}
 
 
 class Leaving(SessionTest):
@@ -30,7 +33,7 @@ class Leaving(SessionTest):
     def begin(self, shell):
         process = shell.start([PROGRAM, "edit", "--toolkit", "terminal", "--log",
                                self.folder / "kvex.log"],
-                              KVEX_DATABASE=str(self.database.path))
+                              KVEX_DATABASE=str(self.database.path), **SANITIZERS)
         shell.wait_for("the editor", lambda: shell.shows("4. Rule Name"))
         self.assertEqual(shell.state()["alternate_on"], "1")
         self.assertNotEqual(shell.state(), self.before[1])

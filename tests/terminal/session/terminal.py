@@ -94,7 +94,9 @@ class Terminal:
         self.line = os.ttyname(line)
         self.set_size(columns, rows)
         self.settings_before = termios.tcgetattr(line)
-        environ = {"HOME": str(self.home), "PATH": "/usr/bin:/bin", "LC_ALL": "C.UTF-8",
+        sanitizers = {name: os.environ[name] for name in ("ASAN_OPTIONS", "UBSAN_OPTIONS")
+                      if name in os.environ}
+        environ = {**sanitizers, "HOME": str(self.home), "PATH": "/usr/bin:/bin", "LC_ALL": "C.UTF-8",
                    "TERM": kind, **variables}
         self.process = subprocess.Popen(
             command, stdin=line, stdout=line, stderr=line, start_new_session=True,
