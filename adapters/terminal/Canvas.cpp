@@ -28,8 +28,8 @@ int Canvas::put(Point at, std::u16string_view text, const Style &style) {
     return grid_.put(at, text, style, clip_);
 }
 
-void Canvas::fill(const Rect &rect, const Style &style) {
-    grid_.fill(intersection(clip_, rect), style);
+void Canvas::fill(const Rect &rect, const Style &style, std::u16string_view cluster) {
+    grid_.fill(intersection(clip_, rect), style, cluster);
 }
 
 void Canvas::border(const Rect &rect, std::u16string_view title) {
@@ -51,11 +51,11 @@ void Canvas::border(const Rect &rect, std::u16string_view title) {
 }
 
 void Canvas::lineAcross(Point from, int columns) {
-    grid_.fill(intersection(clip_, {from.column, from.row, columns, 1}), {}, linesOf(grid_).across);
+    fill({from.column, from.row, columns, 1}, {}, linesOf(grid_).across);
 }
 
 void Canvas::lineDown(Point from, int rows) {
-    grid_.fill(intersection(clip_, {from.column, from.row, 1, rows}), {}, linesOf(grid_).down);
+    fill({from.column, from.row, 1, rows}, {}, linesOf(grid_).down);
 }
 
 void Canvas::scrollBar(Point from, int rows, int first, int seen, int all) {
@@ -66,8 +66,7 @@ void Canvas::scrollBar(Point from, int rows, int first, int seen, int all) {
     const int thumb = std::clamp(rows * seen / all, 1, rows);
     const int travel = static_cast<int>(std::int64_t{rows - thumb} * std::min(first, all - seen) /
                                         std::max(all - seen, 1));
-    grid_.fill(intersection(clip_, {from.column, from.row + travel, 1, thumb}), {},
-               linesOf(grid_).thumb);
+    fill({from.column, from.row + travel, 1, thumb}, {}, linesOf(grid_).thumb);
 }
 
 void Canvas::setCursor(Point at) {

@@ -17,8 +17,8 @@ public:
 
     /// Returns the columns taken, even of what is not visible.
     int put(Point at, std::u16string_view text, const Style &style = {});
-    /// Blanks in this style.
-    void fill(const Rect &rect, const Style &style = {});
+    /// The same in every cell: a blank, or another cluster of one column.
+    void fill(const Rect &rect, const Style &style = {}, std::u16string_view cluster = u" ");
     /// A border just inside `rect`, with `title` in its upper edge.
     void border(const Rect &rect, std::u16string_view title = {});
     void lineAcross(Point from, int columns);

@@ -2,6 +2,9 @@
 
 #include "adapters/terminal/TerminalWindow.h"
 
+#include <algorithm>
+#include <ranges>
+
 namespace kvex::terminal {
 
 /// While it lives, its window is the active one.
@@ -62,7 +65,10 @@ void Desktop::closeAll() {
 
 CellGrid Desktop::picture() const {
     CellGrid grid(terminal_.size(), terminal_.characters());
-    for (TerminalWindow *window : shown_) {
+    const auto fillsTerminal = [](const TerminalWindow *window) { return window->fillsTerminal(); };
+    const auto lowest = std::ranges::find_if(std::views::reverse(shown_), fillsTerminal);
+    const auto hidden = lowest == shown_.rend() ? 0 : shown_.rend() - lowest - 1;
+    for (TerminalWindow *window : shown_ | std::views::drop(hidden)) {
         grid.cursor.reset();
         window->paint(grid, window == shown_.back());
     }

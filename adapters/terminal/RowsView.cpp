@@ -141,7 +141,7 @@ void RowsView::paintRow(Canvas &canvas, const Rect &at, int row, bool hasFocus) 
     style.reverse = list_.selected(row);
     style.dim = list_.rowColour(row) == RowColour::greyText || !element().isEnabled() ||
                 (style.reverse && !hasFocus);
-    if (style != Style{}) {
+    if (style != Style()) {
         canvas.fill(at, style);
     }
     for (const Slot &slot : slots(at.columns)) {

@@ -82,9 +82,12 @@ Rect TerminalWindow::innerRect(const Rect &outer) const {
 void TerminalWindow::paint(CellGrid &grid, bool isActive) {
     const Rect outer = outerRect(grid.size());
     Canvas canvas(grid, outer);
-    canvas.fill(outer);
+    // Nothing is below a window that fills the terminal.
+    if (!fillsTerminal()) {
+        canvas.fill(outer);
+    }
     paintAround(canvas, outer);
-    arrangement_ = layout_.arrange(innerRect(outer));
+    arrange(innerRect(outer));
     keepFocusInView();
     for (const Placed &placed : arrangement_.placed) {
         auto *view = static_cast<ControlView *>(placed.control);
@@ -100,6 +103,28 @@ void TerminalWindow::paint(CellGrid &grid, bool isActive) {
     }
     if (isActive) {
         paintStatus(grid);
+    }
+}
+
+/// Lays out anew only when a size can have changed: most keys change none.
+void TerminalWindow::arrange(const Rect &room) {
+    std::u16string sizes;
+    const auto add = [&sizes](int size) { sizes += static_cast<char16_t>(size); };
+    for (const auto &[element, view] : views_) {
+        const std::u16string_view caption = element->accessCaption();
+        add(view->isShown() ? 1 : 0);
+        if (caption.empty()) {
+            add(view->columns().natural);
+            add(view->rows(room.columns, Economy::none).natural);
+        } else {
+            add(static_cast<int>(caption.size()));
+            sizes += caption;
+        }
+    }
+    if (room != arrangedRoom_ || sizes != arrangedSizes_) {
+        arrangement_ = layout_.arrange(room);
+        arrangedRoom_ = room;
+        arrangedSizes_ = std::move(sizes);
     }
 }
 

@@ -30,6 +30,8 @@ public:
     [[nodiscard]] lightweight::LightClipboard &clipboard() override { return desktop_.clipboard(); }
     [[nodiscard]] controls::ErrorObserver errorObserver() override { return observer_; }
 
+    /// Whether nothing below the window is visible.
+    [[nodiscard]] bool fillsTerminal() const { return shape_ == Shape::window; }
     /// Lays the window out for the grid and paints it over what is there. Only the active window
     /// shows its focus and its status.
     void paint(CellGrid &grid, bool isActive);
@@ -52,6 +54,7 @@ private:
     [[nodiscard]] ControlView *viewOf(const lightweight::Element *element) const;
     [[nodiscard]] Rect outerRect(Size size) const;
     [[nodiscard]] Rect innerRect(const Rect &outer) const;
+    void arrange(const Rect &room);
     void paintAround(Canvas &canvas, const Rect &outer);
     void paintStatus(CellGrid &grid) const;
     /// The element about which the status line speaks; null if there is none.
@@ -80,6 +83,9 @@ private:
     std::map<const lightweight::Element *, std::unique_ptr<ControlView>> views_;
     BoxLayout layout_;
     Arrangement arrangement_;
+    /// What the arrangement was made for: the room, and all that the controls' sizes follow from.
+    Rect arrangedRoom_{};
+    std::u16string arrangedSizes_;
     /// The mark that closes the window as its frame does; a terminal without a mouse has none.
     Rect closeMark_{};
     /// The first row of the pane's content in view.

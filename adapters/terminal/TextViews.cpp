@@ -141,7 +141,6 @@ void RichTextView::paint(Canvas &canvas, const Rect &at, const Look &look) {
     box_.setPage(std::max(shown_.rows, 1));
     followCaret();
 
-    canvas.fill(at);
     if (frame > 0) {
         canvas.border(at);
     } else {

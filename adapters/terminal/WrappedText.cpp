@@ -15,8 +15,9 @@ void wrapLine(std::u16string_view text, WrappedLine whole, int columns, Characte
     std::size_t wordStart = from;
     int taken = 0;
     for (std::size_t at = whole.from; at < whole.to;) {
-        const std::size_t end = std::min(clusterEnd(text, at), whole.to);
-        const int width = shownCluster(text.substr(at, end - at), characters).columns;
+        const bool isPlain = isPlainAt(text, at);
+        const std::size_t end = isPlain ? at + 1 : std::min(clusterEnd(text, at), whole.to);
+        const int width = isPlain ? 1 : shownCluster(text.substr(at, end - at), characters).columns;
         const bool isBlank = text[at] == u' ';
         if (taken + width > columns && !isBlank && at > from) {
             const bool isBetweenWords = wordStart > from;
@@ -54,8 +55,9 @@ int longestPart(std::u16string_view text, std::u16string_view ends, Characters c
 std::u16string_view beginning(std::u16string_view text, int columns, Characters characters) {
     std::size_t at = 0;
     while (at < text.size()) {
-        const std::size_t end = clusterEnd(text, at);
-        columns -= shownCluster(text.substr(at, end - at), characters).columns;
+        const bool isPlain = isPlainAt(text, at);
+        const std::size_t end = isPlain ? at + 1 : clusterEnd(text, at);
+        columns -= isPlain ? 1 : shownCluster(text.substr(at, end - at), characters).columns;
         if (columns < 0) {
             break;
         }

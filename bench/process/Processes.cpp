@@ -13,17 +13,6 @@
 namespace kvex::bench {
 namespace {
 
-std::vector<std::string> environmentWith(const std::map<std::string, std::string> &variables) {
-    std::vector<std::string> all;
-    for (char **variable = environ; *variable != nullptr; ++variable) {
-        all.emplace_back(*variable);
-    }
-    for (const auto &[name, value] : variables) {
-        all.push_back(name + "=" + value);
-    }
-    return all;
-}
-
 std::string readAll(int pipe) {
     std::string text;
     std::array<char, 65536> part{};
@@ -34,6 +23,17 @@ std::string readAll(int pipe) {
 }
 
 } // namespace
+
+std::vector<std::string> environmentWith(const std::map<std::string, std::string> &variables) {
+    std::vector<std::string> all;
+    for (char **variable = environ; *variable != nullptr; ++variable) {
+        all.emplace_back(*variable);
+    }
+    for (const auto &[name, value] : variables) {
+        all.push_back(name + "=" + value);
+    }
+    return all;
+}
 
 Run runProgram(const std::filesystem::path &program, std::vector<std::string> arguments,
                const std::map<std::string, std::string> &variables) {

@@ -1,99 +1,148 @@
-// One key in a long list in a terminal, from its bytes to the last byte of the new picture. It is
-// compared with a program that knows its screen and paints it anew by hand.
-#include "adapters/terminal/TerminalToolkit.h"
-#include "adapters/terminal/io/Terminal.h"
+// One arrow key in a long list: the time from the key to the last byte written, and the bytes.
+#include "bench/support/RuleSet.h"
 #include "bench/support/Timing.h"
-#include "platform/controls/DesignPieces.h"
-#include "platform/controls/ListView.h"
-#include "tests/terminal/FakeDevice.h"
+#include "bench/terminal/HandPainter.h"
+#include "bench/terminal/KeyTimer.h"
+#include "host/addressbook/AddressBookWindow.h"
+#include "platform/Text.h"
 
+#include <algorithm>
 #include <array>
-#include <string>
+#include <stdexcept>
+#include <termios.h>
 
 namespace kvex::bench {
 namespace {
 
-using namespace terminal;
+constexpr std::string_view up = "\x1b[A";
+constexpr std::string_view down = "\x1b[B";
+constexpr std::string_view pageDown = "\x1b[6~";
+constexpr std::string_view tab = "\t";
+constexpr std::string_view escape = "\x1b";
 
-const TerminalKind kind{"xterm-256color", Characters::unicode, true};
-constexpr std::array keys{"\x1b[A", "\x1b[B"};
+/// What the arrow down does: selects the row below, or also scrolls the list.
+enum class Step { selects, scrolls };
 
-std::u16string rowText(std::size_t row) {
-    const std::string digits = std::to_string(row);
-    return u"The rule number " + std::u16string(digits.begin(), digits.end());
-}
-
-std::unique_ptr<Window> windowWithList(TerminalToolkit &toolkit, std::size_t rows) {
-    ControlDesign list{ControlKind::listView, u"lvw"};
-    list.columnHeaders = true;
-    list.checkBoxes = true;
-    auto window = toolkit.createWindow({u"frmTest", u"Rules", {list}, column({place(u"lvw")})});
-    auto &view = window->get<ListView>(u"lvw");
-    view.addColumn(u"Rules", 1);
-    for (std::size_t row = 1; row <= rows; ++row) {
-        view.addRow(rowText(row));
+void press(KeyTimer &timer, Step step) {
+    if (step == Step::selects) {
+        timer.press(up);
     }
-    view.select(static_cast<int>(rows / 2));
-    return window;
+    timer.press(down);
 }
 
-void key(benchmark::State &state) {
-    test::FakeDevice device;
-    TerminalToolkit toolkit(device, kind);
-    const auto window = windowWithList(toolkit, sizeOf(state));
-    std::optional<Stopwatch> watch;
-    std::size_t number = 0;
-    // The window waits for the next key when it has shown what the last one did.
-    device.onWait = [&] {
-        if (watch) {
-            watch->stop();
-            benchmark::DoNotOptimize(device.taken());
-        }
-        if (state.KeepRunning()) {
-            watch.emplace(state);
-            device.type(keys[number++ % keys.size()]);
-        }
+/// The names are those of rules, in several scripts. The numbers follow no order.
+std::vector<host::Contact> contacts(std::size_t count) {
+    std::vector<host::Contact> all;
+    std::int64_t number = 0;
+    for (const RuleRow &rule : ruleRows(count)) {
+        number = (number + 61'803'399) % 100'000'000;
+        all.push_back(
+            {toText(std::int64_t{rule.priority}), rule.name, toText(9'800'000'000 + number)});
+    }
+    return all;
+}
+
+/// Shows an address book. When `script` begins, the selected row is the last one in view.
+void showContacts(std::size_t count, const std::function<void(KeyTimer &timer)> &script) {
+    KeyTimer timer;
+    host::AddressBookWindow window(timer.toolkit(), contacts(count), true);
+    timer.onWindow = [&] {
+        timer.press(tab);
+        timer.press(pageDown);
+        script(timer);
+        timer.press(escape);
     };
-    window->showModal();
-}
-BENCHMARK(key)->Name("terminal_key")->Apply(atEverySize);
-
-/// The same picture: a title, headers and a page of rows, one of them selected.
-CellGrid picture(Size size, std::size_t first, int selected) {
-    CellGrid grid(size);
-    const Rect all{0, 0, size.columns, size.rows};
-    grid.fill({0, 0, size.columns, 1}, {.bold = true, .reverse = true});
-    grid.put({1, 0}, u"Rules", {.bold = true, .reverse = true}, all);
-    grid.put({2, 1}, u"Rules", {.bold = true}, all);
-    for (int row = 2; row < size.rows - 1; ++row) {
-        const Style style{.reverse = row == selected};
-        grid.fill({2, row, size.columns - 4, 1}, style);
-        grid.put({1, row}, u"│", {}, all);
-        grid.put({2, row}, u"[ ] " + rowText(first + static_cast<std::size_t>(row)), style, all);
-        grid.put({size.columns - 2, row}, u"│", {}, all);
-    }
-    grid.put({1, size.rows - 1}, u"Tab: next   Esc: cancel", {}, all);
-    grid.cursor = Point{2, selected};
-    return grid;
+    static_cast<void>(window.show());
 }
 
-void repaint(benchmark::State &state) {
-    test::FakeDevice device;
-    Terminal terminal(device, kind);
-    const OpenTerminal open(terminal);
-    const std::size_t first = sizeOf(state) / 2;
-    terminal.show(picture(terminal.size(), first, 4));
-    std::size_t number = 0;
+void pressKeys(benchmark::State &state, Step step) {
+    showContacts(sizeOf(state), [&](KeyTimer &timer) {
+        for (auto _ : state) {
+            press(timer, step);
+            state.SetIterationTime(timer.seconds());
+        }
+    });
+}
+
+void countBytes(benchmark::State &state, Step step) {
+    constexpr int keys = 50;
+    showContacts(sizeOf(state), [&](KeyTimer &timer) {
+        for (auto _ : state) {
+            std::size_t most = 0;
+            for (int key = 0; key < keys; ++key) {
+                press(timer, step);
+                most = std::max(most, timer.written());
+            }
+            state.SetIterationTime(timer.seconds());
+            report(state, static_cast<double>(most));
+        }
+    });
+}
+
+/// A slow line of 9,600 baud takes less than half a second for these.
+void allowedBytes(benchmark::State &state) {
     for (auto _ : state) {
-        Stopwatch watch(state);
-        device.type(keys[number % keys.size()]);
-        benchmark::DoNotOptimize(terminal.next());
-        terminal.show(picture(terminal.size(), first, 4 + static_cast<int>(number++ % 2)));
-        watch.stop();
-        benchmark::DoNotOptimize(device.taken());
+        state.SetIterationTime(1);
+        report(state, 400);
     }
 }
-BENCHMARK(repaint)->Name("terminal_key.peer")->Apply(atEverySize);
+
+/// The screens after some keys.
+std::vector<HandPainter> screensAfter(std::size_t count, Step step) {
+    std::vector<HandPainter> screens;
+    showContacts(count, [&](KeyTimer &timer) {
+        for (int key = 0; key < 2; ++key) {
+            press(timer, step);
+            screens.emplace_back(timer.everything());
+        }
+    });
+    return screens;
+}
+
+/// A program that reads the key and writes the whole screen.
+void repaint(benchmark::State &state, Step step) {
+    const std::vector<HandPainter> screens = screensAfter(sizeOf(state), step);
+    const test::Pty terminal;
+    termios modes{};
+    tcgetattr(terminal.program, &modes);
+    cfmakeraw(&modes);
+    tcsetattr(terminal.program, TCSANOW, &modes);
+    std::size_t keys = 0;
+    for (auto _ : state) {
+        static_cast<void>(terminal.read());
+        Stopwatch watch(state);
+        terminal.type(down);
+        std::array<char, 16> key{};
+        if (read(terminal.program, key.data(), key.size()) <= 0) {
+            throw std::runtime_error("no key has arrived");
+        }
+        const std::string bytes = screens[++keys % screens.size()].painted();
+        if (write(terminal.program, bytes.data(), bytes.size()) <= 0) {
+            throw std::runtime_error("the terminal takes no bytes");
+        }
+        watch.stop();
+    }
+}
+
+void atSomeSizes(benchmark::internal::Benchmark *benchmark) {
+    atEverySize(benchmark);
+    benchmark->Iterations(50);
+}
+BENCHMARK_CAPTURE(pressKeys, selects, Step::selects)->Name("terminal_key")->Apply(atSomeSizes);
+BENCHMARK_CAPTURE(repaint, selects, Step::selects)->Name("terminal_key.peer")->Apply(atSomeSizes);
+BENCHMARK_CAPTURE(pressKeys, scrolls, Step::scrolls)->Name("terminal_scroll")->Apply(atSomeSizes);
+BENCHMARK_CAPTURE(repaint, scrolls, Step::scrolls)
+    ->Name("terminal_scroll.peer")
+    ->Apply(atSomeSizes);
+
+void once(benchmark::internal::Benchmark *benchmark) {
+    atEverySize(benchmark);
+    benchmark->Iterations(1);
+}
+BENCHMARK_CAPTURE(countBytes, selects, Step::selects)->Name("terminal_key_bytes")->Apply(once);
+BENCHMARK(allowedBytes)->Name("terminal_key_bytes.peer")->Apply(once);
+BENCHMARK_CAPTURE(countBytes, scrolls, Step::scrolls)->Name("terminal_scroll_bytes")->Apply(once);
+BENCHMARK(allowedBytes)->Name("terminal_scroll_bytes.peer")->Apply(once);
 
 } // namespace
 } // namespace kvex::bench

@@ -3,18 +3,25 @@
 #include "platform/Unicode.h"
 
 namespace kvex::terminal {
+namespace {
+
+/// Nearly all cells show one unit all the time.
+void setText(Cell &cell, std::u16string_view text) {
+    if (text.size() == 1 && cell.text.size() == 1) {
+        cell.text.front() = text.front();
+    } else {
+        cell.text = text;
+    }
+}
+
+} // namespace
 
 CellGrid::CellGrid(Size size, Characters characters)
     : size_{std::max(0, size.columns), std::max(0, size.rows)}, characters_(characters),
       cells_(static_cast<std::size_t>(size_.columns) * static_cast<std::size_t>(size_.rows)) {}
 
-std::size_t CellGrid::indexOf(Point point) const {
-    return static_cast<std::size_t>(point.row) * static_cast<std::size_t>(size_.columns) +
-           static_cast<std::size_t>(point.column);
-}
-
-const Cell &CellGrid::at(Point point) const {
-    return cells_[indexOf(point)];
+std::span<const Cell> CellGrid::row(int row) const {
+    return {&cells_[indexOf({0, row})], static_cast<std::size_t>(size_.columns)};
 }
 
 int CellGrid::put(Point at, std::u16string_view text, const Style &style, const Rect &clip) {
@@ -30,6 +37,10 @@ int CellGrid::put(Point at, std::u16string_view text, const Style &style, const 
         at.column += columns;
     };
     for (std::size_t from = 0; from < text.size();) {
+        if (isPlainAt(text, from)) {
+            putPiece(text.substr(from++, 1), 1);
+            continue;
+        }
         const std::size_t end = clusterEnd(text, from);
         const ShownCluster shown = shownCluster(text.substr(from, end - from), characters_);
         if (shown.isAscii) {
@@ -44,11 +55,20 @@ int CellGrid::put(Point at, std::u16string_view text, const Style &style, const 
     return at.column - begin;
 }
 
-void CellGrid::fill(const Rect &area, const Style &style, std::u16string_view text) {
+void CellGrid::fill(const Rect &area, const Style &style, std::u16string_view cluster) {
     const Rect seen = intersection(area, {0, 0, size_.columns, size_.rows});
+    if (seen.columns < 1) {
+        return;
+    }
     for (int row = seen.row; row < seen.row + seen.rows; ++row) {
-        for (int column = seen.column; column < seen.column + seen.columns; ++column) {
-            putCells({column, row}, text, 1, style);
+        // Only the edges can leave a half of a wide cluster.
+        putCells({seen.column, row}, cluster, 1, style);
+        putCells({seen.column + seen.columns - 1, row}, cluster, 1, style);
+        const auto cells = std::span(cells_).subspan(indexOf({seen.column, row}),
+                                                     static_cast<std::size_t>(seen.columns));
+        for (Cell &cell : cells) {
+            setText(cell, cluster);
+            cell.style = style;
         }
     }
 }
@@ -62,7 +82,8 @@ void CellGrid::putCells(Point at, std::u16string_view text, int columns, const S
     if (at.column + columns < size_.columns && cells_[after].text.empty()) {
         cells_[after].text = u" ";
     }
-    cells_[first] = {std::u16string(text), style};
+    setText(cells_[first], text);
+    cells_[first].style = style;
     if (columns == 2) {
         cells_[first + 1] = {u"", style};
     }

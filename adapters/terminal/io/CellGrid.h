@@ -6,6 +6,7 @@
 #include "platform/TextRun.h"
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,21 +38,25 @@ public:
     [[nodiscard]] Size size() const noexcept { return size_; }
     [[nodiscard]] Characters characters() const noexcept { return characters_; }
     /// The cell at a point of the grid.
-    [[nodiscard]] const Cell &at(Point point) const;
+    [[nodiscard]] const Cell &at(Point point) const { return cells_[indexOf(point)]; }
+    [[nodiscard]] std::span<const Cell> row(int row) const;
 
     /// Puts the clusters of one line as shownCluster() gives them, and returns their columns, those
     /// that `clip` cuts off included. Nothing outside `clip` and the grid changes. A wide cluster
     /// becomes blanks where an edge or another put would leave a half of it.
     int put(Point at, std::u16string_view text, const Style &style, const Rect &clip);
-    /// Puts `text` into each cell. It is a cluster of one column.
-    void fill(const Rect &area, const Style &style, std::u16string_view text = u" ");
+    /// Puts the same into every cell: a blank, or another cluster of one column.
+    void fill(const Rect &area, const Style &style, std::u16string_view cluster = u" ");
 
     /// Where the terminal's cursor stands; without a value it is hidden.
     std::optional<Point> cursor;
 
 private:
     void putCells(Point at, std::u16string_view text, int columns, const Style &style);
-    [[nodiscard]] std::size_t indexOf(Point point) const;
+    [[nodiscard]] std::size_t indexOf(Point point) const {
+        return static_cast<std::size_t>(point.row) * static_cast<std::size_t>(size_.columns) +
+               static_cast<std::size_t>(point.column);
+    }
 
     Size size_;
     Characters characters_;

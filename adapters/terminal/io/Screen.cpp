@@ -3,7 +3,9 @@
 #include "adapters/terminal/io/Colours.h"
 #include "platform/Text.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <span>
 
 namespace kvex::terminal {
 namespace {
@@ -76,6 +78,10 @@ std::string Screen::update(const CellGrid &grid) {
 
 void Screen::updateRow(const CellGrid &grid, int row) {
     const bool isInGrid = row < grid.size().rows;
+    const std::span shownRow(&shown({0, row}), static_cast<std::size_t>(size_.columns));
+    if (isInGrid && std::ranges::equal(grid.row(row), shownRow)) {
+        return;
+    }
     const int gridColumns = isInGrid ? std::min(grid.size().columns, size_.columns) : 0;
     // The screen's edge may leave a half of a wide cluster.
     const bool isCut = gridColumns > 0 && gridColumns < grid.size().columns &&

@@ -53,6 +53,11 @@ ShownCluster shownCluster(std::u16string_view cluster, Characters characters) {
 int shownColumns(std::u16string_view line, Characters characters) {
     int columns = 0;
     for (std::size_t at = 0; at < line.size();) {
+        if (isPlainAt(line, at)) {
+            ++columns;
+            ++at;
+            continue;
+        }
         const std::size_t end = clusterEnd(line, at);
         columns += shownCluster(line.substr(at, end - at), characters).columns;
         at = end;

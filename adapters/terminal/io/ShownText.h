@@ -23,6 +23,12 @@ struct ShownCluster {
 /// letter stands on a no-break space.
 [[nodiscard]] ShownCluster shownCluster(std::u16string_view cluster, Characters characters);
 
+/// True for a cluster that is one visible ASCII character: every terminal shows it as it is. Most
+/// clusters are, and need no look at Unicode's tables.
+[[nodiscard]] constexpr bool isPlainAt(std::u16string_view text, std::size_t at) {
+    return text[at] >= u' ' && text[at] <= u'~' && (at + 1 == text.size() || text[at + 1] < 0x80);
+}
+
 /// The columns of all clusters of `line`.
 [[nodiscard]] int shownColumns(std::u16string_view line, Characters characters);
 
