@@ -1,5 +1,5 @@
 // A library to preload into a Qt program. When the program has handed its first painted window to
-// the display, the library prints the time and the program's resident bytes, and ends the program.
+// the display, the library prints the time and the resident memory in bytes, and ends the program.
 // So the program itself is measured as its users run it, without code for the benchmark.
 #include <QBackingStore>
 

@@ -13,17 +13,6 @@
 namespace kvex::bench {
 namespace {
 
-std::string readAll(int pipe) {
-    std::string text;
-    std::array<char, 65536> part{};
-    for (ssize_t count = 0; (count = read(pipe, part.data(), part.size())) > 0;) {
-        text.append(part.data(), static_cast<std::size_t>(count));
-    }
-    return text;
-}
-
-} // namespace
-
 std::vector<std::string> environmentWith(const std::map<std::string, std::string> &variables) {
     std::vector<std::string> all;
     for (char **variable = environ; *variable != nullptr; ++variable) {
@@ -34,6 +23,17 @@ std::vector<std::string> environmentWith(const std::map<std::string, std::string
     }
     return all;
 }
+
+std::string readAll(int pipe) {
+    std::string text;
+    std::array<char, 65536> part{};
+    for (ssize_t count = 0; (count = read(pipe, part.data(), part.size())) > 0;) {
+        text.append(part.data(), static_cast<std::size_t>(count));
+    }
+    return text;
+}
+
+} // namespace
 
 Run runProgram(const std::filesystem::path &program, std::vector<std::string> arguments,
                const std::map<std::string, std::string> &variables) {

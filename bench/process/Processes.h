@@ -20,10 +20,6 @@ struct Run {
                              std::vector<std::string> arguments,
                              const std::map<std::string, std::string> &variables = {});
 
-/// This process's environment with `variables` added, each as NAME=VALUE.
-[[nodiscard]] std::vector<std::string>
-environmentWith(const std::map<std::string, std::string> &variables);
-
 /// The path of a program or library that is built beside the benchmarks.
 [[nodiscard]] std::filesystem::path besideBenchmarks(const char *name);
 

@@ -32,9 +32,6 @@ std::u16string withEscapes(std::u16string_view cluster, Characters characters) {
 } // namespace
 
 ShownCluster shownCluster(std::u16string_view cluster, Characters characters) {
-    if (cluster.size() == 1 && cluster.front() >= u' ' && cluster.front() < u'\x7F') {
-        return {std::u16string(cluster), 1, true};
-    }
     std::u16string text = withEscapes(cluster, characters);
     if (isAscii(text)) {
         const int columns = static_cast<int>(text.size());
