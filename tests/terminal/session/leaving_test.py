@@ -15,7 +15,8 @@ ENDS = {
 }
 # Sanitizers leave the signals to the program.
 SANITIZERS = {"ASAN_OPTIONS": ":".join(filter(None, [
-    os.environ.get("ASAN_OPTIONS"), "handle_segv=0", "handle_abort=0"]))}
+    os.environ.get("ASAN_OPTIONS"), "handle_segv=0", "handle_abort=0"])),
+    "LSAN_OPTIONS": os.environ.get("LSAN_OPTIONS", "")}
 
 
 class Leaving(SessionTest):

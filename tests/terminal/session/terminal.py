@@ -94,7 +94,7 @@ class Terminal:
         self.line = os.ttyname(line)
         self.set_size(columns, rows)
         self.settings_before = termios.tcgetattr(line)
-        sanitizers = {name: os.environ[name] for name in ("ASAN_OPTIONS", "UBSAN_OPTIONS")
+        sanitizers = {name: os.environ[name] for name in ("ASAN_OPTIONS", "LSAN_OPTIONS")
                       if name in os.environ}
         environ = {**sanitizers, "HOME": str(self.home), "PATH": "/usr/bin:/bin", "LC_ALL": "C.UTF-8",
                    "TERM": kind, **variables}
