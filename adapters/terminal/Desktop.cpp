@@ -3,7 +3,6 @@
 #include "adapters/terminal/TerminalWindow.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace kvex::terminal {
 
@@ -66,11 +65,12 @@ void Desktop::closeAll() {
 CellGrid Desktop::picture() const {
     CellGrid grid(terminal_.size(), terminal_.characters());
     const auto fillsTerminal = [](const TerminalWindow *window) { return window->fillsTerminal(); };
-    const auto lowest = std::ranges::find_if(std::views::reverse(shown_), fillsTerminal);
-    const auto hidden = lowest == shown_.rend() ? 0 : shown_.rend() - lowest - 1;
-    for (TerminalWindow *window : shown_ | std::views::drop(hidden)) {
+    // Nothing below such a window can be seen.
+    const auto highest = std::find_if(shown_.rbegin(), shown_.rend(), fillsTerminal);
+    auto window = highest == shown_.rend() ? shown_.begin() : highest.base() - 1;
+    for (; window != shown_.end(); ++window) {
         grid.cursor.reset();
-        window->paint(grid, window == shown_.back());
+        (*window)->paint(grid, *window == shown_.back());
     }
     return grid;
 }
