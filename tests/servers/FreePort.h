@@ -5,8 +5,9 @@
 
 namespace kvex::test {
 
-/// Another program may take the port before a server does; the caller then tries another one. The
-/// port lies below those that the system gives to outgoing connections.
+/// A port that was given is not given again soon, so a server may open it later. Another program
+/// may still take it before; the caller then tries another one. The port lies below those that the
+/// system gives to outgoing connections.
 [[nodiscard]] std::uint16_t freePort();
 
 } // namespace kvex::test
