@@ -20,6 +20,7 @@ TEST_F(Kvexrules, PrintsItsVersion) {
                                       component +
                                       "\n"
                                       "toolkit qt: Qt 6\\.[0-9.]+\n"
+                                      "toolkit terminal: terminfo [0-9.]+\n"
                                       "SQLite: 3\\.[0-9.]+\n"
                                       "ODBC driver manager: [0-9]{2}\\.[0-9]{2}\\.[0-9.]+\n"
                                       "Unicode: utf8proc [0-9.]+\n"));

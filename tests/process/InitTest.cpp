@@ -36,7 +36,7 @@ TEST_F(Init, AddsSampleDataOfEveryKind) {
               "RECEIVER\nTRANSCEIVER\nTRANSMITTER\ntransceiver\n");
     EXPECT_EQ(sqlite3(database, "SELECT NAME FROM SMS_USERS WHERE ID = 1"), "SYSTEM\n");
     for (const char *tag : {"<ALLMESSAGES>", "<IGNOREIFSERVICE>YES", "<PEOPLE><CON><ANY>",
-                            "<PEOPLE><NOT><ALL>", "<ACCOUNT><CON><ANY>", "<ACCOUNT><NOT><ALL>",
+                            "<PEOPLE><NOT><ANY>", "<ACCOUNT><CON><ANY>", "<ACCOUNT><NOT><ANY>",
                             "<WORD><CON><ANY>", "<WORD><NOT><ALL><ASCOMMAND>", "<DATETIME>"}) {
         EXPECT_NE(sqlite3(database, "SELECT ID FROM SMS_RULES WHERE instr(QueryParam, '" +
                                         std::string(tag) + "')"),
