@@ -354,7 +354,7 @@ TEST(Decoder, SurvivesAFloodOfAnyBytes) {
     Decoder decoder(Capabilities::ofType("xterm-256color").keys);
     std::string piece(4096, '\0');
     std::size_t inputs = 0;
-    for (std::size_t sent = 0; sent < (std::size_t{1} << 20); sent += piece.size()) {
+    for (std::size_t sent = 0; sent < (std::size_t{10} << 20); sent += piece.size()) {
         for (char &byte : piece) {
             byte = static_cast<char>(random());
         }
