@@ -5,7 +5,7 @@
 
 namespace kvex::test {
 
-/// A port that was given is not given again soon, so a server may open it later. Another program
+/// A process gets each port once, so a server may open it later. Another program
 /// may still take it before; the caller then tries another one. The port lies below those that the
 /// system gives to outgoing connections.
 [[nodiscard]] std::uint16_t freePort();
