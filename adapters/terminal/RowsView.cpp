@@ -107,8 +107,9 @@ void RowsView::paint(Canvas &canvas, const Rect &at, const Look &look) {
     canvas.scrollBar({at.column + at.columns - 1, inside.row}, inside.rows, top - 1, shown_.rows,
                      list_.rowCount());
     Canvas content = canvas.within(inside);
+    const std::vector<Slot> all = slots(inside.columns);
     if (headerRows() > 0) {
-        paintHeader(content, inside);
+        paintHeader(content, inside, all);
     }
     if (list_.rowCount() == 0) {
         paintEmptyText(content, shown_);
@@ -116,7 +117,7 @@ void RowsView::paint(Canvas &canvas, const Rect &at, const Look &look) {
     const int last = std::min(list_.rowCount(), top + shown_.rows - 1);
     for (int row = top; row <= last; ++row) {
         const Rect line{shown_.column, shown_.row + row - top, shown_.columns, 1};
-        paintRow(content, line, row, look.hasFocus);
+        paintRow(content, line, all, row, look.hasFocus);
     }
     if (look.hasFocus) {
         const int current = std::clamp(list_.currentRow(), top, std::max(last, top));
@@ -124,8 +125,8 @@ void RowsView::paint(Canvas &canvas, const Rect &at, const Look &look) {
     }
 }
 
-void RowsView::paintHeader(Canvas &canvas, const Rect &at) const {
-    for (const Slot &slot : slots(at.columns)) {
+void RowsView::paintHeader(Canvas &canvas, const Rect &at, const std::vector<Slot> &slots) const {
+    for (const Slot &slot : slots) {
         if (slot.column > list_.columnCount()) {
             continue;
         }
@@ -136,7 +137,8 @@ void RowsView::paintHeader(Canvas &canvas, const Rect &at) const {
     }
 }
 
-void RowsView::paintRow(Canvas &canvas, const Rect &at, int row, bool hasFocus) const {
+void RowsView::paintRow(Canvas &canvas, const Rect &at, const std::vector<Slot> &slots, int row,
+                        bool hasFocus) const {
     Style style;
     style.reverse = list_.selected(row);
     style.dim = list_.rowColour(row) == RowColour::greyText || !element().isEnabled() ||
@@ -144,7 +146,7 @@ void RowsView::paintRow(Canvas &canvas, const Rect &at, int row, bool hasFocus) 
     if (style != Style()) {
         canvas.fill(at, style);
     }
-    for (const Slot &slot : slots(at.columns)) {
+    for (const Slot &slot : slots) {
         Canvas cell = canvas.within({at.column + slot.from, at.row, slot.columns, 1});
         Point to{at.column + slot.from, at.row};
         if (slot.from == 0) {
@@ -153,9 +155,8 @@ void RowsView::paintRow(Canvas &canvas, const Rect &at, int row, bool hasFocus) 
         // A blank parts a text from the next column.
         const bool isLast = slot.from + slot.columns >= at.columns;
         const int room = at.column + slot.from + slot.columns - to.column - (isLast ? 0 : 1);
-        const std::u16string text = list_.columnCount() == 0
-                                        ? list_.text(row)
-                                        : std::u16string(list_.cell(row, slot.column));
+        const std::u16string_view text =
+            slot.column == 1 ? list_.rowText(row) : list_.cell(row, slot.column);
         cell.put(to, visiblePart(text, shift_, room, characters()), style);
     }
 }

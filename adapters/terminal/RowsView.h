@@ -37,8 +37,9 @@ private:
     [[nodiscard]] std::vector<Slot> slots(int columns) const;
     [[nodiscard]] std::u16string_view prefixOf(int row) const;
     [[nodiscard]] std::u16string_view pictureOf(int icon) const;
-    void paintHeader(Canvas &canvas, const Rect &at) const;
-    void paintRow(Canvas &canvas, const Rect &at, int row, bool hasFocus) const;
+    void paintHeader(Canvas &canvas, const Rect &at, const std::vector<Slot> &slots) const;
+    void paintRow(Canvas &canvas, const Rect &at, const std::vector<Slot> &slots, int row,
+                  bool hasFocus) const;
     void paintEmptyText(Canvas &canvas, const Rect &at) const;
     [[nodiscard]] bool isCutOnTheRight() const;
 

@@ -7,6 +7,7 @@ void KeyTimer::press(std::string_view key) {
     static_cast<void>(terminal_.read());
     writtenBefore_ = device_.written.size();
     isPressing_ = true;
+    isTyped_ = true;
     pressedAt_ = Clock::now();
     terminal_.type(key);
     try {
@@ -19,8 +20,7 @@ void KeyTimer::press(std::string_view key) {
 }
 
 void KeyTimer::wait() {
-    pollfd key{terminal_.program, POLLIN, 0};
-    if (poll(&key, 1, 0) > 0) {
+    if (isTyped_) {
         return;
     }
     if (isPressing_) {
@@ -35,7 +35,9 @@ terminal::Arrival KeyTimer::Device::read(std::optional<std::chrono::milliseconds
     if (!timeout) {
         timer_.wait();
     }
-    return PosixDevice::read(timeout);
+    terminal::Arrival arrival = PosixDevice::read(timeout);
+    timer_.isTyped_ = timer_.isTyped_ && arrival.kind != terminal::Arrival::Kind::bytes;
+    return arrival;
 }
 
 void KeyTimer::Device::write(std::string_view bytes) {

@@ -62,6 +62,8 @@ private:
     Clock::time_point pressedAt_;
     std::size_t writtenBefore_ = 0;
     bool isPressing_ = false;
+    /// The toolkit has not read the key yet.
+    bool isTyped_ = false;
 };
 
 } // namespace kvex::bench

@@ -7,6 +7,7 @@ namespace {
 using kvex::terminal::Cell;
 using kvex::terminal::CellGrid;
 using kvex::terminal::Characters;
+using kvex::terminal::Cluster;
 using kvex::terminal::Point;
 using kvex::terminal::Rect;
 using kvex::terminal::Style;
@@ -18,7 +19,7 @@ std::u16string line(const CellGrid &grid, int row) {
     std::u16string text;
     for (int column = 0; column < grid.size().columns; ++column) {
         const Cell &cell = grid.at({column, row});
-        text += cell.text.empty() ? u"-" : cell.text;
+        text += cell.cluster.isNothing() ? u"-" : cell.cluster.text();
     }
     return text;
 }
@@ -35,8 +36,8 @@ TEST(CellGrid, HoldsEachClusterInItsColumns) {
     EXPECT_EQ(grid.put({0, 1}, u"aहिé", bold, everything), 4);
     EXPECT_EQ(line(grid, 0), u"      ");
     EXPECT_EQ(line(grid, 1), u"aहि-é  ");
-    EXPECT_EQ(grid.at({1, 1}), (Cell{u"हि", bold}));
-    EXPECT_EQ(grid.at({2, 1}), (Cell{u"", bold}));
+    EXPECT_EQ(grid.at({1, 1}), (Cell{Cluster(u"हि"), bold}));
+    EXPECT_EQ(grid.at({2, 1}), (Cell{Cluster(), bold}));
     EXPECT_EQ(grid.at({4, 1}), Cell());
 }
 
@@ -77,7 +78,7 @@ TEST(CellGrid, HoldsEscapesWithOneCharacterInEachCell) {
     CellGrid grid({6, 1}, Characters::ascii);
     EXPECT_EQ(grid.put({0, 0}, u"é!", {}, everything), 7);
     EXPECT_EQ(line(grid, 0), u"\\u{e9}");
-    EXPECT_EQ(grid.at({1, 0}).text, u"u");
+    EXPECT_EQ(grid.at({1, 0}).cluster.text(), u"u");
 }
 
 TEST(CellGrid, OmitsMarksWithoutAForm) {

@@ -22,7 +22,7 @@ using kvex::test::Ending;
 using kvex::test::Shell;
 
 /// What the terminal is given at the end, for xterm-256color.
-const std::string left = "\x1b(B\x1b[m\x1b[?2004l\x1b[?1006l\x1b[?1000l\x1b[?7h\x1b[?1l\x1b>"
+const std::string left = "\x1b(B\x1b[m\x1b[r\x1b[?2004l\x1b[?1006l\x1b[?1000l\x1b[?7h\x1b[?1l\x1b>"
                          "\x1b[?25h\x1b[?1049l\x1b[23;0;0t";
 constexpr int hungUpStatus = 7;
 
@@ -104,7 +104,8 @@ TEST_P(ProgramsEnd, LeavesTheTerminalAsItWas) {
     const Ending ending = shell.wait();
     EXPECT_TRUE(GetParam().isExpected(ending.status)) << ending.status;
     EXPECT_TRUE(areEqual(ending.settings, shell.settings()));
-    EXPECT_TRUE(shell.rest().ends_with(left + GetParam().message));
+    const std::string rest = shell.rest();
+    EXPECT_TRUE(rest.ends_with(left + GetParam().message)) << rest;
 }
 
 bool isAborted(int status) {

@@ -5,6 +5,7 @@
 #include "platform/Utf16.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <stdexcept>
 
 namespace kvex::test {
@@ -22,7 +23,8 @@ Emulator::Emulator(terminal::Size size) : Emulator(size, usualColumns) {}
 
 Emulator::Emulator(terminal::Size size, Opinion opinion)
     : size_(size), opinion_(std::move(opinion)),
-      cells_(static_cast<std::size_t>(size.columns) * static_cast<std::size_t>(size.rows)) {}
+      cells_(static_cast<std::size_t>(size.columns) * static_cast<std::size_t>(size.rows)),
+      bottom_(size.rows - 1) {}
 
 Emulator::Cell &Emulator::cell(int column, int row) {
     return cells_.at(static_cast<std::size_t>(row) * static_cast<std::size_t>(size_.columns) +
@@ -82,6 +84,14 @@ std::size_t Emulator::takeSequence(std::string_view bytes, std::size_t at) {
     if (kind == '=' || kind == '>') {
         return at + 1;
     }
+    if (kind == 'M') {
+        if (cursor_.row == top_) {
+            scroll(-1);
+        } else {
+            cursor_.row = std::max(0, cursor_.row - 1);
+        }
+        return at + 1;
+    }
     if (kind != '[') {
         throw std::runtime_error("unknown sequence Esc " + std::string(1, kind));
     }
@@ -100,7 +110,7 @@ void Emulator::control(std::string_view parameters, char final) {
     const std::size_t middle = parameters.find(';');
     if (!parameters.empty() && parameters.front() != '?') {
         first = std::stoi(std::string(parameters.substr(0, middle)));
-        if (middle != std::string_view::npos && final == 'H') {
+        if (middle != std::string_view::npos && (final == 'H' || final == 'r')) {
             second = std::stoi(std::string(parameters.substr(middle + 1)));
         }
     }
@@ -135,6 +145,12 @@ void Emulator::control(std::string_view parameters, char final) {
         for (int column = cursor_.column; column < size_.columns; ++column) {
             cell(column, cursor_.row) = {};
         }
+        return;
+    case 'r':
+        top_ = std::max(first, 1) - 1;
+        bottom_ = (second == 0 ? size_.rows : std::min(second, size_.rows)) - 1;
+        cursor_ = {};
+        isWrapPending_ = false;
         return;
     case 'm':
         setAttributes(parameters);
@@ -194,10 +210,28 @@ void Emulator::print(char32_t character) {
 
 void Emulator::lineFeed() {
     isWrapPending_ = false;
-    if (cursor_.row + 1 < size_.rows) {
-        ++cursor_.row;
+    if (cursor_.row == bottom_) {
+        scroll(1);
     } else {
+        cursor_.row = std::min(cursor_.row + 1, size_.rows - 1);
+    }
+}
+
+/// Scrolls the region, up if `lines` is positive.
+void Emulator::scroll(int lines) {
+    if (top_ == 0 && bottom_ == size_.rows - 1) {
         ++scrolled_;
+    }
+    if (!attributes_.empty()) {
+        throw std::runtime_error("scrolled with attributes: some terminals fill with these");
+    }
+    const auto begin = cells_.begin() + top_ * size_.columns;
+    const auto end = cells_.begin() + (bottom_ + 1) * size_.columns;
+    const auto left = std::abs(lines) * size_.columns;
+    if (lines > 0) {
+        std::fill(std::shift_left(begin, end, left), end, Cell());
+    } else {
+        std::fill(begin, std::shift_right(begin, end, left), Cell());
     }
 }
 

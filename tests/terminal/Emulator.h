@@ -32,7 +32,7 @@ public:
     [[nodiscard]] std::u16string line(int row) const;
     [[nodiscard]] terminal::Point cursor() const { return cursor_; }
     [[nodiscard]] bool showsCursor() const { return showsCursor_; }
-    /// How often the screen has scrolled: a window never scrolls it.
+    /// How often the whole screen has scrolled: a window never does that.
     [[nodiscard]] int scrolled() const { return scrolled_; }
 
 private:
@@ -41,12 +41,16 @@ private:
     void setAttributes(std::string_view parameters);
     void print(char32_t character);
     void lineFeed();
+    void scroll(int lines);
     Cell &cell(int column, int row);
 
     terminal::Size size_;
     Opinion opinion_;
     std::vector<Cell> cells_;
     terminal::Point cursor_;
+    /// The first and the last row of the region that scrolls.
+    int top_ = 0;
+    int bottom_;
     /// The cursor stands after the last column: the next character wraps.
     bool isWrapPending_ = false;
     bool wraps_ = true;

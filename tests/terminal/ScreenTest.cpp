@@ -50,7 +50,8 @@ void expectShown(const Shown &shown, const CellGrid &grid) {
             const Cell &cell = grid.at({column, row});
             // The terminal gives a vowel sign at a letter's side a cell of its own.
             const std::u16string &is = shown.emulator.at(column, row).text;
-            EXPECT_TRUE(cell.text.empty() || (!is.empty() && cell.text.starts_with(is)))
+            EXPECT_TRUE(cell.cluster.isNothing() ||
+                        (!is.empty() && cell.cluster.text().starts_with(is)))
                 << column << "," << row;
             EXPECT_EQ(shown.emulator.at(column, row).attributes.find('7') != std::string::npos,
                       cell.style.reverse)
@@ -164,7 +165,7 @@ TEST(Screen, ShowsTheSameWhateverColumnsATerminalTakes) {
                         // ASCII stands where it belongs, and nothing else is left.
                         const CellGrid grid = gridWith(after);
                         for (int column = 0; column < size.columns; ++column) {
-                            const std::u16string &text = grid.at({column, 0}).text;
+                            const std::u16string text = grid.at({column, 0}).cluster.text();
                             const std::u16string &is = shown.emulator.at(column, 0).text;
                             if (text.size() == 1 && text.front() < 0x80 && text != u" ") {
                                 EXPECT_EQ(is.substr(0, 1), text) << column;
@@ -254,6 +255,56 @@ TEST(Screen, MovesAHighlightInAListWithFewBytes) {
         (void)screen.update(list(3));
         EXPECT_LE(screen.update(list(4)).size(), 400U) << type;
     }
+}
+
+/// Four rows of one letter each.
+CellGrid rowsOf(std::u16string_view letters) {
+    CellGrid grid(size);
+    int row = 0;
+    for (const char16_t letter : letters) {
+        grid.put({0, row++}, std::u16string(20, letter), {}, everything);
+    }
+    return grid;
+}
+
+TEST(Screen, ScrollsLinesThatMoved) {
+    for (const std::string type : {"xterm-256color", "screen", "tmux", "linux", "vt100"}) {
+        Shown shown(type);
+        // A cluster of which terminals hold several opinions moves with its line.
+        for (const std::u16string_view letters : {u"tabcde", u"tbcdef", u"tabcde"}) {
+            CellGrid grid = rowsOf(letters.substr(0, 4));
+            const int first = letters[1] == u'a' ? 2 : 1;
+            grid.put({3, first}, u"हि", {}, everything);
+            shown.show(grid);
+            expectShown(shown, grid);
+        }
+    }
+    Shown shown("xterm-256color");
+    shown.show(rowsOf(u"tabc"));
+    EXPECT_EQ(shown.show(rowsOf(u"tbcd")),
+              "\x1b[2;4r\x1b[4;1H\n\x1b[r\x1b[4;1Hdddddddddddddddddddd");
+    EXPECT_EQ(shown.show(rowsOf(u"tabc")),
+              "\x1b[2;4r\x1b[2;1H\x1bM\x1b[r\x1b[2;1Haaaaaaaaaaaaaaaaaaaa");
+}
+
+TEST(Screen, ScrollsWithoutAttributes) {
+    Shown shown("xterm-256color");
+    CellGrid before = rowsOf(u"tabc");
+    before.put({0, 3}, u"last", {.reverse = true}, everything);
+    shown.show(before);
+    CellGrid after = rowsOf(u"tbcd");
+    after.put({0, 2}, u"last", {.reverse = true}, everything);
+    shown.show(after);
+    expectShown(shown, after);
+}
+
+TEST(Screen, WritesLinesThatMovedWhereATerminalCannotScrollThem) {
+    Capabilities simple = Capabilities::ofType("vt100");
+    simple.scrollRegion.clear();
+    Screen screen(simple, 0);
+    screen.forget(size);
+    (void)screen.update(rowsOf(u"tabc"));
+    EXPECT_GE(screen.update(rowsOf(u"tbcd")).size(), 60U);
 }
 
 /// As the grid counts them: the second of two people who are joined takes none.

@@ -50,6 +50,8 @@ void defaultSignals() {
 }
 
 pid_t startProgram(const std::function<void()> &program) {
+    // The program would write what its parent has not written yet.
+    std::fflush(nullptr);
     const pid_t process = fork();
     if (process == 0) {
         setpgid(0, 0);

@@ -30,8 +30,9 @@ TEST_F(TerminalTest, TakesTheScreenOnceForWindowsOverEachOther) {
     EXPECT_EQ(device.taken(), "");
     terminal.close();
     EXPECT_FALSE(device.isAcquired());
-    EXPECT_EQ(device.taken(), "\x1b(B\x1b[m\x1b[?2004l\x1b[?1006l\x1b[?1000l\x1b[?7h\x1b[?1l\x1b>"
-                              "\x1b[?25h\x1b[?1049l\x1b[23;0;0t");
+    EXPECT_EQ(device.taken(),
+              "\x1b(B\x1b[m\x1b[r\x1b[?2004l\x1b[?1006l\x1b[?1000l\x1b[?7h\x1b[?1l\x1b>"
+              "\x1b[?25h\x1b[?1049l\x1b[23;0;0t");
 }
 
 TEST_F(TerminalTest, GivesTheScreenBackWhenItIsDestroyedOpen) {
@@ -48,7 +49,7 @@ TEST_F(TerminalTest, ClearsTheScreenAtTheEndWithoutAnAlternateOne) {
     vt100.open();
     EXPECT_EQ(device.taken(), "\x1b[?1h\x1b=\x1b[?7l");
     vt100.close();
-    EXPECT_EQ(device.taken(), "\x1b[m\x0f\x1b[?7h\x1b[?1l\x1b>\x1b[H\x1b[J");
+    EXPECT_EQ(device.taken(), "\x1b[m\x0f\x1b[r\x1b[?7h\x1b[?1l\x1b>\x1b[H\x1b[J");
 }
 
 TEST_F(TerminalTest, TellsWhatTheUserDoesInOrder) {

@@ -137,6 +137,20 @@ std::string withoutBlinking(std::string showCursor) {
     return at == std::string::npos ? showCursor : showCursor.erase(at, stopBlinking.size());
 }
 
+/// Terminfo has no name for the region that is the whole screen. All terminals that copied the
+/// VT100 take its sequence without numbers for that.
+void readScrolling(Capabilities &result) {
+    const std::string region = CurrentType::text("csr");
+    const std::string up = CurrentType::text("ind");
+    const std::string down = CurrentType::text("ri");
+    if (region == "\x1b[%i%p1%d;%p2%dr" && !up.empty() && !down.empty()) {
+        result.scrollRegion = region;
+        result.scrollUp = up;
+        result.scrollDown = down;
+        result.scrollAll = "\x1b[r";
+    }
+}
+
 } // namespace
 
 Capabilities Capabilities::ofType(const std::string &type) {
@@ -156,6 +170,7 @@ Capabilities Capabilities::ofType(const std::string &type) {
     result.hideCursor = text("civis");
     result.clear = text("clear");
     result.eraseToEndOfLine = text("el");
+    readScrolling(result);
     result.plain = text("sgr0");
     result.bold = text("bold");
     result.dim = text("dim");

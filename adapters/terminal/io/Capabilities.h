@@ -21,6 +21,13 @@ struct Capabilities {
     std::string hideCursor;
     std::string clear;
     std::string eraseToEndOfLine;
+    /// Takes the first and the last row of the region that the next two scroll. All three are there
+    /// or none.
+    std::string scrollRegion;
+    std::string scrollUp;   ///< On the last row of the region.
+    std::string scrollDown; ///< On the first row of the region.
+    /// Makes the region the whole screen, whatever its size.
+    std::string scrollAll;
 
     std::string plain; ///< Ends all attributes and colours.
     std::string bold;

@@ -2,19 +2,19 @@
 
 #include "platform/Unicode.h"
 
+#include <algorithm>
+#include <cstring>
+#include <type_traits>
+
 namespace kvex::terminal {
-namespace {
 
-/// Nearly all cells show one unit all the time.
-void setText(Cell &cell, std::u16string_view text) {
-    if (text.size() == 1 && cell.text.size() == 1) {
-        cell.text.front() = text.front();
-    } else {
-        cell.text = text;
-    }
+// Without padding two equal cells have the same bytes.
+static_assert(std::has_unique_object_representations_v<Cell>);
+
+bool sameCells(std::span<const Cell> some, std::span<const Cell> others) {
+    return some.size() == others.size() &&
+           std::memcmp(some.data(), others.data(), some.size_bytes()) == 0;
 }
-
-} // namespace
 
 CellGrid::CellGrid(Size size, Characters characters)
     : size_{std::max(0, size.columns), std::max(0, size.rows)}, characters_(characters),
@@ -27,66 +27,66 @@ std::span<const Cell> CellGrid::row(int row) const {
 int CellGrid::put(Point at, std::u16string_view text, const Style &style, const Rect &clip) {
     const Rect area = intersection(clip, {0, 0, size_.columns, size_.rows});
     const int begin = at.column;
-    const auto putPiece = [&](std::u16string_view piece, int columns) {
+    const auto putPlain = [&](std::u16string_view run) {
+        const int columns = static_cast<int>(run.size());
         const Rect seen = intersection(area, {at.column, at.row, columns, 1});
-        if (seen.columns == columns && seen.rows == 1) {
-            putCells(at, piece, columns, style);
-        } else {
-            fill(seen, style);
+        if (seen.columns > 0 && seen.rows > 0) {
+            auto unit = run.begin() + (seen.column - at.column);
+            for (Cell &cell : cleared(seen)) {
+                cell = {Cluster(*unit++), style};
+            }
         }
         at.column += columns;
     };
     for (std::size_t from = 0; from < text.size();) {
-        if (isPlainAt(text, from)) {
-            putPiece(text.substr(from++, 1), 1);
+        std::size_t end = from;
+        while (end < text.size() && isPlainAt(text, end)) {
+            ++end;
+        }
+        if (end > from) {
+            putPlain(text.substr(from, end - from));
+            from = end;
             continue;
         }
-        const std::size_t end = clusterEnd(text, from);
+        end = clusterEnd(text, from);
         const ShownCluster shown = shownCluster(text.substr(from, end - from), characters_);
-        if (shown.isAscii) {
-            for (const char16_t unit : shown.text) {
-                putPiece({&unit, 1}, 1);
-            }
-        } else if (shown.columns > 0) {
-            putPiece(shown.text, shown.columns);
-        }
         from = end;
+        if (shown.isAscii) {
+            putPlain(shown.text);
+            continue;
+        }
+        const Rect seen = intersection(area, {at.column, at.row, shown.columns, 1});
+        if (shown.columns > 0 && seen.columns == shown.columns && seen.rows == 1) {
+            const std::span<Cell> cells = cleared(seen);
+            cells.front() = {Cluster(shown.text), style};
+            std::ranges::fill(cells.subspan(1), Cell{Cluster(), style});
+        } else {
+            fill(seen, style);
+        }
+        at.column += shown.columns;
     }
     return at.column - begin;
 }
 
 void CellGrid::fill(const Rect &area, const Style &style, std::u16string_view cluster) {
     const Rect seen = intersection(area, {0, 0, size_.columns, size_.rows});
-    if (seen.columns < 1) {
-        return;
-    }
-    for (int row = seen.row; row < seen.row + seen.rows; ++row) {
-        // Only the edges can leave a half of a wide cluster.
-        putCells({seen.column, row}, cluster, 1, style);
-        putCells({seen.column + seen.columns - 1, row}, cluster, 1, style);
-        const auto cells = std::span(cells_).subspan(indexOf({seen.column, row}),
-                                                     static_cast<std::size_t>(seen.columns));
-        for (Cell &cell : cells) {
-            setText(cell, cluster);
-            cell.style = style;
-        }
+    const Cell cell{Cluster(cluster), style};
+    for (int row = seen.row; seen.columns > 0 && row < seen.row + seen.rows; ++row) {
+        std::ranges::fill(cleared({seen.column, row, seen.columns, 1}), cell);
     }
 }
 
-void CellGrid::putCells(Point at, std::u16string_view text, int columns, const Style &style) {
-    const std::size_t first = indexOf(at);
-    if (cells_[first].text.empty()) {
-        cells_[first - 1].text = u" ";
+std::span<Cell> CellGrid::cleared(const Rect &part) {
+    const std::size_t first = indexOf({part.column, part.row});
+    const std::size_t after = first + static_cast<std::size_t>(part.columns);
+    constexpr Cluster blank(u' ');
+    if (cells_[first].cluster.isNothing()) {
+        cells_[first - 1].cluster = blank;
     }
-    const std::size_t after = first + static_cast<std::size_t>(columns);
-    if (at.column + columns < size_.columns && cells_[after].text.empty()) {
-        cells_[after].text = u" ";
+    if (part.column + part.columns < size_.columns && cells_[after].cluster.isNothing()) {
+        cells_[after].cluster = blank;
     }
-    setText(cells_[first], text);
-    cells_[first].style = style;
-    if (columns == 2) {
-        cells_[first + 1] = {u"", style};
-    }
+    return std::span(cells_).subspan(first, after - first);
 }
 
 } // namespace kvex::terminal

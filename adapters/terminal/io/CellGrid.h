@@ -1,13 +1,13 @@
 // The contents of a terminal's screen.
 #pragma once
 
+#include "adapters/terminal/io/Cluster.h"
 #include "adapters/terminal/io/Geometry.h"
 #include "adapters/terminal/io/ShownText.h"
 #include "platform/TextRun.h"
 
 #include <optional>
 #include <span>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -18,17 +18,19 @@ struct Style {
     bool dim = false;
     bool reverse = false;
     bool underline = false;
-    /// None is the terminal's own colour, and so is black: the terminal's ground may be black.
-    std::optional<Colour> colour = std::nullopt;
+    /// Black is the terminal's own colour: its ground may be black.
+    Colour colour = colour::black;
     friend bool operator==(const Style &, const Style &) = default;
 };
 
 struct Cell {
-    /// What the cell shows. "" is the right half of the cluster in the cell to the left.
-    std::u16string text = u" ";
+    /// Nothing is the right half of the cluster in the cell to the left.
+    Cluster cluster{u' '};
     Style style;
     friend bool operator==(const Cell &, const Cell &) = default;
 };
+
+[[nodiscard]] bool sameCells(std::span<const Cell> some, std::span<const Cell> others);
 
 class CellGrid {
 public:
@@ -40,6 +42,8 @@ public:
     /// The cell at a point of the grid.
     [[nodiscard]] const Cell &at(Point point) const { return cells_[indexOf(point)]; }
     [[nodiscard]] std::span<const Cell> row(int row) const;
+    /// All rows, one after the other.
+    [[nodiscard]] std::span<const Cell> cells() const noexcept { return cells_; }
 
     /// Puts the clusters of one line as shownCluster() gives them, and returns their columns, those
     /// that `clip` cuts off included. Nothing outside `clip` and the grid changes. A wide cluster
@@ -52,7 +56,9 @@ public:
     std::optional<Point> cursor;
 
 private:
-    void putCells(Point at, std::u16string_view text, int columns, const Style &style);
+    /// The cells of a part of a line that lies in the grid. Their neighbours keep no half of a wide
+    /// cluster.
+    [[nodiscard]] std::span<Cell> cleared(const Rect &part);
     [[nodiscard]] std::size_t indexOf(Point point) const {
         return static_cast<std::size_t>(point.row) * static_cast<std::size_t>(size_.columns) +
                static_cast<std::size_t>(point.column);

@@ -1,7 +1,6 @@
 #include "adapters/terminal/io/Screen.h"
 
 #include "adapters/terminal/io/Colours.h"
-#include "platform/Text.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -12,14 +11,15 @@ namespace {
 
 const Cell blank;
 
-bool isAscii(const Cell &cell) {
-    return cell.text.size() == 1 && cell.text.front() < 0x80;
-}
-
 /// True for clusters that terminals give different columns.
 bool isDisputed(const Cell &cell) {
-    return cell.text.size() > 1;
+    return cell.cluster.isLong();
 }
+
+/// A sequence with numbers in it has at least this length, "\x1b[5G".
+constexpr std::size_t shortestFilled = 4;
+/// More steps to a place are longer than the place's numbers.
+constexpr int mostSteps = 8;
 
 std::string repeated(const std::string &sequence, int times) {
     std::string result;
@@ -58,8 +58,13 @@ std::string Screen::update(const CellGrid &grid) {
         row_.reset();
         column_.reset();
         isCursorShown_ = capabilities_.hideCursor.empty();
-        pen_ = {};
+        style_ = {};
         isKnown_ = true;
+    }
+    if (!capabilities_.scrollRegion.empty() && grid.size() == size_) {
+        if (const auto scrolling = scrollingBetween(shown_, grid.cells(), size_)) {
+            scroll(*scrolling);
+        }
     }
     for (int row = 0; row < size_.rows; ++row) {
         updateRow(grid, row);
@@ -76,16 +81,40 @@ std::string Screen::update(const CellGrid &grid) {
     return bytes_;
 }
 
+void Screen::scroll(const Scrolling &scrolling) {
+    const auto &[top, bottom, lines] = scrolling;
+    // Some terminals fill the blank lines with the present attributes.
+    setStyle({});
+    bytes_ += filled(capabilities_.scrollRegion, top, bottom);
+    row_.reset();
+    column_.reset();
+    moveTo({0, lines > 0 ? bottom : top});
+    bytes_ +=
+        repeated(lines > 0 ? capabilities_.scrollUp : capabilities_.scrollDown, std::abs(lines)) +
+        capabilities_.scrollAll;
+    row_.reset();
+    column_.reset();
+
+    const auto begin = shown_.begin() + top * size_.columns;
+    const auto end = shown_.begin() + (bottom + 1) * size_.columns;
+    const auto left = std::abs(lines) * size_.columns;
+    if (lines > 0) {
+        std::fill(std::shift_left(begin, end, left), end, blank);
+    } else {
+        std::fill(begin, std::shift_right(begin, end, left), blank);
+    }
+}
+
 void Screen::updateRow(const CellGrid &grid, int row) {
     const bool isInGrid = row < grid.size().rows;
     const std::span shownRow(&shown({0, row}), static_cast<std::size_t>(size_.columns));
-    if (isInGrid && std::ranges::equal(grid.row(row), shownRow)) {
+    if (isInGrid && sameCells(grid.row(row), shownRow)) {
         return;
     }
     const int gridColumns = isInGrid ? std::min(grid.size().columns, size_.columns) : 0;
     // The screen's edge may leave a half of a wide cluster.
     const bool isCut = gridColumns > 0 && gridColumns < grid.size().columns &&
-                       grid.at({gridColumns, row}).text.empty();
+                       grid.at({gridColumns, row}).cluster.isNothing();
     const int seenColumns = gridColumns - (isCut ? 1 : 0);
     const auto wanted = [&](int column) -> const Cell & {
         return column < seenColumns ? grid.at({column, row}) : blank;
@@ -107,7 +136,7 @@ void Screen::updateRow(const CellGrid &grid, int row) {
             eraseRest({column, row});
             return;
         }
-        const bool isWide = column + 1 < size_.columns && wanted(column + 1).text.empty();
+        const bool isWide = column + 1 < size_.columns && wanted(column + 1).cluster.isNothing();
         writeCell({column, row}, cell, isWide ? 2 : 1, column == covered);
         column += isWide ? 2 : 1;
         covered = -1;
@@ -126,9 +155,9 @@ void Screen::writeCell(Point at, const Cell &wanted, int columns, bool mayBeCove
     const bool scrolls = capabilities_.wrapsAtOnce && capabilities_.leaveWrapping.empty();
     if (!(isLast && scrolls)) {
         moveTo(at);
-        setPen(penOf(wanted.style));
+        setStyle(wanted.style);
         const Cell &old = shown(at);
-        if (isDisputed(wanted) && wanted.text != old.text &&
+        if (isDisputed(wanted) && wanted.cluster != old.cluster &&
             (mayBeCovered || !isBlank(at, columns))) {
             // A terminal that takes fewer columns would keep something of what stands there.
             bytes_.append(static_cast<std::size_t>(columns), ' ');
@@ -136,8 +165,8 @@ void Screen::writeCell(Point at, const Cell &wanted, int columns, bool mayBeCove
             forgetColumnAtEdge();
             moveTo(at);
         }
-        bytes_ += toUtf8(wanted.text);
-        if (isAscii(wanted)) {
+        wanted.cluster.appendTo(bytes_);
+        if (wanted.cluster.isAscii()) {
             column_ = at.column + 1;
             forgetColumnAtEdge();
         } else {
@@ -146,13 +175,13 @@ void Screen::writeCell(Point at, const Cell &wanted, int columns, bool mayBeCove
     }
     shown(at) = wanted;
     if (columns == 2) {
-        shown({at.column + 1, at.row}) = {u"", wanted.style};
+        shown({at.column + 1, at.row}) = {Cluster(), wanted.style};
     }
 }
 
 bool Screen::isBlank(Point at, int columns) const {
     for (int column = at.column; column < at.column + columns; ++column) {
-        if (shown({column, at.row}).text != blank.text) {
+        if (shown({column, at.row}).cluster != blank.cluster) {
             return false;
         }
     }
@@ -161,12 +190,12 @@ bool Screen::isBlank(Point at, int columns) const {
 
 void Screen::eraseRest(Point from) {
     moveTo(from);
-    setPen({});
+    setStyle({});
     bytes_ += capabilities_.eraseToEndOfLine;
     for (int column = from.column; column < size_.columns; ++column) {
         // Without a way to erase, no cell shows what is wanted, so each one is written.
         shown({column, from.row}) =
-            capabilities_.eraseToEndOfLine.empty() ? Cell{u"\uFFFF", {}} : blank;
+            capabilities_.eraseToEndOfLine.empty() ? Cell{Cluster(u'\uFFFF'), {}} : blank;
     }
 }
 
@@ -193,32 +222,37 @@ void Screen::moveTo(Point to) {
 }
 
 std::string Screen::cheapestWay(Point to) const {
-    std::string best = filled(capabilities_.placeCursor, to.row, to.column);
+    std::string best;
     const auto offer = [&best](const std::string &way) {
-        if (!way.empty() && way.size() < best.size()) {
+        if (!way.empty() && (best.empty() || way.size() < best.size())) {
             best = way;
         }
     };
-    if (!row_) {
-        return best;
-    }
-    if (*row_ == to.row) {
-        if (!capabilities_.toColumn.empty()) {
-            offer(filled(capabilities_.toColumn, to.column));
-        }
-        if (column_) {
-            const int distance = to.column - *column_;
+    const bool isSameRow = row_ == to.row;
+    if (isSameRow && column_) {
+        const int distance = to.column - *column_;
+        if (std::abs(distance) <= mostSteps) {
             offer(repeated(distance > 0 ? capabilities_.right : capabilities_.left,
                            std::abs(distance)));
-            offer(rewritten(to));
         }
+        offer(rewritten(to));
     }
-    if (to.column == 0 && to.row >= *row_) {
+    if (row_ && to.column == 0 && to.row >= *row_) {
         const std::string down = repeated(capabilities_.down, to.row - *row_);
-        if (to.row == *row_ || !down.empty()) {
+        if (isSameRow || !down.empty()) {
             offer(capabilities_.toFirstColumn + down);
         }
     }
+    // To fill in numbers takes longer than all of the above.
+    const auto offerFilled = [&](const std::string &sequence, int first, int second) {
+        if (!sequence.empty() && (best.empty() || best.size() > shortestFilled)) {
+            offer(filled(sequence, first, second));
+        }
+    };
+    if (isSameRow) {
+        offerFilled(capabilities_.toColumn, to.column, 0);
+    }
+    offerFilled(capabilities_.placeCursor, to.row, to.column);
     return best;
 }
 
@@ -227,42 +261,38 @@ std::string Screen::rewritten(Point to) const {
     std::string result;
     for (int column = *column_; column < to.column; ++column) {
         const Cell &cell = shown({column, to.row});
-        if (!isAscii(cell) || penOf(cell.style) != pen_ || result.size() > 4) {
+        if (!cell.cluster.isAscii() || cell.style != style_ || result.size() > 4) {
             return {};
         }
-        result += static_cast<char>(cell.text.front());
+        cell.cluster.appendTo(result);
     }
     return result;
 }
 
-void Screen::setPen(const Pen &pen) {
-    if (pen == pen_) {
+void Screen::setStyle(const Style &style) {
+    if (style == style_) {
         return;
     }
-    const bool mustEnd = (pen_.bold && !pen.bold) || (pen_.dim && !pen.dim) ||
-                         (pen_.reverse && !pen.reverse) || (pen_.underline && !pen.underline) ||
-                         (pen_.colour && !pen.colour);
+    const auto before = nearestColour(style_.colour, colours_);
+    const auto colour = nearestColour(style.colour, colours_);
+    const bool mustEnd = (style_.bold && !style.bold) || (style_.dim && !style.dim) ||
+                         (style_.reverse && !style.reverse) ||
+                         (style_.underline && !style.underline) || (before && !colour);
     if (mustEnd) {
         bytes_ += capabilities_.plain;
-        pen_ = {};
+        style_ = {};
     }
     const auto begin = [this](bool is, bool wanted, const std::string &sequence) {
         bytes_ += wanted && !is ? sequence : std::string();
     };
-    begin(pen_.bold, pen.bold, capabilities_.bold);
-    begin(pen_.dim, pen.dim, capabilities_.dim);
-    begin(pen_.reverse, pen.reverse, capabilities_.reverse);
-    begin(pen_.underline, pen.underline, capabilities_.underline);
-    if (pen.colour && pen.colour != pen_.colour) {
-        bytes_ += filled(capabilities_.foreground, *pen.colour);
+    begin(style_.bold, style.bold, capabilities_.bold);
+    begin(style_.dim, style.dim, capabilities_.dim);
+    begin(style_.reverse, style.reverse, capabilities_.reverse);
+    begin(style_.underline, style.underline, capabilities_.underline);
+    if (colour && (mustEnd || colour != before)) {
+        bytes_ += filled(capabilities_.foreground, *colour);
     }
-    pen_ = pen;
-}
-
-Screen::Pen Screen::penOf(const Style &style) const {
-    const std::optional<int> colour =
-        style.colour ? nearestColour(*style.colour, colours_) : std::nullopt;
-    return {style.bold, style.dim, style.reverse, style.underline, colour};
+    style_ = style;
 }
 
 } // namespace kvex::terminal

@@ -3,6 +3,7 @@
 
 #include "adapters/terminal/io/Capabilities.h"
 #include "adapters/terminal/io/CellGrid.h"
+#include "adapters/terminal/io/Scrolling.h"
 
 #include <optional>
 #include <string>
@@ -10,7 +11,8 @@
 
 namespace kvex::terminal {
 
-/// Knows what the terminal shows, and writes only what differs.
+/// Knows what the terminal shows, and writes only what differs. Lines that moved are scrolled where
+/// the terminal can do so.
 ///
 /// Terminals disagree about the columns of many clusters. So the cursor is placed anew after each
 /// one that is not ASCII. A cluster of several characters may take more columns than expected. So
@@ -27,15 +29,7 @@ public:
     [[nodiscard]] std::string update(const CellGrid &grid);
 
 private:
-    struct Pen {
-        bool bold = false;
-        bool dim = false;
-        bool reverse = false;
-        bool underline = false;
-        std::optional<int> colour;
-        friend bool operator==(const Pen &, const Pen &) = default;
-    };
-
+    void scroll(const Scrolling &scrolling);
     void updateRow(const CellGrid &grid, int row);
     void writeCell(Point at, const Cell &wanted, int columns, bool mayBeCovered);
     [[nodiscard]] bool isBlank(Point at, int columns) const;
@@ -45,8 +39,7 @@ private:
     void moveTo(Point to);
     [[nodiscard]] std::string cheapestWay(Point to) const;
     [[nodiscard]] std::string rewritten(Point to) const;
-    void setPen(const Pen &pen);
-    [[nodiscard]] Pen penOf(const Style &style) const;
+    void setStyle(const Style &style);
     [[nodiscard]] Cell &shown(Point at);
     [[nodiscard]] const Cell &shown(Point at) const;
 
@@ -59,7 +52,8 @@ private:
     std::optional<int> row_;
     std::optional<int> column_;
     bool isCursorShown_ = true;
-    Pen pen_;
+    /// With which the terminal writes.
+    Style style_;
     std::string bytes_;
 };
 

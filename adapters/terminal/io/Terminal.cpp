@@ -24,7 +24,8 @@ std::string entering(const Capabilities &capabilities) {
 }
 
 std::string leaving(const Capabilities &capabilities) {
-    std::string bytes = capabilities.plain;
+    // The program may end while it writes a picture that scrolls a region.
+    std::string bytes = capabilities.plain + capabilities.scrollAll;
     if (capabilities.hasMouse) {
         bytes.append(leavePaste).append(leaveMouse);
     }
