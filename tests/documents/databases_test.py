@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""The SQL of docs/databases.md gives an owner and an editor what the page says."""
+"""The SQL of docs/databases.md does what the page says."""
 
 import os
 import re
@@ -18,10 +18,12 @@ PROGRAM = os.environ["KVEXRULES"]
 PASSWORD = "a secret"
 
 
+BLOCKS = re.findall(r"```sql\n(.*?)```", PAGE.read_text(encoding="utf-8"), re.DOTALL)
+
+
 def statements(begin):
-    """The block of SQL that begins with this line, with a password."""
-    blocks = re.findall(r"```sql\n(.*?)```", PAGE.read_text(encoding="utf-8"), re.DOTALL)
-    [block] = [block for block in blocks if block.startswith(begin)]
+    """The block of SQL that begins with this text, with a password."""
+    [block] = [block for block in BLOCKS if block.startswith(begin)]
     return block.replace("'...'", f"'{PASSWORD}'")
 
 
@@ -81,6 +83,33 @@ class DatabasesTest(unittest.TestCase):
         self.play()
         self.administrate(statements("CREATE USER editor"), "sms")
         self.expect_an_editor_who_only_reads_contacts()
+
+    def testAValueThatCannotBeReadIsStoredAgain(self):
+        folder = tempfile.TemporaryDirectory(prefix="kvex-databases-")
+        self.addCleanup(folder.cleanup)
+        path = Path(folder.name, "rules.db")
+
+        def kvexrules(*words):
+            return subprocess.run([PROGRAM, *words, "--database", path], text=True, check=False,
+                                  capture_output=True, env={**os.environ, "HOME": folder.name})
+
+        def run(text):
+            subprocess.run(["sqlite3", path], input=text, text=True, check=True)
+
+        kvexrules("init", "--sample")
+        run("UPDATE SMS_RULES SET Name = CAST(X'FF41' AS TEXT) WHERE ID = 3;")
+        refused = kvexrules("rename", "3", "another name")
+        self.assertEqual(refused.returncode, 1, refused.stderr)
+        self.assertIn("Name", refused.stderr)
+        run(statements("UPDATE SMS_RULES"))
+        self.assertIn("the name\n", kvexrules("list").stdout)
+        self.assertEqual(kvexrules("rename", "3", "another name").returncode, 0)
+
+    def testEveryBlockOfSqlIsRunAbove(self):
+        source = Path(__file__).read_text(encoding="utf-8")
+        begins = re.findall(r"statements\(\"(.*?)\"\)", source)
+        self.assertEqual([sum(block.startswith(begin) for begin in begins) for block in BLOCKS],
+                         [1] * len(BLOCKS))
 
 
 if __name__ == "__main__":

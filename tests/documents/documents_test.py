@@ -1,13 +1,14 @@
 #!/usr/bin/python3
 """The examples of the documents do what the documents say."""
 
+import json
 import os
 import re
 import tempfile
 import unittest
 from pathlib import Path
 
-from examples import BrokenExample, Example, examples_of, findings_of
+from examples import BrokenExample, Example, blocks_of, examples_of, findings_of
 
 ROOT = Path(__file__).parent.parent.parent
 
@@ -35,9 +36,15 @@ def documents():
 
 def shell_commands(text):
     """The lines of the blocks of the kind `sh`, without comments."""
-    blocks = re.findall(r"^```sh\n(.*?)^```", text, re.DOTALL | re.MULTILINE)
-    lines = (line.split(" #")[0].strip() for block in blocks for line in block.splitlines())
+    lines = (line.split(" #")[0].strip()
+             for kind, block in blocks_of(text) if kind == "sh" for line in block)
     return [line for line in lines if line]
+
+
+def anchors_of(text):
+    """The names that a page of Markdown gives to its headings."""
+    return {re.sub(r"[^\w -]", "", heading.lower()).replace(" ", "-")
+            for heading in re.findall(r"^#+ (.*)$", text, re.MULTILINE)}
 
 
 class DocumentTest(unittest.TestCase):
@@ -53,6 +60,9 @@ class DocumentTest(unittest.TestCase):
 
     def testTheExamplesOfTheContactFiles(self):
         self.check("docs/contacts.md")
+
+    def testTheExamplesOfTheDatabases(self):
+        self.check("docs/databases.md")
 
     def testTheCommandsAreThoseOfTheTable(self):
         """To accept a change: cp build/dev/pages/commands.md docs/"""
@@ -76,12 +86,39 @@ class DocumentTest(unittest.TestCase):
             self.assertIn(written, (ROOT / test).read_text(encoding="utf-8"), command)
 
     def testABlockOfCommandsSaysSo(self):
-        """A block without a kind holds a file, or a line of one."""
+        """A block without a kind holds a file, a line of one, or what a command prints."""
         for document in documents():
-            text = document.read_text(encoding="utf-8")
-            for block in re.findall(r"^```\n(.*?)^```", text, re.DOTALL | re.MULTILINE):
-                self.assertNotRegex(block, r"^(kvexrules|script/|sudo|cmake|apt)\b",
-                                    f"{document.name}: {block}")
+            for kind, lines in blocks_of(document.read_text(encoding="utf-8")):
+                for line in lines if kind == "" else []:
+                    self.assertNotRegex(line, r"^\s*(kvexrules|script/\w+|sudo|cmake|apt)( |$)",
+                                        document.name)
+
+    def testTheIndexNamesEveryDocument(self):
+        index = (ROOT / "docs/README.md").read_text(encoding="utf-8")
+        named = re.findall(r"^\| \[.*?\]\((.*?)\) \|", index, re.MULTILINE)
+        self.assertEqual(len(named), len(set(named)))
+        self.assertEqual({ROOT / "docs" / name for name in named if "/" not in name},
+                         set(documents()) - {ROOT / "README.md", ROOT / "docs/README.md"})
+
+    def testLinksLeadToFilesAndHeadings(self):
+        others = ("CHANGELOG.md", "CONTRIBUTING.md", "SECURITY.md", "tests/README.md")
+        for page in [*documents(), *(ROOT / name for name in others)]:
+            text = page.read_text(encoding="utf-8")
+            for link in re.findall(r"\]\(([^)\s]+)\)", text):
+                if link.startswith("https://"):
+                    continue
+                name, _, heading = link.partition("#")
+                target = (page.parent / name).resolve() if name else page
+                self.assertTrue(target.exists(), f"{page.name}: {link}")
+                if heading:
+                    self.assertIn(heading, anchors_of(target.read_text(encoding="utf-8")),
+                                  f"{page.name}: {link}")
+
+    def testTheReadmeIsReadInAMinute(self):
+        readme = (ROOT / "README.md").read_text(encoding="utf-8")
+        self.assertLessEqual(len(readme.splitlines()), 120)
+        vectors = json.loads((ROOT / "docs/format/vectors.json").read_text(encoding="utf-8"))
+        self.assertIn(f"{len(vectors['rows'])} test vectors", readme)
 
 
 class ExamplesTest(unittest.TestCase):
@@ -95,6 +132,12 @@ class ExamplesTest(unittest.TestCase):
             (8, "ls", ["a", ""], True),
             (11, "cat <<X\nb\nX", ["b"], True),
         ])
+
+    def testBlocksAreFoundOneAfterTheOther(self):
+        self.assertEqual(
+            blocks_of("```sql\nA\n```\ntext\n```\nB\n\nC\n```\n\n- item\n  ```sh\n  D\n"
+                      "  ```\n"),
+            [("sql", ["A"]), ("", ["B", "", "C"]), ("sh", ["D"])])
 
     def testABlockThatIsNoExampleIsRefused(self):
         for text in ("```console\nls\n```\n", "```\n$ ls\n```\n", "```console\n$ ls\n"):

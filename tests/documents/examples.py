@@ -82,6 +82,13 @@ def examples_of(text):
     return examples
 
 
+def blocks_of(text):
+    """The fenced blocks of a document: the kind and the lines of each, also of those in a list."""
+    return [(kind, [line.removeprefix(indent) for line in lines.splitlines()])
+            for indent, _, kind, lines in re.findall(
+                r"^( *)(```+)(\S*)[^\n]*\n(.*?)^ *\2$", text, re.DOTALL | re.MULTILINE)]
+
+
 class Shell:
     """bash in the home folder of a desktop. Its commands read nothing, and a window that they open
     is closed with Escape."""
