@@ -25,7 +25,7 @@ def run(*command, **options):
 
 def install(prefix):
     """Installs what a program needs that embeds the editor: the libraries and the kit."""
-    for component in ("library", "qt", "dev"):
+    for component in ("library", "qt", "terminal", "dev"):
         run(os.environ["CMAKE"], "--install", os.environ["BUILD"], "--component", component,
             "--prefix", prefix)
 
