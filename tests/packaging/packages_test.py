@@ -101,9 +101,17 @@ class Packages(unittest.TestCase):
         self.assertIn("kvexrules: No window can be shown. The toolkit \"qt\" cannot be used. There"
                       " is no display", result("edit"))
         self.assertTrue(result("edit").endswith("\nstatus 2\n"))
+        self.assertEqual(result("edit-in-terminal"), "result: 1\nstatus 0\n")
         self.assertRegex(result("edit-without-qt"), (
             "/libKVEXQt.so does not exist. Install this library. The toolkit \"terminal\" cannot be"
             " used. The standard input and output are no terminal."))
+        commands = result("commands").splitlines()
+        printed = {command: result(f"command-{number}") for number, command in enumerate(commands, 1)}
+        self.assertEqual({command: text for command, text in printed.items()
+                          if not text.endswith("status 0\n")}, {})
+        self.assertEqual(printed["./first rules.db"], "result: 1\nstatus 0\n")
+        self.assertEqual(printed["build/rules-host rules.db show 1 2"].count("Apply this Rule"), 2)
+        self.assertIn("Apply this Rule", printed[commands[-1]])
         self.assertLessEqual({"odbc-postgresql", "odbc-mariadb", "qt6-wayland"},
                              set(result("recommended").split()))
         self.assertEqual(result("upgraded"), "".join(f"{name}\t{NEXT}\n" for name in NAMES))
