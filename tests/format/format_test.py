@@ -156,8 +156,13 @@ class Format(unittest.TestCase):
             subprocess.run([os.environ["KVEXRULES"], "init", "--database", path], check=True,
                            capture_output=True, timeout=60, env={**os.environ, "HOME": folder})
             database = sqlite3.connect(path)
-            for section in chapter("The tables").split("\n### `")[1:]:
-                table = section.split("`")[0]
+            sections = {section.split("`")[0]: section
+                        for section in chapter("The tables").split("\n### `")[1:]}
+            tables = {name for name, in database.execute(
+                "SELECT name FROM sqlite_master WHERE type = 'table' AND name LIKE 'SMS%'")}
+            self.assertEqual({*sections, "SMS_SCHEMA"}, tables)
+            self.assertIn("`SMS_SCHEMA`", chapter("The tables"))
+            for table, section in sections.items():
                 documented = [(name.strip("`"), type_ == "key", None if default == "-" else default)
                               for name, type_, default, _ in cells_of(section)]
                 made = database.execute(f"PRAGMA table_info({table})").fetchall()
