@@ -80,7 +80,7 @@ std::string upgradeOffer(const SchemaState &state) {
     }
     std::string offer = " They have version " + std::to_string(state.version) +
                         ", and this program knows a newer one. kvexrules upgrade would make a "
-                        "backup, then upgrade them in one transaction.";
+                        "backup, then upgrade them.";
     for (const std::u16string &step : plannedSteps(state)) {
         offer += " " + toUtf8(step);
     }

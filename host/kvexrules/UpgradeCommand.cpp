@@ -53,9 +53,11 @@ constexpr Command upgradeCommand{
     .words = {},
     .options = options,
     .summary = "bring older tables to this program's version",
-    .description = R"(Changes tables that an older version of this program made, all steps in one
-transaction. Before that it makes a backup, and prints its path. "kvexrules init" says
-what an upgrade would do. Tables of another program stay as they are.
+    .description =
+        R"(Changes tables that an older version of this program made. Before that it makes a
+backup, and prints its path. All steps are one transaction, except on MariaDB, which
+commits each change of a table at once. "kvexrules init" says what an upgrade would do.
+Tables of another program stay as they are.
 )",
     .example = R"($ kvexrules upgrade
 kvexrules: The tables have version 1 already, ...

@@ -32,7 +32,8 @@ TEST_P(Upgrade, InitSaysWhatAnUpgradeOfOlderTablesWouldDo) {
     makeOldTables();
     EXPECT_THAT(failed(1, {"init"}),
                 AllOf(HasSubstr("has its tables already, so nothing was changed. They have version "
-                                "0, and this program knows a newer one."),
+                                "0, and this program knows a newer one. kvexrules upgrade would "
+                                "make a backup, then upgrade them. Version 1: "),
                       HasSubstr("Version 1: the new table SMS_SCHEMA says which version the tables "
                                 "have.")));
     EXPECT_THAT(failed(1, {"init"}), HasSubstr("version 0"));
