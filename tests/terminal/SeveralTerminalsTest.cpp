@@ -149,6 +149,19 @@ TEST(Handlers, OfTheHostLearnOfANewSize) {
     EXPECT_EQ(std::signal(SIGWINCH, before), &handle);
 }
 
+TEST(Handlers, OfTheHostDoNotLearnOfAHangUpThatClosesTheWindows) {
+    const Pty pty;
+    handled = 0;
+    const auto before = std::signal(SIGHUP, handle);
+    PosixDevice device(pty.program, pty.program);
+    device.acquire("", "");
+    raise(SIGHUP);
+    EXPECT_EQ(device.read(std::nullopt).kind, Arrival::Kind::hungUp);
+    EXPECT_EQ(handled, 0);
+    device.release();
+    EXPECT_EQ(std::signal(SIGHUP, before), &handle);
+}
+
 TEST(Handlers, IgnoreWhatTheProcessIgnored) {
     const Pty pty;
     const auto before = std::signal(SIGINT, SIG_IGN);
