@@ -54,7 +54,8 @@ endmacro()
 kvex_package(library libkvexmessagerules SECTION libs
   SUMMARY "rule editor of an SMS notification server - libraries"
   CONTENT "the component, and the libraries that it and its hosts share"
-  RECOMMENDS "odbc-postgresql, odbc-mariadb" SUGGESTS "libsqliteodbc")
+  RECOMMENDS "kvex-toolkit-qt | kvex-toolkit-terminal, odbc-postgresql, odbc-mariadb"
+  SUGGESTS "libsqliteodbc")
 kvex_package(kvexrules kvexrules SECTION misc
   SUMMARY "rule editor of an SMS notification server"
   CONTENT "the program, which also serves operators at a terminal"

@@ -83,6 +83,7 @@ rm -r embedding
 apt-get install -y /packages/new/*.deb
 versions >/results/upgraded
 step list-after-upgrade kvexrules list
+step remove kvexrules remove 7 --yes
 
 apt-get purge -y '*kvex*'
 dpkg-query --show --showformat '${db:Status-Abbrev}${Package}\n' '*kvex*' >/results/known || true
