@@ -42,6 +42,19 @@ TEST_F(Security, ANewDatabaseIsForItsOwnerAloneWhateverTheUmask) {
     EXPECT_EQ(modeOf(folder / "home/.local/share/kvex/rules.db"), 0600U);
 }
 
+TEST_F(Security, ExportedRulesAndBackupsAreForTheirOwnerAloneWhateverTheUmask) {
+    done({"init", "--sample"});
+    const mode_t before = ::umask(0);
+    done({"export", "--file", (folder / "rules.json").string()});
+    done({"remove", "1", "--yes"});
+    ::umask(before);
+    EXPECT_EQ(modeOf(folder / "rules.json"), 0600U);
+    const std::filesystem::path backups = folder / "home/.local/state/kvex/backups";
+    ASSERT_NE(std::filesystem::directory_iterator(backups), std::filesystem::directory_iterator());
+    EXPECT_EQ(modeOf(std::filesystem::directory_iterator(backups)->path()), 0600U);
+    EXPECT_EQ(modeOf(backups.parent_path()), 0700U);
+}
+
 TEST_F(Security, TheConfigurationFileIsOnlyRead) {
     done({"init"});
     const std::filesystem::path file = folder / "home/.config/kvex/kvexrules.conf";
