@@ -7,7 +7,7 @@
 #include "platform/Text.h"
 
 #include <cstdio>
-#include <type_traits>
+#include <variant>
 
 namespace kvex::host {
 namespace {
@@ -15,14 +15,16 @@ namespace {
 constexpr std::u16string_view yes = u"YES";
 constexpr std::u16string_view no = u"NO";
 
-void take(std::u16string_view value, bool &member) {
-    member = value == yes;
+/// Ignores the value of an unknown field.
+void take(std::u16string_view /*value*/, std::nullptr_t /*none*/) {}
+void take(std::u16string_view value, bool *member) {
+    *member = value == yes;
 }
-void take(std::u16string_view value, std::u16string &member) {
-    member = value;
+void take(std::u16string_view value, std::u16string *member) {
+    *member = value;
 }
-void take(std::u16string_view value, Entries &member) {
-    member.emplace_back(value);
+void take(std::u16string_view value, Entries *member) {
+    member->emplace_back(value);
 }
 
 class Reader final : public ComObject<IRuleFieldSink> {
@@ -30,12 +32,10 @@ public:
     explicit Reader(RuleRead &target) : target_(target) {}
     HRESULT Field(BSTR name, BSTR value) noexcept final {
         return guarded([&] {
-            const std::u16string_view wanted = viewOf(name);
-            forEachField(target_.values, [&](std::u16string_view known, auto &member) {
-                if (known == wanted) {
-                    take(viewOf(value), member);
-                }
-            });
+            if (viewOf(name) != name_) {
+                find(viewOf(name));
+            }
+            std::visit([&](auto member) { take(viewOf(value), member); }, member_);
             return S_OK;
         });
     }
@@ -49,7 +49,20 @@ public:
 private:
     ~Reader() final = default;
 
+    void find(std::u16string_view name) {
+        name_ = name;
+        member_ = nullptr;
+        forEachField(target_.values, [&](std::u16string_view known, auto &member) {
+            if (known == name) {
+                member_ = &member;
+            }
+        });
+    }
+
     RuleRead &target_;
+    /// The field that came last. The entries of a list come one after the other.
+    std::u16string name_;
+    std::variant<std::nullptr_t, bool *, std::u16string *, Entries *> member_;
 };
 
 /// The fields of a rule as an argument.
