@@ -6,29 +6,44 @@
 #include <utility>
 
 namespace kvex::host {
+namespace {
 
-void AppliedRules::add(std::size_t place, const ReadRule &rule) {
-    const auto priority = idOf(rule.row.priority);
-    if (!rule.row.isActive || !priority) {
-        return;
-    }
-    const RuleValues &values = rule.read.values;
-    Conditions conditions = conditionsOf(values, vocabulary_);
-    conditions.areCertain = conditions.areCertain && hasSoundConditions(rule);
-    rules_.push_back({*priority, std::move(conditions), values.ignoreFurtherRules == u"YES",
-                      values.deleteIt == u"YES", !rule.read.end});
-    places_.push_back(place);
+/// Nothing when the rule is not applied.
+std::optional<std::int32_t> priorityOf(const StoredRule &row) {
+    return row.isActive ? idOf(row.priority) : std::nullopt;
 }
 
-std::vector<std::optional<std::size_t>> AppliedRules::takers(std::size_t count) const {
-    std::vector<std::optional<std::size_t>> takers(count);
-    const auto found = takersOf(rules_);
-    for (std::size_t i = 0; i < found.size(); ++i) {
-        if (found[i]) {
-            takers[places_[i]] = places_[*found[i]];
-        }
+} // namespace
+
+bool takesMessages(const RuleValues &rule) {
+    return rule.ignoreFurtherRules == u"YES" || (rule.deleteIt == u"YES" && rule.allMessages);
+}
+
+void AppliedRules::add(std::size_t place, const ReadRule &rule) {
+    const auto priority = priorityOf(rule.row);
+    if (!priority || !takesMessages(rule.read.values) || !hasSoundConditions(rule)) {
+        return;
     }
-    return takers;
+    Conditions conditions = outerConditions(rule.read.values, vocabulary_);
+    if (conditions.areCertain) {
+        takers_.add(place, *priority, std::move(conditions));
+    }
+}
+
+std::optional<std::size_t> AppliedRules::takerOfAll(const StoredRule &row) const {
+    const auto priority = priorityOf(row);
+    return priority ? takers_.takerOfAll(*priority) : std::nullopt;
+}
+
+std::optional<std::size_t> AppliedRules::takerOf(const StoredRule &row,
+                                                 const RuleRead &read) const {
+    const auto priority = priorityOf(row);
+    if (!priority) {
+        return std::nullopt;
+    }
+    // Nothing is said about conditions that could not be read to their end.
+    return read.end ? takers_.takerOfAll(*priority)
+                    : takers_.takerOf(*priority, innerConditions(read.values, vocabulary_));
 }
 
 } // namespace kvex::host

@@ -6,24 +6,31 @@
 
 #include <cstddef>
 #include <optional>
-#include <vector>
 
 namespace kvex::host {
 
+/// True when the rule lets no other rule follow, or applies to all messages and deletes them.
+[[nodiscard]] bool takesMessages(const RuleValues &rule);
+
+/// A rule that is off, or whose priority is no number, takes no messages, and none are taken from
+/// it.
 class AppliedRules {
 public:
-    /// Call it in ascending priority. A rule that is off, or whose priority is no number, does not
-    /// count. `place` is any number of the caller's for the rule.
+    /// Adds the rule if it takes messages for certain. Call it in ascending priority. `place` is
+    /// any number of the caller's for the rule.
     void add(std::size_t place, const ReadRule &rule);
+    /// True while no rule takes messages.
+    [[nodiscard]] bool isEmpty() const { return takers_.isEmpty(); }
 
-    /// For each place below `count`: the place of an earlier rule that takes all messages of the
-    /// rule there, or nothing.
-    [[nodiscard]] std::vector<std::optional<std::size_t>> takers(std::size_t count) const;
+    /// The place of an earlier rule that takes all messages of the rule, whatever its strings are.
+    [[nodiscard]] std::optional<std::size_t> takerOfAll(const StoredRule &row) const;
+    /// The place of an earlier rule that takes all messages of the rule.
+    [[nodiscard]] std::optional<std::size_t> takerOf(const StoredRule &row,
+                                                     const RuleRead &read) const;
 
 private:
     Vocabulary vocabulary_;
-    std::vector<AppliedRule> rules_;
-    std::vector<std::size_t> places_;
+    Takers takers_;
 };
 
 } // namespace kvex::host

@@ -2,49 +2,52 @@
 
 #include "host/check/Moments.h"
 #include "host/rules/StoredIds.h"
-#include "platform/Text.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace kvex::host {
 namespace {
 
-/// Entries that are ids get one spelling each. Nothing when one of them is no id.
-std::optional<Entries> spelled(ListPart part, const Entries &entries) {
-    if (part != ListPart::accounts) {
-        return entries;
-    }
-    Entries ids;
-    for (const std::u16string &entry : entries) {
-        const auto id = idOf(entry);
-        if (!id) {
-            return std::nullopt;
-        }
-        ids.push_back(toText(std::int64_t{*id}));
-    }
-    return ids;
-}
+/// Gives the number of an entry, or nothing for an entry that no other list has.
+using Numbering =
+    std::function<std::optional<std::uint32_t>(ListPart part, const std::u16string &entry)>;
 
 std::optional<ListCondition> listConditionOf(const RuleList &list, ListPart part,
-                                             Vocabulary &vocabulary) {
-    const auto entries = spelled(part, list.entries);
-    if (!entries || entries->empty()) {
-        return std::nullopt;
-    }
+                                             const Numbering &numberOf) {
     ListCondition condition;
-    for (const std::u16string &entry : *entries) {
-        condition.entries.push_back(vocabulary.numberOf(part, entry));
+    bool isOneUnknown = false;
+    for (const std::u16string &entry : list.entries) {
+        if (const auto number = numberOf(part, entry)) {
+            condition.entries.push_back(*number);
+            continue;
+        }
+        // An account that is no id puts the list in doubt. Only a list with each of these entries
+        // contains one that asks for any of them.
+        if (part == ListPart::accounts || list.all == list.negated) {
+            return std::nullopt;
+        }
+        isOneUnknown = true;
+    }
+    if (condition.entries.empty()) {
+        return std::nullopt;
     }
     std::ranges::sort(condition.entries);
     condition.entries.erase(std::unique(condition.entries.begin(), condition.entries.end()),
                             condition.entries.end());
+    const bool areSeveral = condition.entries.size() > 1 || isOneUnknown;
     condition.negated = list.negated;
-    condition.all = condition.entries.size() > 1 && list.all != list.negated;
+    condition.all = areSeveral && list.all != list.negated;
     // The editor makes "any" of a command's "all". Which of the two the server reads is in doubt.
-    if (part == ListPart::command && list.all && condition.entries.size() > 1) {
+    if (part == ListPart::command && list.all && areSeveral) {
         return std::nullopt;
     }
     return condition;
+}
+
+std::optional<std::uint32_t> numberOfId(const std::u16string &entry) {
+    const auto id = idOf(entry);
+    return id ? std::optional(static_cast<std::uint32_t>(*id)) : std::nullopt;
 }
 
 bool intersect(const std::vector<std::uint32_t> &one, const std::vector<std::uint32_t> &other) {
@@ -72,14 +75,7 @@ bool implies(const ListCondition &inner, const ListCondition &outer, ListPart pa
                      : std::ranges::includes(outer.entries, inner.entries);
 }
 
-} // namespace
-
-std::uint32_t Vocabulary::numberOf(ListPart part, const std::u16string &entry) {
-    auto &numbers = numbers_[static_cast<std::size_t>(part)];
-    return numbers.try_emplace(entry, static_cast<std::uint32_t>(numbers.size())).first->second;
-}
-
-Conditions conditionsOf(const RuleValues &rule, Vocabulary &vocabulary) {
+Conditions conditionsOf(const RuleValues &rule, const Numbering &numberOf) {
     Conditions conditions;
     conditions.allMessages = rule.allMessages;
     if (rule.allMessages) {
@@ -94,7 +90,7 @@ Conditions conditionsOf(const RuleValues &rule, Vocabulary &vocabulary) {
             return;
         }
         auto &condition = conditions.lists[static_cast<std::size_t>(part)];
-        condition = listConditionOf(list, part, vocabulary);
+        condition = listConditionOf(list, part, numberOf);
         conditions.areCertain = conditions.areCertain && condition.has_value();
         isLimited = true;
     };
@@ -112,6 +108,31 @@ Conditions conditionsOf(const RuleValues &rule, Vocabulary &vocabulary) {
     }
     conditions.areCertain = conditions.areCertain && isLimited;
     return conditions;
+}
+
+} // namespace
+
+std::uint32_t Vocabulary::numberOf(ListPart part, const std::u16string &entry) {
+    auto &numbers = numbers_[static_cast<std::size_t>(part)];
+    return numbers.try_emplace(entry, static_cast<std::uint32_t>(numbers.size())).first->second;
+}
+
+std::optional<std::uint32_t> Vocabulary::known(ListPart part, const std::u16string &entry) const {
+    const auto &numbers = numbers_[static_cast<std::size_t>(part)];
+    const auto found = numbers.find(entry);
+    return found == numbers.end() ? std::nullopt : std::optional(found->second);
+}
+
+Conditions outerConditions(const RuleValues &rule, Vocabulary &vocabulary) {
+    return conditionsOf(rule, [&](ListPart part, const std::u16string &entry) {
+        return part == ListPart::accounts ? numberOfId(entry) : vocabulary.numberOf(part, entry);
+    });
+}
+
+Conditions innerConditions(const RuleValues &rule, const Vocabulary &vocabulary) {
+    return conditionsOf(rule, [&](ListPart part, const std::u16string &entry) {
+        return part == ListPart::accounts ? numberOfId(entry) : vocabulary.known(part, entry);
+    });
 }
 
 bool contains(const Conditions &outer, const Conditions &inner) {

@@ -25,9 +25,9 @@ inline constexpr std::size_t listPartCount = 4;
 /// so "is not" turns `all` around.
 struct ListCondition {
     bool negated = false;
-    /// Only with at least two entries.
+    /// Only when the rule has at least two entries.
     bool all = false;
-    /// Numbers of a Vocabulary, sorted, each once; never empty.
+    /// Ids of accounts; numbers of a Vocabulary in the other parts. Sorted, each once; never empty.
     std::vector<std::uint32_t> entries;
 };
 
@@ -35,6 +35,9 @@ struct ListCondition {
 class Vocabulary {
 public:
     [[nodiscard]] std::uint32_t numberOf(ListPart part, const std::u16string &entry);
+    /// Nothing when numberOf was not called for this entry.
+    [[nodiscard]] std::optional<std::uint32_t> known(ListPart part,
+                                                     const std::u16string &entry) const;
 
 private:
     std::array<std::unordered_map<std::u16string, std::uint32_t>, listPartCount> numbers_;
@@ -53,7 +56,11 @@ struct Conditions {
     bool areCertain = false;
 };
 
-[[nodiscard]] Conditions conditionsOf(const RuleValues &rule, Vocabulary &vocabulary);
+/// For the outer side of `contains`.
+[[nodiscard]] Conditions outerConditions(const RuleValues &rule, Vocabulary &vocabulary);
+/// For the inner side, compared with outer conditions that were made with the vocabulary before.
+/// Most entries of most rules stand in none of those. They prove nothing, so they are left out.
+[[nodiscard]] Conditions innerConditions(const RuleValues &rule, const Vocabulary &vocabulary);
 
 /// True when every message of `inner` is proved to be one of `outer`.
 [[nodiscard]] bool contains(const Conditions &outer, const Conditions &inner);

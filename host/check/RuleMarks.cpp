@@ -2,7 +2,9 @@
 
 #include "host/check/AppliedRules.h"
 
+#include <algorithm>
 #include <string_view>
+#include <utility>
 
 namespace kvex::host {
 namespace {
@@ -14,42 +16,41 @@ bool mayTakeMessages(const StoredRule &rule) {
     return rule.actionParam.find(yes) != std::u16string::npos;
 }
 
-bool takesMessages(const RuleValues &values) {
-    return values.ignoreFurtherRules == yes || (values.deleteIt == yes && values.allMessages);
-}
-
-std::optional<bool> stops(const RuleRead &read) {
-    return read.end ? std::nullopt : std::optional(read.values.ignoreFurtherRules == yes);
-}
-
 } // namespace
 
-std::vector<RuleMarks> marksOf(const std::vector<StoredRule> &rules, const RuleStrings *strings) {
-    std::vector<RuleMarks> marks;
-    marks.reserve(rules.size());
+bool marksNeedStrings(const std::vector<StoredRule> &rules) {
+    return std::ranges::any_of(rules, mayTakeMessages);
+}
+
+std::vector<RuleMarks> marksOf(const std::vector<StoredRule> &rules, const RuleStrings *strings,
+                               StopsOf stopsOf) {
+    std::vector<RuleMarks> marks(rules.size());
     AppliedRules applied;
-    bool isAnyTaken = false;
     for (std::size_t place = 0; place < rules.size(); ++place) {
         const StoredRule &row = rules[place];
-        const bool mayTake = mayTakeMessages(row);
-        if (strings == nullptr || (!mayTake && !(isAnyTaken && row.isActive))) {
-            marks.push_back({mayTake ? std::nullopt : std::optional(false)});
+        auto &[stops, isNeverReached] = marks[place];
+        isNeverReached = applied.takerOfAll(row).has_value();
+        if (isNeverReached && stopsOf == StopsOf::reachedRules) {
             continue;
         }
-        ReadRule rule{row, strings->read(row.queryParam, row.actionParam), {}};
-        marks.push_back({mayTake ? stops(rule.read) : false});
+        const bool mayTake = mayTakeMessages(row);
+        const bool isApplied = row.isActive && !isNeverReached;
+        stops = mayTake ? std::nullopt : std::optional(false);
+        if (strings == nullptr || !(mayTake || (isApplied && !applied.isEmpty()))) {
+            continue;
+        }
+        RuleRead read = strings->read(row.queryParam, row.actionParam);
+        if (mayTake && !read.end) {
+            stops = read.values.ignoreFurtherRules == yes;
+        }
+        if (isApplied) {
+            isNeverReached = applied.takerOf(row, read).has_value();
+        }
         // Only a rule that takes messages must prove that it was read as it stands.
-        if (row.isActive && takesMessages(rule.read.values)) {
-            rule.written = strings->write(rule.read.values);
-            isAnyTaken = true;
+        if (isApplied && takesMessages(read.values)) {
+            RuleWritten written = strings->write(read.values);
+            applied.add(place, {row, std::move(read), std::move(written)});
         }
-        if (isAnyTaken) {
-            applied.add(place, rule);
-        }
-    }
-    const auto takers = applied.takers(rules.size());
-    for (std::size_t place = 0; place < rules.size(); ++place) {
-        marks[place].isNeverReached = takers[place].has_value();
     }
     return marks;
 }

@@ -16,10 +16,16 @@ struct RuleMarks {
     bool isNeverReached = false;
 };
 
+/// A rule that is never reached may keep `stops` unknown: then it need not be read.
+enum class StopsOf { reachedRules, allRules };
+
+/// True when a mark depends on the rules' strings. Else marksOf reads none of them.
+[[nodiscard]] bool marksNeedStrings(const std::vector<StoredRule> &rules);
+
 /// `rules` are all live rules in the order of readRules; so are the results. It reads only the
 /// rules on which a mark depends, because reading takes most of the time. Null `strings` read none:
 /// then nothing is proved, and it is unknown whether a rule stops unless its words exclude it.
 [[nodiscard]] std::vector<RuleMarks> marksOf(const std::vector<StoredRule> &rules,
-                                             const RuleStrings *strings);
+                                             const RuleStrings *strings, StopsOf stopsOf);
 
 } // namespace kvex::host

@@ -72,11 +72,13 @@ std::vector<std::optional<std::size_t>> sameNamesAmong(const std::vector<Checked
 }
 
 std::vector<std::optional<std::size_t>> takersAmong(const std::vector<CheckedRule> &rules) {
+    std::vector<std::optional<std::size_t>> takers;
     AppliedRules applied;
     for (const CheckedRule &rule : rules) {
+        takers.push_back(applied.takerOf(rule.row, rule.read));
         applied.add(rule.place, rule);
     }
-    return applied.takers(rules.size());
+    return takers;
 }
 
 } // namespace

@@ -32,9 +32,10 @@ std::optional<RuleStrings> componentsStrings() {
     }
 }
 
-std::vector<ListedRule> listed(std::vector<StoredRule> rules) {
-    const std::optional<RuleStrings> strings = componentsStrings();
-    const std::vector<RuleMarks> marks = marksOf(rules, strings ? &*strings : nullptr);
+std::vector<ListedRule> listed(std::vector<StoredRule> rules, StopsOf stopsOf) {
+    const std::optional<RuleStrings> strings =
+        marksNeedStrings(rules) ? componentsStrings() : std::nullopt;
+    const std::vector<RuleMarks> marks = marksOf(rules, strings ? &*strings : nullptr, stopsOf);
     std::vector<ListedRule> list;
     list.reserve(rules.size());
     for (StoredRule &rule : rules) {
@@ -75,15 +76,17 @@ private:
 
 int list(const Request &request) {
     const Settings settings = settingsFor(request);
-    std::vector<ListedRule> rules = listed(rulesOf(settings, Strings::read));
+    const bool isDocument = request.value(formatOption) == "json";
+    // A line of text has one mark, a document has all of them.
+    std::vector<ListedRule> rules = listed(rulesOf(settings, Strings::read),
+                                           isDocument ? StopsOf::allRules : StopsOf::reachedRules);
     int status = exit_status::done;
     if (request.has(grepOption)) {
         const RuleSearch search(request.value(grepOption), settings);
         std::erase_if(rules, [&](const ListedRule &one) { return !search.finds(one.rule); });
         status = rules.empty() ? exit_status::refused : exit_status::done;
     }
-    print(request.value(formatOption) == "json" ? listJson(rules, printsToTerminal())
-                                                : listText(rules));
+    print(isDocument ? listJson(rules, printsToTerminal()) : listText(rules));
     return status;
 }
 

@@ -56,7 +56,8 @@ std::vector<ReferenceMessage> everyMessage() {
 
 bool isProved(const RuleValues &outer, const RuleValues &inner) {
     Vocabulary vocabulary;
-    return contains(conditionsOf(outer, vocabulary), conditionsOf(inner, vocabulary));
+    const Conditions conditions = outerConditions(outer, vocabulary);
+    return contains(conditions, innerConditions(inner, vocabulary));
 }
 
 bool holds(const RuleValues &outer, const RuleValues &inner,
@@ -173,6 +174,37 @@ TEST(Containment, ComparesIdsAsNumbers) {
         isProved(withAccounts({false, false, {u"1"}}), withAccounts({false, false, {u"01"}})));
     EXPECT_FALSE(
         isProved(withAccounts({false, false, {u"1", u"x"}}), withAccounts({false, false, {u"1"}})));
+}
+
+TEST(Containment, CountsAnEntryOnce) {
+    const RuleList b{false, false, {u"b"}};
+    const RuleList twiceB{false, true, {u"b", u"b"}};
+    EXPECT_TRUE(isProved(withPeople(b), withPeople(twiceB)));
+    EXPECT_TRUE(isProved(withPeople(twiceB), withPeople(b)));
+    EXPECT_TRUE(isProved(withWords(twiceB, true), withWords(b, true)));
+    EXPECT_TRUE(isProved(withWords(b, true), withWords(twiceB, true)));
+    EXPECT_FALSE(isProved(withPeople(b), withPeople({false, true, {u"c", u"c"}})));
+    EXPECT_TRUE(
+        isProved(withAccounts({true, false, {u"1"}}), withAccounts({false, true, {u"2", u"2"}})));
+}
+
+TEST(Containment, LooksOnlyAtEntriesThatBothHave) {
+    const RuleList b{false, false, {u"b"}};
+    EXPECT_TRUE(isProved(withPeople(b), withPeople({false, true, {u"a", u"b", u"c"}})));
+    EXPECT_FALSE(isProved(withPeople(b), withPeople({false, false, {u"a", u"b", u"c"}})));
+    EXPECT_FALSE(isProved(withWords(b, true), withWords({false, true, {u"a", u"b"}}, true)));
+    Vocabulary vocabulary;
+    const Conditions people = outerConditions(withPeople(b), vocabulary);
+    EXPECT_EQ(people.lists[0]->entries, std::vector<std::uint32_t>{0});
+    const auto inner = [&](const RuleList &list) {
+        return innerConditions(withPeople(list), vocabulary).lists[0];
+    };
+    EXPECT_FALSE(inner({false, false, {u"b", u"a"}}));
+    EXPECT_FALSE(inner({false, true, {u"c", u"a"}}));
+    EXPECT_EQ(inner({false, true, {u"a", u"b"}})->entries, std::vector<std::uint32_t>{0});
+    EXPECT_TRUE(inner({false, true, {u"a", u"b"}})->all);
+    EXPECT_FALSE(vocabulary.known(ListPart::people, u"a"));
+    EXPECT_FALSE(vocabulary.known(ListPart::words, u"b"));
 }
 
 TEST(Containment, OfDatesIsThatOfTheRanges) {
