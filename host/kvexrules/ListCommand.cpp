@@ -78,8 +78,9 @@ int list(const Request &request) {
     const Settings settings = settingsFor(request);
     const bool isDocument = request.value(formatOption) == "json";
     // A line of text has one mark, a document has all of them.
-    std::vector<ListedRule> rules = listed(rulesOf(settings, Strings::read),
-                                           isDocument ? StopsOf::allRules : StopsOf::reachedRules);
+    std::vector<ListedRule> rules =
+        listed(rulesOf(settings, request.has(grepOption) ? Strings::read : Strings::ifOneSaysYes),
+               isDocument ? StopsOf::allRules : StopsOf::reachedRules);
     int status = exit_status::done;
     if (request.has(grepOption)) {
         const RuleSearch search(request.value(grepOption), settings);

@@ -8,15 +8,28 @@
 namespace kvex::host {
 namespace {
 
+/// REPLACE finds the word in any value, and with its capital letters. LIKE does so only in some
+/// databases.
+constexpr std::u16string_view whetherOneSaysYes =
+    u", (SELECT CASE WHEN EXISTS (SELECT 1 FROM SMS_RULES WHERE DELETED = 0 AND "
+    u"REPLACE(ActionParam, 'YES', '') <> ActionParam) THEN 1 ELSE 0 END AS SAYS_YES) AS ONE";
+
 std::u16string rulesQuery(Strings strings) {
-    const std::u16string columns = strings == Strings::read ? u", QueryParam, ActionParam" : u"";
-    return u"SELECT ID, NAME, ACTIVE, PRIORITY" + columns +
-           u" FROM SMS_RULES WHERE DELETED = 0 ORDER BY PRIORITY, ID";
+    std::u16string columns = u"ID, NAME, ACTIVE, PRIORITY";
+    std::u16string tables = u"SMS_RULES";
+    if (strings == Strings::read) {
+        columns += u", QueryParam, ActionParam";
+    } else if (strings == Strings::ifOneSaysYes) {
+        columns += u", CASE WHEN SAYS_YES = 1 THEN QueryParam END AS QueryParam"
+                   u", CASE WHEN SAYS_YES = 1 THEN ActionParam END AS ActionParam";
+        tables += whetherOneSaysYes;
+    }
+    return u"SELECT " + columns + u" FROM " + tables + u" WHERE DELETED = 0 ORDER BY PRIORITY, ID";
 }
 
 StoredRule ruleOf(const Recordset &row, Strings strings) {
     const auto text = [&](std::u16string_view column) {
-        return strings == Strings::read ? textOf(row, column) : std::u16string();
+        return strings == Strings::leaveOut ? std::u16string() : textOf(row, column);
     };
     return {textOf(row, u"ID"),       textOf(row, u"NAME"), textOf(row, u"ACTIVE") == u"1",
             textOf(row, u"PRIORITY"), text(u"QueryParam"),  text(u"ActionParam")};

@@ -11,8 +11,8 @@
 namespace kvex::host {
 
 /// Whether the two strings of the rules are read. They are most of a rule; without them they are
-/// "".
-enum class Strings { read, leaveOut };
+/// "". With `ifOneSaysYes` those of all rules are read when YES stands in the actions of one.
+enum class Strings { read, leaveOut, ifOneSaysYes };
 
 /// The live rules in priority order; rules with the same priority are in the order of their ids.
 /// Fails as the record set's open does, and so do the functions below.

@@ -66,6 +66,16 @@ TEST_P(ServerDatabase, GetsItsTablesOnce) {
     EXPECT_THAT(failed(1, {"init"}), HasSubstr("has its tables already"));
 }
 
+TEST_P(ServerDatabase, ListsRulesOfWhichNoneStops) {
+    done({"init", "--sample"});
+    done({"remove", "1", "5", "--yes"});
+    EXPECT_EQ(done({"list"}), "1  on   2  -      Help 🌙 at night\n"
+                              "2  on   3  -      दिल्ली के संदेश\n"
+                              "3  on   4  -      Strangers\n"
+                              "4  on   6  -      No services\n"
+                              "5  on   7  -      Everything to the system\n");
+}
+
 TEST_P(ServerDatabase, HoldsTheSampleThatAFileHolds) {
     const std::string file = database.string();
     done({"init", "--sample", "--database", file});

@@ -45,6 +45,33 @@ TEST_F(RuleRows, CanLeaveOutTheStrings) {
     EXPECT_EQ(rules[0].actionParam, u"");
 }
 
+TEST_F(RuleRows, HaveTheirStringsWhenTheActionsOfOneSayYes) {
+    const auto read = [&] {
+        std::vector<std::u16string> strings;
+        for (const StoredRule &rule : readRules(*connection_, Strings::ifOneSaysYes)) {
+            strings.push_back(rule.name + u" " + rule.queryParam + u" " + rule.actionParam);
+        }
+        return strings;
+    };
+    database_.addRule("b", "YES", "yes", 2);
+    database_.addRule("gone", "q", "YES");
+    database_.execute("UPDATE SMS_RULES SET DELETED = 1 WHERE Name = 'gone'");
+    database_.addRule("a", "q", "YE S", 1);
+    database_.execute("INSERT INTO SMS_RULES (Name, PRIORITY) VALUES ('null', 3)");
+    EXPECT_EQ(read(), (std::vector<std::u16string>{u"a  ", u"b  ", u"null  "}));
+    database_.addRule("c", "q", "xYESx", 4, 0);
+    EXPECT_EQ(read(),
+              (std::vector<std::u16string>{u"a q YE S", u"b YES yes", u"null  ", u"c q xYESx"}));
+}
+
+TEST_F(RuleRows, HaveTheirStringsWhenABinaryValueSaysYes) {
+    database_.addRule("a", "q", "no");
+    for (const char *value : {"'x' || char(0) || 'YES'", "CAST('YES' AS BLOB)"}) {
+        database_.execute(std::string("UPDATE SMS_RULES SET ActionParam = ") + value);
+        EXPECT_EQ(readRules(*connection_, Strings::ifOneSaysYes).front().queryParam, u"q");
+    }
+}
+
 TEST_F(RuleRows, ReadNullAsNothing) {
     database_.execute("INSERT INTO SMS_RULES (Name, QueryParam, ActionParam, PRIORITY, ACTIVE) "
                       "VALUES (NULL, NULL, NULL, NULL, NULL)");
