@@ -139,9 +139,6 @@ bool contains(const Conditions &outer, const Conditions &inner) {
     if (!outer.areCertain) {
         return false;
     }
-    if (outer.allMessages) {
-        return true;
-    }
     if (outer.noServiceMessages && !inner.noServiceMessages) {
         return false;
     }

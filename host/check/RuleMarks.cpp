@@ -43,9 +43,7 @@ std::vector<RuleMarks> marksOf(const std::vector<StoredRule> &rules, const RuleS
         if (mayTake && !read.end) {
             stops = read.values.ignoreFurtherRules == yes;
         }
-        if (isApplied) {
-            isNeverReached = applied.takerOf(row, read).has_value();
-        }
+        isNeverReached = applied.takerOf(row, read).has_value();
         // Only a rule that takes messages must prove that it was read as it stands.
         if (isApplied && takesMessages(read.values)) {
             RuleWritten written = strings->write(read.values);

@@ -9,9 +9,6 @@
 namespace kvex::host {
 
 std::optional<std::int32_t> idOf(std::u16string_view text) {
-    if (!isNumeric(text)) {
-        return std::nullopt;
-    }
     try {
         return toInt32(text);
     } catch (const Error &) {

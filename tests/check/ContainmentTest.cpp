@@ -184,6 +184,8 @@ TEST(Containment, CountsAnEntryOnce) {
     EXPECT_TRUE(isProved(withWords(twiceB, true), withWords(b, true)));
     EXPECT_TRUE(isProved(withWords(b, true), withWords(twiceB, true)));
     EXPECT_FALSE(isProved(withPeople(b), withPeople({false, true, {u"c", u"c"}})));
+    EXPECT_TRUE(isProved(withPeople({false, false, {u"b", u"c"}}),
+                         withPeople({false, false, {u"b", u"c", u"b"}})));
     EXPECT_TRUE(
         isProved(withAccounts({true, false, {u"1"}}), withAccounts({false, true, {u"2", u"2"}})));
 }
