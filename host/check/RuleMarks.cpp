@@ -40,7 +40,7 @@ std::vector<RuleMarks> marksOf(const std::vector<StoredRule> &rules, const RuleS
             continue;
         }
         RuleRead read = strings->read(row.queryParam, row.actionParam);
-        if (mayTake && !read.end) {
+        if (!read.end) {
             stops = read.values.ignoreFurtherRules == yes;
         }
         isNeverReached = applied.takerOf(row, read).has_value();

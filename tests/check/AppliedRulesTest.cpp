@@ -120,7 +120,11 @@ TEST(AppliedRules, AreEmptyUntilOneTakesMessages) {
     applied.add(0, rule);
     EXPECT_TRUE(applied.isEmpty());
     rule.read.values.ignoreFurtherRules = u"YES";
+    rule.read.values.dateTime = u"in doubt";
     applied.add(1, rule);
+    EXPECT_TRUE(applied.isEmpty());
+    rule.read.values.dateTime.clear();
+    applied.add(2, rule);
     EXPECT_FALSE(applied.isEmpty());
 }
 

@@ -156,6 +156,13 @@ TEST(Containment, OfAccountsIsProvedOnlyWhenItHoldsAndAlwaysForThoseOfTheEditor)
     });
 }
 
+TEST(Containment, OfNotAllOfSomeAccountsDoesNotFollowFromOthers) {
+    const RuleList two{false, false, {u"2"}};
+    EXPECT_TRUE(isProved(withAccounts({true, false, {u"1", u"3"}}), withAccounts(two)));
+    EXPECT_TRUE(isProved(withAccounts({true, true, {u"1"}}), withAccounts(two)));
+    EXPECT_FALSE(isProved(withAccounts({true, true, {u"1", u"3"}}), withAccounts(two)));
+}
+
 TEST(Containment, OfWordsSaysNothingAboutCommands) {
     const RuleList stop{false, false, {u"STOP"}};
     EXPECT_FALSE(isProved(withWords(stop), withWords(stop, true)));
