@@ -161,6 +161,8 @@ TEST(Containment, OfNotAllOfSomeAccountsDoesNotFollowFromOthers) {
     EXPECT_TRUE(isProved(withAccounts({true, false, {u"1", u"3"}}), withAccounts(two)));
     EXPECT_TRUE(isProved(withAccounts({true, true, {u"1"}}), withAccounts(two)));
     EXPECT_FALSE(isProved(withAccounts({true, true, {u"1", u"3"}}), withAccounts(two)));
+    EXPECT_FALSE(
+        isProved(withAccounts({true, false, {u"1"}}), withAccounts({false, true, {u"2", u"3"}})));
 }
 
 TEST(Containment, OfWordsSaysNothingAboutCommands) {
@@ -214,6 +216,12 @@ TEST(Containment, LooksOnlyAtEntriesThatBothHave) {
     EXPECT_TRUE(inner({false, true, {u"a", u"b"}})->all);
     EXPECT_FALSE(vocabulary.known(ListPart::people, u"a"));
     EXPECT_FALSE(vocabulary.known(ListPart::words, u"b"));
+}
+
+TEST(Containment, OfAccountsOfWhichOneIsNoIdIsInDoubt) {
+    const RuleValues some = withAccounts({false, true, {u"1", u"2", u"x"}});
+    EXPECT_FALSE(isProved(some, some));
+    EXPECT_FALSE(isProved(withAccounts({false, false, {u"1"}}), some));
 }
 
 TEST(Containment, OfDatesIsThatOfTheRanges) {

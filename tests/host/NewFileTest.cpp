@@ -4,13 +4,13 @@
 #include "tests/support/RaisedError.h"
 
 #include "platform/Text.h"
+#include <csignal>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <iterator>
-#include <optional>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <vector>
 
 namespace kvex::host {
 namespace {
@@ -64,8 +64,15 @@ TEST_F(NewFileTest, RemovesNothingWhenItIsKept) {
     const std::filesystem::path before = std::filesystem::current_path();
     std::filesystem::current_path(folder_.path());
     writeFile(folder_ / "-wal", "another's");
-    NewFile(file_, Existing::refuse).keep();
+    std::string path;
+    {
+        NewFile made(file_, Existing::refuse);
+        path = made.path();
+        made.keep();
+        writeFile(path, "another's");
+    }
     std::filesystem::current_path(before);
+    EXPECT_EQ(readFile(path), "another's");
     EXPECT_EQ(readFile(folder_ / "-wal"), "another's");
 }
 
@@ -106,6 +113,22 @@ TEST_F(NewFileTest, FailsWhenTheFilledFileIsGone) {
                 [&] { made.write("x"); });
     expectError(error_number::badArgument, refusal("No such file or directory"),
                 [&] { made.keep(); });
+}
+
+TEST_F(NewFileTest, FailsWhenOnlyAPartCanBeWritten) {
+    NewFile made(file_, Existing::refuse);
+    rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+    const rlimit few{4, before.rlim_max};
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &few), 0);
+    const auto error = test::raisedBy([&] { made.write("123456"); });
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->number(), error_number::badArgument);
+    EXPECT_EQ(error->description(), refusal("File too large"));
+    EXPECT_EQ(readFile(made.path()), "1234");
 }
 
 TEST_F(NewFileTest, FailsWhenAFolderHasItsName) {
