@@ -50,15 +50,10 @@ std::optional<std::uint32_t> numberOfId(const std::u16string &entry) {
     return id ? std::optional(static_cast<std::uint32_t>(*id)) : std::nullopt;
 }
 
+/// Both are sorted.
 bool intersect(const std::vector<std::uint32_t> &one, const std::vector<std::uint32_t> &other) {
-    for (auto left = one.begin(), right = other.begin();
-         left != one.end() && right != other.end();) {
-        if (*left == *right) {
-            return true;
-        }
-        ++(*left < *right ? left : right);
-    }
-    return false;
+    return std::ranges::any_of(
+        one, [&](std::uint32_t entry) { return std::ranges::binary_search(other, entry); });
 }
 
 bool implies(const ListCondition &inner, const ListCondition &outer, ListPart part) {

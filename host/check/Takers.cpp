@@ -68,14 +68,15 @@ std::optional<std::size_t> Takers::takerOf(std::int64_t priority,
 /// All rules that can contain the conditions are among these.
 std::vector<const Takers::Indexes *> Takers::candidates(const Conditions &conditions) const {
     std::vector<const Indexes *> candidates{&withoutEntry_};
-    for (std::size_t part = 0; part < listPartCount; ++part) {
-        const auto &list = conditions.lists[part];
+    for (const ListPart part :
+         {ListPart::people, ListPart::accounts, ListPart::words, ListPart::command}) {
+        const auto &list = conditions.lists[static_cast<std::size_t>(part)];
         if (!list) {
             continue;
         }
         std::vector<const Indexes *> ofList;
         for (const std::uint32_t entry : list->entries) {
-            ofList.push_back(&under(static_cast<ListPart>(part), *list, entry));
+            ofList.push_back(&under(part, *list, entry));
         }
         if (list->all) {
             candidates.insert(candidates.end(), ofList.begin(), ofList.end());
