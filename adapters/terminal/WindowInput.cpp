@@ -147,7 +147,7 @@ std::u16string TerminalWindow::statusLine(int columns) const {
         }
     } else {
         for (const char16_t *const key :
-             {u"Tab: next", u"   Esc: cancel", u"   Alt+letter or F2, letter: underlined letter"}) {
+             {u"Tab: next", u"  Esc: cancel", u"  Alt+letter or F2, letter: underlined letter"}) {
             if (fits(said + key)) {
                 said += key;
             }

@@ -82,7 +82,8 @@ class WholeRule(SessionTest):
         session = self.start()
         self.make_rule(session, "By F2")
         session.terminal.press("F2")
-        session.terminal.wait_for("the hint", lambda: session.terminal.shows("underlined letter"))
+        session.terminal.wait_for(
+            "the hint", lambda: session.terminal.shows("Press an underlined letter"))
         session.terminal.press("o")
         self.assertEqual(session.finish(), (0, "result: 99"))
         self.assertEqual([rule["Name"] for rule in self.database.rules()], ["By F2"])
