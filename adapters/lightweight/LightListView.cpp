@@ -26,7 +26,7 @@ std::u16string LightListView::status() const {
 
 void LightListView::setPage(int rows) {
     const int current = currentRow();
-    const bool wasVisible = current > 0 && visible_.contains(current);
+    const bool wasVisible = visible_.contains(current);
     visible_.setSize(rows);
     if (wasVisible) {
         visible_.bringIntoView(current);

@@ -108,8 +108,9 @@ bool Arranger::isShown(const Layout &layout) const {
                                [this](const Layout &piece) { return isShown(piece); });
 }
 
+/// Whether the layout, which is shown, grows in this direction.
 bool Arranger::grows(const Layout &layout, bool (Placeable::*way)() const) const {
-    if (layout.kind == Layout::Kind::control && layout.pieces.empty()) {
+    if (layout.pieces.empty()) {
         return (find_(layout.control)->*way)();
     }
     return std::ranges::any_of(

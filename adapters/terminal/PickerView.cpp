@@ -45,10 +45,9 @@ void PickerView::paint(Canvas &canvas, const Rect &at, const Look &look) {
 
     const std::u16string text = picker_.editor().text();
     const auto part = picker_.editor().part();
-    const std::size_t end = part.from + part.length;
     Point to{at.column + tickColumns, at.row};
     canvas.put(to, text, style);
-    if (hasValue && end <= text.size()) {
+    if (hasValue) {
         to.column += static_cast<int>(part.from);
         canvas.put(to, std::u16string_view(text).substr(part.from, part.length), marked);
     }

@@ -89,7 +89,7 @@ int longestWord(std::u16string_view text, Characters characters) {
 
 std::size_t lineOf(const std::vector<WrappedLine> &lines, std::size_t at) {
     const auto after = std::ranges::upper_bound(lines, at, {}, &WrappedLine::from);
-    return after == lines.begin() ? 0 : static_cast<std::size_t>(after - lines.begin()) - 1;
+    return static_cast<std::size_t>(after - lines.begin()) - 1;
 }
 
 std::size_t unitAt(std::u16string_view text, const WrappedLine &line, int column,

@@ -124,8 +124,8 @@ void refuseUseless(const std::string &type, const CurrentType &current) {
     if (!current.isKnown() && !current.isHardcopy()) {
         refuse(u"The type of this terminal is not known (" + shown(type) + u")");
     }
-    if (current.isHardcopy() || CurrentType::flag("hc") || CurrentType::flag("gn") ||
-        CurrentType::text("cup").empty() || CurrentType::text("clear").empty()) {
+    if (current.isHardcopy() || CurrentType::text("cup").empty() ||
+        CurrentType::text("clear").empty()) {
         refuse(u"This terminal cannot place its cursor (" + shown(type) + u")");
     }
 }
