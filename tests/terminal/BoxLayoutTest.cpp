@@ -131,6 +131,13 @@ TEST_F(BoxLayoutTest, AWrappedTextIsAsHighAsItsWidthAsks) {
     const Layout layout = column({place(u"text"), place(u"b")});
     EXPECT_EQ(at(arrange(layout, {50, 9}), u"b")->row, 1);
     EXPECT_EQ(at(arrange(layout, {20, 9}), u"b")->row, 3);
+    // Beside another control it has one column less, for the gap.
+    control(u"a");
+    const Layout beside = column({row({place(u"a"), place(u"text", 1)}), place(u"b")});
+    EXPECT_EQ(at(arrange(beside, {36, 9}), u"text"), (Place{{11, 0, 25, 2}}));
+    EXPECT_EQ(at(arrange(beside, {36, 9}), u"b")->row, 2);
+    EXPECT_EQ(at(arrange(beside, {35, 9}), u"text"), (Place{{11, 0, 24, 3}}));
+    EXPECT_EQ(at(arrange(beside, {35, 9}), u"b")->row, 3);
 }
 
 TEST_F(BoxLayoutTest, GapsGoFirstThenTheFramesOfListsThenAllFramesThenListsShrink) {
@@ -178,6 +185,42 @@ TEST_F(BoxLayoutTest, AFrameSurroundsItsPiecesUntilItIsGivenUp) {
     EXPECT_EQ(at(arrange(layout, {20, 1}), u"a"), (Place{{0, 0, 20, 1}}));
 }
 
+TEST_F(BoxLayoutTest, AListInAFrameGrowsUpToItsBorders) {
+    control(u"frame");
+    control(u"a");
+    list(u"list", {2, 4});
+    const auto found =
+        arrange(column({placeFrame(u"frame", {place(u"a"), place(u"list")})}), {30, 20});
+    EXPECT_EQ(at(found, u"frame"), (Place{{0, 0, 30, 20}}));
+    EXPECT_EQ(at(found, u"a"), (Place{{2, 1, 26, 1}}));
+    EXPECT_EQ(at(found, u"list"), (Place{{2, 2, 26, 17}}));
+}
+
+TEST_F(BoxLayoutTest, ARowInsideARowIsTakenApartFirst) {
+    for (const auto *name : {u"a", u"b", u"c"}) {
+        control(name);
+    }
+    const Layout layout = row({row({place(u"a"), place(u"b")}), place(u"c")});
+    EXPECT_EQ(at(arrange(layout, {32, 5}), u"c"), (Place{{22, 0, 10, 1}}));
+    const auto narrow = arrange(layout, {31, 5});
+    EXPECT_EQ(at(narrow, u"a"), (Place{{0, 0, 20, 1}}));
+    EXPECT_EQ(at(narrow, u"b"), (Place{{0, 1, 20, 1}}));
+    EXPECT_EQ(at(narrow, u"c"), (Place{{21, 0, 10, 1}}));
+    EXPECT_EQ(at(arrange(layout, {22, 5}), u"c"), (Place{{12, 0, 10, 1}}));
+    EXPECT_EQ(at(arrange(layout, {21, 5}), u"c"), (Place{{0, 1, 21, 1}}));
+}
+
+TEST_F(BoxLayoutTest, SpareRoomGoesToWishesBeforeItIsShared) {
+    control(u"a").across = {5, 11};
+    control(u"b").across = {5, 8};
+    const Layout layout = row({place(u"a", 1), place(u"b")});
+    EXPECT_EQ(at(arrange(layout, {14, 1}), u"a"), (Place{{0, 0, 7, 1}}));
+    EXPECT_EQ(at(arrange(layout, {14, 1}), u"b"), (Place{{8, 0, 6, 1}}));
+    EXPECT_EQ(at(arrange(layout, {20, 1}), u"b"), (Place{{12, 0, 8, 1}}));
+    EXPECT_EQ(at(arrange(layout, {30, 1}), u"a"), (Place{{0, 0, 21, 1}}));
+    EXPECT_EQ(at(arrange(layout, {30, 1}), u"b"), (Place{{22, 0, 8, 1}}));
+}
+
 TEST_F(BoxLayoutTest, ARoomWithoutCellsIsNoError) {
     control(u"a");
     list(u"list", {2, 4});
@@ -194,6 +237,11 @@ TEST_F(BoxLayoutTest, TheNaturalSizeIsThatOfTheContentWithinALimit) {
     const BoxLayout layout = boxes(column({scrolling({place(u"text")}), place(u"ok")}));
     EXPECT_EQ(layout.naturalSize(200), (Size{100, 2}));
     EXPECT_EQ(layout.naturalSize(40), (Size{40, 4}));
+    control(u"frame");
+    const BoxLayout framed = boxes(column({placeFrame(u"frame", {place(u"text")}), place(u"ok")}));
+    EXPECT_EQ(framed.naturalSize(200), (Size{104, 4}));
+    EXPECT_EQ(framed.naturalSize(54), (Size{54, 5}));
+    EXPECT_EQ(framed.naturalSize(53), (Size{53, 6}));
 }
 
 } // namespace

@@ -51,6 +51,10 @@ const std::vector<Sequence> sequences{
     {"\xC3\xA9", Typed{u"é"}},
     {"\xE0\xA4\xB9", Typed{u"ह"}},
     {"\xF0\x9F\x98\x80", Typed{u"😀"}},
+    {"\xC2\xA9", Typed{u"\u00A9"}},
+    {"\xDF\x80", Typed{u"\u07C0"}},
+    {"\xEF\xBC\xA1", Typed{u"\uFF21"}},
+    {"\xF4\x80\x80\x80", Typed{u"\U00100000"}},
     {"\x1b"
      "a",
      Typed{u"a", true}},
@@ -136,6 +140,8 @@ const std::vector<Sequence> sequences{
     {"\x1b[<0;5;3M", MouseEvent{MouseEvent::Kind::press, {4, 2}}},
     {"\x1b[<64;1;1M", MouseEvent{MouseEvent::Kind::wheelUp, {0, 0}}},
     {"\x1b[<65;300;200M", MouseEvent{MouseEvent::Kind::wheelDown, {299, 199}}},
+    {"\x1b[<4;5;3M", MouseEvent{MouseEvent::Kind::press, {4, 2}}},      // with Shift
+    {"\x1b[<81;5;3M", MouseEvent{MouseEvent::Kind::wheelDown, {4, 2}}}, // with Ctrl
     {"\x1b[M !!", MouseEvent{MouseEvent::Kind::press, {0, 0}}},
     {"\x1b[M`%#", MouseEvent{MouseEvent::Kind::wheelUp, {4, 2}}},
     // Pastes
@@ -212,6 +218,7 @@ TEST(Decoder, SwallowsWhatIsUnknownWhole) {
                                       "\x1b[2~",
                                       "\x1b[15;5~",
                                       "\x1b[?2026;1$y",
+                                      "\x1b[1/z",
                                       "\x1bOz",
                                       "\x1b[201~",
                                       "\x1b]11;rgb:0000/0000/0000\x1b\\",
@@ -220,7 +227,14 @@ TEST(Decoder, SwallowsWhatIsUnknownWhole) {
                                       "\x1b_G;OK\x1b\\",
                                       "\x1b[<0;1;1m",
                                       "\x1b[<35;4;4M",
+                                      "\x1b[<1;1;1M",
                                       "\x1b[<2;1;1M",
+                                      "\x1b[<32;4;4M",
+                                      "\x1b[<66;1;1M",
+                                      "\x1b[<67;1;1M",
+                                      "\x1b[<128;1;1M",
+                                      "\x1b[<0;1;0M",
+                                      "\x1b[<0;0;1M",
                                       "\x1b[<0;0;0M",
                                       "\x1b[<;;M",
                                       "\x1b[99999999999999999999~",
@@ -274,6 +288,19 @@ TEST(Decoder, PrefersTheKeysOfTheTerminal) {
     EXPECT_EQ(inputsOf("\x1b[5~", Decoder(keys)), Inputs{Stroke{Key::help}});
     EXPECT_EQ(inputsOf("\x1b[6~", Decoder(keys)), Inputs{Stroke{Key::pageDown}});
     EXPECT_EQ(inputsOf("\x1b[5y~", Decoder(keys)), Inputs{Typed{u"~"}});
+    const Decoder::Keys longer{{"\x1b"
+                                "AB",
+                                Key::up},
+                               {"\x1bOAx", Key::down}};
+    EXPECT_EQ(inputsOf("\x1b"
+                       "AB",
+                       Decoder(longer)),
+              Inputs{Stroke{Key::up}});
+    EXPECT_EQ(inputsOf("\x1b"
+                       "A",
+                       Decoder(longer)),
+              (Inputs{Typed{u"A", true}}));
+    EXPECT_EQ(inputsOf("\x1bOAx", Decoder(longer)), Inputs{Stroke{Key::down}});
 }
 
 TEST(Decoder, KnowsTheSequencesOfEveryTerminalWithItsOwnKeys) {

@@ -1,80 +1,19 @@
 // How each control looks: the text of its cells and their attributes.
+#include "tests/terminal/Looks.h"
 #include "platform/controls/Buttons.h"
 #include "platform/controls/DTPicker.h"
 #include "platform/controls/ListView.h"
 #include "platform/controls/RichTextBox.h"
 #include "platform/controls/TextBox.h"
-#include "tests/terminal/TerminalPlay.h"
-#include "tests/toolkit/Designs.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 namespace kvex::test {
 namespace {
 
 using terminal::Characters;
-using terminal::Point;
-
-// As terminals number them.
-constexpr auto bold = "1";
-constexpr auto dim = "2";
-constexpr auto underlined = "4";
-constexpr auto reverse = "7";
-
-class Looks : public testing::Test {
-protected:
-    /// Shows the controls in a window of 40 x 20 and runs the script in it.
-    void show(std::vector<ControlDesign> controls, const std::function<void(Window &)> &fill,
-              const TerminalPlay::Script &script) {
-        Layout layout = below(controls);
-        const auto window = play.toolkit().createWindow(
-            {u"frmTest", u"Test", std::move(controls), std::move(layout)});
-        fill(*window);
-        play.whenShown(u"frmTest", [&script](TerminalUser &user) {
-            script(user);
-            user.closeByFrame();
-        });
-        window->showModal();
-        EXPECT_EQ(play.problems(), std::vector<std::string>());
-    }
-    void show(std::vector<ControlDesign> controls, const TerminalPlay::Script &script) {
-        show(
-            std::move(controls), [](Window &) {}, script);
-    }
-
-    /// Where the text stands on the screen; a failure if it does not.
-    Point find(std::u16string_view text) {
-        for (int row = 0; row < height; ++row) {
-            if (const auto at = play.screen().line(row).find(text); at != std::u16string::npos) {
-                return {static_cast<int>(at), row};
-            }
-        }
-        ADD_FAILURE() << "the text is not on the screen";
-        return {};
-    }
-    bool isOnScreen(std::u16string_view text) {
-        for (int row = 0; row < height; ++row) {
-            if (play.screen().line(row).find(text) != std::u16string::npos) {
-                return true;
-            }
-        }
-        return false;
-    }
-    /// The attributes of the first cell of the text, without those of colours.
-    std::string attributesOf(std::u16string_view text) {
-        const Point at = find(text);
-        return play.screen().at(at.column, at.row).attributes;
-    }
-    bool has(std::u16string_view text, const std::string &attribute) {
-        return (";" + attributesOf(text) + ";").find(";" + attribute + ";") != std::string::npos;
-    }
-
-    static constexpr int height = 20;
-    TerminalPlay play{{40, height}};
-};
 
 ControlDesign list() {
     return control(ControlKind::listView, u"lvw");
@@ -391,6 +330,97 @@ TEST_F(Looks, APickerMarksThePartThatKeysChange) {
             EXPECT_TRUE(isOnScreen(u"[ ]"));
             EXPECT_FALSE(isOnScreen(u"2004"));
         });
+}
+
+TEST_F(Looks, ThePickersCursorStandsAtThePartOrInTheEmptyTick) {
+    ControlDesign date = control(ControlKind::datePicker, u"dtp");
+    date.format = u"dd/MM/yyyy";
+    show(
+        {date, control(ControlKind::textBox, u"txt")},
+        [](Window &window) { window.get<DTPicker>(u"dtp").setDate(2004, 5, 14); },
+        [&](TerminalUser &user) {
+            EXPECT_EQ(play.screen().cursor(), find(u"14/"));
+            EXPECT_FALSE(has(u"[x] 14", reverse));
+            user.press(Key::right);
+            EXPECT_EQ(play.screen().cursor(), find(u"05/"));
+            EXPECT_FALSE(has(u"/2004", reverse));
+            user.press(Key::tab);
+            EXPECT_FALSE(has(u"05/", reverse));
+            user.press(Key::shiftTab);
+            user.press(Key::space);
+            EXPECT_TRUE(has(u"[ ]", reverse));
+            EXPECT_TRUE(has(u" ]", reverse));
+            EXPECT_EQ(play.screen().cursor(), find(u" ]"));
+            user.press(Key::tab);
+            EXPECT_FALSE(has(u"[ ]", reverse));
+            user.get<DTPicker>(u"dtp").setEnabled(false);
+            user.press(Key::home);
+            EXPECT_TRUE(has(u"[ ]", dim));
+        });
+}
+
+TEST_F(Looks, AClickOnAPickerTicksItOrLeadsToAPart) {
+    ControlDesign time = control(ControlKind::timePicker, u"dtp");
+    time.format = u"HH:mm:ss";
+    show(
+        {control(ControlKind::textBox, u"txt"), time},
+        [](Window &window) { window.get<DTPicker>(u"dtp").setTime(7, 8, 9); },
+        [&](TerminalUser &user) {
+            const terminal::Point tick = find(u"[x] 07");
+            const auto clickAtColumn = [&](int column) { user.clickAt({column, tick.row}); };
+            clickAtColumn(tick.column + 7);
+            EXPECT_EQ(user.focused(), u"dtp");
+            EXPECT_EQ(play.screen().cursor(), find(u"08:"));
+            clickAtColumn(tick.column + 6);
+            EXPECT_EQ(play.screen().cursor(), find(u"07:"));
+            clickAtColumn(tick.column + 11);
+            EXPECT_EQ(play.screen().cursor(), find(u"09"));
+            clickAtColumn(tick.column + 3);
+            EXPECT_EQ(play.screen().cursor(), find(u"07:"));
+            clickAtColumn(tick.column + 2);
+            EXPECT_TRUE(isOnScreen(u"[ ]"));
+            clickAtColumn(tick.column + 3);
+            clickAtColumn(tick.column + 7);
+            EXPECT_TRUE(isOnScreen(u"[ ]"));
+            clickAtColumn(tick.column);
+            EXPECT_TRUE(isOnScreen(u"[x] 07:08:09"));
+        });
+}
+
+TEST_F(Looks, TheCaptionOfABoxToTickWrapsBesideItsMark) {
+    show({control(ControlKind::checkBox, u"chk", u"The words of this &caption need two lines"),
+          disabled(control(ControlKind::checkBox, u"chkOff", u"Off"))},
+         [&](TerminalUser &user) {
+             EXPECT_EQ(play.screen().line(1), u"[ ] The words of this caption need two");
+             EXPECT_EQ(play.screen().line(2), u"    lines");
+             EXPECT_TRUE(has(u"caption", underlined));
+             EXPECT_FALSE(has(u"aption", underlined));
+             EXPECT_TRUE(has(u"[ ] The", reverse));
+             EXPECT_FALSE(has(u"The", reverse));
+             EXPECT_EQ(play.screen().cursor(), (terminal::Point{1, 1}));
+             EXPECT_FALSE(has(u"[ ] Off", reverse));
+             EXPECT_TRUE(has(u"[ ] Off", dim));
+             EXPECT_TRUE(has(u"Off", dim));
+             user.clickAt({6, 2});
+             EXPECT_EQ(play.screen().line(1).substr(0, 3), u"[x]");
+         });
+}
+
+TEST_F(Looks, TheCaptionOfAButtonStandsInItsMiddleWithTheCursor) {
+    show({control(ControlKind::commandButton, u"cmdEven", u"Even"),
+          control(ControlKind::commandButton, u"cmdLong",
+                  u"A caption that is longer than its button")},
+         [&](TerminalUser &user) {
+             const std::u16string spaces(16, u' ');
+             EXPECT_EQ(play.screen().line(1), u"<" + spaces.substr(1) + u" Even" + spaces + u" >");
+             EXPECT_EQ(play.screen().cursor(), find(u"Even"));
+             EXPECT_EQ(play.screen().at(5, 1).attributes, reverse);
+             EXPECT_EQ(play.screen().at(5, 2).attributes, "");
+             EXPECT_EQ(play.screen().line(2), u"[A caption that is longer than its but]");
+             user.press(Key::tab);
+             EXPECT_EQ(play.screen().cursor(), find(u"A caption"));
+             EXPECT_FALSE(has(u"<A", dim));
+         });
 }
 
 } // namespace

@@ -54,7 +54,11 @@ TEST_F(TerminalKindTest, KnowsTheTypeAndTheUsersWishes) {
     EXPECT_EQ(kind.patience, 300ms);
     set("NO_COLOR", "");
     EXPECT_TRUE(TerminalKind::ofEnvironment().mayColour);
-    for (const char *const useless : {"", "soon", "-1", "0", "99999"}) {
+    for (const auto &[text, patience] : {std::pair{"1", 1ms}, std::pair{"10000", 10000ms}}) {
+        set("ESCDELAY", text);
+        EXPECT_EQ(TerminalKind::ofEnvironment().patience, patience);
+    }
+    for (const char *const useless : {"", "soon", "-1", "0", "10001"}) {
         set("ESCDELAY", useless);
         EXPECT_EQ(TerminalKind::ofEnvironment().patience, 50ms) << useless;
     }
