@@ -97,6 +97,13 @@ TEST_F(LightListViewTest, ShiftedKeysSelectARangeFromWhereItBegan) {
     EXPECT_EQ(selected(view), Rows{2});
 }
 
+TEST_F(LightListViewTest, ARangeThatBeginsAtTheFirstRowIsGivenUpRowByRow) {
+    LightListView &view = multiple();
+    view.select(1);
+    window().press({Key::selectDown, Key::selectDown, Key::selectDown, Key::selectUp});
+    EXPECT_EQ(selected(view), (Rows{1, 2, 3}));
+}
+
 TEST_F(LightListViewTest, AListOfOneChoiceGoesByShiftedKeysToo) {
     LightListView &view = single();
     window().press(Key::selectAll);
@@ -188,6 +195,25 @@ TEST_F(LightListViewTest, ADoubleClickCountsOnTheRowThatTheFirstClickSelected) {
         EXPECT_EQ(doubleClicks, 1);
         EXPECT_EQ(view.selectedRow(), 0);
     }
+}
+
+TEST_F(LightListViewTest, NoRowIsSelectedAnyMoreWhenTheHandlerLearnsOfIt) {
+    LightListView &view = multiple();
+    Rows seen{0};
+    view.onDeselect = [&] { seen = selected(view); };
+    view.clickRow(3);
+    view.clickBesideRows();
+    EXPECT_EQ(seen, Rows{});
+}
+
+TEST_F(LightListViewTest, ARowIsInViewWhenItsHandlerRuns) {
+    LightListView &view = multiple();
+    view.setPage(4);
+    view.onItemClick = [&](int row) { EXPECT_TRUE(view.visibleRows().contains(row)) << row; };
+    view.clickRow(10);
+    view.extendTo(1);
+    view.toggleRow(9);
+    EXPECT_EQ(view.visibleRows().first(), 6);
 }
 
 TEST_F(LightListViewTest, ARangeBeginsAnewAfterTheRowsHaveChanged) {

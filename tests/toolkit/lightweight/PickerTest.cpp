@@ -157,6 +157,16 @@ TEST_F(LightPickerTest, ADateIsTypedWithSeparatorsOfEveryKindOrNone) {
     }
 }
 
+TEST_F(LightPickerTest, OnlyDigitsAndSeparatorsAreTyped) {
+    for (const char16_t taken : std::u16string_view(u"1/.-:,")) {
+        EXPECT_TRUE(window.type({&taken, 1})) << int{taken};
+    }
+    for (const char16_t left : std::u16string_view(u"x~+\u0660a")) {
+        EXPECT_EQ(window.type({&left, 1}), left == u'\u0660') << int{left};
+    }
+    EXPECT_FALSE(window.type(u"1\u0301"));
+}
+
 TEST_F(LightPickerTest, ATimeIsTypedPartByPart) {
     window.press(Key::tab);
     for (const auto &[keys, to] : std::vector<std::pair<std::u16string, Date>>{

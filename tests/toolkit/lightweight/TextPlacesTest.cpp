@@ -33,6 +33,11 @@ TEST(TextPlaces, ClustersAreGonePastWhole) {
     EXPECT_EQ(goLeft(text, clusterBefore), (Places{14, 12, 7, 5, 4, 2, 0}));
 }
 
+TEST(TextPlaces, HalvesOfPairsThatStandAloneAreCharacters) {
+    const std::u16string text{u'\xD83D', u'a', u'\xDE00', u'\xD83D', u'\xDE00'};
+    EXPECT_EQ(goLeft(text, characterBefore), (Places{3, 2, 1, 0}));
+}
+
 TEST(TextPlaces, TheEndsOfATextAreNeverLeft) {
     EXPECT_EQ(clusterBefore(u"ab", 0), 0U);
     EXPECT_EQ(clusterAfter(u"ab", 2), 2U);
@@ -45,6 +50,7 @@ TEST(TextPlaces, WordsAndGroupsOfSignsAreGonePastWithTheBlanksAfterThem) {
     const std::u16string_view text = u" one two_3 -- (हिन्दी)";
     EXPECT_EQ(goRight(text, wordAfter), (Places{1, 5, 11, 14, 15, 21, 22}));
     EXPECT_EQ(goLeft(text, wordBefore), (Places{21, 15, 14, 11, 5, 1, 0}));
+    EXPECT_EQ(goRight(u"one !two", wordAfter), (Places{4, 5, 8}));
 }
 
 TEST(TextPlaces, TheBeginningsAndEndsOfLinesCountAsWords) {

@@ -55,6 +55,18 @@ TEST(LightWindow, ArrowsStayWithinAGroupAListAndAText) {
     EXPECT_TRUE(window.get<OptionButton>(u"opg1").selected());
 }
 
+TEST(LightWindow, ArrowsGoRoundAGroupOfOptions) {
+    TestWindow window({option(u"0"), disabled(option(u"x")), option(u"1"), option(u"2")});
+    std::u16string way;
+    for (const Key key :
+         {Key::right, Key::down, Key::right, Key::left, Key::up, Key::up, Key::left}) {
+        window.press(key);
+        way += window.focused();
+        EXPECT_TRUE(window.get<OptionButton>(window.focused()).selected());
+    }
+    EXPECT_EQ(way, u"1202102");
+}
+
 TEST(LightWindow, ControlWithUpAndDownIsUpAndDownOutsideLists) {
     TestWindow window({control(ControlKind::richTextBox, u"rt"), button(u"cmd")});
     window.get<RichTextBox>(u"rt").setText(u"one\r\ntwo");
@@ -129,6 +141,9 @@ TEST(LightWindow, EveryVisibleChangeIsTold) {
              {{u"dtp"}, [&] { window.press(Key::up); }},
              {{u"dtp"}, [&] { window.type(u"1"); }},
              {{u"dtp"}, [&] { window.type(u"/"); }},
+             {{u"dtp"}, [&] { window.press(Key::end); }},
+             {{u"dtp"}, [&] { window.type(u"2"); }},
+             {{u"dtp"}, [&] { window.press(Key::backspace); }},
          }) {
         static_cast<void>(window.takeChanged());
         change();
@@ -179,6 +194,39 @@ TEST(LightWindow, SaysWhatTheNextDisabledControlWaitsFor) {
     EXPECT_EQ(statusOf(window), u"Add: Type a word first");
     window.get<CommandButton>(u"cmdAdd").setVisible(false);
     EXPECT_EQ(statusOf(window), u"");
+}
+
+TEST(LightWindow, OnlyAUsableControlThatTakesTheFocusCanGetIt) {
+    TestWindow window({button(u"cmd"), control(ControlKind::label, u"lbl", u"Label"),
+                       disabled(button(u"cmdOff")), test::hidden(button(u"cmdHidden"))});
+    for (const auto *name : {u"lbl", u"cmdOff", u"cmdHidden"}) {
+        EXPECT_THROW(window.element(name)->takeFocus(), Error);
+        EXPECT_EQ(window.focused(), u"cmd");
+    }
+}
+
+TEST(LightWindow, TheAccessKeyOfALabelWithoutABuddyLeadsNowhere) {
+    TestWindow window(
+        {control(ControlKind::textBox, u"txt"), control(ControlKind::label, u"lbl", u"&Label")});
+    EXPECT_FALSE(window.pressAccessKey(u'l'));
+    EXPECT_EQ(window.focused(), u"txt");
+}
+
+TEST(LightWindow, AnAccessKeyOfSeveralControlsGoesRoundThem) {
+    TestWindow window({button(u"cmd1"), button(u"cmd2"), button(u"cmd3")});
+    std::u16string way;
+    for (int times = 0; times < 3; ++times) {
+        EXPECT_TRUE(window.pressAccessKey(u'b'));
+        way += window.focused() + u" ";
+    }
+    for (const bool enabled : {false, true}) {
+        for (const auto *name : {u"cmd3", u"cmd2", u"cmd1"}) {
+            window.get<CommandButton>(name).setEnabled(enabled);
+        }
+    }
+    EXPECT_EQ(window.focused(), u"");
+    window.pressAccessKey(u'b');
+    EXPECT_EQ(way + window.focused(), u"cmd2 cmd3 cmd1 cmd1");
 }
 
 TEST(LightWindow, TakesNoTextWhereNoneIsTyped) {
