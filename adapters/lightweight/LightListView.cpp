@@ -149,7 +149,7 @@ bool LightListView::walk(Key key) {
     const bool selectsNothing = key == Key::goUp || key == Key::goDown;
     const Key plain = controls::withoutShift(key);
     const auto row = rowAfter(plain);
-    if (!row || *row == 0 || *row == currentRow()) {
+    if (!row || *row == currentRow()) {
         return row.has_value();
     }
     if (plain != key) {

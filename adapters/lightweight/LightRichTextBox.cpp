@@ -47,12 +47,11 @@ void LightRichTextBox::replaced(std::size_t from, std::size_t length, std::size_
     coming_.resize(added, colour::black);
     if (length == colours_.size()) {
         colours_.swap(coming_);
-        coming_.clear();
-        return;
+    } else {
+        const auto at = colours_.begin() + static_cast<std::ptrdiff_t>(from);
+        colours_.insert(colours_.erase(at, at + static_cast<std::ptrdiff_t>(length)),
+                        coming_.begin(), coming_.end());
     }
-    const auto at = colours_.begin() + static_cast<std::ptrdiff_t>(from);
-    colours_.insert(colours_.erase(at, at + static_cast<std::ptrdiff_t>(length)), coming_.begin(),
-                    coming_.end());
     coming_.clear();
 }
 

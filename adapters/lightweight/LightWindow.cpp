@@ -129,7 +129,7 @@ Element *LightWindow::nextTabStop(const Element *from, bool forward) const {
         std::ranges::reverse(stops);
     }
     const auto follows = [&](const Element *stop) {
-        return from != nullptr && stop != from && (placeOf(stop) > placeOf(from)) == forward;
+        return stop != from && (placeOf(stop) > placeOf(from)) == forward;
     };
     const auto next = std::ranges::find_if(stops, follows);
     return next == stops.end() ? stops.front() : *next;

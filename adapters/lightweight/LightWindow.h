@@ -82,6 +82,7 @@ private:
     enum class State { fresh, shown, closed };
 
     [[nodiscard]] Control *find(std::u16string_view name) override;
+    /// In the design's order; behind all elements for null.
     [[nodiscard]] std::size_t placeOf(const Element *element) const;
     [[nodiscard]] Element *nextTabStop(const Element *from, bool forward) const;
     [[nodiscard]] Element *targetOf(const Element &element, char16_t accessKey) const;

@@ -17,7 +17,7 @@ const Element *LightWindow::elementToExplain() const {
     if (usual != nullptr && waits(*usual)) {
         return usual;
     }
-    const std::size_t start = focus_ != nullptr ? placeOf(focus_) : 0;
+    const std::size_t start = placeOf(focus_);
     for (std::size_t step = 0; step < elements_.size(); ++step) {
         const Element &next = *elements_[(start + step) % elements_.size()];
         if (waits(next)) {
@@ -120,9 +120,8 @@ bool LightWindow::pressAccessKey(char16_t key) {
     }
     if (ways.size() > 1) {
         std::ranges::sort(ways, {}, [this](const auto &way) { return placeOf(way.second); });
-        const auto next = std::ranges::find_if(ways, [this](const auto &way) {
-            return focus_ != nullptr && placeOf(way.second) > placeOf(focus_);
-        });
+        const auto next = std::ranges::find_if(
+            ways, [this](const auto &way) { return placeOf(way.second) > placeOf(focus_); });
         setFocus((next == ways.end() ? ways.front() : *next).second);
         return true;
     }

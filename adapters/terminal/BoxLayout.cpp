@@ -17,8 +17,8 @@ bool hasScrolling(const Layout &layout) {
 /// One piece of a box along the box's direction.
 struct Part {
     Extent extent;
-    int stretch = 0;
-    bool grows = false;
+    int stretch;
+    bool grows;
 };
 
 int leastOf(const std::vector<Part> &parts) {
@@ -108,9 +108,8 @@ bool Arranger::isShown(const Layout &layout) const {
                                [this](const Layout &piece) { return isShown(piece); });
 }
 
-/// Whether the layout, which is shown, grows in this direction.
 bool Arranger::grows(const Layout &layout, bool (Placeable::*way)() const) const {
-    if (layout.pieces.empty()) {
+    if (layout.kind == Layout::Kind::control && layout.pieces.empty()) {
         return (find_(layout.control)->*way)();
     }
     return std::ranges::any_of(
@@ -142,9 +141,7 @@ std::vector<Part> Arranger::across(const std::vector<const Layout *> &pieces) co
     parts.reserve(pieces.size());
     for (const Layout *piece : pieces) {
         parts.push_back(
-            piece->kind == Layout::Kind::spring
-                ? Part{{}, piece->stretch}
-                : Part{columnsOf(*piece), piece->stretch, grows(*piece, &Placeable::growsAcross)});
+            {columnsOf(*piece), piece->stretch, grows(*piece, &Placeable::growsAcross)});
     }
     for (std::size_t at = 1; at < parts.size(); ++at) {
         const bool isGap = pieces[at]->kind != Layout::Kind::spring;
@@ -158,10 +155,8 @@ std::vector<Part> Arranger::down(const std::vector<const Layout *> &pieces, int 
     std::vector<Part> parts;
     parts.reserve(pieces.size());
     for (const Layout *piece : pieces) {
-        parts.push_back(piece->kind == Layout::Kind::spring
-                            ? Part{{}, piece->stretch}
-                            : Part{rowsOf(*piece, columns), piece->stretch,
-                                   grows(*piece, &Placeable::growsDown)});
+        parts.push_back(
+            {rowsOf(*piece, columns), piece->stretch, grows(*piece, &Placeable::growsDown)});
         if (piece->scrolls) {
             parts.back().extent.least = 0;
         }
@@ -189,6 +184,7 @@ int Arranger::gapsIn(const Layout &box) const {
     return gaps;
 }
 
+/// A spring asks for none, and so does a box without pieces.
 Extent Arranger::columnsOf(const Layout &layout) const {
     if (layout.kind == Layout::Kind::control && layout.pieces.empty()) {
         return find_(layout.control)->columns();
@@ -202,7 +198,7 @@ Extent Arranger::columnsOf(const Layout &layout) const {
         return extent;
     }
     for (const Layout *piece : shownPieces(layout)) {
-        const Extent inner = piece->kind == Layout::Kind::spring ? Extent() : columnsOf(*piece);
+        const Extent inner = columnsOf(*piece);
         extent.least = std::max(extent.least, inner.least);
         extent.natural = std::max(extent.natural, inner.natural);
     }
@@ -220,9 +216,7 @@ Extent Arranger::rowsOf(const Layout &layout, int columns) const {
         if (const auto widths = widthsOf(pieces, columns); !widths.empty()) {
             for (std::size_t at = 0; at < pieces.size(); ++at) {
                 const int gap = at > 0 ? columnsBetween : 0;
-                const Extent piece = pieces[at]->kind == Layout::Kind::spring
-                                         ? Extent()
-                                         : rowsOf(*pieces[at], widths[at] - gap);
+                const Extent piece = rowsOf(*pieces[at], widths[at] - gap);
                 extent.least = std::max(extent.least, piece.least);
                 extent.natural = std::max(extent.natural, piece.natural);
             }
@@ -280,10 +274,8 @@ void Arranger::placeAcross(const Layout &box, const std::vector<int> &widths, co
     const auto pieces = shownPieces(box);
     int column = at.column;
     for (std::size_t piece = 0; piece < pieces.size(); ++piece) {
-        if (pieces[piece]->kind != Layout::Kind::spring) {
-            const int gap = piece > 0 ? columnsBetween : 0;
-            place(*pieces[piece], {column + gap, at.row, widths[piece] - gap, at.rows});
-        }
+        const int gap = piece > 0 ? columnsBetween : 0;
+        place(*pieces[piece], {column + gap, at.row, widths[piece] - gap, at.rows});
         column += widths[piece];
     }
 }
@@ -293,10 +285,8 @@ void Arranger::placeDown(const Layout &box, const Rect &at) {
     const auto heights = sizesOf(down(pieces, at.columns), at.rows - gapsIn(box));
     int row = at.row;
     for (std::size_t piece = 0; piece < pieces.size(); ++piece) {
-        if (pieces[piece]->kind != Layout::Kind::spring) {
-            row += piece > 0 && hasGap(box, *pieces[piece - 1], *pieces[piece]) ? 1 : 0;
-            place(*pieces[piece], {at.column, row, at.columns, heights[piece]});
-        }
+        row += piece > 0 && hasGap(box, *pieces[piece - 1], *pieces[piece]) ? 1 : 0;
+        place(*pieces[piece], {at.column, row, at.columns, heights[piece]});
         row += heights[piece];
     }
 }

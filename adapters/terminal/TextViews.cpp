@@ -119,8 +119,8 @@ lightweight::TextLine RichTextView::lineWith(std::size_t at) {
         return {line.from, line.to, lightweight::noLine};
     }
     const std::size_t next = lines_[number + 1].from;
-    const bool isBroken = text_[next - 1] == u'\n' || text_[next - 1] == u'\r';
-    return {line.from, isBroken ? line.to : lightweight::clusterBefore(text_, next), next};
+    // That is the line's break, or else its last character.
+    return {line.from, lightweight::clusterBefore(text_, next), next};
 }
 
 void RichTextView::followCaret() {

@@ -175,6 +175,14 @@ TEST_F(BoxLayoutTest, WhatDoesNotFitScrollsAboveTheButtons) {
     EXPECT_EQ(at(found, u"ok"), (Place{{0, 2, 20, 1}}));
 }
 
+TEST_F(BoxLayoutTest, WithoutABoxThatScrollsTheWholeLayoutDoes) {
+    control(u"a");
+    list(u"list", {3, 6});
+    const auto found = arrange(column({place(u"a"), place(u"list")}), {20, 3});
+    EXPECT_EQ(found.pane, (Rect{0, 0, 20, 3}));
+    EXPECT_EQ(found.contentRows, 4);
+}
+
 TEST_F(BoxLayoutTest, AFrameSurroundsItsPiecesUntilItIsGivenUp) {
     control(u"frame");
     control(u"a");
@@ -183,6 +191,10 @@ TEST_F(BoxLayoutTest, AFrameSurroundsItsPiecesUntilItIsGivenUp) {
     EXPECT_EQ(at(wide, u"frame"), (Place{{0, 0, 20, 3}}));
     EXPECT_EQ(at(wide, u"a"), (Place{{2, 1, 16, 1}}));
     EXPECT_EQ(at(arrange(layout, {20, 1}), u"a"), (Place{{0, 0, 20, 1}}));
+    control(u"b");
+    const Layout beside = row({placeFrame(u"frame", {place(u"a")}), place(u"b")});
+    EXPECT_EQ(at(arrange(beside, {25, 5}), u"b"), (Place{{15, 0, 10, 1}}));
+    EXPECT_EQ(at(arrange(beside, {24, 5}), u"b"), (Place{{0, 3, 24, 1}}));
 }
 
 TEST_F(BoxLayoutTest, AListInAFrameGrowsUpToItsBorders) {

@@ -348,6 +348,7 @@ TEST_F(Looks, ThePickersCursorStandsAtThePartOrInTheEmptyTick) {
             EXPECT_FALSE(has(u"05/", reverse));
             user.press(Key::shiftTab);
             user.press(Key::space);
+            EXPECT_EQ(play.screen().line(1), u"[ ]");
             EXPECT_TRUE(has(u"[ ]", reverse));
             EXPECT_TRUE(has(u" ]", reverse));
             EXPECT_EQ(play.screen().cursor(), find(u" ]"));

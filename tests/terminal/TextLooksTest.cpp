@@ -1,5 +1,5 @@
 // How boxes with text look, and what clicks and page keys do in them.
-#include "platform/controls/Buttons.h"
+#include "adapters/lightweight/TextInput.h"
 #include "platform/controls/RichTextBox.h"
 #include "platform/controls/TextBox.h"
 #include "tests/terminal/Looks.h"
@@ -205,6 +205,51 @@ TEST_F(TextLooks, AClickBelowTheLastLineLeadsIntoIt) {
         user.clickAt({3, 1});
         EXPECT_EQ(play.screen().cursor(), (Point{3, 2}));
     });
+}
+
+TEST_F(TextLooks, AClickOnTheBorderLeadsIntoTheNearestLineInView) {
+    showLines(numbered(26), [&](TerminalUser &user) {
+        user.clickAt({3, 17});
+        EXPECT_EQ(play.screen().cursor(), (Point{3, 17}));
+        user.clickAt({3, 1});
+        user.clickAt({3, 18});
+        EXPECT_EQ(play.screen().cursor(), (Point{3, 17}));
+        EXPECT_EQ(inFrame(17), u"│line p ");
+    });
+}
+
+TEST_F(TextLooks, AShorterTextIsInViewHoweverFarTheLongerOneWasScrolled) {
+    showLines(numbered(26), [&](TerminalUser &user) {
+        user.get<RichTextBox>(u"rt").setText(numbered(26));
+        user.press(Key::textStart);
+        wheel(true, {5, 5});
+        auto &box = dynamic_cast<lightweight::TextInput &>(*user.window().element(u"rt"));
+        user.get<RichTextBox>(u"rt").setText(u"one\r\ntwo");
+        box.setCaret(0);
+        wheel(false, {0, 19});
+        EXPECT_EQ(inFrame(2).substr(0, 4), u"│one");
+        EXPECT_EQ(play.screen().cursor(), (Point{1, 2}));
+    });
+}
+
+TEST_F(TextLooks, WithoutRoomForAFrameLinesStandBesideABar) {
+    TerminalPlay low({40, 6});
+    const auto window = low.toolkit().createWindow(
+        {u"frmTest", u"Test", {control(ControlKind::richTextBox, u"rt")}, column({place(u"rt")})});
+    window->get<RichTextBox>(u"rt").setText(numbered(9));
+    low.whenShown(u"frmTest", [&](TerminalUser &user) {
+        user.press(Key::textStart);
+        EXPECT_EQ(low.screen().line(1).substr(0, 8), u"│line a ");
+        EXPECT_EQ(low.screen().line(4).substr(0, 8), u"│line d ");
+        EXPECT_EQ(low.screen().cursor(), (Point{1, 1}));
+        user.clickAt({3, 2});
+        EXPECT_EQ(low.screen().cursor(), (Point{3, 2}));
+        user.press(Key::pageDown);
+        EXPECT_EQ(low.screen().line(4).substr(0, 8), u"│line f ");
+        EXPECT_EQ(low.screen().cursor(), (Point{3, 4}));
+        user.closeByFrame();
+    });
+    window->showModal();
 }
 
 TEST_F(TextLooks, AClickIntoScrolledLinesCountsFromWhatIsSeen) {

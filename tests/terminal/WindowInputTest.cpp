@@ -49,6 +49,28 @@ TEST_F(WindowInput, ATryOfADisabledButtonIsExplainedUntilTheNextInput) {
          });
 }
 
+TEST_F(WindowInput, AClickOnALabelChangesNothing) {
+    show({text, control(ControlKind::label, u"lbl", u"Some words"),
+          waiting(u"cmd", u"&Go", u"Type a word")},
+         [&](TerminalUser &user) {
+             user.clickAt(find(u"words"));
+             EXPECT_EQ(user.focused(), u"txt");
+             EXPECT_EQ(status(), u" Go: Type a word               F1: help");
+         });
+}
+
+TEST_F(WindowInput, AMessageShowsItsSignsAsTheyAre) {
+    show({text}, [&](TerminalUser &) {
+        bool isShown = false;
+        play.onMessageBox = [&](terminal::TerminalWindow &) {
+            isShown = isOnScreen(u"a & b && c");
+        };
+        static_cast<void>(
+            play.toolkit().showMessageBox(u"T", u"a & b && c", message_box::exclamation));
+        EXPECT_TRUE(isShown);
+    });
+}
+
 TEST_F(WindowInput, TheAccessKeyOfAHiddenControlExplainsNothing) {
     ControlDesign off = waiting(u"cmdOff", u"O&ff", u"Never");
     off.visible = false;
@@ -93,6 +115,7 @@ TEST_F(WindowInput, HelpBeginsWithWhatTheStatusLineSays) {
                  EXPECT_TRUE(isOnScreen(u"Go: Type one word after the others"));
                  EXPECT_TRUE(isOnScreen(u"Tab, Shift+Tab  next, previous one"));
                  EXPECT_TRUE(isOnScreen(u"< OK >"));
+                 EXPECT_TRUE(has(u"OK >", underlined));
              };
              user.press(Key::help);
              EXPECT_EQ(play.messageBoxes().size(), 1U);

@@ -245,6 +245,31 @@ TEST_F(LightListViewTest, APauseEndsTheSearch) {
     EXPECT_EQ(takeDeeds(), "+5 ");
 }
 
+TEST_F(LightListViewTest, EveryClickEndsTheSearch) {
+    LightListView &view = multiple();
+    for (const auto &click : std::vector<std::function<void()>>{
+             [&] { view.clickRow(1); },
+             [&] { view.clickBesideRows(); },
+             [&] { view.toggleRow(1); },
+             [&] { view.extendTo(1); },
+             [&] { view.tickRow(1); },
+         }) {
+        window().type(u"c");
+        click();
+        window().type(u"d");
+        EXPECT_EQ(selected(view), Rows{5});
+    }
+}
+
+TEST_F(LightListViewTest, WithoutASelectedRowARangeIsOneRow) {
+    LightListView &view = multiple();
+    window().press(Key::goDown);
+    EXPECT_EQ(selected(view), Rows{1});
+    view.clickBesideRows();
+    view.extendTo(5);
+    EXPECT_EQ(selected(view), Rows{5});
+}
+
 TEST_F(LightListViewTest, TheViewFollowsTheUserAndTheRowsThatCodeSelects) {
     LightListView &view = single();
     view.setPage(4);
@@ -307,6 +332,7 @@ TEST_F(LightListViewTest, AGreyedCurrentRowSaysWhatThatMeans) {
     EXPECT_EQ(view.status(), u"");
     view.select(2);
     EXPECT_EQ(view.status(), u"Locked by another choice");
+    EXPECT_EQ(view.namedStatus(), u"Locked by another choice");
     view.select(3);
     EXPECT_EQ(view.status(), u"");
     view.select(2);

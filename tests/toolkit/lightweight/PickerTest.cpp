@@ -53,6 +53,34 @@ TEST_F(LightPickerTest, ShowsItsValueInTheFormatOfTheDesign) {
     EXPECT_EQ(picker.editor().length(), 10U);
 }
 
+TEST(LightPicker, WithoutAFormatShowsTheUsualOne) {
+    TestWindow window({{.kind = ControlKind::datePicker, .name = u"dtp"},
+                       {.kind = ControlKind::timePicker, .name = u"dtpTime"}});
+    window.the<LightDTPicker>(u"dtp").setDate(2004, 5, 14);
+    window.the<LightDTPicker>(u"dtpTime").setTime(7, 8, 59);
+    EXPECT_EQ(window.the<LightDTPicker>(u"dtp").editor().text(), u"14/05/2004");
+    EXPECT_EQ(window.the<LightDTPicker>(u"dtpTime").editor().text(), u"07:08:59");
+}
+
+TEST(LightPicker, ShowsItsPartsWholeWhateverLengthTheFormatGivesThem) {
+    TestWindow window({{.kind = ControlKind::datePicker, .name = u"dtp", .format = u"d.M.y"}});
+    window.the<LightDTPicker>(u"dtp").setDate(2004, 5, 4);
+    EXPECT_EQ(window.the<LightDTPicker>(u"dtp").editor().text(), u"04.05.2004");
+}
+
+TEST_F(LightPickerTest, ADateIsNoTimeAndATimeNoDate) {
+    EXPECT_THROW(time.pickDate(2004, 5, 14), Error);
+    EXPECT_THROW(picker.pickTime(1, 2, 3), Error);
+    EXPECT_EQ(clock(), (Date{0, 0, 0}));
+    EXPECT_EQ(date(), (Date{2004, 5, 14}));
+}
+
+TEST_F(LightPickerTest, AFirstDigitLeavesItsPartWhole) {
+    type(u"1");
+    EXPECT_EQ(picker.editor().text(), u"01/05/2004");
+    EXPECT_EQ(part(picker), u"01");
+}
+
 TEST_F(LightPickerTest, ABlankClearsTheValueAndBringsItBack) {
     window.press(Key::space);
     EXPECT_FALSE(picker.hasValue());
@@ -179,6 +207,7 @@ TEST_F(LightPickerTest, ATimeIsTypedPartByPart) {
         window.press(Key::home);
         type(keys);
         EXPECT_EQ(clock(), to) << testing::PrintToString(keys);
+        EXPECT_EQ(time.editor().part(), (PickerText::Range{6, 2}));
     }
 }
 

@@ -106,6 +106,19 @@ TEST_F(LightTextInput, ShiftWithUpAndDownSelectsLines) {
     EXPECT_EQ(input().selection(), (Range{1, 5}));
 }
 
+TEST_F(LightTextInput, ASelectionOfOneCharacterIsLeftByItsEndsToo) {
+    TestWindow &shown = line(u"one");
+    shown.press({Key::home, Key::selectRight, Key::right});
+    EXPECT_EQ(input().selection(), (Range{1, 0}));
+}
+
+TEST_F(LightTextInput, AClickGivesUpAndDownAnotherColumn) {
+    lines(u"first line\r\n\r\nlast line");
+    EXPECT_EQ(walk({Key::end, Key::down}), (Places{10, 12}));
+    input().setCaret(3);
+    EXPECT_EQ(walk({Key::down, Key::down}), (Places{12, 17}));
+}
+
 TEST_F(LightTextInput, PageKeysGoAsManyLinesAsTheViewShows) {
     lines(u"0\r\n1\r\n2\r\n3\r\n4");
     input().setPage(3);
@@ -166,6 +179,13 @@ TEST_F(LightTextInput, APastedTextGoesThroughTheFiltersOfThePasteKey) {
     EXPECT_TRUE(shown.paste(u"no"));
     EXPECT_EQ(box.text(), u"12345");
     EXPECT_EQ(codes, (std::vector<int>{22, 22}));
+}
+
+TEST_F(LightTextInput, AnEmptyClipboardReplacesNothing) {
+    TestWindow &shown = line(u"one");
+    shown.press({Key::selectAll, Key::paste});
+    EXPECT_EQ(input().content(), u"one");
+    EXPECT_EQ(input().selection(), (Range{0, 3}));
 }
 
 TEST_F(LightTextInput, AllLinesOfAPastedTextComeIntoABoxOfSeveral) {

@@ -59,6 +59,11 @@ TEST(TextPlaces, TheBeginningsAndEndsOfLinesCountAsWords) {
     EXPECT_EQ(goLeft(text, wordBefore), (Places{10, 8, 6, 4, 0}));
 }
 
+TEST(TextPlaces, ALoneLineFeedIsABreakToo) {
+    EXPECT_EQ(goRight(u"one\ntwo", wordAfter), (Places{3, 4, 7}));
+    EXPECT_EQ(goLeft(u"one\ntwo", wordBefore), (Places{4, 3, 0}));
+}
+
 TEST(TextPlaces, ALineEndsBeforeItsBreak) {
     const std::u16string_view text = u"one\r\n\r\nx";
     const auto lineAt = [&](std::size_t at) {

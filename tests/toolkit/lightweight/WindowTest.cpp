@@ -187,6 +187,7 @@ TEST(LightWindow, SaysWhatTheNextDisabledControlWaitsFor) {
     ok.disabledHint = u"Add a word first";
     TestWindow window({control(ControlKind::textBox, u"txt"), add, button(u"cmd"), ok});
     EXPECT_EQ(window.element(u"cmdOK")->status(), u"Add a word first");
+    EXPECT_EQ(window.element(u"cmd")->namedStatus(), u"");
     EXPECT_EQ(statusOf(window), u"Add: Type a word first");
     window.press(Key::tab);
     EXPECT_EQ(statusOf(window), u"OK: Add a word first");
@@ -210,6 +211,16 @@ TEST(LightWindow, TheAccessKeyOfALabelWithoutABuddyLeadsNowhere) {
         {control(ControlKind::textBox, u"txt"), control(ControlKind::label, u"lbl", u"&Label")});
     EXPECT_FALSE(window.pressAccessKey(u'l'));
     EXPECT_EQ(window.focused(), u"txt");
+}
+
+TEST(LightWindow, TheAccessKeyOfALabelOnlyFocusesItsBuddy) {
+    ControlDesign label = control(ControlKind::label, u"lbl", u"&Label");
+    label.buddy = u"chk";
+    TestWindow window(
+        {control(ControlKind::textBox, u"txt"), label, control(ControlKind::checkBox, u"chk")});
+    EXPECT_TRUE(window.pressAccessKey(u'l'));
+    EXPECT_EQ(window.focused(), u"chk");
+    EXPECT_EQ(window.get<CheckBox>(u"chk").value(), 0);
 }
 
 TEST(LightWindow, AnAccessKeyOfSeveralControlsGoesRoundThem) {
