@@ -18,7 +18,6 @@ void LightRichTextBox::setRuns(const std::vector<TextRun> &runs) {
     }
     std::u16string whole;
     whole.reserve(length);
-    coming_.clear();
     coming_.reserve(length);
     for (const TextRun &run : runs) {
         appendWithCrLf(whole, run.text);

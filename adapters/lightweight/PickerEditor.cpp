@@ -83,7 +83,6 @@ void PickerEditor::typeIntoYear(int digit) {
     const int year = toInt32(typed);
     const auto [least, most] = valuesOf(PickerPart::year);
     if (year >= least && year <= most) {
-        typed_.clear();
         set(PickerPart::year, year);
     }
 }

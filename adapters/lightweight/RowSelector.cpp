@@ -63,7 +63,6 @@ void RowSelector::extendTo(int row) {
     int at = from;
     if (!isRange_) {
         rows_.selectOnly(anchor_);
-        at = anchor_;
     }
     while (at != row) {
         const int next = at < row ? at + 1 : at - 1;
@@ -85,9 +84,7 @@ void RowSelector::selectAll() {
     }
     const int stays = current();
     for (int row = 1; row <= rows_.rowCount(); ++row) {
-        if (!rows_.selected(row)) {
-            rows_.select(row);
-        }
+        rows_.select(row);
     }
     if (stays > 0) {
         rows_.select(stays);

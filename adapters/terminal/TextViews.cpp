@@ -171,9 +171,7 @@ Style RichTextView::styleOf(Colour colour) const {
     if (colour != colour::black) {
         style.bold = true;
         style.underline = !ability().colours && colour == colour::red;
-        if (ability().colours) {
-            style.colour = colour;
-        }
+        style.colour = colour;
     }
     return style;
 }

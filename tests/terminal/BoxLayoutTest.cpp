@@ -94,6 +94,9 @@ TEST_F(BoxLayoutTest, ASpringPushesWhatFollowsToTheEnd) {
     const auto found = arrange(row({spring(), place(u"a"), place(u"b")}), {40, 5});
     EXPECT_EQ(at(found, u"a"), (Place{{19, 0, 10, 1}}));
     EXPECT_EQ(at(found, u"b"), (Place{{30, 0, 10, 1}}));
+    const Layout between = row({place(u"a"), spring(), place(u"b")});
+    EXPECT_EQ(at(arrange(between, {21, 5}), u"b"), (Place{{11, 0, 10, 1}}));
+    EXPECT_EQ(at(arrange(between, {20, 5}), u"b"), (Place{{0, 1, 20, 1}}));
 }
 
 TEST_F(BoxLayoutTest, WithoutAnyStretchListsTakeTheSpareRows) {
@@ -163,16 +166,35 @@ TEST_F(BoxLayoutTest, GapsGoFirstThenTheFramesOfListsThenAllFramesThenListsShrin
     EXPECT_EQ(small.contentRows, small.pane.rows);
 }
 
+TEST_F(BoxLayoutTest, AGapIsBeforeALabelAlsoOneInARowButNotInABoxOfItsOwn) {
+    control(u"a");
+    control(u"label").isLabel = true;
+    control(u"b");
+    const auto rowOfLabel = [&](Layout second) {
+        return at(arrange(column({scrolling({place(u"a"), std::move(second)})}), {30, 9}), u"label")
+            ->row;
+    };
+    EXPECT_EQ(rowOfLabel(place(u"label")), 2);
+    EXPECT_EQ(rowOfLabel(row({place(u"label"), place(u"b")})), 2);
+    EXPECT_EQ(rowOfLabel(row({place(u"b"), place(u"label")})), 1);
+    EXPECT_EQ(rowOfLabel(column({place(u"label"), place(u"b")})), 1);
+}
+
 TEST_F(BoxLayoutTest, WhatDoesNotFitScrollsAboveTheButtons) {
     control(u"a");
     control(u"ok");
     list(u"list", {3, 6});
-    const auto found =
-        arrange(column({scrolling({place(u"a"), place(u"list")}), place(u"ok")}), {20, 3});
+    const Layout layout = column({scrolling({place(u"a"), place(u"list")}), place(u"ok")});
+    EXPECT_EQ(at(arrange(layout, {20, 1}), u"ok"), (Place{{0, 0, 20, 1}}));
+    const auto found = arrange(layout, {20, 3});
     EXPECT_EQ(found.pane, (Rect{0, 0, 20, 2}));
     EXPECT_EQ(found.contentRows, 4);
     EXPECT_EQ(at(found, u"list"), (Place{{0, 1, 20, 3}}));
     EXPECT_EQ(at(found, u"ok"), (Place{{0, 2, 20, 1}}));
+    ASSERT_EQ(found.placed.size(), 3U);
+    EXPECT_TRUE(found.placed[0].inPane);
+    EXPECT_TRUE(found.placed[1].inPane);
+    EXPECT_FALSE(found.placed[2].inPane);
 }
 
 TEST_F(BoxLayoutTest, WithoutABoxThatScrollsTheWholeLayoutDoes) {

@@ -385,6 +385,7 @@ TEST_F(Looks, AClickOnAPickerTicksItOrLeadsToAPart) {
             EXPECT_TRUE(isOnScreen(u"[ ]"));
             clickAtColumn(tick.column);
             EXPECT_TRUE(isOnScreen(u"[x] 07:08:09"));
+            EXPECT_EQ(play.screen().cursor(), find(u"07:"));
         });
 }
 

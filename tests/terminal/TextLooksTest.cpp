@@ -302,6 +302,23 @@ TEST_F(TextLooks, EndStaysInALineThatIsWrapped) {
               [&](TerminalUser &user) { EXPECT_EQ(caretAfterEnd(user), 37); });
 }
 
+TEST_F(TextLooks, LinesAreWrappedAnewInATerminalOfAnotherWidth) {
+    showLines(u"these words stand in one line", [&](TerminalUser &) {
+        EXPECT_TRUE(isOnScreen(u"│these words stand in one line "));
+        play.device().resize({20, height});
+        play.input("");
+        const Emulator narrow = [&] {
+            Emulator emulator({20, height});
+            emulator.take(play.device().taken());
+            return emulator;
+        }();
+        EXPECT_EQ(narrow.line(2).substr(0, 18), u"│these words stand");
+        EXPECT_EQ(narrow.line(3).substr(0, 18), u"│in one line      ");
+        play.device().resize({40, height});
+        play.input("");
+    });
+}
+
 TEST_F(TextLooks, LinesOfADisabledBoxAreDim) {
     show(
         {control(ControlKind::textBox, u"txt"), disabled(control(ControlKind::richTextBox, u"rt"))},

@@ -1,5 +1,6 @@
 // What a window does with keys and clicks that no control takes, and what its status line says.
 #include "platform/controls/Buttons.h"
+#include "platform/controls/RichTextBox.h"
 #include "platform/controls/TextBox.h"
 #include "tests/terminal/Looks.h"
 
@@ -44,6 +45,9 @@ TEST_F(WindowInput, ATryOfADisabledButtonIsExplainedUntilTheNextInput) {
              EXPECT_EQ(status(), usual);
              user.pressAccessKey(u'o');
              EXPECT_EQ(status(), tried);
+             user.pressAccessKey(u'q');
+             EXPECT_EQ(status(), usual);
+             user.pressAccessKey(u'o');
              user.type(u"x");
              EXPECT_EQ(status(), usual);
          });
@@ -114,6 +118,7 @@ TEST_F(WindowInput, HelpBeginsWithWhatTheStatusLineSays) {
              play.onMessageBox = [&](terminal::TerminalWindow &) {
                  EXPECT_TRUE(isOnScreen(u"Go: Type one word after the others"));
                  EXPECT_TRUE(isOnScreen(u"Tab, Shift+Tab  next, previous one"));
+                 EXPECT_EQ(find(u"Tab, Shift+Tab").column, find(u"Go: Type").column);
                  EXPECT_TRUE(isOnScreen(u"< OK >"));
                  EXPECT_TRUE(has(u"OK >", underlined));
              };
@@ -144,6 +149,71 @@ TEST_F(WindowInput, AnyInputEndsTheWaitForAnUnderlinedLetter) {
         EXPECT_EQ(user.get<TextBox>(u"txt").text().size(), 5U);
         EXPECT_EQ(clicks, 0);
     });
+}
+
+TEST_F(WindowInput, ALetterAloneIsNoAccessKeyOutsideBoxes) {
+    show({control(ControlKind::checkBox, u"chk", u"&Check"),
+          control(ControlKind::commandButton, u"cmd", u"&Go")},
+         [&](TerminalUser &user) {
+             int clicks = 0;
+             user.get<CommandButton>(u"cmd").onClick = [&] { ++clicks; };
+             user.type(u"g");
+             EXPECT_EQ(clicks, 0);
+             EXPECT_EQ(user.focused(), u"chk");
+         });
+}
+
+TEST_F(WindowInput, TheWheelScrollsALongTextFirstAndThenTheWindow) {
+    TerminalPlay low({40, 6});
+    ControlDesign lines = control(ControlKind::richTextBox, u"rt");
+    lines.lines = 2;
+    const std::vector<ControlDesign> controls{lines, text,
+                                              control(ControlKind::checkBox, u"chkA", u"First"),
+                                              control(ControlKind::checkBox, u"chkB", u"Last")};
+    const auto window =
+        low.toolkit().createWindow({u"frmTest", u"Test", controls, below(controls)});
+    window->get<RichTextBox>(u"rt").setText(u"a\r\nb\r\nc\r\nd");
+    window->get<TextBox>(u"txt").setFocus();
+    low.whenShown(u"frmTest", [&](TerminalUser &user) {
+        const auto first = [&] { return low.screen().line(1).substr(0, 4); };
+        const auto wheel = [&](const char *buttons) {
+            low.input(std::string("\x1b[<") + buttons + ";3;2M");
+        };
+        EXPECT_EQ(first(), u"│c  ");
+        wheel("64");
+        EXPECT_EQ(first(), u"│a  ");
+        wheel("65");
+        EXPECT_EQ(first(), u"│c  ");
+        wheel("65");
+        EXPECT_EQ(first(), u"│d  ");
+        wheel("65");
+        EXPECT_EQ(first(), u"│d  ");
+        user.closeByFrame();
+    });
+    window->showModal();
+    EXPECT_EQ(low.problems(), std::vector<std::string>());
+}
+
+TEST_F(WindowInput, TheNextKeyOrPasteBringsTheFocusBackIntoView) {
+    TerminalPlay low({40, 6});
+    std::vector<ControlDesign> controls{text};
+    for (const auto *name : {u"chkA", u"chkB", u"chkC", u"chkD", u"chkE", u"chkF"}) {
+        controls.push_back(control(ControlKind::checkBox, name, name));
+    }
+    const auto window =
+        low.toolkit().createWindow({u"frmTest", u"Test", controls, below(controls)});
+    low.whenShown(u"frmTest", [&](TerminalUser &user) {
+        for (const char *const input : {"x", "\x1b[D", "\x1b[200~y\x1b[201~"}) {
+            EXPECT_EQ(low.screen().line(1).front(), u'[');
+            low.input("\x1b[<65;3;3M");
+            EXPECT_EQ(low.screen().line(1), u"[ ] chkC" + std::u16string(31, u' ') + u"│");
+            low.input(input);
+        }
+        EXPECT_EQ(low.screen().line(1).substr(0, 5), u"[yx  ");
+        user.closeByFrame();
+    });
+    window->showModal();
+    EXPECT_EQ(low.problems(), std::vector<std::string>());
 }
 
 TEST_F(WindowInput, ALetterAfterF2ThatNothingHasIsNotTyped) {

@@ -69,6 +69,7 @@ TEST(WrappedText, MeasuresTheLongestLineAndTheLongestWord) {
     EXPECT_EQ(longestLine(u"", Characters::unicode), 0);
     EXPECT_EQ(longestWord(u"a three\r\nfourth no", Characters::unicode), 6);
     EXPECT_EQ(longestWord(u"", Characters::unicode), 0);
+    EXPECT_EQ(longestWord(u"no ~/folder~ here", Characters::unicode), 9);
 }
 
 } // namespace

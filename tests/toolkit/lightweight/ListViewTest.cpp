@@ -216,6 +216,41 @@ TEST_F(LightListViewTest, ARowIsInViewWhenItsHandlerRuns) {
     EXPECT_EQ(view.visibleRows().first(), 6);
 }
 
+TEST_F(LightListViewTest, TheSecondClickSelectsARowThatTheFirstOneLost) {
+    LightListView &view = single();
+    int doubleClicks = 0;
+    view.onDoubleClick = [&] { ++doubleClicks; };
+    view.onItemClick = [&](int row) {
+        view.deselect(row);
+        view.onItemClick = nullptr;
+    };
+    view.doubleClickRow(3);
+    EXPECT_EQ(doubleClicks, 0);
+    EXPECT_EQ(view.selectedRow(), 3);
+}
+
+TEST_F(LightListViewTest, ARangeThatShrinksShowsItsEnd) {
+    LightListView &view = multiple();
+    view.setPage(4);
+    view.select(4);
+    window().press(Key::selectEnd);
+    view.scrollBy(-100);
+    window().press(Key::selectUp);
+    EXPECT_EQ(selected(view), (Rows{4, 5, 6, 7, 8, 9}));
+    EXPECT_EQ(view.visibleRows().first(), 6);
+}
+
+TEST_F(LightListViewTest, TheFirstRowIsARowLikeAnyOther) {
+    LightListView &view = multiple();
+    view.select(2);
+    window().press(Key::goUp);
+    EXPECT_EQ(view.currentRow(), 1);
+    view.select(1);
+    window().press(Key::selectAll);
+    EXPECT_EQ(view.currentRow(), 1);
+    EXPECT_EQ(takeDeeds(), "1 ");
+}
+
 TEST_F(LightListViewTest, ARangeBeginsAnewAfterTheRowsHaveChanged) {
     LightListView &view = multiple();
     view.select(4);
@@ -259,6 +294,21 @@ TEST_F(LightListViewTest, EveryClickEndsTheSearch) {
         window().type(u"d");
         EXPECT_EQ(selected(view), Rows{5});
     }
+}
+
+TEST_F(LightListViewTest, WhereNothingIsSelectedNothingIsTold) {
+    LightListView &view = multiple();
+    view.clickBesideRows();
+    view.clearRows();
+    window().press(Key::selectAll);
+    EXPECT_EQ(takeDeeds(), "");
+}
+
+TEST_F(LightListViewTest, ARangeBeginsAnewWhereTheUserWent) {
+    LightListView &view = multiple();
+    view.select(4);
+    window().press({Key::selectDown, Key::selectDown, Key::goDown, Key::selectDown});
+    EXPECT_EQ(selected(view), (Rows{7, 8}));
 }
 
 TEST_F(LightListViewTest, WithoutASelectedRowARangeIsOneRow) {

@@ -125,6 +125,10 @@ TEST_F(LightTextInput, PageKeysGoAsManyLinesAsTheViewShows) {
     EXPECT_EQ(walk({Key::pageDown, Key::pageDown, Key::pageDown, Key::pageUp, Key::pageUp}),
               (Places{9, 12, 12, 3, 0}));
     EXPECT_EQ(walk({Key::textEnd, Key::textStart}), (Places{13, 0}));
+    lines(u"abc\r\n\r\n\r\nabc");
+    input().setPage(2);
+    EXPECT_EQ(walk({Key::textEnd, Key::pageUp, Key::pageUp}), (Places{12, 5, 3}));
+    EXPECT_EQ(walk({Key::pageDown, Key::pageDown}), (Places{7, 12}));
 }
 
 TEST_F(LightTextInput, LineKeysFollowTheLinesThatTheViewWraps) {
@@ -179,6 +183,30 @@ TEST_F(LightTextInput, APastedTextGoesThroughTheFiltersOfThePasteKey) {
     EXPECT_TRUE(shown.paste(u"no"));
     EXPECT_EQ(box.text(), u"12345");
     EXPECT_EQ(codes, (std::vector<int>{22, 22}));
+}
+
+TEST_F(LightTextInput, CopyLeavesTheTextAndCutTakesIt) {
+    TestWindow &shown = line(u"one two");
+    shown.press({Key::home, Key::selectWordRight, Key::copy});
+    EXPECT_EQ(shown.clipboard().text(), u"one ");
+    EXPECT_EQ(input().content(), u"one two");
+    EXPECT_EQ(input().selection(), (Range{0, 4}));
+    shown.press({Key::end, Key::copy, Key::paste});
+    EXPECT_EQ(input().content(), u"one twoone ");
+    shown.press({Key::selectHome, Key::cut});
+    EXPECT_EQ(shown.clipboard().text(), u"one twoone ");
+    EXPECT_EQ(input().content(), u"");
+}
+
+TEST_F(LightTextInput, ATextToReadCanBeCopiedButNotCut) {
+    ControlDesign design = control(ControlKind::textBox, u"txt", u"fixed");
+    design.readOnly = true;
+    TestWindow &shown = window(design);
+    shown.press({Key::selectAll, Key::cut});
+    EXPECT_EQ(shown.clipboard().text(), u"");
+    shown.press(Key::copy);
+    EXPECT_EQ(shown.clipboard().text(), u"fixed");
+    EXPECT_EQ(input().content(), u"fixed");
 }
 
 TEST_F(LightTextInput, AnEmptyClipboardReplacesNothing) {

@@ -144,6 +144,8 @@ TEST(LightWindow, EveryVisibleChangeIsTold) {
              {{u"dtp"}, [&] { window.press(Key::end); }},
              {{u"dtp"}, [&] { window.type(u"2"); }},
              {{u"dtp"}, [&] { window.press(Key::backspace); }},
+             {{u"dtp"}, [&] { window.type(u"2"); }},
+             {{u"dtp"}, [&] { window.press(Key::enter); }},
          }) {
         static_cast<void>(window.takeChanged());
         change();
@@ -156,6 +158,8 @@ TEST(LightWindow, TheFocusOnAnotherButtonChangesTheDefaultOneToo) {
         {control(ControlKind::checkBox, u"chk"), button(u"cmd"), button(u"cmdOK", true)});
     static_cast<void>(window.takeChanged());
     window.press(Key::tab);
+    EXPECT_EQ(window.takeChanged(), (Names{u"chk", u"cmd", u"cmdOK"}));
+    window.press(Key::shiftTab);
     EXPECT_EQ(window.takeChanged(), (Names{u"chk", u"cmd", u"cmdOK"}));
 }
 
@@ -197,6 +201,19 @@ TEST(LightWindow, SaysWhatTheNextDisabledControlWaitsFor) {
     EXPECT_EQ(statusOf(window), u"");
 }
 
+TEST(LightWindow, SaysNothingOfADisabledControlThatWaitsForNothing) {
+    TestWindow window({control(ControlKind::textBox, u"txt"), disabled(button(u"cmd"))});
+    EXPECT_EQ(window.elementToExplain(), nullptr);
+}
+
+TEST(LightWindow, TheAccessKeyOfAHiddenLabelLeadsNowhere) {
+    ControlDesign label = test::hidden(control(ControlKind::label, u"lbl", u"&Label"));
+    label.buddy = u"txt";
+    TestWindow window({button(u"cmd"), label, control(ControlKind::textBox, u"txt")});
+    EXPECT_FALSE(window.pressAccessKey(u'l'));
+    EXPECT_EQ(window.focused(), u"cmd");
+}
+
 TEST(LightWindow, OnlyAUsableControlThatTakesTheFocusCanGetIt) {
     TestWindow window({button(u"cmd"), control(ControlKind::label, u"lbl", u"Label"),
                        disabled(button(u"cmdOff")), test::hidden(button(u"cmdHidden"))});
@@ -204,6 +221,14 @@ TEST(LightWindow, OnlyAUsableControlThatTakesTheFocusCanGetIt) {
         EXPECT_THROW(window.element(name)->takeFocus(), Error);
         EXPECT_EQ(window.focused(), u"cmd");
     }
+}
+
+TEST(LightWindow, AControlThatGetsTheFocusTwiceStillGivesItBack) {
+    TestWindow window({button(u"cmd1"), button(u"cmd2"), button(u"cmd3")});
+    window.element(u"cmd2")->takeFocus();
+    window.element(u"cmd2")->takeFocus();
+    window.get<CommandButton>(u"cmd2").setEnabled(false);
+    EXPECT_EQ(window.focused(), u"cmd1");
 }
 
 TEST(LightWindow, TheAccessKeyOfALabelWithoutABuddyLeadsNowhere) {
