@@ -216,6 +216,28 @@ TEST_F(WindowInput, TheNextKeyOrPasteBringsTheFocusBackIntoView) {
     EXPECT_EQ(low.problems(), std::vector<std::string>());
 }
 
+TEST_F(WindowInput, ABoxShowsNoHelpOfItsOwn) {
+    show({text}, [&](TerminalUser &) {
+        play.onMessageBox = [&](terminal::TerminalWindow &) {
+            play.device().type(TerminalUser::bytesOf(Key::help));
+        };
+        static_cast<void>(play.toolkit().showMessageBox(u"T", u"Text", message_box::exclamation));
+        EXPECT_EQ(play.messageBoxes().size(), 1U);
+    });
+}
+
+TEST_F(WindowInput, WithoutAControlForTheFocusCanBeClosed) {
+    show({control(ControlKind::label, u"lbl", u"Only words")}, [&](TerminalUser &user) {
+        for (const char *const input :
+             {"\x1b[6~", "\x1b[5~", "x", "\x1bx", "\t", "\r", "\x1b", "\x1b[200~x\x1b[201~"}) {
+            play.input(input);
+        }
+        EXPECT_EQ(status(), u" Tab: next  Esc: cancel        F1: help");
+        EXPECT_TRUE(isOnScreen(u"Only words"));
+        EXPECT_TRUE(user.isOpen());
+    });
+}
+
 TEST_F(WindowInput, ALetterAfterF2ThatNothingHasIsNotTyped) {
     show({text, control(ControlKind::commandButton, u"cmd", u"&Go")}, [&](TerminalUser &user) {
         user.press(Key::accessKey);

@@ -37,6 +37,7 @@ TEST(WrappedText, KeepsLineBreaksOfAllKindsAndEmptyLines) {
 TEST(WrappedText, KeepsBlanksInsideALineAndDropsThoseAtTheBreak) {
     EXPECT_EQ(linesOf(u"a  b", 9), (Lines{u"a  b"}));
     EXPECT_EQ(linesOf(u"abc   def", 4), (Lines{u"abc", u"def"}));
+    EXPECT_EQ(linesOf(u"      abc", 4), (Lines{u"", u"abc"}));
 }
 
 TEST(WrappedText, CountsColumnsAndSplitsNoCluster) {

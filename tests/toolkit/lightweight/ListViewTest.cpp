@@ -229,6 +229,16 @@ TEST_F(LightListViewTest, TheSecondClickSelectsARowThatTheFirstOneLost) {
     EXPECT_EQ(view.selectedRow(), 3);
 }
 
+TEST_F(LightListViewTest, AWindowThatTheFirstClickClosesGetsNoDoubleClick) {
+    LightListView &view = single();
+    int doubleClicks = 0;
+    view.onDoubleClick = [&] { ++doubleClicks; };
+    view.onItemClick = [&](int) { window().close(); };
+    view.doubleClickRow(3);
+    EXPECT_EQ(doubleClicks, 0);
+    EXPECT_EQ(view.selectedRow(), 3);
+}
+
 TEST_F(LightListViewTest, ARangeThatShrinksShowsItsEnd) {
     LightListView &view = multiple();
     view.setPage(4);

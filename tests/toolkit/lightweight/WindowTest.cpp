@@ -67,6 +67,28 @@ TEST(LightWindow, ArrowsGoRoundAGroupOfOptions) {
     EXPECT_EQ(way, u"1202102");
 }
 
+TEST(LightWindow, ABlankSelectsAnOption) {
+    TestWindow window({option(u"opg0"), option(u"opg1")});
+    int clicks = 0;
+    window.get<OptionButton>(u"opg0").onClick = [&] { ++clicks; };
+    window.press(Key::space);
+    EXPECT_TRUE(window.get<OptionButton>(u"opg0").selected());
+    EXPECT_TRUE(window.type(u" "));
+    EXPECT_EQ(clicks, 2);
+}
+
+TEST(LightWindow, WithoutAControlForTheFocusTakesNoKeys) {
+    TestWindow window({control(ControlKind::label, u"lbl", u"&Label")});
+    window.press({Key::tab, Key::shiftTab, Key::space, Key::enter, Key::escape});
+    EXPECT_FALSE(window.type(u"x"));
+    EXPECT_FALSE(window.type(u" "));
+    EXPECT_FALSE(window.paste(u"x"));
+    EXPECT_FALSE(window.pressAccessKey(u'l'));
+    EXPECT_EQ(window.buttonOfEnter(), nullptr);
+    EXPECT_EQ(window.elementToExplain(), nullptr);
+    EXPECT_EQ(window.focused(), u"");
+}
+
 TEST(LightWindow, ControlWithUpAndDownIsUpAndDownOutsideLists) {
     TestWindow window({control(ControlKind::richTextBox, u"rt"), button(u"cmd")});
     window.get<RichTextBox>(u"rt").setText(u"one\r\ntwo");
