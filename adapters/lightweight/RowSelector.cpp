@@ -45,7 +45,7 @@ void RowSelector::toggle(int row) {
     const Acting acting(isActing_);
     const bool isDropped = rows_.selected(row);
     isDropped ? rows_.deselect(row) : rows_.select(row);
-    current_ = isDropped ? row : 0;
+    current_ = row;
     anchor_ = row;
     isRange_ = false;
 }

@@ -253,6 +253,10 @@ TEST(Decoder, DropsHalfASequenceWhenTheNextKeyComes) {
     EXPECT_EQ(inputsOf("\x1b[1;\x1b[A"), Inputs{Stroke{Key::up}});
     EXPECT_EQ(inputsOf("\x1b[1;\ry"), (Inputs{Stroke{Key::enter}, Typed{u"y"}}));
     EXPECT_EQ(inputsOf("\x1b[1;\xC3\xA9"), Inputs{Typed{u"é"}});
+    EXPECT_EQ(inputsOf("\x1b[1;\x7fy"), (Inputs{Stroke{Key::backspace}, Typed{u"y"}}));
+    EXPECT_EQ(inputsOf("\x1b]0;title\x1b"
+                       "a"),
+              (Inputs{Typed{u"a", true}}));
     EXPECT_EQ(inputsOf("\xE0\xA4\x1b[A"), Inputs{Stroke{Key::up}});
 }
 

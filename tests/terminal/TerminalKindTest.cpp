@@ -76,6 +76,10 @@ TEST_F(TerminalKindTest, HasTheCharactersOfTheUsersLocale) {
 }
 
 TEST_F(TerminalKindTest, BelievesTheNameOfALocaleThatIsMissingHere) {
+    set("LANG", "xx_XX.UTF-8");
+    EXPECT_EQ(characters(), Characters::unicode);
+    set("LC_CTYPE", "xx_XX");
+    EXPECT_EQ(characters(), Characters::ascii);
     set("LC_ALL", "xx_XX.UTF-8");
     EXPECT_EQ(characters(), Characters::unicode);
     set("LC_ALL", "xx_XX.utf8@euro");
