@@ -341,6 +341,8 @@ TEST(Paste, WaitsForItsEndHoweverLongItTakes) {
     Decoder decoder;
     decoder.take("\x1b[200~abc", start);
     EXPECT_FALSE(decoder.isWaiting());
+    decoder.pause(start + 59min);
+    EXPECT_EQ(decoder.next(), std::nullopt);
     decoder.take("\rdef\x1b", start + 1h);
     EXPECT_TRUE(decoder.isWaiting());
     decoder.pause(start + 1h + 999ms);
