@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 namespace kvex::terminal {
 namespace {
@@ -171,6 +172,10 @@ void RowsView::paintEmptyText(Canvas &canvas, const Rect &at) const {
 }
 
 void RowsView::click(Point at, bool twice) {
+    if (at.column == shown_.column + shown_.columns) {
+        showPartAt(at.row - shown_.row);
+        return;
+    }
     const int row = list_.visibleRows().first() + at.row - shown_.row;
     if (at.row < shown_.row) {
         return;
@@ -185,6 +190,15 @@ void RowsView::click(Point at, bool twice) {
     } else {
         list_.clickRow(row);
     }
+}
+
+/// Shows the part of the list for a place on its scroll bar: the first cell stands for the first
+/// rows, the last one for the last rows.
+void RowsView::showPartAt(int place) {
+    const int hidden = std::max(list_.rowCount() - shown_.rows, 0);
+    const int last = std::max(shown_.rows - 1, 1);
+    const auto before = std::int64_t{hidden} * std::clamp(place, 0, last) / last;
+    list_.scrollBy(static_cast<int>(before) + 1 - list_.visibleRows().first());
 }
 
 bool RowsView::scroll(int rows) {

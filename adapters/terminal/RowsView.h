@@ -41,6 +41,7 @@ private:
     void paintRow(Canvas &canvas, const Rect &at, const std::vector<Slot> &slots, int row,
                   bool hasFocus) const;
     void paintEmptyText(Canvas &canvas, const Rect &at) const;
+    void showPartAt(int place);
     [[nodiscard]] bool isCutOnTheRight() const;
 
     lightweight::LightListView &list_;

@@ -158,7 +158,12 @@ std::u16string TerminalWindow::statusLine(int columns) const {
     }
     constexpr std::u16string_view more = u"...";
     const int room = columns - static_cast<int>(more.size());
-    return std::u16string(beginning(said, room, desktop_.ability().characters)).append(more);
+    std::u16string_view part = beginning(said, room, desktop_.ability().characters);
+    // A half word would mislead.
+    if (const std::size_t blank = said.rfind(u' ', part.size()); blank != std::u16string::npos) {
+        part = part.substr(0, blank);
+    }
+    return std::u16string(part).append(more);
 }
 
 } // namespace kvex::terminal

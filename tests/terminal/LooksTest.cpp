@@ -1,5 +1,6 @@
 // How each control looks: the text of its cells and their attributes.
 #include "tests/terminal/Looks.h"
+#include "platform/Text.h"
 #include "platform/controls/Buttons.h"
 #include "platform/controls/DTPicker.h"
 #include "platform/controls/ListView.h"
@@ -171,6 +172,30 @@ TEST_F(Looks, ARowMovesSidewaysOnlyAsFarAsItsOwnTextNeeds) {
             }
             EXPECT_TRUE(isOnScreen(u"to be seen"));
             EXPECT_TRUE(isOnScreen(u"short"));
+        });
+}
+
+TEST_F(Looks, AClickOnTheScrollBarOfAListShowsThatPartOfIt) {
+    show(
+        {list()},
+        [](Window &window) {
+            auto &rows = window.get<ListView>(u"lvw");
+            for (std::int64_t row = 1; row <= 1000; ++row) {
+                rows.addRow(u"row " + toText(row) + u".");
+            }
+        },
+        [&](TerminalUser &user) {
+            const terminal::Point first = find(u"row 1.");
+            const auto rect = user.window().seenAt(u"lvw").value();
+            const int bar = rect.column + rect.columns - 1;
+            const int bottom = rect.row + rect.rows - 2;
+            user.clickAt({bar, bottom});
+            EXPECT_EQ(find(u"row 1000."), (terminal::Point{first.column, bottom}));
+            user.clickAt({bar, (first.row + bottom) / 2});
+            EXPECT_TRUE(isOnScreen(u"row 470."));
+            user.clickAt({bar, first.row});
+            EXPECT_EQ(find(u"row 1."), first);
+            EXPECT_EQ(user.get<ListView>(u"lvw").selectedRow(), 0);
         });
 }
 

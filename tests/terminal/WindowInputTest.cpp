@@ -84,11 +84,16 @@ TEST_F(WindowInput, TheAccessKeyOfAHiddenControlExplainsNothing) {
     });
 }
 
-TEST_F(WindowInput, ATextThatIsTooLongForTheStatusLineIsCutWithDots) {
+TEST_F(WindowInput, ATextThatIsTooLongForTheStatusLineIsCutBetweenWords) {
     show({text, waiting(u"cmd", u"&Go", u"Type a word after the others")},
          [&](TerminalUser &) { EXPECT_EQ(status(), u" Type a word after the others  F1: help"); });
     show({text, waiting(u"cmd", u"&Go", u"Type one word after the other")},
-         [&](TerminalUser &) { EXPECT_EQ(status(), u" Type one word after the o...  F1: help"); });
+         [&](TerminalUser &) { EXPECT_EQ(status(), u" Type one word after the...    F1: help"); });
+    // The last word that fits ends where there is no more room.
+    show({text, waiting(u"cmd", u"&Go", u"Type one word after a one or two")},
+         [&](TerminalUser &) { EXPECT_EQ(status(), u" Type one word after a one...  F1: help"); });
+    show({text, waiting(u"cmd", u"&Go", u"TypeOneWordAfterTheOthersOrTwo")},
+         [&](TerminalUser &) { EXPECT_EQ(status(), u" TypeOneWordAfterTheOthers...  F1: help"); });
 }
 
 TEST_F(WindowInput, TheStatusLineNamesAsManyKeysAsFit) {
