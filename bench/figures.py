@@ -178,15 +178,11 @@ FIGURES = [
         "terminal: arrow down in a list of n rows, to the last byte",
         "the whole screen written by hand",
         ratio=1.5,
-        growth=1.2,
-        sizes=(100, 100_000),
     ),
     Figure(
         "terminal_scroll",
         "terminal: the same at the bottom of the view, which scrolls",
         "the same",
-        growth=1.2,
-        sizes=(100, 100_000),
     ),
     Figure(
         "terminal_key_bytes",
