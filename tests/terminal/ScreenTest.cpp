@@ -195,6 +195,16 @@ TEST(Screen, NeverScrollsTheTerminal) {
     }
 }
 
+/// Four rows of one letter each.
+CellGrid rowsOf(std::u16string_view letters) {
+    CellGrid grid(size);
+    int row = 0;
+    for (const char16_t letter : letters) {
+        grid.put({0, row++}, std::u16string(20, letter), {}, everything);
+    }
+    return grid;
+}
+
 TEST(Screen, LeavesTheLastCellOutWhereItWouldScroll) {
     Capabilities simple = Capabilities::ofType("vt100");
     simple.wrapsAtOnce = true;
@@ -204,6 +214,18 @@ TEST(Screen, LeavesTheLastCellOutWhereItWouldScroll) {
     CellGrid grid({2, 1});
     grid.put({0, 0}, u"ab", {}, everything);
     EXPECT_EQ(screen.update(grid), "\x1b[m\x0f\x1b[H\x1b[J\x1b[1;1Ha");
+    EXPECT_EQ(screen.update(grid), "");
+}
+
+TEST(Screen, WritesTheLastCellWhenItsLineHasMovedUp) {
+    Capabilities simple = Capabilities::ofType("vt100");
+    simple.wrapsAtOnce = true;
+    simple.leaveWrapping.clear();
+    Screen screen(simple, 0);
+    screen.forget(size);
+    (void)screen.update(rowsOf(u"tabc"));
+    EXPECT_EQ(screen.update(rowsOf(u"tbcd")),
+              "\x1b[2;4r\x1b[4;1H\n\x1b[r\x1b[3;20Hc\x1b[4;1Hddddddddddddddddddd");
 }
 
 TEST(Screen, PlacesAndHidesTheCursor) {
@@ -255,16 +277,6 @@ TEST(Screen, MovesAHighlightInAListWithFewBytes) {
         (void)screen.update(list(3));
         EXPECT_LE(screen.update(list(4)).size(), 400U) << type;
     }
-}
-
-/// Four rows of one letter each.
-CellGrid rowsOf(std::u16string_view letters) {
-    CellGrid grid(size);
-    int row = 0;
-    for (const char16_t letter : letters) {
-        grid.put({0, row++}, std::u16string(20, letter), {}, everything);
-    }
-    return grid;
 }
 
 TEST(Screen, ScrollsLinesThatMoved) {

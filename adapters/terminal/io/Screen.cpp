@@ -153,25 +153,26 @@ void Screen::updateRow(const CellGrid &grid, int row) {
 void Screen::writeCell(Point at, const Cell &wanted, int columns, bool mayBeCovered) {
     const bool isLast = at.row + 1 == size_.rows && at.column + columns == size_.columns;
     const bool scrolls = capabilities_.wrapsAtOnce && capabilities_.leaveWrapping.empty();
-    if (!(isLast && scrolls)) {
+    if (isLast && scrolls) {
+        return;
+    }
+    moveTo(at);
+    setStyle(wanted.style);
+    const Cell &old = shown(at);
+    if (isDisputed(wanted) && wanted.cluster != old.cluster &&
+        (mayBeCovered || !isBlank(at, columns))) {
+        // A terminal that takes fewer columns would keep something of what stands there.
+        bytes_.append(static_cast<std::size_t>(columns), ' ');
+        column_ = at.column + columns;
+        forgetColumnAtEdge();
         moveTo(at);
-        setStyle(wanted.style);
-        const Cell &old = shown(at);
-        if (isDisputed(wanted) && wanted.cluster != old.cluster &&
-            (mayBeCovered || !isBlank(at, columns))) {
-            // A terminal that takes fewer columns would keep something of what stands there.
-            bytes_.append(static_cast<std::size_t>(columns), ' ');
-            column_ = at.column + columns;
-            forgetColumnAtEdge();
-            moveTo(at);
-        }
-        wanted.cluster.appendTo(bytes_);
-        if (wanted.cluster.isAscii()) {
-            column_ = at.column + 1;
-            forgetColumnAtEdge();
-        } else {
-            forgetColumn();
-        }
+    }
+    wanted.cluster.appendTo(bytes_);
+    if (wanted.cluster.isAscii()) {
+        column_ = at.column + 1;
+        forgetColumnAtEdge();
+    } else {
+        forgetColumn();
     }
     shown(at) = wanted;
     if (columns == 2) {
