@@ -2,6 +2,7 @@
 #include "tests/terminal/TerminalPlay.h"
 #include "tests/windows/ActionDialogsOnScreen.h"
 #include "tests/windows/ConditionsOnScreen.h"
+#include "tests/windows/DatesOnScreen.h"
 #include "tests/windows/OnScreen.h"
 
 namespace kvex::test {
@@ -40,5 +41,6 @@ INSTANTIATE_TEST_SUITE_P(Terminal, AddressBookOnScreen, testing::Values(&makeTer
 INSTANTIATE_TEST_SUITE_P(Terminal, WindowsOnScreen, testing::Values(&makeTerminalStage));
 INSTANTIATE_TEST_SUITE_P(Terminal, ConditionsOnScreen, testing::Values(&makeTerminalStage));
 INSTANTIATE_TEST_SUITE_P(Terminal, ActionDialogsOnScreen, testing::Values(&makeTerminalStage));
+INSTANTIATE_TEST_SUITE_P(Terminal, DatesOnScreen, testing::Values(&makeTerminalStage));
 
 } // namespace kvex::test

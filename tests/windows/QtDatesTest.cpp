@@ -12,7 +12,7 @@
 namespace kvex::test {
 namespace {
 
-class DateDialogOnScreen : public QtWindowsOnScreen {
+class QtDates : public QtWindowsOnScreen {
 protected:
     /// Opens the dialog from a new rule's editor, by keys, on `range`.
     void playDialog(const std::u16string &range, QtPlay::Script script) {
@@ -50,7 +50,7 @@ protected:
     const std::u16string stored = u"20040514 08:30:00,20040520 17:00:00";
 };
 
-TEST_F(DateDialogOnScreen, ANewRangeIsTickedAndTypedByKeysAlone) {
+TEST_F(QtDates, ANewRangeIsTickedAndTypedByKeysAlone) {
     playDialog(u"", [](QtUser &user) {
         EXPECT_EQ(QApplication::focusWidget(), &tick(user, u"FromDate"));
         user.press(Key::space);
@@ -76,7 +76,7 @@ TEST_F(DateDialogOnScreen, ANewRangeIsTickedAndTypedByKeysAlone) {
     EXPECT_EQ(utility.messages, std::vector<Message>());
 }
 
-TEST_F(DateDialogOnScreen, ARangeIsTypedAsItIsShownAndEnterStoresIt) {
+TEST_F(QtDates, ARangeIsTypedAsItIsShownAndEnterStoresIt) {
     playDialog(stored, [](QtUser &user) {
         user.focusOn(u"FromDateValue");
         user.press(Key::home);
@@ -94,7 +94,7 @@ TEST_F(DateDialogOnScreen, ARangeIsTypedAsItIsShownAndEnterStoresIt) {
     EXPECT_EQ(utility.messages, std::vector<Message>());
 }
 
-TEST_F(DateDialogOnScreen, AStoredRangeIsShownWithItsYearsInFull) {
+TEST_F(QtDates, AStoredRangeIsShownWithItsYearsInFull) {
     playDialog(stored, [](QtUser &user) {
         EXPECT_EQ(user.window().caption(), u"Select Date/Time Range");
         EXPECT_EQ(text(user, u"FromDate"), "14/05/2004");
@@ -106,19 +106,7 @@ TEST_F(DateDialogOnScreen, AStoredRangeIsShownWithItsYearsInFull) {
     EXPECT_EQ(range(), stored);
 }
 
-TEST_F(DateDialogOnScreen, ARangeThatCannotBeReadIsLoggedAndShownAsFarAsItCan) {
-    playDialog(u"20040514 ,20040520 17:00:00", [this](QtUser &user) {
-        EXPECT_EQ(utility.logTexts(),
-                  Texts{u"KVEXMessageRules: Error occured. Sub: Form_Load, Module: frmRuleDate"});
-        utility.log.clear();
-        EXPECT_EQ(text(user, u"FromDate"), "14/05/2004");
-        EXPECT_EQ(text(user, u"FromTime"), "00:00:00");
-        EXPECT_EQ(text(user, u"ToTime"), "23:59:59");
-        user.press(Key::escape);
-    });
-}
-
-TEST_F(DateDialogOnScreen, WithoutADateTheTimeIsEmptyAndWaitsForIt) {
+TEST_F(QtDates, WithoutADateTheTimeIsEmptyAndWaitsForIt) {
     playDialog(u"", [](QtUser &user) {
         for (const auto &[date, time] :
              {std::pair(u"FromDate", u"FromTime"), std::pair(u"ToDate", u"ToTime")}) {
@@ -141,44 +129,7 @@ TEST_F(DateDialogOnScreen, WithoutADateTheTimeIsEmptyAndWaitsForIt) {
     });
 }
 
-TEST_F(DateDialogOnScreen, ADateTickedAgainByMouseBringsItsTimeBack) {
-    playDialog(u"", [](QtUser &user) {
-        user.tickPicker(u"FromDate", true);
-        typeInto(user, u"FromTime", u"080910");
-        user.tickPicker(u"FromDate", false);
-        EXPECT_EQ(text(user, u"FromTime"), "");
-        EXPECT_FALSE(field(user, u"FromTime").isEnabled());
-        user.tickPicker(u"FromDate", true);
-        EXPECT_EQ(text(user, u"FromTime"), "08:09:10");
-        EXPECT_TRUE(field(user, u"FromTime").isEnabled());
-        user.press(Key::escape);
-    });
-}
-
-TEST_F(DateDialogOnScreen, MonthEndsLeapDaysAndTheOutermostDaysAreTyped) {
-    const std::pair<const char16_t *, const char16_t *> days[] = {
-        {u"29012024", u"20240129"}, {u"30012024", u"20240130"}, {u"31012024", u"20240131"},
-        {u"30042024", u"20240430"}, {u"31052024", u"20240531"}, {u"29022024", u"20240229"},
-        {u"28022023", u"20230228"}, {u"29022000", u"20000229"}, {u"28021900", u"19000228"},
-        {u"28022100", u"21000228"}, {u"31122999", u"29991231"}, {u"01011900", u"19000101"},
-        {u"31123000", u"30001231"},
-    };
-    for (const auto &[keys, written] : days) {
-        SCOPED_TRACE(utf8(keys));
-        playDialog(stored, [&keys = keys](QtUser &user) {
-            for (const auto *picker : {u"FromDate", u"ToDate"}) {
-                typeInto(user, picker, keys);
-            }
-            user.press(Key::enter);
-        });
-        const std::u16string day = written;
-        EXPECT_EQ(range(), day + u" 08:30:00," + day + u" 17:00:00");
-        sessionOwner->release();
-        sessionOwner.reset();
-    }
-}
-
-TEST_F(DateDialogOnScreen, ADayBeyondTheMonthBecomesItsLastDay) {
+TEST_F(QtDates, ADayBeyondTheMonthBecomesItsLastDay) {
     playDialog(stored, [](QtUser &user) {
         typeInto(user, u"FromDate", u"31042004");
         EXPECT_EQ(text(user, u"FromDate"), "30/04/2004");
@@ -192,7 +143,7 @@ TEST_F(DateDialogOnScreen, ADayBeyondTheMonthBecomesItsLastDay) {
     EXPECT_EQ(range(), u"19000228 08:30:00,21000228 17:00:00");
 }
 
-TEST_F(DateDialogOnScreen, ARefusedRangeMovesTheFocusToTheEndAndIsPutRightThere) {
+TEST_F(QtDates, ARefusedRangeMovesTheFocusToTheEndAndIsPutRightThere) {
     playDialog(stored, [](QtUser &user) {
         typeInto(user, u"ToDate", u"13052004");
         user.click(u"cmdOK");
@@ -212,23 +163,7 @@ TEST_F(DateDialogOnScreen, ARefusedRangeMovesTheFocusToTheEndAndIsPutRightThere)
     EXPECT_EQ(range(), u"20040514 08:30:00,20040514 08:30:00");
 }
 
-TEST_F(DateDialogOnScreen, EscTheAccessKeyAndTheFrameLeaveTheRangeAlone) {
-    const QtPlay::Script ways[] = {[](QtUser &user) { user.press(Key::escape); },
-                                   [](QtUser &user) { user.pressAccessKey(u'C'); },
-                                   [](QtUser &user) { user.closeByFrame(); }};
-    for (const QtPlay::Script &leave : ways) {
-        playDialog(stored, [&leave](QtUser &user) {
-            typeInto(user, u"FromDate", u"01012001");
-            leave(user);
-        });
-        EXPECT_EQ(range(), stored);
-        EXPECT_TRUE(session().blnChanged);
-        sessionOwner->release();
-        sessionOwner.reset();
-    }
-}
-
-TEST_F(DateDialogOnScreen, TabWalksThePickersInTheirOrder) {
+TEST_F(QtDates, TabWalksThePickersInTheirOrder) {
     playDialog(stored, [](QtUser &user) {
         EXPECT_EQ(user.tabOrder(),
                   (Texts{u"FromDate", u"FromTime", u"ToDate", u"ToTime", u"cmdOK", u"cmdCancel"}));
@@ -251,7 +186,7 @@ TEST_F(DateDialogOnScreen, TabWalksThePickersInTheirOrder) {
     });
 }
 
-TEST_F(DateDialogOnScreen, EveryPartOfEveryPickerHasANameOfItsOwn) {
+TEST_F(QtDates, EveryPartOfEveryPickerHasANameOfItsOwn) {
     playDialog(stored, [](QtUser &user) {
         std::set<QString> names;
         for (const auto *picker : {u"FromDate", u"FromTime", u"ToDate", u"ToTime"}) {
@@ -266,30 +201,6 @@ TEST_F(DateDialogOnScreen, EveryPartOfEveryPickerHasANameOfItsOwn) {
                                      "To Time", "To Time: has a value"}));
         user.press(Key::escape);
     });
-}
-
-TEST_F(DateDialogOnScreen, ARuleIsSavedWithTheRangeTyped) {
-    play.whenShown(u"frmRuleEdit", [](QtUser &editor) {
-        editor.tickRow(conditions, row::withinDates);
-        editor.click(u"cmdEditCondition");
-        EXPECT_EQ(description(editor),
-                  u"Apply this Rule after the message arrives\r\nIf the message is received "
-                  u"between 29/02/2024 00:00:00 Hrs. to 31/03/2024 23:59:59 Hrs.");
-        editor.tickRow(actions, row::noMoreRules);
-        editor.click(u"cmdOK");
-    });
-    play.whenShown(u"frmRuleDate", [](QtUser &user) {
-        user.tickPicker(u"FromDate", true);
-        typeInto(user, u"FromDate", u"29022024");
-        user.tickPicker(u"ToDate", true);
-        typeInto(user, u"ToDate", u"31032024");
-        user.click(u"cmdOK");
-    });
-    play.whenShown(u"frmRules", [](QtUser &user) { user.press(Key::enter); });
-    showRules(u"");
-    EXPECT_EQ(database.value("SELECT QueryParam FROM SMS_RULES WHERE ID = 4"),
-              "<IGNOREIFSERVICE>NO</IGNOREIFSERVICE>"
-              "<DATETIME>20240229 00:00:00,20240331 23:59:59</DATETIME>");
 }
 
 } // namespace
