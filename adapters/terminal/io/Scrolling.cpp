@@ -16,6 +16,11 @@ constexpr int leastSaved = 30;
 /// So few lines are written at once.
 constexpr int leastChangedRows = 3;
 
+struct Saving {
+    int cells = 0;
+    Scrolling scrolling;
+};
+
 class Screens {
 public:
     Screens(std::span<const Cell> shown, std::span<const Cell> wanted, Size size)
@@ -30,9 +35,9 @@ public:
             std::ranges::count_if(differing_, [](int many) { return many > 0; }));
     }
 
-    /// The cells that a scrolling by so many lines saves at most, and the region for it.
-    [[nodiscard]] std::pair<int, Scrolling> bestOf(int lines) const {
-        std::pair<int, Scrolling> best{0, {}};
+    /// What the best scrolling by so many lines saves.
+    [[nodiscard]] Saving bestOf(int lines) const {
+        Saving best;
         const int above = std::max(lines, 0);
         const int below = std::max(-lines, 0);
         int saved = 0;
@@ -44,14 +49,14 @@ public:
             }
             saved +=
                 differingAt(row) - differences(lineOf(shown_, row + lines), lineOf(wanted_, row));
-            if (saved > best.first) {
+            if (saved > best.cells) {
                 best = {saved, {first - below, row + above, lines}};
             }
         }
-        const auto &[top, bottom, by] = best.second;
+        const auto &[top, bottom, by] = best.scrolling;
         const int blankRow = by > 0 ? bottom - by + 1 : top;
         for (int row = blankRow; row < blankRow + std::abs(by); ++row) {
-            best.first += differingAt(row) - notBlank(lineOf(wanted_, row));
+            best.cells += differingAt(row) - notBlank(lineOf(wanted_, row));
         }
         return best;
     }
@@ -90,14 +95,14 @@ private:
 std::optional<Scrolling> scrollingBetween(std::span<const Cell> shown, std::span<const Cell> wanted,
                                           Size size) {
     const Screens screens(shown, wanted, size);
-    std::pair<int, Scrolling> best{leastSaved, {}};
+    Saving best{leastSaved, {}};
     for (int lines = 1; screens.changedRows() >= leastChangedRows && lines <= mostLines; ++lines) {
         for (const int direction : {1, -1}) {
-            best = std::ranges::max({best, screens.bestOf(direction * lines)}, {},
-                                    &std::pair<int, Scrolling>::first);
+            const Saving other = screens.bestOf(direction * lines);
+            best = other.cells > best.cells ? other : best;
         }
     }
-    return best.second.lines == 0 ? std::nullopt : std::optional(best.second);
+    return best.scrolling.lines == 0 ? std::nullopt : std::optional(best.scrolling);
 }
 
 } // namespace kvex::terminal
