@@ -225,9 +225,10 @@ void Emulator::scroll(int lines) {
     if (!attributes_.empty()) {
         throw std::runtime_error("scrolled with attributes: some terminals fill with these");
     }
-    const auto begin = cells_.begin() + top_ * size_.columns;
-    const auto end = cells_.begin() + (bottom_ + 1) * size_.columns;
-    const auto left = std::abs(lines) * size_.columns;
+    const std::ptrdiff_t columns = size_.columns;
+    const auto begin = cells_.begin() + top_ * columns;
+    const auto end = cells_.begin() + (bottom_ + 1) * columns;
+    const std::ptrdiff_t left = std::abs(lines) * columns;
     if (lines > 0) {
         std::fill(std::shift_left(begin, end, left), end, Cell());
     } else {

@@ -67,6 +67,15 @@ TEST(Screen, WritesNothingForTheSameGrid) {
     EXPECT_EQ(shown.show(gridWith(u"Rules")), "");
 }
 
+TEST(Screen, WritesEverythingAgainToATerminalThatShowsAnything) {
+    Shown shown("xterm-256color");
+    const CellGrid grid = gridWith(u"Rules", {.bold = true});
+    const std::string first = shown.show(grid);
+    EXPECT_EQ(first, "\x1b(B\x1b[m\x1b[H\x1b[2J\x1b[?25l\x1b[1;1H\x1b[1mRules");
+    shown.screen.forget(size);
+    EXPECT_EQ(shown.show(grid), first);
+}
+
 TEST(Screen, WritesOnlyWhatDiffers) {
     Shown shown("xterm-256color");
     shown.show(gridWith(u"one two three"));
@@ -83,7 +92,9 @@ TEST(Screen, SetsAttributesOnlyWhenTheyChange) {
     EXPECT_EQ(shown.show(gridWith(u"ab cd", {.bold = true, .colour = 0xFF0000})),
               "\r\x1b[34mab cd");
     EXPECT_EQ(shown.show(gridWith(u"ab cd", {.reverse = true})), "\r\x1b(B\x1b[m\x1b[7mab cd");
+    EXPECT_EQ(shown.show(gridWith(u"ab cd", {.bold = true, .reverse = true})), "\r\x1b[1mab cd");
     EXPECT_EQ(shown.show(gridWith(u"ab cd")), "\r\x1b(B\x1b[mab cd");
+    EXPECT_EQ(shown.show(gridWith(u"ab cd", {.reverse = true})), "\r\x1b[7mab cd");
 }
 
 TEST(Screen, EndsEachAttribute) {
@@ -252,6 +263,10 @@ TEST(Screen, CutsAGridOfAnotherSizeOrPutsBlanksAroundIt) {
     small.put({0, 0}, u"xy", {}, everything);
     shown.show(small);
     EXPECT_EQ(shown.emulator.line(0), u"xy");
+    shown.show(rowsOf(u"tabc"));
+    shown.show(small);
+    EXPECT_EQ(shown.emulator.line(0), u"xy");
+    EXPECT_EQ(shown.emulator.line(3), u"");
     EXPECT_EQ(shown.emulator.scrolled(), 0);
 }
 

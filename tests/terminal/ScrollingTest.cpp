@@ -63,4 +63,12 @@ TEST(ScrollingBetween, LeavesFewChangedCellsToBeWritten) {
     EXPECT_EQ(between(rows(3, u"ab"), rows(3, u"b")), std::nullopt);
 }
 
+TEST(ScrollingBetween, CountsTheLinesThatItLeavesBlank) {
+    // Three rows are saved, and the row that stays must be written again.
+    EXPECT_EQ(between(rows(3, u"abcd", 15), rows(3, u"bcdd", 15)), std::nullopt);
+    EXPECT_EQ(between(rows(3, u"abcd", 15), rows(3, u"aabc", 15)), std::nullopt);
+    EXPECT_EQ(between(rows(3, u"abcd", 16), rows(3, u"bcdd", 16)), (Scrolling{3, 6, 1}));
+    EXPECT_EQ(between(rows(3, u"abcd", 16), rows(3, u"aabc", 16)), (Scrolling{3, 6, -1}));
+}
+
 } // namespace

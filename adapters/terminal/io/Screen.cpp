@@ -55,8 +55,7 @@ std::string Screen::update(const CellGrid &grid) {
         bytes_ = capabilities_.plain + capabilities_.clear + capabilities_.hideCursor;
         shown_.assign(
             static_cast<std::size_t>(size_.columns) * static_cast<std::size_t>(size_.rows), blank);
-        row_.reset();
-        column_.reset();
+        forgetCursor();
         isCursorShown_ = capabilities_.hideCursor.empty();
         style_ = {};
         isKnown_ = true;
@@ -86,18 +85,17 @@ void Screen::scroll(const Scrolling &scrolling) {
     // Some terminals fill the blank lines with the present attributes.
     setStyle({});
     bytes_ += filled(capabilities_.scrollRegion, top, bottom);
-    row_.reset();
-    column_.reset();
+    forgetCursor();
     moveTo({0, lines > 0 ? bottom : top});
     bytes_ +=
         repeated(lines > 0 ? capabilities_.scrollUp : capabilities_.scrollDown, std::abs(lines)) +
         capabilities_.scrollAll;
-    row_.reset();
-    column_.reset();
+    forgetCursor();
 
-    const auto begin = shown_.begin() + top * size_.columns;
-    const auto end = shown_.begin() + (bottom + 1) * size_.columns;
-    const auto left = std::abs(lines) * size_.columns;
+    const std::ptrdiff_t columns = size_.columns;
+    const auto begin = shown_.begin() + top * columns;
+    const auto end = shown_.begin() + (bottom + 1) * columns;
+    const std::ptrdiff_t left = std::abs(lines) * columns;
     if (lines > 0) {
         std::fill(std::shift_left(begin, end, left), end, blank);
     } else {
@@ -198,6 +196,11 @@ void Screen::eraseRest(Point from) {
         shown({column, from.row}) =
             capabilities_.eraseToEndOfLine.empty() ? Cell{Cluster(u'\uFFFF'), {}} : blank;
     }
+}
+
+void Screen::forgetCursor() {
+    row_.reset();
+    column_.reset();
 }
 
 void Screen::forgetColumn() {

@@ -34,6 +34,7 @@ private:
     void writeCell(Point at, const Cell &wanted, int columns, bool mayBeCovered);
     [[nodiscard]] bool isBlank(Point at, int columns) const;
     void eraseRest(Point from);
+    void forgetCursor();
     void forgetColumn();
     void forgetColumnAtEdge();
     void moveTo(Point to);

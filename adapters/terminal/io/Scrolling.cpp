@@ -77,7 +77,8 @@ private:
         return count;
     }
     [[nodiscard]] static int notBlank(std::span<const Cell> line) {
-        return static_cast<int>(line.size() - std::ranges::count(line, Cell()));
+        return static_cast<int>(
+            std::ranges::count_if(line, [](const Cell &cell) { return cell != Cell(); }));
     }
     [[nodiscard]] int differingAt(int row) const {
         return differing_[static_cast<std::size_t>(row)];
