@@ -1,16 +1,16 @@
 #!/usr/bin/python3
-"""rules_host.py FOLDER DATABASE show RULE | edit USER RULE
+"""rules_host.py FOLDER DATABASE USER RULE opens the rule editor; "" is a new rule.
 
 FOLDER holds the libraries of the kit: pkg-config --variable=libdir kvexmessagerules
 """
 import sys
 import uuid
-from ctypes import CDLL, CFUNCTYPE, POINTER, byref, c_int32, c_void_p, cast, pointer, string_at
+from ctypes import CDLL, CFUNCTYPE, POINTER, byref, c_int32, c_void_p, cast, pointer
 
 UTILITY, ADDRESS_BOOK, CONFIGURATION, I_CONFIGURATION = (
     uuid.UUID(f"7b1f4e52-0c6a-4f0e-9d31-52a86e17c4{end}").bytes_le for end in ("02", "05", "07", "06"))
-RULE_UI, I_RULE_UI, I_RULE_READER = (
-    uuid.UUID(f"2e9c6a10-5d43-4b7b-8a60-1f0d7c35b2{end}").bytes_le for end in ("01", "02", "04"))
+RULE_UI, I_RULE_UI = (
+    uuid.UUID(f"2e9c6a10-5d43-4b7b-8a60-1f0d7c35b2{end}").bytes_le for end in ("01", "02"))
 
 
 def call(this, index, *arguments):
@@ -56,26 +56,6 @@ class Kit:
         call(rules, 2)
         return result.value
 
-    def describe(self, rule):
-        def write(_, text, __):
-            length = self.server.SysStringLen(c_void_p(text))
-            print(string_at(text, 2 * length).decode("utf-16-le"), end="")
-            return 0
-
-        # An IDescriptionSink: QueryInterface, AddRef, Release and Write.
-        unused = CFUNCTYPE(c_int32, c_void_p)(lambda _: 1)
-        used = CFUNCTYPE(c_int32, c_void_p, c_void_p, c_int32)(write)
-        table = (c_void_p * 4)(*(cast(each, c_void_p) for each in (unused, unused, unused, used)))
-        reader = self.create(RULE_UI, I_RULE_READER)
-        call(reader, 3)
-        call(reader, 4, self.text(rule), cast(pointer(pointer(table)), c_void_p))
-        call(reader, 2)
-
 
 if __name__ == "__main__":
-    kit = Kit(*sys.argv[1:3])
-    if sys.argv[3] == "show":
-        kit.describe(sys.argv[4])
-        print()
-    else:
-        print("result:", kit.show_rules(*sys.argv[4:6]))
+    print("result:", Kit(*sys.argv[1:3]).show_rules(*sys.argv[3:5]))

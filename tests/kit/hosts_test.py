@@ -6,7 +6,7 @@ import unittest
 
 from accessibility import State
 from desktop import Desktop, wait_for
-from kit import HOST, PREFIX, PYTHON, PYTHON_HOST, for_python, library_folder
+from kit import HOST, PREFIX, PYTHON, PYTHON_EDITOR, PYTHON_READER, for_python, library_folder
 from kvexrules import Program, ProgramTest, initialise
 from names import ACTIONS, CONDITIONS, DELETE, FROM_PEOPLE, NAME, RULES, SELECTED_PEOPLE
 
@@ -37,11 +37,8 @@ class Host(ProgramTest):
     def start(self, *words):
         self.program = Program(DESKTOP, [HOST, self.database.path, *words])
 
-    def start_python(self, *words):
-        self.program = Program(DESKTOP, self.python(*words), for_python())
-
-    def python(self, *words):
-        return [PYTHON, "-B", PYTHON_HOST, library_folder(PREFIX), self.database.path, *words]
+    def python(self, program, *words):
+        return [PYTHON, "-B", program, library_folder(PREFIX), self.database.path, *words]
 
     def close_rules(self):
         DESKTOP.press("Escape")
@@ -119,18 +116,18 @@ class Host(ProgramTest):
         self.assertEqual(done.stdout, f"{SEVENTH}\nThere is no rule 999\n")
 
     def testPythonReadsRules(self):
-        done = without_display(*self.python("show", "7"), environ=for_python())
+        done = without_display(*self.python(PYTHON_READER, "7"), environ=for_python())
         self.assertEqual(done.stdout, f"{SEVENTH}\n")
 
     def testPythonOpensTheEditor(self):
-        self.start_python("edit", "1", "")
+        self.program = Program(DESKTOP, self.python(PYTHON_EDITOR, "1", ""), for_python())
         self.program.window("New Rule")
         self.close_rules()
         self.assertEqual(self.program.finish(), (0, "result: 1"))
 
     def testPythonGetsFailuresAsErrors(self):
         self.database.path.unlink()
-        done = without_display(*self.python("show", "7"), environ=for_python())
+        done = without_display(*self.python(PYTHON_READER, "7"), environ=for_python())
         self.assertEqual(done.returncode, 1)
         self.assertIn("OSError: 0x80004005", done.stderr)
 

@@ -9,7 +9,8 @@ PREFIX = KIT / "prefix"
 HOST = KIT / "host" / "bin" / "rules-host"
 SOURCES = Path(os.environ["SOURCES"])
 EXAMPLE = SOURCES / "examples" / "host"
-PYTHON_HOST = EXAMPLE / "rules_host.py"
+PYTHON_EDITOR = EXAMPLE / "rules_host.py"
+PYTHON_READER = EXAMPLE / "read_rules.py"
 PYTHON = "/usr/bin/python3"
 STRICT = "-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror " + os.environ.get("CXXFLAGS", "")
 

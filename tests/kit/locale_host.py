@@ -6,6 +6,7 @@ import ctypes
 import locale
 import sys
 
+from read_rules import describe
 from rules_host import Kit
 
 CATEGORIES = ("LC_CTYPE", "LC_NUMERIC", "LC_TIME", "LC_COLLATE", "LC_MONETARY", "LC_MESSAGES")
@@ -21,7 +22,7 @@ def report():
 libc.setlocale(locale.LC_ALL, sys.argv[3].encode())
 kit = Kit(*sys.argv[1:3])
 report()
-kit.describe("1")
+describe(kit, "1")
 print()
 report()
 print("result", kit.show_rules("1", ""), flush=True)

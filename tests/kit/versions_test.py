@@ -7,7 +7,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from kit import EXAMPLE, PREFIX, PYTHON, PYTHON_HOST, for_python, library_folder
+from kit import EXAMPLE, PREFIX, PYTHON, PYTHON_READER, for_python, library_folder
 from kvexrules import initialise
 
 CLASS_FILE = "{2E9C6A10-5D43-4B7B-8A60-1F0D7C35B201}.class"
@@ -19,11 +19,12 @@ VERSION_2 = "version 2"
 # Takes the registered component.
 REGISTERED = """
 import sys
+from read_rules import describe
 from rules_host import Kit
 kit = Kit(*sys.argv[1:3], component=b"")
 if sys.argv[3:]:
     print(kit.server.CoRegisterServer(sys.argv[3].encode()))
-kit.describe("7")
+describe(kit, "7")
 """
 
 
@@ -60,7 +61,7 @@ class Versions(unittest.TestCase):
         shutil.copy(OTHER, other / "libKVEXMessageRules.so")
         self.register(self.folder / "user", OTHER)
         for folder, said in ((library_folder(PREFIX), VERSION_1), (other, VERSION_2)):
-            self.assertEqual(self.first_line(PYTHON_HOST, folder, self.database, "show", "7"), said)
+            self.assertEqual(self.first_line(PYTHON_READER, folder, self.database, "7"), said)
 
     def testTheUsersRegistrationCountsBeforeTheSystems(self):
         real = library_folder(PREFIX) / "libKVEXMessageRules.so"
