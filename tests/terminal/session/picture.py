@@ -23,7 +23,7 @@ def runs_of(screen, number):
         start, text, looks = column, "", row[column]._replace(data="")
         exact = is_exact(row[column].data)
         while (column < screen.columns and row[column]._replace(data="") == looks
-               and is_exact(row[column].data) in (exact, not row[column].data)):
+               and (not row[column].data or is_exact(row[column].data) == exact)):
             text += row[column].data
             column += 1
         yield start, column - start, text, looks
