@@ -11,21 +11,25 @@
 
 namespace kvex::test {
 
+/// Expects the dialog on `range`, which the user opens from a new rule's editor by keys.
+inline void expectDates(OnScreenStage &stage, const std::u16string &range, OnScreen script) {
+    stage.whenShown(u"frmRuleEdit", [range](OnScreenUser &editor) {
+        editor.clickRow(conditions, row::withinDates);
+        editor.press(Key::space);
+        ruleState().strDateTime = range;
+        editor.pressAccessKey(u'E');
+        editor.press(Key::escape);
+    });
+    stage.whenShown(u"frmRuleDate", std::move(script));
+    stage.whenShown(u"frmRules", [](OnScreenUser &user) { user.press(Key::escape); });
+}
+
 class DatesOnScreen : public WindowsOnScreen {
 protected:
     using Numbers = std::array<int, 3>;
 
-    /// Opens the dialog from a new rule's editor, by keys, on `range`.
     void playDialog(const std::u16string &range, OnScreen script) {
-        play.whenShown(u"frmRuleEdit", [&range](OnScreenUser &editor) {
-            editor.clickRow(conditions, row::withinDates);
-            editor.press(Key::space);
-            ruleState().strDateTime = range;
-            editor.pressAccessKey(u'E');
-            editor.press(Key::escape);
-        });
-        play.whenShown(u"frmRuleDate", std::move(script));
-        play.whenShown(u"frmRules", [](OnScreenUser &user) { user.press(Key::escape); });
+        expectDates(play, range, std::move(script));
         showRules(u"");
     }
     void closeSession() {

@@ -13,7 +13,7 @@ constexpr int firstRow = 1;
 constexpr int mostLines = 3;
 /// Scrolling takes fewer bytes than these cells.
 constexpr int leastSaved = 30;
-/// So few lines are written at once.
+/// When fewer lines have changed, they are written without a search.
 constexpr int leastChangedRows = 3;
 
 struct Saving {
@@ -96,8 +96,11 @@ private:
 std::optional<Scrolling> scrollingBetween(std::span<const Cell> shown, std::span<const Cell> wanted,
                                           Size size) {
     const Screens screens(shown, wanted, size);
+    if (screens.changedRows() < leastChangedRows) {
+        return std::nullopt;
+    }
     Saving best{leastSaved, {}};
-    for (int lines = 1; screens.changedRows() >= leastChangedRows && lines <= mostLines; ++lines) {
+    for (int lines = 1; lines <= mostLines; ++lines) {
         for (const int direction : {1, -1}) {
             const Saving other = screens.bestOf(direction * lines);
             best = other.cells > best.cells ? other : best;
