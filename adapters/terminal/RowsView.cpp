@@ -197,7 +197,8 @@ void RowsView::click(Point at, bool twice) {
 void RowsView::showPartAt(int place) {
     const int hidden = std::max(list_.rowCount() - shown_.rows, 0);
     const int last = std::max(shown_.rows - 1, 1);
-    const auto before = std::int64_t{hidden} * std::clamp(place, 0, last) / last;
+    // Rounded up, because the bar rounds down: its mark then stands at this place.
+    const auto before = (std::int64_t{hidden} * std::clamp(place, 0, last) + last - 1) / last;
     list_.scrollBy(static_cast<int>(before) + 1 - list_.visibleRows().first());
 }
 

@@ -157,6 +157,45 @@ TEST_F(Looks, WideRowsMoveSidewaysByKeys) {
         });
 }
 
+TEST_F(Looks, WideRowsMoveByEightColumnsAndNotBeyondTheirEnd) {
+    show(
+        {list()},
+        [](Window &window) {
+            auto &rows = window.get<ListView>(u"lvw");
+            rows.addColumn(u"Name", 1);
+            rows.addRow(u"abcdefgh" + std::u16string(70, u'.') + u"END");
+        },
+        [&](TerminalUser &user) {
+            user.press(Key::right);
+            EXPECT_FALSE(isOnScreen(u"h."));
+            EXPECT_FALSE(isOnScreen(u"END"));
+            user.press(Key::left);
+            EXPECT_TRUE(isOnScreen(u"abcdefgh."));
+            for (int times = 0; times < 20; ++times) {
+                user.press(Key::right);
+            }
+            EXPECT_TRUE(isOnScreen(u".END"));
+            user.press(Key::left);
+            EXPECT_FALSE(isOnScreen(u"END"));
+        });
+}
+
+TEST_F(Looks, ABlankPartsATextThatIsTooLongFromTheNextColumn) {
+    show(
+        {list()},
+        [](Window &window) {
+            auto &rows = window.get<ListView>(u"lvw");
+            rows.addColumn(std::u16string(40, u'H'), 0.5);
+            rows.addColumn(u"Number", 0.5);
+            rows.addRow(std::u16string(40, u'T'));
+            rows.setSubItem(1, 1, u"+49");
+        },
+        [&](TerminalUser &) {
+            EXPECT_TRUE(isOnScreen(u"HH Number"));
+            EXPECT_TRUE(isOnScreen(u"TT +49"));
+        });
+}
+
 TEST_F(Looks, ARowMovesSidewaysOnlyAsFarAsItsOwnTextNeeds) {
     show(
         {list()},
@@ -189,12 +228,19 @@ TEST_F(Looks, AClickOnTheScrollBarOfAListShowsThatPartOfIt) {
             const auto rect = user.window().seenAt(u"lvw").value();
             const int bar = rect.column + rect.columns - 1;
             const int bottom = rect.row + rect.rows - 2;
+            const int middle = (first.row + bottom) / 2;
+            const auto isThumb = [&](int row) { return play.screen().at(bar, row).text == u"█"; };
             user.clickAt({bar, bottom});
             EXPECT_EQ(find(u"row 1000."), (terminal::Point{first.column, bottom}));
-            user.clickAt({bar, (first.row + bottom) / 2});
+            EXPECT_TRUE(isThumb(bottom));
+            EXPECT_FALSE(isThumb(middle));
+            user.clickAt({bar, middle});
             EXPECT_TRUE(isOnScreen(u"row 470."));
+            EXPECT_TRUE(isThumb(middle));
+            EXPECT_FALSE(isThumb(bottom));
             user.clickAt({bar, first.row});
             EXPECT_EQ(find(u"row 1."), first);
+            EXPECT_FALSE(isThumb(middle));
             EXPECT_EQ(user.get<ListView>(u"lvw").selectedRow(), 0);
         });
 }
